@@ -1,0 +1,30 @@
+# How our own code is compiled: warnings are errors, ccache where there is one, src/ is the include
+# root. A logic target does not link Qt, so a Qt header in it does not compile.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+if(MORVANE_SANITIZE)
+  add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${MORVANE_SANITIZE})
+endif()
+
+function(morvane_warnings target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /WX)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+  endif()
+endfunction()
+
+# morvane_library(NAME SOURCES ... LINKS ...)
+function(morvane_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS})
+  morvane_warnings(${name})
+endfunction()

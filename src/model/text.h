@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// Two upper-case hexadecimal digits.
+[[nodiscard]] std::string Hex2(std::uint8_t byte);
+/// Eight upper-case hexadecimal digits, most significant byte first.
+[[nodiscard]] std::string Hex8(std::uint32_t value);
+/// `Hex2` of each byte in turn.
+[[nodiscard]] std::string HexBytes(std::span<const std::uint8_t> bytes);
+/// The bytes of a hexadecimal text of either case; nothing unless it is whole pairs of digits.
+[[nodiscard]] std::optional<std::string> BytesOfHex(std::string_view text);
+
+/// The number with leading zeros to three digits ("00#").
+[[nodiscard]] std::string ThreeDigits(int number);
+/// The number behind three blanks below 10, two below 100, otherwise one.
+[[nodiscard]] std::string PadNumber(int n);
+/// `value` x 10^`decimals` rounded half away from zero, as a number with a point ("12.0").
+[[nodiscard]] std::string FixedPoint(double value, int decimals);
+
+/// A time of day in the format "h:mm:ss AM/PM".
+[[nodiscard]] std::string ClockText(int hour, int minute, int second);
+
+/// Upper and lower case of the ASCII letters; other bytes stay.
+[[nodiscard]] std::string UpperCase(std::string_view text);
+[[nodiscard]] std::string LowerCase(std::string_view text);
+[[nodiscard]] std::string Trim(std::string_view text);
+
+/// The value of the digits at the start of `text` (blanks before them skipped); 0 without any.
+[[nodiscard]] int Val(std::string_view text);
+
+/// How many characters the UTF-8 `text` has.
+[[nodiscard]] std::size_t CharacterCount(std::string_view text);
+
+}  // namespace morvane

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+namespace morvane {
+
+/// A failure of the operating system: its number and its own words.
+struct RuntimeError {
+  int Number = 0;
+  std::string Description;
+
+  [[nodiscard]] static RuntimeError OfNumber(int number) {
+    return {number, std::generic_category().message(number)};
+  }
+  /// The error that the last system call left behind.
+  [[nodiscard]] static RuntimeError Last() { return OfNumber(errno); }
+};
+
+}  // namespace morvane

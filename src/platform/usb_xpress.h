@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+namespace morvane {
+
+/// The bridge library's thirteen operations. Each returns the library's status, 0 for success.
+/// Implementations take the wire's and the machine's time from the same `Clock` as their caller.
+class UsbXpress {
+ public:
+  using Status = std::int32_t;
+  using Handle = std::int32_t;
+  using ProductString = std::array<char, 1024>;
+
+  static constexpr Status kSuccess = 0;
+  static constexpr Status kDeviceNotFound = 0xFF;
+  static constexpr Status kInvalidHandle = 0x01;
+  static constexpr Status kReadError = 0x02;
+  static constexpr Status kWriteError = 0x04;
+  static constexpr Status kInvalidParameter = 0x06;
+  static constexpr Status kReadTimedOut = 0x0D;
+  static constexpr Status kDriverMissing = 12;
+
+  static constexpr std::uint32_t kBaudRate = 115200;
+  static constexpr std::uint16_t kEightDataBitsNoParity = 0x0800;
+  static constexpr std::uint32_t kSerialString = 0;  ///< option of `GetProductString`
+
+  virtual ~UsbXpress() = default;
+  virtual Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) = 0;
+  /// `high` holds the major number in its upper and the minor number in its lower 16 bits.
+  virtual Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) = 0;
+  /// An empty bus is `kDeviceNotFound`.
+  virtual Status GetNumDevices(std::uint32_t& count) = 0;
+  /// The NUL-terminated serial string of device `index` for option 0.
+  virtual Status GetProductString(std::uint32_t index, ProductString& text,
+                                  std::uint32_t option) = 0;
+  virtual Status Open(std::uint32_t index, Handle& handle) = 0;
+  /// In milliseconds, for the library as a whole.
+  virtual Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) = 0;
+  virtual Status SetBaudRate(Handle handle, std::uint32_t rate) = 0;
+  virtual Status SetLineControl(Handle handle, std::uint16_t control) = 0;
+  virtual Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) = 0;
+  virtual Status Write(Handle handle, std::span<const std::uint8_t> bytes,
+                       std::uint32_t& written) = 0;
+  /// Blocks until `bytes` is full or the read time-out is over; `read` says how many came.
+  virtual Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) = 0;
+  virtual Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) = 0;
+  virtual Status Close(Handle handle) = 0;
+};
+
+}  // namespace morvane

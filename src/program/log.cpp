@@ -1,0 +1,66 @@
+#include "program/log.h"
+
+#include <filesystem>
+
+#include "model/messages.h"
+#include "model/text.h"
+#include "platform/files.h"
+#include "platform/ui.h"
+
+namespace morvane {
+
+bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
+  std::error_code failure;
+  on_ = std::filesystem::is_directory(PathOfUtf8(dataFolder), failure);
+  if (!on_) {
+    error = RuntimeError::OfNumber(failure ? failure.value() : ENOTDIR);
+    return false;
+  }
+  const LocalTime now = clock_.Now();
+  path_ = JoinPath(dataFolder,
+                   "Log_" + std::to_string(now.Year) + "_" + std::to_string(now.Month) + ".txt");
+  return true;
+}
+
+void Log::WriteLine(std::string_view text) {
+  if (!on_) return;
+  if (const auto error = AppendToFile(path_, std::string(text) + std::string(kCrLf))) {
+    on_ = false;
+    ui_.MessageBox("Error: " + std::to_string(error->Number) + ", " + error->Description +
+                       std::string(kCrLf) + "File Name: " + path_,
+                   kOkCritical, "Log Write Error");
+  }
+}
+
+void Log::WriteTime(std::string_view text) { WriteLine(std::string(text) + TimeText(clock_)); }
+
+void Log::Boards(const BoardSet& set, int first, int last, bool longForm) {
+  for (int n = first; n <= last; ++n) {
+    WriteLine("   " + ThreeDigits(n) + " : " + FormatBoardForLog(set.At(n), longForm));
+  }
+}
+
+std::string FormatBoardForLog(const Board& board, bool longForm) {
+  std::string text;
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    int suit = 1;
+    for (int card = 1; card <= kCards; ++card) {
+      if (board.Cards[static_cast<std::size_t>(card)] != hand) continue;
+      for (; suit < CardSuit(card); ++suit) text += '.';
+      text += CardLetter(card);
+    }
+    for (; suit < kSuits; ++suit) text += '.';
+    text += ' ';
+  }
+  if (longForm) {
+    text += ' ' + HexBytes(board.DealNumber) + "  " + HexBytes(board.DealCounter);
+  }
+  return text;
+}
+
+std::string TimeText(const Clock& clock) {
+  const LocalTime now = clock.Now();
+  return ClockText(now.Hour, now.Minute, now.Second);
+}
+
+}  // namespace morvane

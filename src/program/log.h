@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/board.h"
+#include "model/board_set.h"
+#include "platform/clock.h"
+#include "platform/runtime_error.h"
+
+namespace morvane {
+
+class Ui;
+
+/// The monthly journal "Log_<year>_<month>.txt" in the data folder. Each line is written with one
+/// open and one close, so that nothing is lost in a crash. The first failure tells the operator and
+/// turns logging off until the program ends; a failing log never stops the work.
+class Log {
+ public:
+  Log(Ui& ui, const Clock& clock) : ui_(ui), clock_(clock) {}
+
+  /// Turns logging on with a file name fixed for the whole run. False, and the error, when the
+  /// folder can't be entered: logging stays off.
+  bool Start(const std::string& dataFolder, RuntimeError& error);
+
+  /// Appends one line, ended with CR LF; does nothing when logging is off.
+  void WriteLine(std::string_view text);
+
+  /// `WriteLine` of `text` followed by the time of day in the format "h:mm:ss AM/PM".
+  void WriteTime(std::string_view text);
+
+  /// One record for each board of `set` from `first` to `last`.
+  void Boards(const BoardSet& set, int first, int last, bool longForm);
+
+  [[nodiscard]] bool On() const { return on_; }
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+ private:
+  Ui& ui_;
+  const Clock& clock_;
+  std::string path_;
+  bool on_ = false;
+};
+
+/// The four hands North to West, each as its suits joined by "." and followed by one blank: 68
+/// characters for a complete board. The long form adds one blank, `DealNumber`, two blanks and
+/// `DealCounter` in hexadecimal.
+[[nodiscard]] std::string FormatBoardForLog(const Board& board, bool longForm);
+
+/// The time of day of `clock` in the format "h:mm:ss AM/PM".
+[[nodiscard]] std::string TimeText(const Clock& clock);
+
+}  // namespace morvane

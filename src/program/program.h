@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/board_set.h"
+#include "model/messages.h"
+#include "platform/clock.h"
+#include "platform/entropy.h"
+#include "platform/event_loop.h"
+#include "platform/settings.h"
+#include "platform/sound.h"
+#include "platform/ui.h"
+#include "program/log.h"
+#include "program/setting_keys.h"
+
+namespace morvane {
+
+/// The service switch, fixed when the program is built: 0 plain, 1 service, 2 advance service.
+#ifndef MORVANE_SERVICE_LEVEL
+#define MORVANE_SERVICE_LEVEL 0
+#endif
+
+/// The outside world, as `main` or a test chose it.
+struct Ports {
+  Ui& Operator;
+  EventLoop& Loop;
+  morvane::Clock& Time;
+  Settings& Store;
+  Entropy& Random;
+  Sound& Speaker;
+};
+
+/// Where the program stands on disk; both without a separator at the end.
+struct ProgramPaths {
+  std::string Application;  ///< the folder of the program file
+  std::string Data;         ///< the folder of logs and history
+};
+
+/// What every procedure may lean on: the ports, the one board set, the texts and the log. `main`
+/// makes one and it outlives everything else; it is passed by reference and never reached
+/// otherwise.
+class Program {
+ public:
+  Program(Ports ports, ProgramPaths paths);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  Ui& Operator;
+  EventLoop& Loop;
+  morvane::Clock& Time;
+  Settings& Store;
+  Entropy& Random;
+  Sound& Speaker;
+  const ProgramPaths Paths;
+
+  BoardSet Set;
+  Messages Texts;
+  morvane::Log Log;
+  std::string VersionText;
+  int ServiceLevel = MORVANE_SERVICE_LEVEL;
+  bool AnalysisRunning = false;  ///< a double-dummy analysis runs beside the main window
+  bool ShowStatistics = false;
+  std::int32_t ActivateTime = 0;  ///< milliseconds since midnight of the main window's activation
+
+  /// A message box with an OK button, and its line in the log. Code that needs an answer asks
+  /// `Ask`.
+  void ShowMessage(const std::string& text, int flags, const std::string& title);
+  /// A question; its answer is a `BoxAnswer`. Questions leave no line in the log.
+  int Ask(const std::string& text, int flags, const std::string& title);
+  void Status(const std::string& text) { Operator.Status(text); }
+};
+
+}  // namespace morvane

@@ -1,0 +1,91 @@
+#include "program/log.h"
+
+#include "support/fakes.h"
+
+namespace morvane {
+namespace {
+
+using test::TestDesk;
+using ::testing::ElementsAre;
+
+TEST(Log, IsAMonthlyFileWithoutLeadingZero) {
+  TestDesk desk;
+  EXPECT_EQ(desk.Prog.Log.Path(), desk.Prog.Paths.Data + "/Log_2026_3.txt");
+}
+
+TEST(Log, EveryLineEndsWithCrLfAndLinesAdd) {
+  TestDesk desk;
+  desk.Prog.Log.WriteLine("---");
+  desk.Prog.Log.WriteTime(" Edit: ");
+  EXPECT_EQ(test::Content(desk.Prog.Log.Path()), "---\r\n Edit: 3:04:05 PM\r\n");
+}
+
+TEST(Log, AFolderThatCannotBeEnteredLeavesItOff) {
+  TestDesk desk;
+  Log log(desk.Ui, desk.Clock);
+  RuntimeError error;
+  EXPECT_FALSE(log.Start(desk.Folder / "none", error));
+  EXPECT_EQ(error.Number, ENOENT);
+  log.WriteLine("lost");
+  EXPECT_TRUE(desk.Ui.Boxes.empty());
+}
+
+TEST(Log, TheFirstFailureToWriteTellsTheOperatorAndTurnsItOff) {
+  TestDesk desk;
+  Log log(desk.Ui, desk.Clock);
+  RuntimeError error;
+  ASSERT_TRUE(log.Start("/proc/self", error));  // a folder that no one can write into
+  log.WriteLine("one");
+  log.WriteLine("two");
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Log Write Error");
+  EXPECT_EQ(desk.Ui.Boxes[0].Flags, kOkCritical);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text,
+            "Error: 2, No such file or directory\r\nFile Name: /proc/self/Log_2026_3.txt");
+  EXPECT_FALSE(log.On());
+}
+
+TEST(Log, AMessageShownLeavesOneLine) {
+  TestDesk desk;
+  desk.Prog.ShowMessage(desk.Prog.Texts.Msg013, kOkCritical, "Load Error");
+  EXPECT_THAT(
+      desk.LogLines(),
+      ElementsAre("    Load Error: File format error: File is empty :  : Load operation aborted!"));
+}
+
+TEST(Log, AQuestionLeavesNone) {
+  TestDesk desk;
+  desk.Ui.Answers = {kNo};
+  EXPECT_EQ(desk.Prog.Ask(desk.Prog.Texts.Msg062, kYesNoCancelExclamation, "Exit"), kNo);
+  EXPECT_TRUE(desk.LogLines().empty());
+}
+
+TEST(BoardRecord, HasTheFixedColumns) {
+  TestDesk desk;
+  test::FillSet(desk.Prog.Set, 7, 7);
+  desk.Prog.Set.At(7) = test::RoundBoard(7);
+  desk.Prog.Log.Boards(desk.Prog.Set, 7, 7, false);
+  // Card c goes to hand (c - 1) mod 4: North has A 9 5 of spades ..., counted out by hand.
+  const std::vector<std::string> lines = desk.LogLines();
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_EQ(lines[0],
+            "   007 : AT62.J73.Q84.K95 K95.AT62.J73.Q84 Q84.K95.AT62.J73 J73.Q84.K95.AT62 ");
+  EXPECT_EQ(lines[0].size(), 77U);
+}
+
+TEST(BoardRecord, TheLongFormCarriesTheDealsIdentity) {
+  Board board = test::SuitBoard(1);
+  board.DealNumber[0] = 0xAD;
+  board.DealNumber[11] = 0x01;
+  board.DealCounter = {0, 0, 1, 2};
+  EXPECT_EQ(FormatBoardForLog(board, true),
+            "AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 "
+            " AD0000000000000000000001  00000102");
+}
+
+TEST(BoardRecord, AnIncompleteBoardIsShorter) {
+  EXPECT_EQ(FormatBoardForLog(Board{}, false), "... ... ... ... ");
+}
+
+}  // namespace
+}  // namespace morvane

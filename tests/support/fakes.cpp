@@ -1,0 +1,127 @@
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/files.h"
+
+namespace morvane::test {
+
+int FakeUi::MessageBox(const std::string& text, int flags, const std::string& title) {
+  Boxes.push_back({text, flags, title});
+  if (OnBox) OnBox();
+  constexpr int kButtons = 15;
+  if ((flags & kButtons) == 0 || Answers.empty()) return Default;
+  const int answer = Answers.front();
+  Answers.pop_front();
+  return answer;
+}
+
+std::optional<std::string> FakeUi::AskFile(const FileRequest& request) {
+  FileRequests.push_back(request);
+  if (Files.empty()) return std::nullopt;
+  auto answer = Files.front();
+  Files.pop_front();
+  return answer;
+}
+
+std::string MemorySettings::Name(const SettingKey& key) {
+  return std::string(key.Section) + "/" + std::string(key.Name);
+}
+
+std::string MemorySettings::Get(const SettingKey& key) const {
+  const auto at = values_.find(Name(key));
+  return at == values_.end() ? std::string(key.Default) : at->second;
+}
+
+bool MemorySettings::Set(const SettingKey& key, std::string_view value) {
+  if (Writable) values_[Name(key)] = value;
+  return Writable;
+}
+
+Entropy::Answer FakeEntropy::SystemRandom(std::span<std::uint8_t> bytes) {
+  if (Failure) return *Failure;
+  if (AllZero) {
+    std::fill(bytes.begin(), bytes.end(), std::uint8_t{0});
+  } else {
+    std::iota(bytes.begin(), bytes.end(), std::uint8_t{1});
+  }
+  return {true, std::nullopt};
+}
+
+double FakeEntropy::Random() { return std::uniform_real_distribution<double>(0.0, 1.0)(engine_); }
+
+TempFolder::TempFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "morvane_test_XXXXXX").string();
+  path_ = mkdtemp(pattern.data());
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::string TempFolder::operator/(const std::string& name) const { return (path_ / name).string(); }
+
+TestDesk::TestDesk()
+    : Prog({Ui, Loop, Clock, Store, Random, Speaker}, {Folder.Path(), Folder / "Morvane_Data"}) {
+  std::filesystem::create_directory(Prog.Paths.Data);
+  RuntimeError error;
+  EXPECT_TRUE(Prog.Log.Start(Prog.Paths.Data, error)) << error.Description;
+}
+
+std::vector<std::string> TestDesk::LogLines() const {
+  std::vector<std::string> lines;
+  std::string bytes;
+  if (ReadFile(Prog.Log.Path(), bytes)) return lines;
+  for (std::size_t start = 0; start < bytes.size();) {
+    const std::size_t end = bytes.find("\r\n", start);
+    lines.push_back(bytes.substr(start, end - start));
+    if (end == std::string::npos) break;
+    start = end + 2;
+  }
+  return lines;
+}
+
+std::string Content(const std::string& path) {
+  std::string bytes;
+  const auto error = ReadFile(path, bytes);
+  EXPECT_FALSE(error) << path << ": " << error->Description;
+  return bytes;
+}
+
+void WriteContent(const std::string& path, std::string_view bytes) {
+  const auto error = WriteFile(path, bytes);
+  ASSERT_FALSE(error) << path << ": " << error->Description;
+}
+
+Board RoundBoard(int n, int first) {
+  Board board = NumberedBoard(n);
+  int hand = first;
+  for (std::size_t card = 1; card <= kCards; ++card, hand = NextHand(hand)) {
+    board.Cards[card] = static_cast<std::uint8_t>(hand);
+  }
+  AnalyzeBoard(board);
+  return board;
+}
+
+Board SuitBoard(int n) {
+  Board board = NumberedBoard(n);
+  for (int card = 1; card <= kCards; ++card) {
+    board.Cards[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(CardSuit(card));
+  }
+  AnalyzeBoard(board);
+  return board;
+}
+
+void FillSet(BoardSet& set, int first, int last) {
+  set.Clear();
+  set.FirstBoard = static_cast<std::int16_t>(first);
+  set.LastBoard = static_cast<std::int16_t>(last);
+  for (int n = first; n <= last; ++n) set.At(n) = RoundBoard(n, n % kHands + 1);
+}
+
+}  // namespace morvane::test

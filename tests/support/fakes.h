@@ -1,0 +1,123 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/entropy.h"
+#include "platform/settings.h"
+#include "platform/sound.h"
+#include "platform/ui.h"
+#include "program/program.h"
+#include "support/virtual_time.h"
+
+namespace morvane::test {
+
+/// An operator that notes every box and answers from a list. A question without an answer left is
+/// answered by `Default`.
+class FakeUi final : public Ui {
+ public:
+  struct Box {
+    std::string Text;
+    int Flags = 0;
+    std::string Title;
+    bool operator==(const Box&) const = default;
+  };
+  int MessageBox(const std::string& text, int flags, const std::string& title) override;
+  void Status(const std::string& text) override { Statuses.push_back(text); }
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+  void RefreshSet() override { ++Refreshes; }
+  void Busy(bool on) override { HourglassNow = on; }
+  [[nodiscard]] Point Mouse() const override { return MouseNow; }
+
+  std::vector<Box> Boxes;
+  std::vector<std::string> Statuses;
+  std::vector<FileRequest> FileRequests;
+  std::deque<int> Answers;
+  int Default = kOk;
+  std::deque<std::optional<std::string>> Files;  ///< answers of the file dialogs; none = cancelled
+  std::function<void()> OnBox;                   ///< called while a box is open
+  Point MouseNow;
+  int Refreshes = 0;
+  bool HourglassNow = false;
+};
+
+class MemorySettings final : public Settings {
+ public:
+  [[nodiscard]] std::string Get(const SettingKey& key) const override;
+  bool Set(const SettingKey& key, std::string_view value) override;
+  [[nodiscard]] bool Has(const SettingKey& key) const { return values_.contains(Name(key)); }
+  bool Writable = true;
+
+ private:
+  static std::string Name(const SettingKey& key);
+  std::map<std::string, std::string> values_;
+};
+
+/// Repeatable numbers: the "system's" bytes count up from 1, the pseudo-random source has a seed.
+class FakeEntropy final : public Entropy {
+ public:
+  Answer SystemRandom(std::span<std::uint8_t> bytes) override;
+  void Seed(std::uint64_t seed) override { engine_.seed(seed); }
+  double Random() override;
+  std::optional<Answer> Failure;
+  bool AllZero = false;
+
+ private:
+  std::mt19937_64 engine_{1};
+};
+
+class FakeSound final : public Sound {
+ public:
+  void Play(const std::string& path) override { Played.push_back(path); }
+  std::vector<std::string> Played;
+};
+
+/// A folder of its own that goes with the test.
+class TempFolder {
+ public:
+  TempFolder();
+  ~TempFolder();
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  [[nodiscard]] std::string operator/(const std::string& name) const;
+  [[nodiscard]] std::string Path() const { return path_.string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// A whole program on fakes and virtual time, with a data folder of its own.
+class TestDesk {
+ public:
+  TestDesk();
+  TempFolder Folder;
+  VirtualClock Clock;
+  VirtualEventLoop Loop{Clock};
+  FakeUi Ui;
+  MemorySettings Store;
+  FakeEntropy Random;
+  FakeSound Speaker;
+  Program Prog;
+
+  /// The lines of the log so far, without their line ends.
+  [[nodiscard]] std::vector<std::string> LogLines() const;
+};
+
+/// The content of a file; fails the test when it can't be read.
+[[nodiscard]] std::string Content(const std::string& path);
+void WriteContent(const std::string& path, std::string_view bytes);
+
+/// A complete board `n` in which the cards go round from hand `first`: card 1 to it, card 2 to the
+/// next.
+[[nodiscard]] Board RoundBoard(int n, int first = kNorth);
+/// A complete board in which each hand holds one suit: North the spades, and so on.
+[[nodiscard]] Board SuitBoard(int n);
+/// Puts boards `first`..`last` of `RoundBoard` into the set.
+void FillSet(BoardSet& set, int first, int last);
+
+}  // namespace morvane::test
