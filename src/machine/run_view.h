@@ -1,0 +1,25 @@
+#pragma once
+
+namespace morvane::machine {
+
+class ErrorDialog;
+
+/// What a run needs of its window. Everything shown is read from the `DealingRun`; the calls only
+/// say that it changed.
+class RunView {
+ public:
+  virtual ~RunView() = default;
+  /// State, time and pocket counts; repaints at once, since no event runs between two polls.
+  virtual void ShowState() = 0;
+  /// The current board and which of its cards have been dealt (`DisplayHand`).
+  virtual void ShowBoard() = 0;
+  /// Which controls are there, which are enabled, and the texts of the number boxes.
+  virtual void ShowControls() = 0;
+  virtual void FocusDealNext() = 0;
+  /// Shows the dialog modally; returns when it has its answer.
+  virtual void ShowError(ErrorDialog& dialog) = 0;
+  /// The run is over: the window goes.
+  virtual void Close() = 0;
+};
+
+}  // namespace morvane::machine

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "generate/generator.h"
+#include "generate/history_ring.h"
+#include "machine/dealing_run.h"
+#include "machine/machine.h"
+#include "program/program.h"
+#include "shell/windows.h"
+
+namespace morvane::shell {
+
+/// What stands in the raw command line: the text between its first two double quotes. A path that
+/// ends in "adc" in any case is a firmware file, any other a board file; without a pair of quotes
+/// there is neither.
+struct StartFiles {
+  std::string StartFile;
+  std::string FirmwareFile;
+};
+[[nodiscard]] StartFiles ParseCommandLine(std::string_view commandLine);
+
+/// The main window without its looks: start-up, the menu's flows and exit. It owns the long-lived
+/// state of the subsystems. One flow runs at a time; a request that comes while one runs does
+/// nothing.
+class Shell {
+ public:
+  static constexpr int kTimer2Ms = 100;
+  static constexpr std::int16_t kRunTimeoutMs = 200;
+
+  Shell(Program& program, UsbXpress& usb, Windows& windows);
+
+  /// Start-up, in its order; `commandLine` is the raw command line without the program's name.
+  void StartUp(const std::string& commandLine);
+  /// The main window has been activated: the reference of the time entropy.
+  void Activated();
+  /// The close box or `menuExit`. Whether the program ends; the window may go then.
+  bool Exit();
+
+  void MenuLoad();
+  void MenuSave();
+  void MenuDeal();
+
+  /// The event boxes, after every change. The text that the box is to show.
+  enum class EventText { kName, kSite, kDate };
+  FilteredBox ChangeEvent(EventText which, FilteredBox box);
+
+  /// `ShowStat`: shows or hides the statistics.
+  void ToggleStatistics();
+
+  [[nodiscard]] bool FlowActive() const { return flows_ > 0; }
+  [[nodiscard]] generate::Generator& Deals() { return generator_; }
+  [[nodiscard]] generate::HistoryRing& History() { return history_; }
+  [[nodiscard]] machine::Machine& TheMachine() { return machine_; }
+
+ private:
+  class Flow;
+  void RefreshStatistics();
+  void EnableTimer2mm();
+  void Timer2mmTick();
+  void OpenLog();
+
+  Program& program_;
+  Windows& windows_;
+  generate::Generator generator_;
+  generate::HistoryRing history_;
+  machine::Machine machine_;
+  machine::RunMemory runMemory_;
+  std::string startFile_;
+  std::unique_ptr<Timer> Timer2mm_;
+  int flows_ = 0;
+  bool started_ = false;
+};
+
+}  // namespace morvane::shell
