@@ -1,0 +1,298 @@
+#include "machine/machine.h"
+
+#include "machine/card_settings.h"
+#include "machine/gates.h"
+#include "support/fakes.h"
+#include "support/scripted_bridge.h"
+
+namespace morvane::machine {
+namespace {
+
+using test::Bytes;
+using test::Long;
+using test::ScriptedBridge;
+using test::Short;
+using test::TestDesk;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class MachineTest : public ::testing::Test {
+ protected:
+  TestDesk desk;
+  ScriptedBridge bridge{desk.Clock};
+  Machine machine{desk.Prog, bridge};
+
+  /// Exchanges a poll that is answered by `reply`.
+  bool Poll(const Bytes& reply) {
+    bridge.Replies = {reply};
+    return machine.Exchange(StatusCommand{});
+  }
+};
+
+using Exchange = MachineTest;
+using MachineReplies = MachineTest;
+using Gates = MachineTest;
+
+TEST_F(Exchange, OneGoodReplyIsOneTry) {
+  EXPECT_TRUE(Poll(Short({0x19, 0})));
+  EXPECT_THAT(bridge.Sent, SizeIs(1));
+  EXPECT_FALSE(machine.Lost());
+}
+
+TEST_F(Exchange, ALostReplyIsRepeatedWithOtherFiller) {
+  bridge.Replies = {{}, Short({0x19, 0})};
+  EXPECT_TRUE(machine.Exchange(StatusCommand{6}));
+  ASSERT_THAT(bridge.Sent, SizeIs(2));
+  EXPECT_EQ(bridge.Sent[0][1], 6);
+  EXPECT_EQ(bridge.Sent[1][1], 6);
+  EXPECT_NE(Bytes(bridge.Sent[0].begin() + 2, bridge.Sent[0].begin() + 7),
+            Bytes(bridge.Sent[1].begin() + 2, bridge.Sent[1].begin() + 7));
+}
+
+TEST_F(Exchange, TwoLostRepliesAreALostLink) {
+  EXPECT_FALSE(machine.Exchange(StatusCommand{}));
+  EXPECT_THAT(bridge.Sent, SizeIs(2));
+  EXPECT_TRUE(machine.Lost());
+}
+
+TEST_F(Exchange, EachBeginsWithoutErrors) {
+  machine.Link.CommErrorCount = 1;
+  bridge.Replies = {{}, Short({0x19, 0})};
+  EXPECT_TRUE(machine.Exchange(StatusCommand{}));
+}
+
+TEST_F(Exchange, AfterASecondTryTheLateReplyIsFlushedAway) {
+  bridge.Replies = {{}, Short({0x19, 0})};
+  machine.Exchange(StatusCommand{});
+  const Bytes late = test::OnTheWire(Short({0x19, 57}), 21);
+  bridge.Unread = late;  // the first try's reply, at last
+  bridge.Replies = {Short({0x19, 0})};
+  EXPECT_TRUE(machine.Exchange(StatusCommand{}));
+  EXPECT_EQ(machine.MachineError, 0);
+}
+
+TEST_F(Exchange, AStartCountsAsAcceptedOnlyByItsOwnReply) {
+  bridge.Replies = {Short({0x19, 0}), Short({0x18})};
+  EXPECT_TRUE(machine.Exchange(StartCommand{}, kReplyAccepted));
+  EXPECT_EQ(machine.MachineState, Machine::kBusy);
+  EXPECT_THAT(bridge.Sent, SizeIs(2));
+
+  machine.MachineState = Machine::kIdle;
+  bridge.Replies = {Short({0x19, 57}), Short({0x19, 57})};
+  EXPECT_FALSE(machine.Exchange(StartCommand{}, kReplyAccepted));
+  EXPECT_TRUE(machine.Lost());
+  EXPECT_EQ(machine.MachineState, Machine::kIdle);
+  EXPECT_EQ(machine.MachineError, 0);
+}
+
+TEST_F(Exchange, ABoardCountsAsReadOnlyByItsOwnReply) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  const Board before = desk.Prog.Set.At(1);
+  bridge.Replies = {Short({0x19, 0}), {}};
+  EXPECT_FALSE(machine.Exchange(FetchCommand{CmdFetchBoard}, kReplyBoard));
+  EXPECT_EQ(desk.Prog.Set.At(1), before);
+}
+
+TEST_F(Exchange, AnUnknownCodeIsDroppedInSilence) {
+  EXPECT_TRUE(Poll(Short({0x66, 57})));
+  EXPECT_EQ(machine.MachineError, 0);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Exchange, FillerStaysBelow255) {
+  for (int i = 0; i < 300; ++i) {
+    Poll(Short({0x19}));
+    EXPECT_LT(*std::max_element(bridge.Sent.back().begin() + 2, bridge.Sent.back().begin() + 7),
+              255);
+  }
+}
+
+TEST_F(MachineReplies, StatusOf0IsIdleF0IsAnErrorF1IsBusy) {
+  Poll(Short({0x19, 0}));
+  EXPECT_EQ(machine.MachineState, Machine::kIdle);
+  Poll(Short({0x19, 0xF0}));
+  EXPECT_EQ(machine.MachineState, Machine::kError);
+  EXPECT_EQ(machine.MachineError, 240);
+  Poll(Short({0x19, 0xF1}));
+  EXPECT_EQ(machine.MachineState, Machine::kBusy);
+}
+
+TEST_F(MachineReplies, ALongStatusIsReadAlike) {
+  EXPECT_TRUE(Poll(Long({0x9C, 57, 0, 0, 0, 0, 0x08})));
+  EXPECT_EQ(machine.MachineError, 57);
+  EXPECT_EQ(machine.PedalFlag, 1);
+}
+
+TEST_F(MachineReplies, CountsAreTakenOnlyWhileBusy) {
+  Poll(Short({0x19, 0xFF, 5, 6, 7, 8}));  // was not busy before
+  EXPECT_THAT(machine.CardCount, ElementsAre(0, 0, 0, 0, 0));
+  Poll(Short({0x19, 0, 5, 6, 7, 0xC8}));  // was busy: the last counts come with the idle report
+  EXPECT_THAT(machine.CardCount, ElementsAre(0, 5, 6, 7, 8));
+}
+
+TEST_F(MachineReplies, SlotTicksAreNotedAtTheInsertionAndRestartedByTheSlot) {
+  machine.BoxOutTicks = 7;
+  Poll(Short({0x19, 0, 0, 0, 0, 0, 0x14}));
+  EXPECT_EQ(machine.BoxInTicks, 7);
+  EXPECT_EQ(machine.BoxOutTicks, 0);
+  EXPECT_EQ(machine.BoxFlag, 1);
+}
+
+TEST_F(MachineReplies, EventsAreAcknowledgedWithTheNextPoll) {
+  EXPECT_EQ(machine.Poll().Flags, 0);
+  machine.PedalFlag = 1;
+  EXPECT_EQ(machine.Poll().Flags, 2);
+  machine.BoxFlag = 2;
+  EXPECT_EQ(machine.Poll().Flags, 6);
+}
+
+TEST_F(MachineReplies, VersionAndIdentityAndCounter) {
+  bridge.Replies = {Short({0x1A, 2, 0x90, 1, 0x12, 5}), Short({0x12, 1, 0x12, 0x67, 0, 0x0C}),
+                    Short({0x12, 2, 3, 4, 7, 0xEA}), Long({0xB3, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2}),
+                    Long({0xB3, 0, 1, 0, 0, 0, 0, 0, 9, 9, 9, 9})};
+  EXPECT_TRUE(machine.VersionProbe());
+  EXPECT_EQ(machine.MachineState, Machine::kIdle);
+  machine.Exchange(IdentityCommand{1});
+  machine.Exchange(IdentityCommand{2});
+  machine.Exchange(CounterCommand{0});
+  machine.Exchange(CounterCommand{1});  // another counter is not the one of boards dealt
+  EXPECT_EQ(machine.FirmwareVersion(), "2.90");
+  EXPECT_TRUE(machine.VersionSeen);
+  EXPECT_EQ(machine.BootMinor, 0x12);
+  EXPECT_EQ(machine.MachineFlash, 5);
+  EXPECT_EQ(machine.SerialNumber, 4711U);
+  EXPECT_EQ(machine.HardwareId, 12U);
+  EXPECT_EQ(machine.BoardsDealt, 0x10002U);
+}
+
+TEST_F(MachineReplies, AVersionThatDoesNotComeLeavesTheMachineDown) {
+  EXPECT_FALSE(machine.VersionProbe());
+  EXPECT_EQ(machine.MachineState, Machine::kNoVersion);
+}
+
+TEST_F(MachineReplies, OnlySelector4IsABoardLabel) {
+  bridge.Replies = {Short({0x1B, 0xC4, 23}), Short({0x1B, 3, 15})};
+  machine.Exchange(SensorCommand{4});
+  EXPECT_EQ(machine.BoardNumberRaw, 23);
+  EXPECT_EQ(machine.BoardNumberRead, 2);
+  machine.Exchange(SensorCommand{3});
+  EXPECT_EQ(machine.BoardNumberRead, 2);
+}
+
+TEST_F(MachineReplies, ABoardReadGoesToItsHandsByPocket) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  Bytes board = Long({0x9D});
+  std::fill_n(board.begin() + 8, 13, std::uint8_t{4});   // spades: North
+  std::fill_n(board.begin() + 21, 13, std::uint8_t{3});  // hearts: East
+  std::fill_n(board.begin() + 34, 13, std::uint8_t{1});  // diamonds: South
+  std::fill_n(board.begin() + 47, 13, std::uint8_t{2});  // clubs: West
+  board[8] = 0;                                          // the Two of Spades was not seen
+  board[59] = 9;                                         // no pocket at all
+  bridge.Replies = {board};
+  EXPECT_TRUE(machine.Exchange(FetchCommand{CmdFetchBoard}, kReplyBoard));
+  const Board& read = desk.Prog.Set.At(1);
+  EXPECT_EQ(read.Cards[13], 0);
+  EXPECT_EQ(read.Cards[1], kNorth);
+  EXPECT_EQ(read.Cards[14], kEast);
+  EXPECT_EQ(read.Cards[27], kSouth);
+  EXPECT_EQ(read.Cards[52], kWest);
+  EXPECT_EQ(read.Cards[40], 0);
+  EXPECT_EQ(read.Status, Board::kIncomplete);
+}
+
+TEST_F(MachineReplies, CardLogStartsAtTheTwoOfSpades) {
+  machine.ClearCardLog();
+  EXPECT_EQ(machine.CardLog[1], 99);
+  EXPECT_EQ(machine.CardLog[52], 99);
+  EXPECT_EQ(machine.CardLog[53], 0);
+  Bytes log = Long({0xA0});
+  log[8] = 7;
+  bridge.Replies = {log};
+  machine.Exchange(FetchCommand{CmdFetchLog});
+  EXPECT_EQ(machine.CardLog[1], 7);
+  EXPECT_EQ(machine.CardLog[2], 0);
+}
+
+TEST_F(MachineReplies, TestTextHasIndexAndValue) {
+  Bytes text = Long({0x9E});
+  text[9] = 200;
+  bridge.Replies = {text};
+  machine.Exchange(TestCommand{});
+  EXPECT_EQ(machine.TestText.substr(0, 16), "9 200  10 0  11 ");
+}
+
+TEST_F(Gates, FirmwareThreePassesAll) {
+  machine.FirmwareMajor = 3;
+  for (const VersionGate& gate : {kReadGate, kSortGate, kNationalGate, kDanishGate, kSwedishGate,
+                                  kCheckBoardOpenGate, kCheckBoardClickGate, kLargeIndexOpenGate,
+                                  kSmallIndexClickGate, kAutoSetupGate, kTestDealGate}) {
+    EXPECT_TRUE(Passes(machine, gate));
+  }
+}
+
+TEST_F(Gates, FirmwareOneFailsAllButThoseOfMajorTwo) {
+  machine.FirmwareMajor = 1;
+  machine.FirmwareMinor = 0x99;
+  for (const VersionGate& gate :
+       {kReadGate, kSortGate, kNationalGate, kDanishGate, kSwedishGate, kCheckBoardOpenGate,
+        kCheckBoardClickGate, kAutoSetupGate, kTestDealGate}) {
+    EXPECT_FALSE(Passes(machine, gate));
+  }
+  for (const VersionGate& gate :
+       {kLargeIndexOpenGate, kLargeIndexClickGate, kSmallIndexClickGate}) {
+    EXPECT_TRUE(Passes(machine, gate));
+  }
+}
+
+TEST_F(Gates, BytesStandAlsoWhereTheirTextsDiffer) {
+  machine.FirmwareMajor = 2;
+  machine.FirmwareMinor = 0x23;
+  EXPECT_TRUE(Passes(machine, kReadGate));  // though its text asks for 2.24
+  machine.FirmwareMinor = 0x22;
+  EXPECT_FALSE(Passes(machine, kReadGate));
+  machine.FirmwareMinor = 0x3A;
+  EXPECT_TRUE(Passes(machine, kCheckBoardClickGate));  // though its text asks for 2.70
+  machine.FirmwareMinor = 0x39;
+  EXPECT_FALSE(Passes(machine, kCheckBoardClickGate));
+  EXPECT_EQ(GateText(machine, desk.Prog.Texts, kReadGate).substr(0, 110),
+            "      Read function requires Firmware version 2.24 or later.      \r\n"
+            "      Current Firmware version is 2.39     ");
+}
+
+TEST(CardSettings, ConfigByteWorkedOut) {
+  CardSettings cards;
+  EXPECT_EQ(cards.CardConfig(), 0);
+  EXPECT_EQ(cards.CardConfigExtra(), 0);
+  EXPECT_EQ(cards.LogText(), "0,0,0,0");
+  cards = {CardSettings::kSwedish, 1, CardSettings::kBold, CardSettings::kLargeIndex};
+  EXPECT_EQ(cards.CardConfig(), 0x6D);  // 0110 1 10 1: Bold is bit 2
+  EXPECT_EQ(cards.CardConfigExtra(), 0);
+  EXPECT_EQ(cards.LogText(), "6,1,2,1");
+  cards = {CardSettings::kGerman, 0, CardSettings::kFine, CardSettings::kSmallIndex};
+  EXPECT_EQ(cards.CardConfig(), 0x36);  // 0011 0 11 0
+  EXPECT_EQ(cards.CardConfigExtra(), 5);
+  EXPECT_EQ(cards.LogText(), "3,0,1,2");
+}
+
+TEST(CardSettings, AreReadFromTheStoreAndWrongOnesCountAsStandard) {
+  TestDesk desk;
+  desk.Store.Set(kNational, "5");
+  desk.Store.Set(kCardType, "2");
+  desk.Store.Set(kThreshold, "x");
+  desk.Store.Set(kCardIndex, "1");
+  const CardSettings cards = CardSettings::Load(desk.Store);
+  EXPECT_EQ(cards.National, CardSettings::kDanish);
+  EXPECT_EQ(cards.CardType, 0);
+  EXPECT_EQ(cards.Threshold, CardSettings::kNormal);
+  EXPECT_EQ(cards.CardIndex, CardSettings::kLargeIndex);
+}
+
+TEST(MachineMessageText, KeepsTheFirmwaresEventNumbers) {
+  EXPECT_EQ(MachineMessageText[1], "S card");
+  EXPECT_EQ(MachineMessageText[45], "Error durnig break");
+  EXPECT_EQ(MachineMessageText[5], "");
+}
+
+}  // namespace
+}  // namespace morvane::machine
