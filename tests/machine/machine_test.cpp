@@ -255,7 +255,7 @@ TEST_F(Gates, BytesStandAlsoWhereTheirTextsDiffer) {
   EXPECT_TRUE(Passes(machine, kCheckBoardClickGate));  // though its text asks for 2.70
   machine.FirmwareMinor = 0x39;
   EXPECT_FALSE(Passes(machine, kCheckBoardClickGate));
-  EXPECT_EQ(GateText(machine, desk.Prog.Texts, kReadGate).substr(0, 110),
+  EXPECT_EQ(GateText(machine, desk.Prog.Texts, kReadGate).substr(0, 111),
             "      Read function requires Firmware version 2.24 or later.      \r\n"
             "      Current Firmware version is 2.39     ");
 }

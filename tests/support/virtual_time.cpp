@@ -53,7 +53,13 @@ void VirtualEventLoop::WaitMs(int ms) {
 }
 
 void VirtualEventLoop::RunUntil(const std::function<bool()>& done) {
+  const microseconds patience = clock_.Elapsed() + std::chrono::hours(1);
   while (Pump() && !done()) {
+    if (clock_.Elapsed() > patience) {
+      ADD_FAILURE() << "the loop has waited for an hour";
+      Quit();
+      return;
+    }
     if (!events_.empty()) continue;
     const auto next = NextDue();
     if (!next && !OnPump) {

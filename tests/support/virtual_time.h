@@ -24,7 +24,7 @@ class VirtualClock final : public Clock {
 };
 
 /// Events and timers on a `VirtualClock`. Nothing waits: `WaitMs` moves the clock from one due
-/// timer to the next. `RunUntil` fails the test when nothing more can happen.
+/// timer to the next. `RunUntil` fails the test when nothing more can happen, or after an hour.
 class VirtualEventLoop : public EventLoop {
  public:
   explicit VirtualEventLoop(VirtualClock& clock) : clock_(clock) {}

@@ -1,0 +1,527 @@
+#include "machine/run_fixture.h"
+
+namespace morvane::machine {
+namespace {
+
+using test::Bytes;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+
+using OneBoard = RunFixture;
+using Errors = RunFixture;
+using CheckBoard = RunFixture;
+using EndOfSet = RunFixture;
+using Leaving = RunFixture;
+using FaultSweep = RunFixture;
+
+TEST_F(OneBoard, ItsFramesComeInOrder) {
+  Contact();
+  run.cmdDeal();
+  EXPECT_THAT(SentCodes(), ElementsAre(0x98, 0x19, 0x19, 0x19, 0x20, 0x1A));
+  EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kDealt);
+}
+
+TEST_F(OneBoard, TheStartFrameIsTheOneWorkedByHand) {
+  desk.Prog.Set.At(1) = test::SuitBoard(1);
+  desk.Store.Set(kNational, "4");
+  desk.Store.Set(kThreshold, "1");
+  desk.Store.Set(kCardIndex, "2");
+  Contact();
+  run.cmdDeal();
+  const Bytes frame = SentOf(0x98).at(0);
+  EXPECT_THAT(Bytes(frame.begin(), frame.begin() + 8), ElementsAre(0x98, 0, 0x46, 0, 11, 36, 5, 0));
+  // North has the spades (pocket 4), East the hearts (3), South the diamonds (1), West the clubs
+  // (2).
+  Bytes pockets;
+  for (const std::uint8_t pocket : Bytes{4, 3, 1, 2}) pockets.insert(pockets.end(), 13, pocket);
+  EXPECT_EQ(Bytes(frame.begin() + 8, frame.begin() + 60), pockets);
+  EXPECT_EQ(LastLine(), "  001 : 1,0 4,0,1,2 OK");
+}
+
+TEST_F(OneBoard, EveryCardStandsAtItsPlace) {
+  Contact();
+  run.cmdDeal();
+  const Bytes frame = SentOf(0x98).at(0);
+  const Board& board = desk.Prog.Set.At(1);
+  const std::string ranks = "23456789TJQKA";
+  const Bytes pockets{0, 4, 3, 1, 2};
+  for (int card = 1; card <= kCards; ++card) {
+    const std::size_t suit = static_cast<std::size_t>(card - 1) / 13;
+    const std::size_t at = 8 + suit * 13 + ranks.find(CardLetter(card));
+    const std::size_t hand = board.Cards[static_cast<std::size_t>(card)];
+    EXPECT_EQ(frame[at], pockets[hand]);
+  }
+}
+
+TEST_F(OneBoard, ItsLogLineNamesNumberSettingsAndOk) {
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+  EXPECT_TRUE(run.Controls.Deal_next);
+  EXPECT_EQ(view.Focused, 1);
+  EXPECT_TRUE(run.Controls.cmdDeal && run.Controls.cmdExit && run.Controls.cmdNext);
+  EXPECT_FALSE(run.Controls.cmdPrev || run.Controls.cmdBreak);
+  EXPECT_EQ(run.txtStatus(), "Idle");
+}
+
+TEST_F(OneBoard, TheRotationGoesRoundWithEachBoard) {
+  Contact();
+  desk.Ui.Default = kNo;
+  for (int i = 0; i < 5; ++i) run.cmdDeal();
+  std::vector<int> rotations;
+  for (const Bytes& frame : SentOf(0x98)) {
+    rotations.push_back(frame[3]);
+    EXPECT_EQ(frame[4], 11 + 50 * frame[3]);
+    EXPECT_EQ(frame[5], 36 + 50 * frame[3]);
+  }
+  EXPECT_THAT(rotations, ElementsAre(0, 1, 2, 3, 0));
+}
+
+TEST_F(OneBoard, CountsAndTimeShowWhileTheMachineIsBusy) {
+  Contact();
+  std::vector<std::string> states;
+  view.OnState = [&] {
+    states.push_back(run.txtStatus() +
+                     (run.CountsShown ? std::to_string(machine.CardCount[1]) : "-"));
+    desk.Clock.Spend(std::chrono::milliseconds(250));
+  };
+  run.cmdDeal();
+  EXPECT_THAT(states, ElementsAre("Idle-", "Busy-", "Busy5", "Busy5", "Idle13", "Idle13", "Idle13",
+                                  "Idle13"));
+  EXPECT_EQ(run.txtDealTime, "0.8") << "0.75 seconds at the last busy report";
+}
+
+TEST_F(OneBoard, OnlyBreakIsEnabledMeanwhile) {
+  Contact();
+  view.OnState = [&] {
+    if (machine.MachineState != Machine::kBusy) return;
+    EXPECT_TRUE(run.Controls.cmdBreak);
+    EXPECT_FALSE(run.Controls.cmdDeal || run.Controls.cmdExit || run.Controls.cmdNext ||
+                 run.Controls.Deal_next || run.Controls.Options);
+  };
+  run.cmdDeal();
+}
+
+TEST_F(OneBoard, EventsInTheMiddleOfItDoNotDisturb) {
+  Contact();
+  int pumps = 0;
+  desk.Loop.OnPump = [&] {
+    if (++pumps > 20) return;
+    run.cmdDeal();
+    run.Deal_next();
+    run.cmdNext();
+    run.cmdLast();
+    run.NextCopy();
+  };
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+}
+
+TEST_F(OneBoard, TheSetIsNotChangedByDealing) {
+  Contact();
+  const Board before = desk.Prog.Set.At(1);
+  run.cmdDeal();
+  EXPECT_EQ(desk.Prog.Set.At(1), before);
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "0");
+}
+
+TEST_F(OneBoard, NationalCardsNeedTheirFirmware) {
+  struct Row {
+    int National;
+    std::uint8_t Minor;
+    VersionGate Gate;
+  };
+  Contact();
+  for (const Row& row :
+       {Row{1, 0x26, kNationalGate}, {5, 0x31, kDanishGate}, {6, 0x89, kSwedishGate}}) {
+    machine.FirmwareMinor = row.Minor;
+    run.SetNational(row.National);
+    run.cmdDeal();
+    EXPECT_THAT(bridge.Sent, IsEmpty());
+    EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, row.Gate));
+    EXPECT_TRUE(run.Controls.cmdDeal) << "all state stays as it was";
+  }
+  machine.FirmwareMinor = 0x32;
+  run.SetNational(5);
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+}
+
+TEST_F(Errors, ContinueGoesOnWithTheSameBoard) {
+  paper.Codes = {30};
+  view.Answers = {Continue};
+  Contact();
+  run.cmdDeal();
+  const auto starts = SentOf(0x98);
+  ASSERT_THAT(starts, SizeIs(2));
+  EXPECT_EQ(starts[0][1], 0);
+  EXPECT_EQ(starts[1][1], 1);
+  EXPECT_EQ(starts[1][3], 0) << "the rotation stays for the whole board";
+  EXPECT_THAT(view.Errors, ElementsAre("Card Recognition Error|Error Code: 30"));
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 30 OK");
+  EXPECT_THAT(SentOf(0x1A), SizeIs(1)) << "the probe only at the end";
+}
+
+TEST_F(Errors, SeveralErrorsAreListedEach) {
+  paper.Codes = {30, 55, 60};
+  view.Answers = {Continue, Continue, Continue};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 30 55 60 OK");
+}
+
+TEST_F(Errors, CancelStopsTheBoardAndOffersItAgain) {
+  paper.Codes = {54};
+  view.Answers = {Cancel};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54");
+  EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kStopped);
+  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_TRUE(run.Controls.cmdDeal);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_EQ(SentCodes().back(), 0x1A) << "the probe brings the machine back to idle";
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+}
+
+TEST_F(Errors, AMechanicalFaultHasOnlyCancel) {
+  paper.Codes = {9};
+  view.Answers = {Third};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 9");
+}
+
+TEST_F(Errors, BreakTakesThePlaceOfTheNextPoll) {
+  paper.BusyPolls = 10;
+  view.Answers = {Cancel};
+  Contact();
+  int polls = 0;
+  desk.Loop.OnPump = [&] {
+    if (++polls == 3) run.cmdBreak();
+  };
+  run.cmdDeal();
+  const auto frames = SentOf(0x19);
+  ASSERT_GE(frames.size(), 3U);
+  EXPECT_EQ(frames[2][1], 1);
+  EXPECT_EQ(std::count_if(frames.begin(), frames.end(), [](const Bytes& f) { return f[1] == 1; }),
+            1);
+  EXPECT_THAT(view.Errors, ElementsAre("Break Dealing|Error Code: 57"));
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 57");
+}
+
+TEST_F(Errors, BreakDisablesItself) {
+  paper.BusyPolls = 10;
+  view.Answers = {Cancel};
+  Contact();
+  desk.Loop.OnPump = [&] {
+    if (!run.Controls.cmdBreak) return;
+    run.cmdBreak();
+    EXPECT_FALSE(run.Controls.cmdBreak);
+  };
+  run.cmdDeal();
+  EXPECT_FALSE(run.Controls.cmdBreak);
+}
+
+TEST_F(Errors, AfterTheDialogTheRunWaits300Ms) {
+  paper.Codes = {54};
+  std::chrono::microseconds closed{0};
+  view.Answers = {[&](ErrorDialog& dialog) {
+    closed = desk.Clock.Elapsed();
+    dialog.PressCancel();
+  }};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(desk.Clock.Elapsed() - closed, std::chrono::milliseconds(300));
+}
+
+TEST_F(Errors, ALinkLostInTheDialogShowsBothBoxes) {
+  paper.Codes = {54};
+  view.Answers = {[this](ErrorDialog&) { paper.Powered = false; }};
+  Contact();
+  run.cmdDeal();
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Ui.Boxes[0].Text,
+            "            Lost Communication with Dealer  -  Dealing Aborted             ");
+  EXPECT_EQ(desk.Ui.Boxes[1].Text, desk.Prog.Texts.Msg048);
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54");
+}
+
+TEST_F(CheckBoard, ARightLabelDealsAtOnce) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 15;
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(SentCodes().front(), 0x1B);
+  EXPECT_EQ(bridge.Sent[0][1], 4);
+  EXPECT_THAT(SentOf(0x1B), SizeIs(1));
+  EXPECT_EQ(LastLine(), "  001 : 1,1 0,0,0,0 OK");
+}
+
+TEST_F(CheckBoard, AWrongLabelIsReadSixTimes100MsApart) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  view.Answers = {Cancel};
+  Contact();
+  const auto start = desk.Clock.Elapsed();
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x1B), SizeIs(6));
+  EXPECT_EQ(desk.Clock.Elapsed() - start, std::chrono::milliseconds(600));
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,0 ");
+  EXPECT_TRUE(run.Controls.cmdDeal);
+  desk.Loop.WaitMs(200);
+  EXPECT_THAT(SentOf(0x19), Not(IsEmpty())) << "the polling goes on";
+}
+
+TEST_F(CheckBoard, DealingAnywayIsLoggedAndDealt) {
+  desk.Store.Set(kCheckBoard, "1");
+  view.Answers = {Third};
+  Contact();
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,0,2 0,0,0,0 OK");
+  EXPECT_THAT(view.Errors, ElementsAre(::testing::EndsWith("|Error Code: 64")));
+}
+
+TEST_F(CheckBoard, TryAgainReadsFromTheBeginning) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  view.Answers = {[this](ErrorDialog& dialog) {
+    paper.Label = 15;
+    dialog.PressContinue();
+  }};
+  Contact();
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x1B), SizeIs(7));
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,1 0,0,0,0 OK");
+  EXPECT_THAT(view.Errors, ElementsAre(::testing::EndsWith("|Error Code: 65")));
+}
+
+TEST_F(CheckBoard, ThePedalDealsTheWrongBoard) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  view.Answers = {[this](ErrorDialog&) { paper.Events = 8; }};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,2 0,0,0,0 OK");
+}
+
+TEST_F(CheckBoard, Board71NeverMatches) {
+  desk.Store.Set(kCheckBoard, "1");
+  test::FillSet(desk.Prog.Set, 71, 71);
+  view.Answers = {Cancel};
+  Contact();
+  for (int label = 0; label < 256; ++label) {
+    EXPECT_NE(BoardLabelTable[static_cast<std::size_t>(label)], 71);
+  }
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  071 : 1,1 64,0,0 ");
+}
+
+TEST_F(EndOfSet, DealNextWalksToTheQuestion) {
+  desk.Ui.Answers = {kYes};
+  Contact();
+  run.cmdDeal();
+  run.Deal_next();
+  run.Deal_next();
+  EXPECT_THAT(SentOf(0x98), SizeIs(3));
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg060);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Dealing");
+  EXPECT_EQ(desk.Ui.Boxes[0].Flags, kYesNoQuestion);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_EQ(desk.LogLines().back(), "  003 : 1,0 0,0,0,0 OK");
+}
+
+TEST_F(EndOfSet, NoStaysOnTheLastBoard) {
+  desk.Ui.Answers = {kNo};
+  Contact();
+  run.cmdLast();
+  run.cmdDeal();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
+}
+
+TEST_F(EndOfSet, OneBoardAndOneCopyAskAtOnce) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.Ui.Answers = {kNo};
+  Contact();
+  run.cmdDeal();
+  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+}
+
+TEST_F(EndOfSet, AllCopiesOfABoardComeBeforeTheNext) {
+  desk.Store.Set(kDealCopy, "1");
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.Ui.Answers = {kYes};
+  Contact();
+  run.SetNumberCopies("2");
+  run.cmdDeal();
+  EXPECT_TRUE(run.Controls.Deal_next);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  run.Deal_next();
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(run.CurrentCopy, 1) << "Yes goes back to the first copy";
+  EXPECT_THAT(SentOf(0x98), SizeIs(2));
+}
+
+TEST_F(EndOfSet, AnEventBehindTheBoxIsAcknowledgedAndStartsNothing) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.Ui.Answers = {kNo};
+  Contact();
+  desk.Ui.OnBox = [this] { paper.Events = 8 | 16; };
+  run.cmdDeal();
+  bridge.Sent.clear();
+  desk.Loop.WaitMs(400);
+  EXPECT_EQ(bridge.Sent.at(0)[1], 6);
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+}
+
+TEST_F(Leaving, TheCloseBoxInTheMiddleBreaksAndClosesWhenTheRunIsBack) {
+  paper.BusyPolls = 50;
+  Contact();
+  int pumps = 0;
+  desk.Loop.OnPump = [&] {
+    if (++pumps != 4) return;
+    run.Exit();
+    EXPECT_FALSE(run.Closed());
+  };
+  run.cmdDeal();
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(view.Closings, 1);
+  EXPECT_THAT(view.Errors, IsEmpty()) << "nobody is there to answer";
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 57");
+  EXPECT_THAT(bridge.Calls, Contains("Close"));
+}
+
+TEST_F(Leaving, ASecondRequestDoesNotWaitForTheMachine) {
+  paper.BusyPolls = 1'000'000;
+  paper.Deaf = {};
+  Contact();
+  paper.Damage = [](int, const Bytes& plain, Bytes wire) {
+    // A machine that overhears the break and stays busy for ever.
+    return plain[0] == 0x19 ? test::OnTheWire(test::Short({0x19, 0xFF}), 21) : wire;
+  };
+  desk.Loop.OnPump = [&] { run.Exit(); };
+  run.cmdDeal();
+  EXPECT_TRUE(run.Closed());
+}
+
+TEST_F(Leaving, QuittingEndsTheRunWithABreakOnItsWay) {
+  paper.BusyPolls = 1'000'000;
+  Contact();
+  int pumps = 0;
+  desk.Loop.OnPump = [&] {
+    if (++pumps == 4) desk.Loop.Quit();
+  };
+  run.cmdDeal();
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(SentOf(0x19).back()[1], 1);
+  EXPECT_THAT(LastLine(), Not(::testing::HasSubstr("OK")));
+}
+
+TEST_F(Leaving, QuittingEndsAnOpenErrorDialog) {
+  paper.Codes = {54};
+  view.Answers = {[this](ErrorDialog&) { desk.Loop.Quit(); }};
+  Contact();
+  run.cmdDeal();
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54");
+}
+
+/// What is done to a reply, and how often.
+enum class Harm { kLost, kCorrupted, kCut };
+
+Bytes Harmed(Harm harm, Bytes wire) {
+  switch (harm) {
+    case Harm::kLost:
+      return {};
+    case Harm::kCorrupted:
+      wire[2] ^= 0x10;
+      return wire;
+    case Harm::kCut:
+      wire.resize(wire.size() - 5);
+      return wire;
+  }
+  return wire;
+}
+
+TEST_F(FaultSweep, AReplySpoiledOnceDoesNoHarmTwiceItIsTheLostLink) {
+  // The exchanges of a good board: start, three polls, card log, probe.
+  constexpr int kExchanges = 6;
+  for (const Harm harm : {Harm::kLost, Harm::kCorrupted, Harm::kCut}) {
+    for (int target = 0; target < kExchanges; ++target) {
+      for (const int times : {1, 2}) {
+        SCOPED_TRACE("harm " + std::to_string(static_cast<int>(harm)) + " exchange " +
+                     std::to_string(target) + " times " + std::to_string(times));
+        RunMemory freshMemory;
+        RecordingView freshView(desk);
+        DealingRun freshRun(desk.Prog, machine, freshMemory);
+        machine.Link.UsbHandle = 7;
+        paper.Damage = nullptr;
+        desk.Ui.Boxes.clear();
+        freshRun.Open(freshView);
+        desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+        bridge.Sent.clear();
+        paper.Exchanges = 0;
+        paper.Damage = [&](int n, const Bytes&, const Bytes& wire) {
+          return n >= target && n < target + times ? Harmed(harm, wire) : wire;
+        };
+        freshRun.cmdDeal();
+        if (times == 1) {
+          EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+          EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+          EXPECT_EQ(bridge.Sent.at(static_cast<std::size_t>(target) + 1)[0],
+                    bridge.Sent.at(static_cast<std::size_t>(target))[0]);
+        } else {
+          EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg048);
+          EXPECT_THAT(LastLine(), Not(::testing::EndsWith("OK")));
+          EXPECT_EQ(freshRun.LastOutcome(), DealingRun::Outcome::kLinkLost);
+          EXPECT_TRUE(freshRun.Closed());
+        }
+        if (!freshRun.Closed()) freshRun.Exit();
+      }
+    }
+  }
+}
+
+TEST_F(FaultSweep, TheFirstContactToo) {
+  // Probe, version, identity 1 and 2, counter. The probe alone may fail twice without a word; the
+  // version after it then decides.
+  for (int target = 0; target < 5; ++target) {
+    for (const int times : {1, 2}) {
+      SCOPED_TRACE(std::to_string(target) + " times " + std::to_string(times));
+      RunMemory freshMemory;
+      RecordingView freshView(desk);
+      DealingRun freshRun(desk.Prog, machine, freshMemory);
+      machine.Link.UsbHandle = 7;
+      desk.Ui.Boxes.clear();
+      paper.Exchanges = 0;
+      paper.Damage = [&](int n, const Bytes&, const Bytes& wire) {
+        return n >= target && n < target + times ? Bytes{} : wire;
+      };
+      freshRun.Open(freshView);
+      desk.Loop.WaitMs(DealingRun::kFirstContactMs + 500);
+      const std::string& box = LastBox();
+      if (times == 1 || target == 0) {
+        EXPECT_EQ(box, "");
+        EXPECT_FALSE(freshRun.Closed());
+      } else {
+        EXPECT_EQ(box, target == 1 ? desk.Prog.Texts.Msg047 : desk.Prog.Texts.Msg048);
+        EXPECT_TRUE(freshRun.Closed());
+      }
+      if (!freshRun.Closed()) freshRun.Exit();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace morvane::machine

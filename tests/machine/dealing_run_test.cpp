@@ -1,0 +1,358 @@
+#include "machine/run_fixture.h"
+
+namespace morvane::machine {
+namespace {
+
+using test::Bytes;
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+
+using Opening = RunFixture;
+using Walk = RunFixture;
+using Polling = RunFixture;
+using Options = RunFixture;
+
+TEST_F(Opening, RaisesTheLatchAndLogsTheCommand) {
+  Open();
+  EXPECT_THAT(bridge.Calls, ElementsAre("SetTimeouts 200 200", "WriteLatch 1 1"));
+  EXPECT_EQ(LastLine(), " Deal: 3:04:05 PM");
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_EQ(run.txtStatus(), "Down");
+  EXPECT_FALSE(run.SettingsShown);
+  EXPECT_FALSE(run.Controls.cmdDeal);
+}
+
+TEST_F(Opening, TheFirstContactComesAfterTwoSeconds) {
+  Open();
+  desk.Loop.WaitMs(1999);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  desk.Loop.WaitMs(1);
+  EXPECT_THAT(SentCodes(), ElementsAre(0x1A, 0x1A, 0x12, 0x12, 0x33));
+  EXPECT_EQ(bridge.Sent[2][1], 1);
+  EXPECT_EQ(bridge.Sent[3][1], 2);
+  EXPECT_EQ(LastLine(), "  S/N:4711 Dealt:258 Firmware:2.90");
+  EXPECT_EQ(run.txtStatus(), "Idle");
+  EXPECT_TRUE(run.SettingsShown);
+  EXPECT_TRUE(run.Controls.cmdDeal && run.Controls.cmdExit && run.Controls.cmdNext);
+  EXPECT_FALSE(run.Controls.Deal_next || run.Controls.cmdBreak);
+}
+
+TEST_F(Opening, ThePollingStartsAfterTheContact) {
+  Contact();
+  desk.Loop.WaitMs(350);
+  EXPECT_THAT(SentCodes(), ElementsAre(0x19, 0x19, 0x19));
+}
+
+TEST_F(Opening, AMachineThatDoesNotAnswerIsNamedAndTheWindowGoes) {
+  paper.Powered = false;
+  Contact();
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg047);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Communication Error");
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(machine.Link.UsbHandle, MachineLink::kClosed);
+}
+
+TEST_F(Opening, AnIdentityThatDoesNotComeIsALostLink) {
+  paper.Deaf = {0x12};
+  Contact();
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg048);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Dealing Error");
+  EXPECT_TRUE(run.Closed());
+  EXPECT_THAT(desk.LogLines(), Each(Not(::testing::HasSubstr("S/N"))));
+}
+
+TEST_F(Opening, SilentGatesClearWhatTheMachineCannotDo) {
+  desk.Store.Set(kCheckBoard, "1");
+  desk.Store.Set(kCardIndex, "1");
+  paper.Hardware = 0;
+  Contact();
+  EXPECT_FALSE(run.Check_board);
+  EXPECT_EQ(desk.Store.Get(kCheckBoard), "0");
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_EQ(desk.Store.Get(kCardIndex), "0");
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Opening, SilentGatesLookAtTheFirmwareToo) {
+  desk.Store.Set(kCheckBoard, "1");
+  desk.Store.Set(kCardIndex, "1");
+  paper.Minor = 0x39;
+  Contact();
+  EXPECT_FALSE(run.Check_board);
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+}
+
+TEST_F(Opening, SilentGatesKeepWhatTheMachineCanDo) {
+  desk.Store.Set(kCheckBoard, "1");
+  desk.Store.Set(kCardIndex, "1");
+  paper.Minor = 0x40;
+  Contact();
+  EXPECT_TRUE(run.Check_board);
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kLargeIndex);
+}
+
+TEST_F(Opening, StartFromBoxIsOnWhereItWasNeverStored) {
+  Open();
+  EXPECT_TRUE(run.AutoStartEnabled);
+}
+
+TEST_F(Opening, WithoutCopiesThereIsOneAndWithoutSubRangeTheWholeSet) {
+  memory = {2, 2, 5};
+  Contact();
+  EXPECT_EQ(memory.NumberOfCopies, 1);
+  EXPECT_EQ(memory.RunFirst, 1);
+  EXPECT_EQ(memory.RunLast, 3);
+  EXPECT_FALSE(run.CopiesShown || run.SubRangeShown);
+}
+
+TEST_F(Opening, CopiesAndSubRangeStayFromTheLastOpening) {
+  desk.Store.Set(kDealCopy, "1");
+  desk.Store.Set(kDealSub, "1");
+  memory = {2, 640, 5};
+  Contact();
+  EXPECT_EQ(memory.NumberOfCopies, 5);
+  EXPECT_EQ(memory.RunFirst, 2);
+  EXPECT_EQ(memory.RunLast, 3);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_TRUE(run.CopiesShown && run.SubRangeShown && run.Controls.NextCopy);
+  EXPECT_FALSE(run.Controls.PrevCopy);
+}
+
+TEST_F(Opening, ClosingBeforeTheContactLeavesNothingRunning) {
+  Open();
+  run.Exit();
+  EXPECT_TRUE(run.Closed());
+  EXPECT_EQ(view.Closings, 1);
+  EXPECT_THAT(bridge.Calls, Contains("WriteLatch 1 0"));
+  desk.Loop.WaitMs(5000);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+}
+
+TEST_F(Opening, LeavingForgetsEvents) {
+  Contact();
+  machine.PedalFlag = 1;
+  machine.BoxFlag = 1;
+  run.Exit();
+  EXPECT_EQ(machine.PedalFlag, 0);
+  EXPECT_EQ(machine.BoxFlag, 0);
+  EXPECT_THAT(bridge.Calls, ElementsAre("WriteLatch 1 0", "Close"));
+}
+
+TEST_F(Walk, StaysWithinTheRangeAndDisablesDealNext) {
+  Contact();
+  run.cmdNext();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_TRUE(run.Controls.cmdPrev && run.Controls.cmdNext);
+  run.cmdLast();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
+  EXPECT_FALSE(run.Controls.cmdNext || run.Controls.cmdLast);
+  run.cmdNext();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
+  run.cmdPrev();
+  run.cmdFirst();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_FALSE(run.Controls.cmdPrev || run.Controls.cmdFirst);
+  run.cmdDeal();
+  ASSERT_TRUE(run.Controls.Deal_next);
+  run.cmdNext();
+  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_EQ(machine.CardLog[1], 99);
+}
+
+TEST_F(Walk, CopiesHaveAWalkOfTheirOwn) {
+  desk.Store.Set(kDealCopy, "1");
+  Contact();
+  run.SetNumberCopies("3");
+  EXPECT_TRUE(run.Controls.NextCopy);
+  run.NextCopy();
+  run.NextCopy();
+  EXPECT_EQ(run.CurrentCopy, 3);
+  EXPECT_FALSE(run.Controls.NextCopy);
+  run.NextCopy();
+  EXPECT_EQ(run.CurrentCopy, 3);
+  run.PrevCopy();
+  EXPECT_EQ(run.CurrentCopy, 2);
+  run.SetNumberCopies("");  // counts as one, and the copy shown is cut back to it
+  EXPECT_EQ(memory.NumberOfCopies, 1);
+  EXPECT_EQ(run.CurrentCopy, 1);
+}
+
+TEST_F(Walk, TheSubRangeIsRaisedAndTheBoardBroughtIntoIt) {
+  desk.Store.Set(kDealSub, "1");
+  test::FillSet(desk.Prog.Set, 5, 9);
+  Contact();
+  run.LeaveSubfrom("7");
+  EXPECT_EQ(memory.RunFirst, 7);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 7);
+  run.LeaveSubfrom("2");
+  EXPECT_EQ(memory.RunFirst, 5);
+  run.LeaveSubto("3");
+  EXPECT_EQ(memory.RunLast, 5);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 5);
+  run.LeaveSubto("");
+  EXPECT_EQ(memory.RunLast, 5);
+  run.LeaveSubfrom("8");  // above the last board of the run, which follows
+  EXPECT_EQ(memory.RunFirst, 8);
+  EXPECT_EQ(memory.RunLast, 8);
+}
+
+TEST_F(Polling, ThePedalDealsTheBoard) {
+  Contact();
+  paper.Events = 8;
+  desk.Loop.WaitMs(100);
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+  EXPECT_EQ(SentCodes()[2], 0x19);
+  EXPECT_EQ(bridge.Sent[2][1], 2) << "the first poll of the board acknowledges the press";
+  desk.Loop.WaitMs(500);
+  EXPECT_THAT(SentOf(0x98), SizeIs(1)) << "one press, one board";
+}
+
+TEST_F(Polling, ThePedalDealsTheNextBoardAfterAGoodOne) {
+  Contact();
+  run.cmdDeal();
+  paper.Events = 8;
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_THAT(SentOf(0x98), SizeIs(2));
+}
+
+TEST_F(Polling, AnInsertedBoardDealsAfterASecondOfQuiet) {
+  Contact();
+  desk.Loop.WaitMs(1000);  // ten polls
+  paper.Events = 16;
+  desk.Loop.WaitMs(100);
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+}
+
+TEST_F(Polling, ABoardPushedBackWithinASecondStartsNothing) {
+  Contact();
+  desk.Loop.WaitMs(1000);
+  paper.Events = 4;  // the slot is active: the board is being pulled
+  desk.Loop.WaitMs(100);
+  paper.Events = 0;
+  desk.Loop.WaitMs(800);
+  paper.Events = 16;
+  desk.Loop.WaitMs(500);
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+}
+
+TEST_F(Polling, AnInsertedBoardStartsNothingWhereTheOptionIsOff) {
+  desk.Store.Set(kInitStartFromBox, "0");
+  Contact();
+  desk.Loop.WaitMs(1000);
+  paper.Events = 16;
+  desk.Loop.WaitMs(300);
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+}
+
+TEST_F(Polling, TwoBadRepliesLoseTheLink) {
+  Contact();
+  paper.Powered = false;
+  desk.Loop.WaitMs(100);
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg048);
+  EXPECT_TRUE(run.Closed());
+  EXPECT_THAT(bridge.Calls, Not(Contains("WriteLatch 1 0"))) << "the machine does not answer";
+  EXPECT_THAT(bridge.Calls, Contains("Close"));
+}
+
+TEST_F(Polling, ALockedLinkIsLeftAlone) {
+  Contact();
+  machine.PollLock = true;
+  desk.Loop.WaitMs(500);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+}
+
+TEST_F(Polling, AnIncompleteBoardIsRefusedBeforeAnythingIsSent) {
+  Contact();
+  desk.Prog.Set.At(1).Cards[1] = 0;
+  AnalyzeBoard(desk.Prog.Set.At(1));
+  run.cmdDeal();
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  EXPECT_EQ(LastBox(), "      Board incomplete - cannot deal this board.       ");
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Dealing Error");
+}
+
+TEST_F(Polling, ThePedalStartsNothingBehindARefusal) {
+  Contact();
+  desk.Prog.Set.At(1) = NumberedBoard(1);
+  paper.Events = 8;
+  desk.Ui.OnBox = [this] { desk.Loop.WaitMs(500); };
+  run.cmdDeal();
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+}
+
+TEST_F(Options, AreStoredAtOnce) {
+  Contact();
+  run.SetNational(6);
+  run.SetCardType(1);
+  run.SetThreshold(2);
+  run.SetCardIndex(2);
+  run.SetStart_from_box(false);
+  run.SetCheck_board(true);
+  EXPECT_EQ(desk.Store.Get(kNational), "6");
+  EXPECT_EQ(desk.Store.Get(kCardType), "1");
+  EXPECT_EQ(desk.Store.Get(kThreshold), "2");
+  EXPECT_EQ(desk.Store.Get(kCardIndex), "2");
+  EXPECT_EQ(desk.Store.Get(kInitStartFromBox), "0");
+  EXPECT_EQ(desk.Store.Get(kCheckBoard), "1");
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Options, ClicksBeforeTheContactDoNothing) {
+  Open();
+  run.SetCardIndex(1);
+  run.SetCheck_board(true);
+  EXPECT_EQ(run.Cards.CardIndex, 0);
+  EXPECT_FALSE(run.Check_board);
+  EXPECT_FALSE(desk.Store.Has(kCardIndex));
+}
+
+TEST_F(Options, AnOldFirmwareRefusesEachInItsWords) {
+  paper.Minor = 0x39;
+  Contact();
+  run.SetCheck_board(true);  // 0x39 is below 0x3A
+  EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kCheckBoardClickGate));
+  EXPECT_FALSE(run.Check_board);
+  run.SetCardIndex(CardSettings::kLargeIndex);
+  EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kLargeIndexClickGate));
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  run.SetCardIndex(CardSettings::kSmallIndex);
+  EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kSmallIndexClickGate));
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_EQ(desk.Store.Get(kCardIndex), "0");
+  EXPECT_EQ(desk.Store.Get(kCheckBoard), "0");
+}
+
+TEST_F(Options, MissingHardwareRefusesInItsWords) {
+  paper.Hardware = 0;
+  Contact();
+  run.SetCheck_board(true);
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg046);
+  run.SetCardIndex(CardSettings::kLargeIndex);
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg045);
+  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+}
+
+TEST_F(Options, ShowBoardsStartsFromTheSettingAndToggles) {
+  desk.Store.Set(kDealShow, "1");
+  Contact();
+  EXPECT_TRUE(run.ShowBoards);
+  run.Disp_boards();
+  EXPECT_FALSE(run.ShowBoards);
+}
+
+TEST_F(Options, AStateOutOfTheTableShowsItsNumber) {
+  Contact();
+  machine.MachineState = 9;
+  EXPECT_EQ(run.txtStatus(), "Illegal (9)");
+}
+
+}  // namespace
+}  // namespace morvane::machine
