@@ -6,6 +6,11 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+if(NOT MSVC)
+  # Qt asks it of its users; when all have it, all tests share one precompiled header.
+  add_compile_options(-fPIC)
+endif()
+
 if(MORVANE_SANITIZE)
   add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=all)
