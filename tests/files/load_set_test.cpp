@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "files/format_table.h"
 #include "support/fakes.h"
 
 namespace morvane::files {
@@ -312,6 +313,31 @@ TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
   desk.Ui.Files = {path};
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
+  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
+    if (FindFormat(extension)->Read != nullptr) continue;
+    LoadDesk desk;
+    desk.Prog.ServiceLevel = 1;
+    const std::string path = desk.Folder / (std::string("set.") + extension);
+    test::WriteContent(path, kTwoBoards);
+    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
+    ExpectEmptySet(desk.Prog.Set);
+  }
+}
+
+TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "huge.pbn";
+  std::string value;
+  for (int i = 0; i < 500'000; ++i) value += "record###      ";
+  test::WriteContent(path, "[Board \"1\"]\n[Dealer \"" + value + "\"]\n");
+  EXPECT_FALSE(LoadFile(desk.Prog, path));
+  EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.ends_with(
+      "line2      \" in line: 2      \r\n\r\n      Load operation aborted!      "));
   ExpectEmptySet(desk.Prog.Set);
 }
 

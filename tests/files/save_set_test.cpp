@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "files/format_table.h"
 #include "files/load_set.h"
 #include "support/fakes.h"
 
@@ -136,6 +137,16 @@ TEST(Save, ALogCannotBeSavedAtAnyServiceLevel) {
   desk.SaveTo(desk.Folder / "Log.txt");
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("TXT")));
   ExpectNotSaved(desk);
+}
+
+TEST(Save, AFormatWithoutAWriterIsUnknown) {
+  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
+    if (FindFormat(extension)->Write != nullptr) continue;
+    SaveDesk desk;
+    desk.SaveTo(desk.Folder / (std::string("set.") + extension));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
+    ExpectNotSaved(desk);
+  }
 }
 
 TEST(Save, IncompleteBoardsAreAskedAboutBeforeTheFileIsTouched) {
