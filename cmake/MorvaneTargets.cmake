@@ -17,6 +17,11 @@ if(MORVANE_SANITIZE)
   add_link_options(-fsanitize=${MORVANE_SANITIZE})
 endif()
 
+if(MORVANE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 function(morvane_warnings target)
   if(MSVC)
     target_compile_options(${target} PRIVATE /W4 /WX)
