@@ -80,12 +80,12 @@ class Values {
     return Wrong<bool>(name, *text, "on or off");
   }
   std::optional<std::string> Choice(const char* name, const char* one, const char* other) {
-    const auto text = Text(name);
+    auto text = Text(name);
     if (!text || *text == one || *text == other) return text;
     return Wrong<std::string>(name, *text, std::string(one) + " or " + other);
   }
   std::optional<std::string> Hex(const char* name, std::size_t digits) {
-    const auto text = Text(name);
+    auto text = Text(name);
     if (!text) return std::nullopt;
     const bool hex = text->find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
     if (hex && text->size() == digits) return text;
