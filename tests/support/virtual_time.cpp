@@ -96,6 +96,7 @@ std::shared_ptr<VirtualEventLoop::Entry> VirtualEventLoop::NextDue() {
   std::erase_if(timers_, [](const auto& timer) { return timer.expired(); });
   for (const auto& timer : timers_) {
     const auto entry = timer.lock();
+    if (entry->Firing) continue;
     if (!next || entry->Due < next->Due) next = entry;
   }
   return next;
@@ -114,7 +115,9 @@ void VirtualEventLoop::FireDue() {
     }
     while (next->Due <= now) next->Due += next->Interval;
     const auto tick = next->Tick;
+    next->Firing = true;
     tick();
+    next->Firing = false;
   }
 }
 
