@@ -6,10 +6,20 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+if(NOT MSVC)
+  # Qt asks it of its users; when all have it, all tests share one precompiled header.
+  add_compile_options(-fPIC)
+endif()
+
 if(MORVANE_SANITIZE)
   add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${MORVANE_SANITIZE})
+endif()
+
+if(MORVANE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
 endif()
 
 function(morvane_warnings target)

@@ -3,11 +3,16 @@
 namespace morvane {
 
 std::string Fill(std::string text, std::string_view placeholder, std::string_view value) {
-  for (std::size_t at = text.find(placeholder); at != std::string::npos;
-       at = text.find(placeholder, at + value.size())) {
-    text.replace(at, placeholder.size(), value);
+  std::size_t at = text.find(placeholder);
+  if (at == std::string::npos) return text;
+  // Built anew, since a text that quotes a hostile file may hold millions of them.
+  std::string filled;
+  std::size_t start = 0;
+  for (; at != std::string::npos; at = text.find(placeholder, start)) {
+    filled.append(text, start, at - start).append(value);
+    start = at + placeholder.size();
   }
-  return text;
+  return filled.append(text, start);
 }
 
 std::string OneLine(std::string_view text) {

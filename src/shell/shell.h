@@ -8,6 +8,7 @@
 #include "generate/history_ring.h"
 #include "machine/dealing_run.h"
 #include "machine/machine.h"
+#include "model/number_filter.h"
 #include "program/program.h"
 #include "shell/windows.h"
 
@@ -21,6 +22,9 @@ struct StartFiles {
   std::string FirmwareFile;
 };
 [[nodiscard]] StartFiles ParseCommandLine(std::string_view commandLine);
+
+/// The version as logs and files have it: "1.0 with Sort 1.0  with Poker 1.5 ".
+[[nodiscard]] std::string VersionTextOf(int serviceLevel);
 
 /// The main window without its looks: start-up, the menu's flows and exit. It owns the long-lived
 /// state of the subsystems. One flow runs at a time; a request that comes while one runs does
@@ -57,10 +61,10 @@ class Shell {
 
  private:
   class Flow;
-  void RefreshStatistics();
   void EnableTimer2mm();
   void Timer2mmTick();
   void OpenLog();
+  void RefuseFirmware(const std::string& path);
 
   Program& program_;
   Windows& windows_;

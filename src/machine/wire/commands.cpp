@@ -70,6 +70,10 @@ void SortCommand::Put(Frame& frame) const {
   Settings.Put(frame);
 }
 
+SortCommand SortCommand::Get(const Frame& frame) {
+  return {frame[1] == 1, RunSettings::Get(frame)};
+}
+
 void RouteCommand::Put(Frame& frame) const {
   frame[0] = CmdRoute;
   frame[1] = Cards;

@@ -135,6 +135,7 @@ struct SortCommand {
   bool Continue = false;
   RunSettings Settings;
   void Put(Frame& frame) const;
+  [[nodiscard]] static SortCommand Get(const Frame& frame);
 };
 
 /// 0x9F. Byte 1: number of cards, byte 2: 1 in a test deal, bytes 3 to 5: 0, bytes 8 to 62: the

@@ -9,7 +9,6 @@
 
 #include "platform/qt/filtered_edit.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/qt_ui.h"
 
 namespace morvane::shell {
 namespace {
@@ -25,6 +24,11 @@ int CompletedBoards(const BoardSet& set) {
 }
 
 }  // namespace
+
+QtUi::MainWindow MainMenu::ForUi() {
+  return {centralWidget(), [this](const std::string& text) { Status(text); },
+          [this] { RefreshSet(); }};
+}
 
 void MainMenu::Status(const std::string& text) { panel_->setText(ToQt(WithoutPadding(text))); }
 
@@ -61,9 +65,7 @@ bool MainMenu::event(QEvent* event) {
 void MainMenu::closeEvent(QCloseEvent* event) {
   const bool ends = shell_.Exit();
   event->setAccepted(ends);
-  if (!ends) return;
-  StorePlace();
-  program_.Loop.Quit();
+  if (ends) StorePlace();
 }
 
 void MainMenu::RestorePlace() {

@@ -3,7 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 
-#include "model/number_filter.h"
+#include "platform/qt/qt_ui.h"
 #include "program/program.h"
 #include "shell/shell.h"
 
@@ -25,6 +25,8 @@ class MainMenu final : public QMainWindow {
  public:
   MainMenu(Program& program, Shell& shell);
 
+  /// What the operator's port needs of this window.
+  [[nodiscard]] QtUi::MainWindow ForUi();
   /// The first panel of the status bar.
   void Status(const std::string& text);
   /// Shows the set, its texts and its file name as they are now.

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QSerialPort>
+#include <chrono>
+#include <string>
+
+#include "platform/usb_xpress.h"
+
+namespace morvane::bridges {
+
+/// The bridge as the operating system's own driver shows it: a serial device, or a pseudo-terminal,
+/// at 115200 8N1. It is the only device of its library. Needs a `QCoreApplication`; no event runs
+/// inside a read or a write. A device that is gone gives short counts at once until it is opened
+/// anew.
+class SerialBridge final : public UsbXpress {
+ public:
+  /// `path` is a device file or the system's short name of one ("ttyUSB0", "COM3").
+  explicit SerialBridge(const std::string& path);
+  SerialBridge(const SerialBridge&) = delete;
+  SerialBridge& operator=(const SerialBridge&) = delete;
+
+  Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override;
+  Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override;
+  Status GetNumDevices(std::uint32_t& count) override;
+  /// The last part of the path.
+  Status GetProductString(std::uint32_t index, ProductString& text, std::uint32_t option) override;
+  Status Open(std::uint32_t index, Handle& handle) override;
+  Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) override;
+  Status SetBaudRate(Handle handle, std::uint32_t rate) override;
+  Status SetLineControl(Handle handle, std::uint16_t control) override;
+  Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) override;
+  /// What the time-out left over is dropped, so that no half frame goes out late.
+  Status Write(Handle handle, std::span<const std::uint8_t> bytes, std::uint32_t& written) override;
+  Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) override;
+  /// Line 0 is the data-terminal-ready line; the bridge's other lines do not exist here.
+  Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override;
+  Status Close(Handle handle) override;
+
+ private:
+  [[nodiscard]] bool Attached() const;
+  [[nodiscard]] bool Opened(Handle handle) const;
+  [[nodiscard]] bool Usable(Handle handle) const;
+  void CloseWhenGone();
+
+  std::string path_;
+  QSerialPort port_;
+  bool opened_ = false;  ///< by the program; the port itself closes when the device goes
+  std::chrono::milliseconds readTime_{200};
+  std::chrono::milliseconds writeTime_{200};
+};
+
+}  // namespace morvane::bridges

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/runtime_error.h"
+
+namespace morvane {
+class Program;
+}
+
+namespace morvane::files {
+
+/// What is wrong in a file, and the line (from 1) where it stands. `Text` is a text of the
+/// catalogue in which only the line's own placeholder is still to be filled.
+struct FormatFault {
+  std::string Text;
+  int Line = 0;
+};
+
+/// The text that the operator sees for `fault`.
+[[nodiscard]] std::string FaultText(const FormatFault& fault);
+
+/// Tells the operator that the file is not what its format asks for.
+void ReportFormatFault(Program& program, const FormatFault& fault);
+/// Tells the operator that the system failed to read or to write.
+void ReportLoadFailure(Program& program, const RuntimeError& error);
+void ReportSaveFailure(Program& program, const RuntimeError& error);
+
+}  // namespace morvane::files

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace morvane {
+class Program;
+}
+
+namespace morvane::files {
+
+/// Fills the set, which is clear, from the file. False: the operator has been told why.
+using Reader = bool (*)(Program& program, std::string_view formatName, const std::string& path);
+/// Writes the set to the file. False: nothing was saved, because of an error that the operator has
+/// been told or because of an answer.
+using Writer = bool (*)(Program& program, const std::string& path,
+                        const std::string& incompleteBoards);
+
+/// One board-file format: how it is called and what it can hold.
+struct Format {
+  enum class Numbers { None, FirstAndLast, EachBoard };
+
+  std::string_view Extension;  ///< upper case, without the dot
+  std::string_view Name;       ///< in messages
+  bool EventTexts = false;
+  Numbers BoardNumbers = Numbers::None;
+  bool IncompleteBoards = false;
+  bool AnalysisResults = false;
+  Reader Read = nullptr;   ///< none: this format can't be loaded
+  Writer Write = nullptr;  ///< none: this format can't be saved
+};
+
+/// The format of an upper-case extension; null when there is none. The extension alone decides,
+/// never the content.
+[[nodiscard]] const Format* FindFormat(std::string_view extension);
+
+/// The upper-cased text behind the last "." of a file title; empty without one.
+[[nodiscard]] std::string ExtensionOf(std::string_view title);
+
+/// The filter rows of the two file dialogs.
+[[nodiscard]] std::string OpenFilter(int serviceLevel);
+[[nodiscard]] std::string SaveFilter();
+
+/// The filter row, counted from 1, that the last used format preselects; 0 is the first row too.
+[[nodiscard]] int OpenFilterIndex(std::string_view initFormat, int serviceLevel);
+[[nodiscard]] int SaveFilterIndex(std::string_view initFormat);
+
+}  // namespace morvane::files

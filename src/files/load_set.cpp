@@ -1,0 +1,103 @@
+#include "files/load_set.h"
+
+#include <utility>
+
+#include "files/format_table.h"
+#include "files/last_used.h"
+#include "files/save_set.h"
+#include "model/text.h"
+#include "platform/files.h"
+#include "program/program.h"
+
+namespace morvane::files {
+namespace {
+
+/// Whether the current set may go: it has no changes, they were saved, or the operator gives it up.
+bool MayReplaceSet(Program& program) {
+  int answer = kYes;
+  if (program.Set.Changed()) {
+    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, "Load New Board Set");
+    if (answer == kYes) SaveBoardSet(program);
+  }
+  return (answer == kYes && !program.Set.Changed()) || answer == kNo;
+}
+
+FileRequest OpenRequest(const Program& program) {
+  FileRequest request;
+  request.Title = "Open Board Set file";
+  request.Filter = OpenFilter(program.ServiceLevel);
+  request.FilterIndex = OpenFilterIndex(program.Store.Get(kInitFormat), program.ServiceLevel);
+  request.Directory = InitialDirectory(program.Store);
+  return request;
+}
+
+void ClearSet(Program& program) {
+  program.Set.Clear();
+  program.Set.BoardSetFile.clear();
+  program.Operator.RefreshSet();
+}
+
+bool ReadByExtension(Program& program, const std::string& path) {
+  std::string extension = ExtensionOf(FileTitle(path));
+  if (extension == "TXT" && program.ServiceLevel == 0) extension.clear();
+  const Format* const format = FindFormat(extension);
+  if (format != nullptr && format->Read != nullptr) {
+    return format->Read(program, format->Name, path);
+  }
+  program.Status("Load operation aborted");
+  program.ShowMessage(Fill(program.Texts.Msg011, "***", extension), kOkCritical, "Load Error");
+  return false;
+}
+
+void TakeLoadedSet(Program& program, const std::string& path) {
+  BoardSet& set = program.Set;
+  RememberFile(program.Store, path);
+  program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
+  set.BoardSetFile = path;
+  program.Operator.RefreshSet();
+  program.Status("Boards loaded: " + std::to_string(set.Count()));
+}
+
+}  // namespace
+
+void LoadBoardSet(Program& program, std::string& startFile) {
+  const std::string pending = std::exchange(startFile, {});
+  if (program.AnalysisRunning) {
+    program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
+    return;
+  }
+  program.Status("Loading");
+  if (!MayReplaceSet(program)) {
+    program.Status("Ready");
+    return;
+  }
+  program.Log.WriteTime(" File-Load: ");
+  if (!pending.empty()) {
+    LoadFile(program, pending);
+    return;
+  }
+  // A set given up here counts as saved even when the dialog is cancelled: required.
+  program.Set.BoardSetChanged = "0";
+  if (const auto path = program.Operator.AskFile(OpenRequest(program))) {
+    LoadFile(program, *path);
+    return;
+  }
+  program.Status("Ready");
+  program.Operator.RefreshSet();
+}
+
+bool LoadFile(Program& program, const std::string& path) {
+  ClearSet(program);
+  program.Log.WriteLine("  Load: " + path);
+  const bool loaded = ReadByExtension(program, path);
+  if (loaded) {
+    TakeLoadedSet(program, path);
+  } else {
+    ClearSet(program);
+    program.Status("Ready");
+  }
+  program.Set.BoardSetChanged = "0";
+  return loaded;
+}
+
+}  // namespace morvane::files

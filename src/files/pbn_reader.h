@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "files/failure_reports.h"
+#include "model/board_set.h"
+#include "model/messages.h"
+
+namespace morvane::files {
+
+/// The tags that the reader knows. `Vul` is the tag `Vulnerable`, `Double` `DoubleDummyTricks`.
+enum class PbnTag { Event, Site, Date, Board, Dealer, Vul, Deal, Double };
+
+/// How far the reading of a file has come.
+struct PbnReading {
+  enum class Stage { Start = 1, Board = 5, Deal = 6 };
+
+  BoardSet& Set;
+  const Messages& Texts;
+  int BoardNumber = 0;  ///< of the last `Board` tag, 0 before the first
+  Stage State = Stage::Start;
+};
+
+/// Puts one tag's value into the set. An error text whose line is still to be filled, or empty.
+[[nodiscard]] std::string ApplyPbnTag(PbnReading& reading, PbnTag tag, std::string_view value);
+
+/// Reads UTF-8 `text` into `set`, which must be clear. After a fault the set holds what came before
+/// it.
+[[nodiscard]] std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set,
+                                                  const Messages& texts);
+
+bool ReadPbnFile(Program& program, std::string_view formatName, const std::string& path);
+
+}  // namespace morvane::files

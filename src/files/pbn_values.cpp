@@ -1,0 +1,120 @@
+#include "files/pbn_values.h"
+
+#include <array>
+
+#include "files/text_encoding.h"
+#include "model/text.h"
+
+namespace morvane::files {
+namespace {
+
+constexpr std::string_view kHandLetters = "NESW";
+constexpr std::string_view kTricksOfLevel = "1789abcd";
+constexpr std::size_t kDenominations = 5;
+constexpr std::size_t kTricks = kHands * kDenominations;
+/// Where each declarer of the value, North, South, East, West, stands in `Board::Tricks`.
+constexpr std::array<std::size_t, kHands> kFirstOfDeclarer{0, 10, 5, 15};
+
+std::size_t TricksIndex(std::size_t position) {
+  return kFirstOfDeclarer[position / kDenominations] + position % kDenominations;
+}
+
+std::string FormatHand(const Board& board, int hand) {
+  std::string text;
+  int suit = 1;
+  bool empty = true;
+  for (int card = 1; card <= kCards; ++card) {
+    if (board.Cards[static_cast<std::size_t>(card)] != hand) continue;
+    for (; suit < CardSuit(card); ++suit) text += '.';
+    text += CardLetter(card);
+    empty = false;
+  }
+  return empty ? "-" : text.append(static_cast<std::size_t>(kSuits - suit), '.');
+}
+
+char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+
+std::size_t SkipSpaces(std::string_view value, std::size_t at) {
+  while (at < value.size() && value[at] == ' ') ++at;
+  return at;
+}
+
+/// Reads one hand from `at` on, up to a space or the end.
+std::string ParseHand(std::string_view value, std::size_t& at, int hand, Board& board,
+                      const Messages& texts) {
+  std::size_t suit = 0;
+  for (; at < value.size() && value[at] != ' '; ++at) {
+    if (value[at] == '.') {
+      if (++suit == kSuits) return texts.Msg029;
+      continue;
+    }
+    const std::size_t rank = CardLetters.find(UpperLetter(value[at]));
+    if (rank == std::string_view::npos) return Fill(texts.Msg027, "***", CharacterAt(value, at));
+    std::uint8_t& holder = board.Cards[suit * kRanks + rank + 1];
+    if (holder != 0) return Fill(texts.Msg028, "***", value.substr(at, 1));
+    holder = static_cast<std::uint8_t>(hand);
+  }
+  return {};
+}
+
+/// The level 0..7 of a tricks character, -1 for any other character.
+int LevelOf(char c) {
+  if (c >= '0' && c <= '6') return 0;
+  if (c >= '7' && c <= '9') return c - '6';
+  const char letter = UpperLetter(c);
+  return letter >= 'A' && letter <= 'D' ? letter - 'A' + 4 : -1;
+}
+
+}  // namespace
+
+std::string FormatPbnDeal(const Board& board, int dealer) {
+  std::string text{HandLetter(dealer), ':'};
+  for (int i = 0, hand = dealer; i < kHands; ++i, hand = NextHand(hand)) {
+    if (i > 0) text += ' ';
+    text += FormatHand(board, hand);
+  }
+  return text;
+}
+
+std::string ParsePbnDeal(std::string_view value, Board& board, const Messages& texts) {
+  constexpr int kMostHands = 5;  // the fifth goes to the first hand again: required
+  const std::size_t letter =
+      value.empty() ? std::string_view::npos : kHandLetters.find(UpperLetter(value[0]));
+  if (letter == std::string_view::npos) return Fill(texts.Msg027, "***", CharacterAt(value, 0));
+  if (value.size() < 2 || value[1] != ':') return Fill(texts.Msg023, "***", ":");
+
+  int hand = static_cast<int>(letter) + 1;
+  std::size_t at = SkipSpaces(value, 2);
+  for (int hands = 0; at < value.size(); hand = NextHand(hand)) {
+    if (value[at] == '-') {
+      ++at;
+    } else if (auto error = ParseHand(value, at, hand, board, texts); !error.empty()) {
+      return error;
+    }
+    at = SkipSpaces(value, at);
+    if (++hands > kMostHands) return texts.Msg030;
+  }
+  return {};
+}
+
+std::string FormatPbnTricks(const Board& board) {
+  std::string text;
+  for (std::size_t i = 0; i < kTricks; ++i) text += kTricksOfLevel[board.Tricks[TricksIndex(i)]];
+  return text;
+}
+
+std::string ParsePbnTricks(std::string_view value, Board& board, const Messages& texts) {
+  if (CharacterCount(value) != kTricks) return texts.Msg031;
+  std::string error;
+  for (std::size_t i = 0, at = 0; i < kTricks; ++i) {
+    const std::string_view character = CharacterAt(value, at);
+    const int level = LevelOf(character[0]);
+    // The last of several faults is the one told: required.
+    if (level < 0) error = Fill(texts.Msg027, "***", character);
+    board.Tricks[TricksIndex(i)] = static_cast<std::uint8_t>(level < 0 ? 0 : level);
+    at += character.size();
+  }
+  return error;
+}
+
+}  // namespace morvane::files

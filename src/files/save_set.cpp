@@ -1,0 +1,73 @@
+#include "files/save_set.h"
+
+#include "files/capability_checks.h"
+#include "files/format_table.h"
+#include "files/last_used.h"
+#include "platform/files.h"
+#include "program/program.h"
+
+namespace morvane::files {
+namespace {
+
+FileRequest SaveRequest(const Program& program) {
+  FileRequest request;
+  request.Title = "Save Board Set";
+  request.Filter = SaveFilter();
+  request.FilterIndex = SaveFilterIndex(program.Store.Get(kInitFormat));
+  request.Directory = InitialDirectory(program.Store);
+  request.Saving = true;
+  return request;
+}
+
+/// The time of day with a colon behind the seconds, unlike everywhere else: required.
+std::string SaveTime(const Clock& clock) {
+  constexpr std::size_t kHalfOfDay = 3;  // " AM", " PM"
+  std::string time = TimeText(clock);
+  return time.insert(time.size() - kHalfOfDay, 1, ':');
+}
+
+void TakeSavedSet(Program& program, const std::string& path) {
+  RememberFile(program.Store, path);
+  program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
+  program.Set.BoardSetFile = path;
+  program.Operator.RefreshSet();
+  program.Set.BoardSetChanged = "0";
+}
+
+}  // namespace
+
+void SaveBoardSet(Program& program) {
+  program.Status("Saving");
+  if (!program.Set.Exists()) {
+    program.Status(program.Texts.Msg034);
+    program.ShowMessage(program.Texts.Msg034, kOkCritical, "Save Error");
+    return;
+  }
+  program.Log.WriteLine(" File-Save: " + SaveTime(program.Time));
+  if (const auto path = program.Operator.AskFile(SaveRequest(program))) {
+    SaveFile(program, *path);
+    return;
+  }
+  program.Status("Ready");
+  program.Operator.RefreshSet();
+}
+
+bool SaveFile(Program& program, const std::string& path) {
+  program.Log.WriteLine("  Save: " + path);
+  const std::string extension = ExtensionOf(FileTitle(path));
+  const Format* const format = FindFormat(extension);
+  if (format == nullptr || format->Write == nullptr) {
+    program.Status("Save operation aborted");
+    program.ShowMessage(Fill(program.Texts.Msg010, "***", extension), kOkCritical, "Save Error");
+    return false;
+  }
+  if (!format->Write(program, path, IncompleteBoardList(program.Set))) {
+    program.Status("Save operation aborted");
+    program.Status("Ready");
+    return false;
+  }
+  TakeSavedSet(program, path);
+  return true;
+}
+
+}  // namespace morvane::files

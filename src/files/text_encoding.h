@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace morvane::files {
+
+// Text is UTF-8 in memory. On disk it is Windows-1252, as the other programs of the field write it,
+// wherever that says the same; `DecodeText(EncodeText(text)) == text` for every UTF-8 text.
+
+/// The bytes of a file as UTF-8: bytes that are valid UTF-8 throughout are taken as such, without a
+/// byte-order mark at their start, all others as Windows-1252. No byte is refused.
+[[nodiscard]] std::string DecodeText(std::string bytes);
+
+/// UTF-8 `text` as the bytes of a file.
+[[nodiscard]] std::string EncodeText(std::string_view text);
+
+/// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end.
+[[nodiscard]] std::string_view CharacterAt(std::string_view text, std::size_t at);
+
+}  // namespace morvane::files

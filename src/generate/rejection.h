@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "generate/history_ring.h"
+#include "model/board_set.h"
+
+namespace morvane::generate {
+
+/// Which of the tests are on.
+struct RejectionSwitches {
+  bool Shape = false;
+  bool Inner = false;
+  bool History = false;
+};
+
+/// From how many cards in common on a candidate is too much like another deal.
+struct RejectionLimits {
+  std::int16_t InnerLimit = 13;
+  std::int16_t HistoryLimit = 13;
+};
+
+/// The most alike pair of a run: a board of the set, and another board of the set or of history.
+struct BestPair {
+  int Cards = 0;  ///< 0: there is no pair
+  int Number = 0;
+  char Hand = ' ';
+  int OtherNumber = 0;
+  char OtherHand = ' ';
+  std::string File;  ///< of a historic board
+
+  /// "9, 12N:5E", the set's board first; empty without a pair.
+  [[nodiscard]] std::string Text() const;
+};
+
+/// The tests that a candidate must pass before it becomes a board of the set, with what they have
+/// counted and seen during one run.
+class RejectionTests {
+ public:
+  /// `set` and `history` are read at each test and outlive the run, which starts at board `first`.
+  RejectionTests(const BoardSet& set, const HistoryRing& history, int first,
+                 RejectionSwitches switches, RejectionLimits limits)
+      : set_(set), history_(history), first_(first), switches_(switches), limits_(limits) {}
+
+  /// Whether `candidate`, with its cards complete, may not become board `k`.
+  [[nodiscard]] bool Rejects(const Board& candidate, int k);
+
+  int ShapeRejects = 0;
+  int InnerRejects = 0;
+  int HistoryRejects = 0;
+  BestPair BestInner;
+  BestPair BestHistory;
+
+ private:
+  [[nodiscard]] bool HasOddShape(const Board& candidate, int k) const;
+  [[nodiscard]] bool ResemblesSet(const Board& candidate, int k);
+  [[nodiscard]] bool ResemblesHistory(const Board& candidate, int k);
+  [[nodiscard]] bool IsOddShape(int shape, int k) const;
+
+  const BoardSet& set_;
+  const HistoryRing& history_;
+  int first_;
+  RejectionSwitches switches_;
+  RejectionLimits limits_;
+};
+
+/// How often a shape may stand in the set before board `k`: twice its expected count, rounded half
+/// to even.
+[[nodiscard]] int ShapeLimit(int shape, int k);
+
+}  // namespace morvane::generate

@@ -1,0 +1,142 @@
+#include "generate/seeds.h"
+
+#include <algorithm>
+#include <optional>
+#include <span>
+
+#include "model/text.h"
+
+namespace morvane::generate {
+namespace {
+
+constexpr std::size_t kSeedrBytes = 20;
+constexpr std::size_t kSeedoBytes = 20;
+constexpr std::size_t kLfsrBytes = 16;
+constexpr int kNoErrorNumber = 999;
+
+/// One bare compression of pool bytes 1..60 behind a word of zero. The newest four bytes, 61..64,
+/// do not enter: required.
+Digest DigestOfPool(const RandomPool& pool) {
+  std::array<std::uint32_t, 16> block{};
+  for (std::size_t i = 1; i < block.size(); ++i) {
+    block[i] = LittleEndianWord(std::span<const std::uint8_t, 4>(&pool.Seedm[4 * i - 3], 4));
+  }
+  Digest digest = kRipemdInitial;
+  Compress(digest, block);
+  return digest;
+}
+
+std::uint32_t BigEndianWord(std::span<const std::uint8_t, 4> bytes) {
+  return std::uint32_t{bytes[0]} << 24U | std::uint32_t{bytes[1]} << 16U |
+         std::uint32_t{bytes[2]} << 8U | std::uint32_t{bytes[3]};
+}
+
+void LogBits(Program& program, const RandomPool& pool) {
+  program.Log.WriteLine("  New random bits collected: " + std::to_string(pool.SeedmCounter));
+}
+
+void LogSeedr(Program& program, const NumberDealer& dealer) {
+  program.Log.WriteLine("  Seedr: " + HexBytes(std::span(dealer.Seedr).subspan<1>()));
+}
+
+void LogSeedo(Program& program, const NumberDealer& dealer) {
+  std::array<std::uint8_t, kSeedoBytes> bytes{};
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = DigestByte(dealer.Seedo, i);
+  program.Log.WriteLine("  Seedo: " + HexBytes(bytes));
+}
+
+void LogLfsr(Program& program, const ShufflingDealer& dealer) {
+  const auto& state = dealer.LfsrState;
+  program.Log.WriteLine("  Seed: " + Hex8(state[0]) + " " + Hex8(state[1]) + " " + Hex8(state[2]) +
+                        " " + Hex8(state[3]));
+}
+
+void ShowSourceError(Program& program, const RuntimeError& error) {
+  const std::string text = Fill(program.Texts.Msg119, "***", std::to_string(error.Number));
+  program.ShowMessage(Fill(text, "###", error.Description), kOkCritical, kGenerateCaption);
+}
+
+/// Bytes 1..20 of `Seedr` from the system, logged; whether they can be used.
+bool FillSeedr(Program& program, NumberDealer& dealer) {
+  const Entropy::Answer answer = program.Random.SystemRandom(dealer.Seedr);
+  if (answer.Error) {
+    ShowSourceError(program, *answer.Error);
+    return false;
+  }
+  LogSeedr(program, dealer);
+  const bool anyBit = std::any_of(dealer.Seedr.begin() + 1, dealer.Seedr.end(),
+                                  [](std::uint8_t byte) { return byte != 0; });
+  if (answer.Ok && anyBit) return true;
+  ShowSourceError(program, {kNoErrorNumber, ""});
+  return false;
+}
+
+std::optional<std::string> SeedBytes(std::string_view text, std::size_t size) {
+  auto bytes = BytesOfHex(text);
+  if (bytes && bytes->size() != size) return std::nullopt;
+  return bytes;
+}
+
+}  // namespace
+
+bool PrepareNumberSeeds(Program& program, Generator& generator) {
+  NumberDealer& dealer = generator.Number;
+  dealer.BlockCounter = 0;
+  generator.Pool.AddTimeEntropy();
+  generator.Pool.SavePool();
+  LogBits(program, generator.Pool);
+  program.Log.WriteLine("  Seedm: " + generator.Pool.HexText());
+  dealer.Seedo = DigestOfPool(generator.Pool);
+  if (!FillSeedr(program, dealer)) return false;
+  LogSeedo(program, dealer);
+  generator.Pool.SeedmCounter = 0;
+  return true;
+}
+
+void PrepareLfsrSeed(Program& program, Generator& generator) {
+  RandomPool& pool = generator.Pool;
+  pool.AddTimeEntropy();
+  pool.SavePool();
+  const LocalTime now = program.Time.Now();
+  const auto days = static_cast<std::uint32_t>(now.DaysFrom2008()) % 8192U;
+  const auto ticks = static_cast<std::uint32_t>(MillisecondsOfDay(now) / 10);
+  auto& state = generator.Shuffling.LfsrState;
+  state[3] = (days << 18U) ^ ticks;
+  for (std::size_t i = 0; i < 3; ++i) {
+    state[i] = BigEndianWord(std::span<const std::uint8_t, 4>(&pool.Seedm[53 + 4 * i], 4));
+  }
+  LogBits(program, pool);
+  LogLfsr(program, generator.Shuffling);
+  pool.SeedmCounter = 0;
+}
+
+bool UseNumberSeeds(Program& program, NumberDealer& dealer, std::string_view seedr,
+                    std::string_view seedo) {
+  const auto seedrBytes = SeedBytes(seedr, kSeedrBytes);
+  const auto seedoBytes = SeedBytes(seedo, kSeedoBytes);
+  if (!seedrBytes || !seedoBytes) return false;
+  dealer.BlockCounter = 0;
+  dealer.Seedo = {};
+  for (std::size_t i = 0; i < kSeedrBytes; ++i) {
+    dealer.Seedr[i + 1] = static_cast<std::uint8_t>((*seedrBytes)[i]);
+    const auto byte = static_cast<std::uint8_t>((*seedoBytes)[i]);
+    dealer.Seedo[i / 4] |= std::uint32_t{byte} << (i % 4 * 8);
+  }
+  LogSeedr(program, dealer);
+  LogSeedo(program, dealer);
+  return true;
+}
+
+bool UseLfsrSeed(Program& program, ShufflingDealer& dealer, std::string_view seed) {
+  const auto bytes = SeedBytes(seed, kLfsrBytes);
+  if (!bytes) return false;
+  for (std::size_t i = 0; i < kLfsrBytes; ++i) {
+    const auto byte = static_cast<std::uint8_t>((*bytes)[i]);
+    dealer.LfsrState[i / 4] = dealer.LfsrState[i / 4] << 8U | byte;
+  }
+  dealer.NewDeck();
+  LogLfsr(program, dealer);
+  return true;
+}
+
+}  // namespace morvane::generate

@@ -1,0 +1,64 @@
+#include "generate/shuffling_dealer.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace morvane::generate {
+namespace {
+
+constexpr int kRiffles = 50;
+constexpr int kStepsPerPacket = 3;
+constexpr std::array<std::uint32_t, 4> kStuck{0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF};
+
+std::uint32_t Feedback(const std::array<std::uint32_t, 4>& state) {
+  if (state == kStuck) return 0;  // the one state that the inverted feedback would never leave
+  const std::uint32_t top = state[0];
+  return ~(top >> 27U ^ top >> 25U ^ top >> 4U ^ top >> 2U) & 1U;
+}
+
+}  // namespace
+
+void ShufflingDealer::LfsrStep() {
+  const std::uint32_t feedback = Feedback(LfsrState);
+  for (std::size_t i = 0; i < 3; ++i) LfsrState[i] = LfsrState[i] << 1U | LfsrState[i + 1] >> 31U;
+  LfsrState[3] = LfsrState[3] << 1U | feedback;
+  ShuffleStep = (LfsrState[3] & 7U) + 1;
+}
+
+void ShufflingDealer::NextShuffledDeal(Board& board) {
+  for (int i = 0; i < kRiffles; ++i) Riffle();
+  board = Board{};
+  int hand = kNorth;
+  for (std::size_t k = 1; k <= kCards; ++k, hand = NextHand(hand)) {
+    board.Cards[static_cast<std::size_t>(Deck[k])] = static_cast<std::uint8_t>(hand);
+  }
+}
+
+void ShufflingDealer::NewDeck() { std::iota(Deck.begin(), Deck.end(), std::int8_t{0}); }
+
+void ShufflingDealer::Riffle() {
+  Pile pileA{};
+  Pile pileB{};
+  std::size_t heightA = 0;
+  std::size_t heightB = 0;
+  for (std::size_t i = 1; i <= kCards;) {
+    const std::size_t packetA = MovePacket(i, pileA, heightA);
+    heightA += packetA;
+    i += packetA;
+    const std::size_t packetB = MovePacket(i, pileB, heightB);
+    heightB += packetB;
+    i += packetB;
+  }
+  const auto next = std::copy_n(pileB.begin(), heightB, Deck.begin() + 1);
+  std::copy_n(pileA.begin(), heightA, next);
+}
+
+std::size_t ShufflingDealer::MovePacket(std::size_t from, Pile& pile, std::size_t height) {
+  for (int i = 0; i < kStepsPerPacket; ++i) LfsrStep();
+  if (ShuffleStep + from > kCards) ShuffleStep = static_cast<std::uint32_t>(kCards + 1 - from);
+  const auto packet = Deck.begin() + static_cast<std::ptrdiff_t>(from);
+  std::copy_n(packet, ShuffleStep, pile.begin() + static_cast<std::ptrdiff_t>(height));
+  return ShuffleStep;
+}
+
+}  // namespace morvane::generate

@@ -1,0 +1,79 @@
+#include "platform/file_lock.h"
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/files.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+namespace morvane {
+namespace {
+
+#ifdef _WIN32
+
+std::intptr_t OpenLockFile(const std::string& path) {
+  return reinterpret_cast<std::intptr_t>(
+      CreateFileW(PathOfUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE,
+                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                  FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool LockFile(std::intptr_t file, bool wait) {
+  OVERLAPPED whole{};
+  const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | (wait ? 0U : LOCKFILE_FAIL_IMMEDIATELY);
+  return LockFileEx(reinterpret_cast<HANDLE>(file), flags, 0, 1, 0, &whole) != 0;
+}
+
+void CloseLockFile(std::intptr_t file) { CloseHandle(reinterpret_cast<HANDLE>(file)); }
+
+#else
+
+std::intptr_t OpenLockFile(const std::string& path) {
+  return open(PathOfUtf8(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+}
+
+bool LockFile(std::intptr_t file, bool wait) {
+  int answer = 0;
+  do {
+    answer = flock(static_cast<int>(file), LOCK_EX | (wait ? 0 : LOCK_NB));
+  } while (answer != 0 && errno == EINTR);
+  return answer == 0;
+}
+
+void CloseLockFile(std::intptr_t file) { close(static_cast<int>(file)); }
+
+#endif
+
+}  // namespace
+
+std::optional<FileLock> FileLock::Wait(const std::string& path) { return Take(path, true); }
+
+std::optional<FileLock> FileLock::Try(const std::string& path) { return Take(path, false); }
+
+std::optional<FileLock> FileLock::Take(const std::string& path, bool wait) {
+  const std::intptr_t file = OpenLockFile(path);
+  if (file == kNone) return std::nullopt;
+  FileLock lock(file);
+  if (!LockFile(file, wait)) return std::nullopt;
+  return lock;
+}
+
+FileLock::FileLock(FileLock&& other) noexcept : file_(std::exchange(other.file_, kNone)) {}
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
+  std::swap(file_, other.file_);
+  return *this;
+}
+
+FileLock::~FileLock() {
+  if (file_ != kNone) CloseLockFile(file_);
+}
+
+}  // namespace morvane

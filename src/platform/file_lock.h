@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace morvane {
+
+/// A lock between processes (and between objects of one process), held on a file of its own until
+/// this object goes. The system drops it when its holder dies. The file stays; it is empty.
+class FileLock {
+ public:
+  /// Waits for the lock, making the file where it is missing. Nothing when it cannot be opened.
+  [[nodiscard]] static std::optional<FileLock> Wait(const std::string& path);
+  /// The same without waiting: nothing also when another holds the lock.
+  [[nodiscard]] static std::optional<FileLock> Try(const std::string& path);
+
+  FileLock(FileLock&& other) noexcept;
+  FileLock& operator=(FileLock&& other) noexcept;
+  ~FileLock();
+
+ private:
+  static constexpr std::intptr_t kNone = -1;
+  explicit FileLock(std::intptr_t file) : file_(file) {}
+  static std::optional<FileLock> Take(const std::string& path, bool wait);
+  std::intptr_t file_ = kNone;
+};
+
+}  // namespace morvane

@@ -1,0 +1,86 @@
+#include "platform/user_folders.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/files.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
+namespace morvane {
+namespace {
+
+constexpr std::string_view kDataFolder = "Morvane_Data";
+constexpr std::string_view kSettingsFile = "morvane.exe.ini";
+
+std::string Utf8Of(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+/// A folder from the environment; only an absolute path counts.
+std::string EnvironmentFolder(const char* name) {
+#ifdef _WIN32
+  const wchar_t* text = _wgetenv(std::filesystem::path(name).c_str());
+#else
+  const char* text = std::getenv(name);
+#endif
+  if (text == nullptr) return {};
+  std::filesystem::path folder(text);
+  if (!folder.is_absolute()) return {};
+  if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
+  return Utf8Of(folder);
+}
+
+}  // namespace
+
+#ifdef _WIN32
+
+std::string HomeFolder() { return EnvironmentFolder("USERPROFILE"); }
+
+std::string ApplicationFolder(const std::string& argv0) {
+  constexpr DWORD kLongestPath = 32768;
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), kLongestPath));
+  if (path.empty()) return Utf8Of(PathOfUtf8(AbsolutePath(argv0)).parent_path());
+  return Utf8Of(std::filesystem::path(path).parent_path());
+}
+
+std::string DefaultDataFolder(const std::string& applicationFolder) {
+  return JoinPath(Utf8Of(PathOfUtf8(applicationFolder).root_path()), kDataFolder);
+}
+
+std::string DefaultSettingsFile() { return JoinPath(EnvironmentFolder("APPDATA"), kSettingsFile); }
+
+#else
+
+std::string HomeFolder() {
+  if (std::string home = EnvironmentFolder("HOME"); !home.empty()) return home;
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
+}
+
+std::string ApplicationFolder(const std::string& argv0) {
+  std::error_code failure;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
+  return Utf8Of((failure ? PathOfUtf8(AbsolutePath(argv0)) : program).parent_path());
+}
+
+std::string DefaultDataFolder(const std::string& /*applicationFolder*/) {
+  const std::string folder = EnvironmentFolder("XDG_DATA_HOME");
+  return JoinPath(folder.empty() ? JoinPath(HomeFolder(), ".local/share") : folder, kDataFolder);
+}
+
+std::string DefaultSettingsFile() {
+  const std::string folder = EnvironmentFolder("XDG_CONFIG_HOME");
+  return JoinPath(folder.empty() ? JoinPath(HomeFolder(), ".config") : folder, kSettingsFile);
+}
+
+#endif
+
+}  // namespace morvane

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace morvane {
+
+// Where things are for this user, as absolute paths without a separator at the end. Nothing is made
+// here.
+
+[[nodiscard]] std::string HomeFolder();
+/// The folder of the running program. `argv0` serves where the system does not tell.
+[[nodiscard]] std::string ApplicationFolder(const std::string& argv0);
+/// `Morvane_Data` on the application's drive on Windows, in the user's data folder elsewhere.
+[[nodiscard]] std::string DefaultDataFolder(const std::string& applicationFolder);
+/// `morvane.exe.ini` in the user's configuration folder.
+[[nodiscard]] std::string DefaultSettingsFile();
+
+}  // namespace morvane

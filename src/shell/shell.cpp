@@ -1,0 +1,109 @@
+#include "shell/shell.h"
+
+#include "files/load_set.h"
+#include "files/save_set.h"
+#include "machine/open_link.h"
+
+namespace morvane::shell {
+
+/// One flow of the menu. `Timer2mm` stands still while any is open, so that no request from outside
+/// and no pool update runs inside one.
+class Shell::Flow {
+ public:
+  explicit Flow(Shell& shell) : shell_(shell) {
+    ++shell_.flows_;
+    shell_.Timer2mm_.reset();
+  }
+  ~Flow() {
+    if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
+  }
+  Flow(const Flow&) = delete;
+  Flow& operator=(const Flow&) = delete;
+
+ private:
+  Shell& shell_;
+};
+
+Shell::Shell(Program& program, UsbXpress& usb, Windows& windows)
+    : program_(program), windows_(windows), generator_(program), machine_(program, usb) {}
+
+void Shell::MenuLoad() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  files::LoadBoardSet(program_, startFile_);
+}
+
+void Shell::MenuSave() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  files::SaveBoardSet(program_);
+}
+
+void Shell::MenuDeal() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  program_.Status("Dealing");
+  if (!program_.Set.Exists()) {
+    program_.Status(program_.Texts.Msg034);
+    program_.ShowMessage(program_.Texts.Msg034, kOkCritical, "Dealing Error");
+  } else if (machine::OpenLink(program_, machine_.Link, kRunTimeoutMs)) {
+    machine::DealingRun run(program_, machine_, runMemory_);
+    const auto window = windows_.OpenDealinProg(run);
+    run.Open(*window);
+    program_.Loop.RunUntil([&] { return run.Closed(); });
+    if (!run.Closed()) run.Exit();
+  }
+  program_.Status("Ready");
+}
+
+bool Shell::Exit() {
+  if (FlowActive()) return false;
+  const Flow flow(*this);
+  // Before any question, so that the pool is saved even if the exit is cancelled.
+  generator_.Pool.SavePool();
+  if (program_.AnalysisRunning) {
+    program_.ShowMessage(program_.Texts.Msg105, kOkCritical, "Exit Error");
+    return false;
+  }
+  if (program_.Set.Changed()) {
+    const int answer = program_.Ask(program_.Texts.Msg062, kYesNoCancelExclamation, "Exit");
+    if (answer == kYes) files::SaveBoardSet(program_);
+    if (answer != kNo && program_.Set.Changed()) return false;
+  }
+  program_.Log.WriteTime(" Exit: ");
+  started_ = false;
+  program_.Loop.Quit();
+  return true;
+}
+
+FilteredBox Shell::ChangeEvent(EventText which, FilteredBox box) {
+  BoardSet& set = program_.Set;
+  FilterLength(box, which == EventText::kName   ? set.EventName
+                    : which == EventText::kSite ? set.EventSite
+                                                : set.EventDate);
+  // Also for a text that was refused: required.
+  set.BoardSetChanged = "1";
+  return box;
+}
+
+void Shell::ToggleStatistics() {
+  program_.ShowStatistics = !program_.ShowStatistics;
+  program_.Operator.RefreshSet();
+}
+
+void Shell::EnableTimer2mm() {
+  Timer2mm_ = program_.Loop.StartTimer(kTimer2Ms, [this] { Timer2mmTick(); });
+}
+
+void Shell::Timer2mmTick() {
+  const Point mouse = program_.Operator.Mouse();
+  generator_.Pool.SampleMouse(mouse.X, mouse.Y);
+}
+
+void Shell::Activated() {
+  if (program_.ActivateTime == 0) {
+    program_.ActivateTime = generate::MillisecondsOfDay(program_.Time.Now());
+  }
+}
+
+}  // namespace morvane::shell

@@ -1,0 +1,146 @@
+#include "simulator/card_run.h"
+
+#include <algorithm>
+#include <random>
+#include <utility>
+
+namespace morvane::simulator {
+namespace {
+
+using machine::StatusReply;
+
+CardRun::Time CardTimeAt(double speed) {
+  if (speed <= 0.0) return CardRun::Time(0);
+  const double time = static_cast<double>(CardRun::kCardTime.count()) / speed;
+  return CardRun::Time(std::max<CardRun::Time::rep>(1, static_cast<CardRun::Time::rep>(time)));
+}
+
+std::uint64_t SeedOf(const Options& options) {
+  if (options.Seed) return *options.Seed;
+  std::random_device source;
+  return std::uint64_t{source()} << 32U | source();
+}
+
+}  // namespace
+
+CardRun::CardRun(const Options& options)
+    : cardTime_(CardTimeAt(options.Speed)), feeder_(SeedOf(options)), faults_(options.Faults) {}
+
+void CardRun::Begin(RunKind kind, const machine::HandList& pockets, Time now) {
+  if (Busy() && kind == kind_ && pockets == handList_) return;
+  kind_ = kind;
+  handList_ = pockets;
+  for (Pile& pocket : pockets_) pocket.Clear();
+  cardLog_ = {};
+  Load();
+  SetState(StatusReply::kBusy);
+  nextCardAt_ = now + cardTime_;
+}
+
+void CardRun::Load() {
+  switch (kind_) {
+    case RunKind::Read:
+      feeder_.LoadForReading(boardToRead_, handList_);
+      break;
+    case RunKind::Sort:
+      feeder_.LoadFourPacks();
+      break;
+    default:
+      feeder_.LoadPack();
+  }
+}
+
+void CardRun::GoOn(Time now) {
+  if (Busy()) return;
+  if (kind_ == RunKind::None) {
+    SetState(kCodeCardOrder);
+    return;
+  }
+  if (!CanGoOnAfter(state_)) return;
+  SetState(StatusReply::kBusy);
+  nextCardAt_ = now + cardTime_;
+}
+
+void CardRun::Break() { Stop(kCodeBreak); }
+
+void CardRun::Stop(std::uint8_t code) {
+  if (Busy()) SetState(code);
+}
+
+void CardRun::ClearError() {
+  if (Busy() || state_ == StatusReply::kIdle) return;
+  kind_ = RunKind::None;
+  SetState(StatusReply::kIdle);
+}
+
+void CardRun::Forget() {
+  kind_ = RunKind::None;
+  SetState(StatusReply::kIdle);
+}
+
+void CardRun::Advance(Time now) {
+  if (cardTime_.count() == 0) return;
+  while (Busy() && nextCardAt_ <= now) {
+    FallOne();
+    nextCardAt_ += cardTime_;
+  }
+}
+
+void CardRun::Polled() {
+  if (cardTime_.count() == 0 && Busy()) FallOne();
+}
+
+void CardRun::FallOne() {
+  if (const std::uint8_t code = DueFault()) {
+    Stop(code);
+    return;
+  }
+  const std::size_t pocket = PocketOfFront();
+  if (pocket == 0) {  // a card that nobody wants
+    Stop(kCodeCardOrder);
+    return;
+  }
+  const int card = feeder_.Front();
+  pockets_[pocket].Add(card);
+  feeder_.Feed();
+  cardLog_[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(Fallen());
+  ++changes_;
+  if (feeder_.Left() == 0) Finish();
+}
+
+std::uint8_t CardRun::DueFault() {
+  if (nextFault_ != 0) return std::exchange(nextFault_, std::uint8_t{0});
+  const int card = static_cast<int>(Fallen()) + 1;
+  const auto due = std::find_if(faults_.begin(), faults_.end(), [&](const CardFault& fault) {
+    return fault.Board == boardsFinished_ + 1 && fault.Card == card;
+  });
+  if (due == faults_.end() || kind_ == RunKind::Sort) return 0;
+  const std::uint8_t code = due->Code;
+  faults_.erase(due);
+  return code;
+}
+
+std::size_t CardRun::PocketOfFront() const {
+  const int card = feeder_.Front();
+  switch (kind_) {
+    case RunKind::Sort:
+      return PocketOfHand[static_cast<std::size_t>(CardSuit(card))];
+    case RunKind::Read:  // the list tells the pocket of each place, not of each card
+      return handList_[Fallen()];
+    default:
+      return handList_[static_cast<std::size_t>(card - 1)];
+  }
+}
+
+void CardRun::Finish() {
+  if (kind_ == RunKind::Deal) ++boardsDealt_;
+  if (kind_ != RunKind::Sort) ++boardsFinished_;
+  SetState(StatusReply::kIdle);
+}
+
+void CardRun::SetState(std::uint8_t state) {
+  state_ = state;
+  ++changes_;
+}
+
+}  // namespace morvane::simulator

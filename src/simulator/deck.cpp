@@ -1,0 +1,71 @@
+#include "simulator/deck.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace morvane::simulator {
+
+void Feeder::LoadPack() {
+  Empty();
+  if (prepared_) {
+    for (const int card : *prepared_) cards_.Add(card);
+    prepared_.reset();
+    return;
+  }
+  for (int card = 1; card <= kCards; ++card) cards_.Add(card);
+  Shuffle();
+}
+
+void Feeder::LoadFourPacks() {
+  Empty();
+  for (int pack = 1; pack <= 4; ++pack) {
+    for (int card = 1; card <= kCards; ++card) cards_.Add(card);
+  }
+  Shuffle();
+}
+
+void Feeder::LoadForReading(const Board& board, const machine::HandList& pockets) {
+  LoadPack();
+  auto& cards = cards_.cards_;
+  for (std::size_t place = 0; place < pockets.size(); ++place) {
+    const std::size_t pocket = pockets[place];
+    if (pocket == 0 || pocket > kHands) continue;
+    for (std::size_t at = place; at < pockets.size(); ++at) {
+      const auto card = static_cast<std::size_t>(ProgramCard(cards[at]));
+      if (board.Cards[card] != HandOfPocket[pocket]) continue;
+      std::swap(cards[place], cards[at]);
+      break;
+    }
+  }
+}
+
+bool Feeder::Prepare(const std::array<std::uint8_t, kCards>& cards) {
+  auto sorted = cards;
+  std::sort(sorted.begin(), sorted.end());
+  for (std::size_t i = 0; i < sorted.size(); ++i) {
+    if (sorted[i] != i + 1) return false;
+  }
+  prepared_ = cards;
+  return true;
+}
+
+void Feeder::Empty() {
+  cards_.Clear();
+  fed_ = 0;
+}
+
+void Feeder::Shuffle() {
+  for (std::size_t left = cards_.Count(); left > 1; --left) {
+    std::swap(cards_.cards_[left - 1], cards_.cards_[Below(left)]);
+  }
+}
+
+// The standard distributions differ from library to library; a seed must not.
+std::size_t Feeder::Below(std::size_t limit) {
+  const std::uint64_t bound = std::mt19937_64::max() - std::mt19937_64::max() % limit;
+  std::uint64_t number = engine_();
+  while (number >= bound) number = engine_();
+  return static_cast<std::size_t>(number % limit);
+}
+
+}  // namespace morvane::simulator

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <random>
+
+#include "machine/wire/commands.h"
+#include "model/board.h"
+#include "model/tables.h"
+
+namespace morvane::simulator {
+
+/// The machine's number 1..52 of a program card 1..52: 1 is the Two of Spades, 52 the Ace of Clubs.
+[[nodiscard]] constexpr int MachineCard(int card) {
+  return static_cast<int>(machine::WirePosition(card)) - static_cast<int>(machine::kPayload) + 1;
+}
+/// Its inverse: each suit is turned round, which is the same step both ways.
+[[nodiscard]] constexpr int ProgramCard(int machineCard) { return MachineCard(machineCard); }
+
+/// A pile of machine cards of at most four packs, lowest first. It never allocates.
+class Pile {
+ public:
+  static constexpr std::size_t kCapacity = 4 * std::size_t{kCards};
+  void Clear() { count_ = 0; }
+  /// A card more than the pile holds is dropped.
+  void Add(int card) {
+    if (count_ < kCapacity) cards_[count_++] = static_cast<std::uint8_t>(card);
+  }
+  [[nodiscard]] std::size_t Count() const { return count_; }
+  [[nodiscard]] int operator[](std::size_t at) const { return cards_[at]; }
+
+ private:
+  friend class Feeder;
+  std::array<std::uint8_t, kCapacity> cards_{};
+  std::size_t count_ = 0;
+};
+
+/// The cards that wait to be fed. Every load is a fresh, fairly shuffled pack; the same seed gives
+/// the same packs on every system.
+class Feeder {
+ public:
+  explicit Feeder(std::uint64_t seed) : engine_(seed) {}
+  void Seed(std::uint64_t seed) { engine_.seed(seed); }
+
+  /// One pack: that of `Prepare` when there is one, otherwise a shuffled one.
+  void LoadPack();
+  /// Four packs shuffled together.
+  void LoadFourPacks();
+  /// A pack in which the card at place k of the feeder belongs to the hand of pocket `pockets`[k],
+  /// as far as `board` has such a card; the others lie as shuffled.
+  void LoadForReading(const Board& board, const machine::HandList& pockets);
+
+  /// The next `LoadPack` has these machine cards, first one first. False unless each of 1..52 is
+  /// there once.
+  bool Prepare(const std::array<std::uint8_t, kCards>& cards);
+
+  void Empty();
+  [[nodiscard]] std::size_t Left() const { return cards_.Count() - fed_; }
+  [[nodiscard]] std::size_t Loaded() const { return cards_.Count(); }
+  /// The card in front of the camera; there must be one.
+  [[nodiscard]] int Front() const { return cards_[fed_]; }
+  void Feed() { ++fed_; }
+
+ private:
+  void Shuffle();
+  std::size_t Below(std::size_t limit);
+
+  std::mt19937_64 engine_;
+  Pile cards_;
+  std::size_t fed_ = 0;
+  std::optional<std::array<std::uint8_t, kCards>> prepared_;
+};
+
+}  // namespace morvane::simulator

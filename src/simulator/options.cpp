@@ -1,0 +1,142 @@
+#include "simulator/options.h"
+
+#include <array>
+#include <charconv>
+
+namespace morvane::simulator {
+namespace {
+
+constexpr std::string_view kName = "simulated";
+constexpr std::string_view kKeys = "speed, firmware, hardware, serial, noise, seed, fault";
+constexpr double kFastest = 1000.0;
+constexpr int kLastErrorCode = 240;
+
+/// The number that the whole text is, within `low`..`high`.
+template <typename Number>
+std::optional<Number> NumberIn(std::string_view text, Number low, Number high) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  if (!(number >= low && number <= high)) return std::nullopt;
+  return number;
+}
+
+/// A decimal number, or a hexadecimal one behind "0x".
+std::optional<std::uint64_t> DecimalOrHex(std::string_view text, std::uint64_t high) {
+  if (!text.starts_with("0x") && !text.starts_with("0X")) {
+    return NumberIn<std::uint64_t>(text, 0, high);
+  }
+  text.remove_prefix(2);
+  std::uint64_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number, 16);
+  if (result.ec != std::errc() || result.ptr != end || number > high) return std::nullopt;
+  return number;
+}
+
+/// Each of these takes the value of one key; false when it is no such value.
+bool TakeSpeed(std::string_view value, Options& options) {
+  const auto speed = NumberIn<double>(value, 0.0, kFastest);
+  if (speed) options.Speed = *speed;
+  return speed.has_value();
+}
+
+bool TakeFirmware(std::string_view value, Options& options) {
+  const std::size_t point = value.find('.');
+  if (point == std::string_view::npos || value.size() - point != 3) return false;
+  const auto major = NumberIn<int>(value.substr(0, point), 0, 255);
+  const auto tens = NumberIn<int>(value.substr(point + 1, 1), 0, 9);
+  const auto ones = NumberIn<int>(value.substr(point + 2, 1), 0, 9);
+  if (!major || !tens || !ones) return false;
+  options.FirmwareMajor = static_cast<std::uint8_t>(*major);
+  options.FirmwareMinor = static_cast<std::uint8_t>(*tens * 16 + *ones);
+  return true;
+}
+
+bool TakeHardware(std::string_view value, Options& options) {
+  const auto bits = DecimalOrHex(value, 0xFFFF);
+  if (bits) options.Hardware = static_cast<std::uint16_t>(*bits);
+  return bits.has_value();
+}
+
+bool TakeSerial(std::string_view value, Options& options) {
+  const auto serial = NumberIn<std::uint16_t>(value, 0, 0xFFFF);
+  if (serial) options.Serial = *serial;
+  return serial.has_value();
+}
+
+bool TakeNoise(std::string_view value, Options& options) {
+  const auto noise = NumberIn<double>(value, 0.0, 1.0);
+  if (noise) options.Noise = *noise;
+  return noise.has_value();
+}
+
+bool TakeSeed(std::string_view value, Options& options) {
+  const auto seed = DecimalOrHex(value, UINT64_MAX);
+  if (seed) options.Seed = *seed;
+  return seed.has_value();
+}
+
+bool TakeFault(std::string_view value, Options& options) {
+  const std::size_t first = value.find(':');
+  const std::size_t second = value.find(':', first + 1);
+  if (first == std::string_view::npos || second == std::string_view::npos) return false;
+  const auto board = NumberIn<int>(value.substr(0, first), 1, 1'000'000);
+  const auto card = NumberIn<int>(value.substr(first + 1, second - first - 1), 1, 52);
+  const auto code = NumberIn<int>(value.substr(second + 1), 1, kLastErrorCode);
+  if (!board || !card || !code) return false;
+  options.Faults.push_back({*board, *card, static_cast<std::uint8_t>(*code)});
+  return true;
+}
+
+struct Key {
+  std::string_view Name;
+  bool (*Take)(std::string_view value, Options& options);
+  std::string_view Expected;
+};
+
+constexpr std::array<Key, 7> kKeyTable{{
+    {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
+    {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
+    {"hardware", TakeHardware, "a number from 0 to 65535, such as 0x7F"},
+    {"serial", TakeSerial, "a number from 0 to 65535"},
+    {"noise", TakeNoise, "a chance from 0 to 1, such as 0.001"},
+    {"seed", TakeSeed, "a whole number of at most 64 bits"},
+    {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 52 and code 1 to 240"},
+}};
+
+std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+std::optional<std::string> TakePair(std::string_view pair, Options& options) {
+  const std::size_t equals = pair.find('=');
+  const std::string_view name = pair.substr(0, equals);
+  for (const Key& key : kKeyTable) {
+    if (key.Name != name) continue;
+    if (equals != std::string_view::npos && key.Take(pair.substr(equals + 1), options)) {
+      return std::nullopt;
+    }
+    return "simulated machine: " + Quoted(pair) + ": " + std::string(name) + "= takes " +
+           std::string(key.Expected);
+  }
+  return "simulated machine: unknown key in " + Quoted(pair) + "; the keys are " +
+         std::string(kKeys);
+}
+
+}  // namespace
+
+std::optional<std::string> ParseOptions(std::string_view text, Options& options) {
+  std::string_view rest = text.substr(0, kName.size()) == kName ? text.substr(kName.size()) : "?";
+  if (!rest.empty() && rest.front() != ',') return Quoted(text) + " is no simulated machine";
+  Options read = options;
+  while (!rest.empty()) {
+    rest.remove_prefix(1);
+    const std::size_t comma = rest.find(',');
+    if (auto error = TakePair(rest.substr(0, comma), read)) return error;
+    rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma);
+  }
+  options = read;
+  return std::nullopt;
+}
+
+}  // namespace morvane::simulator

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace morvane::simulator {
+
+/// The machine stops with `Code` (1..240) before card `Card` (1..52) of board `Board` falls: the
+/// n-th board that it deals or reads to the end, however often that one is begun. It happens once.
+struct CardFault {
+  int Board = 1;
+  int Card = 1;
+  std::uint8_t Code = 1;
+  bool operator==(const CardFault&) const = default;
+};
+
+/// What kind of machine it is.
+struct Options {
+  double Speed = 1.0;  ///< 1 the pace of a real machine, 0 one card a status poll
+  std::uint8_t FirmwareMajor = 2;
+  std::uint8_t FirmwareMinor = 0x90;  ///< packed decimal
+  std::uint16_t Hardware = 0x7F;      ///< capability bits
+  std::uint16_t Serial = 4711;
+  double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
+  std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
+  std::vector<CardFault> Faults;
+  bool operator==(const Options&) const = default;
+};
+
+/// Reads "simulated[,key=value...]" into `options`. What is wrong with it, in words for the person
+/// who wrote it; `options` is then as it was.
+[[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
+
+}  // namespace morvane::simulator

@@ -1,0 +1,456 @@
+#include "files/load_set.h"
+
+#include <filesystem>
+
+#include "files/format_table.h"
+#include "support/fakes.h"
+
+namespace morvane::files {
+namespace {
+
+using test::FakeUi;
+using test::TestDesk;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kTwoBoards =
+    "[Event \"Evening\"]\r\n[Site \"Hall\"]\r\n[Date \"2026.03.03\"]\r\n"
+    "[Board \"3\"]\r\n[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
+    "...AKQJT98765432\"]\r\n"
+    "[Board \"4\"]\r\n[Deal \"W:A - K. Q\"]\r\n";
+constexpr const char* kRecord3 =
+    "   003 : AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
+constexpr const char* kRecord4 = "   004 : ... K... Q... A... ";
+
+const FakeUi::Box kSaveFirst{
+    "      Current Board Set has not been saved.      \r\n\r\n      Do you want to save the "
+    "current "
+    "Board Set?      ",
+    51, "Load New Board Set"};
+
+FakeUi::Box UnknownFormat(const std::string& extension) {
+  return {
+      "      Unknow file format: " + extension + "      \r\n      Load operation aborted!      ",
+      16, "Load Error"};
+}
+
+FakeUi::Box LoadFailure(const std::string& number, const std::string& description) {
+  return {"      Error: " + number + " during load operation - " + description +
+              "      \r\n      Load operation aborted!      ",
+          16, "Load Error"};
+}
+
+/// A desk on which boards 1 to 4 of an older file lie.
+struct LoadDesk : TestDesk {
+  LoadDesk() {
+    test::FillSet(Prog.Set, 1, 4);
+    Prog.Set.EventName = "Old";
+    Prog.Set.EventSite = "Old site";
+    Prog.Set.EventDate = "Old date";
+    Prog.Set.BoardSetFile = "/old.pbn";
+    Prog.Set.CurrentBoard = 2;
+    test::WriteContent(Good, kTwoBoards);
+  }
+  void Load() { LoadBoardSet(Prog, StartFile); }
+
+  const std::string Good = Folder / "two.pbn";
+  std::string StartFile;
+};
+
+void ExpectEmptySet(const BoardSet& set) {
+  EXPECT_EQ(set.FirstBoard, 1);
+  EXPECT_EQ(set.LastBoard, 0);
+  EXPECT_EQ(set.CurrentBoard, 1);
+  EXPECT_FALSE(set.Exists());
+  EXPECT_EQ(set.BoardSetFile, "");
+  EXPECT_EQ(set.EventName + set.EventSite + set.EventDate, "");
+  EXPECT_EQ(set.BoardSetChanged, "0");
+  for (const Board& board : set.Boards) EXPECT_EQ(board, Board{});
+}
+
+void ExpectOldSet(const BoardSet& set) {
+  EXPECT_EQ(set.Count(), 4);
+  EXPECT_EQ(set.At(2), test::RoundBoard(2, 3));
+  EXPECT_EQ(set.EventName, "Old");
+  EXPECT_EQ(set.BoardSetFile, "/old.pbn");
+}
+
+TEST(Load, AsksForTheFileAndTakesItsSet) {
+  LoadDesk desk;
+  desk.Ui.Files = {desk.Good};
+  desk.Load();
+  const BoardSet& set = desk.Prog.Set;
+  EXPECT_EQ(set.FirstBoard, 3);
+  EXPECT_EQ(set.LastBoard, 4);
+  EXPECT_EQ(set.CurrentBoard, 1);
+  EXPECT_EQ(set.EventName, "Evening");
+  EXPECT_EQ(set.EventSite, "Hall");
+  EXPECT_EQ(set.EventDate, "2026.03.03");
+  EXPECT_EQ(set.BoardSetFile, desk.Good);
+  EXPECT_EQ(set.BoardSetChanged, "0");
+  EXPECT_EQ(set.At(1), Board{});
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Boards loaded: 2"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good, kRecord3, kRecord4));
+  EXPECT_GT(desk.Ui.Refreshes, 0);
+}
+
+/// A main window that notes what it could show at each refresh.
+struct Window final : Ui {
+  int MessageBox(const std::string&, int, const std::string&) override { return kOk; }
+  void Status(const std::string&) override {}
+  std::optional<std::string> AskFile(const FileRequest&) override { return std::nullopt; }
+  void RefreshSet() override {
+    Shown.push_back(std::to_string(Prog->Set.Count()) + Prog->Set.EventName +
+                    Prog->Set.BoardSetFile);
+    Prog->Set.BoardSetChanged = "1";  // as event boxes that are filled anew do
+  }
+  void Busy(bool) override {}
+  [[nodiscard]] Point Mouse() const override { return {}; }
+  Program* Prog = nullptr;
+  std::vector<std::string> Shown;
+};
+
+TEST(Load, TheWindowShowsTheEmptySetThenTheWholeNewOneWhichIsNotChanged) {
+  LoadDesk desk;
+  Window window;
+  Program program({window, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
+                  desk.Prog.Paths);
+  window.Prog = &program;
+  program.Set.BoardSetFile = "/old.pbn";
+  program.Set.LastBoard = 9;
+  EXPECT_TRUE(LoadFile(program, desk.Good));
+  EXPECT_THAT(window.Shown, ElementsAre("0", "2Evening" + desk.Good));
+  EXPECT_EQ(program.Set.BoardSetChanged, "0");
+  EXPECT_FALSE(LoadFile(program, desk.Folder / "none.pbn"));
+  EXPECT_THAT(window.Shown, ElementsAre("0", "2Evening" + desk.Good, "0", "0"));
+  EXPECT_EQ(program.Set.BoardSetChanged, "0");
+}
+
+TEST(Load, TheDialogOpensOnTheLastFormatAndFolder) {
+  LoadDesk desk;
+  desk.Store.Set(kInitFormat, "pbn");
+  desk.Store.Set(kInitDirectory, "/events/");
+  desk.Load();
+  ASSERT_EQ(desk.Ui.FileRequests.size(), 1U);
+  const FileRequest& request = desk.Ui.FileRequests[0];
+  EXPECT_EQ(request.Title, "Open Board Set file");
+  EXPECT_EQ(request.FilterIndex, 6);
+  EXPECT_EQ(request.Directory, "/events/");
+  EXPECT_FALSE(request.Saving);
+  EXPECT_TRUE(request.Filter.starts_with("All files (*.*)|*.*|bri"));
+  EXPECT_TRUE(request.Filter.ends_with("csv (*.csv)|*.csv"));
+}
+
+TEST(Load, LogsAreOfferedToTheServiceOnly) {
+  LoadDesk desk;
+  desk.Prog.ServiceLevel = 1;
+  desk.Load();
+  EXPECT_TRUE(desk.Ui.FileRequests.at(0).Filter.ends_with("|Log (*.txt)|*.txt"));
+}
+
+TEST(Load, FormatAndFolderAreKeptForTheNextTime) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "Two.PBN";
+  test::WriteContent(path, kTwoBoards);
+  desk.Ui.Files = {path};
+  desk.Load();
+  EXPECT_EQ(desk.Store.Get(kInitFormat), "pbn");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Prog.Set.Count(), 2);
+}
+
+TEST(Load, ACancelledDialogLeavesTheSetAsItWas) {
+  LoadDesk desk;
+  desk.Load();
+  ExpectOldSet(desk.Prog.Set);
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Ready"));
+  EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Load: 3:04:05 PM"));
+  EXPECT_EQ(desk.Ui.Refreshes, 1);
+  EXPECT_FALSE(desk.Store.Has(kInitFormat));
+}
+
+TEST(Load, TheStartFileIsTakenWithoutADialog) {
+  LoadDesk desk;
+  desk.StartFile = desk.Good;
+  desk.Load();
+  EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
+  EXPECT_EQ(desk.StartFile, "");
+  EXPECT_EQ(desk.Prog.Set.BoardSetFile, desk.Good);
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good, kRecord3, kRecord4));
+}
+
+TEST(Load, EveryEndClearsTheStartFile) {
+  LoadDesk analysing;
+  analysing.StartFile = analysing.Good;
+  analysing.Prog.AnalysisRunning = true;
+  analysing.Load();
+  EXPECT_EQ(analysing.StartFile, "");
+
+  LoadDesk cancelling;
+  cancelling.StartFile = cancelling.Good;
+  cancelling.Prog.Set.BoardSetChanged = "1";
+  cancelling.Ui.Answers = {kCancel};
+  cancelling.Load();
+  EXPECT_EQ(cancelling.StartFile, "");
+  ExpectOldSet(cancelling.Prog.Set);
+}
+
+TEST(Load, IsRefusedWhileAnalysisIsRunning) {
+  LoadDesk desk;
+  desk.Prog.AnalysisRunning = true;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{
+                  "      This function cannot be used while analysis is running      \r\n      "
+                  "Please wait for analysis to finish or cancel it and try again      ",
+                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Statuses, IsEmpty());
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre("    Load Error: This function cannot be used while analysis is running "
+                          ": Please wait for analysis to finish or cancel it and try again"));
+  ExpectOldSet(desk.Prog.Set);
+}
+
+TEST(LoadOverChanges, CancelStopsIt) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kCancel};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(kSaveFirst));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Ready"));
+  EXPECT_THAT(desk.LogLines(), IsEmpty());
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+  ExpectOldSet(desk.Prog.Set);
+}
+
+TEST(LoadOverChanges, YesSavesFirst) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kYes};
+  const std::string saved = desk.Folder / "saved.pbn";
+  desk.Ui.Files = {saved, desk.Good};
+  desk.Load();
+  EXPECT_TRUE(std::filesystem::exists(saved));
+  EXPECT_THAT(desk.Ui.Statuses,
+              ElementsAre("Loading", "Saving", "Boards Saved: 4", "Boards loaded: 2"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Save: 3:04:05: PM", "  Save: " + saved, " File-Load: 3:04:05 PM",
+                          "  Load: " + desk.Good, kRecord3, kRecord4));
+}
+
+TEST(LoadOverChanges, YesWithACancelledSaveDialogStopsItWithTheOldSetIntact) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kYes};
+  desk.Ui.Files = {std::nullopt, desk.Good};
+  desk.Load();
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+  ExpectOldSet(desk.Prog.Set);
+  EXPECT_EQ(desk.Ui.FileRequests.size(), 1U);
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Saving", "Ready", "Ready"));
+}
+
+TEST(LoadOverChanges, YesWithAFailedSaveStopsItWithTheOldSetIntact) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kYes};
+  desk.Ui.Files = {desk.Folder / "none/x.pbn", desk.Good};
+  desk.Load();
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+  ExpectOldSet(desk.Prog.Set);
+  EXPECT_THAT(desk.Ui.Statuses,
+              ElementsAre("Loading", "Saving", "Save operation aborted", "Ready", "Ready"));
+}
+
+TEST(LoadOverChanges, NoAndACancelledDialogLeaveTheOldSetMarkedAsSaved) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kNo};
+  desk.Load();
+  ExpectOldSet(desk.Prog.Set);
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "0");
+}
+
+TEST(LoadOverChanges, TheMarkIsComparedByItsValue) {
+  LoadDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1.0";
+  desk.Ui.Answers = {kCancel};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(kSaveFirst));
+}
+
+TEST(FailedLoad, AnUnknownExtensionIsNamedAndTheOldSetIsLost) {
+  LoadDesk desk;
+  desk.Ui.Files = {desk.Folder / "set.old.xyz"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("XYZ")));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Load operation aborted", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "set.old.xyz"),
+                          "    Load Error: Unknow file format: XYZ : Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+  EXPECT_FALSE(desk.Store.Has(kInitFormat));
+  EXPECT_FALSE(desk.Store.Has(kInitDirectory));
+}
+
+TEST(FailedLoad, ANameWithoutADotHasNothingInItsPlace) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "club.pbn");
+  desk.Ui.Files = {desk.Folder / "club.pbn/two"};  // the dot of a folder does not count
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "Log_2026_3.txt";
+  test::WriteContent(path, "");
+  desk.Ui.Files = {path};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
+  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
+    if (FindFormat(extension)->Read != nullptr) continue;
+    LoadDesk desk;
+    desk.Prog.ServiceLevel = 1;
+    const std::string path = desk.Folder / (std::string("set.") + extension);
+    test::WriteContent(path, kTwoBoards);
+    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
+    ExpectEmptySet(desk.Prog.Set);
+  }
+}
+
+TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "huge.pbn";
+  std::string value;
+  for (int i = 0; i < 500'000; ++i) value += "record###      ";
+  test::WriteContent(path, "[Board \"1\"]\n[Dealer \"" + value + "\"]\n");
+  EXPECT_FALSE(LoadFile(desk.Prog, path));
+  EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.ends_with(
+      "line2      \" in line: 2      \r\n\r\n      Load operation aborted!      "));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AMissingFileIsTheSystemsError) {
+  LoadDesk desk;
+  desk.Ui.Files = {desk.Folder / "none.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("2", "No such file or directory")));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "none.pbn"),
+                          "    Load Error: Error: 2 during load operation - No such file or "
+                          "directory : Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, ADirectoryIsTheSystemsError) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "x.pbn");
+  desk.Ui.Files = {desk.Folder / "x.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("21", "Is a directory")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
+  LoadDesk desk;
+  std::filesystem::create_symlink("/proc/self/mem", desk.Folder / "x.pbn");
+  desk.Ui.Files = {desk.Folder / "x.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("5", "Input/output error")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "x.pbn");
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "x.pbn"));
+  const FakeUi::Box first = LoadFailure("2", "No such file or directory");
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(first, first));
+}
+
+TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "bad.pbn";
+  test::WriteContent(path, std::string(kTwoBoards) + "[Board \"641\"]\r\n");
+  desk.Ui.Files = {path};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{
+                  "      File format error     \r\n      Invalid board number in line: 8      "
+                  "\r\n\r\n      Load operation aborted!      ",
+                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Load operation aborted", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + path,
+                          "    Load Error: File format error: Invalid board number in line: 8 :  : "
+                          "Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
+  for (const char* content : {"", "\xEF\xBB\xBF"}) {
+    LoadDesk desk;
+    const std::string path = desk.Folder / "empty.pbn";
+    test::WriteContent(path, content);
+    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_THAT(desk.Ui.Boxes,
+                ElementsAre(FakeUi::Box{"      File format error     \r\n      File is empty      "
+                                        "\r\n\r\n      Load operation aborted!      ",
+                                        16, "Load Error"}));
+    EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
+    ExpectEmptySet(desk.Prog.Set);
+  }
+}
+
+TEST(FailedLoad, TheNextLoadWorksAgain) {
+  LoadDesk desk;
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.Good));
+  EXPECT_EQ(desk.Prog.Set.Count(), 2);
+}
+
+TEST(Load, WithoutALogItWorksAllTheSame) {
+  TestDesk desk;
+  Program silent({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
+                 {desk.Folder.Path(), desk.Folder / "none"});
+  RuntimeError error;
+  EXPECT_FALSE(silent.Log.Start(silent.Paths.Data, error));
+  test::WriteContent(desk.Folder / "two.pbn", kTwoBoards);
+  EXPECT_TRUE(LoadFile(silent, desk.Folder / "two.pbn"));
+  EXPECT_EQ(silent.Set.Count(), 2);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST(Load, ASettingsStoreThatCannotBeWrittenDoesNotStopIt) {
+  LoadDesk desk;
+  desk.Store.Writable = false;
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.Good));
+  EXPECT_EQ(desk.Prog.Set.Count(), 2);
+}
+
+TEST(Load, AccentedNamesAreReadFromEitherEncoding) {
+  for (const std::string name : {"Caf\xE9", "Caf\xC3\xA9"}) {
+    LoadDesk desk;
+    const std::string path = desk.Folder / "caf\xC3\xA9.pbn";
+    test::WriteContent(path, "[Event \"" + name + "\"]\n[Board \"1\"]\n");
+    EXPECT_TRUE(LoadFile(desk.Prog, path));
+    EXPECT_EQ(desk.Prog.Set.EventName, "Caf\xC3\xA9");
+    EXPECT_EQ(desk.Prog.Set.BoardSetFile, path);
+  }
+}
+
+}  // namespace
+}  // namespace morvane::files

@@ -1,0 +1,140 @@
+#include "files/text_encoding.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "files/text_lines.h"
+
+namespace morvane::files {
+namespace {
+
+std::vector<std::string> LinesOf(std::string_view text) {
+  std::vector<std::string> all;
+  Lines lines(text);
+  for (std::string_view line; lines.Next(line);) all.emplace_back(line);
+  return all;
+}
+
+TEST(TextEncoding, AsciiStaysAsItIsBothWays) {
+  std::string ascii;
+  for (int byte = 0; byte < 0x80; ++byte) ascii += static_cast<char>(byte);
+  EXPECT_EQ(DecodeText(ascii), ascii);
+  EXPECT_EQ(EncodeText(ascii), ascii);
+  EXPECT_EQ(DecodeText(""), "");
+}
+
+TEST(TextEncoding, BytesThatAreUtf8ThroughoutAreUtf8) {
+  EXPECT_EQ(DecodeText("Caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x82\xA1"),
+            "Caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x82\xA1");
+}
+
+TEST(TextEncoding, AByteOrderMarkIsSkippedOnceAtTheStart) {
+  EXPECT_EQ(DecodeText("\xEF\xBB\xBFx\xEF\xBB\xBF"), "x\xEF\xBB\xBF");
+  EXPECT_EQ(DecodeText("\xEF\xBB\xBF"), "");
+}
+
+TEST(TextEncoding, AnyOtherBytesAreWindows1252) {
+  EXPECT_EQ(DecodeText("Caf\xE9"), "Caf\xC3\xA9");
+  EXPECT_EQ(DecodeText("\x80 \x8A \x9F"), "\xE2\x82\xAC \xC5\xA0 \xC5\xB8");  // euro, S caron, Y
+  // One bad byte and the whole file is Windows-1252, its good sequences too.
+  EXPECT_EQ(DecodeText("\xC3\xA9 \xE9"), "\xC3\x83\xC2\xA9 \xC3\xA9");
+}
+
+TEST(TextEncoding, WhatIsNoUtf8IsNotTakenForIt) {
+  const std::vector<std::string> broken = {
+      "\xC3",              // cut off
+      "\xE2\x82",          // cut off
+      "\xF0\x9F\x82",      // cut off
+      "\xA9",              // no lead
+      "\xC3x",             // no continuation
+      "\xC0\x80",          // overlong NUL
+      "\xC1\xBF",          // overlong
+      "\xE0\x9F\xBF",      // overlong
+      "\xF0\x8F\xBF\xBF",  // overlong
+      "\xED\xA0\x80",      // surrogate
+      "\xF4\x90\x80\x80",  // above U+10FFFF
+      "\xF5\x80\x80\x80",
+      "\xFF",
+  };
+  for (const std::string& bytes : broken) {
+    const std::string text = DecodeText(bytes);
+    EXPECT_NE(text, bytes);
+    EXPECT_EQ(EncodeText(text), bytes);
+  }
+}
+
+TEST(TextEncoding, EveryByteSurvivesTheWayThroughMemory) {
+  std::string bytes = "\xFF";  // no UTF-8
+  for (int byte = 0; byte < 0x100; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(EncodeText(DecodeText(bytes)), bytes);
+  EXPECT_EQ(DecodeText("\xFF\x81"), "\xC3\xBF\xC2\x81");  // an undefined byte stands for itself
+}
+
+TEST(TextEncoding, TextIsWrittenAsWindows1252WhereEveryCharacterHasAPlace) {
+  EXPECT_EQ(EncodeText("Caf\xC3\xA9 \xE2\x82\xAC"), "Caf\xE9 \x80");
+}
+
+TEST(TextEncoding, OneCharacterWithoutAPlaceMakesItUtf8) {
+  const std::string text =
+      "Caf\xC3\xA9 \xC5\x81\xC3\xB3"
+      "d\xC5\xBA";
+  EXPECT_EQ(EncodeText(text), text);
+  // U+0080 is no character of Windows-1252, though its byte is.
+  EXPECT_EQ(EncodeText("\xC2\x80"), "\xC2\x80");
+}
+
+TEST(TextEncoding, AccentsThatWouldReadBackAsUtf8AreWrittenAsUtf8) {
+  // As Windows-1252 this would be the bytes C3 A9, which is e acute in UTF-8.
+  const std::string text = "\xC3\x83\xC2\xA9";
+  EXPECT_EQ(EncodeText(text), text);
+  EXPECT_EQ(DecodeText(EncodeText(text)), text);
+}
+
+TEST(TextEncoding, ATextThatBeginsWithAMarkKeepsIt) {
+  const std::string text = "\xEF\xBB\xBFx";
+  EXPECT_EQ(DecodeText(EncodeText(text)), text);
+}
+
+TEST(TextEncoding, NoTextIsChangedByTheWayThroughAFile) {
+  const std::array<std::string, 12> characters{
+      "a",        " ",        "\xC3\xA9",     "\xC3\x83",         "\xC2\xA9",     "\xE2\x82\xAC",
+      "\xC2\x81", "\xC2\x80", "\xEF\xBB\xBF", "\xF0\x9F\x82\xA1", "\xE2\x80\xB0", "\xC3\xAF"};
+  std::mt19937 random(1252);
+  for (int i = 0; i < 20000; ++i) {
+    std::string text;
+    for (auto length = random() % 6; length > 0; --length) text += characters[random() % 12];
+    ASSERT_EQ(DecodeText(EncodeText(text)), text);
+  }
+}
+
+TEST(TextEncoding, ACharacterIsTakenWhole) {
+  EXPECT_EQ(CharacterAt("a\xE2\x82\xACz", 0), "a");
+  EXPECT_EQ(CharacterAt("a\xE2\x82\xACz", 1), "\xE2\x82\xAC");
+  EXPECT_EQ(CharacterAt("a", 1), "");
+}
+
+TEST(Lines, EndWithCrLfOrLfAlone) {
+  using ::testing::ElementsAre;
+  EXPECT_THAT(LinesOf("a\r\nb\nc"), ElementsAre("a", "b", "c"));
+  EXPECT_THAT(LinesOf("a\r\n"), ElementsAre("a"));
+  EXPECT_THAT(LinesOf("\n\r\n"), ElementsAre("", ""));
+  EXPECT_TRUE(LinesOf("").empty());
+}
+
+TEST(Lines, ALoneCrEndsNoLine) {
+  using ::testing::ElementsAre;
+  EXPECT_THAT(LinesOf("a\rb\r\r\nc\r"), ElementsAre("a\rb\r", "c\r"));
+}
+
+TEST(Lines, NulAndTheOldEndOfFileMarkAreOrdinaryBytes) {
+  using ::testing::ElementsAre;
+  const std::string text("a\0b\x1A\nc", 6);
+  EXPECT_THAT(LinesOf(text), ElementsAre(std::string("a\0b\x1A", 4), "c"));
+}
+
+}  // namespace
+}  // namespace morvane::files

@@ -1,0 +1,253 @@
+#include "platform/ini_settings.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <random>
+
+#include "program/setting_keys.h"
+#include "support/fakes.h"
+
+namespace morvane {
+namespace {
+
+using test::Content;
+using test::TempFolder;
+using test::WriteContent;
+
+constexpr SettingKey kText{"Setup", "Text", "the default"};
+constexpr SettingKey kOther{"Init_settings", "Other", "none"};
+
+class IniSettingsTest : public testing::Test {
+ protected:
+  TempFolder folder_;
+  const std::string path_ = folder_ / "morvane.exe.ini";
+  IniSettings store_{path_};
+};
+
+TEST_F(IniSettingsTest, AKeyThatWasNeverWrittenYieldsItsDefault) {
+  EXPECT_EQ(store_.Get(kText), "the default");
+  EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(IniSettingsTest, TheSectionsAreTheGroupsOfAReadableFile) {
+  EXPECT_TRUE(store_.Set(kNewLastBoard, "36"));
+  EXPECT_TRUE(store_.Set(kServiceFileId, "7"));
+  EXPECT_TRUE(store_.Set(kNewFirstBoard, "5"));
+  EXPECT_EQ(Content(path_),
+            "[Setup]\nNew_LastBoard = 36\nNew_FirstBoard = 5\n\n\n"
+            "[Init_settings]\nService File ID = 7\n");
+}
+
+TEST_F(IniSettingsTest, AKeyWithBlanksInItsNameIsFoundAgain) {
+  EXPECT_TRUE(store_.Set(kServiceFileId, "12"));
+  EXPECT_EQ(store_.Get(kServiceFileId), "12");
+}
+
+TEST_F(IniSettingsTest, AnEmptyValueIsNotTheDefault) {
+  EXPECT_TRUE(store_.Set(kText, ""));
+  EXPECT_EQ(store_.Get(kText), "");
+}
+
+TEST_F(IniSettingsTest, OneNameInTwoSectionsIsTwoSettings) {
+  const SettingKey same{"Init_settings", "Text", ""};
+  EXPECT_TRUE(store_.Set(kText, "a"));
+  EXPECT_TRUE(store_.Set(same, "b"));
+  EXPECT_EQ(store_.Get(kText), "a");
+  EXPECT_EQ(store_.Get(same), "b");
+}
+
+class AnyText : public testing::TestWithParam<std::string> {};
+
+TEST_P(AnyText, ComesBackAsItWasAndStaysThroughOtherWrites) {
+  TempFolder folder;
+  IniSettings store(folder / "a.ini");
+  EXPECT_TRUE(store.Set(kText, GetParam()));
+  EXPECT_EQ(store.Get(kText), GetParam());
+  EXPECT_TRUE(store.Set(kOther, "1"));
+  EXPECT_TRUE(store.Set(kOther, "2"));
+  EXPECT_EQ(store.Get(kText), GetParam());
+  EXPECT_EQ(store.Get(kOther), "2");
+}
+
+INSTANTIATE_TEST_SUITE_P(IniSettings, AnyText,
+                         testing::Values("", " ", "  both ends  ", "\ttab\t", "a=b", "=",
+                                         "; no comment", "# nor this", "a ; b", "\"", "\"\"",
+                                         "\"in quotes\"", "\"half", "half\"", "[Setup]", "[x",
+                                         "C:\\Bridge\\new\\", "C:\\ends in a blank\\ ", "<<<END",
+                                         "two\nlines", "two\r\nlines\r\n", "back\\slash\nline",
+                                         "żółć ♠♥♦♣", " ü ", "\xFF\xFE not UTF-8",
+                                         std::string("a\0b", 3), std::string(128, 'F'),
+                                         std::string(100000, 'x')));
+
+TEST_F(IniSettingsTest, AQuotedPathOfAHandMadeFileKeepsItsBackslashes) {
+  WriteContent(path_, "[Setup]\r\nText=\"C:\\Deals\\x \"\r\n");
+  EXPECT_EQ(store_.Get(kText), "C:\\Deals\\x ");
+}
+
+TEST_F(IniSettingsTest, AHandMadeFileIsReadWithItsMarkAndAnyLineEnds) {
+  WriteContent(path_, "\xEF\xBB\xBF[setup]\rtext = Zo\xC3\xAB \r\n\r\n[INIT_SETTINGS]\nother=2");
+  EXPECT_EQ(store_.Get(kText), "Zo\xC3\xAB");
+  EXPECT_EQ(store_.Get(kOther), "2");
+}
+
+TEST_F(IniSettingsTest, CommentsAndUnknownKeysStay) {
+  WriteContent(path_, "; of the club\n\n[Setup]\nText = 1\n; why\nMine = here\n\n[Own]\nA = 1\n");
+  EXPECT_TRUE(store_.Set(kText, "2"));
+  const std::string once = Content(path_);
+  EXPECT_THAT(once, testing::StartsWith("; of the club"));
+  EXPECT_THAT(once, testing::HasSubstr("; why\nMine = here"));
+  EXPECT_THAT(once, testing::HasSubstr("[Own]\nA = 1"));
+  EXPECT_TRUE(store_.Set(kText, "3"));
+  EXPECT_EQ(Content(path_).size(), once.size());
+}
+
+TEST_F(IniSettingsTest, TwoStoresOnOneFileSeeEachOther) {
+  IniSettings solver(path_);
+  EXPECT_TRUE(store_.Set(kSolverDone, "00"));
+  EXPECT_TRUE(solver.Set(kSolverResult, "12345"));
+  EXPECT_TRUE(store_.Set(kSolverBreak, "1"));
+  EXPECT_EQ(store_.Get(kSolverResult), "12345");
+  EXPECT_EQ(solver.Get(kSolverBreak), "1");
+  EXPECT_EQ(solver.Get(kSolverDone), "00");
+}
+
+TEST_F(IniSettingsTest, AnEquallyLongValueWithinOneTickOfTheFileSystemIsSeen) {
+  IniSettings solver(path_);
+  ASSERT_TRUE(store_.Set(kSolverDone, "00"));
+  ASSERT_EQ(store_.Get(kSolverDone), "00");
+  struct stat before {};
+  ASSERT_EQ(stat(path_.c_str(), &before), 0);
+  ASSERT_TRUE(solver.Set(kSolverDone, "01"));
+  const timespec times[] = {before.st_atim, before.st_mtim};
+  ASSERT_EQ(utimensat(AT_FDCWD, path_.c_str(), times, 0), 0);
+  EXPECT_EQ(store_.Get(kSolverDone), "01");
+}
+
+TEST_F(IniSettingsTest, TheFolderIsMadeWithTheFirstValue) {
+  IniSettings store(folder_ / "a/b/morvane.exe.ini");
+  EXPECT_EQ(store.Get(kText), "the default");
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "a"));
+  EXPECT_TRUE(store.Set(kText, "1"));
+  EXPECT_EQ(store.Get(kText), "1");
+}
+
+TEST_F(IniSettingsTest, APathOutsideAsciiIsUtf8) {
+  IniSettings store(folder_ / "Żółć/ä.ini");
+  EXPECT_TRUE(store.Set(kText, "1"));
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "Żółć/ä.ini"));
+}
+
+TEST_F(IniSettingsTest, AFolderThatCannotBeWrittenKeepsNothingAndYieldsDefaults) {
+  IniSettings store("/proc/self/morvane.exe.ini");
+  EXPECT_FALSE(store.Set(kText, "1"));
+  EXPECT_EQ(store.Get(kText), "the default");
+}
+
+TEST_F(IniSettingsTest, AFileInPlaceOfTheFolderIsAFailure) {
+  WriteContent(folder_ / "plain", "x");
+  IniSettings store(folder_ / "plain/morvane.exe.ini");
+  EXPECT_FALSE(store.Set(kText, "1"));
+  EXPECT_EQ(store.Get(kText), "the default");
+}
+
+TEST_F(IniSettingsTest, AFullDiskLeavesTheOldValues) {
+  ASSERT_TRUE(store_.Set(kText, "old"));
+  const std::string before = Content(path_);
+  std::filesystem::create_symlink("/dev/full",
+                                  path_ + ".new");  // what is written beside goes there
+  EXPECT_FALSE(store_.Set(kText, "new"));
+  EXPECT_EQ(store_.Get(kText), "old");
+  EXPECT_EQ(Content(path_), before);
+}
+
+TEST_F(IniSettingsTest, ADirectoryInPlaceOfTheFileIsAFailure) {
+  std::filesystem::create_directory(path_);
+  EXPECT_FALSE(store_.Set(kText, "1"));
+  EXPECT_EQ(store_.Get(kText), "the default");
+}
+
+TEST_F(IniSettingsTest, ADeviceInPlaceOfTheFileIsNeitherReadNorWritten) {
+  std::filesystem::create_symlink("/dev/zero", path_);  // reading it would never end
+  EXPECT_EQ(store_.Get(kText), "the default");
+  EXPECT_FALSE(store_.Set(kText, "1"));
+  EXPECT_TRUE(std::filesystem::is_symlink(path_));
+}
+
+TEST_F(IniSettingsTest, AFileThatExistsButCannotBeReadIsNotReplaced) {
+  std::filesystem::create_symlink("/proc/self/mem", path_);  // a plain file that gives EIO
+  EXPECT_EQ(store_.Get(kText), "the default");
+  EXPECT_FALSE(store_.Set(kText, "1"));
+}
+
+TEST_F(IniSettingsTest, ALinkToAnotherFileStaysALink) {
+  WriteContent(folder_ / "real.ini", "[Setup]\nText = 1\n");
+  std::filesystem::create_symlink("real.ini", path_);
+  EXPECT_EQ(store_.Get(kText), "1");
+  EXPECT_TRUE(store_.Set(kText, "2"));
+  EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  EXPECT_EQ(Content(folder_ / "real.ini"), "[Setup]\nText = 2\n");
+}
+
+TEST_F(IniSettingsTest, NothingIsLeftBesideButTheLock) {
+  EXPECT_TRUE(store_.Set(kText, "1"));
+  EXPECT_TRUE(store_.Set(kText, "2"));
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  EXPECT_THAT(names, testing::UnorderedElementsAre("morvane.exe.ini", "morvane.exe.ini.lock"));
+}
+
+TEST_F(IniSettingsTest, ALostLineYieldsItsDefaultAndTheOthersSurviveAWrite) {
+  using namespace std::string_literals;
+  WriteContent(path_,
+               "[Setup]\nNew_FirstBoard = 3\nNew_LastBoard = 4\0\0\0\nno value\n= no key\n"
+               "\xFF\xFE\x01\nGenerator = 1\n\0\0\0\0[Init_settings]\nInit_format = PBN\n"s);
+  EXPECT_EQ(store_.Get(kNewFirstBoard), "3");
+  EXPECT_EQ(store_.Get(kNewLastBoard), "32");
+  EXPECT_EQ(store_.Get(kGenerator), "1");
+  EXPECT_EQ(store_.Get(kInitFormat), "PBN");
+  EXPECT_TRUE(store_.Set(kNewLastBoard, "5"));
+  EXPECT_EQ(store_.Get(kNewFirstBoard), "3");
+  EXPECT_EQ(store_.Get(kNewLastBoard), "5");
+  EXPECT_EQ(store_.Get(kGenerator), "1");
+  EXPECT_EQ(store_.Get(kInitFormat), "PBN");
+}
+
+TEST_F(IniSettingsTest, TheKeysOfALostSectionYieldTheirDefaults) {
+  using namespace std::string_literals;
+  for (const std::string& line : {"[Init_settings"s, "[Init\0settings]"s, " [Init_"s}) {
+    WriteContent(path_, "[Setup]\nGenerator = 1\n" + line + "\nInit_format = PBN\n");
+    EXPECT_EQ(store_.Get(kInitFormat), "BRI");
+    EXPECT_EQ(store_.Get(kGenerator), "1");
+    EXPECT_TRUE(store_.Set(kGenerator, "0"));
+    EXPECT_TRUE(store_.Set(kInitFormat, "DUP"));
+    EXPECT_EQ(store_.Get(kInitFormat), "DUP");
+    EXPECT_EQ(store_.Get(kGenerator), "0");
+  }
+}
+
+TEST_F(IniSettingsTest, AnyBytesAreReadWithoutHarmAndDoNotGrow) {
+  std::mt19937 random(1);
+  constexpr std::string_view kSigns("[]=;#\"\\ \t\r\n\0\xEF\xBB\xBF<aS", 18);
+  for (int file = 0; file < 100; ++file) {
+    std::string bytes(random() % 400, ' ');
+    for (char& byte : bytes) {
+      byte = random() % 4 == 0 ? static_cast<char>(random()) : kSigns[random() % kSigns.size()];
+    }
+    WriteContent(path_, bytes);
+    EXPECT_EQ(store_.Get(kText), "the default");
+    ASSERT_TRUE(store_.Set(kText, "1"));
+    ASSERT_EQ(store_.Get(kText), "1");
+    for (int n = 2; n < 5; ++n) ASSERT_TRUE(store_.Set(kText, std::to_string(n)));
+    const std::string settled = Content(path_);
+    for (int n = 5; n < 10; ++n) ASSERT_TRUE(store_.Set(kText, std::to_string(n)));
+    ASSERT_EQ(store_.Get(kText), "9");
+    EXPECT_EQ(Content(path_).size(), settled.size()) << file;
+  }
+}
+
+}  // namespace
+}  // namespace morvane

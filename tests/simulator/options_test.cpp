@@ -1,0 +1,111 @@
+#include "simulator/options.h"
+
+#include <gmock/gmock.h>
+
+namespace morvane::simulator {
+namespace {
+
+Options Parsed(std::string_view text) {
+  Options options;
+  const auto error = ParseOptions(text, options);
+  EXPECT_FALSE(error) << *error;
+  return options;
+}
+
+TEST(Options, WithoutKeysIsARealMachine) {
+  EXPECT_EQ(Parsed("simulated"), Options{});
+  EXPECT_EQ(Options{}.Speed, 1.0);
+  EXPECT_EQ(Options{}.FirmwareMajor, 2);
+  EXPECT_EQ(Options{}.FirmwareMinor, 0x90);
+  EXPECT_EQ(Options{}.Hardware, 0x7F);
+  EXPECT_EQ(Options{}.Serial, 4711);
+}
+
+TEST(Options, EveryKeyIsTaken) {
+  const Options options = Parsed(
+      "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
+      "fault=3:20:30,fault=4:52:240");
+  EXPECT_EQ(options.Speed, 0.5);
+  EXPECT_EQ(options.FirmwareMajor, 3);
+  EXPECT_EQ(options.FirmwareMinor, 0x07);
+  EXPECT_EQ(options.Hardware, 0x1F);
+  EXPECT_EQ(options.Serial, 123);
+  EXPECT_EQ(options.Noise, 0.001);
+  EXPECT_EQ(options.Seed, 99U);
+  EXPECT_EQ(options.Faults, (std::vector<CardFault>{{3, 20, 30}, {4, 52, 240}}));
+}
+
+TEST(Options, NumbersReachTheirEnds) {
+  EXPECT_EQ(Parsed("simulated,speed=0").Speed, 0.0);
+  EXPECT_EQ(Parsed("simulated,speed=1000").Speed, 1000.0);
+  EXPECT_EQ(Parsed("simulated,noise=1").Noise, 1.0);
+  EXPECT_EQ(Parsed("simulated,hardware=65535").Hardware, 65535);
+  EXPECT_EQ(Parsed("simulated,seed=0xFFFFFFFFFFFFFFFF").Seed, UINT64_MAX);
+  EXPECT_EQ(Parsed("simulated,firmware=255.99").FirmwareMinor, 0x99);
+}
+
+TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
+  for (const std::string_view text : {"",
+                                      "simulate",
+                                      "simulatedx",
+                                      "serial:/dev/ttyS0",
+                                      "simulated,",
+                                      "simulated,speed",
+                                      "simulated,speed=",
+                                      "simulated,speed=-1",
+                                      "simulated,speed=1001",
+                                      "simulated,speed=fast",
+                                      "simulated,speed=1x",
+                                      "simulated,speed=nan",
+                                      "simulated,speed=inf",
+                                      "simulated,firmware=2",
+                                      "simulated,firmware=2.9",
+                                      "simulated,firmware=2.900",
+                                      "simulated,firmware=2.9a",
+                                      "simulated,firmware=.90",
+                                      "simulated,firmware=256.00",
+                                      "simulated,hardware=0x",
+                                      "simulated,hardware=0x10000",
+                                      "simulated,hardware=7F",
+                                      "simulated,serial=65536",
+                                      "simulated,serial=-1",
+                                      "simulated,noise=1.1",
+                                      "simulated,noise=-0.1",
+                                      "simulated,seed=18446744073709551616",
+                                      "simulated,seed=abc",
+                                      "simulated,fault=1:1",
+                                      "simulated,fault=1:1:",
+                                      "simulated,fault=0:1:1",
+                                      "simulated,fault=1:0:1",
+                                      "simulated,fault=1:53:1",
+                                      "simulated,fault=1:1:0",
+                                      "simulated,fault=1:1:241",
+                                      "simulated,fault=1:1:1:1",
+                                      "simulated,fault=",
+                                      "simulated,colour=red",
+                                      "simulated,,speed=1",
+                                      "simulated,speed=1,",
+                                      "simulated,Speed=1"}) {
+    Options options;
+    options.Serial = 9;
+    const auto error = ParseOptions(text, options);
+    ASSERT_TRUE(error) << text;
+    EXPECT_FALSE(error->empty());
+    EXPECT_EQ(options.Serial, 9) << text;
+    EXPECT_EQ(options.Speed, 1.0) << text;
+  }
+}
+
+TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
+  Options options;
+  EXPECT_EQ(ParseOptions("simulated,seed=1,fault=1:53:1", options),
+            "simulated machine: \"fault=1:53:1\": fault= takes BOARD:CARD:CODE with board from 1, "
+            "card 1 to 52 and code 1 to 240");
+  EXPECT_EQ(ParseOptions("simulated,sped=1", options),
+            "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, hardware, "
+            "serial, noise, seed, fault");
+  EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
+}
+
+}  // namespace
+}  // namespace morvane::simulator

@@ -1,0 +1,108 @@
+#include "simulator/talk.h"
+#include "support/fakes.h"
+
+namespace morvane::simulator {
+namespace {
+
+/// A plain CmdRead for cards that come round from `first`: the pockets go 4, 3, 1, 2 by hand.
+Bytes ReadFrame(int first = kNorth) {
+  constexpr std::array<std::uint8_t, 4> kPockets{4, 3, 1, 2};
+  Bytes plain(136);
+  plain[0] = 0x9C;
+  for (std::size_t k = 0; k < 52; ++k) {
+    plain[8 + k] = kPockets[(k + static_cast<std::size_t>(first) - 1) % 4];
+  }
+  return plain;
+}
+
+/// The hand of each card in a plain 0x9D: pocket 1 South, 2 West, 3 East, 4 North.
+std::array<std::uint8_t, 53> HandsIn(const Bytes& reply) {
+  constexpr std::array<std::uint8_t, 5> kHands{0, 3, 4, 2, 1};
+  std::array<std::uint8_t, 53> hands{};
+  for (int card = 1; card <= 52; ++card) {
+    hands[static_cast<std::size_t>(card)] = kHands.at(reply.at(ByteOfCard(card)));
+  }
+  return hands;
+}
+
+TEST(Reading, FindsTheBoardThatWasLaid) {
+  for (std::uint64_t seed = 1; seed <= 50; ++seed) {
+    Talk talk(Talk::Fast(seed));
+    const Board board = RandomBoard(seed + 1000);
+    talk.Machine.LayBoard(board);
+    ASSERT_TRUE(talk.Accepted(ReadFrame()));
+    ASSERT_EQ(talk.PollToEnd(), 0);
+    const Bytes reply = talk.Ask({0x1D});
+    ASSERT_EQ(reply.at(0), 0x9D);
+    ASSERT_EQ(HandsIn(reply), board.Cards);
+  }
+}
+
+TEST(Reading, APileByHandsWithOneByteTooManyIsReadToo) {
+  Talk talk;
+  const Board board = RandomBoard(8);
+  talk.Machine.LayBoard(board);
+  Bytes plain(136);
+  plain[0] = 0x9C;
+  for (std::size_t k = 0; k < 53; ++k) {
+    plain[8 + k] = static_cast<std::uint8_t>(std::min<std::size_t>(k / 13 + 1, 4));
+  }
+  ASSERT_TRUE(talk.Accepted(plain));
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  EXPECT_EQ(HandsIn(talk.Ask({0x1D})), board.Cards);
+}
+
+TEST(Reading, WithoutABoardTheShuffledPackIsRead) {
+  Talk talk;
+  ASSERT_TRUE(talk.Accepted(ReadFrame(kEast)));
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  const Bytes reply = talk.Ask({0x1D});
+  const Bytes log = talk.Ask({0x20});
+  // The card that fell as number n went to pocket 3, 1, 2, 4 in turn.
+  constexpr std::array<int, 4> kTurn{3, 1, 2, 4};
+  for (std::size_t at = 8; at < 60; ++at) {
+    EXPECT_EQ(reply[at], kTurn[static_cast<std::size_t>(log[at] - 1) % 4]) << at;
+  }
+}
+
+TEST(Reading, ABrokenRunLeavesTheRestUnseen) {
+  Talk talk;
+  ASSERT_TRUE(talk.Accepted(ReadFrame()));
+  for (int poll = 1; poll <= 12; ++poll) talk.Status();
+  EXPECT_EQ(talk.Machine.StateText(), "reading card 13 of 52");
+  EXPECT_EQ(talk.Status(1).at(1), 57);
+  const Bytes reply = talk.Ask({0x1D});
+  EXPECT_EQ(std::count(reply.begin() + 8, reply.begin() + 60, 0), 40);
+  ASSERT_TRUE(talk.Accepted([] {
+    Bytes frame = ReadFrame();
+    frame[1] = 1;
+    return frame;
+  }()));
+  EXPECT_EQ(talk.PollToEnd(), 0);
+  EXPECT_EQ(talk.Machine.BoardsDealt(), 0);
+}
+
+TEST(Sorting, PutsFourPacksSuitBySuitWithFiftyTwoInEachPocket) {
+  Talk talk;
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  EXPECT_EQ(talk.Machine.StateText(), "sorting card 1 of 208");
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  const Bytes reply = talk.Status();
+  EXPECT_EQ(Bytes(reply.begin() + 2, reply.begin() + 6), (Bytes{52, 52, 52, 52}));
+  const auto hands = talk.Machine.CardsByHand();
+  for (std::size_t hand = 1; hand <= 4; ++hand) {
+    for (const int card : hands[hand]) EXPECT_EQ((card - 1) / 13, static_cast<int>(hand) - 1);
+  }
+}
+
+TEST(Sorting, GoesOnAfterABreak) {
+  Talk talk;
+  ASSERT_TRUE(talk.Accepted({0x35, 0}));
+  for (int poll = 1; poll <= 100; ++poll) talk.Status();
+  EXPECT_EQ(talk.Status(1).at(1), 57);
+  ASSERT_TRUE(talk.Accepted({0x35, 1}));
+  EXPECT_EQ(talk.PollToEnd(), 0);
+}
+
+}  // namespace
+}  // namespace morvane::simulator
