@@ -45,8 +45,8 @@ class SerialBridge final : public UsbXpress {
   std::string path_;
   QSerialPort port_;
   bool opened_ = false;  ///< by the program; the port itself closes when the device goes
-  std::chrono::milliseconds readTime_{200};
-  std::chrono::milliseconds writeTime_{200};
+  std::chrono::milliseconds readTime_{1000};
+  std::chrono::milliseconds writeTime_{1000};
 };
 
 }  // namespace morvane::bridges

@@ -129,7 +129,7 @@ std::string ReadLine(PbnReading& reading, std::string_view line) {
   while (true) {
     p = line.find('[', p);
     while (p < line.size() && !IsLetter(line[p])) ++p;
-    if (p >= line.size() || p + 1 == line.size()) return {};
+    if (p >= line.size()) return {};
     const TagName* const tag = TagAt(line.substr(p));
     if (tag == nullptr) continue;
     p += tag->Name.size();

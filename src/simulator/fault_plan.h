@@ -38,7 +38,8 @@ struct LinkFault {
 };
 
 /// Which exchanges go wrong, and how. An exchange is a command that reaches the machine's end of
-/// the line; a repeated one is an exchange of its own. Both counts start at 1.
+/// the line; a repeated one is an exchange of its own. Counts start at 1, that of exchanges with
+/// the machine and that of a command's occurrences with the request.
 class FaultPlan {
  public:
   void AtExchange(int exchange, LinkFault fault);

@@ -15,6 +15,14 @@ constexpr std::uint8_t kFlash = 4;
 constexpr std::uint16_t kMadeOnDayAndMonth = 14 << 8 | 6;
 constexpr std::uint16_t kMadeInYear = 2019;
 
+// One check byte lets a garbled frame through now and then, and a poll turned into a start would be
+// a wrong deal that nobody sees. What belongs together in a start gives it away.
+bool SettingsAgree(const Frame& command) {
+  Frame again = command;
+  RunSettings::Get(command).Put(again);
+  return again == command;
+}
+
 bool NamesPockets(const HandList& list) {
   return std::all_of(list.begin(), list.end(), [](std::uint8_t pocket) { return pocket <= 4; });
 }
@@ -68,8 +76,7 @@ bool Firmware::AnswerQuestion(const Frame& command, Frame& reply) {
 
 bool Firmware::Start(const Frame& command, Time now, Frame& reply) {
   const StartCommand start = StartCommand::Get(command);
-  // One check byte lets a garbled frame through now and then; its list gives it away.
-  if (!NamesPockets(start.Pockets)) return false;
+  if (!SettingsAgree(command) || !NamesPockets(start.Pockets)) return false;
   if (start.Continue) {
     run_.GoOn(now);
   } else {
@@ -80,6 +87,7 @@ bool Firmware::Start(const Frame& command, Time now, Frame& reply) {
 }
 
 bool Firmware::StartSort(const Frame& command, Time now, Frame& reply) {
+  if (!SettingsAgree(command)) return false;
   if (SortCommand::Get(command).Continue) {
     run_.GoOn(now);
   } else {

@@ -160,7 +160,7 @@ TEST_F(SerialBridgeTest, TheTimeOutsHoldFromBeforeTheOpening) {
   const auto start = steady_clock::now();
   EXPECT_EQ(Read(8), Bytes());
   EXPECT_GE(MsSince(start), 4.0);
-  EXPECT_LT(MsSince(start), 150.0);
+  EXPECT_LT(MsSince(start), 900.0);
 }
 
 TEST_F(SerialBridgeTest, TheTimeOutsMayChangeWhileTheLinkIsOpen) {

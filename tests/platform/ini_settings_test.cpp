@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <random>
@@ -123,6 +125,30 @@ TEST_F(IniSettingsTest, AnEquallyLongValueWithinOneTickOfTheFileSystemIsSeen) {
   const timespec times[] = {before.st_atim, before.st_mtim};
   ASSERT_EQ(utimensat(AT_FDCWD, path_.c_str(), times, 0), 0);
   EXPECT_EQ(store_.Get(kSolverDone), "01");
+}
+
+TEST_F(IniSettingsTest, NoWriteOfTwoProcessesAtOnceIsLost) {
+  constexpr int kWrites = 40;
+  const auto writeAll = [this](const char* section) {
+    IniSettings store(path_);
+    bool all = true;
+    for (int n = 1; n <= kWrites; ++n) {
+      const std::string name = "Key" + std::to_string(n);
+      all = store.Set({section, name, ""}, std::to_string(n)) && all;
+    }
+    return all;
+  };
+  const pid_t child = fork();
+  if (child == 0) _exit(writeAll("Child") ? 0 : 1);
+  EXPECT_TRUE(writeAll("Parent"));
+  int status = 1;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  for (int n = 1; n <= kWrites; ++n) {
+    const std::string name = "Key" + std::to_string(n);
+    EXPECT_EQ(store_.Get({"Child", name, "lost"}), std::to_string(n));
+    EXPECT_EQ(store_.Get({"Parent", name, "lost"}), std::to_string(n));
+  }
 }
 
 TEST_F(IniSettingsTest, TheFolderIsMadeWithTheFirstValue) {

@@ -240,6 +240,31 @@ TEST(Dealing, AListWithANumberThatIsNoPocketIsNotTaken) {
   EXPECT_TRUE(talk.Accepted(frame));
 }
 
+TEST(Dealing, AStartIsTakenWithEveryRotationAndItsOwnTableEntries) {
+  for (std::uint8_t rotation = 0; rotation <= 3; ++rotation) {
+    Talk talk;
+    Bytes frame = DealFrame(RandomBoard(5));
+    frame[2] = 0xFF;
+    frame[3] = rotation;
+    frame[4] = static_cast<std::uint8_t>(11 + 50 * rotation);
+    frame[5] = static_cast<std::uint8_t>(36 + 50 * rotation);
+    frame[6] = 7;
+    EXPECT_TRUE(talk.Accepted(frame)) << int{rotation};
+  }
+}
+
+TEST(Dealing, AStartWhoseRotationBytesDisagreeIsNotTaken) {
+  const Bytes good = DealFrame(RandomBoard(5));
+  for (const std::size_t byte : {std::size_t{3}, std::size_t{4}, std::size_t{5}}) {
+    Talk talk;
+    Bytes frame = good;
+    frame[byte] ^= 4;
+    EXPECT_FALSE(talk.Accepted(frame)) << byte;
+    EXPECT_FALSE(talk.Accepted({0x35, 0, 0, frame[3], frame[4], frame[5], 0})) << byte;
+    EXPECT_FALSE(talk.Machine.Busy()) << byte;
+  }
+}
+
 TEST(Dealing, ACardThatNobodyWantsStopsTheMachine) {
   Talk talk;
   Bytes frame = DealFrame(RandomBoard(5));

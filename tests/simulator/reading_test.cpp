@@ -9,6 +9,8 @@ Bytes ReadFrame(int first = kNorth) {
   constexpr std::array<std::uint8_t, 4> kPockets{4, 3, 1, 2};
   Bytes plain(136);
   plain[0] = 0x9C;
+  plain[4] = 11;
+  plain[5] = 36;
   for (std::size_t k = 0; k < 52; ++k) {
     plain[8 + k] = kPockets[(k + static_cast<std::size_t>(first) - 1) % 4];
   }
@@ -44,6 +46,8 @@ TEST(Reading, APileByHandsWithOneByteTooManyIsReadToo) {
   talk.Machine.LayBoard(board);
   Bytes plain(136);
   plain[0] = 0x9C;
+  plain[4] = 11;
+  plain[5] = 36;
   for (std::size_t k = 0; k < 53; ++k) {
     plain[8 + k] = static_cast<std::uint8_t>(std::min<std::size_t>(k / 13 + 1, 4));
   }
@@ -97,10 +101,10 @@ TEST(Sorting, PutsFourPacksSuitBySuitWithFiftyTwoInEachPocket) {
 
 TEST(Sorting, GoesOnAfterABreak) {
   Talk talk;
-  ASSERT_TRUE(talk.Accepted({0x35, 0}));
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 3, 161, 186, 0}));
   for (int poll = 1; poll <= 100; ++poll) talk.Status();
   EXPECT_EQ(talk.Status(1).at(1), 57);
-  ASSERT_TRUE(talk.Accepted({0x35, 1}));
+  ASSERT_TRUE(talk.Accepted({0x35, 1, 0, 3, 161, 186, 0}));
   EXPECT_EQ(talk.PollToEnd(), 0);
 }
 

@@ -87,7 +87,7 @@ TEST(WireBytes, DealIsAccepted) {
   plain[4] = 0x0B;
   plain[5] = 0x24;
   for (std::size_t i = 0; i < 52; ++i) plain[8 + i] = static_cast<std::uint8_t>(4 - i / 13);
-  // 98 + 0B + 24 + 13 x (4 + 3 + 2 + 1): S = 49; byte 8 goes with S + A1h = EA.
+  // 98 + 0B + 24 + 82 (13 x 10): S = 49; byte 8 goes with S + A1h = EA.
   const Bytes wire = ToWire(plain);
   ASSERT_EQ(Bytes(wire.begin(), wire.begin() + 9),
             (Bytes{0xD1, 0x60, 0x77, 0x8E, 0xAE, 0x98, 0xD3, 0xB6, 0xEE}));

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+
+#include "cli/console_run.h"
+#include "cli/request.h"
+#include "platform/console/console_ui.h"
+#include "platform/console/terminal.h"
+#include "shell/shell.h"
+
+namespace morvane::simulator {
+class SimulatedMachine;
+}
+
+namespace morvane::cli {
+
+/// Exit statuses of the command line.
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
+/// Everything that a command works with; `main` makes it.
+struct Workplace {
+  Program& Prog;
+  ConsoleUi& Operator;
+  Terminal& Screen;
+  UsbXpress& Usb;
+  simulator::SimulatedMachine* Simulated = nullptr;  ///< when it can be looked into
+  std::function<bool()> Interrupted;                 ///< Ctrl-C has been pressed
+};
+
+/// Does what was asked for, as the desktop would; messages have been shown.
+ExitStatus RunCommand(Workplace& place, const Request& request);
+
+}  // namespace morvane::cli

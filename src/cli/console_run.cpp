@@ -1,0 +1,149 @@
+#include "cli/console_run.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "model/text.h"
+
+namespace morvane::cli {
+namespace {
+
+constexpr int kTickMs = 10;
+constexpr int kWatchMs = 50;
+
+std::string Aligned(int number) {
+  const std::string text = std::to_string(number);
+  return std::string(text.size() < 3 ? 3 - text.size() : 0, ' ') + text;
+}
+
+}  // namespace
+
+ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
+                       const Request& request, PocketJudge judge,
+                       const std::function<bool()>& interrupted)
+    : program_(program),
+      terminal_(terminal),
+      run_(run),
+      request_(request),
+      judge_(std::move(judge)),
+      interrupted_(interrupted),
+      starter_(program.Loop.StartTimer(kTickMs, [this] { Tick(); })),
+      watch_(program.Loop.StartTimer(kWatchMs, [this] { Watch(); })) {}
+
+void ConsoleRun::Close() {
+  starter_.reset();
+  watch_.reset();
+}
+
+void ConsoleRun::Watch() {
+  if (!interrupted_()) return;
+  watch_.reset();
+  starter_.reset();
+  run_.Exit();
+}
+
+void ConsoleRun::Tick() {
+  if (run_.Initialising() || run_.Running()) return;
+  if (!prepared_) Prepare();
+  if (ran_) {
+    EndBoard();
+  } else {
+    StartBoard();
+  }
+}
+
+void ConsoleRun::Prepare() {
+  prepared_ = true;
+  if (request_.To) run_.LeaveSubto(std::to_string(*request_.To));
+  if (request_.From) run_.LeaveSubfrom(std::to_string(*request_.From));
+  if (request_.Copies) run_.SetNumberCopies(std::to_string(*request_.Copies));
+}
+
+void ConsoleRun::StartBoard() {
+  if (!request_.Auto) {
+    if (!asked_) {
+      terminal_.Out("Insert board " + std::to_string(program_.Set.CurrentBoard) +
+                    " or press the pedal.\n");
+    }
+    asked_ = true;
+    return;
+  }
+  if (run_.Controls.Deal_next) {
+    run_.Deal_next();
+  } else {
+    run_.cmdDeal();
+  }
+  if (!ran_) run_.Exit();  // refused, which has been told
+}
+
+void ConsoleRun::EndBoard() {
+  ran_ = false;
+  asked_ = false;
+  DealtBoard board{program_.Set.CurrentBoard, run_.CurrentCopy, run_.Seconds(),
+                   run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
+                   judge_ ? judge_(program_.Set.Current()) : ""};
+  ShowProgress("");
+  terminal_.Out("Board " + Aligned(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
+                (board.Ok ? "OK" : "stopped") + "\n");
+  boards_.push_back(board);
+  finished_ = board.Ok && LastOne();
+  if (!board.Ok || finished_) run_.Exit();
+}
+
+bool ConsoleRun::LastOne() const { return !run_.Controls.Deal_next; }
+
+void ConsoleRun::ShowState() {
+  if (!run_.Running()) return;
+  ran_ = true;
+  const auto& counts = run_.TheMachine().CardCount;
+  const int cards = std::accumulate(counts.begin(), counts.end(), 0);
+  ShowProgress("Board " + Aligned(program_.Set.CurrentBoard) + "  " + std::to_string(cards) +
+               " of 52 cards  " + run_.txtDealTime + " s");
+}
+
+void ConsoleRun::ShowProgress(const std::string& text) {
+  if (!terminal_.ShowsProgress() || text == progress_) return;
+  const std::size_t rest = progress_.size() > text.size() ? progress_.size() - text.size() : 0;
+  terminal_.Out("\r" + text + std::string(rest, ' ') + (text.empty() ? "\r" : ""));
+  progress_ = text;
+}
+
+void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {
+  ShowProgress("");
+  std::string label = dialog.Error_label;
+  label = Trim(Fill(std::move(label), kCrLf, "\n"));
+  terminal_.Error(label + "\n" + dialog.Error_code + "\n");
+  dialog.Open([] {});
+  const bool canAsk = !request_.Yes && terminal_.CanAsk();
+  const bool board = dialog.ButtonMode == machine::ButtonMode::kBoardError;
+  if (!canAsk) {
+    const bool goOn = request_.Yes && dialog.Continue_button.Visible && !board;
+    goOn ? dialog.PressContinue() : dialog.PressCancel();
+    return;
+  }
+  Answer(dialog);
+}
+
+void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
+  std::string prompt;
+  int number = 0;
+  for (const auto* button : {&dialog.Continue_button, &dialog.Cancel_button, &dialog.Cancel2}) {
+    ++number;
+    if (button->Visible) prompt += std::to_string(number) + " " + button->Caption + "  ";
+  }
+  terminal_.Error(prompt + "? ");
+  // The dialog goes on polling meanwhile, since the pedal may answer it.
+  const auto keyboard = program_.Loop.StartTimer(kWatchMs, [&] {
+    const auto line = terminal_.ReadLineIfAny();
+    if (!line) return;
+    const std::string answer = Trim(*line);
+    if (answer == "1" && dialog.Continue_button.Visible) dialog.PressContinue();
+    if (answer == "2" && dialog.Cancel_button.Visible) dialog.PressCancel();
+    if (answer == "3" && dialog.Cancel2.Visible) dialog.PressCancel2();
+    if (!dialog.Closed()) terminal_.Error(prompt + "? ");
+  });
+  program_.Loop.RunUntil([&] { return dialog.Closed() || interrupted_(); });
+  if (!dialog.Closed()) dialog.PressCancel();
+}
+
+}  // namespace morvane::cli

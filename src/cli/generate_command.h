@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/commands.h"
+
+namespace morvane::cli {
+
+/// Makes a set by the options of `request`, or by the settings where it has none, and saves it.
+ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shell);
+
+}  // namespace morvane::cli

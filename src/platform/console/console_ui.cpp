@@ -1,0 +1,76 @@
+#include "platform/console/console_ui.h"
+
+#include "model/messages.h"
+#include "model/text.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kButtons = 15;
+enum Buttons : int { kOnlyOk = 0, kOkAndCancel = 1, kYesNoAndCancel = 3, kYesAndNo = 4 };
+
+/// The lines of a box without their padding and without the empty ones around them.
+std::string Stripped(const std::string& text) {
+  std::string lines;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(kCrLf, start), text.size());
+    lines += Trim(std::string_view(text).substr(start, end - start)) + "\n";
+    start = end + kCrLf.size();
+  }
+  return Trim(lines);
+}
+
+const char* PromptOf(int buttons) {
+  switch (buttons) {
+    case kOkAndCancel:
+      return "[o]k, [c]ancel? ";
+    case kYesNoAndCancel:
+      return "[y]es, [n]o, [c]ancel? ";
+    default:
+      return "[y]es, [n]o? ";
+  }
+}
+
+int Cautious(int buttons) { return buttons == kYesAndNo ? kNo : kCancel; }
+
+/// The answer that a line gives, 0 when it gives none.
+int AnswerOf(const std::string& line, int buttons) {
+  const std::string word = LowerCase(Trim(line));
+  if (word.empty()) return 0;
+  const bool canCancel = buttons != kYesAndNo;
+  switch (word.front()) {
+    case 'o':
+      return buttons == kOkAndCancel ? kOk : 0;
+    case 'y':
+      return buttons != kOkAndCancel ? kYes : 0;
+    case 'n':
+      return buttons != kOkAndCancel ? kNo : 0;
+    case 'c':
+      return canCancel ? kCancel : 0;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
+  if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
+  terminal_.Error(title + ": " + Stripped(text) + "\n");
+  const int buttons = flags & kButtons;
+  if (buttons == kOnlyOk) return kOk;
+  // "Try again" is no Yes: a script that met a missing machine would ask for ever.
+  if (yes_) return buttons == kOkAndCancel ? kCancel : kYes;
+  return terminal_.CanAsk() ? Ask(buttons) : Cautious(buttons);
+}
+
+int ConsoleUi::Ask(int buttons) {
+  while (true) {
+    terminal_.Error(PromptOf(buttons));
+    const auto line = terminal_.ReadLine();
+    if (!line) return Cautious(buttons);
+    if (const int answer = AnswerOf(*line, buttons); answer != 0) return answer;
+  }
+}
+
+}  // namespace morvane

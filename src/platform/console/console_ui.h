@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/console/terminal.h"
+#include "platform/ui.h"
+
+namespace morvane {
+
+/// The operator at a terminal. Messages go to standard error as the catalogue has them, without
+/// their padding; questions are asked there. With `yes` every question is answered Yes; without
+/// anybody to ask, with the cautious answer: No, or Cancel where there is one.
+class ConsoleUi final : public Ui {
+ public:
+  ConsoleUi(Terminal& terminal, bool yes) : terminal_(terminal), yes_(yes) {}
+
+  /// `text` is answered so from now on, without being asked.
+  void AnswerAlways(const std::string& text, int answer) { answers_[text] = answer; }
+  [[nodiscard]] bool Yes() const { return yes_; }
+
+  int MessageBox(const std::string& text, int flags, const std::string& title) override;
+  void Status(const std::string&) override {}
+  /// There are no dialogs here: a command has its paths, or fails.
+  std::optional<std::string> AskFile(const FileRequest&) override { return std::nullopt; }
+  void RefreshSet() override {}
+  void Busy(bool) override {}
+  [[nodiscard]] Point Mouse() const override { return {}; }
+
+ private:
+  int Ask(int buttons);
+  Terminal& terminal_;
+  bool yes_;
+  std::map<std::string, int> answers_;
+};
+
+}  // namespace morvane

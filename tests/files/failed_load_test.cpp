@@ -1,0 +1,175 @@
+#include <filesystem>
+
+#include "files/format_table.h"
+#include "files/load_desk.h"
+
+namespace morvane::files {
+namespace {
+
+using test::FakeUi;
+using ::testing::ElementsAre;
+
+FakeUi::Box UnknownFormat(const std::string& extension) {
+  return {
+      "      Unknow file format: " + extension + "      \r\n      Load operation aborted!      ",
+      16, "Load Error"};
+}
+
+FakeUi::Box LoadFailure(const std::string& number, const std::string& description) {
+  return {"      Error: " + number + " during load operation - " + description +
+              "      \r\n      Load operation aborted!      ",
+          16, "Load Error"};
+}
+
+void ExpectEmptySet(const BoardSet& set) {
+  EXPECT_EQ(set.FirstBoard, 1);
+  EXPECT_EQ(set.LastBoard, 0);
+  EXPECT_EQ(set.CurrentBoard, 1);
+  EXPECT_FALSE(set.Exists());
+  EXPECT_EQ(set.BoardSetFile, "");
+  EXPECT_EQ(set.EventName + set.EventSite + set.EventDate, "");
+  EXPECT_EQ(set.BoardSetChanged, "0");
+  for (const Board& board : set.Boards) EXPECT_EQ(board, Board{});
+}
+
+TEST(FailedLoad, AnUnknownExtensionIsNamedAndTheOldSetIsLost) {
+  LoadDesk desk;
+  desk.Ui.Files = {desk.Folder / "set.old.xyz"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("XYZ")));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Load operation aborted", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "set.old.xyz"),
+                          "    Load Error: Unknow file format: XYZ : Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+  EXPECT_FALSE(desk.Store.Has(kInitFormat));
+  EXPECT_FALSE(desk.Store.Has(kInitDirectory));
+}
+
+TEST(FailedLoad, ANameWithoutADotHasNothingInItsPlace) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "club.pbn");
+  desk.Ui.Files = {desk.Folder / "club.pbn/two"};  // the dot of a folder does not count
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "Log_2026_3.txt";
+  test::WriteContent(path, "");
+  desk.Ui.Files = {path};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
+  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
+    if (FindFormat(extension)->Read != nullptr) continue;
+    LoadDesk desk;
+    desk.Prog.ServiceLevel = 1;
+    const std::string path = desk.Folder / (std::string("set.") + extension);
+    test::WriteContent(path, kTwoBoards);
+    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
+    ExpectEmptySet(desk.Prog.Set);
+  }
+}
+
+TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "huge.pbn";
+  std::string value;
+  for (int i = 0; i < 500'000; ++i) value += "record###      ";
+  test::WriteContent(path, "[Board \"1\"]\n[Dealer \"" + value + "\"]\n");
+  EXPECT_FALSE(LoadFile(desk.Prog, path));
+  EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.ends_with(
+      "line2      \" in line: 2      \r\n\r\n      Load operation aborted!      "));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AMissingFileIsTheSystemsError) {
+  LoadDesk desk;
+  desk.Ui.Files = {desk.Folder / "none.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("2", "No such file or directory")));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "none.pbn"),
+                          "    Load Error: Error: 2 during load operation - No such file or "
+                          "directory : Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, ADirectoryIsTheSystemsError) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "x.pbn");
+  desk.Ui.Files = {desk.Folder / "x.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("21", "Is a directory")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
+  LoadDesk desk;
+  std::filesystem::create_symlink("/proc/self/mem", desk.Folder / "x.pbn");
+  desk.Ui.Files = {desk.Folder / "x.pbn"};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("5", "Input/output error")));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
+  LoadDesk desk;
+  std::filesystem::create_directory(desk.Folder / "x.pbn");
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "x.pbn"));
+  const FakeUi::Box first = LoadFailure("2", "No such file or directory");
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(first, first));
+}
+
+TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
+  LoadDesk desk;
+  const std::string path = desk.Folder / "bad.pbn";
+  test::WriteContent(path, std::string(kTwoBoards) + "[Board \"641\"]\r\n");
+  desk.Ui.Files = {path};
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{
+                  "      File format error     \r\n      Invalid board number in line: 8      "
+                  "\r\n\r\n      Load operation aborted!      ",
+                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Load operation aborted", "Ready"));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + path,
+                          "    Load Error: File format error: Invalid board number in line: 8 :  : "
+                          "Load operation aborted!"));
+  ExpectEmptySet(desk.Prog.Set);
+}
+
+TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
+  for (const char* content : {"", "\xEF\xBB\xBF"}) {
+    LoadDesk desk;
+    const std::string path = desk.Folder / "empty.pbn";
+    test::WriteContent(path, content);
+    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_THAT(desk.Ui.Boxes,
+                ElementsAre(FakeUi::Box{"      File format error     \r\n      File is empty      "
+                                        "\r\n\r\n      Load operation aborted!      ",
+                                        16, "Load Error"}));
+    EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
+    ExpectEmptySet(desk.Prog.Set);
+  }
+}
+
+TEST(FailedLoad, TheNextLoadWorksAgain) {
+  LoadDesk desk;
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.Good));
+  EXPECT_EQ(desk.Prog.Set.Count(), 2);
+}
+
+}  // namespace
+}  // namespace morvane::files

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+
+#include "files/load_set.h"
+#include "support/fakes.h"
+
+namespace morvane::files {
+
+/// Board 3 complete, board 4 with three cards.
+inline constexpr const char* kTwoBoards =
+    "[Event \"Evening\"]\r\n[Site \"Hall\"]\r\n[Date \"2026.03.03\"]\r\n"
+    "[Board \"3\"]\r\n[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
+    "...AKQJT98765432\"]\r\n"
+    "[Board \"4\"]\r\n[Deal \"W:A - K. Q\"]\r\n";
+
+/// A desk on which boards 1 to 4 of an older file lie.
+struct LoadDesk : test::TestDesk {
+  LoadDesk() {
+    test::FillSet(Prog.Set, 1, 4);
+    Prog.Set.EventName = "Old";
+    Prog.Set.EventSite = "Old site";
+    Prog.Set.EventDate = "Old date";
+    Prog.Set.BoardSetFile = "/old.pbn";
+    Prog.Set.CurrentBoard = 2;
+    test::WriteContent(Good, kTwoBoards);
+  }
+  void Load() { LoadBoardSet(Prog, StartFile); }
+
+  const std::string Good = Folder / "two.pbn";
+  std::string StartFile;
+};
+
+}  // namespace morvane::files
