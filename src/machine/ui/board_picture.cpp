@@ -11,12 +11,12 @@ namespace morvane::machine {
 namespace {
 
 // The sheet, in units of a pixel at scale 1.
-constexpr QSizeF kSheet{600, 430};
+constexpr QSizeF kSheet{560, 350};
 constexpr qreal kLine = 20;         // one suit below the last
 constexpr qreal kCardStep = 18.67;  // one card right of the last
 constexpr qreal kGlyphStep = 22;
 constexpr qreal kTextSize = 16;
-constexpr QRectF kCompass{250, 160, 100, 100};
+constexpr QRectF kCompass{220, 125, 100, 100};
 constexpr qreal kEdge = 22;  // of the compass
 
 struct HandPlace {
@@ -24,9 +24,9 @@ struct HandPlace {
   qreal Width;
 };
 constexpr std::array<HandPlace, kHands + 1> kPlaces{
-    {{}, {{235, 20}, 350}, {{376, 170}, 214}, {{235, 300}, 170}, {{20, 170}, 214}}};
-constexpr QPointF kHeading{20, 20};
-constexpr QPointF kTable{420, 300};
+    {{}, {{205, 16}, 340}, {{340, 135}, 208}, {{205, 254}, 340}, {{16, 135}, 200}}};
+constexpr QPointF kHeading{16, 14};
+constexpr QPointF kTable{8, 240};
 constexpr qreal kColumn = 30;
 
 constexpr std::array<const char*, kSuits + 1> kGlyphs{"", "♠", "♥", "♦", "♣"};
@@ -169,7 +169,7 @@ void BoardPicture::DrawAnalysis(QPainter& painter) const {
   if (!display_.Analyzed) {
     painter.setFont(SheetFont(kTextSize - 3));
     painter.setPen(QColor(96, 96, 96));
-    QPointF at = kTable + QPointF(36, 0);
+    QPointF at = kTable + QPointF(8, kLine);
     for (const char* line : {"Analysis has not", "been completed", "  for this board"}) {
       DrawLine(painter, at, line);
       at.ry() += kLine;

@@ -22,6 +22,7 @@ constexpr int kMostCopies = 99;
 constexpr int kMargin = 12;
 constexpr int kSpacing = 10;
 constexpr int kBigButton = 40;
+constexpr QSize kComfortable{960, 600};
 
 /// Keeps its place while it is hidden, so that nothing jumps when the machine answers.
 void KeepPlace(QWidget& widget) {
@@ -58,6 +59,7 @@ DealinProg::DealinProg(Program& program, DealingRun& run, QWidget* parent)
   all->addLayout(middle, 1);
   all->addLayout(MakeCommands());
   ConnectNumberBoxes();
+  resize(sizeHint().expandedTo(kComfortable));
   show();
 }
 
@@ -87,6 +89,7 @@ void DealinProg::MakeControls() {
   Check_board_ = AddCheckBox("Check_board", "Chec&k the board number", &DealingRun::SetCheck_board);
   Disp_boards_ = AddButton("Disp_boards", "&Hide boards", &DealingRun::Disp_boards);
   cmdExit_ = AddButton("cmdExit", "&Exit", &DealingRun::Exit);
+  cards_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   for (QWidget* setting : {static_cast<QWidget*>(cards_), static_cast<QWidget*>(Start_from_box_),
                            static_cast<QWidget*>(Check_board_)}) {
     KeepPlace(*setting);
@@ -156,9 +159,8 @@ QLayout* DealinProg::MakeHeader() {
   state->addWidget(txtStatus_);
   state->addWidget(lblProgress_);
   state->addStretch();
-  state->addWidget(new QLabel("Deal Time:", this));
+  state->addWidget(new QLabel("Deal Time (s):", this));
   state->addWidget(txtDealTime_);
-  state->addWidget(new QLabel("s", this));
   auto* file = new QHBoxLayout;
   file->addWidget(new QLabel("File Name:", this));
   file->addWidget(txtFile_);
@@ -186,6 +188,7 @@ QLayout* DealinProg::MakeBoardSide() {
 
 QWidget* DealinProg::MakeCopies() {
   auto* copies = new QWidget(this);
+  copies->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* row = new QHBoxLayout(copies);
   row->setContentsMargins(0, 0, 0, 0);
   auto* label = new QLabel("&Copies:", copies);
@@ -202,6 +205,7 @@ QWidget* DealinProg::MakeCopies() {
 
 QWidget* DealinProg::MakeSubRange() {
   auto* range = new QWidget(this);
+  range->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   auto* row = new QHBoxLayout(range);
   row->setContentsMargins(0, 0, 0, 0);
   const auto limit = [range](const char* name) {
@@ -246,6 +250,9 @@ QLayout* DealinProg::MakeCommands() {
   for (QPushButton* button : {cmdDeal_, Deal_next_}) {
     button->setFont(Enlarged(button->font(), 1.1));
     button->setMinimumWidth(4 * kBigButton);
+  }
+  for (QPushButton* button : {cmdBreak_, Disp_boards_, cmdExit_}) {
+    button->setMinimumWidth(5 * kBigButton / 2);
   }
   row->addWidget(cmdDeal_);
   row->addWidget(Deal_next_);

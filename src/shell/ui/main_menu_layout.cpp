@@ -25,7 +25,7 @@ constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
 constexpr int kWidestDate = 500;
 constexpr int kNumberWidth = 60;
-constexpr int kTextMargins = 24;  // of a number box and of a list header
+constexpr int kTextMargins = 14;  // of a caption in a list header
 
 struct Column {
   const char* Caption;
@@ -129,29 +129,31 @@ QWidget* MainMenu::MakeHeader() {
 
 QWidget* MainMenu::MakeSetNumbers() {
   auto* numbers = new QWidget(this);
-  auto* row = new QHBoxLayout(numbers);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(kSpacing);
-  const auto add = [this, row](const char* caption, const char* name, const char* tip) {
+  auto* grid = new QGridLayout(numbers);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto add = [this, grid](int row, int column, const char* caption, const char* name,
+                                const char* tip) {
     QLineEdit* box = AddShownText(name, tip);
     box->setFixedWidth(kNumberWidth);
     box->setAlignment(Qt::AlignRight);
-    row->addWidget(new QLabel(caption, this));
-    row->addWidget(box);
+    grid->addWidget(new QLabel(caption, this), row, column);
+    grid->addWidget(box, row, column + 1);
     return box;
   };
-  txtFirstBoard_ = add("First Board:", "txtFirstBoard", "First Board Number of the set");
-  txtLastBoard_ = add("Last Board:", "txtLastBoard", "Last Board Number of the set");
-  txtCount_ = add("Boards in Set:", "txtCount", "Number of boards in a set.");
-  txtCompleted_ = add("Completed Boards:", "txtCompleted", "Number of completed boards in a set.");
-  row->addStretch();
+  txtFirstBoard_ = add(0, 0, "First Board:", "txtFirstBoard", "First Board Number of the set");
+  txtLastBoard_ = add(1, 0, "Last Board:", "txtLastBoard", "Last Board Number of the set");
+  txtCount_ = add(0, 3, "Boards in Set:", "txtCount", "Number of boards in a set.");
+  txtCompleted_ =
+      add(1, 3, "Completed Boards:", "txtCompleted", "Number of completed boards in a set.");
+  grid->setColumnMinimumWidth(2, 2 * kMargin);
+  grid->setColumnStretch(5, 1);
   ShowStat_ = new QPushButton(this);
   ShowStat_->setObjectName("ShowStat");
   connect(ShowStat_, &QPushButton::clicked, this, [this] {
     shell_.ToggleStatistics();
     RefreshSet();
   });
-  row->addWidget(ShowStat_);
+  grid->addWidget(ShowStat_, 1, 6);
   return numbers;
 }
 
@@ -166,6 +168,7 @@ QWidget* MainMenu::MakeStatistics() {
                           {"  EW  ", 30}});
   lbxShapes_ = AddListView("lbxShapes", "Actual and expected Hand shapes");
   AddColumns(*lbxShapes_, {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}});
+  HandStat_->setMinimumWidth(WidthOf(*HandStat_));
   lbxShapes_->setMinimumWidth(WidthOf(*lbxShapes_));
 
   auto* hands = new QVBoxLayout;
