@@ -1,120 +1,74 @@
 #include <QApplication>
 #include <QScreen>
 #include <iostream>
-#include <optional>
-#include <string>
-#include <string_view>
+#include <memory>
 
-#include "platform/files.h"
-#include "platform/ini_settings.h"
-#include "platform/qt/qt_event_loop.h"
+#include "arguments.h"
+#include "bridges/machine_choice.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
-#include "platform/system_clock.h"
-#include "platform/system_entropy.h"
-#include "platform/user_folders.h"
-#include "program/program.h"
 #include "shell/shell.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
-#include "simulator/simulated_machine.h"
 #include "simulator/ui/machine_panel.h"
+#include "system_parts.h"
 
 namespace {
 
-using namespace morvane;
+constexpr int kWrongUsage = 2;
 
-constexpr const char* kUsage =
-    "usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
-    "  --machine M      simulated[,key=value...]\n"
-    "  --data DIR       the folder of logs and history\n"
-    "  --settings FILE  the settings store\n"
-    "  PATH             the board file to load\n";
-
-struct Arguments {
-  std::string Machine = "simulated";
-  std::string Data;
-  std::string Settings;
-  std::string Path;
-  std::string CommandLine;  ///< as start-up parses it: PATH first, in double quotes
-};
-
-std::optional<Arguments> Parse(std::vector<std::string> words) {
-  Arguments arguments;
-  std::string options;
-  for (std::size_t i = 0; i < words.size(); ++i) {
-    const std::string& word = words[i];
-    std::string* value = word == "--machine"    ? &arguments.Machine
-                         : word == "--data"     ? &arguments.Data
-                         : word == "--settings" ? &arguments.Settings
-                                                : nullptr;
-    if (value != nullptr) {
-      if (++i == words.size()) return std::nullopt;
-      *value = words[i];
-      options += " " + word + " " + words[i];
-    } else if (word.starts_with("--") || !arguments.Path.empty()) {
-      return std::nullopt;
-    } else {
-      arguments.Path = AbsolutePath(word);
-    }
-  }
-  if (!arguments.Path.empty()) arguments.CommandLine = "\"" + arguments.Path + "\"";
-  arguments.CommandLine += options;
-  return arguments;
-}
-
-ProgramPaths PathsOf(const Arguments& arguments, const char* argv0) {
-  const std::string application = ApplicationFolder(argv0);
-  return {application,
-          arguments.Data.empty() ? DefaultDataFolder(application) : AbsolutePath(arguments.Data)};
-}
-
-int WrongUsage(std::string_view what) {
-  std::cerr << what << kUsage;
-  return 2;
-}
-
-/// The panel at the right edge of the screen, out of the way of the other windows.
-void Show(QWidget& panel) {
+/// At the right edge of the screen, out of the way of the other windows.
+void PlaceAside(QWidget& panel) {
   const QRect screen = panel.screen()->availableGeometry();
   panel.adjustSize();
-  panel.move(screen.right() - panel.width(), screen.top());
-  panel.show();
+  panel.move(screen.right() - panel.frameGeometry().width(), screen.top());
+}
+
+std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
+                                   morvane::simulator::SimulatedMachine* machine) {
+  if (machine == nullptr) return nullptr;
+  auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
+  PlaceAside(*panel);
+  panel->show();
+  return panel;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto arguments = Parse({argv + 1, argv + argc});
-  if (!arguments) return WrongUsage("");
-  simulator::Options options;
-  if (const auto wrong = simulator::ParseOptions(arguments->Machine, options)) {
-    return WrongUsage(*wrong + "\n");
+  QStringList words;
+  for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
+  const morvane::Arguments arguments = morvane::ParseArguments(words);
+  if (!arguments.Help.empty()) {
+    std::cout << arguments.Help;
+    return 0;
   }
-
-  QApplication application(argc, argv);
+  if (!arguments.Error.empty()) {
+    std::cerr << "morvane: " << arguments.Error << "\nTry 'morvane --help'.\n";
+    return kWrongUsage;
+  }
+  const QApplication application(argc, argv);
   QApplication::setApplicationName("Morvane");
-  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
 
-  SystemClock clock;
-  SystemEntropy entropy;
-  QtEventLoop loop;
-  QtSound sound;
-  QtUi ui(loop);
-  IniSettings settings(arguments->Settings.empty() ? DefaultSettingsFile()
-                                                   : AbsolutePath(arguments->Settings));
-  simulator::SimulatedMachine machine(options, clock);
-  Program program({ui, loop, clock, settings, entropy, sound}, PathsOf(*arguments, argv[0]));
+  morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
+  const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);
+  if (!machine.Usb) {
+    std::cerr << "morvane: " << machine.Error << "\n";
+    return kWrongUsage;
+  }
+  morvane::QtUi ui(parts.Loop);
+  morvane::QtSound sound;
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
+                           parts.Paths);
+  morvane::shell::QtWindows windows(program);
+  morvane::shell::Shell shell(program, *machine.Usb, windows);
+  morvane::shell::MainMenu mainMenu(program, shell);
+  windows.SetMainMenu(mainMenu);
+  ui.SetMainWindow(mainMenu.ForUi());
 
-  shell::QtWindows windows(program);
-  shell::Shell shell(program, machine, windows);
-  shell::MainMenu menu(program, shell);
-  windows.SetMainMenu(menu);
-  ui.SetMainWindow(menu.ForUi());
-  simulator::MachinePanel panel(loop, machine);
-
-  Show(panel);
-  shell.StartUp(arguments->CommandLine);
-  loop.RunUntil([] { return false; });
+  const auto panel = MakePanel(parts.Loop, machine.Simulated);
+  shell.StartUp(arguments.CommandLine);
+  parts.Loop.RunUntil([] { return false; });
   return 0;
 }

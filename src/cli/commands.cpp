@@ -3,7 +3,6 @@
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
-#include "files/format_table.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 
@@ -16,7 +15,8 @@ class ConsoleWindows final : public shell::Windows {
   ConsoleWindows(Workplace& place, const Request& request) : place_(place), request_(request) {}
   void ShowMainMenu() override {}
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
-    return OpenConsoleRun(place_, request_, run, report_);
+    return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, request_,
+                                        JudgeOf(place_.Simulated), place_.Interrupted, report_);
   }
   [[nodiscard]] const RunReport& Report() const { return report_; }
 
@@ -27,21 +27,22 @@ class ConsoleWindows final : public shell::Windows {
 };
 
 bool Load(Workplace& place, const Request& request) {
-  return files::LoadFile(place.Prog, request.In);
+  std::string path = request.In;
+  return files::LoadBoardSet(place.Prog, path);
 }
 
 ExitStatus Convert(Workplace& place, const Request& request) {
   if (!Load(place, request)) return kFailed;
-  return files::SaveFile(place.Prog, request.Out) ? kDone : kFailed;
+  return Save(place, request) ? kDone : kFailed;
 }
 
 ExitStatus Show(Workplace& place, const Request& request) {
   if (!Load(place, request)) return kFailed;
   const BoardSet& set = place.Prog.Set;
   if (request.Board && (*request.Board < set.FirstBoard || *request.Board > set.LastBoard)) {
-    place.Screen.Error("Board " + std::to_string(*request.Board) + " is not in the set, which has " +
-                       std::to_string(set.FirstBoard) + " to " + std::to_string(set.LastBoard) +
-                       ".\n");
+    place.Screen.Error("Board " + std::to_string(*request.Board) +
+                       " is not in the set, which has " + std::to_string(set.FirstBoard) + " to " +
+                       std::to_string(set.LastBoard) + ".\n");
     return kFailed;
   }
   const int first = request.Board.value_or(set.FirstBoard);
@@ -61,6 +62,11 @@ ExitStatus Deal(Workplace& place, const Request& request, shell::Shell& shell,
 }
 
 }  // namespace
+
+bool Save(Workplace& place, const Request& request) {
+  place.Operator.AnswerNextFile(request.Out);
+  return files::SaveBoardSet(place.Prog);
+}
 
 ExitStatus RunCommand(Workplace& place, const Request& request) {
   ConsoleWindows windows(place, request);

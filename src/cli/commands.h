@@ -30,4 +30,7 @@ struct Workplace {
 /// Does what was asked for, as the desktop would; messages have been shown.
 ExitStatus RunCommand(Workplace& place, const Request& request);
 
+/// The Save command with the request's path in place of its dialog; whether the set was saved.
+bool Save(Workplace& place, const Request& request);
+
 }  // namespace morvane::cli

@@ -19,14 +19,15 @@ std::string Aligned(int number) {
 }  // namespace
 
 ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
-                       const Request& request, PocketJudge judge,
-                       const std::function<bool()>& interrupted)
+                       const Request& request, PocketJudge judge, std::function<bool()> interrupted,
+                       RunReport& report)
     : program_(program),
       terminal_(terminal),
       run_(run),
       request_(request),
       judge_(std::move(judge)),
-      interrupted_(interrupted),
+      interrupted_(std::move(interrupted)),
+      report_(report),
       starter_(program.Loop.StartTimer(kTickMs, [this] { Tick(); })),
       watch_(program.Loop.StartTimer(kWatchMs, [this] { Watch(); })) {}
 
@@ -85,9 +86,9 @@ void ConsoleRun::EndBoard() {
   ShowProgress("");
   terminal_.Out("Board " + Aligned(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
                 (board.Ok ? "OK" : "stopped") + "\n");
-  boards_.push_back(board);
-  finished_ = board.Ok && LastOne();
-  if (!board.Ok || finished_) run_.Exit();
+  report_.Boards.push_back(board);
+  report_.Finished = board.Ok && LastOne();
+  if (!board.Ok || report_.Finished) run_.Exit();
 }
 
 bool ConsoleRun::LastOne() const { return !run_.Controls.Deal_next; }

@@ -21,6 +21,12 @@ struct DealtBoard {
   std::string Verdict;  ///< of the four pockets against the board; empty where nobody can look
 };
 
+/// What a run leaves behind; its window is gone by then.
+struct RunReport {
+  std::vector<DealtBoard> Boards;
+  bool Finished = false;  ///< every board that was asked for has been dealt
+};
+
 /// Says what lies in the four pockets, held against `board`.
 using PocketJudge = std::function<std::string(const Board& board)>;
 
@@ -29,7 +35,7 @@ using PocketJudge = std::function<std::string(const Board& board)>;
 class ConsoleRun final : public machine::RunView {
  public:
   ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run, const Request& request,
-             PocketJudge judge, const std::function<bool()>& interrupted);
+             PocketJudge judge, std::function<bool()> interrupted, RunReport& report);
 
   void ShowState() override;
   void ShowBoard() override {}
@@ -37,10 +43,6 @@ class ConsoleRun final : public machine::RunView {
   void FocusDealNext() override {}
   void ShowError(machine::ErrorDialog& dialog) override;
   void Close() override;
-
-  [[nodiscard]] const std::vector<DealtBoard>& Boards() const { return boards_; }
-  /// Every board that was asked for has been dealt.
-  [[nodiscard]] bool Finished() const { return finished_; }
 
  private:
   void Watch();
@@ -58,14 +60,13 @@ class ConsoleRun final : public machine::RunView {
   const Request& request_;
   PocketJudge judge_;
   std::function<bool()> interrupted_;
+  RunReport& report_;
   std::unique_ptr<Timer> starter_;
   std::unique_ptr<Timer> watch_;  ///< apart from `starter_`, whose tick lasts as long as its board
-  std::vector<DealtBoard> boards_;
   std::string progress_;
   bool prepared_ = false;
   bool asked_ = false;  ///< for the board or the pedal
   bool ran_ = false;    ///< a board has been under way since the last one was taken note of
-  bool finished_ = false;
 };
 
 }  // namespace morvane::cli

@@ -1,7 +1,5 @@
 #include "cli/generate_command.h"
 
-#include "files/format_table.h"
-#include "files/save_set.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
 #include "model/text.h"
@@ -62,7 +60,8 @@ std::optional<generate::GenerateResult> Run(Workplace& place, const Request& req
 std::string Summary(const BoardSet& set, const generate::GenerateResult& result) {
   std::string text = "Boards " + std::to_string(set.FirstBoard) + " to " +
                      std::to_string(set.LastBoard) + ": " + std::to_string(set.Count());
-  const auto add = [&text](const char* name, const std::optional<generate::RejectCounter>& counter) {
+  const auto add = [&text](const char* name,
+                           const std::optional<generate::RejectCounter>& counter) {
     if (counter) text += std::string("  ") + name + " rejected: " + std::to_string(counter->Count);
   };
   add("shapes", result.ShpRejects);
@@ -75,14 +74,16 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
 }  // namespace
 
 ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shell) {
+  place.Prog.Log.WriteTime(" File-New: ");
+  shell.Deals().Pool.AddTimeEntropy();
   const auto result = Run(place, request, shell);
-  if (place.Screen.ShowsProgress()) place.Screen.Out("\r\n");
+  if (place.Screen.ShowsProgress()) place.Screen.Out("\n");
   if (!result) {
     place.Screen.Error("The seeds are not hexadecimal numbers of the length asked for.\n");
     return kWrongUsage;
   }
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
-  if (!files::SaveFile(place.Prog, request.Out)) return kFailed;
+  if (!Save(place, request)) return kFailed;
   place.Screen.Out(Summary(place.Prog.Set, *result));
   return kDone;
 }

@@ -60,30 +60,26 @@ void TakeLoadedSet(Program& program, const std::string& path) {
 
 }  // namespace
 
-void LoadBoardSet(Program& program, std::string& startFile) {
+bool LoadBoardSet(Program& program, std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
   if (program.AnalysisRunning) {
     program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
-    return;
+    return false;
   }
   program.Status("Loading");
   if (!MayReplaceSet(program)) {
     program.Status("Ready");
-    return;
+    return false;
   }
   program.Log.WriteTime(" File-Load: ");
-  if (!pending.empty()) {
-    LoadFile(program, pending);
-    return;
-  }
+  if (!pending.empty()) return LoadFile(program, pending);
   // A set given up here counts as saved even when the dialog is cancelled: required.
   program.Set.BoardSetChanged = "0";
-  if (const auto path = program.Operator.AskFile(OpenRequest(program))) {
-    LoadFile(program, *path);
-    return;
-  }
+  if (const auto path = program.Operator.AskFile(OpenRequest(program)))
+    return LoadFile(program, *path);
   program.Status("Ready");
   program.Operator.RefreshSet();
+  return false;
 }
 
 bool LoadFile(Program& program, const std::string& path) {

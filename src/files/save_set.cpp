@@ -36,20 +36,19 @@ void TakeSavedSet(Program& program, const std::string& path) {
 
 }  // namespace
 
-void SaveBoardSet(Program& program) {
+bool SaveBoardSet(Program& program) {
   program.Status("Saving");
   if (!program.Set.Exists()) {
     program.Status(program.Texts.Msg034);
     program.ShowMessage(program.Texts.Msg034, kOkCritical, "Save Error");
-    return;
+    return false;
   }
   program.Log.WriteLine(" File-Save: " + SaveTime(program.Time));
-  if (const auto path = program.Operator.AskFile(SaveRequest(program))) {
-    SaveFile(program, *path);
-    return;
-  }
+  if (const auto path = program.Operator.AskFile(SaveRequest(program)))
+    return SaveFile(program, *path);
   program.Status("Ready");
   program.Operator.RefreshSet();
+  return false;
 }
 
 bool SaveFile(Program& program, const std::string& path) {

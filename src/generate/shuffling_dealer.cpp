@@ -30,7 +30,7 @@ void ShufflingDealer::NextShuffledDeal(Board& board) {
   board = Board{};
   int hand = kNorth;
   for (std::size_t k = 1; k <= kCards; ++k, hand = NextHand(hand)) {
-    board.Cards[static_cast<std::size_t>(Deck[k])] = static_cast<std::uint8_t>(hand);
+    board.Cards[static_cast<std::uint8_t>(Deck[k])] = static_cast<std::uint8_t>(hand);
   }
 }
 

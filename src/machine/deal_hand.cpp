@@ -128,10 +128,8 @@ bool DealingRun::FollowMachine() {
     machine_.Exchange(breakNow ? StatusCommand{StatusCommand::kBreak} : machine_.Poll());
     if (CheckCommLost()) return false;
     CountsShown = true;
-    if (machine_.MachineState == Machine::kBusy) {
-      const std::chrono::duration<double> time = program_.Time.Elapsed() - runStart_;
-      txtDealTime = FixedPoint(time.count(), 1);
-    }
+    seconds_ = std::chrono::duration<double>(program_.Time.Elapsed() - runStart_).count();
+    if (machine_.MachineState == Machine::kBusy) txtDealTime = FixedPoint(seconds_, 1);
     DisplayState();
     PumpRun();
     if (leaving_ == Leaving::kAtOnce) {

@@ -87,6 +87,8 @@ class DealingRun {
   bool ShowBoards = false;
   std::int16_t CurrentCopy = 1;
   std::string txtDealTime;
+  /// How long the last board took, or has taken so far.
+  [[nodiscard]] double Seconds() const { return seconds_; }
   bool CountsShown = false;  ///< pocket counts stand empty until the machine has reported some
   [[nodiscard]] const RunMemory& Range() const { return memory_; }
   [[nodiscard]] const Machine& TheMachine() const { return machine_; }
@@ -155,6 +157,7 @@ class DealingRun {
   std::unique_ptr<Timer> Timer3d_;
   std::string RunLogLine_;
   std::chrono::microseconds runStart_{0};
+  double seconds_ = 0;
   std::uint8_t DealRotation_ = 0;
   DialogAnswer DialogResult_ = kStop;
   Outcome outcome_ = Outcome::kNone;

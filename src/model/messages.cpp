@@ -19,6 +19,8 @@ std::string OneLine(std::string_view text) {
   return Fill(Fill(std::string(text), kCrLf, " : "), "      ", "");
 }
 
+// A table of texts, however long.
+// NOLINTBEGIN(readability-function-size)
 // clang-format off
 namespace {
 
@@ -491,6 +493,7 @@ void InitServiceMessages(Messages& m) {
 
 }  // namespace
 // clang-format on
+// NOLINTEND(readability-function-size)
 
 Messages InitMessages() {
   Messages m;

@@ -5,7 +5,7 @@
 namespace morvane {
 
 Similarity CompareHands(const Board& a, const Board& b) {
-  std::array<int, kHands * kHands> common{};
+  std::array<int, std::size_t{kHands} * kHands> common{};
   for (std::size_t card = 1; card <= kCards; ++card) {
     const int inA = a.Cards[card];
     const int inB = b.Cards[card];

@@ -32,7 +32,7 @@ Entropy::Answer FillBlock(std::span<std::uint8_t> block) {
 Entropy::Answer SystemEntropy::SystemRandom(std::span<std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const std::size_t size = std::min(bytes.size(), kBlock);
-    const Answer answer = FillBlock(bytes.first(size));
+    Answer answer = FillBlock(bytes.first(size));
     if (!answer.Ok) return answer;
     bytes = bytes.subspan(size);
   }

@@ -6,23 +6,14 @@
 
 namespace morvane::shell {
 
-/// One flow of the menu. `Timer2mm` stands still while any is open, so that no request from outside
-/// and no pool update runs inside one.
-class Shell::Flow {
- public:
-  explicit Flow(Shell& shell) : shell_(shell) {
-    ++shell_.flows_;
-    shell_.Timer2mm_.reset();
-  }
-  ~Flow() {
-    if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
-  }
-  Flow(const Flow&) = delete;
-  Flow& operator=(const Flow&) = delete;
+Shell::Flow::Flow(Shell& shell) : shell_(shell) {
+  ++shell_.flows_;
+  shell_.Timer2mm_.reset();
+}
 
- private:
-  Shell& shell_;
-};
+Shell::Flow::~Flow() {
+  if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
+}
 
 Shell::Shell(Program& program, UsbXpress& usb, Windows& windows)
     : program_(program), windows_(windows), generator_(program), machine_(program, usb) {}

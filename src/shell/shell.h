@@ -60,7 +60,18 @@ class Shell {
   [[nodiscard]] machine::Machine& TheMachine() { return machine_; }
 
  private:
-  class Flow;
+  /// One flow of the menu. `Timer2mm` stands still while any is open, so that no request from
+  /// outside and no pool update runs inside one.
+  class Flow {
+   public:
+    explicit Flow(Shell& shell);
+    ~Flow();
+    Flow(const Flow&) = delete;
+    Flow& operator=(const Flow&) = delete;
+
+   private:
+    Shell& shell_;
+  };
   void EnableTimer2mm();
   void Timer2mmTick();
   void OpenLog();

@@ -1,4 +1,5 @@
-#include <QPushButton>
+#include <QAbstractButton>
+#include <set>
 
 #include "windows/run_window.h"
 
@@ -90,10 +91,17 @@ TEST_F(Dealing, EnterPressesTheDefaultButton) {
   EXPECT_TRUE(LiesInThePockets(2)) << "by now Deal_next is the default";
 }
 
-TEST_F(Dealing, TheLetterInTheCaptionPressesTheButton) {
+TEST_F(Opening, EachLetterOfTheCaptionsBelongsToOneButton) {
+  desk.Store.Set(kDealCopy, "1");
+  desk.Store.Set(kDealSub, "1");
   Contact();
-  test::Press(*window, Qt::Key_D, Qt::AltModifier);
-  EXPECT_TRUE(LiesInThePockets(1));
+  std::set<QString> letters;
+  for (const auto* button : window->findChildren<QAbstractButton*>()) {
+    if (button->shortcut().isEmpty()) continue;
+    EXPECT_TRUE(letters.insert(button->shortcut().toString()).second)
+        << button->text().toStdString();
+  }
+  EXPECT_TRUE(letters.contains("Alt+D") && letters.contains("Alt+X") && letters.contains("Alt+B"));
 }
 
 TEST_F(Dealing, WhatTheMachineDoesShowsWhileItDoesIt) {
@@ -255,18 +263,6 @@ TEST_F(EndOfSet, NoStaysAtTheLastBoard) {
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
   EXPECT_TRUE(Enabled("cmdFirst") && Enabled("cmdPrev"));
   EXPECT_FALSE(Enabled("cmdNext") || Enabled("cmdLast"));
-}
-
-TEST_F(EndOfSet, APedalBehindTheBoxStartsNothing) {
-  Contact();
-  Click("cmdLast");
-  desk.When("MessageBox", [this](QWidget& box) {
-    simulated.PressPedal();
-    test::Press(box, Qt::Key_Escape);
-  });
-  Click("cmdDeal");
-  desk.Loop.WaitMs(1000);
-  EXPECT_EQ(simulated.BoardsDealt(), 1);
 }
 
 TEST_F(Closing, TheCloseBoxInTheMiddleOfABoardBreaksItAndClosesAfterIt) {

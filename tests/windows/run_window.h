@@ -60,10 +60,8 @@ class RunWindow : public ::testing::Test {
 
   /// What `lblCnt_1` to `lblCnt_4` show, joined by blanks.
   [[nodiscard]] std::string Counts() const {
-    std::string counts;
-    for (const char* name : {"lblCnt_1", "lblCnt_2", "lblCnt_3", "lblCnt_4"}) {
-      counts += (counts.empty() ? "" : " ") + Text(name);
-    }
+    std::string counts = Text("lblCnt_1");
+    for (const char* name : {"lblCnt_2", "lblCnt_3", "lblCnt_4"}) counts += " " + Text(name);
     return counts;
   }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/console/terminal.h"
 #include "platform/ui.h"
@@ -17,12 +19,14 @@ class ConsoleUi final : public Ui {
 
   /// `text` is answered so from now on, without being asked.
   void AnswerAlways(const std::string& text, int answer) { answers_[text] = answer; }
-  [[nodiscard]] bool Yes() const { return yes_; }
+  /// The next file dialog is answered with `path`; every other is cancelled.
+  void AnswerNextFile(std::string path) { nextFile_ = std::move(path); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string&) override {}
-  /// There are no dialogs here: a command has its paths, or fails.
-  std::optional<std::string> AskFile(const FileRequest&) override { return std::nullopt; }
+  std::optional<std::string> AskFile(const FileRequest&) override {
+    return std::exchange(nextFile_, std::nullopt);
+  }
   void RefreshSet() override {}
   void Busy(bool) override {}
   [[nodiscard]] Point Mouse() const override { return {}; }
@@ -31,6 +35,7 @@ class ConsoleUi final : public Ui {
   int Ask(int buttons);
   Terminal& terminal_;
   bool yes_;
+  std::optional<std::string> nextFile_;
   std::map<std::string, int> answers_;
 };
 

@@ -1,0 +1,186 @@
+#include "arguments.h"
+
+#include <QCommandLineParser>
+#include <map>
+
+#include "bridges/machine_choice.h"
+#include "files/format_table.h"
+#include "platform/files.h"
+
+namespace morvane {
+namespace {
+
+constexpr const char* kUsage =
+    "Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--yes] COMMAND ...\n"
+    "\n"
+    "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
+    "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
+    "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
+    "  convert IN OUT\n"
+    "  show IN [--board N]\n"
+    "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+    "\n"
+    "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
+    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n";
+
+/// The options that each command has beside the global ones, and its number of paths.
+struct CommandShape {
+  qsizetype Paths;
+  QStringList Options;
+};
+
+const std::map<QString, CommandShape>& Commands() {
+  static const std::map<QString, CommandShape> commands{
+      {"generate",
+       {1,
+        {"first", "last", "generator", "empty", "shapes", "inner", "history", "seedr", "seedo",
+         "lfsr"}}},
+      {"convert", {2, {}}},
+      {"show", {1, {"board"}}},
+      {"deal", {1, {"from", "to", "copies", "auto"}}}};
+  return commands;
+}
+
+const QStringList kGlobal{"data", "settings", "machine", "yes", "help"};
+const QStringList kSwitches{"yes", "help", "empty", "auto"};
+
+void AddOptions(QCommandLineParser& parser) {
+  QStringList names = kGlobal;
+  for (const auto& [name, shape] : Commands()) names += shape.Options;
+  for (const QString& name : names) {
+    if (kSwitches.contains(name)) {
+      parser.addOption(QCommandLineOption(name));
+    } else {
+      parser.addOption(QCommandLineOption(name, "", "value"));
+    }
+  }
+}
+
+/// Takes the values out of the parser; the first that is wrong leaves its words in `Error`.
+class Values {
+ public:
+  Values(const QCommandLineParser& parser, std::string& error) : parser_(parser), error_(error) {}
+
+  [[nodiscard]] std::optional<std::string> Text(const char* name) const {
+    if (!parser_.isSet(name)) return std::nullopt;
+    return parser_.value(name).toStdString();
+  }
+  std::optional<int> Number(const char* name) {
+    const auto text = Text(name);
+    if (!text) return std::nullopt;
+    bool isNumber = false;
+    const int number = QString::fromStdString(*text).toInt(&isNumber);
+    if (isNumber && number > 0) return number;
+    return Wrong<int>(name, *text, "a number above 0");
+  }
+  std::optional<bool> Switch(const char* name) {
+    const auto text = Text(name);
+    if (!text) return std::nullopt;
+    if (*text == "on" || *text == "off") return *text == "on";
+    return Wrong<bool>(name, *text, "on or off");
+  }
+  std::optional<std::string> Choice(const char* name, const char* one, const char* other) {
+    auto text = Text(name);
+    if (!text || *text == one || *text == other) return text;
+    return Wrong<std::string>(name, *text, std::string(one) + " or " + other);
+  }
+  std::optional<std::string> Hex(const char* name, std::size_t digits) {
+    auto text = Text(name);
+    if (!text) return std::nullopt;
+    const bool hex = text->find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+    if (hex && text->size() == digits) return text;
+    return Wrong<std::string>(name, *text, std::to_string(digits) + " hexadecimal digits");
+  }
+
+ private:
+  template <typename T>
+  std::optional<T> Wrong(const char* name, const std::string& text, const std::string& wanted) {
+    if (error_.empty()) error_ = std::string("--") + name + " " + text + ": wanted " + wanted;
+    return std::nullopt;
+  }
+  const QCommandLineParser& parser_;
+  std::string& error_;
+};
+
+std::string CheckShape(const QCommandLineParser& parser, const QString& command,
+                       const CommandShape& shape) {
+  for (const QString& option : parser.optionNames()) {
+    if (!kGlobal.contains(option) && !shape.Options.contains(option)) {
+      return "--" + option.toStdString() + " does not belong to " + command.toStdString();
+    }
+  }
+  if (parser.positionalArguments().size() == shape.Paths + 1) return "";
+  return command.toStdString() + ": wrong number of files";
+}
+
+void TakeValues(const QCommandLineParser& parser, Arguments& result) {
+  Values values(parser, result.Error);
+  cli::Request& what = result.What;
+  what.First = values.Text("first");
+  what.Last = values.Text("last");
+  what.Generator = values.Choice("generator", "bigdeal", "morvane");
+  what.Empty = parser.isSet("empty");
+  what.Shapes = values.Switch("shapes");
+  what.Inner = values.Switch("inner");
+  what.History = values.Switch("history");
+  what.Seedr = values.Hex("seedr", 40);
+  what.Seedo = values.Hex("seedo", 40);
+  what.Lfsr = values.Hex("lfsr", 32);
+  what.Board = values.Number("board");
+  what.From = values.Number("from");
+  what.To = values.Number("to");
+  what.Copies = values.Number("copies");
+  what.Auto = parser.isSet("auto");
+  what.Yes = parser.isSet("yes");
+  if (!result.Error.empty()) return;
+  if (what.Seedr.has_value() != what.Seedo.has_value()) {
+    result.Error = "--seedr and --seedo go together";
+  } else if (what.Lfsr && (what.Seedr || what.Generator == "bigdeal")) {
+    result.Error = "--lfsr is a state of the other generator";
+  } else if (what.Seedr && what.Generator == "morvane") {
+    result.Error = "--seedr and --seedo are seeds of the other generator";
+  } else if (what.Copies && *what.Copies > 99) {
+    result.Error = "--copies: 99 at most";
+  }
+}
+
+}  // namespace
+
+Arguments ParseArguments(const QStringList& arguments) {
+  Arguments result;
+  QCommandLineParser parser;
+  AddOptions(parser);
+  if (!parser.parse(arguments)) {
+    result.Error = parser.errorText().toStdString();
+    return result;
+  }
+  if (parser.isSet("help")) {
+    result.Help = kUsage;
+    return result;
+  }
+  const QStringList words = parser.positionalArguments();
+  const auto command = words.isEmpty() ? Commands().end() : Commands().find(words.front());
+  if (command == Commands().end()) {
+    result.Error =
+        words.isEmpty() ? "no command" : "unknown command: " + words.front().toStdString();
+    return result;
+  }
+  result.Error = CheckShape(parser, command->first, command->second);
+  if (!result.Error.empty()) return result;
+  result.What.Command = command->first.toStdString();
+  const auto path = [&words](qsizetype at) { return AbsolutePath(words.at(at).toStdString()); };
+  if (result.What.Command == "generate") {
+    result.What.Out = path(1);
+  } else {
+    result.What.In = path(1);
+  }
+  if (result.What.Command == "convert") result.What.Out = path(2);
+  result.Data = parser.value("data").toStdString();
+  result.Settings = parser.value("settings").toStdString();
+  result.Machine =
+      parser.isSet("machine") ? parser.value("machine").toStdString() : bridges::kDefaultMachine;
+  TakeValues(parser, result);
+  return result;
+}
+
+}  // namespace morvane

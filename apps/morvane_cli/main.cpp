@@ -1,0 +1,52 @@
+#include <QCoreApplication>
+#include <atomic>
+#include <csignal>
+#include <iostream>
+
+#include "arguments.h"
+#include "bridges/machine_choice.h"
+#include "cli/commands.h"
+#include "platform/console/console_ui.h"
+#include "system_parts.h"
+
+namespace {
+
+std::atomic<bool> interrupted = false;
+
+class NoSound final : public morvane::Sound {
+ public:
+  void Play(const std::string&) override {}
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  const morvane::Arguments arguments = morvane::ParseArguments(QCoreApplication::arguments());
+  if (!arguments.Help.empty()) {
+    std::cout << arguments.Help;
+    return morvane::cli::kDone;
+  }
+  if (!arguments.Error.empty()) {
+    std::cerr << "morvane-cli: " << arguments.Error << "\nTry 'morvane-cli --help'.\n";
+    return morvane::cli::kWrongUsage;
+  }
+  morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
+  const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);
+  if (!machine.Usb) {
+    std::cerr << "morvane-cli: " << machine.Error << "\n";
+    return morvane::cli::kWrongUsage;
+  }
+  morvane::StandardTerminal terminal;
+  morvane::ConsoleUi operatorAtTerminal(terminal, arguments.What.Yes);
+  NoSound silence;
+  morvane::Program program(
+      {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
+      parts.Paths);
+  // The machine is asked to break before the command ends.
+  if (arguments.What.Command == "deal") std::signal(SIGINT, [](int) { interrupted = true; });
+  morvane::cli::Workplace place{program,           operatorAtTerminal,
+                                terminal,          *machine.Usb,
+                                machine.Simulated, [] { return interrupted.load(); }};
+  return morvane::cli::RunCommand(place, arguments.What);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/ini_settings.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/system_clock.h"
+#include "platform/system_entropy.h"
+#include "platform/user_folders.h"
+#include "program/program.h"
+
+namespace morvane {
+
+/// The ports that every program of ours has from the system; made once, in `main`.
+struct SystemParts {
+  /// Empty `data` or `settings`: the user's own.
+  SystemParts(const std::string& argv0, const std::string& data, const std::string& settings)
+      : Paths{ApplicationFolder(argv0), ""},
+        Store(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)) {
+    Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : AbsolutePath(data);
+  }
+  ProgramPaths Paths;
+  SystemClock Time;
+  SystemEntropy Random;
+  QtEventLoop Loop;
+  IniSettings Store;
+};
+
+}  // namespace morvane
