@@ -31,9 +31,12 @@ LocalTime VirtualClock::Now() const {
 class VirtualEventLoop::Handle final : public Timer {
  public:
   explicit Handle(std::shared_ptr<Entry> entry) : entry_(std::move(entry)) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() override { entry_->Stopped = true; }  // its own tick may hold the entry a while longer
 
  private:
-  std::shared_ptr<Entry> entry_;  // the loop only knows it weakly: gone means stopped
+  std::shared_ptr<Entry> entry_;
 };
 
 bool VirtualEventLoop::Pump() {
@@ -96,7 +99,7 @@ std::shared_ptr<VirtualEventLoop::Entry> VirtualEventLoop::NextDue() {
   std::erase_if(timers_, [](const auto& timer) { return timer.expired(); });
   for (const auto& timer : timers_) {
     const auto entry = timer.lock();
-    if (entry->Firing) continue;
+    if (entry->Stopped || entry->Ticking) continue;
     if (!next || entry->Due < next->Due) next = entry;
   }
   return next;
@@ -114,10 +117,9 @@ void VirtualEventLoop::FireDue() {
       continue;
     }
     while (next->Due <= now) next->Due += next->Interval;
-    const auto tick = next->Tick;
-    next->Firing = true;
-    tick();
-    next->Firing = false;
+    next->Ticking = true;
+    next->Tick();
+    next->Ticking = false;
   }
 }
 

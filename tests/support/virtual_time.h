@@ -47,7 +47,8 @@ class VirtualEventLoop : public EventLoop {
     std::chrono::microseconds Due;
     std::chrono::microseconds Interval;  ///< 0 = once
     std::function<void()> Tick;
-    bool Firing = false;  ///< a tick that lets events through is not run into by its own next one
+    bool Stopped = false;
+    bool Ticking = false;  ///< a tick that lets events through is not run into by its next one
   };
   class Handle;
   void Advance(std::chrono::microseconds limit);

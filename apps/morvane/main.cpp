@@ -1,0 +1,74 @@
+#include <QApplication>
+#include <QScreen>
+#include <iostream>
+#include <memory>
+
+#include "arguments.h"
+#include "bridges/machine_choice.h"
+#include "platform/qt/qt_sound.h"
+#include "platform/qt/qt_ui.h"
+#include "shell/shell.h"
+#include "shell/ui/main_menu.h"
+#include "shell/ui/qt_windows.h"
+#include "simulator/ui/machine_panel.h"
+#include "system_parts.h"
+
+namespace {
+
+constexpr int kWrongUsage = 2;
+
+/// At the right edge of the screen, out of the way of the other windows.
+void PlaceAside(QWidget& panel) {
+  const QRect screen = panel.screen()->availableGeometry();
+  panel.adjustSize();
+  panel.move(screen.right() - panel.frameGeometry().width(), screen.top());
+}
+
+std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
+                                   morvane::simulator::SimulatedMachine* machine) {
+  if (machine == nullptr) return nullptr;
+  auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
+  PlaceAside(*panel);
+  panel->show();
+  return panel;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QStringList words;
+  for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
+  const morvane::Arguments arguments = morvane::ParseArguments(words);
+  if (!arguments.Help.empty()) {
+    std::cout << arguments.Help;
+    return 0;
+  }
+  if (!arguments.Error.empty()) {
+    std::cerr << "morvane: " << arguments.Error << "\nTry 'morvane --help'.\n";
+    return kWrongUsage;
+  }
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName("Morvane");
+  QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
+
+  morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
+  const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);
+  if (!machine.Usb) {
+    std::cerr << "morvane: " << machine.Error << "\n";
+    return kWrongUsage;
+  }
+  morvane::QtUi ui(parts.Loop);
+  morvane::QtSound sound;
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
+                           parts.Paths);
+  morvane::shell::QtWindows windows(program);
+  morvane::shell::Shell shell(program, *machine.Usb, windows);
+  morvane::shell::MainMenu mainMenu(program, shell);
+  windows.SetMainMenu(mainMenu);
+  ui.SetMainWindow(mainMenu.ForUi());
+
+  const auto panel = MakePanel(parts.Loop, machine.Simulated);
+  shell.StartUp(arguments.CommandLine);
+  parts.Loop.RunUntil([] { return false; });
+  return 0;
+}

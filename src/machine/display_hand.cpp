@@ -1,0 +1,45 @@
+#include "machine/display_hand.h"
+
+#include <algorithm>
+
+#include "machine/dealing_run.h"
+#include "model/national_letters.h"
+
+namespace morvane::machine {
+
+bool CardDealt(const std::array<std::uint8_t, 56>& cardLog, int card) {
+  return cardLog[WirePosition(card) - kPayload + 1] != 0;
+}
+
+BoardDisplay DisplayHand(const DealingRun& run, int number) {
+  const Board& board = run.CurrentBoard();
+  BoardDisplay display;
+  display.Board = " Board: " + std::to_string(number);
+  if (run.CopiesShown) {
+    display.Copy = " Copy: " + std::to_string(run.CurrentCopy) + "/" +
+                   std::to_string(run.Range().NumberOfCopies);
+  }
+  display.VulNumber = BoardVul(board, number);
+  display.DealerNumber = BoardDealer(board, number);
+  display.Vul = "Vul: " + std::string(VulName[static_cast<std::size_t>(display.VulNumber)]);
+  display.Dealer =
+      "Dealer: " + std::string(HandName[static_cast<std::size_t>(display.DealerNumber)]);
+  display.HandsShown = run.ShowBoards;
+  if (!display.HandsShown) return display;
+
+  for (int card = 1; card <= kCards; ++card) {
+    const std::size_t hand = board.Cards[static_cast<std::size_t>(card)];
+    if (hand == 0) continue;
+    display.Hands[hand][static_cast<std::size_t>(CardSuit(card))].push_back(
+        {NationalLetter(run.Cards.National, card), CardDealt(run.TheMachine().CardLog, card)});
+  }
+  for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
+    display.lblHCP[hand] = std::to_string(board.Hcp[hand]);
+  }
+  display.Tricks = board.Tricks;
+  display.Analyzed = std::any_of(board.Tricks.begin(), board.Tricks.end(),
+                                 [](auto tricks) { return tricks != 0; });
+  return display;
+}
+
+}  // namespace morvane::machine

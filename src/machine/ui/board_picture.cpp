@@ -1,0 +1,201 @@
+#include "machine/ui/board_picture.h"
+
+#include <QFontDatabase>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+
+namespace morvane::machine {
+namespace {
+
+// The sheet, in units of a pixel at scale 1.
+constexpr QSizeF kSheet{560, 350};
+constexpr qreal kLine = 20;         // one suit below the last
+constexpr qreal kCardStep = 18.67;  // one card right of the last
+constexpr qreal kGlyphStep = 22;
+constexpr qreal kTextSize = 16;
+constexpr QRectF kCompass{220, 125, 100, 100};
+constexpr qreal kEdge = 22;  // of the compass
+
+struct HandPlace {
+  QPointF Corner;
+  qreal Width;
+};
+constexpr std::array<HandPlace, kHands + 1> kPlaces{
+    {{}, {{205, 16}, 340}, {{340, 135}, 208}, {{205, 254}, 340}, {{16, 135}, 200}}};
+constexpr QPointF kHeading{16, 14};
+constexpr QPointF kTable{8, 240};
+constexpr qreal kColumn = 30;
+
+constexpr std::array<const char*, kSuits + 1> kGlyphs{"", "♠", "♥", "♦", "♣"};
+
+const QColor kPaper{252, 251, 246};
+const QColor kFrame{176, 172, 158};
+const QColor kSafe{46, 125, 75};
+const QColor kVulnerable{192, 57, 43};
+
+bool IsRed(std::size_t suit) { return suit == 2 || suit == 3; }
+
+QColor CardColour(std::size_t suit, bool dealt) {
+  if (IsRed(suit)) return dealt ? QColor(255, 0, 0) : QColor(255, 128, 128);
+  return dealt ? QColor(0, 0, 0) : QColor(128, 128, 128);
+}
+
+QFont SheetFont(qreal size, bool bold = false) {
+  QFont font({"Arial", "Liberation Sans", "Helvetica"});
+  font.setPixelSize(static_cast<int>(size));
+  font.setBold(bold);
+  return font;
+}
+
+bool IsVulnerable(int hand, int vul) {
+  const bool northSouth = hand == kNorth || hand == kSouth;
+  return vul == 4 || vul == (northSouth ? 2 : 3);
+}
+
+/// Text with its left end at `at.x()`, in a line whose top is `at.y()`.
+void DrawLine(QPainter& painter, QPointF at, const QString& text) {
+  painter.drawText(QRectF(at, QSizeF(kSheet.width(), kLine)), Qt::AlignLeft | Qt::AlignVCenter,
+                   text);
+}
+
+void DrawCentred(QPainter& painter, QPointF at, const QString& text) {
+  painter.drawText(QRectF(at, QSizeF(kColumn, kLine)), Qt::AlignCenter, text);
+}
+
+}  // namespace
+
+BoardPicture::BoardPicture(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setMinimumSize((kSheet * 0.6).toSize());
+}
+
+void BoardPicture::Show(BoardDisplay display) {
+  display_ = std::move(display);
+  update();
+}
+
+QSize BoardPicture::sizeHint() const { return kSheet.toSize(); }
+
+void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  painter.setPen(kFrame);
+  painter.setBrush(kPaper);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+
+  const qreal scale = std::min(width() / kSheet.width(), height() / kSheet.height());
+  painter.translate((width() - kSheet.width() * scale) / 2,
+                    (height() - kSheet.height() * scale) / 2);
+  painter.scale(scale, scale);
+  DrawCompass(painter);
+  DrawHeading(painter);
+  if (!display_.HandsShown) return;
+  for (int hand = kNorth; hand <= kWest; ++hand) DrawHand(painter, hand);
+  DrawAnalysis(painter);
+}
+
+void BoardPicture::DrawHeading(QPainter& painter) const {
+  QPointF at = kHeading;
+  painter.setFont(SheetFont(kTextSize * 1.25, true));
+  painter.setPen(QColor(0, 0, 255));
+  DrawLine(painter, at, ToQt(display_.Board).trimmed());
+  painter.setFont(SheetFont(kTextSize));
+  painter.setPen(Qt::black);
+  for (const std::string& line : {display_.Copy, display_.Vul, display_.Dealer}) {
+    if (line.empty()) continue;
+    at.ry() += kLine + 2;
+    DrawLine(painter, at, ToQt(line).trimmed());
+  }
+}
+
+void BoardPicture::DrawCompass(QPainter& painter) const {
+  const QPointF middle = kCompass.center();
+  painter.save();
+  painter.setPen(Qt::NoPen);
+  painter.setFont(SheetFont(kTextSize, true));
+  painter.translate(middle);
+  // Each side is the north side turned round: a trapezium in the colour of its vulnerability.
+  const qreal half = kCompass.width() / 2;
+  const QPolygonF side{{{-half, -half},
+                        {half, -half},
+                        {half - kEdge, -half + kEdge},
+                        {-half + kEdge, -half + kEdge}}};
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    painter.save();
+    painter.rotate(90.0 * (hand - 1));
+    painter.setBrush(IsVulnerable(hand, display_.VulNumber) ? kVulnerable : kSafe);
+    painter.drawPolygon(side);
+    painter.restore();
+  }
+  painter.setPen(Qt::white);
+  constexpr std::array<QPointF, kHands + 1> outward{{{}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    const QPointF at = outward[static_cast<std::size_t>(hand)] * (half - kEdge / 2);
+    QFont font = painter.font();
+    font.setUnderline(hand == display_.DealerNumber);
+    painter.setFont(font);
+    painter.drawText(QRectF(at.x() - kEdge / 2, at.y() - kEdge / 2, kEdge, kEdge), Qt::AlignCenter,
+                     QString(QChar(HandLetter(hand))));
+  }
+  painter.restore();
+}
+
+void BoardPicture::DrawHand(QPainter& painter, int hand) const {
+  const HandPlace& place = kPlaces[static_cast<std::size_t>(hand)];
+  QPointF line = place.Corner;
+  for (std::size_t suit = 1; suit <= kSuits; ++suit, line.ry() += kLine) {
+    const auto& cards = display_.Hands[static_cast<std::size_t>(hand)][suit];
+    painter.setFont(SheetFont(kTextSize + 2));
+    painter.setPen(CardColour(suit, true));
+    DrawLine(painter, line, QString::fromUtf8(kGlyphs[suit]));
+    // A suit too long for its place moves closer together.
+    const qreal room = (place.Width - kGlyphStep) / static_cast<qreal>(cards.size() + 1);
+    const qreal step = std::min(kCardStep, room);
+    painter.setFont(SheetFont(kTextSize));
+    QPointF at = line + QPointF(kGlyphStep, 0);
+    for (const auto& card : cards) {
+      painter.setPen(CardColour(suit, card.Dealt));
+      DrawLine(painter, at, ToQt(card.Letter));
+      at.rx() += card.Letter.size() > 1 ? step * 1.35 : step;
+    }
+  }
+}
+
+void BoardPicture::DrawAnalysis(QPainter& painter) const {
+  painter.setPen(Qt::black);
+  if (!display_.Analyzed) {
+    painter.setFont(SheetFont(kTextSize - 3));
+    painter.setPen(QColor(96, 96, 96));
+    QPointF at = kTable + QPointF(8, kLine);
+    for (const char* line : {"Analysis has not", "been completed", "  for this board"}) {
+      DrawLine(painter, at, line);
+      at.ry() += kLine;
+    }
+    return;
+  }
+  constexpr std::array<const char*, 5> strains{"NT", "♠", "♥", "♦", "♣"};
+  constexpr std::array<int, kHands> rows{kNorth, kSouth, kEast, kWest};
+  for (std::size_t strain = 0; strain < strains.size(); ++strain) {
+    const qreal x = kColumn * static_cast<qreal>(strain + 1);
+    painter.setFont(SheetFont(kTextSize, strain == 0));
+    painter.setPen(CardColour(strain, true));
+    DrawCentred(painter, kTable + QPointF(x, 0), QString::fromUtf8(strains[strain]));
+    painter.setFont(SheetFont(kTextSize));
+    painter.setPen(Qt::black);
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      const auto result = display_.Tricks[static_cast<std::size_t>(rows[row] - 1) * 5 + strain];
+      DrawCentred(painter, kTable + QPointF(x, kLine * static_cast<qreal>(row + 1)),
+                  QString::number(result));
+    }
+  }
+  painter.setFont(SheetFont(kTextSize, true));
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    DrawCentred(painter, kTable + QPointF(0, kLine * static_cast<qreal>(row + 1)),
+                QString(QChar(HandLetter(rows[row]))));
+  }
+}
+
+}  // namespace morvane::machine

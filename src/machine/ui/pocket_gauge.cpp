@@ -1,0 +1,104 @@
+#include "machine/ui/pocket_gauge.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "machine/dealing_run.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane::machine {
+namespace {
+
+constexpr int kFull = DealingRun::kCardsAHand;
+constexpr int kCountPixels = 34;
+constexpr const char* kGreen = "#2e8b4f";
+constexpr const char* kRed = "#c0392b";
+constexpr const char* kBlank = "#9a9a9a";
+
+}  // namespace
+
+/// Thirteen cells, one a card.
+class PocketGauge::Bar final : public QWidget {
+ public:
+  explicit Bar(QWidget* parent) : QWidget(parent) {
+    setFixedHeight(8);
+    setMinimumWidth(kFull * 5);
+  }
+  void Show(int count, const QColor& colour) {
+    count_ = count;
+    colour_ = colour;
+    repaint();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const qreal cell = static_cast<qreal>(width()) / kFull;
+    for (int i = 0; i < kFull; ++i) {
+      painter.fillRect(QRectF(i * cell, 0, cell - 1, height()),
+                       i < count_ ? colour_ : palette().color(QPalette::Mid));
+    }
+  }
+
+ private:
+  int count_ = 0;
+  QColor colour_;
+};
+
+PocketGauge::PocketGauge(int hand, QWidget* parent)
+    : QFrame(parent),
+      lblCnt_(new QLabel(this)),
+      lblHCP_(new QLabel(this)),
+      unit_(new QLabel(this)),
+      bar_(new Bar(this)) {
+  const QString suffix = "_" + QString::number(hand);
+  const QString name = ToQt(HandName[static_cast<std::size_t>(hand)]);
+  setFrameShape(QFrame::StyledPanel);
+  auto* title = new QLabel(name, this);
+  title->setAlignment(Qt::AlignCenter);
+  lblCnt_->setObjectName("lblCnt" + suffix);
+  lblCnt_->setAccessibleName(name + " cards");
+  lblCnt_->setAlignment(Qt::AlignCenter);
+  lblCnt_->setMinimumWidth(2 * kCountPixels);
+  lblHCP_->setObjectName("lblHCP" + suffix);
+  lblHCP_->setAccessibleName(name + " points");
+  lblHCP_->setToolTip("High-card points");
+  lblHCP_->setAlignment(Qt::AlignCenter);
+  auto* points = new QHBoxLayout;
+  points->addStretch();
+  points->addWidget(lblHCP_);
+  points->addWidget(unit_);
+  points->addStretch();
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 4, 6, 4);
+  column->setSpacing(4);
+  column->addWidget(title);
+  column->addWidget(lblCnt_);
+  column->addWidget(bar_);
+  column->addLayout(points);
+  ShowCount(std::nullopt, Mood::kWaiting);
+}
+
+void PocketGauge::ShowCount(std::optional<int> count, Mood mood) {
+  const QString text = count ? QString::number(*count) : QString();
+  const char* colour = count == kFull ? kGreen : count || mood == Mood::kDealing ? kRed : kBlank;
+  const QString look = text + colour;
+  if (look == look_) return;
+  look_ = look;
+  lblCnt_->setStyleSheet(QString("background:%1; color:white; border-radius:4px; padding:2px;"
+                                 "font-weight:bold; font-size:%2px;")
+                             .arg(colour)
+                             .arg(kCountPixels));
+  lblCnt_->setText(text);
+  lblCnt_->repaint();
+  bar_->Show(count.value_or(0), QColor(colour));
+}
+
+void PocketGauge::ShowHcp(const std::string& points) {
+  lblHCP_->setText(ToQt(points));
+  unit_->setText(points.empty() ? "" : "HCP");
+}
+
+}  // namespace morvane::machine

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+#include <string>
+
+#include "model/number_filter.h"
+
+namespace morvane {
+
+/// A text box whose text goes through a filter after every change that the operator makes.
+class FilteredEdit : public QLineEdit {
+ public:
+  /// Takes what was typed and gives back what the box is to show.
+  using Filter = std::function<FilteredBox(FilteredBox)>;
+
+  explicit FilteredEdit(Filter filter, QWidget* parent = nullptr);
+  /// Shows a text that does not come from the operator.
+  void ShowText(const std::string& text);
+
+ private:
+  void Edited();
+  [[nodiscard]] FilteredBox Box() const;
+  void Show(const FilteredBox& box);
+
+  Filter filter_;
+};
+
+}  // namespace morvane

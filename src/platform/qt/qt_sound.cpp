@@ -1,0 +1,22 @@
+#include "platform/qt/qt_sound.h"
+
+#include <QFileInfo>
+#include <QSoundEffect>
+#include <QUrl>
+
+#include "platform/qt/qt_text.h"
+
+namespace morvane {
+
+QtSound::QtSound() = default;
+QtSound::~QtSound() = default;
+
+void QtSound::Play(const std::string& path) {
+  const QString file = ToQt(path);
+  if (!QFileInfo::exists(file)) return;
+  if (!effect_) effect_ = std::make_unique<QSoundEffect>();
+  effect_->setSource(QUrl::fromLocalFile(file));
+  effect_->play();
+}
+
+}  // namespace morvane

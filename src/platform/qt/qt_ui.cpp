@@ -1,0 +1,185 @@
+#include "platform/qt/qt_ui.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "model/messages.h"
+#include "model/text.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kButtons = 0x0F;
+constexpr int kIcons = 0x70;
+
+QMessageBox::StandardButtons ButtonsOf(int flags) {
+  switch (flags & kButtons) {
+    case 1:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case 3:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case 4:
+      return QMessageBox::Yes | QMessageBox::No;
+    default:
+      return QMessageBox::Ok;
+  }
+}
+
+QMessageBox::Icon IconOf(int flags) {
+  switch (flags & kIcons) {
+    case 16:
+      return QMessageBox::Critical;
+    case 32:
+      return QMessageBox::Question;
+    case 48:
+      return QMessageBox::Warning;
+    case 64:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+/// The answer that changes least; also what Escape and the close box give.
+QMessageBox::StandardButton CautiousAnswer(QMessageBox::StandardButtons buttons) {
+  if (buttons.testFlag(QMessageBox::Cancel)) return QMessageBox::Cancel;
+  if (buttons.testFlag(QMessageBox::No)) return QMessageBox::No;
+  return QMessageBox::Ok;
+}
+
+int AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return kYes;
+    case QMessageBox::No:
+      return kNo;
+    case QMessageBox::Cancel:
+      return kCancel;
+    default:
+      return kOk;
+  }
+}
+
+/// The rows of a filter in Qt's form "caption (pattern pattern)".
+QStringList FilterRows(const std::string& filter) {
+  const QStringList parts = ToQt(filter).split('|');
+  QStringList rows;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QString caption = parts[i].trimmed();
+    if (const auto tail = caption.lastIndexOf('('); tail > 0) caption.truncate(tail);
+    QString pattern = parts[i + 1].trimmed();
+    // "*.*" means every file, those without a dot too.
+    if (pattern == "*.*") pattern = "*";
+    rows << caption.trimmed() + " (" + pattern.replace(';', ' ') + ")";
+  }
+  return rows;
+}
+
+/// "pbn" of "pbn (*.pbn)"; empty where the row stands for more than one kind of file.
+QString ExtensionOf(const QString& row) {
+  const QString pattern = row.mid(row.lastIndexOf('(') + 1).chopped(1);
+  return pattern.startsWith("*.") && !pattern.contains(' ') ? pattern.mid(2) : QString();
+}
+
+void Prepare(QFileDialog& dialog, const FileRequest& request) {
+  const QStringList rows = FilterRows(request.Filter);
+  dialog.setObjectName(request.Saving ? "cdSave" : "cdOpen");
+  dialog.setWindowTitle(ToQt(request.Title));
+  dialog.setAcceptMode(request.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setNameFilters(rows);
+  const auto row = std::clamp<qsizetype>(request.FilterIndex - 1, 0, rows.size() - 1);
+  if (!rows.empty()) dialog.selectNameFilter(rows[row]);
+  if (!request.Directory.empty()) dialog.setDirectory(ToQt(request.Directory));
+  if (!request.Saving) return;
+  const auto takeSuffix = [&dialog](const QString& chosen) {
+    dialog.setDefaultSuffix(ExtensionOf(chosen));
+  };
+  takeSuffix(dialog.selectedNameFilter());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);
+}
+
+}  // namespace
+
+std::string WithoutPadding(std::string_view text) {
+  std::string plain;
+  while (true) {
+    const auto end = text.find(kCrLf);
+    plain += Trim(text.substr(0, end));
+    if (end == std::string_view::npos) break;
+    plain += '\n';
+    text.remove_prefix(end + kCrLf.size());
+  }
+  plain.erase(plain.find_last_not_of('\n') + 1);
+  return plain;
+}
+
+QtUi::~QtUi() { Busy(false); }
+
+int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
+  QMessageBox box(Owner());
+  box.setObjectName("MessageBox");
+  box.setWindowTitle(ToQt(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(WithoutPadding(text)));
+  box.setIcon(IconOf(flags));
+  const auto buttons = ButtonsOf(flags);
+  box.setStandardButtons(buttons);
+  box.setEscapeButton(CautiousAnswer(buttons));
+  box.setResult(CautiousAnswer(buttons));
+  Run(box);
+  return AnswerOf(box.isVisible() ? CautiousAnswer(buttons) : box.result());
+}
+
+std::optional<std::string> QtUi::AskFile(const FileRequest& request) {
+  QFileDialog dialog(Owner());
+  Prepare(dialog, request);
+  Run(dialog);
+  if (dialog.isVisible() || dialog.result() != QDialog::Accepted) return std::nullopt;
+  const QStringList files = dialog.selectedFiles();
+  if (files.empty()) return std::nullopt;
+  return FromQt(files.front());
+}
+
+void QtUi::Run(QDialog& dialog) {
+  dialog.open();
+  loop_.RunUntil([&dialog] { return !dialog.isVisible(); });
+}
+
+QWidget* QtUi::Owner() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (!main_.Client) return nullptr;
+  QWidget* window = main_.Client->window();
+  return window->isVisible() ? window : nullptr;
+}
+
+void QtUi::Status(const std::string& text) {
+  if (main_.Status) main_.Status(text);
+}
+
+void QtUi::RefreshSet() {
+  if (main_.RefreshSet) main_.RefreshSet();
+}
+
+void QtUi::Busy(bool on) {
+  if (on == busy_) return;
+  busy_ = on;
+  if (on) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+Point QtUi::Mouse() const {
+  QPoint at = QCursor::pos();
+  if (main_.Client) at = main_.Client->mapFromGlobal(at);
+  return {at.x(), at.y()};
+}
+
+}  // namespace morvane

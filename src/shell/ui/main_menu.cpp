@@ -1,0 +1,78 @@
+#include "shell/ui/main_menu.h"
+
+#include <QCloseEvent>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <algorithm>
+
+#include "platform/qt/filtered_edit.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane::shell {
+namespace {
+
+/// Where the window stood when it was closed, as Qt writes it.
+constexpr SettingKey kPlace{"Window", "MainMenu", ""};
+
+int CompletedBoards(const BoardSet& set) {
+  const auto first = set.Boards.begin() + set.FirstBoard;
+  return static_cast<int>(std::count_if(first, first + set.Count(), [](const Board& board) {
+    return board.Status == Board::kComplete;
+  }));
+}
+
+}  // namespace
+
+QtUi::MainWindow MainMenu::ForUi() {
+  return {centralWidget(), [this](const std::string& text) { Status(text); },
+          [this] { RefreshSet(); }};
+}
+
+void MainMenu::Status(const std::string& text) { panel_->setText(ToQt(WithoutPadding(text))); }
+
+void MainMenu::RefreshSet() {
+  const BoardSet& set = program_.Set;
+  txtFileName_->setText(ToQt(set.BoardSetFile));
+  txtEventName_->ShowText(set.EventName);
+  txtEventSite_->ShowText(set.EventSite);
+  txtEventDate_->ShowText(set.EventDate);
+  const auto show = [&set](QLineEdit* box, int number) {
+    box->setText(set.Exists() ? QString::number(number) : QString());
+  };
+  show(txtFirstBoard_, set.FirstBoard);
+  show(txtLastBoard_, set.LastBoard);
+  show(txtCount_, set.Count());
+  show(txtCompleted_, set.Exists() ? CompletedBoards(set) : 0);
+  lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
+  ShowStat_->setText(program_.ShowStatistics ? "&Hide Statistics" : "&Show Statistics");
+  statistics_->setVisible(program_.ShowStatistics);
+  ShowTitle();
+}
+
+void MainMenu::ShowTitle() { setWindowModified(program_.Set.Changed()); }
+
+bool MainMenu::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && !activated_) {
+    activated_ = true;
+    shell_.Activated();
+    txtEventName_->setFocus();
+  }
+  return QMainWindow::event(event);
+}
+
+void MainMenu::closeEvent(QCloseEvent* event) {
+  const bool ends = shell_.Exit();
+  event->setAccepted(ends);
+  if (ends) StorePlace();
+}
+
+void MainMenu::RestorePlace() {
+  const std::string place = program_.Store.Get(kPlace);
+  if (!place.empty()) restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(place)));
+}
+
+void MainMenu::StorePlace() { program_.Store.Set(kPlace, saveGeometry().toBase64().toStdString()); }
+
+}  // namespace morvane::shell

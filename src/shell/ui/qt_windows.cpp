@@ -1,0 +1,17 @@
+#include "shell/ui/qt_windows.h"
+
+#include "machine/ui/dealin_prog.h"
+#include "shell/ui/main_menu.h"
+
+namespace morvane::shell {
+
+void QtWindows::ShowMainMenu() {
+  mainMenu_->RefreshSet();
+  mainMenu_->show();
+}
+
+std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {
+  return std::make_unique<machine::DealinProg>(program_, run, mainMenu_);
+}
+
+}  // namespace morvane::shell

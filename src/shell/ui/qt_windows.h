@@ -1,0 +1,25 @@
+#pragma once
+
+#include "program/program.h"
+#include "shell/windows.h"
+
+namespace morvane::shell {
+
+class MainMenu;
+
+/// The flows' windows on a desktop.
+class QtWindows final : public Windows {
+ public:
+  explicit QtWindows(Program& program) : program_(program) {}
+  /// Must be called before a flow opens a window; `mainMenu` outlives every flow.
+  void SetMainMenu(MainMenu& mainMenu) { mainMenu_ = &mainMenu; }
+
+  void ShowMainMenu() override;
+  [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
+
+ private:
+  Program& program_;
+  MainMenu* mainMenu_ = nullptr;
+};
+
+}  // namespace morvane::shell

@@ -1,0 +1,212 @@
+#include "simulator/ui/machine_panel.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+#include "machine/error_dialog.h"
+#include "model/text.h"
+#include "platform/qt/number_edit.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane::simulator {
+namespace {
+
+constexpr int kRefreshMs = 100;
+constexpr int kHighestCode = 240;
+constexpr int kMargin = 10;
+constexpr int kPedalHeight = 44;
+constexpr std::array<const char*, kSuits + 1> kSuitMarks{
+    "", "<span>♠</span>", "<span style='color:#c00000'>♥</span>",
+    "<span style='color:#c00000'>♦</span>", "<span>♣</span>"};
+
+/// "13: ♠ AK4 ♥ ..." with the suits in their colours.
+QString PileText(const std::vector<int>& cards) {
+  std::array<QString, kSuits + 1> suits;
+  for (int card = 1; card <= kCards; ++card) {
+    if (std::find(cards.begin(), cards.end(), card) == cards.end()) continue;
+    suits[static_cast<std::size_t>(CardSuit(card))] += QChar(CardLetter(card));
+  }
+  QString text = "<b>" + QString::number(cards.size()) + "</b>";
+  for (std::size_t suit = 1; suit <= kSuits; ++suit) {
+    text += "&nbsp;&nbsp; " + QString::fromUtf8(kSuitMarks[suit]) + "&nbsp;" +
+            (suits[suit].isEmpty() ? QString::fromUtf8("–") : suits[suit]);
+  }
+  return text;
+}
+
+std::array<int, kCards> PackInOrder() {
+  std::array<int, kCards> pack{};
+  std::iota(pack.begin(), pack.end(), 1);
+  return pack;
+}
+
+}  // namespace
+
+MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
+    : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      machine_(machine) {
+  setObjectName("MachinePanel");
+  setWindowTitle("Morvane - Simulated Machine");
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  all->addLayout(MakeState());
+  pedal_ = AddButton("cmdPedal", "Press the &pedal", [this] { machine_.PressPedal(); });
+  pedal_->setMinimumHeight(kPedalHeight);
+  all->addWidget(pedal_);
+  all->addWidget(MakeSlot());
+  all->addWidget(MakeFault());
+  all->addWidget(MakePockets());
+  all->addStretch();
+  ShowFault();
+  ShowMachine();
+  refresh_ = loop.StartTimer(kRefreshMs, [this] { ShowMachine(); });
+}
+
+MachinePanel::~MachinePanel() = default;
+
+void MachinePanel::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+QPushButton* MachinePanel::AddButton(const char* name, const char* caption,
+                                     std::function<void()> press) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  connect(button, &QPushButton::clicked, this, [this, press = std::move(press)] {
+    press();
+    ShowMachine();
+  });
+  return button;
+}
+
+NumberEdit* MachinePanel::AddNumberBox(const char* name, int limit) {
+  auto* box = new NumberEdit(limit, this);
+  box->setObjectName(name);
+  box->setFixedWidth(box->fontMetrics().horizontalAdvance("0000000"));
+  return box;
+}
+
+QLabel* MachinePanel::AddLabel(const char* name) {
+  auto* label = new QLabel(this);
+  label->setObjectName(name);
+  return label;
+}
+
+QLayout* MachinePanel::MakeState() {
+  state_ = AddLabel("lblState");
+  QFont font = state_->font();
+  font.setBold(true);
+  state_->setFont(font);
+  power_ = AddButton("cmdPower", "Power o&ff", [this] { SwitchPower(); });
+  auto* row = new QHBoxLayout;
+  row->addWidget(new QLabel("State:", this));
+  row->addWidget(state_, 1);
+  row->addWidget(power_);
+  return row;
+}
+
+QWidget* MachinePanel::MakeSlot() {
+  slot_ = AddLabel("lblSlot");
+  board_ = AddNumberBox("txtBoard", kMaxBoards);
+  board_->ShowNumber(1);
+  auto* insert =
+      AddButton("cmdInsert", "&Insert", [this] { InsertBoard(Val(FromQt(board_->text()))); });
+  auto* next =
+      AddButton("cmdInsertNext", "Insert &next", [this] { InsertBoard(lastInserted_ + 1); });
+  remove_ = AddButton("cmdRemove", "&Remove", [this] { RemoveBoard(); });
+  auto* pack = AddButton("cmdLoadPack", "Load a pack in &order",
+                         [this] { machine_.LoadPack(PackInOrder()); });
+  pack->setToolTip("The next board is dealt from this pack; otherwise every pack is shuffled");
+
+  auto* group = new QGroupBox("Board and cards", this);
+  auto* grid = new QGridLayout(group);
+  grid->addWidget(slot_, 0, 0, 1, 4);
+  grid->addWidget(board_, 1, 0);
+  grid->addWidget(insert, 1, 1);
+  grid->addWidget(next, 1, 2);
+  grid->addWidget(remove_, 1, 3);
+  grid->addWidget(pack, 2, 0, 1, 4);
+  return group;
+}
+
+QWidget* MachinePanel::MakeFault() {
+  code_ = AddNumberBox("txtCode", kHighestCode);
+  code_->ShowNumber(25);
+  code_->OnChange = [this](const std::string&) { ShowFault(); };
+  fault_ = AddLabel("lblFault");
+  fault_->setWordWrap(true);
+  causeFault_ = AddButton("cmdFault", "Cause f&ault",
+                          [this] { machine_.CauseFault(Val(FromQt(code_->text()))); });
+  auto* group = new QGroupBox("Fault at the next card", this);
+  auto* row = new QHBoxLayout(group);
+  row->addWidget(code_);
+  row->addWidget(fault_, 1);
+  row->addWidget(causeFault_);
+  return group;
+}
+
+QWidget* MachinePanel::MakePockets() {
+  auto* group = new QGroupBox("Cards in the pockets", this);
+  auto* grid = new QGridLayout(group);
+  grid->setColumnStretch(1, 1);
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    const auto at = static_cast<std::size_t>(hand);
+    pockets_[at] = AddLabel(("lblPocket_" + std::to_string(hand)).c_str());
+    grid->addWidget(new QLabel(ToQt(HandName[at]), group), hand, 0);
+    grid->addWidget(pockets_[at], hand, 1);
+  }
+  std::vector<int> longest(kCards / kHands);
+  std::iota(longest.begin(), longest.end(), 1);
+  pockets_[kNorth]->setText(PileText(longest));
+  pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
+  return group;
+}
+
+void MachinePanel::InsertBoard(int number) {
+  if (number < 1 || number > kMaxBoards) return;
+  machine_.InsertBoard(number);
+  inserted_ = lastInserted_ = number;
+  board_->ShowNumber(number);
+}
+
+void MachinePanel::RemoveBoard() {
+  machine_.RemoveBoard();
+  inserted_ = 0;
+}
+
+void MachinePanel::SwitchPower() {
+  if (machine_.PowerIsOn()) {
+    machine_.PowerOff();
+  } else {
+    machine_.PowerOn();
+  }
+}
+
+void MachinePanel::ShowFault() {
+  const int code = Val(FromQt(code_->text()));
+  causeFault_->setEnabled(code > 0);
+  fault_->setText(code > 0 ? ToQt(Trim(machine::TextOfError(code).Text)) : QString());
+}
+
+void MachinePanel::ShowMachine() {
+  const std::uint64_t changed = machine_.Changed() * 2 + (machine_.PowerIsOn() ? 1 : 0);
+  state_->setText(ToQt(machine_.StateText()));
+  power_->setText(machine_.PowerIsOn() ? "Power o&ff" : "Power o&n");
+  slot_->setText(inserted_ == 0 ? QString("The slot is empty")
+                                : QString("Board %1 is in the slot").arg(inserted_));
+  remove_->setEnabled(inserted_ != 0);
+  if (changed == shown_) return;
+  shown_ = changed;
+  const auto piles = machine_.CardsByHand();
+  for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
+    pockets_[hand]->setText(PileText(piles[hand]));
+  }
+}
+
+}  // namespace morvane::simulator

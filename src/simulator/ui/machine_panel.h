@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "model/tables.h"
+#include "platform/event_loop.h"
+#include "simulator/simulated_machine.h"
+
+class QLabel;
+class QLayout;
+class QPushButton;
+
+namespace morvane {
+class NumberEdit;
+}
+
+namespace morvane::simulator {
+
+/// The front of the simulated machine: what a person can do to it and see of it. A window of its
+/// own that no other blocks; it stays as long as the program does.
+class MachinePanel final : public QWidget {
+ public:
+  MachinePanel(EventLoop& loop, SimulatedMachine& machine);
+  ~MachinePanel() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QPushButton* AddButton(const char* name, const char* caption, std::function<void()> press);
+  NumberEdit* AddNumberBox(const char* name, int limit);
+  QLabel* AddLabel(const char* name);
+  QLayout* MakeState();
+  QWidget* MakeSlot();
+  QWidget* MakeFault();
+  QWidget* MakePockets();
+
+  void InsertBoard(int number);
+  void RemoveBoard();
+  void SwitchPower();
+  void ShowFault();
+  void ShowMachine();
+
+  SimulatedMachine& machine_;
+  int inserted_ = 0;  ///< the board in the slot, 0 when it is empty
+  int lastInserted_ = 0;
+  std::uint64_t shown_ = ~std::uint64_t{0};
+
+  QLabel* state_ = nullptr;
+  QPushButton* power_ = nullptr;
+  QPushButton* pedal_ = nullptr;
+  QLabel* slot_ = nullptr;
+  NumberEdit* board_ = nullptr;
+  QPushButton* remove_ = nullptr;
+  NumberEdit* code_ = nullptr;
+  QLabel* fault_ = nullptr;
+  QPushButton* causeFault_ = nullptr;
+  std::array<QLabel*, kHands + 1> pockets_{};
+  std::unique_ptr<Timer> refresh_;
+};
+
+}  // namespace morvane::simulator

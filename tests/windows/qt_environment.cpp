@@ -1,0 +1,34 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+void DropNoise(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text) {
+  if (text.startsWith("This plugin does not support")) return;
+  std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+/// One application for all window tests, on no display.
+class QtEnvironment final : public testing::Environment {
+ public:
+  void SetUp() override {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(DropNoise);
+    application_ = std::make_unique<QApplication>(argc_, argv_);
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  char name_[13] = "test_windows";
+  char* argv_[2] = {name_, nullptr};
+  int argc_ = 1;
+  std::unique_ptr<QApplication> application_;
+};
+
+const auto* const environment = testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+}  // namespace

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "machine/machine.h"
+#include "machine/open_link.h"
+#include "machine/ui/dealin_prog.h"
+#include "simulator/simulated_machine.h"
+#include "support/qt_desk.h"
+
+namespace morvane::machine {
+
+/// `DealinProg` over boards 1 to 3 on a simulated machine that takes its real time: a board is
+/// dealt in about 15 s.
+class RunWindow : public ::testing::Test {
+ protected:
+  test::QtDesk desk;
+  simulator::SimulatedMachine simulated{Options(), desk.Clock};
+  Machine machine{desk.Prog, simulated};
+  RunMemory memory;
+  DealingRun run{desk.Prog, machine, memory};
+  QMainWindow mainWindow;
+  std::unique_ptr<DealinProg> window;
+
+  static simulator::Options Options() {
+    simulator::Options options;
+    options.Seed = 7;
+    return options;
+  }
+
+  void SetUp() override {
+    test::FillSet(desk.Prog.Set, 1, 3);
+    mainWindow.setObjectName("MainMenu");
+    mainWindow.show();
+  }
+
+  void Open() {
+    ASSERT_TRUE(OpenLink(desk.Prog, machine.Link, 200));
+    window = std::make_unique<DealinProg>(desk.Prog, run, &mainWindow);
+    run.Open(*window);
+    desk.Loop.Pump();
+  }
+
+  /// Opens the window and lets the machine answer.
+  void Contact() {
+    Open();
+    desk.Loop.WaitMs(DealingRun::kFirstContactMs + 100);
+    ASSERT_FALSE(run.Initialising());
+  }
+
+  void Click(const char* name) { test::Click(*window, name); }
+  [[nodiscard]] std::string Text(const char* name) const { return test::TextOf(*window, name); }
+  [[nodiscard]] bool Enabled(const char* name) const { return test::Enabled(*window, name); }
+  [[nodiscard]] bool Visible(const char* name) const { return test::Visible(*window, name); }
+  [[nodiscard]] std::string FocusName() const {
+    const QWidget* focus = window->focusWidget();
+    return focus == nullptr ? "" : focus->objectName().toStdString();
+  }
+
+  /// What `lblCnt_1` to `lblCnt_4` show, joined by blanks.
+  [[nodiscard]] std::string Counts() const {
+    std::string counts = Text("lblCnt_1");
+    for (const char* name : {"lblCnt_2", "lblCnt_3", "lblCnt_4"}) counts += " " + Text(name);
+    return counts;
+  }
+
+  /// In the middle of the board that is dealt next.
+  void MeanwhileAt(int ms, std::function<void()> act) { desk.Loop.After(ms, std::move(act)); }
+
+  [[nodiscard]] bool LiesInThePockets(int board) const {
+    return simulated.DealtBoard().Cards == desk.Prog.Set.At(board).Cards;
+  }
+  [[nodiscard]] std::string LastLine() const { return desk.LogLines().back(); }
+};
+
+}  // namespace morvane::machine
