@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "model/text.h"
+#include "platform/console/console_ui.h"
 
 namespace morvane::cli {
 namespace {
@@ -111,9 +112,7 @@ void ConsoleRun::ShowProgress(const std::string& text) {
 
 void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {
   ShowProgress("");
-  std::string label = dialog.Error_label;
-  label = Trim(Fill(std::move(label), kCrLf, "\n"));
-  terminal_.Error(label + "\n" + dialog.Error_code + "\n");
+  terminal_.Error(WithoutPadding(dialog.Error_label) + "\n" + dialog.Error_code + "\n");
   dialog.Open([] {});
   const bool canAsk = !request_.Yes && terminal_.CanAsk();
   const bool board = dialog.ButtonMode == machine::ButtonMode::kBoardError;
