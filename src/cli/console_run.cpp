@@ -64,8 +64,7 @@ void ConsoleRun::Prepare() {
 void ConsoleRun::StartBoard() {
   if (!request_.Auto) {
     if (!asked_) {
-      terminal_.Out("Insert board " + std::to_string(program_.Set.CurrentBoard) +
-                    " or press the pedal.\n");
+      terminal_.Out("Insert board " + std::to_string(ComingBoard()) + " or press the pedal.\n");
     }
     asked_ = true;
     return;
@@ -90,6 +89,12 @@ void ConsoleRun::EndBoard() {
   report_.Boards.push_back(board);
   report_.Finished = board.Ok && LastOne();
   if (!board.Ok || report_.Finished) run_.Exit();
+}
+
+int ConsoleRun::ComingBoard() const {
+  // The run moves on only when the next board is started.
+  const bool movesOn = run_.Controls.Deal_next && run_.CurrentCopy >= run_.Range().NumberOfCopies;
+  return program_.Set.CurrentBoard + (movesOn ? 1 : 0);
 }
 
 bool ConsoleRun::LastOne() const { return !run_.Controls.Deal_next; }
