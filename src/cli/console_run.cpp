@@ -140,6 +140,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
   // The dialog goes on polling meanwhile, since the pedal may answer it.
   const auto keyboard = program_.Loop.StartTimer(kWatchMs, [&] {
     const auto line = terminal_.ReadLineIfAny();
+    if (!line && terminal_.AtEnd()) dialog.PressCancel();
     if (!line) return;
     const std::string answer = Trim(*line);
     if (answer == "1" && dialog.Continue_button.Visible) dialog.PressContinue();

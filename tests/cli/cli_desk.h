@@ -25,9 +25,11 @@ class FakeTerminal final : public Terminal {
     return line;
   }
   std::optional<std::string> ReadLineIfAny() override { return ReadLine(); }
+  [[nodiscard]] bool AtEnd() const override { return Ended; }
 
   bool Person = false;  ///< there is somebody to ask
   bool Progress = false;
+  bool Ended = false;  ///< behind the last line the input ends
   std::deque<std::string> Lines;
   std::string Output;
   std::string Errors;

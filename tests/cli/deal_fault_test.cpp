@@ -95,6 +95,14 @@ TEST(DealFault, IsAnsweredByThePedalToo) {
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 54 OK"));
 }
 
+TEST(DealFault, TheEndOfTheInputCancels) {
+  DealDesk desk(1, 1, false, WithFault(kDuplicateCard));
+  desk.Screen.Person = true;
+  desk.Loop.After(5000, [&] { desk.Screen.Ended = true; });
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 54"));
+}
+
 TEST(DealFault, AnInterruptIsAnAnswerToo) {
   DealDesk desk(1, 2, false, WithFault(kDuplicateCard));
   desk.Screen.Person = true;

@@ -111,6 +111,24 @@ TEST_F(DealEndToEnd, AnInterruptIsAnAnswerToAQuestion) {
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
 }
 
+TEST_F(DealEndToEnd, AFaultIsAnsweredAtTheTerminalAndTheEndOfTheInputCancels) {
+  SetFile("set.pbn", 1, 1);
+  const bridges::ScriptedPeer terminal;
+  const std::string prompt = "1 Continue  2 Cancel  ? ";
+  const std::string first = "Duplicate Card Error\nError Code: 54\n" + prompt;
+  const std::string second = "Card Recognition Error\nError Code: 25\n" + prompt;
+  Process process(Deal("simulated,speed=0,fault=1:10:54,fault=1:20:25"),
+                  {folder.Path(), terminal.Path()});
+  ASSERT_TRUE(process.Until([&] { return process.Err() == first; }));
+  terminal.Send({'1', '\n'});
+  ASSERT_TRUE(process.Until([&] { return process.Err() == first + second; }));
+  constexpr std::uint8_t kControlD = 4;
+  terminal.Send({kControlD});
+  EXPECT_EQ(process.Finish().Status, 1);
+  EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0 54 25"), 1);
+  EXPECT_EQ(CountLines("  001 : ", " OK"), 0);
+}
+
 TEST_F(DealEndToEnd, ABoardIsDealtOverASerialLine) {
   SetFile("set.pbn", 1, 1);
   PaperPeer peer;

@@ -41,4 +41,6 @@ std::optional<std::string> StandardTerminal::ReadLineIfAny() {
   return LineWaits() ? ReadLine() : std::nullopt;
 }
 
+bool StandardTerminal::AtEnd() const { return std::cin.eof(); }
+
 }  // namespace morvane

@@ -20,6 +20,8 @@ class Terminal {
   virtual std::optional<std::string> ReadLine() = 0;
   /// The same, but nothing also when there is no line yet.
   virtual std::optional<std::string> ReadLineIfAny() = 0;
+  /// The input has ended: no line will come any more.
+  [[nodiscard]] virtual bool AtEnd() const = 0;
 };
 
 class StandardTerminal final : public Terminal {
@@ -30,6 +32,7 @@ class StandardTerminal final : public Terminal {
   [[nodiscard]] bool ShowsProgress() const override;
   std::optional<std::string> ReadLine() override;
   std::optional<std::string> ReadLineIfAny() override;
+  [[nodiscard]] bool AtEnd() const override;
 };
 
 }  // namespace morvane
