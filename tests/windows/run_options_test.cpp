@@ -94,10 +94,13 @@ class NumberBoxes : public RunWindow {
 
 TEST_F(NumberBoxes, CopiesTakeDigitsUpTo99) {
   Enter("NumberCopies");
-  test::Type(*window, "0x99");
+  test::Type(*window, "99");
   EXPECT_EQ(Text("NumberCopies"), "99");
-  test::Type(*window, "9");
-  EXPECT_EQ(Text("NumberCopies"), "99");
+  test::Type(*window, "9x");
+  EXPECT_EQ(Text("NumberCopies"), "99") << "100 and more, and letters, are refused";
+  test::Press(*window, Qt::Key_Home);
+  test::Type(*window, "0");
+  EXPECT_EQ(Text("NumberCopies"), "99") << "no zero in front";
   EXPECT_EQ(memory.NumberOfCopies, 99);
   EXPECT_TRUE(Enabled("NextCopy"));
 }
