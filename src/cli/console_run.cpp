@@ -37,8 +37,8 @@ void ConsoleRun::Close() {
 }
 
 void ConsoleRun::Watch() {
+  // A second Ctrl-C does not wait for a machine that overhears the break.
   if (!interrupted_()) return;
-  watch_.reset();
   starter_.reset();
   run_.Exit();
 }
@@ -143,7 +143,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
     if (answer == "3" && dialog.Cancel2.Visible) dialog.PressCancel2();
     if (!dialog.Closed()) terminal_.Error(prompt + "? ");
   });
-  program_.Loop.RunUntil([&] { return dialog.Closed() || interrupted_(); });
+  program_.Loop.RunUntil([&] { return dialog.Closed() || run_.Leaving(); });
   if (!dialog.Closed()) dialog.PressCancel();
 }
 
