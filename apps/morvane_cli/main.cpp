@@ -18,6 +18,17 @@ class NoSound final : public morvane::Sound {
   void Play(const std::string&) override {}
 };
 
+/// Ctrl-C is noted, and ends a question that waits for its answer.
+void CatchInterrupts() {
+#ifdef _WIN32
+  std::signal(SIGINT, [](int) { interrupted = true; });
+#else
+  struct sigaction action {};
+  action.sa_handler = [](int) { interrupted = true; };
+  sigaction(SIGINT, &action, nullptr);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -44,9 +55,11 @@ int main(int argc, char** argv) {
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
       parts.Paths);
   // The machine is asked to break before the command ends.
-  if (arguments.What.Command == "deal") std::signal(SIGINT, [](int) { interrupted = true; });
+  if (arguments.What.Command == "deal") CatchInterrupts();
   morvane::cli::Workplace place{program,           operatorAtTerminal,
                                 terminal,          *machine.Usb,
-                                machine.Simulated, [] { return interrupted.load(); }};
-  return morvane::cli::RunCommand(place, arguments.What);
+                                machine.Simulated, [] { return interrupted.exchange(false); }};
+  const auto status = morvane::cli::RunCommand(place, arguments.What);
+  std::cout.flush();
+  return status == morvane::cli::kDone && !std::cout ? morvane::cli::kFailed : status;
 }

@@ -20,6 +20,7 @@ namespace morvane {
 #ifndef MORVANE_SERVICE_LEVEL
 #define MORVANE_SERVICE_LEVEL 0
 #endif
+static_assert(MORVANE_SERVICE_LEVEL >= 0 && MORVANE_SERVICE_LEVEL <= 2);
 
 /// The outside world, as `main` or a test chose it.
 struct Ports {
