@@ -73,6 +73,14 @@ class Values {
     if (isNumber && number > 0) return number;
     return Wrong<int>(name, *text, "a number above 0");
   }
+  /// What a board number box takes; whether there is such a board is seen when it is used.
+  std::optional<std::string> BoardNumber(const char* name) {
+    auto text = Text(name);
+    if (!text) return std::nullopt;
+    const bool digits = text->find_first_not_of("0123456789") == std::string::npos;
+    if (digits && !text->empty() && text->size() <= 3) return text;
+    return Wrong<std::string>(name, *text, "a number up to 999");
+  }
   std::optional<bool> Switch(const char* name) {
     const auto text = Text(name);
     if (!text) return std::nullopt;
@@ -116,8 +124,8 @@ std::string CheckShape(const QCommandLineParser& parser, const QString& command,
 void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   Values values(parser, result.Error);
   cli::Request& what = result.What;
-  what.First = values.Text("first");
-  what.Last = values.Text("last");
+  what.First = values.BoardNumber("first");
+  what.Last = values.BoardNumber("last");
   what.Generator = values.Choice("generator", "bigdeal", "morvane");
   what.Empty = parser.isSet("empty");
   what.Shapes = values.Switch("shapes");
@@ -139,6 +147,8 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
     result.Error = "--lfsr is a state of the other generator";
   } else if (what.Seedr && what.Generator == "morvane") {
     result.Error = "--seedr and --seedo are seeds of the other generator";
+  } else if (what.Empty && (what.Seedr || what.Lfsr)) {
+    result.Error = "--empty needs no seeds";
   } else if (what.Copies && *what.Copies > 99) {
     result.Error = "--copies: 99 at most";
   }

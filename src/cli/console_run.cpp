@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "model/text.h"
+#include "platform/console/console_ui.h"
 
 namespace morvane::cli {
 namespace {
@@ -37,8 +38,8 @@ void ConsoleRun::Close() {
 }
 
 void ConsoleRun::Watch() {
+  // A second Ctrl-C does not wait for a machine that overhears the break.
   if (!interrupted_()) return;
-  watch_.reset();
   starter_.reset();
   run_.Exit();
 }
@@ -63,8 +64,7 @@ void ConsoleRun::Prepare() {
 void ConsoleRun::StartBoard() {
   if (!request_.Auto) {
     if (!asked_) {
-      terminal_.Out("Insert board " + std::to_string(program_.Set.CurrentBoard) +
-                    " or press the pedal.\n");
+      terminal_.Out("Insert board " + std::to_string(ComingBoard()) + " or press the pedal.\n");
     }
     asked_ = true;
     return;
@@ -91,6 +91,12 @@ void ConsoleRun::EndBoard() {
   if (!board.Ok || report_.Finished) run_.Exit();
 }
 
+int ConsoleRun::ComingBoard() const {
+  // The run moves on only when the next board is started.
+  const bool movesOn = run_.Controls.Deal_next && run_.CurrentCopy >= run_.Range().NumberOfCopies;
+  return program_.Set.CurrentBoard + (movesOn ? 1 : 0);
+}
+
 bool ConsoleRun::LastOne() const { return !run_.Controls.Deal_next; }
 
 void ConsoleRun::ShowState() {
@@ -111,9 +117,7 @@ void ConsoleRun::ShowProgress(const std::string& text) {
 
 void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {
   ShowProgress("");
-  std::string label = dialog.Error_label;
-  label = Trim(Fill(std::move(label), kCrLf, "\n"));
-  terminal_.Error(label + "\n" + dialog.Error_code + "\n");
+  terminal_.Error(WithoutPadding(dialog.Error_label) + "\n" + dialog.Error_code + "\n");
   dialog.Open([] {});
   const bool canAsk = !request_.Yes && terminal_.CanAsk();
   const bool board = dialog.ButtonMode == machine::ButtonMode::kBoardError;
@@ -143,7 +147,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
     if (answer == "3" && dialog.Cancel2.Visible) dialog.PressCancel2();
     if (!dialog.Closed()) terminal_.Error(prompt + "? ");
   });
-  program_.Loop.RunUntil([&] { return dialog.Closed() || interrupted_(); });
+  program_.Loop.RunUntil([&] { return dialog.Closed() || run_.Leaving(); });
   if (!dialog.Closed()) dialog.PressCancel();
 }
 

@@ -51,6 +51,7 @@ class ConsoleRun final : public machine::RunView {
   void StartBoard();
   void EndBoard();
   void Answer(machine::ErrorDialog& dialog);
+  [[nodiscard]] int ComingBoard() const;
   [[nodiscard]] bool LastOne() const;
   void ShowProgress(const std::string& text);
 

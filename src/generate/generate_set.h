@@ -63,6 +63,10 @@ class GenerateView {
   virtual void BoardsGen(int count) = 0;
 };
 
+/// What comes before everything when boards are to be made: the log's line, and the moment for the
+/// pool.
+void OpenGenerate(Program& program, Generator& generator);
+
 /// Replaces the set by boards First..Last, empty or dealt by the generator asked for with the seeds
 /// that it has. Failures have been shown. The buttons are the window's to enable again.
 GenerateResult GenerateSet(Program& program, Generator& generator, const HistoryRing& history,

@@ -37,6 +37,13 @@ struct ProgramPaths {
   std::string Data;         ///< the folder of logs and history
 };
 
+/// A request from outside, parked until somebody takes it up; further ones are ignored meanwhile.
+struct LinkRequest {
+  enum Kind : std::uint8_t { kNone = 0, kLoad = 1, kDownload = 2 };
+  Kind Pending = kNone;  ///< `LinkPending`
+  std::string File;
+};
+
 /// What every procedure may lean on: the ports, the one board set, the texts and the log. `main`
 /// makes one and it outlives everything else; it is passed by reference and never reached
 /// otherwise.
@@ -61,6 +68,7 @@ class Program {
   int ServiceLevel = MORVANE_SERVICE_LEVEL;
   bool AnalysisRunning = false;  ///< a double-dummy analysis runs beside the main window
   bool ShowStatistics = false;
+  LinkRequest Link;
   std::int32_t ActivateTime = 0;  ///< milliseconds since midnight of the main window's activation
 
   /// A message box with an OK button, and its line in the log. Code that needs an answer asks

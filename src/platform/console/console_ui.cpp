@@ -1,5 +1,7 @@
 #include "platform/console/console_ui.h"
 
+#include <algorithm>
+
 #include "model/messages.h"
 #include "model/text.h"
 
@@ -8,17 +10,6 @@ namespace {
 
 constexpr int kButtons = 15;
 enum Buttons : int { kOnlyOk = 0, kOkAndCancel = 1, kYesNoAndCancel = 3, kYesAndNo = 4 };
-
-/// The lines of a box without their padding and without the empty ones around them.
-std::string Stripped(const std::string& text) {
-  std::string lines;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t end = std::min(text.find(kCrLf, start), text.size());
-    lines += Trim(std::string_view(text).substr(start, end - start)) + "\n";
-    start = end + kCrLf.size();
-  }
-  return Trim(lines);
-}
 
 const char* PromptOf(int buttons) {
   switch (buttons) {
@@ -54,9 +45,19 @@ int AnswerOf(const std::string& line, int buttons) {
 
 }  // namespace
 
+std::string WithoutPadding(const std::string& text) {
+  std::string lines;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(kCrLf, start), text.size());
+    lines += Trim(std::string_view(text).substr(start, end - start)) + "\n";
+    start = end + kCrLf.size();
+  }
+  return Trim(lines);
+}
+
 int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
-  terminal_.Error(title + ": " + Stripped(text) + "\n");
+  terminal_.Error(title + ": " + WithoutPadding(text) + "\n");
   const int buttons = flags & kButtons;
   if (buttons == kOnlyOk) return kOk;
   // "Try again" is no Yes: a script that met a missing machine would ask for ever.

@@ -10,6 +10,9 @@
 
 namespace morvane {
 
+/// The lines of a box's text without their padding and without the empty ones around them.
+[[nodiscard]] std::string WithoutPadding(const std::string& text);
+
 /// The operator at a terminal. Messages go to standard error as the catalogue has them, without
 /// their padding; questions are asked there. With `yes` every question is answered Yes; without
 /// anybody to ask, with the cautious answer: No, or Cancel where there is one.

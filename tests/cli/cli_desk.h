@@ -1,0 +1,123 @@
+#pragma once
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "simulator/simulated_machine.h"
+#include "support/fakes.h"
+
+namespace morvane::cli {
+
+/// A terminal on paper: it keeps what is written and gives its lines one after the other.
+class FakeTerminal final : public Terminal {
+ public:
+  void Out(const std::string& text) override { Output += text; }
+  void Error(const std::string& text) override { Errors += text; }
+  [[nodiscard]] bool CanAsk() const override { return Person; }
+  [[nodiscard]] bool ShowsProgress() const override { return Progress; }
+  std::optional<std::string> ReadLine() override {
+    if (Lines.empty()) return std::nullopt;
+    std::string line = Lines.front();
+    Lines.pop_front();
+    return line;
+  }
+  std::optional<std::string> ReadLineIfAny() override { return ReadLine(); }
+
+  bool Person = false;  ///< there is somebody to ask
+  bool Progress = false;
+  std::deque<std::string> Lines;
+  std::string Output;
+  std::string Errors;
+};
+
+inline simulator::Options AtSpeed(double speed) {
+  simulator::Options options;
+  options.Speed = speed;
+  return options;
+}
+
+inline simulator::Options WithFault(simulator::CardFault fault) {
+  simulator::Options options = AtSpeed(0);
+  options.Faults = {fault};
+  return options;
+}
+
+/// Everything that `main` makes for a command, on virtual time, with a folder of its own. The
+/// simulated machine is as fast as it is asked unless told otherwise.
+struct CliDesk {
+  explicit CliDesk(bool yes = false, const simulator::Options& options = AtSpeed(0))
+      : Operator(Screen, yes),
+        Prog({Operator, Loop, Clock, Store, Random, Speaker},
+             {Folder.Path(), Folder / "Morvane_Data"}),
+        Machine(options, Clock) {}
+
+  test::TempFolder Folder;
+  test::VirtualClock Clock;
+  test::VirtualEventLoop Loop{Clock};
+  test::MemorySettings Store;
+  test::FakeEntropy Random;
+  test::FakeSound Speaker;
+  FakeTerminal Screen;
+  ConsoleUi Operator;
+  Program Prog;
+  simulator::SimulatedMachine Machine;
+  bool Interrupted = false;
+  const std::string In = Folder / "in.pbn";
+  const std::string Out = Folder / "out.pbn";
+
+  ExitStatus Run(const Request& request) { return RunOn(Machine, &Machine, request); }
+  /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
+  ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const Request& request) {
+    Workplace place{Prog, Operator, Screen, usb, seen, [this] { return Interrupted; }};
+    return RunCommand(place, request);
+  }
+  [[nodiscard]] std::vector<std::string> LogLines() const {
+    std::vector<std::string> lines;
+    const std::string log = test::Content(Prog.Log.Path());
+    for (std::size_t at = 0; at < log.size();) {
+      const std::size_t end = std::min(log.find("\r\n", at), log.size());
+      lines.push_back(log.substr(at, end - at));
+      at = end + 2;
+    }
+    return lines;
+  }
+  /// The log's lines of dealt boards: two blanks and a digit.
+  [[nodiscard]] std::vector<std::string> RunLines() const {
+    std::vector<std::string> lines;
+    for (const auto& line : LogLines()) {
+      if (line.size() > 2 && line.starts_with("  ") && line[2] == '0') lines.push_back(line);
+    }
+    return lines;
+  }
+};
+
+/// Boards `first`..`last` in which each hand holds one suit; the dealer of the board the spades.
+inline std::string SuitDeals(int first, int last) {
+  std::string text;
+  for (int n = first; n <= last; ++n) {
+    text += "[Board \"" + std::to_string(n) + "\"]\r\n[Deal \"" +
+            std::string(1, "NESW"[(n - 1) % 4]) +
+            ":AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]\r\n";
+  }
+  return text;
+}
+
+/// A desk with boards `first`..`last` in the file `In`, and what is asked of it.
+struct DealDesk : CliDesk {
+  explicit DealDesk(int first = 1, int last = 3, bool yes = false,
+                    const simulator::Options& options = AtSpeed(0))
+      : CliDesk(yes, options) {
+    test::WriteContent(In, SuitDeals(first, last));
+    What.Command = "deal";
+    What.In = In;
+    What.Yes = yes;
+    What.Auto = true;
+  }
+  Request What;
+  ExitStatus Deal() { return Run(What); }
+};
+
+}  // namespace morvane::cli

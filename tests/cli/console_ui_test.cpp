@@ -1,0 +1,141 @@
+#include "platform/console/console_ui.h"
+
+#include "cli/cli_desk.h"
+#include "model/messages.h"
+
+namespace morvane::cli {
+namespace {
+
+constexpr const char* kPadded = "      First line      \r\n\r\n      Second line.      \r\n";
+constexpr const char* kStripped = "Caption: First line\n\nSecond line.\n";
+
+struct ConsoleDesk {
+  explicit ConsoleDesk(bool yes = false, bool person = false) : Ui(Screen, yes) {
+    Screen.Person = person;
+  }
+  int Ask(int flags) { return Ui.MessageBox(kPadded, flags, "Caption"); }
+  FakeTerminal Screen;
+  ConsoleUi Ui;
+};
+
+TEST(ConsoleUi, AMessageGoesToStandardErrorWithoutItsPadding) {
+  for (const int flags : std::vector<int>{kOkCritical, kOkExclamation, kOkInformation, 0}) {
+    ConsoleDesk desk(false, true);
+    desk.Screen.Lines = {"not read"};
+    EXPECT_EQ(desk.Ask(flags), kOk);
+    EXPECT_EQ(desk.Screen.Errors, kStripped);
+    EXPECT_EQ(desk.Screen.Output, "");
+    EXPECT_EQ(desk.Screen.Lines.size(), 1U);
+  }
+}
+
+TEST(ConsoleUi, InnerBlanksOfALineStay) {
+  ConsoleDesk desk;
+  desk.Ui.MessageBox("   Lost  -  Aborted   ", kOkCritical, "Caption");
+  EXPECT_EQ(desk.Screen.Errors, "Caption: Lost  -  Aborted\n");
+}
+
+TEST(ConsoleUi, WithoutAnybodyToAskTheAnswerIsTheCautiousOne) {
+  for (const auto& [flags, answer] : std::map<int, int>{{kYesNoQuestion, kNo},
+                                                        {kYesNoExclamation, kNo},
+                                                        {kYesNoInformation, kNo},
+                                                        {kYesNoCancelExclamation, kCancel},
+                                                        {kOkCancelCritical, kCancel}}) {
+    ConsoleDesk desk;
+    desk.Screen.Lines = {"y"};
+    EXPECT_EQ(desk.Ask(flags), answer) << flags;
+    EXPECT_EQ(desk.Screen.Errors, kStripped);
+    EXPECT_EQ(desk.Screen.Lines.size(), 1U);
+  }
+}
+
+TEST(ConsoleUi, WithYesEveryQuestionIsAnsweredYesUnasked) {
+  for (const int flags :
+       std::vector<int>{kYesNoQuestion, kYesNoExclamation, kYesNoCancelExclamation}) {
+    ConsoleDesk desk(true, true);
+    desk.Screen.Lines = {"n"};
+    EXPECT_EQ(desk.Ask(flags), kYes) << flags;
+    EXPECT_EQ(desk.Screen.Errors, kStripped);
+    EXPECT_EQ(desk.Screen.Lines.size(), 1U);
+  }
+}
+
+TEST(ConsoleUi, WithYesNothingIsTriedAgainForEver) {
+  ConsoleDesk desk(true, true);
+  EXPECT_EQ(desk.Ask(kOkCancelCritical), kCancel);
+}
+
+struct Answer {
+  int Flags;
+  std::string Line;
+  int Expected;
+};
+
+class ConsoleUiAnswerTest : public ::testing::TestWithParam<Answer> {};
+
+TEST_P(ConsoleUiAnswerTest, IsTakenFromTheLine) {
+  ConsoleDesk desk(false, true);
+  desk.Screen.Lines = {GetParam().Line};
+  EXPECT_EQ(desk.Ask(GetParam().Flags), GetParam().Expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Words, ConsoleUiAnswerTest,
+                         ::testing::Values(Answer{kYesNoExclamation, "y", kYes},
+                                           Answer{kYesNoExclamation, "n", kNo},
+                                           Answer{kYesNoCancelExclamation, "Yes", kYes},
+                                           Answer{kYesNoCancelExclamation, " NO ", kNo},
+                                           Answer{kYesNoCancelExclamation, "cancel", kCancel},
+                                           Answer{kOkCancelCritical, "o", kOk},
+                                           Answer{kOkCancelCritical, "OK", kOk},
+                                           Answer{kOkCancelCritical, "c", kCancel}));
+
+INSTANTIATE_TEST_SUITE_P(ThatAreNone, ConsoleUiAnswerTest,
+                         ::testing::Values(Answer{kYesNoCancelExclamation, "", kCancel},
+                                           Answer{kYesNoCancelExclamation, "ok", kCancel},
+                                           Answer{kYesNoCancelExclamation, "1", kCancel},
+                                           Answer{kYesNoExclamation, "cancel", kNo},
+                                           Answer{kOkCancelCritical, "yes", kCancel},
+                                           Answer{kOkCancelCritical, "no", kCancel}));
+
+TEST(ConsoleUi, AsksWithTheLettersOfItsButtonsUntilOneIsGiven) {
+  const std::string text = kStripped;
+  for (const auto& [flags, prompt] :
+       std::map<int, std::string>{{kYesNoCancelExclamation, "[y]es, [n]o, [c]ancel? "},
+                                  {kYesNoQuestion, "[y]es, [n]o? "},
+                                  {kOkCancelCritical, "[o]k, [c]ancel? "}}) {
+    ConsoleDesk desk(false, true);
+    desk.Screen.Lines = {"", "what", flags == kOkCancelCritical ? "o" : "y", "left"};
+    EXPECT_EQ(desk.Ask(flags), flags == kOkCancelCritical ? kOk : kYes);
+    EXPECT_EQ(desk.Screen.Errors, text + prompt + prompt + prompt);
+    EXPECT_EQ(desk.Screen.Lines.size(), 1U);
+  }
+}
+
+TEST(ConsoleUi, TheEndOfTheInputIsTheCautiousAnswer) {
+  ConsoleDesk desk(false, true);
+  EXPECT_EQ(desk.Ask(kYesNoCancelExclamation), kCancel);
+  EXPECT_EQ(desk.Ask(kYesNoExclamation), kNo);
+  EXPECT_EQ(desk.Ask(kOkCancelCritical), kCancel);
+}
+
+TEST(ConsoleUi, AnAnswerKnownBeforehandIsGivenInSilence) {
+  for (const bool yes : {false, true}) {
+    ConsoleDesk desk(yes, true);
+    desk.Ui.AnswerAlways(kPadded, kNo);
+    for (int time = 1; time <= 2; ++time) EXPECT_EQ(desk.Ask(kYesNoQuestion), kNo);
+    EXPECT_EQ(desk.Screen.Errors, "");
+    desk.Screen.Lines = {"y"};
+    EXPECT_EQ(desk.Ui.MessageBox("Another?", kYesNoQuestion, "Caption"), kYes);
+  }
+}
+
+TEST(ConsoleUi, OneFileDialogIsAnsweredAndEveryOtherCancelled) {
+  ConsoleDesk desk;
+  EXPECT_EQ(desk.Ui.AskFile({}), std::nullopt);
+  desk.Ui.AnswerNextFile("/set.pbn");
+  EXPECT_EQ(desk.Ui.AskFile({}), "/set.pbn");
+  EXPECT_EQ(desk.Ui.AskFile({}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace morvane::cli

@@ -1,0 +1,148 @@
+#include <filesystem>
+
+#include "cli/cli_desk.h"
+
+namespace morvane::cli {
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct FileDesk : CliDesk {
+  explicit FileDesk(bool yes = false) : CliDesk(yes) { test::WriteContent(In, SuitDeals(3, 4)); }
+  ExitStatus Convert() {
+    Request request;
+    request.Command = "convert";
+    request.In = In;
+    request.Out = Out;
+    return Run(request);
+  }
+  ExitStatus Show(std::optional<int> board = std::nullopt) {
+    Request request;
+    request.Command = "show";
+    request.In = In;
+    request.Board = board;
+    return Run(request);
+  }
+};
+
+constexpr const char* kConverted =
+    "% Morvane ver 1.0 with Sort 1.0  with Poker 1.5 \r\n"
+    "[Event \"\"]\r\n[Site \"\"]\r\n[Date \"\"]\r\n[Board \"3\"]\r\n[Dealer \"S\"]\r\n"
+    "[Vulnerable \"EW\"]\r\n[Deal \"S:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
+    "...AKQJT98765432\"]\r\n\r\n"
+    "[Event \"#\"]\r\n[Site \"#\"]\r\n[Date \"#\"]\r\n[Board \"4\"]\r\n[Dealer \"W\"]\r\n"
+    "[Vulnerable \"All\"]\r\n[Deal \"W:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
+    "...AKQJT98765432\"]\r\n\r\n";
+
+TEST(ConvertCommand, LoadsOneFileAndSavesTheOther) {
+  FileDesk desk;
+  EXPECT_EQ(desk.Convert(), kDone);
+  EXPECT_EQ(test::Content(desk.Out), kConverted);
+  EXPECT_EQ(desk.Screen.Output + desk.Screen.Errors, "");
+}
+
+TEST(ConvertCommand, LogsBothAndEndsWithoutAQuestion) {
+  FileDesk desk;
+  ASSERT_EQ(desk.Convert(), kDone);
+  const auto lines = desk.LogLines();
+  ASSERT_EQ(lines.size(), 4U + 2U + 2U + 3U);
+  EXPECT_EQ(lines[4], " File-Load: 3:04:05 PM");
+  EXPECT_EQ(lines[5], "  Load: " + desk.In);
+  EXPECT_EQ(lines[8], " File-Save: 3:04:05: PM");
+  EXPECT_EQ(lines[9], "  Save: " + desk.Out);
+  EXPECT_EQ(lines[10], " Exit: 3:04:05 PM");
+}
+
+TEST(ConvertCommand, AMissingFileFailsAndWritesNothing) {
+  FileDesk desk;
+  std::filesystem::remove(desk.In);
+  EXPECT_EQ(desk.Convert(), kFailed);
+  EXPECT_EQ(desk.Screen.Errors,
+            "Load Error: Error: 2 during load operation - No such file or directory\n"
+            "Load operation aborted!\n");
+  EXPECT_FALSE(std::filesystem::exists(desk.Out));
+}
+
+TEST(ConvertCommand, AnUnknownFormatFails) {
+  FileDesk desk;
+  Request request;
+  request.Command = "convert";
+  request.In = desk.In;
+  request.Out = desk.Folder / "out.doc";
+  EXPECT_EQ(desk.Run(request), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "Save Error: Unknow file format: DOC\nSave operation aborted!\n");
+  EXPECT_FALSE(std::filesystem::exists(request.Out));
+}
+
+TEST(ConvertCommand, AQuestionWithoutAnybodyToAnswerSavesNothing) {
+  FileDesk desk;
+  test::WriteContent(desk.In, "[Board \"1\"]\r\n");
+  EXPECT_EQ(desk.Convert(), kFailed);
+  EXPECT_EQ(desk.Screen.Errors,
+            "Save Board Set: Board number: 1 is incomplete.\n"
+            "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n");
+  EXPECT_FALSE(std::filesystem::exists(desk.Out));
+}
+
+TEST(ConvertCommand, AQuestionIsAnsweredAtTheTerminal) {
+  for (const bool proceed : {true, false}) {
+    FileDesk desk;
+    test::WriteContent(desk.In, "[Board \"1\"]\r\n");
+    desk.Screen.Person = true;
+    desk.Screen.Lines = {proceed ? "y" : "n"};
+    EXPECT_EQ(desk.Convert(), proceed ? kDone : kFailed);
+    EXPECT_THAT(desk.Screen.Errors, EndsWith("Do you want to proceed?\n[y]es, [n]o? "));
+    EXPECT_EQ(std::filesystem::exists(desk.Out), proceed);
+  }
+}
+
+TEST(ShowCommand, ShowsEveryBoardWithALineBetweenThem) {
+  FileDesk desk;
+  EXPECT_EQ(desk.Show(), kDone);
+  const std::string& text = desk.Screen.Output;
+  EXPECT_THAT(text, StartsWith("Board 3   Dealer: South   Vul: EW\n                  North (10)\n"
+                               "                  ♠ -\n                  ♥ -\n"
+                               "                  ♦ AKQJT98765432\n"));
+  EXPECT_THAT(text, HasSubstr("\n\nBoard 4   Dealer: West   Vul: All\n"));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 16 + 1 + 16);
+  EXPECT_EQ(desk.Screen.Errors, "");
+}
+
+TEST(ShowCommand, ShowsTheBoardAskedFor) {
+  FileDesk desk;
+  EXPECT_EQ(desk.Show(4), kDone);
+  EXPECT_THAT(desk.Screen.Output, StartsWith("Board 4   Dealer: West   Vul: All\n"));
+  EXPECT_EQ(std::count(desk.Screen.Output.begin(), desk.Screen.Output.end(), '\n'), 16);
+}
+
+TEST(ShowCommand, ABoardOutsideTheSetFails) {
+  for (const int board : {2, 5, 641, 100'000}) {
+    FileDesk desk;
+    EXPECT_EQ(desk.Show(board), kFailed);
+    EXPECT_EQ(desk.Screen.Errors,
+              "Board " + std::to_string(board) + " is not in the set, which has 3 to 4.\n");
+    EXPECT_EQ(desk.Screen.Output, "");
+  }
+}
+
+TEST(ShowCommand, ABoardThatTheFileLeavesOutIsShownAsEmpty) {
+  FileDesk desk;
+  test::WriteContent(desk.In, SuitDeals(3, 3) + SuitDeals(5, 5));
+  EXPECT_EQ(desk.Show(4), kDone);
+  EXPECT_EQ(desk.Screen.Output, "Board 4   Dealer: West   Vul: All   (empty)\n");
+}
+
+TEST(ShowCommand, AFaultInTheFileIsToldWithItsLine) {
+  FileDesk desk;
+  test::WriteContent(desk.In, "[Board \"1\"]\r\n[Dealer \"X\"]\r\n");
+  EXPECT_EQ(desk.Show(), kFailed);
+  EXPECT_EQ(desk.Screen.Errors,
+            "Load Error: File format error\nInvalid string \"X\" in line: 2\n\n"
+            "Load operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Output, "");
+}
+
+}  // namespace
+}  // namespace morvane::cli

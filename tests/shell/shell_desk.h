@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "machine/dealing_run.h"
+#include "shell/shell.h"
+#include "support/fakes.h"
+#include "support/paper_machine.h"
+
+namespace morvane::shell {
+
+/// What a run window has gone through; it outlives the window.
+struct RunWindowNotes {
+  int Opened = 0;
+  int Closed = 0;  ///< told that the run is over
+  int Gone = 0;    ///< destroyed
+};
+
+/// A run window in which every fault is cancelled.
+class FakeRunWindow final : public machine::RunView {
+ public:
+  explicit FakeRunWindow(RunWindowNotes& notes) : notes_(notes) { ++notes_.Opened; }
+  FakeRunWindow(const FakeRunWindow&) = delete;
+  FakeRunWindow& operator=(const FakeRunWindow&) = delete;
+  ~FakeRunWindow() override { ++notes_.Gone; }
+
+  void ShowState() override {}
+  void ShowBoard() override {}
+  void ShowControls() override {}
+  void FocusDealNext() override {}
+  void ShowError(machine::ErrorDialog& dialog) override { dialog.PressCancel(); }
+  void Close() override { ++notes_.Closed; }
+
+ private:
+  RunWindowNotes& notes_;
+};
+
+class FakeWindows final : public Windows {
+ public:
+  void ShowMainMenu() override {
+    ++MainMenus;
+    if (OnMainMenu) OnMainMenu();
+  }
+  std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
+    auto window = std::make_unique<FakeRunWindow>(Run);
+    if (OnRun) OnRun(run);
+    return window;
+  }
+
+  int MainMenus = 0;
+  RunWindowNotes Run;
+  std::function<void()> OnMainMenu;
+  std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
+};
+
+/// The shell on a desk whose log is not open yet, with a machine on paper.
+struct ShellDesk : test::TestDesk {
+  ShellDesk() {
+    RuntimeError noFolder;
+    EXPECT_FALSE(Prog.Log.Start("", noFolder));
+  }
+
+  test::ScriptedBridge Bridge{Clock};
+  test::PaperMachine Paper{Bridge};
+  FakeWindows Desktop;
+  Shell Main{Prog, Bridge, Desktop};
+
+  /// Starts up and forgets what has been shown so far.
+  void Start(const std::string& commandLine = "") {
+    Main.StartUp(commandLine);
+    Ui.Boxes.clear();
+    Ui.Statuses.clear();
+  }
+  /// Moves the mouse in both directions and gives `Timer2mm` time to see it.
+  void MoveMouse() {
+    Ui.MouseNow.X += 3;
+    Ui.MouseNow.Y += 5;
+    Loop.WaitMs(2 * Shell::kTimer2Ms);
+  }
+  /// What the pool has collected: 8 for each time that the mouse fed it.
+  [[nodiscard]] int Bits() { return Main.Deals().Pool.SeedmCounter; }
+  [[nodiscard]] std::string LastLine() const {
+    const auto lines = LogLines();
+    return lines.empty() ? "" : lines.back();
+  }
+};
+
+}  // namespace morvane::shell
