@@ -38,7 +38,7 @@ void RandomPool::InitPool(Point mouse) {
       static_cast<std::int16_t>(std::min(Val(program_.Store.Get(kSeedmCounter)), kMostBits));
   if (stored.empty()) {
     Fill();
-    program_.Store.Set(kSeedm, HexText());
+    program_.StoreSetting(kSeedm, HexText());
   } else {
     Decode(stored);
   }
@@ -66,8 +66,8 @@ void RandomPool::AddTimeEntropy() {
 }
 
 void RandomPool::SavePool() const {
-  program_.Store.Set(kSeedm, HexText());
-  program_.Store.Set(kSeedmCounter, std::to_string(SeedmCounter));
+  program_.StoreSetting(kSeedm, HexText());
+  program_.StoreSetting(kSeedmCounter, std::to_string(SeedmCounter));
 }
 
 std::string RandomPool::HexText() const { return HexBytes(std::span(Seedm).subspan<1>()); }
