@@ -73,6 +73,14 @@ class Values {
     if (isNumber && number > 0) return number;
     return Wrong<int>(name, *text, "a number above 0");
   }
+  /// What a board number box takes; whether there is such a board is seen when it is used.
+  std::optional<std::string> BoardNumber(const char* name) {
+    auto text = Text(name);
+    if (!text) return std::nullopt;
+    const bool digits = text->find_first_not_of("0123456789") == std::string::npos;
+    if (digits && !text->empty() && text->size() <= 3) return text;
+    return Wrong<std::string>(name, *text, "a number up to 999");
+  }
   std::optional<bool> Switch(const char* name) {
     const auto text = Text(name);
     if (!text) return std::nullopt;
@@ -109,15 +117,22 @@ std::string CheckShape(const QCommandLineParser& parser, const QString& command,
       return "--" + option.toStdString() + " does not belong to " + command.toStdString();
     }
   }
-  if (parser.positionalArguments().size() == shape.Paths + 1) return "";
-  return command.toStdString() + ": wrong number of files";
+  const QStringList words = parser.positionalArguments();
+  if (words.size() != shape.Paths + 1) return command.toStdString() + ": wrong number of files";
+  if (words.contains("")) return command.toStdString() + ": a file without a name";
+  for (const char* option : {"data", "settings", "machine"}) {
+    if (parser.isSet(option) && parser.value(option).isEmpty()) {
+      return std::string("--") + option + ": nothing named";
+    }
+  }
+  return "";
 }
 
 void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   Values values(parser, result.Error);
   cli::Request& what = result.What;
-  what.First = values.Text("first");
-  what.Last = values.Text("last");
+  what.First = values.BoardNumber("first");
+  what.Last = values.BoardNumber("last");
   what.Generator = values.Choice("generator", "bigdeal", "morvane");
   what.Empty = parser.isSet("empty");
   what.Shapes = values.Switch("shapes");
@@ -139,6 +154,8 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
     result.Error = "--lfsr is a state of the other generator";
   } else if (what.Seedr && what.Generator == "morvane") {
     result.Error = "--seedr and --seedo are seeds of the other generator";
+  } else if (what.Empty && (what.Seedr || what.Lfsr)) {
+    result.Error = "--empty needs no seeds";
   } else if (what.Copies && *what.Copies > 99) {
     result.Error = "--copies: 99 at most";
   }
@@ -168,6 +185,8 @@ Arguments ParseArguments(const QStringList& arguments) {
   result.Error = CheckShape(parser, command->first, command->second);
   if (!result.Error.empty()) return result;
   result.What.Command = command->first.toStdString();
+  // A quoted path in it would be one to load.
+  result.What.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
   const auto path = [&words](qsizetype at) { return AbsolutePath(words.at(at).toStdString()); };
   if (result.What.Command == "generate") {
     result.What.Out = path(1);

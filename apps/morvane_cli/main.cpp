@@ -60,6 +60,8 @@ int main(int argc, char** argv) {
   if (arguments.What.Command == "deal") CatchInterrupt();
   morvane::cli::Workplace place{program,           operatorAtTerminal,
                                 terminal,          *machine.Usb,
-                                machine.Simulated, [] { return interrupted.load(); }};
-  return morvane::cli::RunCommand(place, arguments.What);
+                                machine.Simulated, [] { return interrupted.exchange(false); }};
+  const auto status = morvane::cli::RunCommand(place, arguments.What);
+  std::cout.flush();
+  return status == morvane::cli::kDone && !std::cout ? morvane::cli::kFailed : status;
 }

@@ -12,15 +12,21 @@ using generate::DealGenerator;
 class Progress final : public generate::GenerateView {
  public:
   explicit Progress(Terminal& terminal) : terminal_(terminal) {}
+  ~Progress() override {
+    if (shown_) terminal_.Out("\n");
+  }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
   void RunStarts() override {}
   void BoardsGen(int count) override {
-    if (terminal_.ShowsProgress()) {
-      terminal_.Out("\rBoards generated: " + std::to_string(count));
-    }
+    if (!terminal_.ShowsProgress()) return;
+    terminal_.Out("\rBoards generated: " + std::to_string(count));
+    shown_ = true;
   }
 
  private:
   Terminal& terminal_;
+  bool shown_ = false;
 };
 
 generate::GenerateRequest WhatToMake(const Settings& store, const Request& request) {
@@ -30,7 +36,8 @@ generate::GenerateRequest WhatToMake(const Settings& store, const Request& reque
   make.Random = !request.Empty;
   const bool shuffling =
       request.Generator ? *request.Generator == "morvane" : store.Get(kGenerator) == "1";
-  const bool riffle = request.Lfsr || (shuffling && !request.Seedr);
+  // An empty set is the shuffling generator's button.
+  const bool riffle = request.Empty || request.Lfsr || (shuffling && !request.Seedr);
   make.With = riffle ? DealGenerator::kShuffling : DealGenerator::kNumber;
   make.Reject = {request.Shapes.value_or(store.IsOn(kNewShapes)),
                  request.Inner.value_or(store.IsOn(kNewInner)),
@@ -67,17 +74,17 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
   add("shapes", result.ShpRejects);
   add("inner similarity", result.InnRejects);
   add("history", result.HisRejects);
-  if (!result.InnSim.empty()) text += "  most alike: " + result.InnSim;
+  if (const std::string pair = result.InnSim.value_or(""); !pair.empty()) {
+    text += "  most alike: " + pair;
+  }
   return text + "\n";
 }
 
 }  // namespace
 
 ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shell) {
-  place.Prog.Log.WriteTime(" File-New: ");
-  shell.Deals().Pool.AddTimeEntropy();
+  generate::OpenGenerate(place.Prog, shell.Deals());
   const auto result = Run(place, request, shell);
-  if (place.Screen.ShowsProgress()) place.Screen.Out("\n");
   if (!result) {
     place.Screen.Error("The seeds are not hexadecimal numbers of the length asked for.\n");
     return kWrongUsage;

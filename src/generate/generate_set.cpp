@@ -148,6 +148,12 @@ GenerateResult DealSet(Program& program, Generator& generator, const HistoryRing
 
 }  // namespace
 
+void OpenGenerate(Program& program, Generator& generator) {
+  generator.Number.Seedo = {};
+  program.Log.WriteTime(" File-New: ");
+  generator.Pool.AddTimeEntropy();
+}
+
 GenerateResult GenerateSet(Program& program, Generator& generator, const HistoryRing& history,
                            const GenerateRequest& request, GenerateView& view) {
   view.RunStarts();

@@ -11,7 +11,7 @@ int Choice(const Settings& store, const SettingKey& key, int highest) {
   return value <= highest ? value : 0;
 }
 
-/// 1 for Fine, 2 for Bold, otherwise 0: two bits on the wire and a digit in the log.
+/// The two bits of the font: 1 for Fine, 2 for Bold, otherwise 0.
 unsigned FontBits(int threshold) { return static_cast<unsigned>(threshold) & 3U; }
 
 }  // namespace

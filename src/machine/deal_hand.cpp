@@ -19,7 +19,8 @@ void DealingRun::DealHand() {
   Timer1_.reset();
   running_ = true;
   breakRequested_ = false;
-  leaving_ = Leaving::kNo;
+  seconds_ = 0;
+  departure_ = Departure::kNo;
   outcome_ = Outcome::kStopped;
   RunLogLine_ = std::string(AutoStartEnabled ? "1" : "0") + "," + (Check_board ? "1" : "0") + " ";
   const bool finished = (!Check_board || VerifyInsertedBoard()) && DealBoard();
@@ -38,13 +39,18 @@ bool DealingRun::DealBoard() {
     if (!FollowMachine() || !FetchCardLog()) return false;
     DialogResult_ = kStop;
     if (machine_.MachineError != 0) AnswerError();
-    if (DialogResult_ != kGoOn) break;
+    if (DialogResult_ != kGoOn || departure_ != Departure::kNo) break;
+    // A break that was asked for while the machine stopped is answered by the dialog.
+    breakRequested_ = false;
+    Controls.cmdBreak = true;
+    view_->ShowControls();
     if (!SendStart(true)) return false;
   }
   // Brings the machine back to idle, after a good board too.
   machine_.VersionProbe();
   if (CheckCommLost()) return false;
   DisplayState();
+  PumpRun();
   if (machine_.MachineError == 0) RunLogLine_ += " OK";
   return true;
 }
@@ -65,25 +71,26 @@ bool DealingRun::VerifyInsertedBoard() {
     if (!ReadBoardNumber()) return false;
     if (machine_.BoardNumberRead == program_.Set.CurrentBoard) return true;
     DialogResult_ = OpenErrorDialog(ErrorDialog::kWrongBoard, kDealAnyway);
+    if (program_.Loop.Quitting()) DialogResult_ = kStop;
     RunLogLine_ += "64," + std::to_string(machine_.BoardNumberRead) + "," +
                    std::to_string(DialogResult_) + " ";
     PumpRun();
-    if (DialogResult_ == kStop || leaving_ != Leaving::kNo) return false;
+    if (DialogResult_ == kStop || departure_ != Departure::kNo) return false;
     if (DialogResult_ == kDealAnyway) return true;
   }
 }
 
 bool DealingRun::ReadBoardNumber() {
   for (int reading = 0; reading < kLabelReadings; ++reading) {
-    machine_.Exchange(SensorCommand{SensorCommand::kBoardLabel});
+    machine_.Exchange(SensorCommand{SensorCommand::kBoardLabel}, CmdSensor);
     if (CheckCommLost()) return false;
     DisplayState();
     PumpRun();
-    if (leaving_ != Leaving::kNo) return false;
-    if (machine_.BoardNumberRead == program_.Set.CurrentBoard) return true;
+    if (machine_.BoardNumberRead == program_.Set.CurrentBoard) break;
     program_.Loop.WaitMs(kLabelWaitMs);
+    if (departure_ != Departure::kNo) break;
   }
-  return true;
+  return departure_ == Departure::kNo;
 }
 
 void DealingRun::BeginBoard() {
@@ -132,8 +139,9 @@ bool DealingRun::FollowMachine() {
     if (machine_.MachineState == Machine::kBusy) txtDealTime = FixedPoint(seconds_, 1);
     DisplayState();
     PumpRun();
-    if (leaving_ == Leaving::kAtOnce) {
+    if (departure_ == Departure::kAtOnce) {
       machine_.Exchange(StatusCommand{StatusCommand::kBreak});
+      CheckCommLost();
       return false;
     }
   } while (machine_.MachineState == Machine::kBusy);
@@ -141,7 +149,7 @@ bool DealingRun::FollowMachine() {
 }
 
 bool DealingRun::FetchCardLog() {
-  machine_.Exchange(FetchCommand{CmdFetchLog});
+  machine_.Exchange(FetchCommand{CmdFetchLog}, kReplyCardLog);
   if (CheckCommLost()) return false;
   DisplayState();
   PumpRun();
@@ -151,7 +159,7 @@ bool DealingRun::FetchCardLog() {
 void DealingRun::AnswerError() {
   RunLogLine_ += " " + std::to_string(machine_.MachineError);
   view_->ShowBoard();
-  if (leaving_ != Leaving::kNo) return;
+  if (departure_ != Departure::kNo) return;
   DialogResult_ = OpenErrorDialog(0, kStop);
   program_.Loop.WaitMs(kAfterErrorMs);
   PumpRun();
@@ -171,7 +179,7 @@ void DealingRun::FinishBoard() {
     Controls.Deal_next = true;
     return;
   }
-  if (leaving_ != Leaving::kNo) return;
+  if (departure_ != Departure::kNo) return;
   const int answer = program_.Ask(program_.Texts.Msg060, kYesNoQuestion, "Dealing");
   // Not 0, so that a press or a board that came behind the box is acknowledged; not 1, so that it
   // starts nothing: required.
@@ -200,7 +208,7 @@ void DealingRun::EndRun() {
   running_ = false;
   machine_.PollLock = false;
   if (closed_) return;
-  if (leaving_ != Leaving::kNo) {
+  if (departure_ != Departure::kNo) {
     Unload();
     return;
   }
@@ -212,7 +220,7 @@ void DealingRun::WriteRunLine() {
 }
 
 void DealingRun::PumpRun() {
-  if (!program_.Loop.Pump()) leaving_ = Leaving::kAtOnce;
+  if (!program_.Loop.Pump()) departure_ = Departure::kAtOnce;
 }
 
 }  // namespace morvane::machine

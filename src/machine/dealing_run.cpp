@@ -1,6 +1,7 @@
 #include "machine/dealing_run.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/text.h"
 
@@ -32,6 +33,10 @@ void DealingRun::StartPolling() {
 }
 
 void DealingRun::Timer1Tick() {
+  if (program_.Link.Pending == LinkRequest::kDownload) {
+    program_.Link = {};
+    program_.ShowMessage(program_.Texts.Msg092, kOkExclamation, "Download New Firmware");
+  }
   if (machine_.PollLock) return;
   machine_.PollLock = true;
   machine_.Exchange(machine_.Poll());
@@ -73,7 +78,10 @@ void DealingRun::Deal_next() {
 }
 
 void DealingRun::cmdBreak() {
-  if (!running_) return;
+  if (Controls.cmdBreak) RequestBreak();
+}
+
+void DealingRun::RequestBreak() {
   // Sent in the place of the run's next poll: there is never more than one frame outstanding.
   breakRequested_ = true;
   Controls.cmdBreak = false;
@@ -144,7 +152,8 @@ void DealingRun::UpdateCopies() {
 }
 
 void DealingRun::SetNumberCopies(const std::string& text) {
-  memory_.NumberOfCopies = static_cast<std::int16_t>(std::max(Val(text), 1));
+  if (Busy()) return;
+  memory_.NumberOfCopies = static_cast<std::int16_t>(std::clamp(Val(text), 1, kMostCopies));
   CurrentCopy = std::min(CurrentCopy, memory_.NumberOfCopies);
   UpdateCopies();
   view_->ShowControls();
@@ -160,6 +169,7 @@ void DealingRun::LeaveSubto(const std::string& text) {
 }
 
 void DealingRun::SetRange(int first, int last) {
+  if (Busy()) return;
   const int lastBoard = program_.Set.LastBoard;
   memory_.RunFirst = static_cast<std::int16_t>(std::min(first, lastBoard));
   memory_.RunLast = static_cast<std::int16_t>(std::clamp<int>(last, memory_.RunFirst, lastBoard));
@@ -173,24 +183,38 @@ void DealingRun::SetRange(int first, int last) {
   view_->ShowControls();
 }
 
+bool DealingRun::Busy() {
+  if (running_) view_->ShowControls();  // takes back what the operator has changed
+  return running_;
+}
+
+void DealingRun::Command1() {
+  if (!Command1Shown || Busy()) return;
+  machine_.Exchange(TestCommand{}, kReplyTest);
+  if (!CheckCommLost()) view_->ShowControls();
+}
+
 void DealingRun::SetNational(int national) {
+  if (Busy()) return;
   Cards.National = national;
   Store(kNational, national);
   view_->ShowBoard();
 }
 
 void DealingRun::SetCardType(int cardType) {
+  if (Busy()) return;
   Cards.CardType = cardType;
   Store(kCardType, cardType);
 }
 
 void DealingRun::SetThreshold(int threshold) {
+  if (Busy()) return;
   Cards.Threshold = threshold;
   Store(kThreshold, threshold);
 }
 
 void DealingRun::SetCardIndex(int cardIndex) {
-  if (runInitialising_) return;
+  if (runInitialising_ || Busy()) return;
   Cards.CardIndex = cardIndex;
   if (cardIndex == CardSettings::kLargeIndex) {
     if (!machine_.HasHardware(IdentityReply::kLargeIndexCards)) {
@@ -211,7 +235,7 @@ void DealingRun::RefuseIndex(const std::string& text) {
 }
 
 void DealingRun::SetCheck_board(bool on) {
-  if (runInitialising_) return;
+  if (runInitialising_ || Busy()) return;
   Check_board = on;
   if (on && !machine_.HasHardware(IdentityReply::kBoardNumberReader)) {
     Check_board = false;
@@ -225,6 +249,7 @@ void DealingRun::SetCheck_board(bool on) {
 }
 
 void DealingRun::SetStart_from_box(bool on) {
+  if (Busy()) return;
   AutoStartEnabled = on;
   Store(kInitStartFromBox, on ? 1 : 0);
 }
@@ -237,13 +262,13 @@ void DealingRun::Disp_boards() {
 
 void DealingRun::Refuse(const std::string& text) {
   // The box keeps the events going; the pedal must not start a board behind it.
-  machine_.PollLock = true;
+  const bool locked = std::exchange(machine_.PollLock, true);
   program_.ShowMessage(text, kOkCritical, "Dealing Error");
-  machine_.PollLock = false;
+  machine_.PollLock = locked;
 }
 
 void DealingRun::Store(const SettingKey& key, int value) {
-  program_.Store.Set(key, std::to_string(value));
+  program_.StoreSetting(key, std::to_string(value));
 }
 
 }  // namespace morvane::machine

@@ -42,6 +42,7 @@ class DealingRun {
   static constexpr int kFirstContactMs = 2000;
   static constexpr int kPollMs = 100;
   static constexpr int kCardsAHand = 13;
+  static constexpr int kMostCopies = 99;
 
   DealingRun(Program& program, Machine& machine, RunMemory& memory);
 
@@ -55,6 +56,7 @@ class DealingRun {
   void cmdDeal();
   void Deal_next();
   void cmdBreak();
+  void Command1();  ///< asks for the test text, at the highest service level only
   void cmdFirst();
   void cmdPrev();
   void cmdNext();
@@ -81,6 +83,7 @@ class DealingRun {
   bool SettingsShown = false;  ///< what depends on the machine hides until it has answered
   bool CopiesShown = false;
   bool SubRangeShown = false;
+  bool Command1Shown = false;
   CardSettings Cards;
   bool Check_board = false;
   bool AutoStartEnabled = false;  ///< `Start_from_box` is ticked
@@ -98,6 +101,8 @@ class DealingRun {
   /// The machine has answered; before, clicks on options that it must be asked about do nothing.
   [[nodiscard]] bool Initialising() const { return runInitialising_; }
   [[nodiscard]] bool Running() const { return running_; }
+  /// The window is to go as soon as the board under way lets it.
+  [[nodiscard]] bool Leaving() const { return departure_ != Departure::kNo; }
   /// How the last board ended; nothing has been dealt yet: `kNone`.
   enum class Outcome { kNone, kDealt, kStopped, kLinkLost };
   [[nodiscard]] Outcome LastOutcome() const { return outcome_; }
@@ -120,6 +125,8 @@ class DealingRun {
   void UpdateCopies();
   void SetRange(int first, int last);
   bool CheckCommLost();
+  void RequestBreak();
+  bool Busy();
   void Refuse(const std::string& text);
   void RefuseIndex(const std::string& text);
   void Store(const SettingKey& key, int value);
@@ -147,7 +154,7 @@ class DealingRun {
 
   /// How the window is being left in the middle of a board: after the machine has stopped, or, on a
   /// second request or when the program quits, with the break still on its way.
-  enum class Leaving { kNo, kAfterBreak, kAtOnce };
+  enum class Departure { kNo, kAfterBreak, kAtOnce };
 
   Program& program_;
   Machine& machine_;
@@ -165,7 +172,7 @@ class DealingRun {
   bool CommLost_ = false;
   bool running_ = false;
   bool breakRequested_ = false;
-  Leaving leaving_ = Leaving::kNo;
+  Departure departure_ = Departure::kNo;
   bool closed_ = false;
 };
 

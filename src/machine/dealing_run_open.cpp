@@ -5,11 +5,6 @@
 // Opening the run window, the first contact with the machine, and leaving.
 
 namespace morvane::machine {
-namespace {
-
-constexpr const char* kTitle = "Dealing Error";
-
-}  // namespace
 
 DealingRun::DealingRun(Program& program, Machine& machine, RunMemory& memory)
     : program_(program), machine_(machine), memory_(memory) {}
@@ -57,6 +52,7 @@ void DealingRun::FirstContact() {
 
   Controls.cmdFirst = Controls.cmdPrev = true;
   SettingsShown = true;
+  Command1Shown = program_.ServiceLevel == 2;
   // Required: looks at the number of the last board, not at how many boards there are.
   Controls.cmdNext = Controls.cmdLast = memory_.RunLast > 1;
   Controls.cmdDeal = Controls.cmdExit = Controls.Options = true;
@@ -74,9 +70,13 @@ void DealingRun::FirstContact() {
 }
 
 bool DealingRun::AskMachine() {
-  if (machine_.Exchange(VersionCommand{})) {
-    machine_.Exchange(IdentityCommand{1}) && machine_.Exchange(IdentityCommand{2}) &&
-        machine_.Exchange(CounterCommand{0});
+  // A machine that is silent here has no power; any later silence is a lost link.
+  if (machine_.Exchange(VersionCommand{}, CmdVersion)) {
+    for (const std::uint8_t page : {std::uint8_t{1}, std::uint8_t{2}}) {
+      machine_.Exchange(IdentityCommand{page}, CmdIdentity);
+      if (CheckCommLost()) return false;
+    }
+    machine_.Exchange(CounterCommand{0}, kReplyCounter);
     if (CheckCommLost()) return false;
     program_.Log.WriteLine("  S/N:" + std::to_string(machine_.SerialNumber) +
                            " Dealt:" + std::to_string(machine_.BoardsDealt) +
@@ -104,8 +104,8 @@ void DealingRun::ApplySilentGates() {
 
 void DealingRun::Exit() {
   if (running_) {
-    leaving_ = leaving_ == Leaving::kNo ? Leaving::kAfterBreak : Leaving::kAtOnce;
-    cmdBreak();
+    departure_ = departure_ == Departure::kNo ? Departure::kAfterBreak : Departure::kAtOnce;
+    RequestBreak();
     return;
   }
   Unload();
@@ -114,6 +114,7 @@ void DealingRun::Exit() {
 void DealingRun::Unload() {
   if (closed_) return;
   closed_ = true;
+  Controls = {};
   Timer1_.reset();
   Timer3d_.reset();
   if (!CommLost_) machine_.Link.MachineLatchOff();
@@ -125,10 +126,9 @@ void DealingRun::Unload() {
 
 bool DealingRun::CheckCommLost() {
   if (!machine_.Lost()) return false;
-  if (CommLost_) return true;
   CommLost_ = true;
   outcome_ = Outcome::kLinkLost;
-  program_.ShowMessage(program_.Texts.Msg048, kOkCritical, kTitle);
+  Refuse(program_.Texts.Msg048);
   Unload();
   return true;
 }

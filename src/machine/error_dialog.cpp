@@ -13,7 +13,7 @@ struct ErrorRow {
 };
 
 // Code 5 has a blank behind it and code 21 none: required.
-constexpr std::array<ErrorRow, 27> kErrors{{
+constexpr std::array<ErrorRow, 26> kErrors{{
     {1, 1, {"Card did not go to South"}},
     {2, 2, {"Card did not go to West"}},
     {3, 3, {"Card did not go to East"}},
@@ -40,7 +40,6 @@ constexpr std::array<ErrorRow, 27> kErrors{{
     {60, 60, {"Flip Plate open", ButtonMode::kGoOnOrStop}},
     {61, 61, {"Card does not belong to selected National Settings"}},
     {62, 62, {"Incorrect Card Order"}},
-    {63, 255, {"Undefine Error"}},
 }};
 
 constexpr int kUnreadableLabel = 64;
@@ -58,7 +57,7 @@ ErrorText TextOfError(int code) {
   const auto* row = std::find_if(kErrors.begin(), kErrors.end(), [code](const ErrorRow& r) {
     return code >= r.First && code <= r.Last;
   });
-  return row != kErrors.end() ? row->Error : kErrors.back().Error;
+  return row != kErrors.end() ? row->Error : ErrorText{"Undefine Error"};
 }
 
 ErrorDialog::ErrorDialog(Program& program, Machine& machine, int boardErrorKind,
@@ -107,6 +106,7 @@ void ErrorDialog::Tick() {
   PutDialogPoll(machine_.Poll(), link.TxFrame);
   link.SendShortFrame();
   link.ReceiveFrame();
+  if (link.RxStatus != MachineLink::kGood) machine_.ExpectLateReply();
   if (link.RxStatus == MachineLink::kGood && link.RxFrame[0] == CmdStatus) {
     machine_.TakePedalAndBox(StatusReply::Get(link.RxFrame));
   }

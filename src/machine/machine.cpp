@@ -10,7 +10,7 @@ StatusCommand Machine::Poll() const {
 }
 
 bool Machine::VersionProbe() {
-  const bool answered = Exchange(VersionCommand{});
+  const bool answered = Exchange(VersionCommand{}, CmdVersion);
   MachineState = answered ? kIdle : kNoVersion;
   return answered;
 }
@@ -27,14 +27,14 @@ std::string Machine::FirmwareVersion() const {
 
 void Machine::BeginExchange() {
   // A late reply of the exchange before must not be taken for this one's.
-  if (retried_) Link.FlushLink();
-  retried_ = false;
+  if (lateReply_) Link.FlushLink();
+  lateReply_ = false;
   Link.CommErrorCount = 0;
 }
 
 void Machine::EndTry(int attempt) {
   Link.CommErrorCount = static_cast<std::int16_t>(attempt);
-  retried_ = true;
+  ExpectLateReply();
 }
 
 void Machine::FillRandom() {
@@ -46,11 +46,15 @@ void Machine::FillRandom() {
 bool Machine::ProcessRunReply(std::optional<std::uint8_t> onlyCode) {
   Link.ReceiveFrame();
   if (Link.RxStatus != MachineLink::kGood) return false;
-  const Frame& frame = Link.RxFrame;
-  if (onlyCode && frame[0] != *onlyCode) {
+  if (onlyCode && Link.RxFrame[0] != *onlyCode) {
     Link.FlushLink();
     return false;
   }
+  TakeReply(Link.RxFrame);
+  return true;
+}
+
+void Machine::TakeReply(const Frame& frame) {
   switch (frame[0]) {
     case kReplyAccepted:
       MachineState = kBusy;
@@ -66,11 +70,7 @@ bool Machine::ProcessRunReply(std::optional<std::uint8_t> onlyCode) {
       TakeVersion(VersionReply::Get(frame));
       break;
     case CmdSensor:
-      if (const auto reply = SensorReply::Get(frame);
-          reply.Selector == SensorCommand::kBoardLabel) {
-        BoardNumberRaw = reply.Value;
-        BoardNumberRead = BoardLabelTable[reply.Value];
-      }
+      TakeSensor(SensorReply::Get(frame));
       break;
     case CmdIdentity:
       TakeIdentity(IdentityReply::Get(frame));
@@ -88,7 +88,6 @@ bool Machine::ProcessRunReply(std::optional<std::uint8_t> onlyCode) {
     default:
       break;
   }
-  return true;
 }
 
 void Machine::TakeStatus(const StatusReply& reply) {
@@ -117,6 +116,12 @@ void Machine::TakeBoard(const BoardReply& reply) {
         pocket < HandOfPocket.size() ? HandOfPocket[pocket] : std::uint8_t{0};
   }
   AnalyzeBoard(board);
+}
+
+void Machine::TakeSensor(const SensorReply& reply) {
+  if (reply.Selector != SensorCommand::kBoardLabel) return;
+  BoardNumberRaw = reply.Value;
+  BoardNumberRead = BoardLabelTable[reply.Value];
 }
 
 void Machine::TakeIdentity(const IdentityReply& reply) {

@@ -64,6 +64,8 @@ class Machine {
 
   /// `StatusCommand` with the flags that acknowledge pedal and board.
   [[nodiscard]] StatusCommand Poll() const;
+  /// A reply may still be on its way: the next exchange flushes the link before it sends.
+  void ExpectLateReply() { lateReply_ = true; }
   /// Asks for the version; the machine, whatever it was at, is idle when it answers.
   bool VersionProbe();
   /// Both tries of the last exchange were bad.
@@ -84,14 +86,16 @@ class Machine {
   void EndTry(int attempt);
   void FillRandom();
   bool ProcessRunReply(std::optional<std::uint8_t> onlyCode);
+  void TakeReply(const Frame& frame);
   void TakeStatus(const StatusReply& reply);
+  void TakeSensor(const SensorReply& reply);
   void TakeBoard(const BoardReply& reply);
   void TakeIdentity(const IdentityReply& reply);
   void TakeVersion(const VersionReply& reply);
   void TakeTest(const Frame& frame);
 
   Program& program_;
-  bool retried_ = false;
+  bool lateReply_ = false;
 };
 
 /// The machine's own event numbers, kept as a list; empty where it has none.

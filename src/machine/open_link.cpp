@@ -87,7 +87,7 @@ class OpenAttempt {
     step(1, [&] { return usb.SetBaudRate(handle, UsbXpress::kBaudRate); });
     step(1, [&] { return usb.SetLineControl(handle, UsbXpress::kEightDataBitsNoParity); });
     step(1, [&] { return usb.FlushBuffers(handle, 1, 1); });
-    step(1, [] { return UsbXpress::kSuccess; });
+    if (Status == UsbXpress::kSuccess) ++Step;
   }
 
   Program& program_;

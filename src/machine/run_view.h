@@ -9,7 +9,7 @@ class ErrorDialog;
 class RunView {
  public:
   virtual ~RunView() = default;
-  /// State, time and pocket counts; repaints at once, since no event runs between two polls.
+  /// State, time and pocket counts; repaints at once, since a run does not wait for paint events.
   virtual void ShowState() = 0;
   /// The current board and which of its cards have been dealt (`DisplayHand`).
   virtual void ShowBoard() = 0;

@@ -20,6 +20,7 @@ namespace morvane {
 #ifndef MORVANE_SERVICE_LEVEL
 #define MORVANE_SERVICE_LEVEL 0
 #endif
+static_assert(MORVANE_SERVICE_LEVEL >= 0 && MORVANE_SERVICE_LEVEL <= 2);
 
 /// The outside world, as `main` or a test chose it.
 struct Ports {
@@ -35,6 +36,13 @@ struct Ports {
 struct ProgramPaths {
   std::string Application;  ///< the folder of the program file
   std::string Data;         ///< the folder of logs and history
+};
+
+/// A request from outside, parked until somebody takes it up; further ones are ignored meanwhile.
+struct LinkRequest {
+  enum Kind : std::uint8_t { kNone = 0, kLoad = 1, kDownload = 2 };
+  Kind Pending = kNone;  ///< `LinkPending`
+  std::string File;
 };
 
 /// What every procedure may lean on: the ports, the one board set, the texts and the log. `main`
@@ -61,6 +69,7 @@ class Program {
   int ServiceLevel = MORVANE_SERVICE_LEVEL;
   bool AnalysisRunning = false;  ///< a double-dummy analysis runs beside the main window
   bool ShowStatistics = false;
+  LinkRequest Link;
   std::int32_t ActivateTime = 0;  ///< milliseconds since midnight of the main window's activation
 
   /// A message box with an OK button, and its line in the log. Code that needs an answer asks
@@ -69,6 +78,12 @@ class Program {
   /// A question; its answer is a `BoxAnswer`. Questions leave no line in the log.
   int Ask(const std::string& text, int flags, const std::string& title);
   void Status(const std::string& text) { Operator.Status(text); }
+  /// Writes a setting; whether that went well. The operator is told of the first failure only, and
+  /// the work goes on.
+  bool StoreSetting(const SettingKey& key, std::string_view value);
+
+ private:
+  bool storeFailureShown_ = false;
 };
 
 }  // namespace morvane

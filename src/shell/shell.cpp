@@ -1,5 +1,7 @@
 #include "shell/shell.h"
 
+#include <utility>
+
 #include "files/load_set.h"
 #include "files/save_set.h"
 #include "machine/open_link.h"
@@ -86,14 +88,30 @@ void Shell::EnableTimer2mm() {
   Timer2mm_ = program_.Loop.StartTimer(kTimer2Ms, [this] { Timer2mmTick(); });
 }
 
+void Shell::LinkExecute(std::string_view command) {
+  if (program_.Link.Pending != LinkRequest::kNone || command.empty()) return;
+  const std::string file(command.substr(1));
+  if (command.front() == '1') program_.Link = {LinkRequest::kLoad, file};
+  if (command.front() == '2') program_.Link = {LinkRequest::kDownload, file};
+}
+
 void Shell::Timer2mmTick() {
+  const LinkRequest request = std::exchange(program_.Link, {});
+  if (request.Pending == LinkRequest::kDownload) {
+    const Flow flow(*this);
+    RefuseFirmware(request.File);
+  }
+  if (request.Pending == LinkRequest::kLoad) {
+    startFile_ = request.File;
+    MenuLoad();
+  }
   const Point mouse = program_.Operator.Mouse();
   generator_.Pool.SampleMouse(mouse.X, mouse.Y);
 }
 
 void Shell::Activated() {
   if (program_.ActivateTime == 0) {
-    program_.ActivateTime = generate::MillisecondsOfDay(program_.Time.Now());
+    program_.ActivateTime = program_.Time.Now().MillisecondsOfDay();
   }
 }
 

@@ -51,6 +51,10 @@ class Shell {
   enum class EventText { kName, kSite, kDate };
   FilteredBox ChangeEvent(EventText which, FilteredBox box);
 
+  /// A link command: "1" and a board file to load, or "2" and a firmware file to download. It is
+  /// taken up when no flow is open.
+  void LinkExecute(std::string_view command);
+
   /// `ShowStat`: shows or hides the statistics.
   void ToggleStatistics();
 

@@ -96,13 +96,17 @@ TEST_F(OneBoard, CountsAndTimeShowWhileTheMachineIsBusy) {
 
 TEST_F(OneBoard, OnlyBreakIsEnabledMeanwhile) {
   Contact();
+  int looks = 0;
   view.OnState = [&] {
     if (machine.MachineState != Machine::kBusy) return;
-    EXPECT_TRUE(run.Controls.cmdBreak);
-    EXPECT_FALSE(run.Controls.cmdDeal || run.Controls.cmdExit || run.Controls.cmdNext ||
-                 run.Controls.Deal_next || run.Controls.Options);
+    ++looks;
+    const RunControls& now = run.Controls;
+    EXPECT_TRUE(now.cmdBreak);
+    EXPECT_FALSE(now.cmdDeal || now.cmdExit || now.cmdFirst || now.cmdPrev || now.cmdNext ||
+                 now.cmdLast || now.Deal_next || now.PrevCopy || now.NextCopy || now.Options);
   };
   run.cmdDeal();
+  EXPECT_EQ(looks, 3);
 }
 
 TEST_F(OneBoard, EventsInTheMiddleOfItDoNotDisturb) {
@@ -112,13 +116,31 @@ TEST_F(OneBoard, EventsInTheMiddleOfItDoNotDisturb) {
     if (++pumps > 20) return;
     run.cmdDeal();
     run.Deal_next();
+    run.cmdFirst();
     run.cmdNext();
+    run.cmdPrev();
     run.cmdLast();
     run.NextCopy();
+    run.PrevCopy();
+    run.SetNumberCopies("5");
+    run.LeaveSubfrom("3");
+    run.LeaveSubto("3");
+    run.SetNational(6);
+    run.SetCardType(1);
+    run.SetThreshold(2);
+    run.SetCardIndex(1);
+    run.SetCheck_board(true);
+    run.SetStart_from_box(false);
+    run.Command1();
   };
   run.cmdDeal();
   EXPECT_THAT(SentOf(0x98), SizeIs(1));
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+  EXPECT_GT(pumps, 3);
+  EXPECT_EQ(run.Cards.LogText(), "0,0,0,0");
+  EXPECT_EQ(memory.RunFirst, 1);
+  EXPECT_EQ(memory.NumberOfCopies, 1);
+  EXPECT_FALSE(desk.Store.Has(kNational));
 }
 
 TEST_F(OneBoard, TheSetIsNotChangedByDealing) {
@@ -203,7 +225,9 @@ TEST_F(Errors, BreakTakesThePlaceOfTheNextPoll) {
   Contact();
   int polls = 0;
   desk.Loop.OnPump = [&] {
-    if (++polls == 3) run.cmdBreak();
+    if (++polls != 3) return;
+    machine.PedalFlag = 1;
+    run.cmdBreak();
   };
   run.cmdDeal();
   const auto frames = SentOf(0x19);
@@ -226,6 +250,29 @@ TEST_F(Errors, BreakDisablesItself) {
   };
   run.cmdDeal();
   EXPECT_FALSE(run.Controls.cmdBreak);
+}
+
+TEST_F(Errors, ABreakThatCameTooLateIsAnsweredByTheDialog) {
+  paper.Codes = {54};
+  view.Answers = {Continue};
+  Contact();
+  desk.Loop.OnPump = [&] {
+    if (machine.MachineState == Machine::kError) run.cmdBreak();
+  };
+  run.cmdDeal();
+  for (const Bytes& poll : SentOf(0x19)) EXPECT_EQ(poll[1] & 1, 0);
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54 OK");
+}
+
+TEST_F(Errors, AContinuedBoardCanBeBrokenAgain) {
+  paper.BusyPolls = 10;
+  view.Answers = {Continue, Cancel};
+  Contact();
+  desk.Loop.OnPump = [&] {
+    if (machine.MachineState == Machine::kBusy) run.cmdBreak();
+  };
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 57 57");
 }
 
 TEST_F(Errors, AfterTheDialogTheRunWaits300Ms) {
@@ -311,6 +358,29 @@ TEST_F(CheckBoard, ThePedalDealsTheWrongBoard) {
   Contact();
   run.cmdDeal();
   EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,2 0,0,0,0 OK");
+}
+
+TEST_F(CheckBoard, ALinkLostInTheDialogIsNamedByTheDialogAndByTheNextPoll) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  view.Answers = {[this](ErrorDialog&) { paper.Powered = false; }};
+  Contact();
+  run.cmdDeal();
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  desk.Loop.WaitMs(100);
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Ui.Boxes[1].Text, desk.Prog.Texts.Msg048);
+  EXPECT_TRUE(run.Closed());
+}
+
+TEST_F(CheckBoard, ClosingWhileTheLabelIsReadOpensNoDialog) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  Contact();
+  desk.Loop.After(550, [this] { run.Exit(); });
+  run.cmdDeal();
+  EXPECT_THAT(view.Errors, IsEmpty());
+  EXPECT_TRUE(run.Closed());
 }
 
 TEST_F(CheckBoard, Board71NeverMatches) {
@@ -489,6 +559,42 @@ TEST_F(FaultSweep, AReplySpoiledOnceDoesNoHarmTwiceItIsTheLostLink) {
         }
         if (!freshRun.Closed()) freshRun.Exit();
       }
+    }
+  }
+}
+
+TEST_F(FaultSweep, ACheckedAndContinuedBoardToo) {
+  // Label, start, three polls, card log, start again, three polls, card log, probe.
+  constexpr int kExchanges = 12;
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 15;
+  for (int target = 0; target < kExchanges; ++target) {
+    for (const int times : {1, 2}) {
+      SCOPED_TRACE("exchange " + std::to_string(target) + " times " + std::to_string(times));
+      RunMemory freshMemory;
+      RecordingView freshView(desk);
+      DealingRun freshRun(desk.Prog, machine, freshMemory);
+      machine.Link.UsbHandle = 7;
+      paper.Damage = nullptr;
+      paper.Codes = {30};
+      freshView.Answers = {Continue};
+      desk.Ui.Boxes.clear();
+      freshRun.Open(freshView);
+      desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+      paper.Exchanges = 0;
+      paper.Damage = [&](int n, const Bytes&, const Bytes& wire) {
+        return n >= target && n < target + times ? Bytes{} : wire;
+      };
+      freshRun.cmdDeal();
+      if (times == 1) {
+        EXPECT_EQ(LastLine(), "  001 : 1,1 0,0,0,0 30 OK");
+        EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+      } else {
+        EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg048);
+        EXPECT_THAT(LastLine(), Not(::testing::EndsWith("OK")));
+      }
+      EXPECT_EQ(freshRun.Closed(), times == 2);
+      if (!freshRun.Closed()) freshRun.Exit();
     }
   }
 }

@@ -144,6 +144,59 @@ TEST_F(Opening, LeavingForgetsEvents) {
   EXPECT_THAT(bridge.Calls, ElementsAre("WriteLatch 1 0", "Close"));
 }
 
+TEST_F(Opening, AMachineWithoutAnAnswerLeavesNoDataInTheLogAndDropsTheLatch) {
+  paper.Powered = false;
+  Open();
+  desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+  EXPECT_THAT(desk.LogLines(), Each(Not(::testing::HasSubstr("S/N"))));
+  EXPECT_THAT(bridge.Calls, Contains("WriteLatch 1 0"));
+}
+
+TEST_F(Opening, AVersionInTheIdentitysPlaceIsAskedAgain) {
+  desk.Store.Set(kCheckBoard, "1");
+  int identities = 0;
+  paper.Damage = [&](int, const Bytes& plain, const Bytes& wire) {
+    const bool first = plain[0] == 0x12 && ++identities == 1;
+    return first ? test::OnTheWire(test::Short({0x1A, 2, 0x90}), 21) : wire;
+  };
+  Contact();
+  EXPECT_EQ(LastLine(), "  S/N:4711 Dealt:258 Firmware:2.90");
+  EXPECT_TRUE(run.Check_board) << "an identity that did not come says nothing of the hardware";
+}
+
+TEST_F(Opening, ASetOfOneBoardStillHasItsWayBack) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  Contact();
+  EXPECT_TRUE(run.Controls.cmdFirst && run.Controls.cmdPrev);
+  EXPECT_FALSE(run.Controls.cmdNext || run.Controls.cmdLast);
+}
+
+TEST_F(Opening, ASetOfBoard7LooksForwardByItsNumberAlone) {
+  test::FillSet(desk.Prog.Set, 7, 7);
+  Contact();
+  EXPECT_TRUE(run.Controls.cmdNext && run.Controls.cmdLast);
+  run.cmdNext();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 7);
+}
+
+TEST_F(Opening, TheTestButtonIsTheHighestServiceLevels) {
+  desk.Prog.ServiceLevel = 1;
+  Contact();
+  run.Command1();
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  EXPECT_FALSE(run.Command1Shown);
+}
+
+TEST_F(Opening, TheTestButtonFetchesTheTestText) {
+  desk.Prog.ServiceLevel = 2;
+  Contact();
+  paper.Damage = [](int, const Bytes& plain, const Bytes& wire) {
+    return plain[0] == 0x1E ? test::OnTheWire(test::Long({0x9E}), 21) : wire;
+  };
+  run.Command1();
+  EXPECT_EQ(machine.TestText.substr(0, 9), "9 0  10 0");
+}
+
 TEST_F(Walk, StaysWithinTheRangeAndDisablesDealNext) {
   Contact();
   run.cmdNext();
@@ -242,6 +295,67 @@ TEST_F(Polling, ABoardPushedBackWithinASecondStartsNothing) {
   EXPECT_THAT(SentOf(0x98), IsEmpty());
 }
 
+TEST_F(Polling, ASlotThatReportsAsLongAsABoardIsInNeedsASecondWithoutOne) {
+  Contact();
+  paper.Events = 4;  // the board of before is in the slot
+  desk.Loop.WaitMs(1000);
+  paper.Events = 0;
+  desk.Loop.WaitMs(800);
+  paper.Events = 4 | 16;
+  desk.Loop.WaitMs(200);
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+  paper.Events = 0;
+  desk.Loop.WaitMs(1100);
+  paper.Events = 4 | 16;
+  desk.Loop.WaitMs(100);
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+}
+
+TEST_F(Polling, AFirmwareRequestIsIgnoredInItsWords) {
+  Contact();
+  desk.Prog.Link = {LinkRequest::kDownload, "new.adc"};
+  desk.Loop.WaitMs(300);
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg092);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Download New Firmware");
+  EXPECT_EQ(desk.Prog.Link.Pending, LinkRequest::kNone);
+}
+
+TEST_F(Polling, DealNextIsRefusedAfterMovingOn) {
+  Contact();
+  run.cmdDeal();
+  desk.Prog.Set.At(2) = NumberedBoard(2);
+  bridge.Sent.clear();
+  run.Deal_next();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg053);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  EXPECT_FALSE(run.Controls.Deal_next);
+}
+
+TEST_F(Polling, DealNextOnTheLastCopyOfTheLastBoardStaysThere) {
+  desk.Ui.Default = kNo;
+  Contact();
+  run.cmdDeal();
+  run.LeaveSubto("1");  // the range ends here now, with the button still enabled
+  run.Deal_next();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_EQ(run.CurrentCopy, 1);
+}
+
+TEST_F(Polling, ThePedalDuringABoardStartsNoOther) {
+  paper.BusyPolls = 6;
+  Contact();
+  int pumps = 0;
+  desk.Loop.OnPump = [&] {
+    if (++pumps == 2) paper.Events = 8;
+  };
+  run.cmdDeal();
+  desk.Loop.OnPump = nullptr;
+  desk.Loop.WaitMs(500);
+  EXPECT_THAT(SentOf(0x98), SizeIs(1));
+}
+
 TEST_F(Polling, AnInsertedBoardStartsNothingWhereTheOptionIsOff) {
   desk.Store.Set(kInitStartFromBox, "0");
   Contact();
@@ -303,6 +417,17 @@ TEST_F(Options, AreStoredAtOnce) {
   EXPECT_EQ(desk.Store.Get(kInitStartFromBox), "0");
   EXPECT_EQ(desk.Store.Get(kCheckBoard), "1");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Options, ThatCannotBeStoredAreToldOnceAndHoldAllTheSame) {
+  Contact();
+  desk.Store.Writable = false;
+  run.SetNational(6);
+  run.SetThreshold(2);
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Settings Error");
+  EXPECT_EQ(run.Cards.National, 6);
+  EXPECT_EQ(run.Cards.Threshold, 2);
 }
 
 TEST_F(Options, ClicksBeforeTheContactDoNothing) {

@@ -58,8 +58,13 @@ TEST_F(Exchange, TwoLostRepliesAreALostLink) {
 
 TEST_F(Exchange, EachBeginsWithoutErrors) {
   machine.Link.CommErrorCount = 1;
-  bridge.Replies = {{}, Short({0x19, 0})};
-  EXPECT_TRUE(machine.Exchange(StatusCommand{}));
+  std::vector<int> counts;
+  bridge.Answer = [&](const Bytes&) {
+    counts.push_back(machine.Link.CommErrorCount);
+    return Bytes{};
+  };
+  machine.Exchange(StatusCommand{});
+  EXPECT_THAT(counts, ElementsAre(0, 1));
 }
 
 TEST_F(Exchange, AfterASecondTryTheLateReplyIsFlushedAway) {
@@ -245,6 +250,49 @@ TEST_F(Gates, FirmwareOneFailsAllButThoseOfMajorTwo) {
   }
 }
 
+TEST_F(Gates, EachPassesFromItsByteOn) {
+  struct Row {
+    VersionGate Gate;
+    std::uint8_t Minor;
+  };
+  machine.FirmwareMajor = 2;
+  for (const Row& row : {Row{kReadGate, 0x23},
+                         {kSortGate, 0x69},
+                         {kNationalGate, 0x27},
+                         {kDanishGate, 0x32},
+                         {kSwedishGate, 0x90},
+                         {kCheckBoardOpenGate, 0x40},
+                         {kCheckBoardClickGate, 0x3A},
+                         {kLargeIndexClickGate, 0x40},
+                         {kLargeIndexOpenGate, 0x40},
+                         {kSmallIndexClickGate, 0x66},
+                         {kAutoSetupGate, 0x80},
+                         {kTestDealGate, 0x83}}) {
+    machine.FirmwareMinor = row.Minor;
+    EXPECT_TRUE(Passes(machine, row.Gate)) << int{row.Minor};
+    --machine.FirmwareMinor;
+    EXPECT_FALSE(Passes(machine, row.Gate)) << int{row.Minor};
+  }
+}
+
+TEST_F(Gates, EachHasItsOwnText) {
+  const Messages& texts = desk.Prog.Texts;
+  const auto names = [&](const VersionGate& gate, const char* feature) {
+    return (texts.*gate.Text).find(feature) != std::string::npos;
+  };
+  EXPECT_TRUE(names(kReadGate, "Read function requires Firmware version 2.24"));
+  EXPECT_TRUE(names(kSortGate, "Sort function requires Firmware version 2.69"));
+  EXPECT_TRUE(names(kNationalGate, "other than the standard requires Firmware version 2.27"));
+  EXPECT_TRUE(names(kDanishGate, "Using Danish cards requires Firmware version 2.32"));
+  EXPECT_TRUE(names(kSwedishGate, "Using Swedish cards requires Firmware version 2.90"));
+  EXPECT_TRUE(
+      names(kCheckBoardClickGate, "Using Board Number Check requires Firmware version 2.70"));
+  EXPECT_TRUE(names(kLargeIndexClickGate, "with Large Index requires Firmware version 2.40"));
+  EXPECT_TRUE(names(kSmallIndexClickGate, "with Small Index requires Firmware version 2.66"));
+  EXPECT_TRUE(names(kAutoSetupGate, "AutoSetup function requires Firmware version 2.80"));
+  EXPECT_TRUE(names(kTestDealGate, "Test Deal function requires Firmware version 2.83"));
+}
+
 TEST_F(Gates, BytesStandAlsoWhereTheirTextsDiffer) {
   machine.FirmwareMajor = 2;
   machine.FirmwareMinor = 0x23;
@@ -289,9 +337,55 @@ TEST(CardSettings, AreReadFromTheStoreAndWrongOnesCountAsStandard) {
 }
 
 TEST(MachineMessageText, KeepsTheFirmwaresEventNumbers) {
-  EXPECT_EQ(MachineMessageText[1], "S card");
-  EXPECT_EQ(MachineMessageText[45], "Error durnig break");
-  EXPECT_EQ(MachineMessageText[5], "");
+  const std::vector<std::string_view> texts(MachineMessageText.begin(), MachineMessageText.end());
+  const std::vector<std::string_view> expected{"",
+                                               "S card",
+                                               "W card",
+                                               "E card",
+                                               "N card",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "End of Dealing",
+                                               "Pedal Pressed",
+                                               "Box Inserted",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "Initialisation OK",
+                                               "",
+                                               "",
+                                               "Extra card in S",
+                                               "Extra card in W",
+                                               "Extra card in E",
+                                               "extra card in N",
+                                               "Card did not go to S",
+                                               "Card did not go to W",
+                                               "Card did not go to E",
+                                               "Card did not go to N",
+                                               "Break dealing",
+                                               "Card jam",
+                                               "Card Box removed during dealing",
+                                               "Card Box not present, insert",
+                                               "Card did not go",
+                                               "Read Error",
+                                               "Duplicate Card",
+                                               "Cover open",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "",
+                                               "Error durnig break",
+                                               "Cover open"};
+  EXPECT_EQ(texts, expected);
 }
 
 }  // namespace

@@ -69,9 +69,7 @@ TEST_F(RunOptions, BoardsHideAndShow) {
   EXPECT_EQ(Text("lblHCP_1"), "");
   Click("Disp_boards");
   EXPECT_EQ(Text("Disp_boards"), "&Hide boards");
-  // The cards of board 1 go round from East: East holds A, T and 6 of spades, 3 ... of each suit in
-  // turn, 13 x 4 = 52; counted by hand for North: spades J 7 3, hearts Q 8 4, diamonds K 9 5,
-  // clubs A T 6 2.
+  // The cards of board 1 go round from East, so North holds each fourth one: J73, Q84, K95, AT62.
   EXPECT_EQ(Text("lblHCP_1"), "10") << "J 1 + Q 2 + K 3 + A 4";
 }
 
@@ -94,10 +92,13 @@ class NumberBoxes : public RunWindow {
 
 TEST_F(NumberBoxes, CopiesTakeDigitsUpTo99) {
   Enter("NumberCopies");
-  test::Type(*window, "0x99");
+  test::Type(*window, "99");
   EXPECT_EQ(Text("NumberCopies"), "99");
-  test::Type(*window, "9");
-  EXPECT_EQ(Text("NumberCopies"), "99");
+  test::Type(*window, "9x");
+  EXPECT_EQ(Text("NumberCopies"), "99") << "100 and more, and letters, are refused";
+  test::Press(*window, Qt::Key_Home);
+  test::Type(*window, "0");
+  EXPECT_EQ(Text("NumberCopies"), "99") << "no zero in front";
   EXPECT_EQ(memory.NumberOfCopies, 99);
   EXPECT_TRUE(Enabled("NextCopy"));
 }

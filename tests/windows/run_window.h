@@ -15,8 +15,11 @@ namespace morvane::machine {
 /// dealt in about 15 s.
 class RunWindow : public ::testing::Test {
  protected:
+  explicit RunWindow(const simulator::Options& options = Options())
+      : simulated(options, desk.Clock) {}
+
   test::QtDesk desk;
-  simulator::SimulatedMachine simulated{Options(), desk.Clock};
+  simulator::SimulatedMachine simulated;
   Machine machine{desk.Prog, simulated};
   RunMemory memory;
   DealingRun run{desk.Prog, machine, memory};
@@ -65,13 +68,23 @@ class RunWindow : public ::testing::Test {
     return counts;
   }
 
-  /// In the middle of the board that is dealt next.
-  void MeanwhileAt(int ms, std::function<void()> act) { desk.Loop.After(ms, std::move(act)); }
+  /// In the middle of what comes next, `ms` milliseconds from now.
+  void MeanwhileAt(int ms, std::function<void()> act) {
+    ++toCome_;
+    desk.Loop.After(ms, [this, act = std::move(act)] {
+      --toCome_;
+      act();
+    });
+  }
+  void TearDown() override { EXPECT_EQ(toCome_, 0) << "something was to be done that never was"; }
 
   [[nodiscard]] bool LiesInThePockets(int board) const {
     return simulated.DealtBoard().Cards == desk.Prog.Set.At(board).Cards;
   }
   [[nodiscard]] std::string LastLine() const { return desk.LogLines().back(); }
+
+ private:
+  int toCome_ = 0;
 };
 
 }  // namespace morvane::machine

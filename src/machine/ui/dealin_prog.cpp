@@ -45,6 +45,9 @@ void ShowNumberIn(NumberEdit& box, int number) {
 
 }  // namespace
 
+// The box that has the focus is left when the window goes; it must still be a whole one then.
+DealinProg::~DealinProg() { hide(); }
+
 void DealinProg::ShowState() {
   const QString state = ToQt(run_.txtStatus());
   if (txtStatus_->text() != state) {

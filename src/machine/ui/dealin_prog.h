@@ -27,6 +27,9 @@ class PocketGauge;
 class DealinProg final : public QDialog, public RunView {
  public:
   DealinProg(Program& program, DealingRun& run, QWidget* parent);
+  DealinProg(const DealinProg&) = delete;
+  DealinProg& operator=(const DealinProg&) = delete;
+  ~DealinProg() override;
 
   void ShowState() override;
   void ShowBoard() override;

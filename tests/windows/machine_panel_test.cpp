@@ -1,0 +1,128 @@
+#include "simulator/ui/machine_panel.h"
+
+#include <QLineEdit>
+
+#include "windows/run_window.h"
+
+namespace morvane::simulator {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class MachinePanelTest : public machine::RunWindow {
+ protected:
+  MachinePanel panel{desk.Loop, simulated};
+
+  void SetUp() override {
+    RunWindow::SetUp();
+    panel.show();
+    Contact();
+  }
+  void Press(const char* name) { test::Click(panel, name); }
+  [[nodiscard]] std::string Shown(const char* name) const { return test::TextOf(panel, name); }
+  void Enter(const char* box, const std::string& text) {
+    auto& edit = test::Find<QLineEdit>(panel, box);
+    test::Click(edit);
+    edit.selectAll();
+    test::Type(panel, text);
+  }
+};
+
+TEST_F(MachinePanelTest, ThePedalStartsABoardWhileTheRunWindowIsModal) {
+  Press("cmdPedal");
+  desk.Loop.WaitMs(200);
+  EXPECT_TRUE(LiesInThePockets(1));
+}
+
+TEST_F(MachinePanelTest, OnlyTheMainWindowIsBlockedByTheRunWindow) {
+  EXPECT_EQ(window->windowModality(), Qt::WindowModal);
+  EXPECT_EQ(window->parentWidget(), &mainWindow);
+  EXPECT_EQ(panel.parentWidget(), nullptr);
+}
+
+TEST_F(MachinePanelTest, BoardsAreInsertedOneAfterTheOther) {
+  EXPECT_EQ(Shown("lblSlot"), "The slot is empty");
+  EXPECT_FALSE(test::Enabled(panel, "cmdRemove"));
+  desk.Loop.WaitMs(1500);
+  Enter("txtBoard", "1");
+  Press("cmdInsert");
+  EXPECT_EQ(Shown("lblSlot"), "Board 1 is in the slot");
+  desk.Loop.WaitMs(300);
+  EXPECT_TRUE(LiesInThePockets(1));
+  Press("cmdRemove");
+  EXPECT_EQ(Shown("lblSlot"), "The slot is empty");
+  desk.Loop.WaitMs(1500);
+  Press("cmdInsertNext");
+  EXPECT_EQ(Shown("lblSlot"), "Board 2 is in the slot");
+  desk.Loop.WaitMs(300);
+  EXPECT_TRUE(LiesInThePockets(2));
+}
+
+TEST_F(MachinePanelTest, AFaultHasItsTextBesideItsCode) {
+  Enter("txtCode", "57");
+  EXPECT_EQ(Shown("lblFault"), "Break Dealing");
+  Enter("txtCode", "241");
+  EXPECT_EQ(Shown("txtCode"), "24") << "240 is the highest";
+  EXPECT_EQ(Shown("lblFault"), "Extra Card in North");
+  test::Press(panel, Qt::Key_Backspace);
+  test::Press(panel, Qt::Key_Backspace);
+  EXPECT_FALSE(test::Enabled(panel, "cmdFault"));
+}
+
+TEST_F(MachinePanelTest, AFaultIsCausedInTheMiddleOfABoard) {
+  Enter("txtCode", "54");
+  MeanwhileAt(5000, [this] { Press("cmdFault"); });
+  desk.When("Error_disp", [this](QWidget& error) {
+    EXPECT_EQ(test::TextOf(error, "Error_code"), "Error Code: 54");
+    desk.Loop.WaitMs(200);
+    EXPECT_THAT(Shown("lblState"), HasSubstr("with code 54"));
+    Press("cmdPedal");
+  });
+  Click("cmdDeal");
+  EXPECT_TRUE(LiesInThePockets(1)) << "the pedal has continued it";
+}
+
+TEST_F(MachinePanelTest, ThePowerGoesOffAndOn) {
+  EXPECT_EQ(Shown("cmdPower"), "Power o&ff");
+  Press("cmdPower");
+  EXPECT_FALSE(simulated.PowerIsOn());
+  EXPECT_EQ(Shown("lblState"), "off");
+  EXPECT_EQ(Shown("cmdPower"), "Power o&n");
+  Press("cmdPower");
+  EXPECT_TRUE(simulated.PowerIsOn());
+  EXPECT_EQ(Shown("lblState"), "idle");
+}
+
+TEST_F(MachinePanelTest, ShowsWhatLiesInThePockets) {
+  desk.Prog.Set.At(1) = test::SuitBoard(1);
+  EXPECT_THAT(Shown("lblPocket_1"), StartsWith("<b>0</b>"));
+  MeanwhileAt(5000, [this] {
+    EXPECT_THAT(Shown("lblState"), StartsWith("dealing card "));
+    EXPECT_THAT(Shown("lblPocket_1"), ::testing::Not(HasSubstr("AKQJT98765432")));
+  });
+  Click("cmdDeal");
+  desk.Loop.WaitMs(200);
+  EXPECT_THAT(Shown("lblPocket_1"), StartsWith("<b>13</b>"));
+  EXPECT_THAT(Shown("lblPocket_1"), HasSubstr("AKQJT98765432"));
+  EXPECT_EQ(Shown("lblState"), "idle");
+}
+
+TEST_F(MachinePanelTest, APackInOrderIsDealtInOrder) {
+  desk.Prog.Set.At(1) = test::SuitBoard(1);
+  Press("cmdLoadPack");
+  MeanwhileAt(2500, [this] {
+    EXPECT_NE(Text("lblCnt_1"), "0");
+    EXPECT_EQ(Text("lblCnt_2") + Text("lblCnt_3") + Text("lblCnt_4"), "000")
+        << "the spades come first";
+  });
+  Click("cmdDeal");
+}
+
+TEST_F(MachinePanelTest, StaysWhenItIsClosed) {
+  panel.close();
+  EXPECT_TRUE(panel.isVisible());
+}
+
+}  // namespace
+}  // namespace morvane::simulator

@@ -1,0 +1,265 @@
+#include "platform/qt/qt_ui.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTimer>
+
+#include "support/qt_desk.h"
+
+namespace morvane {
+namespace {
+
+using test::QtDesk;
+using ::testing::IsEmpty;
+
+constexpr int kOkCancel = 1;
+
+class QtUiTest : public ::testing::Test {
+ protected:
+  QtDesk desk;
+
+  /// The captions of a box with these flags, joined by "|", and its icon.
+  std::pair<std::string, QMessageBox::Icon> Look(int flags) {
+    std::string captions;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    desk.When("MessageBox", [&](QWidget& window) {
+      const auto& box = static_cast<QMessageBox&>(window);
+      icon = box.icon();
+      for (const auto button :
+           {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+        if (box.button(button) == nullptr) continue;
+        captions +=
+            (captions.empty() ? "" : "|") + box.button(button)->text().remove('&').toStdString();
+      }
+      window.close();
+    });
+    desk.Ui.MessageBox("text", flags, "title");
+    return {captions, icon};
+  }
+  int AnswerTo(int flags, QMessageBox::StandardButton button) {
+    desk.AnswerBox(button);
+    return desk.Ui.MessageBox("text", flags, "title");
+  }
+  int EscapeFrom(int flags) {
+    desk.When("MessageBox", [](QWidget& box) { test::Press(box, Qt::Key_Escape); });
+    return desk.Ui.MessageBox("text", flags, "title");
+  }
+};
+
+TEST_F(QtUiTest, TheFlagsChooseButtonsAndIcon) {
+  using Look = std::pair<std::string, QMessageBox::Icon>;
+  EXPECT_EQ(this->Look(kOkCritical), Look("OK", QMessageBox::Critical));
+  EXPECT_EQ(this->Look(kOkCancelCritical), Look("OK|Cancel", QMessageBox::Critical));
+  EXPECT_EQ(this->Look(kYesNoQuestion), Look("Yes|No", QMessageBox::Question));
+  EXPECT_EQ(this->Look(kOkExclamation), Look("OK", QMessageBox::Warning));
+  EXPECT_EQ(this->Look(kYesNoCancelExclamation), Look("Yes|No|Cancel", QMessageBox::Warning));
+  EXPECT_EQ(this->Look(kYesNoExclamation), Look("Yes|No", QMessageBox::Warning));
+  EXPECT_EQ(this->Look(kOkInformation), Look("OK", QMessageBox::Information));
+  EXPECT_EQ(this->Look(kYesNoInformation), Look("Yes|No", QMessageBox::Information));
+  EXPECT_EQ(this->Look(0), Look("OK", QMessageBox::NoIcon));
+}
+
+TEST_F(QtUiTest, TheButtonIsTheAnswer) {
+  EXPECT_EQ(AnswerTo(kOkCritical, QMessageBox::Ok), kOk);
+  EXPECT_EQ(AnswerTo(kOkCancel, QMessageBox::Ok), kOk);
+  EXPECT_EQ(AnswerTo(kOkCancel, QMessageBox::Cancel), kCancel);
+  EXPECT_EQ(AnswerTo(kYesNoCancelExclamation, QMessageBox::Yes), kYes);
+  EXPECT_EQ(AnswerTo(kYesNoCancelExclamation, QMessageBox::No), kNo);
+  EXPECT_EQ(AnswerTo(kYesNoCancelExclamation, QMessageBox::Cancel), kCancel);
+  EXPECT_EQ(AnswerTo(kYesNoQuestion, QMessageBox::No), kNo);
+}
+
+TEST_F(QtUiTest, EscapeIsTheAnswerThatChangesLeast) {
+  EXPECT_EQ(EscapeFrom(kOkCritical), kOk);
+  EXPECT_EQ(EscapeFrom(kOkCancel), kCancel);
+  EXPECT_EQ(EscapeFrom(kYesNoQuestion), kNo);
+  EXPECT_EQ(EscapeFrom(kYesNoCancelExclamation), kCancel);
+}
+
+TEST_F(QtUiTest, ThePaddingOfACatalogueTextIsNotShown) {
+  desk.AnswerBox(QMessageBox::No);
+  desk.Ui.MessageBox(desk.Prog.Texts.Msg062, kYesNoExclamation, "Exit");
+  EXPECT_EQ(desk.Boxes.at(0).Title, "Exit");
+  EXPECT_EQ(desk.Boxes.at(0).Text,
+            "Current Board Set has not been saved.\n\n"
+            "Do you want to save the current Board Set?");
+}
+
+TEST(WithoutPadding, KeepsEmptyLinesInsideAndDropsThemAtTheEnd) {
+  EXPECT_EQ(WithoutPadding("      a      \r\n    \r\n      b c   \r\n"), "a\n\nb c");
+  EXPECT_EQ(WithoutPadding("plain"), "plain");
+  EXPECT_EQ(WithoutPadding(""), "");
+}
+
+TEST_F(QtUiTest, ATextIsNeverTakenForMarkup) {
+  desk.When("MessageBox", [](QWidget& box) {
+    EXPECT_EQ(static_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+    box.close();
+  });
+  desk.Ui.MessageBox("<b>file</b>", kOkCritical, "title");
+}
+
+TEST_F(QtUiTest, TimersGoOnBehindABox) {
+  int ticks = 0;
+  const auto timer = desk.Loop.StartTimer(100, [&] { ++ticks; });
+  desk.When("MessageBox", [this](QWidget& box) { desk.Loop.After(1050, [&box] { box.close(); }); });
+  desk.Ui.MessageBox("text", kOkCritical, "title");
+  EXPECT_EQ(ticks, 10);
+}
+
+TEST_F(QtUiTest, AQuitEndsABoxWithTheCautiousAnswer) {
+  desk.When("MessageBox", [this](QWidget&) { desk.Loop.Quit(); });
+  EXPECT_EQ(desk.Ui.MessageBox("text", kYesNoCancelExclamation, "title"), kCancel);
+  EXPECT_EQ(test::TopWindow("MessageBox"), nullptr);
+}
+
+TEST_F(QtUiTest, AQuitEndsAQuestionWithoutCancelWithNo) {
+  desk.When("MessageBox", [this](QWidget&) { desk.Loop.Quit(); });
+  EXPECT_EQ(desk.Ui.MessageBox("text", kYesNoQuestion, "title"), kNo);
+}
+
+TEST_F(QtUiTest, ABoxBlocksTheMainWindow) {
+  QMainWindow window;
+  auto* button = new QPushButton("Button", &window);
+  window.setCentralWidget(button);
+  window.show();
+  desk.Ui.SetMainWindow({button, nullptr, nullptr});
+  int clicks = 0;
+  QObject::connect(button, &QPushButton::clicked, [&] { ++clicks; });
+  desk.When("MessageBox", [&](QWidget& box) {
+    test::Click(*button);
+    EXPECT_EQ(clicks, 0);
+    box.close();
+  });
+  desk.Ui.MessageBox("text", kOkCritical, "title");
+  test::Click(*button);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtUiTest, StatusAndRefreshGoToTheMainWindow) {
+  desk.Ui.Status("lost");
+  desk.Ui.RefreshSet();
+  QWidget client;
+  std::string status;
+  int refreshes = 0;
+  desk.Ui.SetMainWindow(
+      {&client, [&](const std::string& text) { status = text; }, [&] { ++refreshes; }});
+  desk.Ui.Status("Ready");
+  desk.Ui.RefreshSet();
+  EXPECT_EQ(status, "Ready");
+  EXPECT_EQ(refreshes, 1);
+}
+
+TEST_F(QtUiTest, TheMouseIsInTheMainWindowsCoordinates) {
+  QWidget client;
+  client.move(100, 50);
+  client.show();
+  desk.Loop.Pump();
+  desk.Ui.SetMainWindow({&client, nullptr, nullptr});
+  QCursor::setPos(client.mapToGlobal(QPoint(30, 20)));
+  const Point at = desk.Ui.Mouse();
+  EXPECT_EQ(at.X, 30);
+  EXPECT_EQ(at.Y, 20);
+}
+
+TEST_F(QtUiTest, TheHourglassComesAndGoes) {
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  desk.Ui.Busy(true);
+  desk.Ui.Busy(true);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  desk.Ui.Busy(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+class FileDialogs : public QtUiTest {
+ protected:
+  FileRequest Request(bool saving) {
+    FileRequest request;
+    request.Title = saving ? "Save Board Set" : "Open Board Set file";
+    request.Filter = "bri (*.bri)|*.bri|pbn (*.pbn)|*.pbn|All files (*.*)|*.*";
+    request.FilterIndex = 2;
+    request.Directory = desk.Folder.Path();
+    request.Saving = saving;
+    return request;
+  }
+  static void EnterName(QWidget& dialog, const std::string& name) {
+    auto& box = test::Find<QLineEdit>(dialog, "fileNameEdit");
+    box.setFocus();
+    box.selectAll();
+    test::Type(dialog, name);
+    test::Press(dialog, Qt::Key_Return);
+  }
+};
+
+TEST_F(FileDialogs, ShowTheirTitleAndTheChosenRow) {
+  desk.When("cdOpen", [](QWidget& window) {
+    const auto& dialog = static_cast<QFileDialog&>(window);
+    EXPECT_EQ(window.windowTitle(), "Open Board Set file");
+    EXPECT_EQ(dialog.nameFilters(), (QStringList{"bri (*.bri)", "pbn (*.pbn)", "All files (*)"}));
+    EXPECT_EQ(dialog.selectedNameFilter(), "pbn (*.pbn)");
+    test::Press(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(desk.Ui.AskFile(Request(false)), std::nullopt);
+}
+
+TEST_F(FileDialogs, RowsCountFromOneAndOutOfRangeIsTheNearest) {
+  for (const auto& [index, row] :
+       {std::pair{0, "bri (*.bri)"}, {1, "bri (*.bri)"}, {9, "All files (*)"}}) {
+    FileRequest request = Request(false);
+    request.FilterIndex = index;
+    desk.When("cdOpen", [row = row](QWidget& window) {
+      EXPECT_EQ(static_cast<QFileDialog&>(window).selectedNameFilter(), row);
+      window.close();
+    });
+    EXPECT_EQ(desk.Ui.AskFile(request), std::nullopt);
+  }
+}
+
+TEST_F(FileDialogs, OpenGivesTheFullPath) {
+  test::WriteContent(desk.Folder / "evening.pbn", "x");
+  desk.When("cdOpen", [](QWidget& dialog) { EnterName(dialog, "evening.pbn"); });
+  EXPECT_EQ(desk.Ui.AskFile(Request(false)), desk.Folder / "evening.pbn");
+}
+
+TEST_F(FileDialogs, SaveAddsTheExtensionOfTheRowToANameWithoutOne) {
+  desk.When("cdSave", [](QWidget& dialog) { EnterName(dialog, "evening"); });
+  EXPECT_EQ(desk.Ui.AskFile(Request(true)), desk.Folder / "evening.pbn");
+}
+
+TEST_F(FileDialogs, SaveLeavesAnotherExtensionAlone) {
+  desk.When("cdSave", [](QWidget& dialog) { EnterName(dialog, "evening.PBN"); });
+  EXPECT_EQ(desk.Ui.AskFile(Request(true)), desk.Folder / "evening.PBN");
+}
+
+TEST_F(FileDialogs, SaveAsksBeforeItOverwrites) {
+  test::WriteContent(desk.Folder / "evening.pbn", "x");
+  int questions = 0;
+  desk.When("cdSave", [&](QWidget& dialog) {
+    // The dialog asks by a box of its own, which waits in a loop of its own.
+    auto* watch = new QTimer(&dialog);
+    QObject::connect(watch, &QTimer::timeout, &dialog, [&questions, watch] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      ++questions;
+      watch->stop();
+      box->button(QMessageBox::Yes)->click();
+    });
+    watch->start(0);
+    EnterName(dialog, "evening");
+  });
+  EXPECT_EQ(desk.Ui.AskFile(Request(true)), desk.Folder / "evening.pbn");
+  EXPECT_EQ(questions, 1);
+}
+
+TEST_F(FileDialogs, AQuitEndsThemWithoutAFile) {
+  desk.When("cdSave", [this](QWidget&) { desk.Loop.Quit(); });
+  EXPECT_EQ(desk.Ui.AskFile(Request(true)), std::nullopt);
+}
+
+}  // namespace
+}  // namespace morvane
