@@ -268,7 +268,9 @@ void DealingRun::Refuse(const std::string& text) {
 }
 
 void DealingRun::Store(const SettingKey& key, int value) {
+  const bool locked = std::exchange(machine_.PollLock, true);  // a failure shows a box
   program_.StoreSetting(key, std::to_string(value));
+  machine_.PollLock = locked;
 }
 
 }  // namespace morvane::machine

@@ -58,13 +58,14 @@ bool MayWrite(const std::string& path) {
 
 #endif
 
-/// A file under a name that nothing had, which goes to `name`; what stands there is someone else's.
+/// A file in the folder of `path` under a name that nothing had, which goes to `name`; what stands
+/// there is someone else's. The name is short: the file's own may be as long as names can be.
 File OpenBeside(const std::string& path, NewFile access, std::string& name) {
   constexpr int kMostNames = 1000;
   File file;
   int number = 1;
   do {
-    name = path + ".new" + std::to_string(number);
+    name = FolderOf(path) + "morvane.new" + std::to_string(number);
     file = OpenToWrite(name, Opening::kNew, access);
   } while (!file && errno == EEXIST && ++number <= kMostNames);
   return file;
@@ -113,7 +114,18 @@ std::string FolderOf(std::string_view path) {
   return std::string(at == std::string_view::npos ? std::string_view() : path.substr(0, at + 1));
 }
 
+std::string FileBehind(const std::string& path) {
+  std::error_code failure;
+  const auto real = std::filesystem::canonical(PathOfUtf8(path), failure);
+  if (failure || !std::filesystem::is_regular_file(real, failure)) return path;
+  const std::u8string text = real.u8string();
+  return {text.begin(), text.end()};
+}
+
 std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes) {
+  std::error_code failure;
+  const auto status = std::filesystem::status(PathOfUtf8(path), failure);
+  if (std::filesystem::is_other(status)) return RuntimeError::OfNumber(EINVAL);
   const File file = OpenFile(path, "rb");
   if (!file) return RuntimeError::Last();
   bytes.clear();
@@ -125,8 +137,9 @@ std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes
   return std::nullopt;
 }
 
-std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
+std::optional<RuntimeError> WriteFile(const std::string& name, std::string_view bytes,
                                       NewFile access) {
+  const std::string path = FileBehind(name);
   std::error_code failure;
   const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
   const bool replaces = std::filesystem::is_regular_file(old);

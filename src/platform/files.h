@@ -27,14 +27,18 @@ inline constexpr std::string_view kPathSeparators = "/";
 /// The path up to and including the last separator; empty without one.
 [[nodiscard]] std::string FolderOf(std::string_view path);
 
-/// The whole file as bytes, or what went wrong. A directory is an error.
+/// The plain file behind a link, with no link left in its path; `path` itself where there is none.
+[[nodiscard]] std::string FileBehind(const std::string& path);
+
+/// The whole file as bytes, or what went wrong. A directory is an error, and so is anything
+/// without an end of its own: a device, a pipe.
 [[nodiscard]] std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes);
 /// Who may open a file that was not there before: whom the system lets, or its user alone.
 enum class NewFile { kOpen, kPrivate };
 
 /// Makes `bytes` the content of the file. A plain file is written beside and renamed, so that a
-/// failure leaves the old content; it keeps its permissions and must be writable. Anything else (a
-/// device, a link) is written in place.
+/// failure leaves the old content; it keeps its permissions and must be writable. A link stays one.
+/// Anything else (a device) is written in place.
 [[nodiscard]] std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
                                                     NewFile access = NewFile::kOpen);
 [[nodiscard]] std::optional<RuntimeError> AppendToFile(const std::string& path,

@@ -98,15 +98,6 @@ std::string Legible(std::string_view bytes) {
   return text;
 }
 
-/// The plain file behind a link, so that writing beside and renaming keeps the link.
-std::string FileBehind(const std::string& path) {
-  std::error_code failure;
-  const auto real = std::filesystem::canonical(PathOfUtf8(path), failure);
-  if (failure || !std::filesystem::is_regular_file(real, failure)) return path;
-  const std::u8string text = real.u8string();
-  return {text.begin(), text.end()};
-}
-
 /// False when there is something that cannot be read; a missing file is an empty store.
 bool Load(const std::string& path, Ini& ini) {
   std::error_code failure;

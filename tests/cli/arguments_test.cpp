@@ -195,7 +195,8 @@ TEST(Arguments, TheRegistersStateGoesWithItsOwnGenerator) {
 TEST(Arguments, FilesAreMadeAbsolute) {
   const std::string here = std::filesystem::current_path().string();
   EXPECT_EQ(Parsed({"convert", "a.pbn", "sub/../b.pbn"}).What.In, here + "/a.pbn");
-  EXPECT_EQ(Parsed({"convert", "a.pbn", "sub/../b.pbn"}).What.Out, here + "/b.pbn");
+  // Not shortened: "sub" may be a link, and ".." then is another folder.
+  EXPECT_EQ(Parsed({"convert", "a.pbn", "sub/../b.pbn"}).What.Out, here + "/sub/../b.pbn");
 }
 
 TEST(Arguments, BehindTwoDashesAFileMayBeginWithThem) {

@@ -68,10 +68,22 @@ TEST_F(FilesEndToEnd, TheSameSeedsMakeTheSameBytesInAnotherProcess) {
 
 TEST_F(FilesEndToEnd, WithoutSeedsNoSetIsLikeAnother) {
   for (const char* generator : {"bigdeal", "morvane"}) {
-    ASSERT_EQ(Run({"generate", "a.pbn", "--generator", generator}).Status, 0);
-    ASSERT_EQ(Run({"generate", "b.pbn", "--generator", generator}).Status, 0);
+    ASSERT_EQ(Run({"--yes", "generate", "a.pbn", "--generator", generator}).Status, 0);
+    ASSERT_EQ(Run({"--yes", "generate", "b.pbn", "--generator", generator}).Status, 0);
     EXPECT_NE(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
   }
+}
+
+TEST_F(FilesEndToEnd, AFileThatIsThereIsReplacedOnlyOnAYes) {
+  ASSERT_EQ(Run({"generate", "a.pbn"}).Status, 0);
+  const std::string first = test::Content(folder / "a.pbn");
+  const Outcome refused = Run({"generate", "a.pbn"});
+  EXPECT_EQ(refused.Status, 1);
+  EXPECT_EQ(refused.Err, "Save Board Set: " + (folder / "a.pbn") +
+                             " exists already. Replace it?\nNot replaced; --yes would.\n");
+  EXPECT_EQ(test::Content(folder / "a.pbn"), first);
+  EXPECT_EQ(Run({"--yes", "generate", "a.pbn"}).Status, 0);
+  EXPECT_NE(test::Content(folder / "a.pbn"), first);
 }
 
 TEST_F(FilesEndToEnd, WithoutFoldersNamedTheUsersOwnAreTaken) {
@@ -168,15 +180,15 @@ TEST_F(FilesEndToEnd, AFileThatCannotBeWrittenIsTold) {
   std::filesystem::create_symlink("/dev/full", folder / "full.pbn");
   for (const auto& [name, error] :
        {Target{"folder.pbn", SaveError(21, "Is a directory")},
-        Target{"broken.pbn", SaveError(5, "Input/output error")},
+        Target{"broken.pbn", SaveError(2, "No such file or directory")},
         Target{"full.pbn", SaveError(28, "No space left on device")},
         Target{"no/such.pbn", SaveError(2, "No such file or directory")},
         Target{"/proc/self/set.pbn", SaveError(2, "No such file or directory")},
         Target{"set.doc", "Save Error: Unknow file format: DOC\nSave operation aborted!\n"},
         Target{"set", "Save Error: Unknow file format:\nSave operation aborted!\n"}}) {
-    const Outcome outcome = Run({"generate", name});
+    const Outcome outcome = Run({"--yes", "generate", name});
     EXPECT_EQ(outcome.Status, 1) << name;
-    EXPECT_EQ(outcome.Err, error);
+    EXPECT_THAT(outcome.Err, ::testing::EndsWith(error));
     EXPECT_EQ(outcome.Out, "");
   }
   EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.pbn"));
@@ -213,7 +225,9 @@ TEST_F(FilesEndToEnd, ASettingsStoreThatCannotBeWrittenStopsNothing) {
               Around())
           .Finish();
   EXPECT_EQ(outcome.Status, 0);
-  EXPECT_EQ(outcome.Err, "");
+  EXPECT_EQ(outcome.Err,
+            "Settings Error: Settings cannot be saved\n"
+            "Changes of settings will be lost when the program ends\n");
   EXPECT_EQ(SetOf(folder / "evening.pbn")->Count(), 32);
 }
 
