@@ -117,8 +117,15 @@ std::string CheckShape(const QCommandLineParser& parser, const QString& command,
       return "--" + option.toStdString() + " does not belong to " + command.toStdString();
     }
   }
-  if (parser.positionalArguments().size() == shape.Paths + 1) return "";
-  return command.toStdString() + ": wrong number of files";
+  const QStringList words = parser.positionalArguments();
+  if (words.size() != shape.Paths + 1) return command.toStdString() + ": wrong number of files";
+  if (words.contains("")) return command.toStdString() + ": a file without a name";
+  for (const char* option : {"data", "settings", "machine"}) {
+    if (parser.isSet(option) && parser.value(option).isEmpty()) {
+      return std::string("--") + option + ": nothing named";
+    }
+  }
+  return "";
 }
 
 void TakeValues(const QCommandLineParser& parser, Arguments& result) {
@@ -178,6 +185,8 @@ Arguments ParseArguments(const QStringList& arguments) {
   result.Error = CheckShape(parser, command->first, command->second);
   if (!result.Error.empty()) return result;
   result.What.Command = command->first.toStdString();
+  // A quoted path in it would be one to load.
+  result.What.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
   const auto path = [&words](qsizetype at) { return AbsolutePath(words.at(at).toStdString()); };
   if (result.What.Command == "generate") {
     result.What.Out = path(1);

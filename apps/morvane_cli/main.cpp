@@ -13,6 +13,19 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 
+/// From now on an interrupt only leaves its mark.
+void CatchInterrupt() {
+  const auto mark = [](int) { interrupted = true; };
+#ifdef _WIN32
+  std::signal(SIGINT, mark);
+#else
+  // Without SA_RESTART, so that a question that waits for its answer ends too.
+  struct sigaction action {};
+  action.sa_handler = mark;
+  sigaction(SIGINT, &action, nullptr);
+#endif
+}
+
 class NoSound final : public morvane::Sound {
  public:
   void Play(const std::string&) override {}
@@ -44,9 +57,11 @@ int main(int argc, char** argv) {
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
       parts.Paths);
   // The machine is asked to break before the command ends.
-  if (arguments.What.Command == "deal") std::signal(SIGINT, [](int) { interrupted = true; });
+  if (arguments.What.Command == "deal") CatchInterrupt();
   morvane::cli::Workplace place{program,           operatorAtTerminal,
                                 terminal,          *machine.Usb,
-                                machine.Simulated, [] { return interrupted.load(); }};
-  return morvane::cli::RunCommand(place, arguments.What);
+                                machine.Simulated, [] { return interrupted.exchange(false); }};
+  const auto status = morvane::cli::RunCommand(place, arguments.What);
+  std::cout.flush();
+  return status == morvane::cli::kDone && !std::cout ? morvane::cli::kFailed : status;
 }

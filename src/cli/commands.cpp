@@ -16,7 +16,7 @@ class ConsoleWindows final : public shell::Windows {
   void ShowMainMenu() override {}
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, request_,
-                                        JudgeOf(place_.Simulated), place_.Interrupted, report_);
+                                        EyesOn(place_.Simulated), place_.Interrupted, report_);
   }
   [[nodiscard]] const RunReport& Report() const { return report_; }
 
@@ -39,12 +39,7 @@ ExitStatus Convert(Workplace& place, const Request& request) {
 ExitStatus Show(Workplace& place, const Request& request) {
   if (!Load(place, request)) return kFailed;
   const BoardSet& set = place.Prog.Set;
-  if (request.Board && (*request.Board < set.FirstBoard || *request.Board > set.LastBoard)) {
-    place.Screen.Error("Board " + std::to_string(*request.Board) +
-                       " is not in the set, which has " + std::to_string(set.FirstBoard) + " to " +
-                       std::to_string(set.LastBoard) + ".\n");
-    return kFailed;
-  }
+  if (request.Board && !IsInSet(place, *request.Board)) return kFailed;
   const int first = request.Board.value_or(set.FirstBoard);
   const int last = request.Board.value_or(set.LastBoard);
   for (int n = first; n <= last; ++n) {
@@ -55,10 +50,10 @@ ExitStatus Show(Workplace& place, const Request& request) {
 
 ExitStatus Deal(Workplace& place, const Request& request, shell::Shell& shell,
                 const ConsoleWindows& windows) {
-  if (!Load(place, request)) return kFailed;
+  if (!Load(place, request) || !MayDeal(place, request)) return kFailed;
   place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
   shell.MenuDeal();
-  return ShowReport(place, windows.Report());
+  return ShowReport(place, windows.Report(), BoardsAsked(place.Prog.Set, request));
 }
 
 }  // namespace
@@ -71,7 +66,7 @@ bool Save(Workplace& place, const Request& request) {
 ExitStatus RunCommand(Workplace& place, const Request& request) {
   ConsoleWindows windows(place, request);
   shell::Shell shell(place.Prog, place.Usb, windows);
-  shell.StartUp("");
+  shell.StartUp(request.Raw);
   ExitStatus status = kWrongUsage;
   if (request.Command == "generate") status = Generate(place, request, shell);
   if (request.Command == "convert") status = Convert(place, request);

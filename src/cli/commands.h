@@ -24,7 +24,7 @@ struct Workplace {
   Terminal& Screen;
   UsbXpress& Usb;
   simulator::SimulatedMachine* Simulated = nullptr;  ///< when it can be looked into
-  std::function<bool()> Interrupted;                 ///< Ctrl-C has been pressed
+  std::function<bool()> Interrupted;                 ///< Ctrl-C was pressed since it was last asked
 };
 
 /// Does what was asked for, as the desktop would; messages have been shown.

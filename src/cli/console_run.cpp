@@ -20,13 +20,13 @@ std::string Aligned(int number) {
 }  // namespace
 
 ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
-                       const Request& request, PocketJudge judge, std::function<bool()> interrupted,
+                       const Request& request, MachineSide side, std::function<bool()> interrupted,
                        RunReport& report)
     : program_(program),
       terminal_(terminal),
       run_(run),
       request_(request),
-      judge_(std::move(judge)),
+      side_(std::move(side)),
       interrupted_(std::move(interrupted)),
       report_(report),
       starter_(program.Loop.StartTimer(kTickMs, [this] { Tick(); })),
@@ -63,10 +63,7 @@ void ConsoleRun::Prepare() {
 
 void ConsoleRun::StartBoard() {
   if (!request_.Auto) {
-    if (!asked_) {
-      terminal_.Out("Insert board " + std::to_string(ComingBoard()) + " or press the pedal.\n");
-    }
-    asked_ = true;
+    WaitForPedal();
     return;
   }
   if (run_.Controls.Deal_next) {
@@ -77,18 +74,30 @@ void ConsoleRun::StartBoard() {
   if (!ran_) run_.Exit();  // refused, which has been told
 }
 
+void ConsoleRun::WaitForPedal() {
+  if (!asked_) {
+    const std::string board = std::to_string(ComingBoard());
+    terminal_.Out(side_.PressPedal
+                      ? "Press Enter to press the machine's pedal for board " + board + ".\n"
+                      : "Insert board " + board + " or press the pedal.\n");
+  }
+  asked_ = true;
+  if (!side_.PressPedal) return;
+  if (terminal_.ReadLineIfAny()) side_.PressPedal();
+  if (terminal_.InputEnded()) run_.Exit();
+}
+
 void ConsoleRun::EndBoard() {
   ran_ = false;
   asked_ = false;
-  DealtBoard board{program_.Set.CurrentBoard, run_.CurrentCopy, run_.Seconds(),
-                   run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
-                   judge_ ? judge_(program_.Set.Current()) : ""};
+  const DealtBoard board{program_.Set.CurrentBoard, run_.CurrentCopy, run_.Seconds(),
+                         run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
+                         side_.Judge ? side_.Judge(program_.Set.Current()) : Verdict{}};
   ShowProgress("");
   terminal_.Out("Board " + Aligned(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
                 (board.Ok ? "OK" : "stopped") + "\n");
   report_.Boards.push_back(board);
-  report_.Finished = board.Ok && LastOne();
-  if (!board.Ok || report_.Finished) run_.Exit();
+  if (!board.Ok || !run_.Controls.Deal_next) run_.Exit();
 }
 
 int ConsoleRun::ComingBoard() const {
@@ -96,8 +105,6 @@ int ConsoleRun::ComingBoard() const {
   const bool movesOn = run_.Controls.Deal_next && run_.CurrentCopy >= run_.Range().NumberOfCopies;
   return program_.Set.CurrentBoard + (movesOn ? 1 : 0);
 }
-
-bool ConsoleRun::LastOne() const { return !run_.Controls.Deal_next; }
 
 void ConsoleRun::ShowState() {
   if (!run_.Running()) return;
@@ -140,6 +147,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
   // The dialog goes on polling meanwhile, since the pedal may answer it.
   const auto keyboard = program_.Loop.StartTimer(kWatchMs, [&] {
     const auto line = terminal_.ReadLineIfAny();
+    if (terminal_.InputEnded()) dialog.PressCancel();
     if (!line) return;
     const std::string answer = Trim(*line);
     if (answer == "1" && dialog.Continue_button.Visible) dialog.PressContinue();

@@ -12,30 +12,38 @@
 
 namespace morvane::cli {
 
+/// What lies in the four pockets, held against the board.
+struct Verdict {
+  std::string Text;  ///< empty where nobody can look
+  bool Right = true;
+};
+
+/// What can be seen and done at the machine itself; each may be empty.
+struct MachineSide {
+  std::function<Verdict(const Board& board)> Judge;
+  std::function<void()> PressPedal;
+};
+
 /// How one board of a run ended.
 struct DealtBoard {
   int Number = 0;
   int Copy = 1;
   double Seconds = 0;
   bool Ok = false;
-  std::string Verdict;  ///< of the four pockets against the board; empty where nobody can look
+  Verdict Pockets;
 };
 
 /// What a run leaves behind; its window is gone by then.
 struct RunReport {
   std::vector<DealtBoard> Boards;
-  bool Finished = false;  ///< every board that was asked for has been dealt
 };
-
-/// Says what lies in the four pockets, held against `board`.
-using PocketJudge = std::function<std::string(const Board& board)>;
 
 /// The run window of the command line: starts the boards one after the other, shows a line a board,
 /// has faults answered on the terminal, and leaves after the last board.
 class ConsoleRun final : public machine::RunView {
  public:
   ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run, const Request& request,
-             PocketJudge judge, std::function<bool()> interrupted, RunReport& report);
+             MachineSide side, std::function<bool()> interrupted, RunReport& report);
 
   void ShowState() override;
   void ShowBoard() override {}
@@ -49,17 +57,17 @@ class ConsoleRun final : public machine::RunView {
   void Tick();
   void Prepare();
   void StartBoard();
+  void WaitForPedal();
   void EndBoard();
   void Answer(machine::ErrorDialog& dialog);
   [[nodiscard]] int ComingBoard() const;
-  [[nodiscard]] bool LastOne() const;
   void ShowProgress(const std::string& text);
 
   Program& program_;
   Terminal& terminal_;
   machine::DealingRun& run_;
   const Request& request_;
-  PocketJudge judge_;
+  MachineSide side_;
   std::function<bool()> interrupted_;
   RunReport& report_;
   std::unique_ptr<Timer> starter_;

@@ -8,8 +8,6 @@
 namespace morvane::cli {
 namespace {
 
-constexpr const char* kWrong = "WRONG";
-
 bool SameHand(const Board& a, const Board& b, int hand) {
   for (std::size_t card = 1; card <= kCards; ++card) {
     if ((a.Cards[card] == hand) != (b.Cards[card] == hand)) return false;
@@ -17,51 +15,80 @@ bool SameHand(const Board& a, const Board& b, int hand) {
   return true;
 }
 
-bool LiesRight(const DealtBoard& board) {
-  return board.Ok && board.Verdict.find(kWrong) == std::string::npos;
+bool LiesRight(const DealtBoard& board) { return board.Ok && board.Pockets.Right; }
+
+std::string RightAligned(std::string text, std::size_t width) {
+  return text.insert(0, text.size() < width ? width - text.size() : 0, ' ');
 }
 
 std::string RowOf(const DealtBoard& board) {
   std::string number = std::to_string(board.Number);
   if (board.Copy > 1) number += "/" + std::to_string(board.Copy);
-  std::string time = FixedPoint(board.Seconds, 1) + " s";
-  number.insert(0, number.size() < 7 ? 7 - number.size() : 0, ' ');
-  time.insert(0, time.size() < 9 ? 9 - time.size() : 0, ' ');
-  const std::string verdict = !board.Ok               ? "stopped"
-                              : board.Verdict.empty() ? "dealt"
-                                                      : board.Verdict;
-  return number + time + "   " + verdict + "\n";
+  const std::string verdict = !board.Ok                    ? "stopped"
+                              : board.Pockets.Text.empty() ? "dealt"
+                                                           : board.Pockets.Text;
+  return RightAligned(number, 7) + RightAligned(FixedPoint(board.Seconds, 1) + " s", 9) + "   " +
+         verdict + "\n";
 }
 
 }  // namespace
 
-PocketJudge JudgeOf(const simulator::SimulatedMachine* simulated) {
+MachineSide EyesOn(simulator::SimulatedMachine* simulated) {
   if (simulated == nullptr) return {};
-  return
-      [simulated](const Board& board) { return VerdictOfPockets(board, simulated->DealtBoard()); };
+  return {
+      [simulated](const Board& board) { return VerdictOfPockets(board, simulated->DealtBoard()); },
+      [simulated] { simulated->PressPedal(); }};
 }
 
-std::string VerdictOfPockets(const Board& board, const Board& pockets) {
-  std::string verdict;
+Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
+  Verdict verdict;
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    if (hand != kNorth) verdict += "  ";
-    verdict += std::string(1, HandLetter(hand)) + " " +
-               (SameHand(board, pockets, hand) ? "right" : kWrong);
+    const bool same = SameHand(board, pockets, hand);
+    if (!same) verdict.Right = false;
+    if (hand != kNorth) verdict.Text += "  ";
+    verdict.Text += std::string(1, HandLetter(hand)) + (same ? " right" : " WRONG");
   }
   return verdict;
 }
 
-ExitStatus ShowReport(Workplace& place, const RunReport& report) {
+bool IsInSet(Workplace& place, int number) {
+  const BoardSet& set = place.Prog.Set;
+  if (number >= set.FirstBoard && number <= set.LastBoard) return true;
+  place.Screen.Error("Board " + std::to_string(number) + " is not in the set, which has " +
+                     std::to_string(set.FirstBoard) + " to " + std::to_string(set.LastBoard) +
+                     ".\n");
+  return false;
+}
+
+bool MayDeal(Workplace& place, const Request& request) {
+  if (request.From && !IsInSet(place, *request.From)) return false;
+  if (request.To && !IsInSet(place, *request.To)) return false;
+  if (BoardsAsked(place.Prog.Set, request) < 1) {
+    place.Screen.Error("--to must not be below --from.\n");
+    return false;
+  }
+  if (place.Simulated != nullptr && !request.Auto && !place.Screen.CanAsk()) {
+    place.Screen.Error("Nobody is there to press the simulated machine's pedal: use --auto.\n");
+    return false;
+  }
+  return true;
+}
+
+int BoardsAsked(const BoardSet& set, const Request& request) {
+  const int from = request.From.value_or(set.FirstBoard);
+  const int to = request.To.value_or(set.LastBoard);
+  return (to - from + 1) * request.Copies.value_or(1);
+}
+
+ExitStatus ShowReport(Workplace& place, const RunReport& report, int asked) {
   if (report.Boards.empty()) return kFailed;
   const auto right = std::count_if(report.Boards.begin(), report.Boards.end(), LiesRight);
   std::string text = "\n  Board     Time   Pockets\n";
   for (const DealtBoard& board : report.Boards) text += RowOf(board);
-  const std::string all = std::to_string(report.Boards.size());
-  text += "\n" + std::to_string(right) + " of " + all + " boards " +
+  text += "\n" + std::to_string(right) + " of " + std::to_string(asked) + " boards " +
           (place.Simulated != nullptr ? "right" : "dealt") + ".\n";
   place.Screen.Out(text);
-  const bool allRight = right == static_cast<std::ptrdiff_t>(report.Boards.size());
-  return report.Finished && allRight ? kDone : kFailed;
+  return right == asked ? kDone : kFailed;
 }
 
 }  // namespace morvane::cli

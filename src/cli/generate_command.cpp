@@ -74,7 +74,9 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
   add("shapes", result.ShpRejects);
   add("inner similarity", result.InnRejects);
   add("history", result.HisRejects);
-  if (!result.InnSim.empty()) text += "  most alike: " + result.InnSim;
+  if (const std::string pair = result.InnSim.value_or(""); !pair.empty()) {
+    text += "  most alike: " + pair;
+  }
   return text + "\n";
 }
 

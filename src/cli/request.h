@@ -8,6 +8,7 @@ namespace morvane::cli {
 /// What was asked for on the command line. An option that was not given is empty, and means what
 /// the settings or the set say.
 struct Request {
+  std::string Raw;      ///< the command line as it was given, for the log
   std::string Command;  ///< generate, convert, show or deal
   std::string In;
   std::string Out;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/settings.h"
+#include "program/program.h"
 
 namespace morvane::files {
 
@@ -10,6 +10,6 @@ namespace morvane::files {
 [[nodiscard]] std::string InitialDirectory(const Settings& store);
 
 /// Keeps the format and the folder of a file that was loaded or saved for the next dialog.
-void RememberFile(Settings& store, const std::string& path);
+void RememberFile(Program& program, const std::string& path);
 
 }  // namespace morvane::files

@@ -51,7 +51,7 @@ bool ReadByExtension(Program& program, const std::string& path) {
 
 void TakeLoadedSet(Program& program, const std::string& path) {
   BoardSet& set = program.Set;
-  RememberFile(program.Store, path);
+  RememberFile(program, path);
   program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
   set.BoardSetFile = path;
   program.Operator.RefreshSet();

@@ -27,7 +27,7 @@ std::string SaveTime(const Clock& clock) {
 }
 
 void TakeSavedSet(Program& program, const std::string& path) {
-  RememberFile(program.Store, path);
+  RememberFile(program, path);
   program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
   program.Set.BoardSetFile = path;
   program.Operator.RefreshSet();

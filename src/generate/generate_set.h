@@ -22,8 +22,8 @@ struct GenerateRequest {
 
 enum class GenerateEnd {
   kDone,            ///< the set exists
-  kNoSeeds,         ///< the system's random source failed; nothing was changed
-  kRefused,         ///< first and last board do not fit; nothing was changed
+  kNoSeeds,         ///< the system's random source failed; the set is as it was
+  kRefused,         ///< first and last board do not fit; the set is as it was
   kCannotGenerate,  ///< the attempts for one board ran out; no set exists
   kQuit,            ///< the program is quitting; no set exists
 };
@@ -39,7 +39,8 @@ struct RejectCounter {
   CounterColour Colour = CounterColour::kGreen;
 };
 
-/// How a run ended and what its window shows. A box whose test was off keeps what it shows.
+/// How a run ended and what its window shows. A box without a value keeps what it shows: its test
+/// was off, or there is no set.
 struct GenerateResult {
   GenerateEnd End = GenerateEnd::kDone;
   GenerateFocus Focus = GenerateFocus::kNone;
@@ -47,9 +48,9 @@ struct GenerateResult {
   std::optional<RejectCounter> ShpRejects;
   std::optional<RejectCounter> InnRejects;
   std::optional<RejectCounter> HisRejects;
-  std::string InnSim;   ///< "9, 12N:5E", the newer board first; empty without a pair
-  std::string OuSim;    ///< the same with a historic board
-  std::string OuDeals;  ///< the history file of that board
+  std::optional<std::string> InnSim;   ///< "9, 12N:5E", the newer board first; "" without a pair
+  std::optional<std::string> OuSim;    ///< the same with a historic board
+  std::optional<std::string> OuDeals;  ///< the history file of that board
 };
 
 /// The window of a run, while it lasts.

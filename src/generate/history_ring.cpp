@@ -15,7 +15,7 @@ std::optional<RuntimeError> EnterFolder(const std::string& folder) {
   if (std::filesystem::is_directory(path, failure)) return std::nullopt;
   failure.clear();
   std::filesystem::create_directories(path, failure);
-  if (failure) return RuntimeError::OfNumber(failure.value());
+  if (failure) return RuntimeError::Of(failure);
   return std::nullopt;
 }
 

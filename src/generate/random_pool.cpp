@@ -23,22 +23,18 @@ std::uint8_t DigitAt(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-std::int32_t MillisecondsOfDay(const LocalTime& time) {
-  return ((time.Hour * 60 + time.Minute) * 60 + time.Second) * 1000 + time.Millisecond;
-}
-
 void RandomPool::InitPool(Point mouse) {
   const LocalTime now = program_.Time.Now();
   StartParamDays = now.DaysFrom2008();
   program_.Random.Seed(static_cast<std::uint64_t>(StartParamDays) * 86'400'000U +
-                       static_cast<std::uint64_t>(MillisecondsOfDay(now)));
+                       static_cast<std::uint64_t>(now.MillisecondsOfDay()));
   StartParamMouse = static_cast<std::uint16_t>(mouse.X * 256 + mouse.Y) | 1U;
   const std::string stored = program_.Store.Get(kSeedm);
   SeedmCounter =
       static_cast<std::int16_t>(std::min(Val(program_.Store.Get(kSeedmCounter)), kMostBits));
   if (stored.empty()) {
-    Fill();
-    program_.Store.Set(kSeedm, HexText());
+    FillFromPseudoRandom();
+    program_.StoreSetting(kSeedm, HexText());
   } else {
     Decode(stored);
   }
@@ -58,7 +54,7 @@ void RandomPool::SampleMouse(int x, int y) {
 
 void RandomPool::AddTimeEntropy() {
   const auto t =
-      static_cast<std::uint16_t>(MillisecondsOfDay(program_.Time.Now()) - program_.ActivateTime);
+      static_cast<std::uint16_t>(program_.Time.Now().MillisecondsOfDay() - program_.ActivateTime);
   Shift(2);
   Seedm[63] = static_cast<std::uint8_t>(t >> 8U);
   Seedm[64] = static_cast<std::uint8_t>(t & 255U);
@@ -66,13 +62,13 @@ void RandomPool::AddTimeEntropy() {
 }
 
 void RandomPool::SavePool() const {
-  program_.Store.Set(kSeedm, HexText());
-  program_.Store.Set(kSeedmCounter, std::to_string(SeedmCounter));
+  program_.StoreSetting(kSeedm, HexText());
+  program_.StoreSetting(kSeedmCounter, std::to_string(SeedmCounter));
 }
 
 std::string RandomPool::HexText() const { return HexBytes(std::span(Seedm).subspan<1>()); }
 
-void RandomPool::Fill() {
+void RandomPool::FillFromPseudoRandom() {
   for (std::size_t i = 1; i <= kSize; ++i) {
     Seedm[i] = static_cast<std::uint8_t>(program_.Random.Random() * 256);
   }

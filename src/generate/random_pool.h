@@ -37,15 +37,12 @@ class RandomPool {
   [[nodiscard]] std::string HexText() const;
 
  private:
-  void Fill();
+  void FillFromPseudoRandom();
   void Decode(std::string_view text);
   void Shift(std::size_t places);
   void AddBits(int bits);
 
   Program& program_;
 };
-
-/// Milliseconds since midnight.
-[[nodiscard]] std::int32_t MillisecondsOfDay(const LocalTime& time);
 
 }  // namespace morvane::generate

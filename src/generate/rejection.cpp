@@ -21,7 +21,7 @@ std::string BestPair::Text() const {
 
 int ShapeLimit(int shape, int k) {
   const float product = Shapes[shape].Frequency * kTwiceTheHandsOfABoard * static_cast<float>(k);
-  return static_cast<int>(std::nearbyint(product));  // half to even
+  return static_cast<int>(std::nearbyint(product));
 }
 
 bool RejectionTests::Rejects(const Board& candidate, int k) {

@@ -65,8 +65,8 @@ class RejectionTests {
   RejectionLimits limits_;
 };
 
-/// How often a shape may stand in the set before board `k`: twice its expected count, rounded half
-/// to even.
+/// How often a shape may stand in the set before board `k`: twice its expected count, rounded. No
+/// shape's product lies halfway between two numbers.
 [[nodiscard]] int ShapeLimit(int shape, int k);
 
 }  // namespace morvane::generate

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "model/text.h"
 
@@ -71,7 +72,7 @@ bool FillSeedr(Program& program, NumberDealer& dealer) {
   return false;
 }
 
-std::optional<std::string> SeedBytes(std::string_view text, std::size_t size) {
+std::optional<std::vector<std::uint8_t>> SeedBytes(std::string_view text, std::size_t size) {
   auto bytes = BytesOfHex(text);
   if (bytes && bytes->size() != size) return std::nullopt;
   return bytes;
@@ -99,7 +100,7 @@ void PrepareLfsrSeed(Program& program, Generator& generator) {
   pool.SavePool();
   const LocalTime now = program.Time.Now();
   const auto days = static_cast<std::uint32_t>(now.DaysFrom2008()) % 8192U;
-  const auto ticks = static_cast<std::uint32_t>(MillisecondsOfDay(now) / 10);
+  const auto ticks = static_cast<std::uint32_t>(now.MillisecondsOfDay() / 10);
   auto& state = generator.Shuffling.LfsrState;
   state[3] = (days << 18U) ^ ticks;
   for (std::size_t i = 0; i < 3; ++i) {
@@ -118,9 +119,8 @@ bool UseNumberSeeds(Program& program, NumberDealer& dealer, std::string_view see
   dealer.BlockCounter = 0;
   dealer.Seedo = {};
   for (std::size_t i = 0; i < kSeedrBytes; ++i) {
-    dealer.Seedr[i + 1] = static_cast<std::uint8_t>((*seedrBytes)[i]);
-    const auto byte = static_cast<std::uint8_t>((*seedoBytes)[i]);
-    dealer.Seedo[i / 4] |= std::uint32_t{byte} << (i % 4 * 8);
+    dealer.Seedr[i + 1] = (*seedrBytes)[i];
+    dealer.Seedo[i / 4] |= std::uint32_t{(*seedoBytes)[i]} << (i % 4 * 8);
   }
   LogSeedr(program, dealer);
   LogSeedo(program, dealer);
@@ -131,8 +131,7 @@ bool UseLfsrSeed(Program& program, ShufflingDealer& dealer, std::string_view see
   const auto bytes = SeedBytes(seed, kLfsrBytes);
   if (!bytes) return false;
   for (std::size_t i = 0; i < kLfsrBytes; ++i) {
-    const auto byte = static_cast<std::uint8_t>((*bytes)[i]);
-    dealer.LfsrState[i / 4] = dealer.LfsrState[i / 4] << 8U | byte;
+    dealer.LfsrState[i / 4] = dealer.LfsrState[i / 4] << 8U | (*bytes)[i];
   }
   dealer.NewDeck();
   LogLfsr(program, dealer);

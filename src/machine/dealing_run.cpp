@@ -268,7 +268,7 @@ void DealingRun::Refuse(const std::string& text) {
 }
 
 void DealingRun::Store(const SettingKey& key, int value) {
-  program_.Store.Set(key, std::to_string(value));
+  program_.StoreSetting(key, std::to_string(value));
 }
 
 }  // namespace morvane::machine

@@ -150,8 +150,8 @@ struct Messages {
 [[nodiscard]] std::string Fill(std::string text, std::string_view placeholder,
                                std::string_view value);
 
-/// `text` with its padding taken away and its lines joined by " : ", as a log line wants it: every
-/// line break becomes " : ", every run of six blanks goes.
+/// `text` as a log line wants it: every line break becomes " : ", then six blanks in a row go,
+/// wherever they stand; fewer stay, as do those that a longer run leaves over.
 [[nodiscard]] std::string OneLine(std::string_view text);
 
 /// Buttons and icon of a message box, in the encoding of the catalogue's callers.

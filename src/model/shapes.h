@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace morvane {
@@ -35,9 +36,53 @@ class ShapeTable {
   int count_ = 0;
 };
 
-extern const ShapeTable Shapes;
+[[nodiscard]] constexpr ShapeTable FillShapes() {
+  ShapeTable table;
+  table.AddShape("4432", 0.215512F);
+  table.AddShape("5332", 0.155168F);
+  table.AddShape("5431", 0.129307F);
+  table.AddShape("5422", 0.105797F);
+  table.AddShape("4333", 0.105361F);
+  table.AddShape("6322", 0.0564249F);
+  table.AddShape("6421", 0.0470207F);
+  table.AddShape("6331", 0.0344819F);
+  table.AddShape("5521", 0.031739F);
+  table.AddShape("4441", 0.0299322F);
+  table.AddShape("7321", 0.0188083F);
+  table.AddShape("6430", 0.0132623F);
+  table.AddShape("5440", 0.0124334F);
+  table.AddShape("5530", 0.00895203F);
+  table.AddShape("6511", 0.00705311F);
+  table.AddShape("6520", 0.00651056F);
+  table.AddShape("7222", 0.00512954F);
+  table.AddShape("7411", 0.0039184F);
+  table.AddShape("7420", 0.00361698F);
+  table.AddShape("7330", 0.00265245F);
+  table.AddShape("8221", 0.00192358F);
+  table.AddShape("8311", 0.00117552F);
+  table.AddShape("7510", 0.00108509F);
+  table.AddShape("8320", 0.00108509F);
+  table.AddShape("6610", 0.000723396F);
+  table.AddShape("8410", 0.000452123F);
+  table.AddShape("9211", 0.000178109F);
+  table.AddShape("9310", 0.000100472F);
+  table.AddShape("9220", 0.0000822041F);
+  table.AddShape("7600", 0.0000556459F);
+  table.AddShape("8500", 0.000031F);
+  table.AddShape("A210", 0.000011F);
+  table.AddShape("9400", 0.00001F);
+  table.AddShape("A111", 0.000004F);
+  table.AddShape("A300", 0.0000015F);
+  table.AddShape("B110", 0.0000002F);
+  table.AddShape("B200", 0.0000001F);
+  table.AddShape("C100", 0.000000003F);
+  table.AddShape("D000", 0.000000000006F);
+  return table;
+}
+
+inline constexpr ShapeTable Shapes = FillShapes();
 
 /// `Shapes.IndexOf(name)`.
-[[nodiscard]] int ShapeIndex(std::string_view name);
+[[nodiscard]] constexpr int ShapeIndex(std::string_view name) { return Shapes.IndexOf(name); }
 
 }  // namespace morvane

@@ -35,15 +35,15 @@ std::string HexBytes(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-std::optional<std::string> BytesOfHex(std::string_view text) {
+std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text) {
   if (text.size() % 2 != 0) return std::nullopt;
-  std::string bytes;
+  std::vector<std::uint8_t> bytes;
   const std::string digits = UpperCase(text);
   for (std::size_t i = 0; i < digits.size(); i += 2) {
     const std::size_t high = kHexDigits.find(digits[i]);
     const std::size_t low = kHexDigits.find(digits[i + 1]);
     if (high == std::string_view::npos || low == std::string_view::npos) return std::nullopt;
-    bytes += static_cast<char>(high * 16 + low);
+    bytes.push_back(static_cast<std::uint8_t>(high * 16 + low));
   }
   return bytes;
 }

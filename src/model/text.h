@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvane {
 
@@ -15,7 +16,7 @@ namespace morvane {
 /// `Hex2` of each byte in turn.
 [[nodiscard]] std::string HexBytes(std::span<const std::uint8_t> bytes);
 /// The bytes of a hexadecimal text of either case; nothing unless it is whole pairs of digits.
-[[nodiscard]] std::optional<std::string> BytesOfHex(std::string_view text);
+[[nodiscard]] std::optional<std::vector<std::uint8_t>> BytesOfHex(std::string_view text);
 
 /// The number with leading zeros to three digits ("00#").
 [[nodiscard]] std::string ThreeDigits(int number);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 namespace morvane {
 
@@ -14,9 +15,9 @@ struct LocalTime {
   int Second = 0;
   int Millisecond = 0;
 
-  /// Seconds since midnight with their fraction.
-  [[nodiscard]] double Timer() const {
-    return Hour * 3600.0 + Minute * 60.0 + Second + Millisecond / 1000.0;
+  /// Milliseconds since midnight.
+  [[nodiscard]] std::int32_t MillisecondsOfDay() const {
+    return ((Hour * 60 + Minute) * 60 + Second) * 1000 + Millisecond;
   }
   /// Whole days from 1 January 2008.
   [[nodiscard]] int DaysFrom2008() const {

@@ -1,8 +1,17 @@
 #include "platform/files.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <utility>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace morvane {
 namespace {
@@ -19,6 +28,46 @@ File OpenFile(const std::string& path, const char* mode) {
 #else
   return File(std::fopen(path.c_str(), mode));
 #endif
+}
+
+/// How the system opens a file to write: over what is there, or only where nothing is.
+enum class Opening { kOver, kNew };
+
+#ifdef _WIN32
+
+File OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
+  return OpenFile(path, opening == Opening::kNew ? "wbx" : "wb");
+}
+
+bool MayWrite(const std::string& path) {
+  constexpr int kToWrite = 2;
+  return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
+}
+
+#else
+
+File OpenToWrite(const std::string& path, Opening opening, NewFile access) {
+  const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
+  const int file = open(path.c_str(), flags, access == NewFile::kPrivate ? 0600 : 0666);
+  return File(file < 0 ? nullptr : fdopen(file, "wb"));
+}
+
+bool MayWrite(const std::string& path) {
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+#endif
+
+/// A file under a name that nothing had, which goes to `name`; what stands there is someone else's.
+File OpenBeside(const std::string& path, NewFile access, std::string& name) {
+  constexpr int kMostNames = 1000;
+  File file;
+  int number = 1;
+  do {
+    name = path + ".new" + std::to_string(number);
+    file = OpenToWrite(name, Opening::kNew, access);
+  } while (!file && errno == EEXIST && ++number <= kMostNames);
+  return file;
 }
 
 std::optional<RuntimeError> WriteAndClose(File file, std::string_view bytes) {
@@ -50,7 +99,7 @@ std::string AbsolutePath(std::string_view path) {
   std::error_code failure;
   const auto absolute = std::filesystem::absolute(PathOfUtf8(path), failure);
   if (failure) return std::string(path);
-  const std::u8string text = absolute.lexically_normal().u8string();
+  const std::u8string text = absolute.u8string();
   return {text.begin(), text.end()};
 }
 
@@ -76,21 +125,31 @@ std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes
   return std::nullopt;
 }
 
-std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes) {
+std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
+                                      NewFile access) {
   std::error_code failure;
-  const auto status = std::filesystem::symlink_status(PathOfUtf8(path), failure);
-  const bool plain = !std::filesystem::exists(status) || std::filesystem::is_regular_file(status);
-  if (!plain) return WriteAndClose(OpenFile(path, "wb"), bytes);
-
-  const std::string beside = path + ".new";
-  if (auto error = WriteAndClose(OpenFile(beside, "wb"), bytes)) {
-    std::filesystem::remove(PathOfUtf8(beside), failure);
-    return error;
+  const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
+  const bool replaces = std::filesystem::is_regular_file(old);
+  if (!replaces && std::filesystem::exists(old)) {
+    return WriteAndClose(OpenToWrite(path, Opening::kOver, access), bytes);
   }
-  std::filesystem::rename(PathOfUtf8(beside), PathOfUtf8(path), failure);
-  if (!failure) return std::nullopt;
-  const RuntimeError error = RuntimeError::OfNumber(failure.value());
-  std::filesystem::remove(PathOfUtf8(beside), failure);
+  // Renaming would not ask the old file.
+  if (replaces && !MayWrite(path)) return RuntimeError::Last();
+
+  std::string beside;
+  File file = OpenBeside(path, replaces ? NewFile::kPrivate : access, beside);
+  if (!file) return RuntimeError::Last();
+  if (replaces) {
+    // A file system without permissions may refuse them; the bytes matter more.
+    std::filesystem::permissions(PathOfUtf8(beside),
+                                 old.permissions() & std::filesystem::perms::all, failure);
+  }
+  auto error = WriteAndClose(std::move(file), bytes);
+  if (!error) {
+    std::filesystem::rename(PathOfUtf8(beside), PathOfUtf8(path), failure);
+    if (failure) error = RuntimeError::Of(failure);
+  }
+  if (error) std::filesystem::remove(PathOfUtf8(beside), failure);
   return error;
 }
 

@@ -19,7 +19,8 @@ inline constexpr std::string_view kPathSeparators = "/";
 
 [[nodiscard]] std::filesystem::path PathOfUtf8(std::string_view path);
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name);
-/// `path` made absolute against the working directory.
+/// `path` made absolute against the working directory. A ".." stays: behind a link it leads
+/// elsewhere than the text says.
 [[nodiscard]] std::string AbsolutePath(std::string_view path);
 /// What stands behind the last separator.
 [[nodiscard]] std::string FileTitle(std::string_view path);
@@ -28,10 +29,14 @@ inline constexpr std::string_view kPathSeparators = "/";
 
 /// The whole file as bytes, or what went wrong. A directory is an error.
 [[nodiscard]] std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes);
+/// Who may open a file that was not there before: whom the system lets, or its user alone.
+enum class NewFile { kOpen, kPrivate };
+
 /// Makes `bytes` the content of the file. A plain file is written beside and renamed, so that a
-/// failure leaves the old content; anything else (a device, a link) is written in place.
-[[nodiscard]] std::optional<RuntimeError> WriteFile(const std::string& path,
-                                                    std::string_view bytes);
+/// failure leaves the old content; it keeps its permissions and must be writable. Anything else (a
+/// device, a link) is written in place.
+[[nodiscard]] std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
+                                                    NewFile access = NewFile::kOpen);
 [[nodiscard]] std::optional<RuntimeError> AppendToFile(const std::string& path,
                                                        std::string_view bytes);
 

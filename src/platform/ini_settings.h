@@ -12,11 +12,11 @@ namespace morvane {
 /// written; the rest stays.
 class IniSettings final : public Settings {
  public:
-  /// The file and its folder are made with the first value that is set.
+  /// The file and its folder are made with the first value that is set; the file is its user's
+  /// alone, since it holds the random pool.
   explicit IniSettings(std::string path) : path_(std::move(path)) {}
   [[nodiscard]] std::string Get(const SettingKey& key) const override;
-  bool Set(const SettingKey& key, std::string_view value) override;
-  [[nodiscard]] const std::string& Path() const { return path_; }
+  [[nodiscard]] bool Set(const SettingKey& key, std::string_view value) override;
 
  private:
   std::string path_;

@@ -14,6 +14,9 @@ struct RuntimeError {
   [[nodiscard]] static RuntimeError OfNumber(int number) {
     return {number, std::generic_category().message(number)};
   }
+  [[nodiscard]] static RuntimeError Of(const std::error_code& code) {
+    return {code.value(), code.message()};
+  }
   /// The error that the last system call left behind.
   [[nodiscard]] static RuntimeError Last() { return OfNumber(errno); }
 };

@@ -18,7 +18,7 @@ class Settings {
   virtual ~Settings() = default;
   [[nodiscard]] virtual std::string Get(const SettingKey& key) const = 0;
   /// False when the store could not be written; the value is then as it was.
-  virtual bool Set(const SettingKey& key, std::string_view value) = 0;
+  [[nodiscard]] virtual bool Set(const SettingKey& key, std::string_view value) = 0;
   /// A switch counts as on only when its text equals "1".
   [[nodiscard]] bool IsOn(const SettingKey& key) const { return Get(key) == "1"; }
 };

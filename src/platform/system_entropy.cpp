@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #ifdef _WIN32
-#include <bcrypt.h>
+// The second needs the types of the first.
+// clang-format off
 #include <windows.h>
+#include <bcrypt.h>
+// clang-format on
 #elif defined(__APPLE__)
 #include <sys/random.h>
 #else

@@ -41,7 +41,10 @@ std::string EnvironmentFolder(const char* name) {
 
 #ifdef _WIN32
 
-std::string HomeFolder() { return EnvironmentFolder("USERPROFILE"); }
+std::string HomeFolder() {
+  const std::string home = EnvironmentFolder("USERPROFILE");
+  return home.empty() ? Utf8Of(std::filesystem::absolute("/")) : home;
+}
 
 std::string ApplicationFolder(const std::string& argv0) {
   constexpr DWORD kLongestPath = 32768;
@@ -55,7 +58,11 @@ std::string DefaultDataFolder(const std::string& applicationFolder) {
   return JoinPath(Utf8Of(PathOfUtf8(applicationFolder).root_path()), kDataFolder);
 }
 
-std::string DefaultSettingsFile() { return JoinPath(EnvironmentFolder("APPDATA"), kSettingsFile); }
+std::string DefaultSettingsFile() {
+  const std::string folder = EnvironmentFolder("APPDATA");
+  return JoinPath(folder.empty() ? JoinPath(HomeFolder(), "AppData\\Roaming") : folder,
+                  kSettingsFile);
+}
 
 #else
 

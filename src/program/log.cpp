@@ -1,5 +1,6 @@
 #include "program/log.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "model/messages.h"
@@ -13,7 +14,7 @@ bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
   std::error_code failure;
   on_ = std::filesystem::is_directory(PathOfUtf8(dataFolder), failure);
   if (!on_) {
-    error = RuntimeError::OfNumber(failure ? failure.value() : ENOTDIR);
+    error = failure ? RuntimeError::Of(failure) : RuntimeError::OfNumber(ENOTDIR);
     return false;
   }
   const LocalTime now = clock_.Now();
@@ -24,7 +25,11 @@ bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
 
 void Log::WriteLine(std::string_view text) {
   if (!on_) return;
-  if (const auto error = AppendToFile(path_, std::string(text) + std::string(kCrLf))) {
+  std::string line(text);
+  // A name or text from a file must not begin a line of its own, which could pass for a record.
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  if (const auto error = AppendToFile(path_, line.append(kCrLf))) {
     on_ = false;
     ui_.MessageBox("Error: " + std::to_string(error->Number) + ", " + error->Description +
                        std::string(kCrLf) + "File Name: " + path_,

@@ -23,7 +23,8 @@ class Log {
   /// folder can't be entered: logging stays off.
   bool Start(const std::string& dataFolder, RuntimeError& error);
 
-  /// Appends one line, ended with CR LF; does nothing when logging is off.
+  /// Appends one line, ended with CR LF; does nothing when logging is off. A CR or LF within `text`
+  /// becomes a blank.
   void WriteLine(std::string_view text);
 
   /// `WriteLine` of `text` followed by the time of day in the format "h:mm:ss AM/PM".

@@ -24,4 +24,16 @@ int Program::Ask(const std::string& text, int flags, const std::string& title) {
   return Operator.MessageBox(text, flags, title);
 }
 
+bool Program::StoreSetting(const SettingKey& key, std::string_view value) {
+  if (Store.Set(key, value)) return true;
+  if (!storeFailureShown_) {
+    storeFailureShown_ = true;
+    ShowMessage(
+        "      Settings cannot be saved      \r\n"
+        "      Changes of settings will be lost when the program ends      ",
+        kOkExclamation, "Settings Error");
+  }
+  return false;
+}
+
 }  // namespace morvane

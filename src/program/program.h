@@ -20,6 +20,7 @@ namespace morvane {
 #ifndef MORVANE_SERVICE_LEVEL
 #define MORVANE_SERVICE_LEVEL 0
 #endif
+static_assert(MORVANE_SERVICE_LEVEL >= 0 && MORVANE_SERVICE_LEVEL <= 2);
 
 /// The outside world, as `main` or a test chose it.
 struct Ports {
@@ -77,6 +78,12 @@ class Program {
   /// A question; its answer is a `BoxAnswer`. Questions leave no line in the log.
   int Ask(const std::string& text, int flags, const std::string& title);
   void Status(const std::string& text) { Operator.Status(text); }
+  /// Writes a setting; whether that went well. The operator is told of the first failure only, and
+  /// the work goes on.
+  bool StoreSetting(const SettingKey& key, std::string_view value);
+
+ private:
+  bool storeFailureShown_ = false;
 };
 
 }  // namespace morvane

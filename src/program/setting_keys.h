@@ -10,6 +10,7 @@ namespace morvane {
 inline constexpr std::string_view kSetup = "Setup";
 inline constexpr std::string_view kInit = "Init_settings";
 inline constexpr std::string_view kDeepFinesse = "Deep_Finesse";
+inline constexpr std::string_view kWindow = "Window";
 
 inline constexpr SettingKey kNewFirstBoard{kSetup, "New_FirstBoard", "1"};
 inline constexpr SettingKey kNewLastBoard{kSetup, "New_LastBoard", "32"};
@@ -57,5 +58,9 @@ inline constexpr SettingKey kSolverResult{kDeepFinesse, "Result", "0000000000000
 inline constexpr SettingKey kSolverError{kDeepFinesse, "Error", ""};
 inline constexpr SettingKey kSolverPath{kDeepFinesse, "Path", ""};
 inline constexpr SettingKey kSolverVersion{kDeepFinesse, "df1_version", "xx.xx"};
+
+/// Where the main window stood when it was closed, as its toolkit writes it: kept for the next run,
+/// not a setting that the operator sees.
+inline constexpr SettingKey kMainMenuPlace{kWindow, "MainMenu", ""};
 
 }  // namespace morvane

@@ -111,7 +111,7 @@ void Shell::Timer2mmTick() {
 
 void Shell::Activated() {
   if (program_.ActivateTime == 0) {
-    program_.ActivateTime = generate::MillisecondsOfDay(program_.Time.Now());
+    program_.ActivateTime = program_.Time.Now().MillisecondsOfDay();
   }
 }
 

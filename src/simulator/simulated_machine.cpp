@@ -268,6 +268,10 @@ UsbXpress::Status SimulatedMachine::Close(Handle handle) {
   if (!IsOpen(handle)) return kInvalidHandle;
   open_ = false;
   received_.Clear();
+  lateCount_ = 0;
+  lateMissed_ = false;
+  heardCount_ = 0;
+  onItsWay_ = Time{0};
   return kSuccess;
 }
 

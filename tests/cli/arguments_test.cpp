@@ -145,10 +145,9 @@ TEST(Arguments, ConvertTakesTwoFiles) {
 }
 
 TEST(Arguments, GenerateTakesItsOptions) {
-  const Arguments arguments =
-      Parsed({"generate", "/a.pbn", "--first", "3", "--last", "8", "--generator", "bigdeal",
-              "--shapes", "on", "--inner", "off", "--history", "on", "--seedr", kSeed40, "--seedo",
-              kSeed40, "--empty"});
+  const Arguments arguments = Parsed({"generate", "/a.pbn", "--first", "3", "--last", "8",
+                                      "--generator", "bigdeal", "--shapes", "on", "--inner", "off",
+                                      "--history", "on", "--seedr", kSeed40, "--seedo", kSeed40});
   EXPECT_EQ(arguments.Error, "");
   const cli::Request& what = arguments.What;
   EXPECT_EQ(what.Out, "/a.pbn");
@@ -161,7 +160,26 @@ TEST(Arguments, GenerateTakesItsOptions) {
   EXPECT_EQ(what.History, true);
   EXPECT_EQ(what.Seedr, std::string(40, '0'));
   EXPECT_EQ(what.Seedo, std::string(40, '0'));
-  EXPECT_TRUE(what.Empty);
+}
+
+TEST(Arguments, AnEmptySetNeedsNoSeeds) {
+  EXPECT_TRUE(Parsed({"generate", "/a.pbn", "--empty"}).What.Empty);
+  EXPECT_EQ(Parsed({"generate", "/a.pbn", "--empty", "--lfsr", std::string(32, '1').c_str()}).Error,
+            "--empty needs no seeds");
+}
+
+TEST(Arguments, BoardNumbersAreThoseOfTheirBoxes) {
+  for (const char* bad : {"3x", "abc", "1000", "", "-1"}) {
+    EXPECT_EQ(Parsed({"generate", "/a.pbn", (std::string("--first=") + bad).c_str()}).Error,
+              std::string("--first ") + bad + ": wanted a number up to 999");
+  }
+  EXPECT_EQ(Parsed({"generate", "/a.pbn", "--last", "999"}).What.Last, "999");
+}
+
+TEST(Arguments, NothingNamedIsWrongUsage) {
+  EXPECT_EQ(Parsed({"show", ""}).Error, "show: a file without a name");
+  EXPECT_EQ(Parsed({"--data=", "show", "/a"}).Error, "--data: nothing named");
+  EXPECT_EQ(Parsed({"--settings=", "show", "/a"}).Error, "--settings: nothing named");
 }
 
 TEST(Arguments, TheRegistersStateGoesWithItsOwnGenerator) {

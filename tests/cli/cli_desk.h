@@ -25,9 +25,11 @@ class FakeTerminal final : public Terminal {
     return line;
   }
   std::optional<std::string> ReadLineIfAny() override { return ReadLine(); }
+  [[nodiscard]] bool InputEnded() const override { return Ended; }
 
   bool Person = false;  ///< there is somebody to ask
   bool Progress = false;
+  bool Ended = false;
   std::deque<std::string> Lines;
   std::string Output;
   std::string Errors;
@@ -71,7 +73,8 @@ struct CliDesk {
   ExitStatus Run(const Request& request) { return RunOn(Machine, &Machine, request); }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
   ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const Request& request) {
-    Workplace place{Prog, Operator, Screen, usb, seen, [this] { return Interrupted; }};
+    Workplace place{Prog, Operator, Screen,
+                    usb,  seen,     [this] { return std::exchange(Interrupted, false); }};
     return RunCommand(place, request);
   }
   [[nodiscard]] std::vector<std::string> LogLines() const {

@@ -14,29 +14,43 @@ constexpr const char* kRight = "N right  E right  S right  W right";
 constexpr int kContactMs = 2000;
 
 TEST(VerdictOfPockets, EveryHandInItsPocketIsRight) {
-  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), test::SuitBoard(9)), kRight);
+  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), test::SuitBoard(9)).Text, kRight);
 }
 
 TEST(VerdictOfPockets, ASwappedCardMakesBothItsPocketsWrong) {
   Board pockets = test::SuitBoard(1);
   std::swap(pockets.Cards[1], pockets.Cards[27]);  // North's ace of spades, South's of diamonds
-  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets), "N WRONG  E right  S WRONG  W right");
+  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets).Text,
+            "N WRONG  E right  S WRONG  W right");
 }
 
 TEST(VerdictOfPockets, ACardTooFewOrTooManyIsWrong) {
   Board pockets = test::SuitBoard(1);
   pockets.Cards[52] = 0;  // West's two of clubs has not fallen
-  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets), "N right  E right  S right  W WRONG");
+  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets).Text,
+            "N right  E right  S right  W WRONG");
   pockets.Cards[52] = kEast;
-  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets), "N right  E WRONG  S right  W WRONG");
+  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), pockets).Text,
+            "N right  E WRONG  S right  W WRONG");
 }
 
 TEST(VerdictOfPockets, EmptyPocketsAreRightForAnEmptyBoardOnly) {
-  EXPECT_EQ(VerdictOfPockets(Board{}, Board{}), kRight);
-  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), Board{}), "N WRONG  E WRONG  S WRONG  W WRONG");
+  EXPECT_EQ(VerdictOfPockets(Board{}, Board{}).Text, kRight);
+  EXPECT_EQ(VerdictOfPockets(test::SuitBoard(1), Board{}).Text,
+            "N WRONG  E WRONG  S WRONG  W WRONG");
 }
 
-TEST(JudgeOf, NobodyLooksIntoARealMachine) { EXPECT_FALSE(JudgeOf(nullptr)); }
+TEST(VerdictOfPockets, IsRightOnlyWhenAllFourAre) {
+  Board pockets = test::SuitBoard(1);
+  EXPECT_TRUE(VerdictOfPockets(test::SuitBoard(1), pockets).Right);
+  pockets.Cards[52] = 0;
+  EXPECT_FALSE(VerdictOfPockets(test::SuitBoard(1), pockets).Right);
+}
+
+TEST(EyesOn, NobodyLooksIntoARealMachineOrPressesItsPedal) {
+  EXPECT_FALSE(EyesOn(nullptr).Judge);
+  EXPECT_FALSE(EyesOn(nullptr).PressPedal);
+}
 
 TEST(DealCommand, DealsEveryBoardAndShowsTheTable) {
   DealDesk desk;
@@ -163,6 +177,7 @@ TEST(DealCommand, AllCopiesOfABoardComeBeforeTheNext) {
 TEST(DealCommand, WithoutAutoItWaitsForThePedal) {
   DealDesk desk(1, 2);
   desk.What.Auto = false;
+  desk.Screen.Person = true;
   std::string beforePedal;
   desk.Loop.After(kContactMs + 1500, [&] {
     beforePedal = desk.Screen.Output;
@@ -170,18 +185,76 @@ TEST(DealCommand, WithoutAutoItWaitsForThePedal) {
   });
   desk.Loop.After(kContactMs + 3000, [&] { desk.Machine.PressPedal(); });
   EXPECT_EQ(desk.Deal(), kDone);
-  EXPECT_EQ(beforePedal, "Insert board 1 or press the pedal.\n");
-  EXPECT_THAT(desk.Screen.Output, ::testing::StartsWith("Insert board 1 or press the pedal.\n"
-                                                        "Board   1  0.0 s  OK\n"
-                                                        "Insert board 2 or press the pedal.\n"
-                                                        "Board   2  0.0 s  OK\n\n"));
+  EXPECT_EQ(beforePedal, "Press Enter to press the machine's pedal for board 1.\n");
+  EXPECT_THAT(desk.Screen.Output,
+              ::testing::StartsWith("Press Enter to press the machine's pedal for board 1.\n"
+                                    "Board   1  0.0 s  OK\n"
+                                    "Press Enter to press the machine's pedal for board 2.\n"
+                                    "Board   2  0.0 s  OK\n\n"));
   EXPECT_THAT(desk.Screen.Output, HasSubstr("\n2 of 2 boards right.\n"));
   EXPECT_GE(desk.Clock.Elapsed(), std::chrono::milliseconds(kContactMs + 3000));
+}
+
+TEST(DealCommand, EnterPressesTheSimulatedMachinesPedal) {
+  DealDesk desk(1, 2);
+  desk.What.Auto = false;
+  desk.Screen.Person = true;
+  for (const int ms : {500, 1500}) {
+    desk.Loop.After(kContactMs + ms, [&] { desk.Screen.Lines.emplace_back(); });
+  }
+  EXPECT_EQ(desk.Deal(), kDone);
+  EXPECT_EQ(desk.Machine.BoardsDealt(), 2);
+}
+
+TEST(DealCommand, TheEndOfTheInputEndsTheWaiting) {
+  DealDesk desk(1, 2);
+  desk.What.Auto = false;
+  desk.Screen.Person = true;
+  desk.Screen.Ended = true;
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_EQ(desk.Machine.BoardsDealt(), 0);
+}
+
+TEST(DealCommand, WithNobodyAtTheSimulatedPedalItIsRefused) {
+  DealDesk desk;
+  desk.What.Auto = false;
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_EQ(desk.Screen.Errors,
+            "Nobody is there to press the simulated machine's pedal: use --auto.\n");
+}
+
+TEST(DealCommand, ARealMachinesBoardIsWaitedFor) {
+  DealDesk desk(1, 1);
+  desk.What.Auto = false;
+  test::ScriptedBridge bridge(desk.Clock);
+  test::PaperMachine paper(bridge);
+  desk.Loop.After(kContactMs + 500, [&] { paper.Events = 8; });
+  EXPECT_EQ(desk.RunOn(bridge, nullptr, desk.What), kDone);
+  EXPECT_THAT(desk.Screen.Output, ::testing::StartsWith("Insert board 1 or press the pedal.\n"));
+}
+
+TEST(DealCommand, BoardsOutsideTheSetAreRefusedAndNothingIsDealt) {
+  struct Row {
+    std::optional<int> From;
+    std::optional<int> To;
+    const char* Words;
+  };
+  for (const Row& row : {Row{4, {}, "Board 4 is not in the set, which has 5 to 7.\n"},
+                         Row{{}, 99, "Board 99 is not in the set, which has 5 to 7.\n"},
+                         Row{7, 5, "--to must not be below --from.\n"}}) {
+    DealDesk desk(5, 7);
+    desk.What.From = row.From;
+    desk.What.To = row.To;
+    EXPECT_EQ(desk.Deal(), kFailed);
+    EXPECT_EQ(desk.Screen.Errors, row.Words);
+    EXPECT_EQ(desk.Machine.BoardsDealt(), 0);
+  }
 }
 
 TEST(DealCommand, ACopyIsAskedForByItsBoard) {
   DealDesk desk(7, 8);
   desk.What.Auto = false;
+  desk.Screen.Person = true;
   desk.What.Copies = 2;
   for (int press = 1; press <= 4; ++press) {
     desk.Loop.After(kContactMs + 1000 * press, [&] { desk.Machine.PressPedal(); });
@@ -189,15 +262,17 @@ TEST(DealCommand, ACopyIsAskedForByItsBoard) {
   EXPECT_EQ(desk.Deal(), kDone);
   EXPECT_THAT(
       desk.Screen.Output,
-      ::testing::StartsWith("Insert board 7 or press the pedal.\nBoard   7  0.0 s  OK\n"
-                            "Insert board 7 or press the pedal.\nBoard   7  0.0 s  OK\n"
-                            "Insert board 8 or press the pedal.\nBoard   8  0.0 s  OK\n"
-                            "Insert board 8 or press the pedal.\nBoard   8  0.0 s  OK\n\n"));
+      ::testing::StartsWith(
+          "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
+          "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
+          "Press Enter to press the machine's pedal for board 8.\nBoard   8  0.0 s  OK\n"
+          "Press Enter to press the machine's pedal for board 8.\nBoard   8  0.0 s  OK\n\n"));
 }
 
 TEST(DealCommand, WithoutAutoAnInsertedBoardStartsItsDeal) {
   DealDesk desk(1, 1);
   desk.What.Auto = false;
+  desk.Screen.Person = true;
   desk.Loop.After(kContactMs + 1500, [&] { desk.Machine.InsertBoard(1); });
   EXPECT_EQ(desk.Deal(), kDone);
   EXPECT_EQ(desk.Machine.BoardsDealt(), 1);
@@ -206,6 +281,7 @@ TEST(DealCommand, WithoutAutoAnInsertedBoardStartsItsDeal) {
 TEST(DealCommand, WithoutAutoAndWithStartFromBoxOffOnlyThePedalStarts) {
   DealDesk desk(1, 1);
   desk.What.Auto = false;
+  desk.Screen.Person = true;
   desk.Store.Set(kInitStartFromBox, "0");
   desk.Loop.After(kContactMs + 1500, [&] { desk.Machine.InsertBoard(1); });
   desk.Loop.After(kContactMs + 9000, [&] {

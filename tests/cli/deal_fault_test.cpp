@@ -25,7 +25,7 @@ TEST(DealFault, WithoutAnybodyToAnswerStopsTheRun) {
             "  Board     Time   Pockets\n"
             "      1    0.0 s   stopped\n"
             "\n"
-            "0 of 1 boards right.\n");
+            "0 of 3 boards right.\n");
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 54"));
   EXPECT_EQ(desk.Machine.BoardsDealt(), 0);
 }
@@ -43,7 +43,7 @@ TEST(DealFault, InTheSecondBoardKeepsTheFirst) {
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_EQ(desk.Screen.Errors, "Card Recognition Error\nError Code: 25\n");
   EXPECT_THAT(desk.Screen.Output, EndsWith("      1    0.0 s   N right  E right  S right  W right\n"
-                                           "      2    0.0 s   stopped\n\n1 of 2 boards right.\n"));
+                                           "      2    0.0 s   stopped\n\n1 of 3 boards right.\n"));
 }
 
 TEST(DealFault, OfTheMechanicsIsCancelledUnderYesToo) {
@@ -51,7 +51,7 @@ TEST(DealFault, OfTheMechanicsIsCancelledUnderYesToo) {
     DealDesk desk(1, 2, yes, WithFault(kCardJam));
     EXPECT_EQ(desk.Deal(), kFailed);
     EXPECT_EQ(desk.Screen.Errors, "Card Jam Error\nError Code: 9\n");
-    EXPECT_THAT(desk.Screen.Output, HasSubstr("0 of 1 boards right."));
+    EXPECT_THAT(desk.Screen.Output, HasSubstr("0 of 2 boards right."));
     EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 9"));
   }
 }
@@ -172,7 +172,7 @@ TEST(DealInterrupt, KeepsTheBoardsThatWereDone) {
   DealDesk desk(1, 3, false, AtSpeed(1));
   desk.Loop.After(20'000, [&] { desk.Interrupted = true; });  // a board takes 14.6 s
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_THAT(desk.Screen.Output, HasSubstr("\n1 of 1 boards right.\n"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\n1 of 3 boards right.\n"));
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 OK", "  002 : 1,0 0,0,0,0 57"));
 }
 
@@ -188,9 +188,10 @@ TEST(DealInterrupt, BeforeTheFirstContactEndsAtOnce) {
 TEST(DealInterrupt, EndsTheWaitForThePedal) {
   DealDesk desk;
   desk.What.Auto = false;
+  desk.Screen.Person = true;
   desk.Loop.After(8000, [&] { desk.Interrupted = true; });
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_EQ(desk.Screen.Output, "Insert board 1 or press the pedal.\n");
+  EXPECT_EQ(desk.Screen.Output, "Press Enter to press the machine's pedal for board 1.\n");
   EXPECT_LT(desk.Clock.Elapsed(), std::chrono::milliseconds(8200));
 }
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "generate/reference.h"
 #include "generate/seeds.h"
+#include "model/shapes.h"
 #include "model/similarity.h"
 #include "model/text.h"
 #include "support/fakes.h"
@@ -287,15 +289,61 @@ TEST(GenerateSet, LogsSwitchesCountersAndTheLongFormOfEachBoard) {
   EXPECT_EQ(lines[4].substr(0, 9), "   010 : ");
 }
 
+TEST(GenerateSet, LogsEachSwitchInItsPlace) {
+  const std::vector<std::pair<RejectionSwitches, std::string>> switches = {
+      {{.Shape = true}, "1,0,0"}, {{.Inner = true}, "0,1,0"}, {{.History = true}, "0,0,1"}};
+  for (const auto& [reject, text] : switches) {
+    GenerateDesk desk;
+    desk.RunSeeded(9, 9, reject);
+    EXPECT_EQ(desk.LogLines()[2], "  Generate: 9,9 : " + text + " : 0,0,0");
+  }
+}
+
+struct Rejections {
+  int Shape = 0;
+  int Inner = 0;
+};
+
+/// What a run over boards 1 to `last` rejects, counted by going through the same candidates with
+/// one test at a time.
+Rejections RejectionsOf(GenerateDesk& desk, int last) {
+  Rejections rejections;
+  BoardSet set;
+  NumberDealer dealer;
+  EXPECT_TRUE(UseNumberSeeds(desk.Prog, dealer, kSeedr, kSeedo));
+  RejectionTests shape(set, desk.History, 1, {.Shape = true}, desk.Gen.Limits);
+  RejectionTests inner(set, desk.History, 1, {.Inner = true}, desk.Gen.Limits);
+  for (int k = 1; k <= last;) {
+    dealer.NextNumberDeal(set.At(k));
+    if (shape.Rejects(set.At(k), k)) {
+      ++rejections.Shape;
+    } else if (inner.Rejects(set.At(k), k)) {
+      ++rejections.Inner;
+    } else {
+      for (int hand = kNorth; hand <= kWest; ++hand) {
+        ++set.ShapeCount[static_cast<std::size_t>(ShapeIndex(GetHandShape(set.At(k), hand)))];
+      }
+      ++k;
+    }
+  }
+  return rejections;
+}
+
 TEST(GenerateSet, LogsTheCountersInTheOrderShapeInnerHistory) {
   GenerateDesk desk;
   desk.Gen.Limits.InnerLimit = 8;
+  const Rejections expected = RejectionsOf(desk, 16);
+  // All three differ, so that no two can change places.
+  ASSERT_GT(expected.Shape, 0);
+  ASSERT_GT(expected.Inner, 0);
+  ASSERT_NE(expected.Shape, expected.Inner);
   const GenerateResult result = desk.RunSeeded(1, 16, kAllTests);
   ASSERT_EQ(result.End, GenerateEnd::kDone);
-  EXPECT_GT(result.InnRejects->Count, 0);
-  EXPECT_EQ(desk.LogLines()[2],
-            "  Generate: 1,16 : 1,1,1 : " + std::to_string(result.ShpRejects->Count) + "," +
-                std::to_string(result.InnRejects->Count) + ",0");
+  EXPECT_EQ(result.ShpRejects->Count, expected.Shape);
+  EXPECT_EQ(result.InnRejects->Count, expected.Inner);
+  EXPECT_EQ(result.HisRejects->Count, 0);
+  EXPECT_EQ(desk.LogLines()[4], "  Generate: 1,16 : 1,1,1 : " + std::to_string(expected.Shape) +
+                                    "," + std::to_string(expected.Inner) + ",0");
 }
 
 TEST(GenerateSet, ACandidateThatCannotBeFoundLeavesNoSet) {
@@ -344,7 +392,7 @@ TEST(GenerateSet, AQuietRunEndsOnExitAndShowsItsMostAlikePair) {
   GenerateDesk desk;
   const GenerateResult result = desk.RunSeeded(1, 32, kUsualTests);
   EXPECT_EQ(result.InnSim, BestPairOf(desk.Prog.Set));
-  EXPECT_EQ(result.OuSim, "");
+  EXPECT_EQ(result.OuSim, "");  // the history is empty
   EXPECT_EQ(result.OuDeals, "");
   EXPECT_FALSE(result.ShpRejects.has_value());
   ASSERT_TRUE(result.InnRejects && result.HisRejects);
@@ -353,6 +401,16 @@ TEST(GenerateSet, AQuietRunEndsOnExitAndShowsItsMostAlikePair) {
   EXPECT_EQ(result.HisRejects->Colour, CounterColour::kGreen);
   EXPECT_FALSE(result.InviteAnother);
   EXPECT_EQ(result.Focus, GenerateFocus::kExit);
+}
+
+TEST(GenerateSet, TheBoxesOfATestThatIsOffKeepWhatTheyShow) {
+  GenerateDesk desk;
+  const GenerateResult inner = desk.RunSeeded(1, 2, {.Inner = true});
+  EXPECT_TRUE(inner.InnSim.has_value());
+  EXPECT_FALSE(inner.OuSim || inner.OuDeals || inner.HisRejects || inner.ShpRejects);
+  const GenerateResult history = desk.RunSeeded(1, 2, {.History = true});
+  EXPECT_TRUE(history.OuSim && history.OuDeals);
+  EXPECT_FALSE(history.InnSim || history.InnRejects || history.ShpRejects);
 }
 
 TEST(GenerateSet, OneInnerRejectionIsRedAndInvitesAnotherAttempt) {

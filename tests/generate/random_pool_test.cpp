@@ -211,5 +211,17 @@ TEST(SavePool, WritesTheBytesInOrderAndTheCounter) {
   EXPECT_EQ(desk.Store.Get(kSeedmCounter), "24");
 }
 
+TEST(SavePool, AStoreThatCannotBeWrittenIsToldOnceInARunOfTheProgram) {
+  TestDesk desk;
+  desk.Store.Writable = false;
+  RandomPool pool(desk.Prog);
+  pool.InitPool({});  // the first pool cannot be kept
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  pool.SavePool();
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Settings Error");
+  EXPECT_EQ(pool.SeedmCounter, 16) << "the pool works all the same";
+}
+
 }  // namespace
 }  // namespace morvane::generate

@@ -1,5 +1,6 @@
 #include "generate/rejection.h"
 
+#include <cmath>
 #include <utility>
 
 #include "model/shapes.h"
@@ -67,6 +68,15 @@ TEST(ShapeLimit, IsTwiceTheExpectedCountRounded) {
   EXPECT_EQ(ShapeLimit(ShapeIndex("7330"), 24), 1);      // 0.509
   EXPECT_EQ(ShapeLimit(ShapeIndex("D000"), 640), 0);
   EXPECT_EQ(ShapeLimit(0, 640), 0);
+}
+
+TEST(ShapeLimit, NeverStandsHalfwaySoThatNoRuleForHalvesShows) {
+  for (int shape = 0; shape <= Shapes.Count(); ++shape) {
+    for (int k = 1; k <= kMaxBoards; ++k) {
+      const float product = Shapes[shape].Frequency * 8.0F * static_cast<float>(k);
+      ASSERT_NE(product - std::floor(product), 0.5F) << Shapes[shape].Name << " " << k;
+    }
+  }
 }
 
 TEST(ShapeTest, AShapeMayStandAsOftenAsItsLimit) {

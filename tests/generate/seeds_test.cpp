@@ -47,7 +47,8 @@ std::string BareDigestText(std::string_view bytes) {
 
 /// Four zero bytes, then pool bytes 1..60 of `kSeedmText`.
 std::string SeedoText() {
-  return BareDigestText(std::string(4, '\0') + BytesOfHex(kSeedmText)->substr(0, 60));
+  const auto pool = BytesOfHex(kSeedmText);
+  return BareDigestText(std::string(4, '\0') + std::string(pool->begin(), pool->begin() + 60));
 }
 
 /// A system source that fills as it is told.

@@ -419,6 +419,17 @@ TEST_F(Options, AreStoredAtOnce) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
+TEST_F(Options, ThatCannotBeStoredAreToldOnceAndHoldAllTheSame) {
+  Contact();
+  desk.Store.Writable = false;
+  run.SetNational(6);
+  run.SetThreshold(2);
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Settings Error");
+  EXPECT_EQ(run.Cards.National, 6);
+  EXPECT_EQ(run.Cards.Threshold, 2);
+}
+
 TEST_F(Options, ClicksBeforeTheContactDoNothing) {
   Open();
   run.SetCardIndex(1);

@@ -1,5 +1,7 @@
 #include "model/board.h"
 
+#include <algorithm>
+
 #include "model/board_set.h"
 #include "model/shapes.h"
 #include "model/similarity.h"
@@ -76,6 +78,50 @@ TEST(Shapes, StandInOrderOfFallingFrequency) {
   }
 }
 
+/// C(13, k), by the row's own rule that each entry follows from the one before.
+double ChoicesOfASuit(int k) {
+  double choices = 1;
+  for (int i = 1; i <= k; ++i) choices = choices * (14 - i) / i;
+  return choices;
+}
+
+/// The probability that a hand has four suits of these lengths, in any order.
+double ProbabilityOf(std::string_view name) {
+  constexpr double kHandsOfThirteen = 635'013'559'600.0;  // C(52, 13)
+  std::string order(name);
+  std::sort(order.begin(), order.end());
+  double ways = 0;
+  do {
+    double choices = 1;
+    for (const char c : order) {
+      choices *= ChoicesOfASuit(static_cast<int>(std::string_view("0123456789ABCD").find(c)));
+    }
+    ways += choices;
+  } while (std::next_permutation(order.begin(), order.end()));
+  return ways / kHandsOfThirteen;
+}
+
+TEST(Shapes, HaveTheFrequenciesOfTheirSuitLengths) {
+  // From "8500" on the table has fewer digits; half a unit of the last one is allowed.
+  constexpr std::array<double, 9> kHalfUnits{5e-7, 5e-7, 5e-6,  5e-7, 5e-8,
+                                             5e-8, 5e-8, 5e-10, 5e-13};
+  double sum = 0;
+  for (int i = 1; i <= Shapes.Count(); ++i) {
+    const double expected = ProbabilityOf(Shapes[i].Name);
+    const double tolerance =
+        i > 30 ? kHalfUnits[static_cast<std::size_t>(i - 31)] : expected * 5.1e-6;
+    EXPECT_NEAR(static_cast<double>(Shapes[i].Frequency), expected, tolerance) << Shapes[i].Name;
+    sum += expected;
+  }
+  EXPECT_NEAR(sum, 1.0, 1e-12) << "no shape is missing or there twice";
+}
+
+TEST(Shapes, OfTwoEquallyFrequent7510Comes23rdAnd8320Next) {
+  EXPECT_EQ(ShapeIndex("7510"), 23);
+  EXPECT_EQ(ShapeIndex("8320"), 24);
+  EXPECT_EQ(Shapes[23].Frequency, Shapes[24].Frequency);
+}
+
 TEST(Shapes, AnUnknownNameHasIndexZeroAndFrequencyZero) {
   EXPECT_EQ(ShapeIndex("1234"), 0);
   EXPECT_EQ(Shapes.Count(), 39);
@@ -112,8 +158,50 @@ TEST(Numbers, ADealerOfItsOwnComesBeforeTheNumber) {
 
 TEST(Numbers, PocketsAndHandsAreInverse) {
   EXPECT_EQ(PocketOfHand[kNorth], 4);
+  EXPECT_EQ(PocketOfHand[kEast], 3);
   EXPECT_EQ(PocketOfHand[kSouth], 1);
-  for (std::size_t hand = 1; hand <= 4; ++hand) EXPECT_EQ(HandOfPocket[PocketOfHand[hand]], hand);
+  EXPECT_EQ(PocketOfHand[kWest], 2);
+  EXPECT_EQ(HandOfPocket[1], kSouth);
+  EXPECT_EQ(HandOfPocket[2], kWest);
+  EXPECT_EQ(HandOfPocket[3], kEast);
+  EXPECT_EQ(HandOfPocket[4], kNorth);
+}
+
+TEST(Tables, SuitGlyphsStandFromSpadesToClubs) {
+  EXPECT_EQ(SuitGlyphsTerminal, (std::string{6, 3, 4, 5}));
+  const auto code = [](std::size_t at) { return static_cast<unsigned char>(SuitGlyphsSymbol[at]); };
+  ASSERT_EQ(SuitGlyphsSymbol.size(), 4U);
+  EXPECT_EQ(code(0), 170);
+  EXPECT_EQ(code(1), 169);
+  EXPECT_EQ(code(2), 168);
+  EXPECT_EQ(code(3), 167);
+}
+
+TEST(Tables, NamesOfHandsAndVulnerabilities) {
+  EXPECT_EQ(HandName, (std::array<std::string_view, 5>{"", "North", "East", "South", "West"}));
+  EXPECT_EQ(VulName, (std::array<std::string_view, 5>{"", "None", "NS", "EW", "All"}));
+  EXPECT_EQ(VulNameLong, (std::array<std::string_view, 5>{"", "None", "N-S", "E-W", "Both"}));
+  EXPECT_EQ(HandLetter(kNorth), 'N');
+  EXPECT_EQ(HandLetter(kEast), 'E');
+  EXPECT_EQ(HandLetter(kSouth), 'S');
+  EXPECT_EQ(HandLetter(kWest), 'W');
+}
+
+TEST(Tables, CardsRunFromAceToTwoInEachSuitAndFourOfThemCount) {
+  EXPECT_EQ(CardLetters, "AKQJT98765432");
+  const std::array<int, 5> points{4, 3, 2, 1, 0};
+  for (int suit = 1; suit <= 4; ++suit) {
+    const int ace = (suit - 1) * 13 + 1;
+    for (int i = 0; i < 5; ++i) {
+      EXPECT_EQ(CardHcp(ace + i), points[static_cast<std::size_t>(i)]) << ace + i;
+    }
+    EXPECT_EQ(CardHcp(ace + 12), 0);
+    EXPECT_EQ(CardSuit(ace), suit);
+    EXPECT_EQ(CardSuit(ace + 12), suit);
+    EXPECT_EQ(CardLetter(ace), 'A');
+    EXPECT_EQ(CardLetter(ace + 4), 'T');
+    EXPECT_EQ(CardLetter(ace + 12), '2');
+  }
 }
 
 TEST(CompareBoards, TellsCardsFromFrame) {
@@ -123,6 +211,21 @@ TEST(CompareBoards, TellsCardsFromFrame) {
   b.Vul = 4;
   EXPECT_EQ(CompareBoards(a, b), 1);
   b.Cards[52] = 0;
+  EXPECT_EQ(CompareBoards(a, b), 0);
+}
+
+TEST(CompareBoards, NumberAndDealerCountEachAndCardZeroDoesNot) {
+  const Board a = RoundBoard(1);
+  Board b = a;
+  b.Number = 2;
+  EXPECT_EQ(CompareBoards(a, b), 1);
+  b = a;
+  b.Dealer = kEast;
+  EXPECT_EQ(CompareBoards(a, b), 1);
+  b = a;
+  b.Cards[0] = kWest;
+  EXPECT_EQ(CompareBoards(a, b), 2);
+  b.Cards[1] = 0;
   EXPECT_EQ(CompareBoards(a, b), 0);
 }
 
@@ -152,6 +255,45 @@ TEST(FillHandCards, GivesLengthsCardsAndPoints) {
   EXPECT_EQ(hands[kEast][2][13], 26);
   EXPECT_EQ(hands[kEast][1][0], 0);
   EXPECT_EQ(hands[kEast][0][0], 10);
+}
+
+TEST(FillHandCards, LeavesOutTheCardsThatNobodyHolds) {
+  Board board;
+  board.Cards[1] = kWest;    // the Ace of Spades
+  board.Cards[3] = kNorth;   // the Queen of Spades
+  board.Cards[13] = kWest;   // the Two of Spades
+  board.Cards[17] = kWest;   // the Jack of Hearts
+  board.Cards[52] = kNorth;  // the Two of Clubs
+  board.Cards[2] = 5;        // the King of Spades, at no hand
+  HandCards expected{};
+  expected[kWest][0][0] = 4 + 1;
+  expected[kWest][1][0] = 2;
+  expected[kWest][1][1] = 1;
+  expected[kWest][1][2] = 13;
+  expected[kWest][2][0] = 1;
+  expected[kWest][2][1] = 17;
+  expected[kNorth][0][0] = 2;
+  expected[kNorth][1][0] = 1;
+  expected[kNorth][1][1] = 3;
+  expected[kNorth][4][0] = 1;
+  expected[kNorth][4][1] = 52;
+  EXPECT_EQ(FillHandCards(board), expected);
+}
+
+TEST(BoardSet, CountsItsCompleteBoardsOnly) {
+  BoardSet set;
+  set.CountCompleted();
+  EXPECT_EQ(set.CompletedBoards, 0);
+  test::FillSet(set, 3, 8);
+  set.At(5) = NumberedBoard(5);
+  set.At(8).Cards[1] = 0;
+  AnalyzeBoard(set.At(8));
+  set.At(2) = set.At(9) = RoundBoard(2);  // outside the set
+  set.CountCompleted();
+  EXPECT_EQ(set.CompletedBoards, 4);  // 3, 4, 6, 7
+  set.LastBoard = 0;
+  set.CountCompleted();
+  EXPECT_EQ(set.CompletedBoards, 0);
 }
 
 TEST(BoardSet, ChangedIsComparedByNumber) {

@@ -10,7 +10,8 @@ namespace {
 TEST(Text, HexadecimalIsUpperCase) {
   EXPECT_EQ(Hex2(0xAF), "AF");
   EXPECT_EQ(Hex8(0x00C0FFEE), "00C0FFEE");
-  EXPECT_EQ(BytesOfHex("c0FF"), std::string("\xC0\xFF"));
+  EXPECT_EQ(BytesOfHex("c0FF"), (std::vector<std::uint8_t>{0xC0, 0xFF}));
+  EXPECT_EQ(BytesOfHex(""), std::vector<std::uint8_t>());
   EXPECT_EQ(BytesOfHex("c0F"), std::nullopt);
   EXPECT_EQ(BytesOfHex("g0"), std::nullopt);
 }

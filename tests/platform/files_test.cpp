@@ -1,13 +1,53 @@
 #include "platform/files.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "support/fakes.h"
+#include "support/file_size_limit.h"
 
 namespace morvane {
 namespace {
 
+using std::filesystem::perms;
 using test::TempFolder;
+
+perms PermissionsOf(const std::string& path) { return std::filesystem::status(path).permissions(); }
+
+std::vector<std::string> NamesIn(const TempFolder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  return names;
+}
+
+/// While it lives, a test run by root is someone whom permissions stop.
+class PlainUser {
+ public:
+  PlainUser() : ok_(geteuid() != 0 || seteuid(kNobody) == 0) {}
+  ~PlainUser() { EXPECT_EQ(seteuid(getuid()), 0); }
+  PlainUser(const PlainUser&) = delete;
+  PlainUser& operator=(const PlainUser&) = delete;
+  [[nodiscard]] bool Ok() const { return ok_; }
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  bool ok_;
+};
+
+/// The working directory while it lives.
+class WorkingFolder {
+ public:
+  explicit WorkingFolder(const std::string& path) { std::filesystem::current_path(path); }
+  ~WorkingFolder() { std::filesystem::current_path(old_); }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+ private:
+  std::filesystem::path old_ = std::filesystem::current_path();
+};
 
 TEST(Files, AMissingFileAndADirectoryAreErrors) {
   TempFolder folder;
@@ -31,9 +71,81 @@ TEST(Files, AFullDiskIsAnErrorInPlaceAndBeside) {
 TEST(Files, AFailedSaveLeavesTheOldContent) {
   TempFolder folder;
   test::WriteContent(folder / "set.pbn", "old");
-  std::filesystem::create_symlink("/dev/full", folder / "set.pbn.new");
-  EXPECT_EQ(WriteFile(folder / "set.pbn", "new")->Number, ENOSPC);
+  const std::string bytes(100'000, 'x');
+  {
+    const test::FileSizeLimit limit(50'000);
+    EXPECT_EQ(WriteFile(folder / "set.pbn", bytes)->Number, EFBIG);
+  }
   EXPECT_EQ(test::Content(folder / "set.pbn"), "old");
+  EXPECT_THAT(NamesIn(folder), testing::ElementsAre("set.pbn"));
+}
+
+TEST(Files, AWriteIntoAMissingFolderIsAnError) {
+  TempFolder folder;
+  EXPECT_EQ(WriteFile(folder / "none/set.pbn", "x")->Number, ENOENT);
+  EXPECT_EQ(AppendToFile(folder / "none/set.pbn", "x")->Number, ENOENT);
+  EXPECT_FALSE(std::filesystem::exists(folder / "none"));
+}
+
+TEST(Files, ADirectoryInPlaceOfTheFileIsAnErrorAndStays) {
+  TempFolder folder;
+  std::filesystem::create_directory(folder / "set.pbn");
+  EXPECT_EQ(WriteFile(folder / "set.pbn", "x")->Number, EISDIR);
+  EXPECT_EQ(AppendToFile(folder / "set.pbn", "x")->Number, EISDIR);
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "set.pbn"));
+  EXPECT_THAT(NamesIn(folder), testing::ElementsAre("set.pbn"));
+}
+
+TEST(Files, WhatTheUserHasBesideSurvives) {
+  TempFolder folder;
+  for (const char* name : {"set.pbn.new", "set.pbn.new1", "set.pbn.new2"}) {
+    std::filesystem::create_symlink("mine", folder / name);
+  }
+  test::WriteContent(folder / "mine", "kept");
+  test::WriteContent(folder / "set.pbn", "one");
+  test::WriteContent(folder / "set.pbn", "two");
+  EXPECT_EQ(test::Content(folder / "set.pbn"), "two");
+  EXPECT_EQ(test::Content(folder / "mine"), "kept");
+  EXPECT_THAT(NamesIn(folder), testing::UnorderedElementsAre("mine", "set.pbn", "set.pbn.new",
+                                                             "set.pbn.new1", "set.pbn.new2"));
+}
+
+TEST(Files, AFileThatIsReplacedKeepsItsPermissions) {
+  TempFolder folder;
+  test::WriteContent(folder / "set.pbn", "one");
+  // More and less than a new file gets.
+  for (const auto kept : {perms(0666), perms(0640), perms(0600)}) {
+    std::filesystem::permissions(folder / "set.pbn", kept);
+    test::WriteContent(folder / "set.pbn", "two");
+    EXPECT_EQ(PermissionsOf(folder / "set.pbn"), kept);
+    EXPECT_FALSE(WriteFile(folder / "set.pbn", "three", NewFile::kPrivate));
+    EXPECT_EQ(PermissionsOf(folder / "set.pbn"), kept);
+  }
+}
+
+TEST(Files, AWriteProtectedFileIsNotReplaced) {
+  TempFolder folder;
+  test::WriteContent(folder / "set.pbn", "old");
+  std::filesystem::permissions(folder / "set.pbn", perms(0444));
+  std::filesystem::permissions(folder.Path(), perms(0777));
+  {
+    const PlainUser user;
+    if (!user.Ok()) GTEST_SKIP() << "this system has no other user";
+    EXPECT_EQ(WriteFile(folder / "set.pbn", "new")->Number, EACCES);
+    EXPECT_FALSE(WriteFile(folder / "other.pbn", "new"));
+  }
+  EXPECT_EQ(test::Content(folder / "set.pbn"), "old");
+  EXPECT_EQ(PermissionsOf(folder / "set.pbn"), perms(0444));
+  EXPECT_THAT(NamesIn(folder), testing::UnorderedElementsAre("set.pbn", "other.pbn"));
+}
+
+TEST(Files, ANewPrivateFileIsItsUsersAlone) {
+  TempFolder folder;
+  EXPECT_FALSE(WriteFile(folder / "store", "secret", NewFile::kPrivate));
+  EXPECT_EQ(PermissionsOf(folder / "store"), perms(0600));
+  std::filesystem::create_symlink("behind", folder / "link");
+  EXPECT_FALSE(WriteFile(folder / "link", "secret", NewFile::kPrivate));
+  EXPECT_EQ(PermissionsOf(folder / "behind"), perms(0600));
 }
 
 TEST(Files, SavingLeavesNothingBeside) {
@@ -41,7 +153,7 @@ TEST(Files, SavingLeavesNothingBeside) {
   test::WriteContent(folder / "set.pbn", "one");
   test::WriteContent(folder / "set.pbn", "two");
   EXPECT_EQ(test::Content(folder / "set.pbn"), "two");
-  EXPECT_FALSE(std::filesystem::exists(folder / "set.pbn.new"));
+  EXPECT_THAT(NamesIn(folder), testing::ElementsAre("set.pbn"));
 }
 
 TEST(Files, NamesComeApartAtTheLastSeparator) {
@@ -50,6 +162,42 @@ TEST(Files, NamesComeApartAtTheLastSeparator) {
   EXPECT_EQ(FolderOf("/a/b/c.pbn"), "/a/b/");
   EXPECT_EQ(FolderOf("c.pbn"), "");
   EXPECT_EQ(FileTitle("a:b.pbn"), "a:b.pbn");
+}
+
+TEST(Files, NamesAreJoinedByOneSeparator) {
+  EXPECT_EQ(JoinPath("/a/b", "c.pbn"), "/a/b/c.pbn");
+  EXPECT_EQ(JoinPath("/a/b/", "c.pbn"), "/a/b/c.pbn");
+  EXPECT_EQ(JoinPath("/", "c.pbn"), "/c.pbn");
+  EXPECT_EQ(JoinPath("", "c.pbn"), "c.pbn");
+  EXPECT_EQ(JoinPath("a\\", "c.pbn"), "a\\/c.pbn");  // a backslash is a letter here
+}
+
+TEST(Files, ARelativePathIsMadeAbsoluteAndAnAbsoluteOneStays) {
+  TempFolder folder;
+  const WorkingFolder here(folder.Path());
+  const std::string root = std::filesystem::current_path().string();
+  EXPECT_EQ(AbsolutePath("set.pbn"), root + "/set.pbn");
+  EXPECT_EQ(AbsolutePath("Żółć/ä.pbn"), root + "/Żółć/ä.pbn");
+  EXPECT_EQ(AbsolutePath("/a/b/c.pbn"), "/a/b/c.pbn");
+  EXPECT_EQ(AbsolutePath(""), "");
+}
+
+TEST(Files, AnAbsolutePathStillMeansTheSameFileBehindALink) {
+  TempFolder folder;
+  const WorkingFolder here(folder.Path());
+  std::filesystem::create_directories("far/away");
+  std::filesystem::create_directory_symlink("far/away", "link");
+  test::WriteContent("link/../set.pbn", "far's");
+  test::WriteContent("set.pbn", "ours");
+  EXPECT_EQ(test::Content(AbsolutePath("link/../set.pbn")), "far's");
+}
+
+TEST(RuntimeError, ACodeGivesItsOwnNumberAndWords) {
+  std::error_code code;
+  std::filesystem::create_directory("/proc/self/none/none", code);
+  const RuntimeError error = RuntimeError::Of(code);
+  EXPECT_EQ(error.Number, ENOENT);
+  EXPECT_EQ(error.Description, "No such file or directory");
 }
 
 }  // namespace

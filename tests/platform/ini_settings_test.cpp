@@ -10,6 +10,7 @@
 
 #include "program/setting_keys.h"
 #include "support/fakes.h"
+#include "support/file_size_limit.h"
 
 namespace morvane {
 namespace {
@@ -159,6 +160,15 @@ TEST_F(IniSettingsTest, TheFolderIsMadeWithTheFirstValue) {
   EXPECT_EQ(store.Get(kText), "1");
 }
 
+TEST_F(IniSettingsTest, ANewFileIsItsUsersAloneAndAnOldOneKeepsItsPermissions) {
+  using std::filesystem::perms;
+  ASSERT_TRUE(store_.Set(kText, "1"));
+  EXPECT_EQ(std::filesystem::status(path_).permissions(), perms(0600));
+  std::filesystem::permissions(path_, perms(0640));
+  ASSERT_TRUE(store_.Set(kText, "2"));
+  EXPECT_EQ(std::filesystem::status(path_).permissions(), perms(0640));
+}
+
 TEST_F(IniSettingsTest, APathOutsideAsciiIsUtf8) {
   IniSettings store(folder_ / "Żółć/ä.ini");
   EXPECT_TRUE(store.Set(kText, "1"));
@@ -181,9 +191,10 @@ TEST_F(IniSettingsTest, AFileInPlaceOfTheFolderIsAFailure) {
 TEST_F(IniSettingsTest, AFullDiskLeavesTheOldValues) {
   ASSERT_TRUE(store_.Set(kText, "old"));
   const std::string before = Content(path_);
-  std::filesystem::create_symlink("/dev/full",
-                                  path_ + ".new");  // what is written beside goes there
-  EXPECT_FALSE(store_.Set(kText, "new"));
+  {
+    const test::FileSizeLimit limit(before.size());
+    EXPECT_FALSE(store_.Set(kText, "longer"));
+  }
   EXPECT_EQ(store_.Get(kText), "old");
   EXPECT_EQ(Content(path_), before);
 }

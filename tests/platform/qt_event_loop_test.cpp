@@ -142,7 +142,6 @@ TEST_F(QtEventLoopTest, WaitMsWaitsItsTimeWhileEventsGoOn) {
   loop_.WaitMs(8);
   EXPECT_GE(MsSince(start), 7.9);
   EXPECT_GE(ticks, 1);
-  EXPECT_LE(ticks, 4);
 }
 
 TEST_F(QtEventLoopTest, AWaitOfNothingEndsAtOnce) {

@@ -41,6 +41,13 @@ std::chrono::sys_seconds SecondsOf(const LocalTime& time) {
   return sys_days(date) + hours(time.Hour) + minutes(time.Minute) + seconds(time.Second);
 }
 
+TEST(LocalTime, MillisecondsOfDayCountFromMidnight) {
+  EXPECT_EQ((LocalTime{2026, 3, 4, 0, 0, 0, 0}).MillisecondsOfDay(), 0);
+  // 15 x 3,600,000 + 4 x 60,000 + 5 x 1000 + 678.
+  EXPECT_EQ((LocalTime{2026, 3, 4, 15, 4, 5, 678}).MillisecondsOfDay(), 54'245'678);
+  EXPECT_EQ((LocalTime{2026, 3, 4, 23, 59, 59, 999}).MillisecondsOfDay(), 86'399'999);
+}
+
 TEST(SystemClock, NowIsTheLocalTime) {
   using namespace std::chrono;
   const IndianTime zone;

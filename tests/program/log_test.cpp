@@ -30,6 +30,28 @@ TEST(Log, AFolderThatCannotBeEnteredLeavesItOff) {
   EXPECT_TRUE(desk.Ui.Boxes.empty());
 }
 
+TEST(Log, APlainFileInPlaceOfTheFolderLeavesItOff) {
+  TestDesk desk;
+  test::WriteContent(desk.Folder / "plain", "x");
+  Log log(desk.Ui, desk.Clock);
+  RuntimeError error;
+  EXPECT_FALSE(log.Start(desk.Folder / "plain", error));
+  EXPECT_EQ(error.Number, ENOTDIR);
+  EXPECT_EQ(error.Description, "Not a directory");
+  EXPECT_FALSE(log.On());
+}
+
+TEST(Log, ATextWithLineEndsStaysOneLineSoThatItCannotForgeARecord) {
+  TestDesk desk;
+  const std::string record = "   007 : AT62.J73.Q84.K95 ";
+  for (const char* lineEnd : {"\r\n", "\n", "\r"}) {
+    desk.Prog.Log.WriteLine("  Load: /events/evening" + (lineEnd + record) + lineEnd);
+  }
+  EXPECT_EQ(test::Content(desk.Prog.Log.Path()), "  Load: /events/evening  " + record + "  \r\n" +
+                                                     "  Load: /events/evening " + record + " \r\n" +
+                                                     "  Load: /events/evening " + record + " \r\n");
+}
+
 TEST(Log, TheFirstFailureToWriteTellsTheOperatorAndTurnsItOff) {
   TestDesk desk;
   Log log(desk.Ui, desk.Clock);
@@ -45,9 +67,16 @@ TEST(Log, TheFirstFailureToWriteTellsTheOperatorAndTurnsItOff) {
   EXPECT_FALSE(log.On());
 }
 
-TEST(Log, AMessageShownLeavesOneLine) {
+TEST(Log, AMessageIsSeenWithTextFlagsAndCaptionAndThenLeavesOneLine) {
   TestDesk desk;
+  std::vector<std::string> before = {"nothing was seen"};
+  desk.Ui.OnBox = [&] { before = desk.LogLines(); };
   desk.Prog.ShowMessage(desk.Prog.Texts.Msg013, kOkCritical, "Load Error");
+  EXPECT_TRUE(before.empty());
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(test::FakeUi::Box{
+                                 "      File format error     \r\n      File is empty      "
+                                 "\r\n\r\n      Load operation aborted!      ",
+                                 16, "Load Error"}));
   EXPECT_THAT(
       desk.LogLines(),
       ElementsAre("    Load Error: File format error: File is empty :  : Load operation aborted!"));

@@ -1,9 +1,12 @@
 #include "platform/console/console_ui.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <utility>
 
 #include "model/messages.h"
 #include "model/text.h"
+#include "platform/files.h"
 
 namespace morvane {
 namespace {
@@ -63,6 +66,18 @@ int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string&
   // "Try again" is no Yes: a script that met a missing machine would ask for ever.
   if (yes_) return buttons == kOkAndCancel ? kCancel : kYes;
   return terminal_.CanAsk() ? Ask(buttons) : Cautious(buttons);
+}
+
+std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
+  auto path = std::exchange(nextFile_, std::nullopt);
+  std::error_code none;
+  if (!path || !request.Saving || !std::filesystem::is_regular_file(PathOfUtf8(*path), none)) {
+    return path;
+  }
+  const std::string question = *path + " exists already. Replace it?";
+  if (MessageBox(question, kYesNoExclamation, request.Title) == kYes) return path;
+  terminal_.Error("Not replaced; --yes would.\n");
+  return std::nullopt;
 }
 
 int ConsoleUi::Ask(int buttons) {

@@ -3,7 +3,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "platform/console/terminal.h"
 #include "platform/ui.h"
@@ -27,9 +26,8 @@ class ConsoleUi final : public Ui {
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string&) override {}
-  std::optional<std::string> AskFile(const FileRequest&) override {
-    return std::exchange(nextFile_, std::nullopt);
-  }
+  /// A file that exists is replaced only on a Yes.
+  std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override {}
   void Busy(bool) override {}
   [[nodiscard]] Point Mouse() const override { return {}; }

@@ -33,8 +33,10 @@ bool StandardTerminal::ShowsProgress() const { return IsTerminal(1); }
 
 std::optional<std::string> StandardTerminal::ReadLine() {
   std::string line;
-  if (!std::getline(std::cin, line)) return std::nullopt;
-  return line;
+  if (std::getline(std::cin, line)) return line;
+  ended_ = std::cin.eof();
+  std::cin.clear();  // a read that a signal interrupted does not end the input
+  return std::nullopt;
 }
 
 std::optional<std::string> StandardTerminal::ReadLineIfAny() {

@@ -20,6 +20,8 @@ class Terminal {
   virtual std::optional<std::string> ReadLine() = 0;
   /// The same, but nothing also when there is no line yet.
   virtual std::optional<std::string> ReadLineIfAny() = 0;
+  /// The last read found the end of the input: there will be no more lines.
+  [[nodiscard]] virtual bool InputEnded() const = 0;
 };
 
 class StandardTerminal final : public Terminal {
@@ -30,6 +32,10 @@ class StandardTerminal final : public Terminal {
   [[nodiscard]] bool ShowsProgress() const override;
   std::optional<std::string> ReadLine() override;
   std::optional<std::string> ReadLineIfAny() override;
+  [[nodiscard]] bool InputEnded() const override { return ended_; }
+
+ private:
+  bool ended_ = false;
 };
 
 }  // namespace morvane

@@ -5,26 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <algorithm>
 
 #include "platform/qt/filtered_edit.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::shell {
-namespace {
-
-/// Where the window stood when it was closed, as Qt writes it.
-constexpr SettingKey kPlace{"Window", "MainMenu", ""};
-
-int CompletedBoards(const BoardSet& set) {
-  const auto first = set.Boards.begin() + set.FirstBoard;
-  return static_cast<int>(std::count_if(first, first + set.Count(), [](const Board& board) {
-    return board.Status == Board::kComplete;
-  }));
-}
-
-}  // namespace
-
 QtUi::MainWindow MainMenu::ForUi() {
   return {centralWidget(), [this](const std::string& text) { Status(text); },
           [this] { RefreshSet(); }};
@@ -33,7 +18,8 @@ QtUi::MainWindow MainMenu::ForUi() {
 void MainMenu::Status(const std::string& text) { panel_->setText(ToQt(WithoutPadding(text))); }
 
 void MainMenu::RefreshSet() {
-  const BoardSet& set = program_.Set;
+  BoardSet& set = program_.Set;
+  set.CountCompleted();
   txtFileName_->setText(ToQt(set.BoardSetFile));
   txtEventName_->ShowText(set.EventName);
   txtEventSite_->ShowText(set.EventSite);
@@ -44,7 +30,7 @@ void MainMenu::RefreshSet() {
   show(txtFirstBoard_, set.FirstBoard);
   show(txtLastBoard_, set.LastBoard);
   show(txtCount_, set.Count());
-  show(txtCompleted_, set.Exists() ? CompletedBoards(set) : 0);
+  show(txtCompleted_, set.CompletedBoards);
   lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
   ShowStat_->setText(program_.ShowStatistics ? "&Hide Statistics" : "&Show Statistics");
   statistics_->setVisible(program_.ShowStatistics);
@@ -69,10 +55,12 @@ void MainMenu::closeEvent(QCloseEvent* event) {
 }
 
 void MainMenu::RestorePlace() {
-  const std::string place = program_.Store.Get(kPlace);
+  const std::string place = program_.Store.Get(kMainMenuPlace);
   if (!place.empty()) restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(place)));
 }
 
-void MainMenu::StorePlace() { program_.Store.Set(kPlace, saveGeometry().toBase64().toStdString()); }
+void MainMenu::StorePlace() {
+  program_.StoreSetting(kMainMenuPlace, saveGeometry().toBase64().toStdString());
+}
 
 }  // namespace morvane::shell

@@ -1,0 +1,154 @@
+#include <algorithm>
+#include <chrono>
+
+#include "e2e/e2e_fixture.h"
+#include "e2e/paper_peer.h"
+
+// The `deal` command as a process. Each run costs two seconds before the first contact.
+
+namespace morvane::e2e {
+namespace {
+
+using std::chrono::steady_clock;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+constexpr std::chrono::seconds kSoon(3);
+
+constexpr const char* kNoMachine =
+    "USB Initialization Error: Cannot communicate with Morvane      (Error: 255.1)\n"
+    "Please check if USB cable is connected to the PC and Morvane.\n"
+    "If connection is OK please disconnect USB cable momentarily and reconnect.\n\n"
+    "Click OK to retry communication.\n";
+
+class DealEndToEnd : public EndToEnd {
+ protected:
+  std::vector<std::string> Deal(const std::string& machine) {
+    return Whole({"--machine", machine, "deal", "set.pbn", "--auto"});
+  }
+};
+
+TEST_F(DealEndToEnd, AGeneratedSetIsDealtWithEveryBoardRight) {
+  ASSERT_EQ(Run({"generate", "set.pbn"}).Status, 0);
+  const Outcome outcome = Process(Deal("simulated,speed=0"), Around()).Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_THAT(outcome.Out, EndsWith("\n32 of 32 boards right.\n"));
+  EXPECT_EQ(CountLines("  0", " OK"), 32);
+  EXPECT_EQ(CountLines("  S/N:4711 Dealt:0 Firmware:2.90"), 1);
+}
+
+TEST_F(DealEndToEnd, AnInterruptBreaksTheBoardAndEndsSoon) {
+  SetFile("set.pbn", 1, 2);
+  Process process(Deal("simulated,speed=1"), Around());
+  ASSERT_TRUE(process.Until([&] { return CountLines("  S/N:") == 1; }));
+  // The board starts with the next event; it takes 14.6 s.
+  const auto contact = steady_clock::now();
+  process.Until([&] { return steady_clock::now() > contact + std::chrono::milliseconds(400); });
+  process.Interrupt();
+  const auto interrupted = steady_clock::now();
+  const Outcome outcome = process.Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_LT(steady_clock::now() - interrupted, kSoon);
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0 57"), 1);
+  EXPECT_EQ(CountLines("  0"), 1);
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
+TEST_F(DealEndToEnd, AnInterruptBeforeTheFirstContactEndsAtOnce) {
+  SetFile("set.pbn", 1, 1);
+  Process process(Deal("simulated,speed=1"), Around());
+  ASSERT_TRUE(process.Until([&] { return CountLines(" Deal: ") == 1; }));
+  process.Interrupt();
+  EXPECT_EQ(process.Finish().Status, 1);
+  EXPECT_EQ(CountLines("  S/N:"), 0);
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
+TEST_F(DealEndToEnd, AMissingDeviceIsTold) {
+  SetFile("set.pbn", 1, 1);
+  const Outcome outcome = Process(Deal("serial:" + (folder / "nothing")), Around()).Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, kNoMachine);
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
+}
+
+TEST_F(DealEndToEnd, AFileIsNoDevice) {
+  SetFile("set.pbn", 1, 1);
+  const Outcome outcome = Process(Deal("serial:set.pbn"), Around()).Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, kNoMachine);
+}
+
+TEST_F(DealEndToEnd, AtATerminalTheLinkMayBeTriedAgain) {
+  SetFile("set.pbn", 1, 1);
+  bridges::ScriptedPeer terminal;
+  const std::string prompt = "[o]k, [c]ancel? ";
+  Process process(Deal("serial:/nothing/here"), {folder.Path(), terminal.Path()});
+  ASSERT_TRUE(process.Until([&] { return process.Err() == kNoMachine + prompt; }));
+  terminal.Send({'o', '\n'});
+  ASSERT_TRUE(
+      process.Until([&] { return process.Err() == kNoMachine + prompt + kNoMachine + prompt; }));
+  terminal.Send({'c', '\n'});
+  EXPECT_EQ(process.Finish().Status, 1);
+  EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 2);
+}
+
+TEST_F(DealEndToEnd, AnInterruptIsAnAnswerToAQuestion) {
+  SetFile("set.pbn", 1, 1);
+  const bridges::ScriptedPeer terminal;
+  Process process(Deal("serial:/nothing/here"), {folder.Path(), terminal.Path()});
+  ASSERT_TRUE(process.Until([&] { return process.Err().ends_with("[c]ancel? "); }));
+  // Again and again, for the first may come before the program waits.
+  process.Until([&] {
+    process.Interrupt();
+    return false;
+  });
+  EXPECT_EQ(process.Finish().Status, 1);
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
+TEST_F(DealEndToEnd, ABoardIsDealtOverASerialLine) {
+  SetFile("set.pbn", 1, 1);
+  PaperPeer peer;
+  peer.Serve();
+  const Outcome outcome = Process(Deal("serial:" + peer.Path()), Around()).Finish();
+  peer.Stop();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_THAT(outcome.Out, EndsWith("   dealt\n\n1 of 1 boards dealt.\n"));
+  EXPECT_EQ(CountLines("  S/N:4711 Dealt:258 Firmware:2.90"), 1);
+  EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0 OK"), 1);
+
+  EXPECT_EQ(peer.BadChecks, 0);
+  const auto start = std::find_if(peer.Heard.begin(), peer.Heard.end(),
+                                  [](const test::Bytes& frame) { return frame[0] == 0x98; });
+  ASSERT_NE(start, peer.Heard.end());
+  EXPECT_EQ((*start)[1], 0);
+  // Spades to North's pocket 4, hearts to East's 3, diamonds to South's 1, clubs to West's 2.
+  const test::Bytes list(start->begin() + 8, start->begin() + 60);
+  test::Bytes expected;
+  for (const std::uint8_t pocket : test::Bytes{4, 3, 1, 2})
+    expected.insert(expected.end(), 13, pocket);
+  EXPECT_EQ(list, expected);
+}
+
+TEST_F(DealEndToEnd, APlugPulledInTheMiddleOfABoardIsALostLink) {
+  SetFile("set.pbn", 1, 1);
+  PaperPeer peer;
+  peer.Paper.BusyPolls = 1'000'000;
+  peer.LeavesAfter = 30;
+  peer.Serve();
+  const Outcome outcome = Process(Deal("serial:" + peer.Path()), Around()).Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, "Dealing Error: Lost Communication with Morvane  -  Dealing Aborted!\n");
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0"), 1);
+  EXPECT_EQ(CountLines("  001 : ", " OK"), 0);
+}
+
+}  // namespace
+}  // namespace morvane::e2e

@@ -1,0 +1,239 @@
+#include <memory>
+
+#include "e2e/e2e_fixture.h"
+#include "files/pbn_reader.h"
+
+// The commands that need no machine, as processes.
+
+namespace morvane::e2e {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+class FilesEndToEnd : public EndToEnd {};
+
+std::string LoadError(int number, const std::string& description) {
+  return "Load Error: Error: " + std::to_string(number) + " during load operation - " +
+         description + "\nLoad operation aborted!\n";
+}
+
+std::string SaveError(int number, const std::string& description) {
+  return "Save Error: Error: " + std::to_string(number) + " during save operation - " +
+         description + "\nSave operation aborted!\n";
+}
+
+/// The set of a PBN file; fails the test when it is none.
+std::unique_ptr<BoardSet> SetOf(const std::string& path) {
+  auto set = std::make_unique<BoardSet>();
+  const auto fault = files::ParsePbn(test::Content(path), *set, InitMessages());
+  EXPECT_FALSE(fault) << fault->Text << fault->Line;
+  return set;
+}
+
+TEST_F(FilesEndToEnd, GenerateWrites32CompleteBoards) {
+  const Outcome outcome = Run({"generate", "evening.pbn"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_THAT(outcome.Out, StartsWith("Boards 1 to 32: 32  inner similarity rejected: "));
+  const auto set = SetOf(folder / "evening.pbn");
+  EXPECT_EQ(set->FirstBoard, 1);
+  ASSERT_EQ(set->LastBoard, 32);
+  for (int n = 1; n <= 32; ++n) EXPECT_EQ(set->At(n).Status, Board::kComplete) << n;
+  EXPECT_THAT(LogLines().front(), "History records: 0");
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
+TEST_F(FilesEndToEnd, GenerateTakesItsRange) {
+  EXPECT_EQ(Run({"generate", "evening.pbn", "--first", "638", "--last", "640"}).Status, 0);
+  const auto set = SetOf(folder / "evening.pbn");
+  EXPECT_EQ(set->FirstBoard, 638);
+  EXPECT_EQ(set->LastBoard, 640);
+}
+
+TEST_F(FilesEndToEnd, TheSameSeedsMakeTheSameBytesInAnotherProcess) {
+  const std::string seedr(40, '3');
+  const std::string seedo(40, '7');
+  for (const char* name : {"a.pbn", "b.pbn"}) {
+    ASSERT_EQ(Run({"generate", name, "--seedr", seedr, "--seedo", seedo}).Status, 0);
+  }
+  EXPECT_EQ(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
+  for (const char* name : {"c.pbn", "d.pbn"}) {
+    ASSERT_EQ(Run({"generate", name, "--lfsr", std::string(32, '5')}).Status, 0);
+  }
+  EXPECT_EQ(test::Content(folder / "c.pbn"), test::Content(folder / "d.pbn"));
+  EXPECT_NE(test::Content(folder / "a.pbn"), test::Content(folder / "c.pbn"));
+}
+
+TEST_F(FilesEndToEnd, WithoutSeedsNoSetIsLikeAnother) {
+  for (const char* generator : {"bigdeal", "morvane"}) {
+    ASSERT_EQ(Run({"generate", "a.pbn", "--generator", generator}).Status, 0);
+    ASSERT_EQ(Run({"generate", "b.pbn", "--generator", generator}).Status, 0);
+    EXPECT_NE(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
+  }
+}
+
+TEST_F(FilesEndToEnd, WithoutFoldersNamedTheUsersOwnAreTaken) {
+  EXPECT_EQ(Process({"generate", "evening.pbn"}, Around()).Finish().Status, 0);
+  EXPECT_TRUE(std::filesystem::is_directory(folder / ".local/share/Morvane_Data"));
+  EXPECT_THAT(test::Content(folder / ".config/morvane.exe.ini"), HasSubstr("Seedm_counter"));
+  EXPECT_FALSE(std::filesystem::exists(data));
+}
+
+TEST_F(FilesEndToEnd, ConvertKeepsTheBoards) {
+  ASSERT_EQ(Run({"generate", "a.pbn"}).Status, 0);
+  ASSERT_EQ(Run({"convert", "a.pbn", "b.pbn"}).Status, 0);
+  EXPECT_EQ(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
+}
+
+TEST_F(FilesEndToEnd, ShowPrintsTheDiagram) {
+  SetFile("set.pbn", 3, 4);
+  const Outcome outcome = Run({"show", "set.pbn", "--board", "4"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_THAT(outcome.Out, StartsWith("Board 4   Dealer: West   Vul: All\n"
+                                      "                  North (10)\n"
+                                      "                  ♠ AKQJT98765432\n"));
+  EXPECT_EQ(outcome.Err, "");
+}
+
+TEST_F(FilesEndToEnd, WrongUsageEndsWith2AndTouchesNothing) {
+  struct Wrong {
+    std::vector<std::string> Words;
+    std::string Error;
+  };
+  for (const auto& [words, error] :
+       {Wrong{{}, "no command"}, Wrong{{"make"}, "unknown command: make"},
+        Wrong{{"generate"}, "generate: wrong number of files"},
+        Wrong{{"show", "a.pbn", "--board", "x"}, "--board x: wanted a number above 0"},
+        Wrong{{"generate", "a.pbn", "--fast"}, "Unknown option 'fast'."}}) {
+    const Outcome outcome = Run(words);
+    EXPECT_EQ(outcome.Status, 2);
+    EXPECT_EQ(outcome.Err, "morvane-cli: " + error + "\nTry 'morvane-cli --help'.\n");
+    EXPECT_EQ(outcome.Out, "");
+  }
+  const Outcome machine = Run({"--machine", "toaster", "generate", "a.pbn"});
+  EXPECT_EQ(machine.Status, 2);
+  EXPECT_EQ(machine.Err,
+            "morvane-cli: unknown machine \"toaster\": simulated[,key=value...] or serial:PATH\n");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST_F(FilesEndToEnd, HelpEndsWith0) {
+  const Outcome outcome = Run({"--help"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_THAT(outcome.Out, StartsWith("Usage: morvane-cli "));
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST_F(FilesEndToEnd, AMissingFileIsTold) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"show", "missing.pbn"},
+                                                {"convert", "missing.pbn", "out.pbn"},
+                                                {"deal", "missing.pbn", "--auto"}}) {
+    const Outcome outcome = Run(words);
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_EQ(outcome.Err, LoadError(2, "No such file or directory"));
+    EXPECT_EQ(outcome.Out, "");
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder / "out.pbn"));
+}
+
+TEST_F(FilesEndToEnd, AFileThatCannotBeReadIsTold) {
+  std::filesystem::create_directory(folder / "folder.pbn");
+  std::filesystem::create_symlink("/proc/self/mem", folder / "broken.pbn");
+  const Outcome directory = Run({"show", "folder.pbn"});
+  EXPECT_EQ(directory.Status, 1);
+  EXPECT_EQ(directory.Err, LoadError(21, "Is a directory"));
+  const Outcome broken = Run({"show", "broken.pbn"});
+  EXPECT_EQ(broken.Status, 1);
+  EXPECT_EQ(broken.Err, LoadError(5, "Input/output error"));
+}
+
+TEST_F(FilesEndToEnd, AFileThatIsNoSetIsTold) {
+  test::WriteContent(folder / "letter.pbn", "Dear Sir,\r\n");
+  const Outcome outcome = Run({"show", "letter.pbn"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err,
+            "Load Error: File format error\nFile is empty\n\nLoad operation aborted!\n");
+}
+
+TEST_F(FilesEndToEnd, AFileThatCannotBeWrittenIsTold) {
+  struct Target {
+    std::string Name;
+    std::string Error;
+  };
+  std::filesystem::create_directory(folder / "folder.pbn");
+  std::filesystem::create_symlink("/proc/self/mem", folder / "broken.pbn");
+  std::filesystem::create_symlink("/dev/full", folder / "full.pbn");
+  for (const auto& [name, error] :
+       {Target{"folder.pbn", SaveError(21, "Is a directory")},
+        Target{"broken.pbn", SaveError(5, "Input/output error")},
+        Target{"full.pbn", SaveError(28, "No space left on device")},
+        Target{"no/such.pbn", SaveError(2, "No such file or directory")},
+        Target{"/proc/self/set.pbn", SaveError(2, "No such file or directory")},
+        Target{"set.doc", "Save Error: Unknow file format: DOC\nSave operation aborted!\n"},
+        Target{"set", "Save Error: Unknow file format:\nSave operation aborted!\n"}}) {
+    const Outcome outcome = Run({"generate", name});
+    EXPECT_EQ(outcome.Status, 1) << name;
+    EXPECT_EQ(outcome.Err, error);
+    EXPECT_EQ(outcome.Out, "");
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.pbn"));
+  EXPECT_EQ(std::filesystem::read_symlink(folder / "full.pbn"), "/dev/full");
+  EXPECT_EQ(std::filesystem::read_symlink(folder / "broken.pbn"), "/proc/self/mem");
+}
+
+TEST_F(FilesEndToEnd, AFailedLoadLeavesTheOtherFileAlone) {
+  test::WriteContent(folder / "out.pbn", "as it was");
+  EXPECT_EQ(Run({"convert", "missing.pbn", "out.pbn"}).Status, 1);
+  EXPECT_EQ(test::Content(folder / "out.pbn"), "as it was");
+}
+
+TEST_F(FilesEndToEnd, WithoutADataFolderTheSetIsMadeAllTheSame) {
+  const Outcome outcome = Process({"--data", "/proc/self/x", "--settings", settings, "generate",
+                                   "evening.pbn", "--last", "4"},
+                                  Around())
+                              .Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  const std::string place =
+      "Application Path: " + std::filesystem::canonical(MORVANE_CLI).parent_path().string() + "\n";
+  const std::string ending =
+      "Application will continue but logging and history functions will be disabled\n";
+  EXPECT_EQ(outcome.Err, "History Error: Cannot access or create Morvane_Data directory\n" + place +
+                             "No such file or directory\n" + ending +
+                             "Log Error: Cannot access or create Morvane_Data directory\n" + place +
+                             "Error: 2, No such file or directory\n" + ending);
+  EXPECT_EQ(SetOf(folder / "evening.pbn")->Count(), 4);
+}
+
+TEST_F(FilesEndToEnd, ASettingsStoreThatCannotBeWrittenStopsNothing) {
+  const Outcome outcome =
+      Process({"--data", data, "--settings", "/proc/self/x.ini", "generate", "evening.pbn"},
+              Around())
+          .Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_EQ(SetOf(folder / "evening.pbn")->Count(), 32);
+}
+
+TEST_F(FilesEndToEnd, SeveralProcessesShareALogLineByLine) {
+  constexpr int kProcesses = 4;
+  std::vector<std::unique_ptr<Process>> processes;
+  for (int i = 0; i < kProcesses; ++i) {
+    const std::string name = std::to_string(i) + ".pbn";
+    processes.push_back(std::make_unique<Process>(Whole({"generate", name}), Around()));
+  }
+  for (const auto& process : processes) EXPECT_EQ(process->Finish().Status, 0);
+  EXPECT_EQ(CountLines("---"), kProcesses);
+  EXPECT_EQ(CountLines(" Exit: "), kProcesses);
+  int boards = 0;
+  for (const auto& line : LogLines()) {
+    const bool board = line.starts_with("   0") && line.size() == 112;
+    if (board) ++boards;
+  }
+  EXPECT_EQ(boards, kProcesses * 32);
+}
+
+}  // namespace
+}  // namespace morvane::e2e

@@ -1,0 +1,124 @@
+#include "e2e/process.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+
+namespace morvane::e2e {
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr std::chrono::seconds kPatience(60);
+constexpr int kSliceMs = 10;
+
+/// The test's own environment, but with another home, no folders of the user's, and UTF-8.
+std::vector<std::string> EnvironmentIn(const std::string& home) {
+  std::vector<std::string> variables{"HOME=" + home, "LC_ALL=C.UTF-8"};
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    const std::string text = *variable;
+    if (!text.starts_with("HOME=") && !text.starts_with("LC_ALL=") && !text.starts_with("XDG_")) {
+      variables.push_back(text);
+    }
+  }
+  return variables;
+}
+
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+/// Reads what is there; closes the end when nothing can come any more.
+void Drain(const pollfd& ready, int& end, std::string& text) {
+  if (end < 0 || ready.revents == 0) return;
+  std::array<char, 4096> block{};
+  const ssize_t got = read(end, block.data(), block.size());
+  if (got > 0) {
+    text.append(block.data(), static_cast<std::size_t>(got));
+    return;
+  }
+  close(end);
+  end = -1;
+}
+
+}  // namespace
+
+Process::Process(const std::vector<std::string>& arguments, const Surroundings& around) {
+  std::vector<std::string> words{MORVANE_CLI};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> variables = EnvironmentIn(around.Folder);
+  std::array<int, 2> out{};
+  std::array<int, 2> err{};
+  EXPECT_EQ(pipe2(out.data(), O_CLOEXEC), 0);
+  EXPECT_EQ(pipe2(err.data(), O_CLOEXEC), 0);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addchdir_np(&actions, around.Folder.c_str());
+  posix_spawn_file_actions_addopen(&actions, 0, around.Input.c_str(), O_RDWR | O_NOCTTY, 0);
+  posix_spawn_file_actions_adddup2(&actions, out[1], 1);
+  posix_spawn_file_actions_adddup2(&actions, err[1], 2);
+  EXPECT_EQ(posix_spawn(&pid_, MORVANE_CLI, &actions, nullptr, Pointers(words).data(),
+                        Pointers(variables).data()),
+            0);
+  posix_spawn_file_actions_destroy(&actions);
+  close(out[1]);
+  close(err[1]);
+  outEnd_ = out[0];
+  errEnd_ = err[0];
+}
+
+Process::~Process() {
+  if (pid_ > 0) {
+    kill(pid_, SIGKILL);
+    Reap();
+  }
+  if (outEnd_ >= 0) close(outEnd_);
+  if (errEnd_ >= 0) close(errEnd_);
+}
+
+bool Process::TakeIn(int ms) {
+  std::array<pollfd, 2> ends{{{outEnd_, POLLIN, 0}, {errEnd_, POLLIN, 0}}};
+  poll(ends.data(), ends.size(), ms);
+  Drain(ends[0], outEnd_, out_);
+  Drain(ends[1], errEnd_, err_);
+  return outEnd_ >= 0 || errEnd_ >= 0;
+}
+
+bool Process::Until(const std::function<bool()>& condition) {
+  const auto end = steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (!TakeIn(kSliceMs) || steady_clock::now() > end) return condition();
+  }
+  return true;
+}
+
+void Process::Interrupt() const { kill(pid_, SIGINT); }
+
+Outcome Process::Finish() {
+  const auto end = steady_clock::now() + kPatience;
+  while (TakeIn(kSliceMs)) {
+    if (steady_clock::now() < end) continue;
+    ADD_FAILURE() << "the program has not ended; it wrote\n" << out_ << err_;
+    kill(pid_, SIGKILL);
+    break;
+  }
+  Reap();
+  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : -WTERMSIG(status_), out_, err_};
+}
+
+void Process::Reap() {
+  if (pid_ > 0) waitpid(pid_, &status_, 0);
+  pid_ = -1;
+}
+
+}  // namespace morvane::e2e

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace morvane::e2e {
+
+/// How a program ended and what it wrote.
+struct Outcome {
+  int Status = -1;  ///< exit status; below 0 the signal that ended it
+  std::string Out;
+  std::string Err;
+};
+
+/// What a program finds around it.
+struct Surroundings {
+  std::string Folder;               ///< its working directory and the user's home
+  std::string Input = "/dev/null";  ///< its standard input
+};
+
+/// `morvane-cli` as a process of its own.
+class Process {
+ public:
+  Process(const std::vector<std::string>& arguments, const Surroundings& around);
+  /// Ends it, should it still run.
+  ~Process();
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  /// Takes in what it writes until `condition` holds. False when it ended without that, or when a
+  /// minute has passed.
+  bool Until(const std::function<bool()>& condition);
+  void Interrupt() const;
+  /// Waits for its end; fails the test after a minute.
+  Outcome Finish();
+
+  [[nodiscard]] const std::string& Out() const { return out_; }
+  [[nodiscard]] const std::string& Err() const { return err_; }
+
+ private:
+  bool TakeIn(int ms);
+  void Reap();
+
+  pid_t pid_ = -1;
+  int outEnd_ = -1;
+  int errEnd_ = -1;
+  int status_ = 0;
+  std::string out_;
+  std::string err_;
+};
+
+}  // namespace morvane::e2e

@@ -1,0 +1,55 @@
+#include "program/program.h"
+
+#include "support/fakes.h"
+
+namespace morvane {
+namespace {
+
+using test::TestDesk;
+using ::testing::ElementsAre;
+
+TEST(StoreSetting, KeepsTheValueWithoutAWord) {
+  TestDesk desk;
+  EXPECT_TRUE(desk.Prog.StoreSetting(kNewLastBoard, "36"));
+  EXPECT_EQ(desk.Store.Get(kNewLastBoard), "36");
+  EXPECT_TRUE(desk.Ui.Boxes.empty());
+}
+
+TEST(StoreSetting, TheFirstFailureIsToldAndNoOther) {
+  TestDesk desk;
+  desk.Store.Writable = false;
+  EXPECT_FALSE(desk.Prog.StoreSetting(kNewLastBoard, "36"));
+  EXPECT_FALSE(desk.Prog.StoreSetting(kNewFirstBoard, "5"));
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{
+                  "      Settings cannot be saved      \r\n"
+                  "      Changes of settings will be lost when the program ends      ",
+                  48, "Settings Error"}));
+  EXPECT_THAT(desk.LogLines(),
+              ElementsAre("    Settings Error: Settings cannot be saved : Changes of settings will "
+                          "be lost when the program ends"));
+  EXPECT_EQ(desk.Store.Get(kNewLastBoard), "32");
+}
+
+TEST(StoreSetting, WhatFailsWhileTheBoxIsOpenOpensNoSecondOne) {
+  TestDesk desk;
+  desk.Store.Writable = false;
+  desk.Ui.OnBox = [&] { desk.Prog.StoreSetting(kNewFirstBoard, "5"); };
+  desk.Prog.StoreSetting(kNewLastBoard, "36");
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+}
+
+TEST(StoreSetting, AStoreThatCanBeWrittenAgainIsWritten) {
+  TestDesk desk;
+  desk.Store.Writable = false;
+  desk.Prog.StoreSetting(kNewLastBoard, "36");
+  desk.Store.Writable = true;
+  EXPECT_TRUE(desk.Prog.StoreSetting(kNewLastBoard, "40"));
+  EXPECT_EQ(desk.Store.Get(kNewLastBoard), "40");
+  desk.Store.Writable = false;
+  EXPECT_FALSE(desk.Prog.StoreSetting(kNewLastBoard, "50"));
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+}
+
+}  // namespace
+}  // namespace morvane
