@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QPlainTextEdit>
 #include <set>
 
 #include "windows/run_window.h"
@@ -69,6 +70,21 @@ TEST_F(Opening, CopiesAndSubRangeShowWhereTheyAreSwitchedOn) {
   EXPECT_TRUE(Visible("NumberCopies") && Visible("NextCopy") && Visible("Subfrom"));
   EXPECT_EQ(Text("NumberCopies"), "1");
   EXPECT_EQ(Text("Subfrom") + Text("Subto") + Text("Subfirst") + Text("Sublast"), "1313");
+  window.reset();
+}
+
+TEST_F(Opening, TheTestButtonIsForAdvanceService) {
+  Contact();
+  EXPECT_FALSE(Visible("Command1"));
+  window.reset();
+  desk.Prog.ServiceLevel = 2;
+  DealingRun service(desk.Prog, machine, memory);
+  window = std::make_unique<DealinProg>(desk.Prog, service, &mainWindow);
+  service.Open(*window);
+  desk.Loop.WaitMs(2100);
+  Click("Command1");
+  const auto text = test::Find<QPlainTextEdit>(*window, "TestText").toPlainText();
+  EXPECT_TRUE(text.startsWith("9 ")) << "the bytes from the ninth on, each behind its index";
   window.reset();
 }
 

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <algorithm>
 
@@ -63,7 +64,9 @@ void DealinProg::ShowState() {
 }
 
 const char* DealinProg::Progress() const {
-  if (run_.Running()) return "Dealing ...";
+  if (run_.Leaving()) return "Leaving when the machine has stopped ...";
+  const bool fault = run_.TheMachine().MachineState == Machine::kError;
+  if (run_.Running()) return fault ? "The machine has stopped" : "Dealing ...";
   switch (run_.LastOutcome()) {
     case DealingRun::Outcome::kDealt:
       return "Last board dealt";
@@ -123,6 +126,10 @@ void DealinProg::ShowControls() {
   Start_from_box_->setChecked(run_.AutoStartEnabled);
   Check_board_->setChecked(run_.Check_board);
   Disp_boards_->setText(run_.ShowBoards ? "&Hide boards" : "&Show boards");
+  Command1_->setVisible(run_.Command1Shown);
+  Command1_->setEnabled(now.Options);
+  TestText_->setVisible(run_.Command1Shown);
+  TestText_->setPlainText(ToQt(run_.TheMachine().TestText));
   copies_->setVisible(run_.CopiesShown);
   subRange_->setVisible(run_.SubRangeShown);
   txtFile_->setText(ToQt(program_.Set.BoardSetFile));

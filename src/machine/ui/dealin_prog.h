@@ -11,6 +11,7 @@ class QCheckBox;
 class QLabel;
 class QLayout;
 class QLineEdit;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace morvane {
@@ -94,6 +95,8 @@ class DealinProg final : public QDialog, public RunView {
   CardOptions* cards_ = nullptr;
   QCheckBox* Start_from_box_ = nullptr;
   QCheckBox* Check_board_ = nullptr;
+  QPushButton* Command1_ = nullptr;
+  QPlainTextEdit* TestText_ = nullptr;
 };
 
 }  // namespace morvane::machine

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,7 +19,6 @@
 namespace morvane::machine {
 namespace {
 
-constexpr int kMostCopies = 99;
 constexpr int kMargin = 12;
 constexpr int kSpacing = 10;
 constexpr int kBigButton = 40;
@@ -78,7 +78,8 @@ void DealinProg::MakeControls() {
   cmdPrev_ = AddWalkButton("cmdPrev", "&Previous", "One board back", &DealingRun::cmdPrev);
   cmdNext_ = AddWalkButton("cmdNext", "&Next", "One board on", &DealingRun::cmdNext);
   cmdLast_ = AddWalkButton("cmdLast", "&Last", "Last board of the run", &DealingRun::cmdLast);
-  NumberCopies_ = AddNumberBox("NumberCopies", "Copies to deal of each board", kMostCopies);
+  NumberCopies_ =
+      AddNumberBox("NumberCopies", "Copies to deal of each board", DealingRun::kMostCopies);
   PrevCopy_ = AddWalkButton("PrevCopy", "<", "One copy back", &DealingRun::PrevCopy);
   NextCopy_ = AddWalkButton("NextCopy", ">", "One copy on", &DealingRun::NextCopy);
   Subfrom_ = AddNumberBox("Subfrom", "First board to deal", kMaxBoards);
@@ -88,6 +89,13 @@ void DealinProg::MakeControls() {
                                 &DealingRun::SetStart_from_box);
   Check_board_ = AddCheckBox("Check_board", "Chec&k the board number", &DealingRun::SetCheck_board);
   Disp_boards_ = AddButton("Disp_boards", "&Hide boards", &DealingRun::Disp_boards);
+  Command1_ = AddWalkButton("Command1", "Test", "Asks the machine for its diagnosis text",
+                            &DealingRun::Command1);
+  TestText_ = new QPlainTextEdit(this);
+  TestText_->setObjectName("TestText");
+  TestText_->setReadOnly(true);
+  Command1_->hide();
+  TestText_->hide();
   cmdExit_ = AddButton("cmdExit", "&Exit", &DealingRun::Exit);
   cards_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   for (QWidget* setting : {static_cast<QWidget*>(cards_), static_cast<QWidget*>(Start_from_box_),
@@ -240,6 +248,8 @@ QLayout* DealinProg::MakeSettingsSide() {
   side->addWidget(cards_);
   side->addWidget(Start_from_box_);
   side->addWidget(Check_board_);
+  side->addWidget(Command1_, 0, Qt::AlignLeft);
+  side->addWidget(TestText_, 1);
   side->addStretch();
   return side;
 }
@@ -268,14 +278,8 @@ void DealinProg::ConnectNumberBoxes() {
   NumberCopies_->OnLeave = [this](const std::string&) {
     NumberCopies_->ShowNumber(run_.Range().NumberOfCopies);
   };
-  // A box that loses the focus because a run has started is not being left.
-  const auto leave = [this](void (DealingRun::*event)(const std::string&)) {
-    return [this, event](const std::string& text) {
-      if (run_.Controls.Options) (run_.*event)(text);
-    };
-  };
-  Subfrom_->OnLeave = leave(&DealingRun::LeaveSubfrom);
-  Subto_->OnLeave = leave(&DealingRun::LeaveSubto);
+  Subfrom_->OnLeave = [this](const std::string& text) { run_.LeaveSubfrom(text); };
+  Subto_->OnLeave = [this](const std::string& text) { run_.LeaveSubto(text); };
 }
 
 }  // namespace morvane::machine

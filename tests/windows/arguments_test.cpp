@@ -1,0 +1,51 @@
+#include "morvane/arguments.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "shell/shell.h"
+
+namespace morvane {
+namespace {
+
+TEST(DesktopArguments, WithoutAnyTheDefaultsStand) {
+  const Arguments arguments = ParseArguments({"morvane"});
+  EXPECT_EQ(arguments.Machine, "simulated");
+  EXPECT_EQ(arguments.Data + arguments.Settings + arguments.CommandLine + arguments.Error, "");
+}
+
+TEST(DesktopArguments, OptionsStandBeforeOrBehindThePath) {
+  for (const QStringList& words : {QStringList{"morvane", "--machine", "serial:/dev/x", "--data",
+                                               "d", "--settings=s.ini", "/a/b.pbn"},
+                                   QStringList{"morvane", "/a/b.pbn", "--machine=serial:/dev/x",
+                                               "--data=d", "--settings", "s.ini"}}) {
+    const Arguments arguments = ParseArguments(words);
+    EXPECT_EQ(arguments.Machine, "serial:/dev/x");
+    EXPECT_EQ(arguments.Data, "d");
+    EXPECT_EQ(arguments.Settings, "s.ini");
+    EXPECT_EQ(arguments.CommandLine, "\"/a/b.pbn\"");
+    EXPECT_EQ(arguments.Error, "");
+  }
+}
+
+TEST(DesktopArguments, ThePathIsMadeAbsoluteAndStartUpFindsIt) {
+  const Arguments arguments = ParseArguments({"morvane", "my evening.pbn"});
+  const std::string path = (std::filesystem::current_path() / "my evening.pbn").string();
+  EXPECT_EQ(shell::ParseCommandLine(arguments.CommandLine).StartFile, path);
+}
+
+TEST(DesktopArguments, WrongUsageIsTold) {
+  EXPECT_EQ(ParseArguments({"morvane", "a", "b"}).Error, "more than one file");
+  EXPECT_NE(ParseArguments({"morvane", "--nonsense"}).Error, "");
+  EXPECT_NE(ParseArguments({"morvane", "--machine"}).Error, "") << "a value is missing";
+}
+
+TEST(DesktopArguments, HelpIsUsageAndNothingElse) {
+  const Arguments arguments = ParseArguments({"morvane", "--help"});
+  EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane "));
+  EXPECT_EQ(arguments.Error, "");
+}
+
+}  // namespace
+}  // namespace morvane
