@@ -58,34 +58,45 @@ TEST_F(Opening, AMachineThatIsOffClosesTheWindowAgain) {
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(Opening, CopiesAndSubRangeShowWhereTheyAreSwitchedOn) {
+TEST_F(Opening, CopiesAndSubRangeAreHiddenWhereTheyAreSwitchedOff) {
   Contact();
   EXPECT_FALSE(Visible("NumberCopies") || Visible("NextCopy") || Visible("Subfrom"));
-  window.reset();
+}
+
+TEST_F(Opening, CopiesAndSubRangeShowWhereTheyAreSwitchedOn) {
   desk.Store.Set(kDealCopy, "1");
   desk.Store.Set(kDealSub, "1");
-  DealingRun again(desk.Prog, machine, memory);
-  window = std::make_unique<DealinProg>(desk.Prog, again, &mainWindow);
-  again.Open(*window);
+  Contact();
   EXPECT_TRUE(Visible("NumberCopies") && Visible("NextCopy") && Visible("Subfrom"));
   EXPECT_EQ(Text("NumberCopies"), "1");
   EXPECT_EQ(Text("Subfrom") + Text("Subto") + Text("Subfirst") + Text("Sublast"), "1313");
-  window.reset();
 }
 
 TEST_F(Opening, TheTestButtonIsForAdvanceService) {
+  desk.Prog.ServiceLevel = 1;
   Contact();
   EXPECT_FALSE(Visible("Command1"));
-  window.reset();
+}
+
+TEST_F(Opening, TheTestButtonShowsWhatTheMachineAnswers) {
   desk.Prog.ServiceLevel = 2;
-  DealingRun service(desk.Prog, machine, memory);
-  window = std::make_unique<DealinProg>(desk.Prog, service, &mainWindow);
-  service.Open(*window);
-  desk.Loop.WaitMs(2100);
+  Contact();
   Click("Command1");
   const auto text = test::Find<QPlainTextEdit>(*window, "TestText").toPlainText();
   EXPECT_TRUE(text.startsWith("9 ")) << "the bytes from the ninth on, each behind its index";
-  window.reset();
+}
+
+TEST_F(Opening, EachLetterOfTheCaptionsBelongsToOneButton) {
+  desk.Store.Set(kDealCopy, "1");
+  desk.Store.Set(kDealSub, "1");
+  Contact();
+  std::set<QString> letters;
+  for (const auto* button : window->findChildren<QAbstractButton*>()) {
+    if (button->shortcut().isEmpty()) continue;
+    EXPECT_TRUE(letters.insert(button->shortcut().toString()).second)
+        << button->text().toStdString();
+  }
+  EXPECT_TRUE(letters.contains("Alt+D") && letters.contains("Alt+X") && letters.contains("Alt+B"));
 }
 
 TEST_F(Dealing, APressOfCmdDealDealsTheBoard) {
@@ -105,19 +116,6 @@ TEST_F(Dealing, EnterPressesTheDefaultButton) {
   EXPECT_TRUE(LiesInThePockets(1));
   test::Press(*window, Qt::Key_Return);
   EXPECT_TRUE(LiesInThePockets(2)) << "by now Deal_next is the default";
-}
-
-TEST_F(Opening, EachLetterOfTheCaptionsBelongsToOneButton) {
-  desk.Store.Set(kDealCopy, "1");
-  desk.Store.Set(kDealSub, "1");
-  Contact();
-  std::set<QString> letters;
-  for (const auto* button : window->findChildren<QAbstractButton*>()) {
-    if (button->shortcut().isEmpty()) continue;
-    EXPECT_TRUE(letters.insert(button->shortcut().toString()).second)
-        << button->text().toStdString();
-  }
-  EXPECT_TRUE(letters.contains("Alt+D") && letters.contains("Alt+X") && letters.contains("Alt+B"));
 }
 
 TEST_F(Dealing, WhatTheMachineDoesShowsWhileItDoesIt) {

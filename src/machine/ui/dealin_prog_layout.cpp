@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "machine/ui/board_picture.h"
 #include "machine/ui/card_options.h"
@@ -108,7 +109,7 @@ QPushButton* DealinProg::AddButton(const char* name, const char* caption, Event 
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setMinimumHeight(kBigButton);
-  connect(button, &QPushButton::clicked, this, [this, event] { (run_.*event)(); });
+  connect(button, &QPushButton::clicked, this, [this, event] { std::invoke(event, run_); });
   return button;
 }
 
@@ -125,7 +126,7 @@ QCheckBox* DealinProg::AddCheckBox(const char* name, const char* caption,
                                    void (DealingRun::*set)(bool)) {
   auto* box = new QCheckBox(caption, this);
   box->setObjectName(name);
-  connect(box, &QCheckBox::clicked, this, [this, set](bool on) { (run_.*set)(on); });
+  connect(box, &QCheckBox::clicked, this, [this, set](bool on) { std::invoke(set, run_, on); });
   return box;
 }
 
