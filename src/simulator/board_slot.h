@@ -4,12 +4,12 @@
 
 namespace morvane::simulator {
 
-/// Something that happens at the machine and is reported until the program has acknowledged it. An
-/// acknowledgement only covers what was reported before it.
+/// Something that happens at the machine and is reported until the program acknowledges it. An
+/// acknowledgement covers all that has happened, whether it was reported yet or not.
 class Report {
  public:
   void Happen() { waiting_ = true; }
-  void Acknowledge() { shown_ = false; }
+  void Acknowledge() { waiting_ = shown_ = false; }
   void Withdraw() { waiting_ = false; }
   [[nodiscard]] bool Waiting() const { return waiting_; }
   [[nodiscard]] bool Shown() const { return shown_; }

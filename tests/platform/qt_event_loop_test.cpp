@@ -96,6 +96,25 @@ TEST_F(QtEventLoopTest, ATickMayDestroyItsTimerAndStillWait) {
   EXPECT_EQ(order, "()");
 }
 
+TEST_F(QtEventLoopTest, ATickMayBeStoppedByAnotherThatRunsInsideIt) {
+  std::string order;
+  std::unique_ptr<Timer> outer;
+  std::unique_ptr<Timer> inner;
+  outer = loop_.StartTimer(1, [&] {
+    order += '(';
+    inner = loop_.StartTimer(1, [&] {
+      inner.reset();
+      outer.reset();
+    });
+    loop_.RunUntil([&] { return outer == nullptr; });
+    loop_.WaitMs(3);  // back in the outer tick, whose timer has gone
+    order += ')';
+  });
+  loop_.RunUntil([&] { return order.ends_with(')'); });
+  loop_.WaitMs(3);
+  EXPECT_EQ(order, "()");
+}
+
 TEST_F(QtEventLoopTest, ATickMayReplaceItsOwnTimer) {
   int first = 0;
   int second = 0;

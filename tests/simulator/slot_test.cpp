@@ -47,12 +47,14 @@ TEST(Pedal, IsReportedUntilItIsAcknowledged) {
   EXPECT_EQ(talk.Status().at(6), 0);
 }
 
-TEST(Pedal, APressAfterTheReportIsNotAcknowledgedWithIt) {
+TEST(Pedal, AnAcknowledgementCoversWhatWasNotReportedYet) {
   Talk talk;
   talk.Machine.PressPedal();
-  talk.Status();
-  talk.Machine.PressPedal();
-  EXPECT_EQ(talk.Status(2).at(6), kPedal);
+  EXPECT_EQ(talk.Status(2).at(6), 0);
+  EXPECT_EQ(talk.Status().at(6), 0);
+  talk.Machine.InsertBoard(7);
+  EXPECT_EQ(talk.Status(4).at(6) & kInserted, 0);
+  EXPECT_EQ(talk.Status().at(6) & kInserted, 0);
 }
 
 TEST(Slot, AnInsertionIsReportedUntilItIsAcknowledged) {

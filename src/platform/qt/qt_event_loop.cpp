@@ -27,11 +27,8 @@ class Ticker final : public QObject {
 
   void Stop() {
     killTimer(id_);
-    if (ticking_) {
-      deleteLater();  // an object must outlive the event it is handling
-    } else {
-      delete this;
-    }
+    stopped_ = true;
+    if (!ticking_) delete this;
   }
 
  protected:
@@ -40,12 +37,15 @@ class Ticker final : public QObject {
     ticking_ = true;
     tick_();
     ticking_ = false;
+    // Only now: a tick that lets events through after it was stopped would let this one through too.
+    if (stopped_) deleteLater();
   }
 
  private:
   std::function<void()> tick_;
   int id_;
   bool ticking_ = false;
+  bool stopped_ = false;
 };
 
 class QtTimer final : public Timer {
