@@ -37,7 +37,8 @@ class Ticker final : public QObject {
     ticking_ = true;
     tick_();
     ticking_ = false;
-    // Only now: a tick that lets events through after it was stopped would let this one through too.
+    // Only now: a tick that lets events through after it was stopped would let this one through
+    // too.
     if (stopped_) deleteLater();
   }
 
