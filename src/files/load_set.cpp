@@ -34,6 +34,7 @@ FileRequest OpenRequest(const Program& program) {
 void ClearSet(Program& program) {
   program.Set.Clear();
   program.Set.BoardSetFile.clear();
+  program.Set.BoardSetChanged = "0";  // before the refresh, which shows it
   program.Operator.RefreshSet();
 }
 

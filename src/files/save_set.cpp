@@ -30,8 +30,8 @@ void TakeSavedSet(Program& program, const std::string& path) {
   RememberFile(program, path);
   program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
   program.Set.BoardSetFile = path;
+  program.Set.BoardSetChanged = "0";  // before the refresh, which shows it
   program.Operator.RefreshSet();
-  program.Set.BoardSetChanged = "0";
 }
 
 }  // namespace

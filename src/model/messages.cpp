@@ -1,5 +1,7 @@
 #include "model/messages.h"
 
+#include "model/text.h"
+
 namespace morvane {
 
 std::string Fill(std::string text, std::string_view placeholder, std::string_view value) {
@@ -13,6 +15,17 @@ std::string Fill(std::string text, std::string_view placeholder, std::string_vie
     start = at + placeholder.size();
   }
   return filled.append(text, start);
+}
+
+std::string WithoutPadding(std::string_view text) {
+  std::string plain;
+  while (true) {
+    const std::size_t end = text.find(kCrLf);
+    plain += Trim(text.substr(0, end));
+    if (end == std::string_view::npos) return Trim(plain);
+    plain += '\n';
+    text.remove_prefix(end + kCrLf.size());
+  }
 }
 
 std::string OneLine(std::string_view text) {

@@ -154,6 +154,10 @@ struct Messages {
 /// wherever they stand; fewer stay, as do those that a longer run leaves over.
 [[nodiscard]] std::string OneLine(std::string_view text);
 
+/// `text` as a box of ours shows it: the padding, made for a plainer box, is taken off each line,
+/// lines end with LF, and there are no empty ones at either end.
+[[nodiscard]] std::string WithoutPadding(std::string_view text);
+
 /// Buttons and icon of a message box, in the encoding of the catalogue's callers.
 enum BoxFlags : int {
   kOkCritical = 16,

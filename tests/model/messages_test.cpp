@@ -103,5 +103,11 @@ TEST(Messages, AddressesStandWhereTheyBelong) {
   EXPECT_NE(texts.Msg089.find(kServiceMail), std::string::npos);
 }
 
+TEST(WithoutPadding, KeepsEmptyLinesInsideAndDropsThemAtTheEnd) {
+  EXPECT_EQ(WithoutPadding("      a      \r\n    \r\n      b c   \r\n"), "a\n\nb c");
+  EXPECT_EQ(WithoutPadding("plain"), "plain");
+  EXPECT_EQ(WithoutPadding(""), "");
+}
+
 }  // namespace
 }  // namespace morvane

@@ -239,7 +239,9 @@ TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
     test::Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
     test::Press(dialog, Qt::Key_Return);
   });
+  desk.Prog.Set.BoardSetChanged = "1";
   Trigger("menuSave");
+  EXPECT_FALSE(menu->isWindowModified());
   EXPECT_EQ(Text("txtFileName"), path);
   EXPECT_EQ(Text("Panel1"), "Boards Saved: 4");
   desk.Prog.Set.Clear();
@@ -259,6 +261,7 @@ TEST_F(Flows, DealOpensTheRunWindowOverTheMainWindow) {
   desk.When("DealinProg", [this](QWidget& window) {
     EXPECT_EQ(Text("Panel1"), "Dealing");
     EXPECT_EQ(window.windowModality(), Qt::WindowModal);
+    EXPECT_FALSE(menu->findChild<QAction*>("menuDeal")->isEnabled());
     desk.Loop.WaitMs(2100);
     test::Click(window, "cmdDeal");
     EXPECT_EQ(simulated.DealtBoard().Cards, desk.Prog.Set.At(1).Cards);
@@ -266,6 +269,7 @@ TEST_F(Flows, DealOpensTheRunWindowOverTheMainWindow) {
   });
   Trigger("menuDeal");
   EXPECT_EQ(test::TopWindow("DealinProg"), nullptr);
+  EXPECT_TRUE(menu->findChild<QAction*>("menuDeal")->isEnabled());
   EXPECT_EQ(Text("Panel1"), "Ready");
   EXPECT_FALSE(shell.FlowActive());
 }

@@ -89,12 +89,6 @@ TEST_F(QtUiTest, ThePaddingOfACatalogueTextIsNotShown) {
             "Do you want to save the current Board Set?");
 }
 
-TEST(WithoutPadding, KeepsEmptyLinesInsideAndDropsThemAtTheEnd) {
-  EXPECT_EQ(WithoutPadding("      a      \r\n    \r\n      b c   \r\n"), "a\n\nb c");
-  EXPECT_EQ(WithoutPadding("plain"), "plain");
-  EXPECT_EQ(WithoutPadding(""), "");
-}
-
 TEST_F(QtUiTest, ATextIsNeverTakenForMarkup) {
   desk.When("MessageBox", [](QWidget& box) {
     EXPECT_EQ(static_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);

@@ -48,16 +48,6 @@ int AnswerOf(const std::string& line, int buttons) {
 
 }  // namespace
 
-std::string WithoutPadding(const std::string& text) {
-  std::string lines;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t end = std::min(text.find(kCrLf, start), text.size());
-    lines += Trim(std::string_view(text).substr(start, end - start)) + "\n";
-    start = end + kCrLf.size();
-  }
-  return Trim(lines);
-}
-
 int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
   terminal_.Error(title + ": " + WithoutPadding(text) + "\n");

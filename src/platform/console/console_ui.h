@@ -9,12 +9,10 @@
 
 namespace morvane {
 
-/// The lines of a box's text without their padding and without the empty ones around them.
-[[nodiscard]] std::string WithoutPadding(const std::string& text);
-
 /// The operator at a terminal. Messages go to standard error as the catalogue has them, without
-/// their padding; questions are asked there. With `yes` every question is answered Yes; without
-/// anybody to ask, with the cautious answer: No, or Cancel where there is one.
+/// their padding; questions are asked there. With `yes` they are answered Yes, or Cancel where
+/// there is no Yes; without anybody to ask, with the cautious answer: No, or Cancel where there is
+/// one.
 class ConsoleUi final : public Ui {
  public:
   ConsoleUi(Terminal& terminal, bool yes) : terminal_(terminal), yes_(yes) {}

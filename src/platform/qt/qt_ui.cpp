@@ -106,19 +106,6 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
 
 }  // namespace
 
-std::string WithoutPadding(std::string_view text) {
-  std::string plain;
-  while (true) {
-    const auto end = text.find(kCrLf);
-    plain += Trim(text.substr(0, end));
-    if (end == std::string_view::npos) break;
-    plain += '\n';
-    text.remove_prefix(end + kCrLf.size());
-  }
-  plain.erase(plain.find_last_not_of('\n') + 1);
-  return plain;
-}
-
 QtUi::~QtUi() { Busy(false); }
 
 int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {

@@ -47,7 +47,4 @@ class QtUi final : public Ui {
   bool busy_ = false;
 };
 
-/// A catalogue text as a box shows it: its padding, made for a plainer box, taken off each line.
-[[nodiscard]] std::string WithoutPadding(std::string_view text);
-
 }  // namespace morvane

@@ -76,7 +76,12 @@ QAction* MainMenu::AddEntry(Menu& menu, const char* name, const char* caption,
   entry->setObjectName(name);
   entry->setShortcut(keys);
   entry->setEnabled(static_cast<bool>(flow));
-  if (flow) connect(entry, &QAction::triggered, this, std::move(flow));
+  if (!flow) return entry;
+  connect(entry, &QAction::triggered, this, [entry, flow = std::move(flow)] {
+    entry->setEnabled(false);
+    flow();
+    entry->setEnabled(true);
+  });
   return entry;
 }
 
