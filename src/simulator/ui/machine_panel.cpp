@@ -103,6 +103,9 @@ QLayout* MachinePanel::MakeState() {
   QFont font = state_->font();
   font.setBold(true);
   state_->setFont(font);
+  // As wide as its longest text, so that the panel does not grow off the screen's edge.
+  state_->setMinimumWidth(
+      state_->fontMetrics().horizontalAdvance("stopped at card 52 of 52 with code 240"));
   power_ = AddButton("cmdPower", "Power o&ff", [this] { SwitchPower(); });
   auto* row = new QHBoxLayout;
   row->addWidget(new QLabel("State:", this));
