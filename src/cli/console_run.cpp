@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "cli/columns.h"
 #include "model/text.h"
 #include "platform/console/console_ui.h"
 
@@ -12,10 +13,7 @@ namespace {
 constexpr int kTickMs = 10;
 constexpr int kWatchMs = 50;
 
-std::string Aligned(int number) {
-  const std::string text = std::to_string(number);
-  return std::string(text.size() < 3 ? 3 - text.size() : 0, ' ') + text;
-}
+std::string BoardText(int number) { return "Board " + RightAligned(std::to_string(number), 3); }
 
 }  // namespace
 
@@ -94,7 +92,7 @@ void ConsoleRun::EndBoard() {
                          run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
                          side_.Judge ? side_.Judge(program_.Set.Current()) : Verdict{}};
   ShowProgress("");
-  terminal_.Out("Board " + Aligned(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
+  terminal_.Out(BoardText(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
                 (board.Ok ? "OK" : "stopped") + "\n");
   report_.Boards.push_back(board);
   if (!board.Ok || !run_.Controls.Deal_next) run_.Exit();
@@ -111,7 +109,7 @@ void ConsoleRun::ShowState() {
   ran_ = true;
   const auto& counts = run_.TheMachine().CardCount;
   const int cards = std::accumulate(counts.begin(), counts.end(), 0);
-  ShowProgress("Board " + Aligned(program_.Set.CurrentBoard) + "  " + std::to_string(cards) +
+  ShowProgress(BoardText(program_.Set.CurrentBoard) + "  " + std::to_string(cards) +
                " of 52 cards  " + run_.txtDealTime + " s");
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/columns.h"
 #include "model/text.h"
 #include "simulator/simulated_machine.h"
 
@@ -16,10 +17,6 @@ bool SameHand(const Board& a, const Board& b, int hand) {
 }
 
 bool LiesRight(const DealtBoard& board) { return board.Ok && board.Pockets.Right; }
-
-std::string RightAligned(std::string text, std::size_t width) {
-  return text.insert(0, text.size() < width ? width - text.size() : 0, ' ');
-}
 
 std::string RowOf(const DealtBoard& board) {
   std::string number = std::to_string(board.Number);

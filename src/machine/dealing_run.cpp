@@ -9,6 +9,22 @@
 // inserted board start the next one.
 
 namespace morvane::machine {
+namespace {
+
+/// While a box keeps the events going, the pedal must not start a board behind it.
+class LinkHold {
+ public:
+  explicit LinkHold(bool& pollLock) : pollLock_(pollLock), before_(std::exchange(pollLock, true)) {}
+  ~LinkHold() { pollLock_ = before_; }
+  LinkHold(const LinkHold&) = delete;
+  LinkHold& operator=(const LinkHold&) = delete;
+
+ private:
+  bool& pollLock_;
+  bool before_;
+};
+
+}  // namespace
 
 std::string DealingRun::txtStatus() const {
   switch (machine_.MachineState) {
@@ -261,16 +277,13 @@ void DealingRun::Disp_boards() {
 }
 
 void DealingRun::Refuse(const std::string& text) {
-  // The box keeps the events going; the pedal must not start a board behind it.
-  const bool locked = std::exchange(machine_.PollLock, true);
+  const LinkHold hold(machine_.PollLock);
   program_.ShowMessage(text, kOkCritical, "Dealing Error");
-  machine_.PollLock = locked;
 }
 
 void DealingRun::Store(const SettingKey& key, int value) {
-  const bool locked = std::exchange(machine_.PollLock, true);  // a failure shows a box
+  const LinkHold hold(machine_.PollLock);  // a failure shows a box
   program_.StoreSetting(key, std::to_string(value));
-  machine_.PollLock = locked;
 }
 
 }  // namespace morvane::machine

@@ -15,7 +15,7 @@ void DealingRun::Open(RunView& view) {
   Controls = {};
   CopiesShown = program_.Store.IsOn(kDealCopy);
   if (!CopiesShown) memory_.NumberOfCopies = 1;
-  Controls.NextCopy = memory_.NumberOfCopies > 1;
+  UpdateCopies();
   TakeRange();
   ShowBoards = program_.Store.IsOn(kDealShow);
   program_.Set.CurrentBoard = memory_.RunFirst;
