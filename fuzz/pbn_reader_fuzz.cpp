@@ -6,7 +6,7 @@
 
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
-#include "files/text_encoding.h"
+#include "model/text_encoding.h"
 
 namespace {
 

@@ -12,8 +12,9 @@ std::string ErrorText(const std::string& text, const RuntimeError& error) {
 }  // namespace
 
 std::string FaultText(const FormatFault& fault) {
-  // The texts are shared with the formats that count records.
-  return Fill(Fill(fault.Text, "###", std::to_string(fault.Line)), "record", "line");
+  const std::string text = Fill(fault.Text, "###", std::to_string(fault.At));
+  // The catalogue has one text for both.
+  return fault.By == FormatFault::Counting::kLines ? Fill(text, "record", "line") : text;
 }
 
 void ReportFormatFault(Program& program, const FormatFault& fault) {

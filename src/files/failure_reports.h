@@ -10,11 +10,14 @@ class Program;
 
 namespace morvane::files {
 
-/// What is wrong in a file, and the line (from 1) where it stands. `Text` is a text of the
-/// catalogue in which only the line's own placeholder is still to be filled.
+/// What is wrong in a file, and the line or record (from 1) where it stands. `Text` is a text of
+/// the catalogue in which only the placeholder of that number is still to be filled.
 struct FormatFault {
+  enum class Counting { kLines, kRecords };
+
   std::string Text;
-  int Line = 0;
+  int At = 0;
+  Counting By = Counting::kLines;
 };
 
 /// The text that the operator sees for `fault`.

@@ -2,11 +2,11 @@
 
 #include <array>
 
+#include "files/format_frame.h"
 #include "files/pbn_values.h"
-#include "files/text_encoding.h"
-#include "files/text_lines.h"
 #include "model/text.h"
-#include "platform/files.h"
+#include "model/text_encoding.h"
+#include "model/text_lines.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -190,17 +190,9 @@ std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set, const 
 }
 
 bool ReadPbnFile(Program& program, std::string_view /*formatName*/, const std::string& path) {
-  std::string bytes;
-  if (const auto error = ReadFile(path, bytes)) {
-    ReportLoadFailure(program, *error);
-    return false;
-  }
-  const std::string text = DecodeText(std::move(bytes));
-  if (const auto fault = ParsePbn(text, program.Set, program.Texts)) {
-    ReportFormatFault(program, *fault);
-    return false;
-  }
-  return true;
+  return ReadThrough(program, path, [&](std::string bytes) {
+    return ParsePbn(DecodeText(std::move(bytes)), program.Set, program.Texts);
+  });
 }
 
 }  // namespace morvane::files

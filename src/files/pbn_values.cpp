@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "files/text_encoding.h"
 #include "model/text.h"
+#include "model/text_encoding.h"
 
 namespace morvane::files {
 namespace {

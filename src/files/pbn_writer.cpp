@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "files/capability_checks.h"
-#include "files/failure_reports.h"
+#include "files/format_frame.h"
 #include "files/pbn_values.h"
-#include "files/text_encoding.h"
-#include "platform/files.h"
+#include "model/text_encoding.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -76,14 +74,9 @@ std::string PbnText(const BoardSet& set, std::string_view versionText, bool with
 }
 
 bool WritePbnFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  if (!MaySave(program, *FindFormat("PBN"), incompleteBoards)) return false;
-  const std::string text =
-      PbnText(program.Set, program.VersionText, program.Store.IsOn(kSaveAnalyze));
-  if (const auto error = WriteFile(path, EncodeText(text))) {
-    ReportSaveFailure(program, *error);
-    return false;
-  }
-  return true;
+  return WriteThrough(program, "PBN", path, incompleteBoards, [&] {
+    return EncodeText(PbnText(program.Set, program.VersionText, program.Store.IsOn(kSaveAnalyze)));
+  });
 }
 
 }  // namespace morvane::files

@@ -1,4 +1,4 @@
-#include "files/text_encoding.h"
+#include "model/text_encoding.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "files/text_lines.h"
+#include "model/text_lines.h"
 
-namespace morvane::files {
+namespace morvane {
 namespace {
 
 std::vector<std::string> LinesOf(std::string_view text) {
@@ -137,4 +137,4 @@ TEST(Lines, NulAndTheOldEndOfFileMarkAreOrdinaryBytes) {
 }
 
 }  // namespace
-}  // namespace morvane::files
+}  // namespace morvane

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace morvane::files {
+namespace morvane {
 
 /// The lines of a text, one after the other. A line ends with CR LF or with LF alone; a lone CR
 /// and every other byte, NUL and 0x1A included, belong to the line. No empty line follows the last
@@ -29,4 +29,4 @@ class Lines {
   std::string_view rest_;
 };
 
-}  // namespace morvane::files
+}  // namespace morvane

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace morvane::files {
+namespace morvane {
 
 // Text is UTF-8 in memory. On disk it is Windows-1252, as the other programs of the field write it,
 // wherever that says the same; `DecodeText(EncodeText(text)) == text` for every UTF-8 text.
@@ -18,4 +18,4 @@ namespace morvane::files {
 /// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end.
 [[nodiscard]] std::string_view CharacterAt(std::string_view text, std::size_t at);
 
-}  // namespace morvane::files
+}  // namespace morvane

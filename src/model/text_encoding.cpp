@@ -1,10 +1,10 @@
-#include "files/text_encoding.h"
+#include "model/text_encoding.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 
-namespace morvane::files {
+namespace morvane {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -121,4 +121,4 @@ std::string_view CharacterAt(std::string_view text, std::size_t at) {
   return text.substr(0, std::max<std::size_t>(1, FirstOf(text).Size));
 }
 
-}  // namespace morvane::files
+}  // namespace morvane

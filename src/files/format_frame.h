@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "files/failure_reports.h"
+
+namespace morvane::files {
+
+// What every reader and every writer does around its format's bytes.
+
+/// Fills the set from the bytes of a file; nothing when all of them are right.
+using Parse = std::function<std::optional<FormatFault>(std::string bytes)>;
+
+/// Reads the file and has `parse` take it. False: what failed has been told.
+[[nodiscard]] bool ReadThrough(Program& program, const std::string& path, const Parse& parse);
+
+/// Makes the bytes of a file from the set.
+using Compose = std::function<std::string()>;
+
+/// Holds the set against the format of `extension`, then writes what `compose` makes. False:
+/// nothing was saved, because of an error that the operator has been told or because of an answer.
+[[nodiscard]] bool WriteThrough(Program& program, std::string_view extension,
+                                const std::string& path, const std::string& incompleteBoards,
+                                const Compose& compose);
+
+}  // namespace morvane::files
