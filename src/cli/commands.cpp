@@ -3,6 +3,7 @@
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
+#include "cli/history_command.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 
@@ -72,6 +73,7 @@ ExitStatus RunCommand(Workplace& place, const Request& request) {
   if (request.Command == "convert") status = Convert(place, request, shell);
   if (request.Command == "show") status = Show(place, request, shell);
   if (request.Command == "deal") status = Deal(place, request, shell, windows);
+  if (request.Command == "history") status = ShowHistory(place, request, shell);
   place.Prog.Set.BoardSetChanged = "0";  // what was not saved was not asked to be
   shell.Exit();
   return status;

@@ -61,7 +61,8 @@ std::optional<generate::GenerateResult> Run(Workplace& place, const Request& req
   }
   return make.With == DealGenerator::kShuffling
              ? generate::PressCmdDeal(place.Prog, generator, shell.History().Ring(), make, progress)
-             : generate::PressBigDeal(place.Prog, generator, shell.History().Ring(), make, progress);
+             : generate::PressBigDeal(place.Prog, generator, shell.History().Ring(), make,
+                                      progress);
 }
 
 std::string Summary(const BoardSet& set, const generate::GenerateResult& result) {

@@ -61,6 +61,7 @@ class Shell {
   [[nodiscard]] bool FlowActive() const { return flows_ > 0; }
   [[nodiscard]] generate::Generator& Deals() { return generator_; }
   [[nodiscard]] history::History& History() { return history_; }
+  [[nodiscard]] const history::History& History() const { return history_; }
   [[nodiscard]] machine::Machine& TheMachine() { return machine_; }
 
  private:
