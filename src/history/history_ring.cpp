@@ -19,11 +19,14 @@ std::string Folded(std::string_view name) { return UpperCaseAnsi(AnsiBytes(Trim(
 
 }  // namespace
 
-HistoryRing::HistoryRing()
-    : types_(kPositions + 1),
-      boards_(kPositions + 1),
-      numbers_(kPositions + 1),
-      nameAt_(kPositions + 1) {}
+/// The mirror is as long as the ring has been written.
+void HistoryRing::MakeRoom(std::size_t position) {
+  if (position < types_.size()) return;
+  types_.resize(position + 1);
+  boards_.resize(position + 1);
+  numbers_.resize(position + 1);
+  nameAt_.resize(position + 1);
+}
 
 void HistoryRing::Load(std::string bytes) {
   *this = HistoryRing();
@@ -31,11 +34,13 @@ void HistoryRing::Load(std::string bytes) {
   for (std::size_t record = 1; record <= bytes_.size() / kRecordBytes; ++record) {
     TakeRecord(RecordAt(bytes_, record));
   }
+  MakeRoom(writePos_);
   types_[writePos_] = kEndType;
 }
 
 void HistoryRing::TakeRecord(const HistoryRecord& record) {
   used_ = Behind(used_);
+  MakeRoom(used_);
   types_[used_] = record[0];
   switch (record[0]) {
     case kEndType:
@@ -61,6 +66,7 @@ void HistoryRing::AddName(std::string characters, std::size_t position) {
 
 void HistoryRing::Append(const BoardSet& set, std::string_view name) {
   const std::string characters = EntryName(name);
+  MakeRoom(writePos_);
   AddName(characters, writePos_);
   types_[writePos_] = kEntryType;
   used_ = std::max(used_, writePos_);
@@ -83,6 +89,7 @@ void HistoryRing::Append(const BoardSet& set, std::string_view name) {
 void HistoryRing::Write(const HistoryRecord& record) {
   PutRecord(bytes_, writePos_, record);
   writePos_ = Behind(writePos_);
+  MakeRoom(writePos_);
 }
 
 int HistoryRing::IsInHistory(std::string_view name) const {
@@ -98,7 +105,8 @@ std::string HistoryRing::HistoryName(int index) const {
 }
 
 int HistoryRing::NameAtPosition(int position) const {
-  return static_cast<int>(nameAt_[static_cast<std::size_t>(position)]);
+  const auto at = static_cast<std::size_t>(position);
+  return at < nameAt_.size() ? static_cast<int>(nameAt_[at]) : 0;
 }
 
 /// Calls `onEntry` with the position of each header and `onBoards` with the position and the length

@@ -30,8 +30,6 @@ struct HistoryEntry {
 /// a candidate can be held against quickly. Positions are 1..20000.
 class HistoryRing {
  public:
-  HistoryRing();
-
   /// Takes in the bytes of a history file. None is refused; a record cut short at the end is none.
   void Load(std::string bytes);
 
@@ -64,6 +62,7 @@ class HistoryRing {
  private:
   template <typename OnEntry, typename OnBoards>
   void Walk(OnEntry onEntry, OnBoards onBoards) const;
+  void MakeRoom(std::size_t position);
   void TakeRecord(const HistoryRecord& record);
   void AddName(std::string characters, std::size_t position);
   void Write(const HistoryRecord& record);
