@@ -19,6 +19,7 @@ constexpr const char* kUsage =
     "  convert IN OUT\n"
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+    "  history [--list]\n"
     "\n"
     "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
     "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n";
@@ -37,12 +38,13 @@ const std::map<QString, CommandShape>& Commands() {
          "lfsr"}}},
       {"convert", {2, {}}},
       {"show", {1, {"board"}}},
-      {"deal", {1, {"from", "to", "copies", "auto"}}}};
+      {"deal", {1, {"from", "to", "copies", "auto"}}},
+      {"history", {0, {"list"}}}};
   return commands;
 }
 
 const QStringList kGlobal{"data", "settings", "machine", "yes", "help"};
-const QStringList kSwitches{"yes", "help", "empty", "auto"};
+const QStringList kSwitches{"yes", "help", "empty", "auto", "list"};
 
 void AddOptions(QCommandLineParser& parser) {
   QStringList names = kGlobal;
@@ -146,6 +148,7 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   what.To = values.Number("to");
   what.Copies = values.Number("copies");
   what.Auto = parser.isSet("auto");
+  what.List = parser.isSet("list");
   what.Yes = parser.isSet("yes");
   if (!result.Error.empty()) return;
   if (what.Seedr.has_value() != what.Seedo.has_value()) {
@@ -190,7 +193,7 @@ Arguments ParseArguments(const QStringList& arguments) {
   const auto path = [&words](qsizetype at) { return AbsolutePath(words.at(at).toStdString()); };
   if (result.What.Command == "generate") {
     result.What.Out = path(1);
-  } else {
+  } else if (command->second.Paths > 0) {
     result.What.In = path(1);
   }
   if (result.What.Command == "convert") result.What.Out = path(2);

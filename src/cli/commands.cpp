@@ -3,6 +3,7 @@
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
+#include "cli/history_command.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 
@@ -26,18 +27,18 @@ class ConsoleWindows final : public shell::Windows {
   RunReport report_;
 };
 
-bool Load(Workplace& place, const Request& request) {
+bool Load(Workplace& place, const Request& request, shell::Shell& shell) {
   std::string path = request.In;
-  return files::LoadBoardSet(place.Prog, path);
+  return files::LoadBoardSet(place.Prog, shell.History(), path);
 }
 
-ExitStatus Convert(Workplace& place, const Request& request) {
-  if (!Load(place, request)) return kFailed;
-  return Save(place, request) ? kDone : kFailed;
+ExitStatus Convert(Workplace& place, const Request& request, shell::Shell& shell) {
+  if (!Load(place, request, shell)) return kFailed;
+  return Save(place, request, shell) ? kDone : kFailed;
 }
 
-ExitStatus Show(Workplace& place, const Request& request) {
-  if (!Load(place, request)) return kFailed;
+ExitStatus Show(Workplace& place, const Request& request, shell::Shell& shell) {
+  if (!Load(place, request, shell)) return kFailed;
   const BoardSet& set = place.Prog.Set;
   if (request.Board && !IsInSet(place, *request.Board)) return kFailed;
   const int first = request.Board.value_or(set.FirstBoard);
@@ -50,7 +51,7 @@ ExitStatus Show(Workplace& place, const Request& request) {
 
 ExitStatus Deal(Workplace& place, const Request& request, shell::Shell& shell,
                 const ConsoleWindows& windows) {
-  if (!Load(place, request) || !MayDeal(place, request)) return kFailed;
+  if (!Load(place, request, shell) || !MayDeal(place, request)) return kFailed;
   place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
   shell.MenuDeal();
   return ShowReport(place, windows.Report(), BoardsAsked(place.Prog.Set, request));
@@ -58,9 +59,9 @@ ExitStatus Deal(Workplace& place, const Request& request, shell::Shell& shell,
 
 }  // namespace
 
-bool Save(Workplace& place, const Request& request) {
+bool Save(Workplace& place, const Request& request, shell::Shell& shell) {
   place.Operator.AnswerNextFile(request.Out);
-  return files::SaveBoardSet(place.Prog);
+  return files::SaveBoardSet(place.Prog, shell.History());
 }
 
 ExitStatus RunCommand(Workplace& place, const Request& request) {
@@ -69,9 +70,10 @@ ExitStatus RunCommand(Workplace& place, const Request& request) {
   shell.StartUp(request.Raw);
   ExitStatus status = kWrongUsage;
   if (request.Command == "generate") status = Generate(place, request, shell);
-  if (request.Command == "convert") status = Convert(place, request);
-  if (request.Command == "show") status = Show(place, request);
+  if (request.Command == "convert") status = Convert(place, request, shell);
+  if (request.Command == "show") status = Show(place, request, shell);
   if (request.Command == "deal") status = Deal(place, request, shell, windows);
+  if (request.Command == "history") status = ShowHistory(place, request, shell);
   place.Prog.Set.BoardSetChanged = "0";  // what was not saved was not asked to be
   shell.Exit();
   return status;

@@ -31,6 +31,6 @@ struct Workplace {
 ExitStatus RunCommand(Workplace& place, const Request& request);
 
 /// The Save command with the request's path in place of its dialog; whether the set was saved.
-bool Save(Workplace& place, const Request& request);
+bool Save(Workplace& place, const Request& request, shell::Shell& shell);
 
 }  // namespace morvane::cli

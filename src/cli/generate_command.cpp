@@ -57,11 +57,12 @@ std::optional<generate::GenerateResult> Run(Workplace& place, const Request& req
                            : generate::UseNumberSeeds(place.Prog, generator.Number, *request.Seedr,
                                                       request.Seedo.value_or(""));
     if (!taken) return std::nullopt;
-    return generate::GenerateSet(place.Prog, generator, shell.History(), make, progress);
+    return generate::GenerateSet(place.Prog, generator, shell.History().Ring(), make, progress);
   }
   return make.With == DealGenerator::kShuffling
-             ? generate::PressCmdDeal(place.Prog, generator, shell.History(), make, progress)
-             : generate::PressBigDeal(place.Prog, generator, shell.History(), make, progress);
+             ? generate::PressCmdDeal(place.Prog, generator, shell.History().Ring(), make, progress)
+             : generate::PressBigDeal(place.Prog, generator, shell.History().Ring(), make,
+                                      progress);
 }
 
 std::string Summary(const BoardSet& set, const generate::GenerateResult& result) {
@@ -90,7 +91,7 @@ ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shel
     return kWrongUsage;
   }
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
-  if (!Save(place, request)) return kFailed;
+  if (!Save(place, request, shell)) return kFailed;
   place.Screen.Out(Summary(place.Prog.Set, *result));
   return kDone;
 }

@@ -37,6 +37,9 @@ struct Format {
 /// The upper-cased text behind the last "." of a file title; empty without one.
 [[nodiscard]] std::string ExtensionOf(std::string_view title);
 
+/// What stands before the last "." of a file title; all of it without one.
+[[nodiscard]] std::string NameOf(std::string_view title);
+
 /// The filter rows of the two file dialogs.
 [[nodiscard]] std::string OpenFilter(int serviceLevel);
 [[nodiscard]] std::string SaveFilter();

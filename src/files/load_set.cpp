@@ -5,6 +5,7 @@
 #include "files/format_table.h"
 #include "files/last_used.h"
 #include "files/save_set.h"
+#include "history/history.h"
 #include "model/text.h"
 #include "platform/files.h"
 #include "program/program.h"
@@ -13,11 +14,11 @@ namespace morvane::files {
 namespace {
 
 /// Whether the current set may go: it has no changes, they were saved, or the operator gives it up.
-bool MayReplaceSet(Program& program) {
+bool MayReplaceSet(Program& program, history::History& history) {
   int answer = kYes;
   if (program.Set.Changed()) {
     answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, "Load New Board Set");
-    if (answer == kYes) SaveBoardSet(program);
+    if (answer == kYes) SaveBoardSet(program, history);
   }
   return (answer == kYes && !program.Set.Changed()) || answer == kNo;
 }
@@ -50,9 +51,12 @@ bool ReadByExtension(Program& program, const std::string& path) {
   return false;
 }
 
-void TakeLoadedSet(Program& program, const std::string& path) {
+void TakeLoadedSet(Program& program, history::History& history, const std::string& path) {
   BoardSet& set = program.Set;
   RememberFile(program, path);
+  const std::string title = NameOf(FileTitle(path));
+  const std::string_view name = FirstCharacters(title, history::kNameCharacters);
+  if (history.Ring().IsInHistory(name) == 0) history.AddToHistory(program, name);
   program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
   set.BoardSetFile = path;
   program.Operator.RefreshSet();
@@ -61,34 +65,34 @@ void TakeLoadedSet(Program& program, const std::string& path) {
 
 }  // namespace
 
-bool LoadBoardSet(Program& program, std::string& startFile) {
+bool LoadBoardSet(Program& program, history::History& history, std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
   if (program.AnalysisRunning) {
     program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
     return false;
   }
   program.Status("Loading");
-  if (!MayReplaceSet(program)) {
+  if (!MayReplaceSet(program, history)) {
     program.Status("Ready");
     return false;
   }
   program.Log.WriteTime(" File-Load: ");
-  if (!pending.empty()) return LoadFile(program, pending);
+  if (!pending.empty()) return LoadFile(program, history, pending);
   // A set given up here counts as saved even when the dialog is cancelled: required.
   program.Set.BoardSetChanged = "0";
   if (const auto path = program.Operator.AskFile(OpenRequest(program)))
-    return LoadFile(program, *path);
+    return LoadFile(program, history, *path);
   program.Status("Ready");
   program.Operator.RefreshSet();
   return false;
 }
 
-bool LoadFile(Program& program, const std::string& path) {
+bool LoadFile(Program& program, history::History& history, const std::string& path) {
   ClearSet(program);
   program.Log.WriteLine("  Load: " + path);
   const bool loaded = ReadByExtension(program, path);
   if (loaded) {
-    TakeLoadedSet(program, path);
+    TakeLoadedSet(program, history, path);
   } else {
     ClearSet(program);
     program.Status("Ready");

@@ -3,6 +3,7 @@
 #include "files/capability_checks.h"
 #include "files/format_table.h"
 #include "files/last_used.h"
+#include "history/history.h"
 #include "platform/files.h"
 #include "program/program.h"
 
@@ -26,7 +27,9 @@ std::string SaveTime(const Clock& clock) {
   return time.insert(time.size() - kHalfOfDay, 1, ':');
 }
 
-void TakeSavedSet(Program& program, const std::string& path) {
+void TakeSavedSet(Program& program, history::History& history, const std::string& path) {
+  // A set saved twice stands there twice: required.
+  history.AddToHistory(program, NameOf(FileTitle(path)));
   RememberFile(program, path);
   program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
   program.Set.BoardSetFile = path;
@@ -36,7 +39,7 @@ void TakeSavedSet(Program& program, const std::string& path) {
 
 }  // namespace
 
-bool SaveBoardSet(Program& program) {
+bool SaveBoardSet(Program& program, history::History& history) {
   program.Status("Saving");
   if (!program.Set.Exists()) {
     program.Status(program.Texts.Msg034);
@@ -45,13 +48,13 @@ bool SaveBoardSet(Program& program) {
   }
   program.Log.WriteLine(" File-Save: " + SaveTime(program.Time));
   if (const auto path = program.Operator.AskFile(SaveRequest(program)))
-    return SaveFile(program, *path);
+    return SaveFile(program, history, *path);
   program.Status("Ready");
   program.Operator.RefreshSet();
   return false;
 }
 
-bool SaveFile(Program& program, const std::string& path) {
+bool SaveFile(Program& program, history::History& history, const std::string& path) {
   program.Log.WriteLine("  Save: " + path);
   const std::string extension = ExtensionOf(FileTitle(path));
   const Format* const format = FindFormat(extension);
@@ -65,7 +68,7 @@ bool SaveFile(Program& program, const std::string& path) {
     program.Status("Ready");
     return false;
   }
-  TakeSavedSet(program, path);
+  TakeSavedSet(program, history, path);
   return true;
 }
 

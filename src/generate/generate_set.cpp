@@ -131,7 +131,7 @@ void LogSet(Program& program, Range range, const RejectionTests& tests,
   program.Log.Boards(program.Set, range.First, range.Last, true);
 }
 
-GenerateResult DealSet(Program& program, Generator& generator, const HistoryRing& history,
+GenerateResult DealSet(Program& program, Generator& generator, const history::HistoryRing& history,
                        Range range, const GenerateRequest& request, GenerateView& view) {
   RejectionTests tests(program.Set, history, range.First, request.Reject, generator.Limits);
   const CandidateSource source = SourceOf(generator, request.With);
@@ -154,8 +154,9 @@ void OpenGenerate(Program& program, Generator& generator) {
   generator.Pool.AddTimeEntropy();
 }
 
-GenerateResult GenerateSet(Program& program, Generator& generator, const HistoryRing& history,
-                           const GenerateRequest& request, GenerateView& view) {
+GenerateResult GenerateSet(Program& program, Generator& generator,
+                           const history::HistoryRing& history, const GenerateRequest& request,
+                           GenerateView& view) {
   view.RunStarts();
   const Range range{Val(request.First), Val(request.Last)};
   const GenerateFocus wrongBox = CheckRange(program, range);
@@ -166,15 +167,17 @@ GenerateResult GenerateSet(Program& program, Generator& generator, const History
   return DealSet(program, generator, history, range, request, view);
 }
 
-GenerateResult PressBigDeal(Program& program, Generator& generator, const HistoryRing& history,
-                            GenerateRequest request, GenerateView& view) {
+GenerateResult PressBigDeal(Program& program, Generator& generator,
+                            const history::HistoryRing& history, GenerateRequest request,
+                            GenerateView& view) {
   request.With = DealGenerator::kNumber;
   if (!PrepareNumberSeeds(program, generator)) return Ended(GenerateEnd::kNoSeeds);
   return GenerateSet(program, generator, history, request, view);
 }
 
-GenerateResult PressCmdDeal(Program& program, Generator& generator, const HistoryRing& history,
-                            GenerateRequest request, GenerateView& view) {
+GenerateResult PressCmdDeal(Program& program, Generator& generator,
+                            const history::HistoryRing& history, GenerateRequest request,
+                            GenerateView& view) {
   request.With = DealGenerator::kShuffling;
   PrepareLfsrSeed(program, generator);
   return GenerateSet(program, generator, history, request, view);

@@ -70,14 +70,17 @@ void OpenGenerate(Program& program, Generator& generator);
 
 /// Replaces the set by boards First..Last, empty or dealt by the generator asked for with the seeds
 /// that it has. Failures have been shown. The buttons are the window's to enable again.
-GenerateResult GenerateSet(Program& program, Generator& generator, const HistoryRing& history,
-                           const GenerateRequest& request, GenerateView& view);
+GenerateResult GenerateSet(Program& program, Generator& generator,
+                           const history::HistoryRing& history, const GenerateRequest& request,
+                           GenerateView& view);
 
 /// The buttons: new seeds, then `GenerateSet` with that generator. The window's mouse feeder is off
 /// meanwhile.
-GenerateResult PressBigDeal(Program& program, Generator& generator, const HistoryRing& history,
-                            GenerateRequest request, GenerateView& view);
-GenerateResult PressCmdDeal(Program& program, Generator& generator, const HistoryRing& history,
-                            GenerateRequest request, GenerateView& view);
+GenerateResult PressBigDeal(Program& program, Generator& generator,
+                            const history::HistoryRing& history, GenerateRequest request,
+                            GenerateView& view);
+GenerateResult PressCmdDeal(Program& program, Generator& generator,
+                            const history::HistoryRing& history, GenerateRequest request,
+                            GenerateView& view);
 
 }  // namespace morvane::generate

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "model/shapes.h"
-#include "model/similarity.h"
 
 namespace morvane::generate {
 namespace {
@@ -56,24 +56,31 @@ bool RejectionTests::IsOddShape(int shape, int k) const {
 }
 
 bool RejectionTests::ResemblesSet(const Board& candidate, int k) {
-  for (int j = first_; j < k; ++j) {
-    const Similarity similarity = CompareHands(set_.At(j), candidate);
+  while (static_cast<int>(setHands_.size()) < k - first_) {
+    setHands_.push_back(MasksOf(set_.At(first_ + static_cast<int>(setHands_.size()))));
+  }
+  const HandMasks hands = MasksOf(candidate);
+  const auto boards =
+      std::span<const HandMasks>(setHands_).first(static_cast<std::size_t>(k - first_));
+  std::size_t at = 0;
+  while (true) {
+    const int interesting = std::min(BestInner.Cards, limits_.InnerLimit - 1);
+    at += FirstMoreAlike(hands, boards.subspan(at), interesting);
+    if (at == boards.size()) return false;
+    const Similarity similarity = CompareHands(boards[at], hands);
     if (similarity.Cards >= limits_.InnerLimit) return true;
     // Remembered even if a later board or test rejects the candidate: required.
-    if (similarity.Cards > BestInner.Cards) {
-      BestInner = {similarity.Cards, k, similarity.HandB, j, similarity.HandA, {}};
-    }
+    const int j = first_ + static_cast<int>(at);
+    BestInner = {similarity.Cards, k, similarity.HandB, j, similarity.HandA, {}};
   }
-  return false;
 }
 
 bool RejectionTests::ResemblesHistory(const Board& candidate, int k) {
-  const HistoricSimilarity similarity = history_.HistorySimilarity(candidate);
+  const history::HistoricSimilarity similarity = history_.HistorySimilarity(candidate);
   if (similarity.Cards >= limits_.HistoryLimit) return true;
   if (similarity.Cards > BestHistory.Cards) {
-    BestHistory = {similarity.Cards, k,
-                   similarity.HandC, similarity.Number,
-                   similarity.HandH, std::string(similarity.File)};
+    BestHistory = {similarity.Cards, k, similarity.HandC, similarity.Number, similarity.HandH,
+                   similarity.File};
   }
   return false;
 }

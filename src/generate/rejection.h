@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
-#include "generate/history_ring.h"
+#include "history/history_ring.h"
 #include "model/board_set.h"
+#include "model/similarity.h"
 
 namespace morvane::generate {
 
@@ -39,7 +41,7 @@ struct BestPair {
 class RejectionTests {
  public:
   /// `set` and `history` are read at each test and outlive the run, which starts at board `first`.
-  RejectionTests(const BoardSet& set, const HistoryRing& history, int first,
+  RejectionTests(const BoardSet& set, const history::HistoryRing& history, int first,
                  RejectionSwitches switches, RejectionLimits limits)
       : set_(set), history_(history), first_(first), switches_(switches), limits_(limits) {}
 
@@ -59,10 +61,11 @@ class RejectionTests {
   [[nodiscard]] bool IsOddShape(int shape, int k) const;
 
   const BoardSet& set_;
-  const HistoryRing& history_;
+  const history::HistoryRing& history_;
   int first_;
   RejectionSwitches switches_;
   RejectionLimits limits_;
+  std::vector<HandMasks> setHands_;  ///< of the set's boards from `first_` on, as far as known
 };
 
 /// How often a shape may stand in the set before board `k`: twice its expected count, rounded. No

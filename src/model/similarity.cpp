@@ -1,20 +1,33 @@
 #include "model/similarity.h"
 
-#include <algorithm>
+#include <bit>
 
 namespace morvane {
 
-Similarity CompareHands(const Board& a, const Board& b) {
-  std::array<int, std::size_t{kHands} * kHands> common{};
-  for (std::size_t card = 1; card <= kCards; ++card) {
-    const int inA = a.Cards[card];
-    const int inB = b.Cards[card];
-    if (inA < 1 || inA > kHands || inB < 1 || inB > kHands) continue;
-    ++common[static_cast<std::size_t>((inA - 1) * kHands + inB - 1)];
+HandMasks MasksOf(const Board& board) {
+  HandMasks masks;
+  for (int card = 1; card <= kCards; ++card) {
+    const int hand = board.Cards[static_cast<std::size_t>(card)];
+    if (hand >= 1 && hand <= kHands) masks.Add(hand, card);
   }
-  const auto best = std::max_element(common.begin(), common.end());
-  const int index = static_cast<int>(best - common.begin());
-  return {*best, HandLetter(index / kHands + 1), HandLetter(index % kHands + 1)};
+  return masks;
+}
+
+Similarity CompareHands(const HandMasks& a, const HandMasks& b) {
+  Similarity best;
+  for (std::size_t handA = 0; handA < kHands; ++handA) {
+    for (std::size_t handB = 0; handB < kHands; ++handB) {
+      const int common = std::popcount(a.Hands[handA] & b.Hands[handB]);
+      if (common <= best.Cards) continue;
+      best = {common, HandLetter(static_cast<int>(handA) + 1),
+              HandLetter(static_cast<int>(handB) + 1)};
+    }
+  }
+  return best;
+}
+
+Similarity CompareHands(const Board& a, const Board& b) {
+  return CompareHands(MasksOf(a), MasksOf(b));
 }
 
 }  // namespace morvane

@@ -97,13 +97,7 @@ std::string DecodeText(std::string bytes) {
     if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
     return bytes;
   }
-  std::string text;
-  text.reserve(bytes.size() + bytes.size() / 8);
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    AppendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
-  }
-  return text;
+  return TextOfAnsi(bytes);
 }
 
 std::string EncodeText(std::string_view text) {
@@ -113,6 +107,39 @@ std::string EncodeText(std::string_view text) {
   std::string utf8(text);
   if (text.starts_with(kByteOrderMark)) utf8.insert(0, kByteOrderMark);
   return utf8;
+}
+
+std::string AnsiBytes(std::string_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    const Character character = FirstOf(text);
+    bytes += character.Size == 0 ? '?' : Windows1252Byte(character.Code).value_or('?');
+    text.remove_prefix(std::max<std::size_t>(1, character.Size));
+  }
+  return bytes;
+}
+
+std::string TextOfAnsi(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    AppendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
+  }
+  return text;
+}
+
+std::string UpperCaseAnsi(std::string_view bytes) {
+  std::string upper(bytes);
+  for (char& c : upper) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool letter =
+        (byte >= 'a' && byte <= 'z') || (byte >= 0xE0 && byte <= 0xFE && byte != 0xF7);
+    if (letter) c = static_cast<char>(byte - 0x20);
+    if (byte == 0x9A || byte == 0x9C || byte == 0x9E) c = static_cast<char>(byte - 0x10);
+    if (byte == 0xFF) c = static_cast<char>(0x9F);
+  }
+  return upper;
 }
 
 std::string_view CharacterAt(std::string_view text, std::size_t at) {

@@ -15,6 +15,15 @@ namespace morvane {
 /// UTF-8 `text` as the bytes of a file.
 [[nodiscard]] std::string EncodeText(std::string_view text);
 
+// Records of a fixed length have one byte of Windows-1252 for each character.
+
+/// UTF-8 `text` with "?" for each character that has no byte.
+[[nodiscard]] std::string AnsiBytes(std::string_view text);
+/// Such bytes as UTF-8.
+[[nodiscard]] std::string TextOfAnsi(std::string_view bytes);
+/// Such bytes in upper case, accented letters too.
+[[nodiscard]] std::string UpperCaseAnsi(std::string_view bytes);
+
 /// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end.
 [[nodiscard]] std::string_view CharacterAt(std::string_view text, std::size_t at);
 

@@ -39,6 +39,8 @@ File OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
   return OpenFile(path, opening == Opening::kNew ? "wbx" : "wb");
 }
 
+bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
+
 bool MayWrite(const std::string& path) {
   constexpr int kToWrite = 2;
   return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
@@ -51,6 +53,8 @@ File OpenToWrite(const std::string& path, Opening opening, NewFile access) {
   const int file = open(path.c_str(), flags, access == NewFile::kPrivate ? 0600 : 0666);
   return File(file < 0 ? nullptr : fdopen(file, "wb"));
 }
+
+bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
 
 bool MayWrite(const std::string& path) {
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
@@ -71,15 +75,56 @@ File OpenBeside(const std::string& path, NewFile access, std::string& name) {
   return file;
 }
 
-std::optional<RuntimeError> WriteAndClose(File file, std::string_view bytes) {
+/// The same under the one name that only the holder of the file's lock uses.
+File OpenOwnBeside(const std::string& path, NewFile access, std::string& name) {
+  name = path + ".new";
+  return OpenToWrite(name, Opening::kOver, access);
+}
+
+using BesideOpener = File (*)(const std::string& path, NewFile access, std::string& name);
+
+/// When written bytes count as written: in the system's hands, or where a power cut leaves them.
+enum class Lasting { kUsual, kSafe };
+
+std::optional<RuntimeError> WriteAndClose(File file, std::string_view bytes,
+                                          Lasting lasting = Lasting::kUsual) {
   if (!file) return RuntimeError::Last();
   if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
       std::fflush(file.get()) != 0) {
     return RuntimeError::Last();
   }
+  if (lasting == Lasting::kSafe && !Sync(file.get())) return RuntimeError::Last();
   // A network drive may refuse the bytes only now.
   if (std::fclose(file.release()) != 0) return RuntimeError::Last();
   return std::nullopt;
+}
+
+std::optional<RuntimeError> Write(const std::string& path, std::string_view bytes, NewFile access,
+                                  BesideOpener openBeside) {
+  std::error_code failure;
+  const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
+  const bool replaces = std::filesystem::is_regular_file(old);
+  if (!replaces && std::filesystem::exists(old)) {
+    return WriteAndClose(OpenToWrite(path, Opening::kOver, access), bytes);
+  }
+  // Renaming would not ask the old file.
+  if (replaces && !MayWrite(path)) return RuntimeError::Last();
+
+  std::string beside;
+  File file = openBeside(path, replaces ? NewFile::kPrivate : access, beside);
+  if (!file) return RuntimeError::Last();
+  if (replaces) {
+    // A file system without permissions may refuse them; the bytes matter more.
+    std::filesystem::permissions(PathOfUtf8(beside),
+                                 old.permissions() & std::filesystem::perms::all, failure);
+  }
+  auto error = WriteAndClose(std::move(file), bytes, Lasting::kSafe);
+  if (!error) {
+    std::filesystem::rename(PathOfUtf8(beside), PathOfUtf8(path), failure);
+    if (failure) error = RuntimeError::Of(failure);
+  }
+  if (error) std::filesystem::remove(PathOfUtf8(beside), failure);
+  return error;
 }
 
 }  // namespace
@@ -139,31 +184,12 @@ std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes
 
 std::optional<RuntimeError> WriteFile(const std::string& name, std::string_view bytes,
                                       NewFile access) {
-  const std::string path = FileBehind(name);
-  std::error_code failure;
-  const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
-  const bool replaces = std::filesystem::is_regular_file(old);
-  if (!replaces && std::filesystem::exists(old)) {
-    return WriteAndClose(OpenToWrite(path, Opening::kOver, access), bytes);
-  }
-  // Renaming would not ask the old file.
-  if (replaces && !MayWrite(path)) return RuntimeError::Last();
+  return Write(FileBehind(name), bytes, access, OpenBeside);
+}
 
-  std::string beside;
-  File file = OpenBeside(path, replaces ? NewFile::kPrivate : access, beside);
-  if (!file) return RuntimeError::Last();
-  if (replaces) {
-    // A file system without permissions may refuse them; the bytes matter more.
-    std::filesystem::permissions(PathOfUtf8(beside),
-                                 old.permissions() & std::filesystem::perms::all, failure);
-  }
-  auto error = WriteAndClose(std::move(file), bytes);
-  if (!error) {
-    std::filesystem::rename(PathOfUtf8(beside), PathOfUtf8(path), failure);
-    if (failure) error = RuntimeError::Of(failure);
-  }
-  if (error) std::filesystem::remove(PathOfUtf8(beside), failure);
-  return error;
+std::optional<RuntimeError> WriteLockedFile(const std::string& name, std::string_view bytes,
+                                            NewFile access) {
+  return Write(FileBehind(name), bytes, access, OpenOwnBeside);
 }
 
 std::optional<RuntimeError> AppendToFile(const std::string& path, std::string_view bytes) {

@@ -41,6 +41,11 @@ enum class NewFile { kOpen, kPrivate };
 /// Anything else (a device) is written in place.
 [[nodiscard]] std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
                                                     NewFile access = NewFile::kOpen);
+/// The same for a file whose lock the caller holds. Nobody else writes beside it then, so that what
+/// a program that was killed left there is written over.
+[[nodiscard]] std::optional<RuntimeError> WriteLockedFile(const std::string& path,
+                                                          std::string_view bytes,
+                                                          NewFile access = NewFile::kOpen);
 [[nodiscard]] std::optional<RuntimeError> AppendToFile(const std::string& path,
                                                        std::string_view bytes);
 

@@ -133,7 +133,7 @@ bool IniSettings::Set(const SettingKey& key, std::string_view value) {
   std::string text;
   return ini.SetValue(std::string(key.Section).c_str(), std::string(key.Name).c_str(),
                       Quoted(value).c_str()) >= 0 &&
-         ini.Save(text) >= 0 && !WriteFile(path, text, NewFile::kPrivate);
+         ini.Save(text) >= 0 && !WriteLockedFile(path, text, NewFile::kPrivate);
 }
 
 }  // namespace morvane

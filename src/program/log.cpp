@@ -7,6 +7,7 @@
 #include "model/text.h"
 #include "platform/files.h"
 #include "platform/ui.h"
+#include "program/data_folder.h"
 
 namespace morvane {
 
@@ -18,6 +19,7 @@ bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
     return false;
   }
   const LocalTime now = clock_.Now();
+  folder_ = dataFolder;
   path_ = JoinPath(dataFolder,
                    "Log_" + std::to_string(now.Year) + "_" + std::to_string(now.Month) + ".txt");
   return true;
@@ -29,12 +31,17 @@ void Log::WriteLine(std::string_view text) {
   // A name or text from a file must not begin a line of its own, which could pass for a record.
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  if (const auto error = AppendToFile(path_, line.append(kCrLf))) {
+  if (const auto error = Append(line.append(kCrLf))) {
     on_ = false;
     ui_.MessageBox("Error: " + std::to_string(error->Number) + ", " + error->Description +
                        std::string(kCrLf) + "File Name: " + path_,
                    kOkCritical, "Log Write Error");
   }
+}
+
+std::optional<RuntimeError> Log::Append(std::string_view bytes) const {
+  const auto lock = LockDataFolder(folder_);
+  return AppendToFile(path_, bytes);
 }
 
 void Log::WriteTime(std::string_view text) { WriteLine(std::string(text) + TimeText(clock_)); }

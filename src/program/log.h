@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,8 +38,11 @@ class Log {
   [[nodiscard]] const std::string& Path() const { return path_; }
 
  private:
+  [[nodiscard]] std::optional<RuntimeError> Append(std::string_view bytes) const;
+
   Ui& ui_;
   const Clock& clock_;
+  std::string folder_;
   std::string path_;
   bool on_ = false;
 };

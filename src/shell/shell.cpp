@@ -23,13 +23,13 @@ Shell::Shell(Program& program, UsbXpress& usb, Windows& windows)
 void Shell::MenuLoad() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  files::LoadBoardSet(program_, startFile_);
+  files::LoadBoardSet(program_, history_, startFile_);
 }
 
 void Shell::MenuSave() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  files::SaveBoardSet(program_);
+  files::SaveBoardSet(program_, history_);
 }
 
 void Shell::MenuDeal() {
@@ -60,7 +60,7 @@ bool Shell::Exit() {
   }
   if (program_.Set.Changed()) {
     const int answer = program_.Ask(program_.Texts.Msg062, kYesNoCancelExclamation, "Exit");
-    if (answer == kYes) files::SaveBoardSet(program_);
+    if (answer == kYes) files::SaveBoardSet(program_, history_);
     if (answer != kNo && program_.Set.Changed()) return false;
   }
   program_.Log.WriteTime(" Exit: ");

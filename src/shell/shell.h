@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "generate/generator.h"
-#include "generate/history_ring.h"
+#include "history/history.h"
 #include "machine/dealing_run.h"
 #include "machine/machine.h"
 #include "model/number_filter.h"
@@ -60,7 +60,8 @@ class Shell {
 
   [[nodiscard]] bool FlowActive() const { return flows_ > 0; }
   [[nodiscard]] generate::Generator& Deals() { return generator_; }
-  [[nodiscard]] generate::HistoryRing& History() { return history_; }
+  [[nodiscard]] history::History& History() { return history_; }
+  [[nodiscard]] const history::History& History() const { return history_; }
   [[nodiscard]] machine::Machine& TheMachine() { return machine_; }
 
  private:
@@ -84,7 +85,7 @@ class Shell {
   Program& program_;
   Windows& windows_;
   generate::Generator generator_;
-  generate::HistoryRing history_;
+  history::History history_;
   machine::Machine machine_;
   machine::RunMemory runMemory_;
   std::string startFile_;

@@ -52,7 +52,7 @@ void Shell::StartUp(const std::string& commandLine) {
   program_.Loop.Pump();
   history_.LoadHistory(program_);
   OpenLog();
-  program_.Log.WriteLine("History records: " + std::to_string(history_.HistoryUsed));
+  program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
   program_.Status("Ready");
   program_.Log.WriteLine("---");
   program_.Log.WriteLine("Start " + DateTimeText(program_.Time.Now()));
@@ -63,7 +63,7 @@ void Shell::StartUp(const std::string& commandLine) {
   if (!files.FirmwareFile.empty()) {
     RefuseFirmware(files.FirmwareFile);
   } else if (!startFile_.empty()) {
-    files::LoadBoardSet(program_, startFile_);
+    files::LoadBoardSet(program_, history_, startFile_);
   }
 }
 

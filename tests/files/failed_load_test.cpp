@@ -72,7 +72,7 @@ TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
     desk.Prog.ServiceLevel = 1;
     const std::string path = desk.Folder / (std::string("set.") + extension);
     test::WriteContent(path, kTwoBoards);
-    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
     EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
     ExpectEmptySet(desk.Prog.Set);
   }
@@ -84,7 +84,7 @@ TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
   std::string value;
   for (int i = 0; i < 500'000; ++i) value += "record###      ";
   test::WriteContent(path, "[Board \"1\"]\n[Dealer \"" + value + "\"]\n");
-  EXPECT_FALSE(LoadFile(desk.Prog, path));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
   EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.ends_with(
       "line2      \" in line: 2      \r\n\r\n      Load operation aborted!      "));
   ExpectEmptySet(desk.Prog.Set);
@@ -124,8 +124,8 @@ TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
 TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
   LoadDesk desk;
   std::filesystem::create_directory(desk.Folder / "x.pbn");
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "x.pbn"));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / "none.pbn"));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / "x.pbn"));
   const FakeUi::Box first = LoadFailure("2", "No such file or directory");
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(first, first));
 }
@@ -154,7 +154,7 @@ TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
     LoadDesk desk;
     const std::string path = desk.Folder / "empty.pbn";
     test::WriteContent(path, content);
-    EXPECT_FALSE(LoadFile(desk.Prog, path));
+    EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
     EXPECT_THAT(desk.Ui.Boxes,
                 ElementsAre(FakeUi::Box{"      File format error     \r\n      File is empty      "
                                         "\r\n\r\n      Load operation aborted!      ",
@@ -166,8 +166,8 @@ TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
 
 TEST(FailedLoad, TheNextLoadWorksAgain) {
   LoadDesk desk;
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.Folder / "none.pbn"));
-  EXPECT_TRUE(LoadFile(desk.Prog, desk.Good));
+  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / "none.pbn"));
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.History, desk.Good));
   EXPECT_EQ(desk.Prog.Set.Count(), 2);
 }
 

@@ -25,7 +25,7 @@ struct LoadDesk : test::TestDesk {
     Prog.Set.CurrentBoard = 2;
     test::WriteContent(Good, kTwoBoards);
   }
-  void Load() { LoadBoardSet(Prog, StartFile); }
+  void Load() { LoadBoardSet(Prog, History, StartFile); }
 
   const std::string Good = Folder / "two.pbn";
   std::string StartFile;

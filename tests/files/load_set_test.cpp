@@ -73,10 +73,10 @@ TEST(Load, TheWindowShowsTheEmptySetThenTheWholeNewOneWhichIsNotChanged) {
   window.Prog = &program;
   program.Set.BoardSetFile = "/old.pbn";
   program.Set.LastBoard = 9;
-  EXPECT_TRUE(LoadFile(program, desk.Good));
+  EXPECT_TRUE(LoadFile(program, desk.History, desk.Good));
   EXPECT_THAT(window.Shown, ElementsAre("0", "2Evening" + desk.Good));
   EXPECT_EQ(program.Set.BoardSetChanged, "0");
-  EXPECT_FALSE(LoadFile(program, desk.Folder / "none.pbn"));
+  EXPECT_FALSE(LoadFile(program, desk.History, desk.Folder / "none.pbn"));
   EXPECT_THAT(window.Shown, ElementsAre("0", "2Evening" + desk.Good, "0", "0"));
   EXPECT_EQ(program.Set.BoardSetChanged, "0");
 }
@@ -243,7 +243,7 @@ TEST(Load, WithoutALogItWorksAllTheSame) {
   RuntimeError error;
   EXPECT_FALSE(silent.Log.Start(silent.Paths.Data, error));
   test::WriteContent(desk.Folder / "two.pbn", kTwoBoards);
-  EXPECT_TRUE(LoadFile(silent, desk.Folder / "two.pbn"));
+  EXPECT_TRUE(LoadFile(silent, desk.History, desk.Folder / "two.pbn"));
   EXPECT_EQ(silent.Set.Count(), 2);
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
@@ -251,7 +251,7 @@ TEST(Load, WithoutALogItWorksAllTheSame) {
 TEST(Load, ASettingsStoreThatCannotBeWrittenDoesNotStopIt) {
   LoadDesk desk;
   desk.Store.Writable = false;
-  EXPECT_TRUE(LoadFile(desk.Prog, desk.Good));
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.History, desk.Good));
   EXPECT_EQ(desk.Prog.Set.Count(), 2);
 }
 
@@ -260,7 +260,7 @@ TEST(Load, AccentedNamesAreReadFromEitherEncoding) {
     LoadDesk desk;
     const std::string path = desk.Folder / "caf\xC3\xA9.pbn";
     test::WriteContent(path, "[Event \"" + name + "\"]\n[Board \"1\"]\n");
-    EXPECT_TRUE(LoadFile(desk.Prog, path));
+    EXPECT_TRUE(LoadFile(desk.Prog, desk.History, path));
     EXPECT_EQ(desk.Prog.Set.EventName, "Caf\xC3\xA9");
     EXPECT_EQ(desk.Prog.Set.BoardSetFile, path);
   }

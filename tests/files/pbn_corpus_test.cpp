@@ -18,7 +18,7 @@ std::string Corpus(const std::string& name) {
 }
 
 struct Loaded : TestDesk {
-  explicit Loaded(const std::string& name) : Ok(LoadFile(Prog, Corpus(name))) {}
+  explicit Loaded(const std::string& name) : Ok(LoadFile(Prog, History, Corpus(name))) {}
   [[nodiscard]] std::string Cards(int n) const { return FormatBoardForLog(Prog.Set.At(n), false); }
   /// The one line of the box that says what is wrong.
   [[nodiscard]] std::string Fault() const {

@@ -44,7 +44,7 @@ struct SaveDesk : TestDesk {
   }
   void SaveTo(const std::string& path) {
     Ui.Files = {path};
-    SaveBoardSet(Prog);
+    SaveBoardSet(Prog, History);
   }
   const std::string Path = Folder / "evening.pbn";
 };
@@ -74,7 +74,7 @@ TEST(Save, WritesTheFileAndMarksTheSetAsSaved) {
 TEST(Save, WithoutASetIsRefused) {
   SaveDesk desk;
   desk.Prog.Set.LastBoard = 0;
-  SaveBoardSet(desk.Prog);
+  SaveBoardSet(desk.Prog, desk.History);
   const std::string text = "      Board Set does not exist. Request ignored!      ";
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{text, 16, "Save Error"}));
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Saving", text));
@@ -87,7 +87,7 @@ TEST(Save, TheDialogOpensOnTheLastFormatAndFolder) {
   SaveDesk desk;
   desk.Store.Set(kInitFormat, "csv");
   desk.Store.Set(kInitDirectory, "/events/");
-  SaveBoardSet(desk.Prog);
+  SaveBoardSet(desk.Prog, desk.History);
   ASSERT_EQ(desk.Ui.FileRequests.size(), 1U);
   const FileRequest& request = desk.Ui.FileRequests[0];
   EXPECT_EQ(request.Title, "Save Board Set");
@@ -99,7 +99,7 @@ TEST(Save, TheDialogOpensOnTheLastFormatAndFolder) {
 
 TEST(Save, ACancelledDialogLeavesEverythingAsItWas) {
   SaveDesk desk;
-  SaveBoardSet(desk.Prog);
+  SaveBoardSet(desk.Prog, desk.History);
   ExpectNotSaved(desk);
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Saving", "Ready"));
   EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Save: 3:04:05: PM"));
@@ -166,7 +166,7 @@ TEST(Save, IncompleteBoardsAreAskedAboutBeforeTheFileIsTouched) {
   EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
 
   desk.Ui.Answers = {kYes};
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_EQ(desk.Ui.Statuses.back(), "Boards Saved: 3");
 }
 
@@ -232,8 +232,8 @@ TEST(FailedSave, AFullDiskIsTheSystemsErrorAndLeavesTheOldFile) {
 TEST(FailedSave, EachOneShowsItsOwnWords) {
   SaveDesk desk;
   std::filesystem::create_directory(desk.Path);
-  EXPECT_FALSE(SaveFile(desk.Prog, desk.Folder / "none/x.pbn"));
-  EXPECT_FALSE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / "none/x.pbn"));
+  EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(SaveFailure("2", "No such file or directory"),
                                          SaveFailure("21", "Is a directory")));
 }
@@ -241,23 +241,23 @@ TEST(FailedSave, EachOneShowsItsOwnWords) {
 TEST(SavedFile, KeepsTheAnalysisOnlyWithItsSetting) {
   SaveDesk desk;
   desk.Prog.Set.At(1).Tricks[0] = 3;
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_NE(test::Content(desk.Path).find("[DoubleDummyTricks \"91111111111111111111\"]"),
             std::string::npos);
   desk.Store.Set(kSaveAnalyze, "0");
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_EQ(test::Content(desk.Path), kBoard1);
 }
 
 TEST(SavedFile, IsWindows1252WherePossibleAndElseUtf8) {
   SaveDesk desk;
   desk.Prog.Set.EventName = "Caf\xC3\xA9";
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_NE(test::Content(desk.Path).find("[Event \"Caf\xE9\"]"), std::string::npos);
   desk.Prog.Set.EventSite =
       "\xC5\x81\xC3\xB3"
       "d\xC5\xBA";
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_NE(test::Content(desk.Path).find("[Event \"Caf\xC3\xA9\"]"), std::string::npos);
 }
 
@@ -269,7 +269,7 @@ TEST(SavedFile, LoadsAsTheSameSet) {
   desk.Prog.Set.At(7).Tricks[4] = 7;
   desk.SaveTo(desk.Path);
   const auto before = std::make_unique<BoardSet>(desk.Prog.Set);
-  EXPECT_TRUE(LoadFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.History, desk.Path));
   EXPECT_TRUE(desk.Prog.Set.Boards == before->Boards);
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 5);
   EXPECT_EQ(desk.Prog.Set.LastBoard, 12);
@@ -283,9 +283,9 @@ TEST(SavedFile, EmptyBoardsInBetweenCountAsIncomplete) {
       "[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
       "...AKQJT98765432\"]\n";
   test::WriteContent(desk.Folder / "two.pbn", "[Board \"3\"]\n" + deal + "[Board \"7\"]\n" + deal);
-  ASSERT_TRUE(LoadFile(desk.Prog, desk.Folder / "two.pbn"));
+  ASSERT_TRUE(LoadFile(desk.Prog, desk.History, desk.Folder / "two.pbn"));
   desk.Ui.Answers = {kYes};
-  EXPECT_TRUE(SaveFile(desk.Prog, desk.Path));
+  EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));
   EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.starts_with(
       "      Boards number: 4, 5, 6 are incomplete.      \r\n"));
   EXPECT_EQ(desk.Ui.Statuses.back(), "Boards Saved: 5");

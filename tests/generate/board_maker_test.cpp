@@ -19,7 +19,7 @@ struct Bench {
   }
 
   BoardSet Set;
-  HistoryRing History;
+  history::HistoryRing History;
   RejectionTests Tests{Set, History, 1, {.Inner = true}, {}};
   int Drawn = 0;
 };

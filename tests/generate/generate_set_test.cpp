@@ -37,7 +37,7 @@ struct GenerateDesk : TestDesk {
   GenerateDesk() { History.LoadHistory(Prog); }
 
   GenerateResult Run(const GenerateRequest& request) {
-    return GenerateSet(Prog, Gen, History, request, View);
+    return GenerateSet(Prog, Gen, History.Ring(), request, View);
   }
   GenerateResult RunSeeded(int first, int last, RejectionSwitches reject) {
     EXPECT_TRUE(UseNumberSeeds(Prog, Gen.Number, kSeedr, kSeedo));
@@ -45,7 +45,6 @@ struct GenerateDesk : TestDesk {
   }
 
   Generator Gen{Prog};
-  HistoryRing History;
   RecordingView View;
 };
 
@@ -311,8 +310,8 @@ Rejections RejectionsOf(GenerateDesk& desk, int last) {
   BoardSet set;
   NumberDealer dealer;
   EXPECT_TRUE(UseNumberSeeds(desk.Prog, dealer, kSeedr, kSeedo));
-  RejectionTests shape(set, desk.History, 1, {.Shape = true}, desk.Gen.Limits);
-  RejectionTests inner(set, desk.History, 1, {.Inner = true}, desk.Gen.Limits);
+  RejectionTests shape(set, desk.History.Ring(), 1, {.Shape = true}, desk.Gen.Limits);
+  RejectionTests inner(set, desk.History.Ring(), 1, {.Inner = true}, desk.Gen.Limits);
   for (int k = 1; k <= last;) {
     dealer.NextNumberDeal(set.At(k));
     if (shape.Rejects(set.At(k), k)) {
@@ -455,7 +454,7 @@ TEST(PressBigDeal, PreparesSeedsThenGenerates) {
   desk.Gen.Pool.SeedmCounter = 40;
   GenerateRequest request = Plain("1", "2");
   request.With = DealGenerator::kShuffling;  // the button decides
-  const GenerateResult result = PressBigDeal(desk.Prog, desk.Gen, desk.History, request, desk.View);
+  const GenerateResult result = PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), request, desk.View);
   EXPECT_EQ(result.End, GenerateEnd::kDone);
   EXPECT_EQ(desk.Gen.Pool.SeedmCounter, 0);
   const std::vector<std::string> lines = desk.LogLines();
@@ -474,7 +473,7 @@ TEST(PressBigDeal, AFailedSystemSourceChangesNothing) {
   test::FillSet(desk.Prog.Set, 1, 8);
   desk.Random.AllZero = true;
   const GenerateResult result =
-      PressBigDeal(desk.Prog, desk.Gen, desk.History, Plain("1", "2"), desk.View);
+      PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), Plain("1", "2"), desk.View);
   EXPECT_EQ(result.End, GenerateEnd::kNoSeeds);
   EXPECT_EQ(desk.View.Starts, 0);
   EXPECT_EQ(desk.Prog.Set.LastBoard, 8);
@@ -484,17 +483,17 @@ TEST(PressBigDeal, AFailedSystemSourceChangesNothing) {
 TEST(PressBigDeal, PressedTwiceGivesAnotherSet) {
   // The system's bytes are the same in this test; only the pool has moved on.
   GenerateDesk desk;
-  PressBigDeal(desk.Prog, desk.Gen, desk.History, Plain("1", "1"), desk.View);
+  PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), Plain("1", "1"), desk.View);
   const auto cards = desk.Prog.Set.At(1).Cards;
   for (int i = 1; i <= 10; ++i) desk.Gen.Pool.SampleMouse(7 * i, 3 * i);
-  PressBigDeal(desk.Prog, desk.Gen, desk.History, Plain("1", "1"), desk.View);
+  PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), Plain("1", "1"), desk.View);
   EXPECT_NE(desk.Prog.Set.At(1).Cards, cards);
 }
 
 TEST(PressCmdDeal, PreparesTheRegisterThenGenerates) {
   GenerateDesk desk;
   const GenerateResult result =
-      PressCmdDeal(desk.Prog, desk.Gen, desk.History, Plain("1", "2"), desk.View);
+      PressCmdDeal(desk.Prog, desk.Gen, desk.History.Ring(), Plain("1", "2"), desk.View);
   EXPECT_EQ(result.End, GenerateEnd::kDone);
   const std::vector<std::string> lines = desk.LogLines();
   ASSERT_EQ(lines.size(), 5U);
@@ -507,7 +506,7 @@ TEST(PressCmdDeal, PreparesTheRegisterThenGenerates) {
 TEST(PressCmdDeal, MakesTheEmptySetToo) {
   GenerateDesk desk;
   const GenerateResult result =
-      PressCmdDeal(desk.Prog, desk.Gen, desk.History, Empty("3", "7"), desk.View);
+      PressCmdDeal(desk.Prog, desk.Gen, desk.History.Ring(), Empty("3", "7"), desk.View);
   EXPECT_EQ(result.End, GenerateEnd::kDone);
   const std::vector<std::string> lines = desk.LogLines();
   ASSERT_EQ(lines.size(), 3U);

@@ -49,7 +49,7 @@ Board WithTwelveKept(Board board) {
 
 struct TestsOn {
   BoardSet Set;
-  HistoryRing History;
+  history::HistoryRing History;
   RejectionTests With(RejectionSwitches switches, int first = 1, RejectionLimits limits = {}) {
     return {Set, History, first, switches, limits};
   }

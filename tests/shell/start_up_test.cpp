@@ -52,7 +52,7 @@ TEST(StartUp, ShowsTheWindowThenLetsItLiveThenLoadsTheHistoryAndOpensTheLog) {
   desk.Main.StartUp("");
   EXPECT_EQ(pumps, 1);
   EXPECT_EQ(desk.Desktop.MainMenus, 1);
-  EXPECT_TRUE(desk.Main.History().HistoryEnabled);
+  EXPECT_TRUE(desk.Main.History().HistoryEnabled());
   EXPECT_TRUE(desk.Prog.Log.On());
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading...", "Ready"));
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
@@ -197,7 +197,7 @@ TEST(StartUp, WithoutADataFolderHistoryAndLogTellItAndTheProgramGoesOn) {
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(DataFolderBox(desk, "Not a directory", "History Error"),
                           DataFolderBox(desk, "Error: 20, Not a directory", "Log Error")));
-  EXPECT_FALSE(desk.Main.History().HistoryEnabled);
+  EXPECT_FALSE(desk.Main.History().HistoryEnabled());
   EXPECT_FALSE(desk.Prog.Log.On());
   EXPECT_EQ(desk.Prog.Set.LastBoard, 4);
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading...", "Ready", "Loading", "Boards loaded: 2"));

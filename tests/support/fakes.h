@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "history/history.h"
 #include "platform/entropy.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
@@ -103,6 +104,7 @@ class TestDesk {
   FakeEntropy Random;
   FakeSound Speaker;
   Program Prog;
+  history::History History;  ///< off until it is loaded
 
   /// The lines of the log so far, without their line ends.
   [[nodiscard]] std::vector<std::string> LogLines() const;

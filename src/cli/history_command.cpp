@@ -1,0 +1,41 @@
+#include "cli/history_command.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "cli/columns.h"
+#include "model/text.h"
+
+namespace morvane::cli {
+namespace {
+
+using history::HistoryEntry;
+
+std::string EntryLine(const HistoryEntry& entry) {
+  const std::size_t length = CharacterCount(entry.Name);
+  const std::size_t room = history::kNameCharacters;
+  return RightAligned(std::to_string(entry.Position), 6) + "  " + entry.Name +
+         std::string(room - std::min(room, length), ' ') +
+         RightAligned(std::to_string(entry.Boards), 6) + "\n";
+}
+
+}  // namespace
+
+ExitStatus ShowHistory(Workplace& place, const Request& request, const shell::Shell& shell) {
+  if (!shell.History().HistoryEnabled()) return kFailed;  // why has been told
+  const history::HistoryRing& ring = shell.History().Ring();
+  const auto entries = ring.Entries();
+  const int boards =
+      std::accumulate(entries.begin(), entries.end(), 0,
+                      [](int sum, const HistoryEntry& entry) { return sum + entry.Boards; });
+  if (request.List) {
+    place.Screen.Out("Record  Name" + std::string(history::kNameCharacters - 4, ' ') + "Boards\n");
+    for (const HistoryEntry& entry : entries) place.Screen.Out(EntryLine(entry));
+  }
+  place.Screen.Out("History: " + std::to_string(entries.size()) + " entries, " +
+                   std::to_string(boards) + " boards, " + std::to_string(ring.HistoryUsed()) +
+                   " of " + std::to_string(history::kRingSize) + " records in use\n");
+  return kDone;
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "cli/commands.h"
+
+namespace morvane::cli {
+
+/// Shows how full the history is and, when asked, its entries from the oldest to the newest.
+ExitStatus ShowHistory(Workplace& place, const Request& request, const shell::Shell& shell);
+
+}  // namespace morvane::cli

@@ -1,0 +1,94 @@
+#include "history/history.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include "model/text.h"
+#include "platform/files.h"
+#include "program/data_folder.h"
+
+namespace morvane::history {
+namespace {
+
+std::string RingFile(const Program& program) {
+  return JoinPath(program.Paths.Data, "history1.dat");
+}
+
+/// Reads the file; one that is not there has no bytes.
+std::optional<RuntimeError> ReadIfThere(const std::string& path, std::string& bytes) {
+  const auto error = ReadFile(path, bytes);
+  return error && error->Number == ENOENT ? std::nullopt : error;
+}
+
+}  // namespace
+
+bool History::LoadHistory(Program& program) {
+  enabled_ = true;
+  if (auto error = EnterDataFolder(program.Paths.Data)) {
+    TurnOff(program, {program.Texts.Msg083, *std::move(error)});
+  } else if (const auto failure = Read(program)) {
+    TurnOff(program, *failure);
+  }
+  return enabled_;
+}
+
+std::optional<History::Failure> History::Read(Program& program) {
+  const auto lock = LockDataFolder(program.Paths.Data);
+  std::string bytes;
+  if (auto error = ReadIfThere(RingFile(program), bytes)) {
+    return Failure{program.Texts.Msg084, *std::move(error)};
+  }
+  if (bytes.empty()) {
+    if (auto failure = TakeOverOldFile(program, bytes)) return failure;
+  }
+  ring_.Load(std::move(bytes));
+  return std::nullopt;
+}
+
+std::optional<History::Failure> History::TakeOverOldFile(Program& program, std::string& bytes) {
+  const std::string oldPath = JoinPath(program.Paths.Application, "history.dat");
+  std::error_code none;
+  if (!std::filesystem::is_regular_file(PathOfUtf8(oldPath), none)) return std::nullopt;
+  std::string oldBytes;
+  if (auto error = ReadFile(oldPath, oldBytes)) {
+    return Failure{program.Texts.Msg084, *std::move(error)};
+  }
+  if (oldBytes.empty()) return std::nullopt;
+  program.Status("Copy old history file...");
+  bytes = ConvertedHistory(oldBytes);
+  if (auto error = WriteLockedFile(RingFile(program), bytes)) {
+    return Failure{program.Texts.Msg085, *std::move(error)};
+  }
+  program.Status("Old history file copied    ");
+  return std::nullopt;
+}
+
+void History::AddToHistory(Program& program, std::string_view name) {
+  if (!program.Set.Exists() || !enabled_ || Trim(name).empty()) return;
+  if (const auto failure = Append(program, name)) TurnOff(program, *failure);
+}
+
+std::optional<History::Failure> History::Append(Program& program, std::string_view name) {
+  const auto lock = LockDataFolder(program.Paths.Data);
+  std::string bytes;
+  if (auto error = ReadIfThere(RingFile(program), bytes)) {
+    return Failure{program.Texts.Msg084, *std::move(error)};
+  }
+  // A file that somebody took away comes back with all that this program knows.
+  if (!bytes.empty() && bytes != ring_.Bytes()) ring_.Load(std::move(bytes));
+  ring_.Append(program.Set, name);
+  if (auto error = WriteLockedFile(RingFile(program), ring_.Bytes())) {
+    return Failure{program.Texts.Msg085, *std::move(error)};
+  }
+  return std::nullopt;
+}
+
+void History::TurnOff(Program& program, const Failure& failure) {
+  enabled_ = false;
+  ring_ = HistoryRing();
+  const std::string text = Fill(failure.Text, "***", program.Paths.Application);
+  program.ShowMessage(Fill(text, "###", failure.Error.Description), kOkCritical, "History Error");
+}
+
+}  // namespace morvane::history

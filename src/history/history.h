@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "history/history_ring.h"
+#include "program/program.h"
+
+namespace morvane::history {
+
+/// The history of boards already played, kept in "history1.dat" of the data folder. The first
+/// failure tells the operator and turns it off until the program ends: the ring is empty then, and
+/// nothing is written.
+class History {
+ public:
+  /// At start-up: enters the data folder, making it where it is missing, and reads the history; an
+  /// older one beside the program is taken over once. Whether the history can be used.
+  bool LoadHistory(Program& program);
+
+  /// Adds the current set under `name`, behind what other programs have added meanwhile. Does
+  /// nothing without a set, without a name, or when the history is off.
+  void AddToHistory(Program& program, std::string_view name);
+
+  [[nodiscard]] bool HistoryEnabled() const { return enabled_; }
+  [[nodiscard]] const HistoryRing& Ring() const { return ring_; }
+
+ private:
+  struct Failure {
+    const std::string& Text;  ///< of the catalogue
+    RuntimeError Error;
+  };
+  std::optional<Failure> Read(Program& program);
+  static std::optional<Failure> TakeOverOldFile(Program& program, std::string& bytes);
+  std::optional<Failure> Append(Program& program, std::string_view name);
+  void TurnOff(Program& program, const Failure& failure);
+
+  HistoryRing ring_;
+  bool enabled_ = false;
+};
+
+}  // namespace morvane::history

@@ -1,0 +1,169 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <set>
+
+#include "history/history.h"
+#include "support/fakes.h"
+
+// Several programs on one data folder, and programs that die in the middle.
+
+namespace morvane::history {
+namespace {
+
+using test::TestDesk;
+
+/// Starts a process that works on the data folder of `owner`. What the desk of the process leaves
+/// on disk goes with the caller's `desk`, however the process ends.
+template <typename Work>
+pid_t InProcess(TestDesk& desk, const TestDesk& owner, Work work) {
+  const pid_t child = fork();
+  if (child != 0) return child;
+  const std::string& folder = owner.Prog.Paths.Data;
+  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
+                  {desk.Prog.Paths.Application, folder});
+  RuntimeError error;
+  if (!desk.History.LoadHistory(program) || !program.Log.Start(folder, error)) _exit(1);
+  work(program, desk.History);
+  _exit(desk.Ui.Boxes.empty() ? 0 : 1);
+}
+
+bool EndedWell(pid_t child) {
+  int status = 0;
+  return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
+  constexpr int kProcesses = 4;
+  constexpr int kEntries = 60;
+  const TestDesk desk;
+  TestDesk helper;
+  std::vector<pid_t> children;
+  for (int process = 0; process < kProcesses; ++process) {
+    children.push_back(InProcess(helper, desk, [&](Program& program, History& history) {
+      test::FillSet(program.Set, process + 1, process + 2);
+      for (int n = 1; n <= kEntries; ++n) {
+        history.AddToHistory(program, std::to_string(process) + " " + std::to_string(n));
+        program.Log.WriteLine("line " + std::to_string(process) + " " + std::to_string(n));
+      }
+    }));
+  }
+  for (const pid_t child : children) EXPECT_TRUE(EndedWell(child));
+
+  TestDesk reader;
+  Program program(
+      {reader.Ui, reader.Loop, reader.Clock, reader.Store, reader.Random, reader.Speaker},
+      {reader.Prog.Paths.Application, desk.Prog.Paths.Data});
+  History history;
+  ASSERT_TRUE(history.LoadHistory(program));
+  EXPECT_EQ(history.Ring().HistoryUsed(), kProcesses * kEntries * 5 + 1);
+  std::array<int, kProcesses> last{};
+  for (const HistoryEntry& entry : history.Ring().Entries()) {
+    const int process = entry.Name[0] - '0';
+    const int n = std::stoi(entry.Name.substr(2));
+    EXPECT_EQ(n, ++last[static_cast<std::size_t>(process)]) << "in the order of adding";
+    EXPECT_EQ(entry.Boards, 2);
+    const HistoryRecord board =
+        RecordAt(history.Ring().Bytes(), static_cast<std::size_t>(entry.Position + 3));
+    EXPECT_EQ(NumberOfRecord(board), process + 1);
+  }
+  for (const int n : last) EXPECT_EQ(n, kEntries);
+
+  const auto lines = desk.LogLines();
+  EXPECT_EQ(lines.size(), static_cast<std::size_t>(kProcesses * kEntries));
+  EXPECT_EQ(std::set<std::string>(lines.begin(), lines.end()).size(), lines.size());
+}
+
+TEST(SharedHistory, WhatAnotherProgramAddedIsComparedFromTheNextEntryOn) {
+  TestDesk desk;
+  History first;
+  History second;
+  ASSERT_TRUE(first.LoadHistory(desk.Prog));
+  ASSERT_TRUE(second.LoadHistory(desk.Prog));
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.Prog.Set.At(1) = test::SuitBoard(1);
+  first.AddToHistory(desk.Prog, "First");
+  test::FillSet(desk.Prog.Set, 2, 2);
+  second.AddToHistory(desk.Prog, "Second");
+  EXPECT_EQ(second.Ring().HistoryCount(), 2);
+  EXPECT_EQ(second.Ring().HistorySimilarity(test::SuitBoard(5)).File, "First");
+  EXPECT_EQ(test::Content(desk.Prog.Paths.Data + "/history1.dat"), second.Ring().Bytes());
+}
+
+TEST(SharedHistory, AFileThatWasTakenAwayComesBackWhole) {
+  TestDesk desk;
+  ASSERT_TRUE(desk.History.LoadHistory(desk.Prog));
+  test::FillSet(desk.Prog.Set, 1, 2);
+  desk.History.AddToHistory(desk.Prog, "One");
+  std::filesystem::remove(desk.Prog.Paths.Data + "/history1.dat");
+  desk.History.AddToHistory(desk.Prog, "Two");
+  History next;
+  ASSERT_TRUE(next.LoadHistory(desk.Prog));
+  EXPECT_EQ(next.Ring().HistoryCount(), 2);
+}
+
+/// Entries added until the process is killed; each is told through the pipe when it is there.
+[[noreturn]] void AddForEver(Program& program, History& history, int toldThrough) {
+  for (int n = history.Ring().HistoryCount() + 1;; ++n) {
+    test::FillSet(program.Set, n % 600 + 1, n % 600 + 3);
+    history.AddToHistory(program, "Entry " + std::to_string(n));
+    if (write(toldThrough, &n, sizeof n) != sizeof n) _exit(1);
+  }
+}
+
+/// What the ring of a folder must be after entries 1, 2, ...
+struct ExpectedRing {
+  HistoryRing Ring;
+  const std::string& After(int count) {
+    BoardSet set;
+    while (Ring.HistoryCount() < count) {
+      const int n = Ring.HistoryCount() + 1;
+      test::FillSet(set, n % 600 + 1, n % 600 + 3);
+      Ring.Append(set, "Entry " + std::to_string(n));
+    }
+    return Ring.Bytes();
+  }
+};
+
+TEST(SharedHistory, AProcessKilledWhileItAddsLeavesEveryEarlierEntry) {
+  constexpr int kKills = 300;
+  const TestDesk desk;
+  TestDesk helper;
+  const std::string file = desk.Prog.Paths.Data + "/history1.dat";
+  ExpectedRing expected;
+  std::mt19937 random(7);
+  int killedInTheMiddle = 0;
+  for (int kill = 0; kill < kKills; ++kill) {
+    std::array<int, 2> told{};
+    ASSERT_EQ(pipe(told.data()), 0);
+    const pid_t child = InProcess(helper, desk, [&](Program& program, History& history) {
+      AddForEver(program, history, told[1]);
+    });
+    close(told[1]);
+    int last = 0;
+    ASSERT_EQ(read(told[0], &last, sizeof last), static_cast<ssize_t>(sizeof last));
+    // A moment that no one can foresee, somewhere in the entries that follow.
+    std::atomic<std::uint_fast32_t> spin = 0;
+    for (const auto moment = random() % 600'000; spin < moment;) ++spin;
+    ::kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    while (read(told[0], &last, sizeof last) == static_cast<ssize_t>(sizeof last)) {
+    }
+    close(told[0]);
+    // The last entry told is there; the one that was under way is there whole or not at all.
+    const std::string bytes = test::Content(file);
+    if (bytes != expected.After(last)) {
+      ++killedInTheMiddle;
+      ASSERT_TRUE(bytes == expected.After(last + 1)) << "kill " << kill << " behind entry " << last;
+    } else if (std::filesystem::exists(file + ".new")) {
+      ++killedInTheMiddle;
+    }
+  }
+  EXPECT_GT(killedInTheMiddle, 0) << "no kill fell into the adding of an entry";
+}
+
+}  // namespace
+}  // namespace morvane::history
