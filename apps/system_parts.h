@@ -17,10 +17,12 @@ struct SystemParts {
   /// Empty `data` or `settings`: the user's own.
   SystemParts(const std::string& argv0, const std::string& data, const std::string& settings)
       : Paths{ApplicationFolder(argv0), ""},
-        Store(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)) {
+        SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
+        Store(SettingsFile) {
     Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : AbsolutePath(data);
   }
   ProgramPaths Paths;
+  std::string SettingsFile;
   SystemClock Time;
   SystemEntropy Random;
   QtEventLoop Loop;

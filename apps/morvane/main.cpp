@@ -5,6 +5,7 @@
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
+#include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
 #include "shell/shell.h"
@@ -15,6 +16,7 @@
 
 namespace {
 
+constexpr int kAlreadyRunning = 1;
 constexpr int kWrongUsage = 2;
 
 /// At the right edge of the screen, out of the way of the other windows.
@@ -28,6 +30,7 @@ std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
                                    morvane::simulator::SimulatedMachine* machine) {
   if (machine == nullptr) return nullptr;
   auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
+  panel->setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
   PlaceAside(*panel);
   panel->show();
   return panel;
@@ -62,13 +65,18 @@ int main(int argc, char** argv) {
   morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
-  morvane::shell::Shell shell(program, *machine.Usb, windows);
+  morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
+  morvane::shell::Shell shell(program, *machine.Usb, windows, instance);
   morvane::shell::MainMenu mainMenu(program, shell);
   windows.SetMainMenu(mainMenu);
   ui.SetMainWindow(mainMenu.ForUi());
 
+  using morvane::shell::StartOutcome;
+  const StartOutcome outcome = shell.StartUp(arguments.CommandLine);
+  if (outcome != StartOutcome::kGoesOn) {
+    return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
+  }
   const auto panel = MakePanel(parts.Loop, machine.Simulated);
-  shell.StartUp(arguments.CommandLine);
   parts.Loop.RunUntil([] { return false; });
   return 0;
 }

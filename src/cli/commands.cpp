@@ -6,6 +6,7 @@
 #include "cli/history_command.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
+#include "platform/instance.h"
 
 namespace morvane::cli {
 namespace {
@@ -15,6 +16,7 @@ class ConsoleWindows final : public shell::Windows {
  public:
   ConsoleWindows(Workplace& place, const Request& request) : place_(place), request_(request) {}
   void ShowMainMenu() override {}
+  void BringToFront() override {}
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, request_,
                                         EyesOn(place_.Simulated), place_.Interrupted, report_);
@@ -66,7 +68,8 @@ bool Save(Workplace& place, const Request& request, shell::Shell& shell) {
 
 ExitStatus RunCommand(Workplace& place, const Request& request) {
   ConsoleWindows windows(place, request);
-  shell::Shell shell(place.Prog, place.Usb, windows);
+  LoneInstance instance;  // a command may run beside the desktop
+  shell::Shell shell(place.Prog, place.Usb, windows, instance);
   shell.StartUp(request.Raw);
   ExitStatus status = kWrongUsage;
   if (request.Command == "generate") status = Generate(place, request, shell);

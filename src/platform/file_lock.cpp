@@ -31,6 +31,9 @@ bool LockFile(std::intptr_t file, bool wait) {
   return LockFileEx(reinterpret_cast<HANDLE>(file), flags, 0, 1, 0, &whole) != 0;
 }
 
+/// After `LockFile` has failed.
+bool HeldByAnother() { return GetLastError() == ERROR_LOCK_VIOLATION; }
+
 void CloseLockFile(std::intptr_t file) { CloseHandle(reinterpret_cast<HANDLE>(file)); }
 
 #else
@@ -47,21 +50,38 @@ bool LockFile(std::intptr_t file, bool wait) {
   return answer == 0;
 }
 
+/// After `LockFile` has failed.
+bool HeldByAnother() { return errno == EWOULDBLOCK; }
+
 void CloseLockFile(std::intptr_t file) { close(static_cast<int>(file)); }
 
 #endif
 
 }  // namespace
 
-std::optional<FileLock> FileLock::Wait(const std::string& path) { return Take(path, true); }
+std::optional<FileLock> FileLock::Wait(const std::string& path) {
+  bool held = false;
+  return Take(path, true, held);
+}
 
-std::optional<FileLock> FileLock::Try(const std::string& path) { return Take(path, false); }
+std::optional<FileLock> FileLock::Try(const std::string& path) {
+  bool held = false;
+  return Take(path, false, held);
+}
 
-std::optional<FileLock> FileLock::Take(const std::string& path, bool wait) {
+std::optional<FileLock> FileLock::Try(const std::string& path, bool& held) {
+  return Take(path, false, held);
+}
+
+std::optional<FileLock> FileLock::Take(const std::string& path, bool wait, bool& held) {
+  held = false;
   const std::intptr_t file = OpenLockFile(path);
   if (file == kNone) return std::nullopt;
   FileLock lock(file);
-  if (!LockFile(file, wait)) return std::nullopt;
+  if (!LockFile(file, wait)) {
+    held = HeldByAnother();
+    return std::nullopt;
+  }
   return lock;
 }
 

@@ -14,6 +14,8 @@ class FileLock {
   [[nodiscard]] static std::optional<FileLock> Wait(const std::string& path);
   /// The same without waiting: nothing also when another holds the lock.
   [[nodiscard]] static std::optional<FileLock> Try(const std::string& path);
+  /// The same; `held` says whether it is because another holds the lock.
+  [[nodiscard]] static std::optional<FileLock> Try(const std::string& path, bool& held);
 
   FileLock(FileLock&& other) noexcept;
   FileLock& operator=(FileLock&& other) noexcept;
@@ -22,7 +24,7 @@ class FileLock {
  private:
   static constexpr std::intptr_t kNone = -1;
   explicit FileLock(std::intptr_t file) : file_(file) {}
-  static std::optional<FileLock> Take(const std::string& path, bool wait);
+  static std::optional<FileLock> Take(const std::string& path, bool wait, bool& held);
   std::intptr_t file_ = kNone;
 };
 

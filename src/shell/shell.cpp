@@ -17,8 +17,12 @@ Shell::Flow::~Flow() {
   if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
 }
 
-Shell::Shell(Program& program, UsbXpress& usb, Windows& windows)
-    : program_(program), windows_(windows), generator_(program), machine_(program, usb) {}
+Shell::Shell(Program& program, UsbXpress& usb, Windows& windows, Instance& instance)
+    : program_(program),
+      windows_(windows),
+      instance_(instance),
+      generator_(program),
+      machine_(program, usb) {}
 
 void Shell::MenuLoad() {
   if (FlowActive()) return;
@@ -93,6 +97,7 @@ void Shell::LinkExecute(std::string_view command) {
   const std::string file(command.substr(1));
   if (command.front() == '1') program_.Link = {LinkRequest::kLoad, file};
   if (command.front() == '2') program_.Link = {LinkRequest::kDownload, file};
+  if (program_.Link.Pending != LinkRequest::kNone) windows_.BringToFront();
 }
 
 void Shell::Timer2mmTick() {

@@ -9,6 +9,7 @@
 #include "machine/dealing_run.h"
 #include "machine/machine.h"
 #include "model/number_filter.h"
+#include "platform/instance.h"
 #include "program/program.h"
 #include "shell/windows.h"
 
@@ -23,6 +24,13 @@ struct StartFiles {
 };
 [[nodiscard]] StartFiles ParseCommandLine(std::string_view commandLine);
 
+/// How a start has ended.
+enum class StartOutcome {
+  kGoesOn,      ///< this is the running program
+  kHandedOver,  ///< the running program has taken the file; nothing was done or shown here
+  kRefused,     ///< another one runs, and the operator has been told
+};
+
 /// The version as logs and files have it: "1.0 with Sort 1.0  with Poker 1.5 ".
 [[nodiscard]] std::string VersionTextOf(int serviceLevel);
 
@@ -34,10 +42,12 @@ class Shell {
   static constexpr int kTimer2Ms = 100;
   static constexpr std::int16_t kRunTimeoutMs = 200;
 
-  Shell(Program& program, UsbXpress& usb, Windows& windows);
+  /// `instance` calls `LinkExecute` as long as the event loop runs.
+  Shell(Program& program, UsbXpress& usb, Windows& windows, Instance& instance);
 
-  /// Start-up, in its order; `commandLine` is the raw command line without the program's name.
-  void StartUp(const std::string& commandLine);
+  /// Start-up, in its order; `commandLine` is the raw command line without the program's name. The
+  /// program ends unless it `kGoesOn`.
+  StartOutcome StartUp(const std::string& commandLine);
   /// The main window has been activated: the reference of the time entropy.
   void Activated();
   /// The close box or `menuExit`. Whether the program ends; the window may go then.
@@ -52,7 +62,7 @@ class Shell {
   FilteredBox ChangeEvent(EventText which, FilteredBox box);
 
   /// A link command: "1" and a board file to load, or "2" and a firmware file to download. It is
-  /// taken up when no flow is open.
+  /// taken up when no flow is open; the main window comes to the front at once.
   void LinkExecute(std::string_view command);
 
   /// `ShowStat`: shows or hides the statistics.
@@ -77,6 +87,7 @@ class Shell {
    private:
     Shell& shell_;
   };
+  StartOutcome BecomeTheRunningOne(const StartFiles& files);
   void EnableTimer2mm();
   void Timer2mmTick();
   void OpenLog();
@@ -84,6 +95,7 @@ class Shell {
 
   Program& program_;
   Windows& windows_;
+  Instance& instance_;
   generate::Generator generator_;
   history::History history_;
   machine::Machine machine_;

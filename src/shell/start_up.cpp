@@ -19,6 +19,12 @@ std::string DateTimeText(const LocalTime& now) {
          ClockText(now.Hour, now.Minute, now.Second);
 }
 
+/// The link command that asks for the file; empty without one.
+std::string LinkCommandOf(const StartFiles& files) {
+  if (!files.FirmwareFile.empty()) return "2" + files.FirmwareFile;
+  return files.StartFile.empty() ? "" : "1" + files.StartFile;
+}
+
 }  // namespace
 
 StartFiles ParseCommandLine(std::string_view commandLine) {
@@ -39,11 +45,13 @@ std::string VersionTextOf(int serviceLevel) {
          " with Poker 1.5 ";
 }
 
-void Shell::StartUp(const std::string& commandLine) {
+StartOutcome Shell::StartUp(const std::string& commandLine) {
   const Flow flow(*this);
-  started_ = true;
   program_.ShowStatistics = program_.Store.IsOn(kDealShow);
   const StartFiles files = ParseCommandLine(commandLine);
+  const StartOutcome outcome = BecomeTheRunningOne(files);
+  if (outcome != StartOutcome::kGoesOn) return outcome;
+  started_ = true;
   startFile_ = files.StartFile;
   program_.VersionText = VersionTextOf(program_.ServiceLevel);
   generator_.Pool.InitPool(program_.Operator.Mouse());
@@ -65,6 +73,22 @@ void Shell::StartUp(const std::string& commandLine) {
   } else if (!startFile_.empty()) {
     files::LoadBoardSet(program_, history_, startFile_);
   }
+  return outcome;
+}
+
+StartOutcome Shell::BecomeTheRunningOne(const StartFiles& files) {
+  if (!instance_.Claim()) {
+    const std::string command = LinkCommandOf(files);
+    if (!command.empty() && instance_.HandOver(command)) return StartOutcome::kHandedOver;
+    // The other may have ended while this one called it.
+    if (command.empty() || !instance_.Claim()) {
+      program_.ShowMessage(program_.Texts.Msg086, kOkCritical, "Application Start Error");
+      return StartOutcome::kRefused;
+    }
+  }
+  // A request that comes during start-up is taken up after it.
+  instance_.Listen([this](std::string_view command) { LinkExecute(command); });
+  return StartOutcome::kGoesOn;
 }
 
 void Shell::OpenLog() {

@@ -16,6 +16,8 @@ class Windows {
   virtual ~Windows() = default;
   /// Shows the main window (`MainMenu`), not modal.
   virtual void ShowMainMenu() = 0;
+  /// Puts the main window, and what is open over it, before other programs' windows.
+  virtual void BringToFront() = 0;
   [[nodiscard]] virtual std::unique_ptr<machine::RunView> OpenDealinProg(
       machine::DealingRun& run) = 0;
 };

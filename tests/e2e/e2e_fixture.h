@@ -22,7 +22,7 @@ class EndToEnd : public ::testing::Test {
     words.insert(words.begin(), own.begin(), own.end());
     return words;
   }
-  [[nodiscard]] Surroundings Around() const { return {folder.Path(), "/dev/null"}; }
+  [[nodiscard]] Surroundings Around() const { return {.Folder = folder.Path()}; }
   Outcome Run(const std::vector<std::string>& words) {
     return Process(Whole(words), Around()).Finish();
   }

@@ -19,9 +19,11 @@ using std::chrono::steady_clock;
 constexpr std::chrono::seconds kPatience(60);
 constexpr int kSliceMs = 10;
 
-/// The test's own environment, but with another home, no folders of the user's, and UTF-8.
-std::vector<std::string> EnvironmentIn(const std::string& home) {
-  std::vector<std::string> variables{"HOME=" + home, "LC_ALL=C.UTF-8"};
+/// The test's own environment, but with another home, no folders of the user's, and UTF-8. Of two
+/// variables with one name the first counts.
+std::vector<std::string> EnvironmentOf(const Surroundings& around) {
+  std::vector<std::string> variables = around.Variables;
+  variables.insert(variables.end(), {"HOME=" + around.Folder, "LC_ALL=C.UTF-8"});
   for (char** variable = environ; *variable != nullptr; ++variable) {
     const std::string text = *variable;
     if (!text.starts_with("HOME=") && !text.starts_with("LC_ALL=") && !text.starts_with("XDG_")) {
@@ -54,9 +56,9 @@ void Drain(const pollfd& ready, int& end, std::string& text) {
 }  // namespace
 
 Process::Process(const std::vector<std::string>& arguments, const Surroundings& around) {
-  std::vector<std::string> words{MORVANE_CLI};
+  std::vector<std::string> words{around.Program};
   words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<std::string> variables = EnvironmentIn(around.Folder);
+  std::vector<std::string> variables = EnvironmentOf(around);
   std::array<int, 2> out{};
   std::array<int, 2> err{};
   EXPECT_EQ(pipe2(out.data(), O_CLOEXEC), 0);
@@ -67,7 +69,7 @@ Process::Process(const std::vector<std::string>& arguments, const Surroundings& 
   posix_spawn_file_actions_addopen(&actions, 0, around.Input.c_str(), O_RDWR | O_NOCTTY, 0);
   posix_spawn_file_actions_adddup2(&actions, out[1], 1);
   posix_spawn_file_actions_adddup2(&actions, err[1], 2);
-  EXPECT_EQ(posix_spawn(&pid_, MORVANE_CLI, &actions, nullptr, Pointers(words).data(),
+  EXPECT_EQ(posix_spawn(&pid_, words.front().c_str(), &actions, nullptr, Pointers(words).data(),
                         Pointers(variables).data()),
             0);
   posix_spawn_file_actions_destroy(&actions);
@@ -77,11 +79,14 @@ Process::Process(const std::vector<std::string>& arguments, const Surroundings& 
   errEnd_ = err[0];
 }
 
+void Process::Kill() {
+  if (pid_ <= 0) return;
+  kill(pid_, SIGKILL);
+  Reap();
+}
+
 Process::~Process() {
-  if (pid_ > 0) {
-    kill(pid_, SIGKILL);
-    Reap();
-  }
+  Kill();
   if (outEnd_ >= 0) close(outEnd_);
   if (errEnd_ >= 0) close(errEnd_);
 }
@@ -102,7 +107,9 @@ bool Process::Until(const std::function<bool()>& condition) {
   return true;
 }
 
-void Process::Interrupt() const { kill(pid_, SIGINT); }
+void Process::Interrupt() const {
+  if (pid_ > 0) kill(pid_, SIGINT);
+}
 
 Outcome Process::Finish() {
   const auto end = steady_clock::now() + kPatience;

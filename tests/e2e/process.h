@@ -19,9 +19,11 @@ struct Outcome {
 struct Surroundings {
   std::string Folder;               ///< its working directory and the user's home
   std::string Input = "/dev/null";  ///< its standard input
+  std::string Program = MORVANE_CLI;
+  std::vector<std::string> Variables = {};  ///< "NAME=value", over the test's own environment
 };
 
-/// `morvane-cli` as a process of its own.
+/// One of our programs as a process of its own.
 class Process {
  public:
   Process(const std::vector<std::string>& arguments, const Surroundings& around);
@@ -34,6 +36,8 @@ class Process {
   /// minute has passed.
   bool Until(const std::function<bool()>& condition);
   void Interrupt() const;
+  /// Ends it without letting it do anything more.
+  void Kill();
   /// Waits for its end; fails the test after a minute.
   Outcome Finish();
 

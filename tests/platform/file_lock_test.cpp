@@ -46,6 +46,20 @@ TEST(FileLock, AFolderThatCannotBeWrittenAndADirectoryGiveNone) {
   EXPECT_FALSE(FileLock::Wait(folder.Path()));
 }
 
+TEST(FileLock, TellsALockThatAnotherHoldsFromOneThatCannotBeHad) {
+  TempFolder folder;
+  bool held = true;
+  {
+    const auto first = FileLock::Try(folder / "lock", held);
+    EXPECT_TRUE(first);
+    EXPECT_FALSE(held);
+    EXPECT_FALSE(FileLock::Try(folder / "lock", held));
+    EXPECT_TRUE(held);
+  }
+  EXPECT_FALSE(FileLock::Try(folder / "none/lock", held));
+  EXPECT_FALSE(held);
+}
+
 TEST(FileLock, AHolderThatDiesLeavesNoLock) {
   TempFolder folder;
   const std::string path = folder / "lock";

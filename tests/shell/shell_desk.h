@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "machine/dealing_run.h"
 #include "shell/shell.h"
@@ -43,6 +44,7 @@ class FakeWindows final : public Windows {
     ++MainMenus;
     if (OnMainMenu) OnMainMenu();
   }
+  void BringToFront() override { ++ToFront; }
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     auto window = std::make_unique<FakeRunWindow>(Run);
     if (OnRun) OnRun(run);
@@ -50,9 +52,32 @@ class FakeWindows final : public Windows {
   }
 
   int MainMenus = 0;
+  int ToFront = 0;
   RunWindowNotes Run;
   std::function<void()> OnMainMenu;
   std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
+};
+
+/// Another program that runs or not, and takes a command or not.
+class FakeInstance final : public Instance {
+ public:
+  bool Claim() override {
+    ++Claims;
+    return !AnotherRuns;
+  }
+  bool HandOver(std::string_view command) override {
+    HandedOver.emplace_back(command);
+    if (OnHandOver) OnHandOver();
+    return Takes;
+  }
+  void Listen(Execute execute) override { Call = std::move(execute); }
+
+  bool AnotherRuns = false;
+  bool Takes = true;
+  std::function<void()> OnHandOver;
+  int Claims = 0;
+  std::vector<std::string> HandedOver;
+  Execute Call;  ///< what a later start does; empty until the shell listens
 };
 
 /// The shell on a desk whose log is not open yet, with a machine on paper.
@@ -65,7 +90,8 @@ struct ShellDesk : test::TestDesk {
   test::ScriptedBridge Bridge{Clock};
   test::PaperMachine Paper{Bridge};
   FakeWindows Desktop;
-  Shell Main{Prog, Bridge, Desktop};
+  FakeInstance Programs;
+  Shell Main{Prog, Bridge, Desktop, Programs};
 
   /// Starts up and forgets what has been shown so far.
   void Start(const std::string& commandLine = "") {

@@ -35,6 +35,12 @@ TEST(DesktopArguments, ThePathIsMadeAbsoluteAndStartUpFindsIt) {
   EXPECT_EQ(shell::ParseCommandLine(arguments.CommandLine).StartFile, path);
 }
 
+TEST(DesktopArguments, AFirmwareFileIsMadeAbsoluteToo) {
+  const Arguments arguments = ParseArguments({"morvane", "../New.Adc"});
+  const std::string path = (std::filesystem::current_path() / "../New.Adc").string();
+  EXPECT_EQ(shell::ParseCommandLine(arguments.CommandLine).FirmwareFile, path);
+}
+
 TEST(DesktopArguments, WrongUsageIsTold) {
   EXPECT_EQ(ParseArguments({"morvane", "a", "b"}).Error, "more than one file");
   EXPECT_NE(ParseArguments({"morvane", "--nonsense"}).Error, "");

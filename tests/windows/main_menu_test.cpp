@@ -25,7 +25,8 @@ class MainMenuTest : public ::testing::Test {
   test::QtDesk desk;
   simulator::SimulatedMachine simulated{simulator::Options(), desk.Clock};
   QtWindows windows{desk.Prog};
-  Shell shell{desk.Prog, simulated, windows};
+  LoneInstance alone;
+  Shell shell{desk.Prog, simulated, windows, alone};
   std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell);
 
   void SetUp() override {
@@ -58,6 +59,7 @@ using Menu = MainMenuTest;
 using EventTexts = MainMenuTest;
 using TheSet = MainMenuTest;
 using Flows = MainMenuTest;
+using Front = MainMenuTest;
 using Exit = MainMenuTest;
 using Place = MainMenuTest;
 
@@ -314,6 +316,60 @@ TEST_F(Flows, AFileOfTheCommandLineIsLoadedAtTheStart) {
   Start("\"" + path + "\"");
   EXPECT_EQ(Text("txtFirstBoard") + Text("txtLastBoard"), "99");
   EXPECT_EQ(Text("txtFileName"), path);
+}
+
+TEST_F(Flows, ALinkCommandLoadsItsFile) {
+  Start();
+  test::WriteContent(desk.Folder / "evening.pbn", "[Board \"9\"]\r\n");
+  shell.LinkExecute("1" + (desk.Folder / "evening.pbn"));
+  desk.Loop.WaitMs(Shell::kTimer2Ms);
+  EXPECT_EQ(Text("txtFileName"), desk.Folder / "evening.pbn");
+  EXPECT_EQ(Text("txtFirstBoard"), "9");
+}
+
+TEST_F(Front, AWindowOfAnotherProgramIsNotOverItAnyMore) {
+  Start();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  desk.Loop.Pump();
+  ASSERT_FALSE(menu->isActiveWindow());
+  windows.BringToFront();
+  desk.Loop.Pump();
+  EXPECT_TRUE(menu->isActiveWindow());
+}
+
+TEST_F(Front, AMinimizedWindowIsOpenAgainAndAMaximizedOneStaysThat) {
+  Start();
+  menu->showMaximized();
+  menu->showMinimized();
+  desk.Loop.Pump();
+  ASSERT_TRUE(menu->isMinimized());
+  windows.BringToFront();
+  desk.Loop.Pump();
+  EXPECT_FALSE(menu->isMinimized());
+  EXPECT_TRUE(menu->isMaximized());
+}
+
+TEST_F(Front, ABoxStaysOverTheMainWindow) {
+  Start();
+  QWidget other;
+  other.show();
+  desk.When("MessageBox", [&](QWidget& box) {
+    other.activateWindow();
+    desk.Loop.Pump();
+    windows.BringToFront();
+    desk.Loop.Pump();
+    EXPECT_TRUE(box.isActiveWindow());
+    box.close();
+  });
+  desk.Ui.MessageBox("text", kOkCritical, "title");
+}
+
+TEST_F(Front, AWindowThatIsNotShownYetStaysHidden) {
+  windows.BringToFront();
+  desk.Loop.Pump();
+  EXPECT_FALSE(menu->isVisible());
 }
 
 TEST_F(Exit, EndsTheProgram) {

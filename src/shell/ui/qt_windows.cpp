@@ -1,5 +1,7 @@
 #include "shell/ui/qt_windows.h"
 
+#include <QApplication>
+
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
 
@@ -8,6 +10,16 @@ namespace morvane::shell {
 void QtWindows::ShowMainMenu() {
   mainMenu_->RefreshSet();
   mainMenu_->show();
+}
+
+void QtWindows::BringToFront() {
+  mainMenu_->setWindowState(mainMenu_->windowState() & ~Qt::WindowMinimized);
+  QWidget* modal = QApplication::activeModalWidget();
+  for (QWidget* window : {static_cast<QWidget*>(mainMenu_), modal}) {
+    if (window == nullptr) continue;
+    window->raise();
+    window->activateWindow();
+  }
 }
 
 std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {
