@@ -2,6 +2,12 @@
 
 #include <array>
 
+#include "files/bre_file.h"
+#include "files/bri_records.h"
+#include "files/deal305_records.h"
+#include "files/dge_records.h"
+#include "files/dup_records.h"
+#include "files/fixed_records.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text.h"
@@ -12,11 +18,11 @@ namespace {
 using Numbers = Format::Numbers;
 
 constexpr std::array<Format, 8> kFormats{{
-    {"BRI", "BRI", false, Numbers::None, false, false, nullptr, nullptr},
-    {"DGE", "DGE", false, Numbers::None, false, false, nullptr, nullptr},
-    {"DUP", "DUP", false, Numbers::FirstAndLast, false, false, nullptr, nullptr},
-    {"ALL", "DEAL305", false, Numbers::None, false, false, nullptr, nullptr},
-    {"BRE", "BRE", true, Numbers::None, true, false, nullptr, nullptr},
+    {"BRI", "BRI", false, Numbers::None, false, false, ReadFixedRecordFile, WriteBriFile},
+    {"DGE", "DGE", false, Numbers::None, false, false, ReadFixedRecordFile, WriteDgeFile},
+    {"DUP", "DUP", false, Numbers::FirstAndLast, false, false, ReadFixedRecordFile, WriteDupFile},
+    {"ALL", "DEAL305", false, Numbers::None, false, false, ReadFixedRecordFile, WriteDeal305File},
+    {"BRE", "BRE", true, Numbers::None, true, false, ReadBreFile, WriteBreFile},
     {"CSV", "CSV", false, Numbers::EachBoard, false, false, nullptr, nullptr},
     {"PBN", "PBN", true, Numbers::EachBoard, true, true, ReadPbnFile, WritePbnFile},
     {"TXT", "LOG", false, Numbers::EachBoard, false, false, nullptr, nullptr},

@@ -17,9 +17,6 @@ std::string Changed(std::string_view text, Change change) {
   return result;
 }
 
-/// In UTF-8.
-bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
-
 }  // namespace
 
 std::string Hex2(std::uint8_t byte) { return {kHexDigits[byte >> 4U], kHexDigits[byte & 15U]}; }
@@ -101,13 +98,9 @@ int Val(std::string_view text) {
 }
 
 std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
-}
-
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-  std::size_t at = 0;
-  while (at < text.size() && (!BeginsCharacter(text[at]) || count-- > 0)) ++at;
-  return text.substr(0, at);
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  }));
 }
 
 }  // namespace morvane

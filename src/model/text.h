@@ -38,7 +38,5 @@ namespace morvane {
 
 /// How many characters the UTF-8 `text` has.
 [[nodiscard]] std::size_t CharacterCount(std::string_view text);
-/// The first `count` characters of the UTF-8 `text`, or all of it.
-[[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace morvane

@@ -148,4 +148,10 @@ std::string_view CharacterAt(std::string_view text, std::size_t at) {
   return text.substr(0, std::max<std::size_t>(1, FirstOf(text).Size));
 }
 
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; count > 0 && end < text.size(); --count) end += CharacterAt(text, end).size();
+  return text.substr(0, end);
+}
+
 }  // namespace morvane

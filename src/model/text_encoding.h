@@ -27,4 +27,7 @@ namespace morvane {
 /// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end.
 [[nodiscard]] std::string_view CharacterAt(std::string_view text, std::size_t at);
 
+/// The first `count` characters of UTF-8 `text`; all of a shorter one.
+[[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
 }  // namespace morvane

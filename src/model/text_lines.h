@@ -25,6 +25,9 @@ class Lines {
     return true;
   }
 
+  /// What stands behind the last line taken and its end.
+  [[nodiscard]] std::string_view Rest() const { return rest_; }
+
  private:
   std::string_view rest_;
 };

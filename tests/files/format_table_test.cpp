@@ -38,9 +38,11 @@ TEST(FormatTable, SaysWhatEachFormatCanHold) {
   }
 }
 
-TEST(FormatTable, PbnIsReadAndWritten) {
-  EXPECT_NE(FindFormat("PBN")->Read, nullptr);
-  EXPECT_NE(FindFormat("PBN")->Write, nullptr);
+TEST(FormatTable, TheseFormatsAreReadAndWritten) {
+  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "PBN"}) {
+    EXPECT_NE(FindFormat(extension)->Read, nullptr) << extension;
+    EXPECT_NE(FindFormat(extension)->Write, nullptr) << extension;
+  }
 }
 
 TEST(FormatTable, AnExtensionIsUpperCaseAndWhole) {

@@ -117,6 +117,15 @@ TEST(TextEncoding, ACharacterIsTakenWhole) {
   EXPECT_EQ(CharacterAt("a", 1), "");
 }
 
+TEST(TextEncoding, TheFirstCharactersAreWhole) {
+  const std::string text = "a\xE2\x82\xACz";
+  EXPECT_EQ(FirstCharacters(text, 0), "");
+  EXPECT_EQ(FirstCharacters(text, 2), "a\xE2\x82\xAC");
+  EXPECT_EQ(FirstCharacters(text, 3), text);
+  EXPECT_EQ(FirstCharacters(text, 4), text);
+  EXPECT_EQ(FirstCharacters("", 1), "");
+}
+
 TEST(Lines, EndWithCrLfOrLfAlone) {
   using ::testing::ElementsAre;
   EXPECT_THAT(LinesOf("a\r\nb\nc"), ElementsAre("a", "b", "c"));
@@ -128,6 +137,18 @@ TEST(Lines, EndWithCrLfOrLfAlone) {
 TEST(Lines, ALoneCrEndsNoLine) {
   using ::testing::ElementsAre;
   EXPECT_THAT(LinesOf("a\rb\r\r\nc\r"), ElementsAre("a\rb\r", "c\r"));
+}
+
+TEST(Lines, TheRestStandsBehindTheEndOfTheLastOne) {
+  Lines lines("a\r\n\r\nb");
+  std::string_view line;
+  EXPECT_EQ(lines.Rest(), "a\r\n\r\nb");
+  EXPECT_TRUE(lines.Next(line));
+  EXPECT_EQ(lines.Rest(), "\r\nb");
+  EXPECT_TRUE(lines.Next(line));
+  EXPECT_EQ(lines.Rest(), "b");
+  EXPECT_TRUE(lines.Next(line));
+  EXPECT_EQ(lines.Rest(), "");
 }
 
 TEST(Lines, NulAndTheOldEndOfFileMarkAreOrdinaryBytes) {
