@@ -18,6 +18,7 @@ std::string FaultText(const FormatFault& fault) {
 }
 
 void ReportFormatFault(Program& program, const FormatFault& fault) {
+  if (fault.Text.empty()) return;
   program.Status("Load operation aborted");
   program.ShowMessage(FaultText(fault), kOkCritical, "Load Error");
 }

@@ -23,7 +23,8 @@ struct FormatFault {
 /// The text that the operator sees for `fault`.
 [[nodiscard]] std::string FaultText(const FormatFault& fault);
 
-/// Tells the operator that the file is not what its format asks for.
+/// Tells the operator that the file is not what its format asks for. A fault without a text is one
+/// that the operator is not told of.
 void ReportFormatFault(Program& program, const FormatFault& fault);
 /// Tells the operator that the system failed to read or to write.
 void ReportLoadFailure(Program& program, const RuntimeError& error);

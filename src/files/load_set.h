@@ -8,12 +8,20 @@ class Program;
 
 namespace morvane::files {
 
+struct Format;
+class NumberDialog;
+
 /// The Load command: asks whether to save first, takes `startFile` or asks for a file, loads it.
 /// `startFile` is empty afterwards, however the command ends. Whether a set was loaded.
-bool LoadBoardSet(Program& program, std::string& startFile);
+bool LoadBoardSet(Program& program, NumberDialog& dialog, std::string& startFile);
 
 /// Loads `path` in place of the current set. All or nothing: after a failure, which the operator
-/// has been told, the set is empty. Whether the set was loaded.
-bool LoadFile(Program& program, const std::string& path);
+/// has been told where there are words for it, the set is empty. Whether the set was loaded.
+bool LoadFile(Program& program, NumberDialog& dialog, const std::string& path);
+
+/// Fills the set, which is clear, from `path` as a file of `format`, and gives its boards their
+/// numbers. False: the set is not to be kept.
+[[nodiscard]] bool ReadSet(Program& program, NumberDialog& dialog, const Format& format,
+                           const std::string& path);
 
 }  // namespace morvane::files

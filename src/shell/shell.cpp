@@ -23,7 +23,7 @@ Shell::Shell(Program& program, UsbXpress& usb, Windows& windows)
 void Shell::MenuLoad() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  files::LoadBoardSet(program_, startFile_);
+  files::LoadBoardSet(program_, windows_, startFile_);
 }
 
 void Shell::MenuSave() {

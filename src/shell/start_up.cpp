@@ -63,7 +63,7 @@ void Shell::StartUp(const std::string& commandLine) {
   if (!files.FirmwareFile.empty()) {
     RefuseFirmware(files.FirmwareFile);
   } else if (!startFile_.empty()) {
-    files::LoadBoardSet(program_, startFile_);
+    files::LoadBoardSet(program_, windows_, startFile_);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "shell/ui/qt_windows.h"
 
+#include "files/ui/load_number.h"
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
 
@@ -8,6 +9,12 @@ namespace morvane::shell {
 void QtWindows::ShowMainMenu() {
   mainMenu_->RefreshSet();
   mainMenu_->show();
+}
+
+void QtWindows::ShowLoadNumber(files::LoadNumber& dialog) {
+  files::LoadNumberWindow window(dialog, mainMenu_);
+  window.open();
+  program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
 }
 
 std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {

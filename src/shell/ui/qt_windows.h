@@ -15,6 +15,7 @@ class QtWindows final : public Windows {
   void SetMainMenu(MainMenu& mainMenu) { mainMenu_ = &mainMenu; }
 
   void ShowMainMenu() override;
+  void ShowLoadNumber(files::LoadNumber& dialog) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
 
  private:
