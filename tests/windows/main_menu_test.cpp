@@ -235,7 +235,7 @@ TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
   const BoardSet saved = desk.Prog.Set;
   const std::string path = desk.Folder / "evening.pbn";
   desk.When("cdSave", [&](QWidget& dialog) {
-    static_cast<QFileDialog&>(dialog).selectNameFilter("pbn (*.pbn)");
+    static_cast<QFileDialog&>(dialog).selectNameFilter("pbn (*.pbn)(*.pbn)");
     test::Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
     test::Press(dialog, Qt::Key_Return);
   });
