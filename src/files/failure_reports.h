@@ -11,7 +11,8 @@ class Program;
 namespace morvane::files {
 
 /// What is wrong in a file, and the line or record (from 1) where it stands. `Text` is a text of
-/// the catalogue in which only the placeholder of that number is still to be filled.
+/// the catalogue in which only the placeholder of that number is still to be filled; an empty one
+/// means that the load fails without a word.
 struct FormatFault {
   enum class Counting { kLines, kRecords };
 
@@ -23,8 +24,7 @@ struct FormatFault {
 /// The text that the operator sees for `fault`.
 [[nodiscard]] std::string FaultText(const FormatFault& fault);
 
-/// Tells the operator that the file is not what its format asks for. A fault without a text is one
-/// that the operator is not told of.
+/// Tells the operator that the file is not what its format asks for; nothing for an empty text.
 void ReportFormatFault(Program& program, const FormatFault& fault);
 /// Tells the operator that the system failed to read or to write.
 void ReportLoadFailure(Program& program, const RuntimeError& error);
