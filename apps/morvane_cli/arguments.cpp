@@ -16,7 +16,7 @@ constexpr const char* kUsage =
     "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
     "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
     "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
-    "  convert IN OUT\n"
+    "  convert IN OUT [--first N]\n"
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
     "  history [--list]\n"
@@ -36,7 +36,7 @@ const std::map<QString, CommandShape>& Commands() {
        {1,
         {"first", "last", "generator", "empty", "shapes", "inner", "history", "seedr", "seedo",
          "lfsr"}}},
-      {"convert", {2, {}}},
+      {"convert", {2, {"first"}}},
       {"show", {1, {"board"}}},
       {"deal", {1, {"from", "to", "copies", "auto"}}},
       {"history", {0, {"list"}}}};
@@ -49,6 +49,7 @@ const QStringList kSwitches{"yes", "help", "empty", "auto", "list"};
 void AddOptions(QCommandLineParser& parser) {
   QStringList names = kGlobal;
   for (const auto& [name, shape] : Commands()) names += shape.Options;
+  names.removeDuplicates();
   for (const QString& name : names) {
     if (kSwitches.contains(name)) {
       parser.addOption(QCommandLineOption(name));

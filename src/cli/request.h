@@ -14,7 +14,7 @@ struct Request {
   std::string Out;
   bool Yes = false;
 
-  // generate
+  // generate; First: convert too
   std::optional<std::string> First;
   std::optional<std::string> Last;
   std::optional<std::string> Generator;  ///< "bigdeal" or "morvane"

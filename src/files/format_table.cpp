@@ -52,7 +52,9 @@ std::string ExtensionOf(std::string_view title) {
   return dot == std::string_view::npos ? std::string() : UpperCase(title.substr(dot + 1));
 }
 
-std::string NameOf(std::string_view title) { return std::string(title.substr(0, title.rfind('.'))); }
+std::string NameOf(std::string_view title) {
+  return std::string(title.substr(0, title.rfind('.')));
+}
 
 std::string OpenFilter(int serviceLevel) {
   return "All files (*.*)|*.*|" + std::string(kRows) +

@@ -4,6 +4,8 @@
 
 #include "files/format_table.h"
 #include "files/last_used.h"
+#include "files/load_number.h"
+#include "files/number_allocation.h"
 #include "files/save_set.h"
 #include "history/history.h"
 #include "model/text.h"
@@ -40,13 +42,12 @@ void ClearSet(Program& program) {
   program.Operator.RefreshSet();
 }
 
-bool ReadByExtension(Program& program, const std::string& path) {
+bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& path) {
   std::string extension = ExtensionOf(FileTitle(path));
   if (extension == "TXT" && program.ServiceLevel == 0) extension.clear();
   const Format* const format = FindFormat(extension);
   if (format != nullptr && format->Read != nullptr) {
-    FileNumbers numbers;
-    return format->Read(program, *format, path, numbers);
+    return ReadSet(program, dialog, *format, path);
   }
   program.Status("Load operation aborted");
   program.ShowMessage(Fill(program.Texts.Msg011, "***", extension), kOkCritical, "Load Error");
@@ -65,9 +66,16 @@ void TakeLoadedSet(Program& program, history::History& history, const std::strin
   program.Status("Boards loaded: " + std::to_string(set.Count()));
 }
 
+/// What the reader had put into the set before it failed does not survive.
+void GiveUpLoad(Program& program) {
+  ClearSet(program);
+  program.Status("Ready");
+}
+
 }  // namespace
 
-bool LoadBoardSet(Program& program, history::History& history, std::string& startFile) {
+bool LoadBoardSet(Program& program, history::History& history, NumberDialog& dialog,
+                  std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
   if (program.AnalysisRunning) {
     program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
@@ -79,28 +87,35 @@ bool LoadBoardSet(Program& program, history::History& history, std::string& star
     return false;
   }
   program.Log.WriteTime(" File-Load: ");
-  if (!pending.empty()) return LoadFile(program, history, pending);
+  if (!pending.empty()) return LoadFile(program, history, dialog, pending);
   // A set given up here counts as saved even when the dialog is cancelled: required.
   program.Set.BoardSetChanged = "0";
   if (const auto path = program.Operator.AskFile(OpenRequest(program)))
-    return LoadFile(program, history, *path);
+    return LoadFile(program, history, dialog, *path);
   program.Status("Ready");
   program.Operator.RefreshSet();
   return false;
 }
 
-bool LoadFile(Program& program, history::History& history, const std::string& path) {
+bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
+              const std::string& path) {
   ClearSet(program);
   program.Log.WriteLine("  Load: " + path);
-  const bool loaded = ReadByExtension(program, path);
+  const bool loaded = ReadByExtension(program, dialog, path);
   if (loaded) {
     TakeLoadedSet(program, history, path);
   } else {
-    ClearSet(program);
-    program.Status("Ready");
+    GiveUpLoad(program);
   }
   program.Set.BoardSetChanged = "0";
   return loaded;
+}
+
+bool ReadSet(Program& program, NumberDialog& dialog, const Format& format,
+             const std::string& path) {
+  FileNumbers numbers;
+  return format.Read(program, format, path, numbers) &&
+         AllocateNumbers(program, dialog, format, numbers);
 }
 
 }  // namespace morvane::files

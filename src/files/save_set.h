@@ -15,8 +15,8 @@ namespace morvane::files {
 /// cancelled or failed leaves `BoardSetChanged` as it was. Whether it was saved.
 bool SaveBoardSet(Program& program, history::History& history);
 
-/// Saves the set, which must exist, to `path` and adds it to the history. False: the file is as it was, the operator has been
-/// told or has answered so.
+/// Saves the set, which must exist, to `path` and adds it to the history. False: the file is as it
+/// was, the operator has been told or has answered so.
 bool SaveFile(Program& program, history::History& history, const std::string& path);
 
 }  // namespace morvane::files

@@ -28,7 +28,8 @@ class Ui {
   virtual int MessageBox(const std::string& text, int flags, const std::string& title) = 0;
   /// The first panel of the status bar.
   virtual void Status(const std::string& text) = 0;
-  /// The full path chosen, nothing when the dialog was cancelled.
+  /// The full path chosen, nothing when the dialog was cancelled. A name without an extension gets
+  /// none: what kind of file it is stands in its name alone.
   virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
   /// The set, its texts or its file name have changed: the main window shows them anew.
   virtual void RefreshSet() = 0;

@@ -27,7 +27,7 @@ Shell::Shell(Program& program, UsbXpress& usb, Windows& windows, Instance& insta
 void Shell::MenuLoad() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  files::LoadBoardSet(program_, history_, startFile_);
+  files::LoadBoardSet(program_, history_, windows_, startFile_);
 }
 
 void Shell::MenuSave() {

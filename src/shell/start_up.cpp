@@ -71,7 +71,7 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   if (!files.FirmwareFile.empty()) {
     RefuseFirmware(files.FirmwareFile);
   } else if (!startFile_.empty()) {
-    files::LoadBoardSet(program_, history_, startFile_);
+    files::LoadBoardSet(program_, history_, windows_, startFile_);
   }
   return outcome;
 }

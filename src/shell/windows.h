@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "files/load_number.h"
+
 namespace morvane::machine {
 class DealingRun;
 class RunView;
@@ -11,9 +13,8 @@ namespace morvane::shell {
 
 /// Opens the windows of the flows, so that a flow knows none of them. A window is modal to
 /// `MainMenu`, is shown when it is made and goes when it is destroyed.
-class Windows {
+class Windows : public files::NumberDialog {
  public:
-  virtual ~Windows() = default;
   /// Shows the main window (`MainMenu`), not modal.
   virtual void ShowMainMenu() = 0;
   /// Puts the main window, and what is open over it, before other programs' windows.

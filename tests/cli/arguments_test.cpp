@@ -48,7 +48,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"show", "a", "--auto"}, "--auto does not belong to show"},
         WrongUsage{{"deal", "a", "--board", "1"}, "--board does not belong to deal"},
         WrongUsage{{"generate", "a", "--from", "1"}, "--from does not belong to generate"},
-        WrongUsage{{"convert", "a", "b", "--first", "1"}, "--first does not belong to convert"}));
+        WrongUsage{{"convert", "a", "b", "--last", "1"}, "--last does not belong to convert"},
+        WrongUsage{{"show", "a", "--first", "1"}, "--first does not belong to show"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Values, WrongUsageTest,
@@ -142,6 +143,8 @@ TEST(Arguments, ConvertTakesTwoFiles) {
   const cli::Request what = Parsed({"convert", "/a.pbn", "/b.pbn"}).What;
   EXPECT_EQ(what.In, "/a.pbn");
   EXPECT_EQ(what.Out, "/b.pbn");
+  EXPECT_FALSE(what.First);
+  EXPECT_EQ(Parsed({"convert", "/a.bri", "/b.pbn", "--first", "17"}).What.First, "17");
 }
 
 TEST(Arguments, GenerateTakesItsOptions) {
@@ -170,8 +173,10 @@ TEST(Arguments, AnEmptySetNeedsNoSeeds) {
 
 TEST(Arguments, BoardNumbersAreThoseOfTheirBoxes) {
   for (const char* bad : {"3x", "abc", "1000", "", "-1"}) {
-    EXPECT_EQ(Parsed({"generate", "/a.pbn", (std::string("--first=") + bad).c_str()}).Error,
-              std::string("--first ") + bad + ": wanted a number up to 999");
+    const QString first = QString("--first=") + bad;
+    const std::string error = std::string("--first ") + bad + ": wanted a number up to 999";
+    EXPECT_EQ(Parsed({"generate", "/a.pbn", first}).Error, error);
+    EXPECT_EQ(Parsed({"convert", "/a.bri", "/b.pbn", first}).Error, error);
   }
   EXPECT_EQ(Parsed({"generate", "/a.pbn", "--last", "999"}).What.Last, "999");
 }

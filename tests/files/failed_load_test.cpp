@@ -65,6 +65,26 @@ TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
   ExpectEmptySet(desk.Prog.Set);
 }
 
+TEST(FailedLoad, APendingNamesTitleStandsBehindItsLastSeparator) {
+  LoadDesk desk;
+  desk.StartFile = "/sets.pbn/evening";
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
+}
+
+TEST(FailedLoad, OffWindowsABackslashAndAColonArePartOfTheTitle) {
+  LoadDesk desk;
+  desk.StartFile = "c:\\sets.pbn\\evening";
+  desk.Load();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("PBN\\EVENING")));
+  const std::string path = desk.Folder / "a:b\\two.pbn";
+  test::WriteContent(path, kTwoBoards);
+  desk.StartFile = path;
+  desk.Load();
+  EXPECT_EQ(desk.Prog.Set.BoardSetFile, path);
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+}
+
 TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
   for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
     if (FindFormat(extension)->Read != nullptr) continue;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "files/load_number.h"
 #include "files/load_set.h"
 #include "support/fakes.h"
 
@@ -14,6 +16,23 @@ inline constexpr const char* kTwoBoards =
     "...AKQJT98765432\"]\r\n"
     "[Board \"4\"]\r\n[Deal \"W:A - K. Q\"]\r\n";
 
+/// An operator who answers the numbering dialog by `Answer`, by default with its OK button.
+class FakeNumbers final : public NumberDialog {
+ public:
+  void ShowLoadNumber(LoadNumber& dialog) override {
+    ++Shown;
+    Answer(dialog);
+  }
+  int Shown = 0;
+  std::function<void(LoadNumber&)> Answer = [](LoadNumber& dialog) { dialog.Command1(); };
+};
+
+/// A load whose boards keep the numbers that they are offered.
+inline bool LoadFile(Program& program, history::History& history, const std::string& path) {
+  FakeNumbers numbers;
+  return LoadFile(program, history, numbers, path);
+}
+
 /// A desk on which boards 1 to 4 of an older file lie.
 struct LoadDesk : test::TestDesk {
   LoadDesk() {
@@ -25,10 +44,11 @@ struct LoadDesk : test::TestDesk {
     Prog.Set.CurrentBoard = 2;
     test::WriteContent(Good, kTwoBoards);
   }
-  void Load() { LoadBoardSet(Prog, History, StartFile); }
+  void Load() { LoadBoardSet(Prog, History, Numbers, StartFile); }
 
   const std::string Good = Folder / "two.pbn";
   std::string StartFile;
+  FakeNumbers Numbers;
 };
 
 }  // namespace morvane::files

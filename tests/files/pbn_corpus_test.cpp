@@ -1,7 +1,6 @@
 #include <string>
 
-#include "files/load_set.h"
-#include "support/fakes.h"
+#include "files/load_desk.h"
 
 namespace morvane::files {
 namespace {

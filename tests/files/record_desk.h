@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "files/load_set.h"
+#include "files/load_desk.h"
 #include "files/save_set.h"
 #include "support/fakes.h"
 

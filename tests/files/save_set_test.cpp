@@ -3,8 +3,7 @@
 #include <filesystem>
 
 #include "files/format_table.h"
-#include "files/load_set.h"
-#include "support/fakes.h"
+#include "files/load_desk.h"
 #include "support/file_size_limit.h"
 
 namespace morvane::files {

@@ -454,7 +454,8 @@ TEST(PressBigDeal, PreparesSeedsThenGenerates) {
   desk.Gen.Pool.SeedmCounter = 40;
   GenerateRequest request = Plain("1", "2");
   request.With = DealGenerator::kShuffling;  // the button decides
-  const GenerateResult result = PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), request, desk.View);
+  const GenerateResult result =
+      PressBigDeal(desk.Prog, desk.Gen, desk.History.Ring(), request, desk.View);
   EXPECT_EQ(result.End, GenerateEnd::kDone);
   EXPECT_EQ(desk.Gen.Pool.SeedmCounter, 0);
   const std::vector<std::string> lines = desk.LogLines();

@@ -45,6 +45,10 @@ class FakeWindows final : public Windows {
     if (OnMainMenu) OnMainMenu();
   }
   void BringToFront() override { ++ToFront; }
+  void ShowLoadNumber(files::LoadNumber& dialog) override {
+    ++LoadNumbers;
+    if (OnLoadNumber) OnLoadNumber(dialog);
+  }
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     auto window = std::make_unique<FakeRunWindow>(Run);
     if (OnRun) OnRun(run);
@@ -53,8 +57,10 @@ class FakeWindows final : public Windows {
 
   int MainMenus = 0;
   int ToFront = 0;
+  int LoadNumbers = 0;
   RunWindowNotes Run;
   std::function<void()> OnMainMenu;
+  std::function<void(files::LoadNumber&)> OnLoadNumber;
   std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
 };
 

@@ -29,7 +29,7 @@ struct SecondDesk : ShellDesk {
   void ExpectNothingElse() {
     EXPECT_FALSE(std::filesystem::exists(Prog.Paths.Data));
     EXPECT_FALSE(Prog.Log.On());
-    EXPECT_FALSE(Main.History().HistoryEnabled);
+    EXPECT_FALSE(Main.History().HistoryEnabled());
     EXPECT_EQ(Desktop.MainMenus, 0);
     EXPECT_THAT(Ui.Statuses, IsEmpty());
     EXPECT_EQ(Prog.VersionText, "");

@@ -1,5 +1,6 @@
 #include "shell/ui/main_menu.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
@@ -237,7 +238,7 @@ TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
   const BoardSet saved = desk.Prog.Set;
   const std::string path = desk.Folder / "evening.pbn";
   desk.When("cdSave", [&](QWidget& dialog) {
-    static_cast<QFileDialog&>(dialog).selectNameFilter("pbn (*.pbn)");
+    static_cast<QFileDialog&>(dialog).selectNameFilter("pbn (*.pbn)(*.pbn)");
     test::Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
     test::Press(dialog, Qt::Key_Return);
   });
@@ -255,6 +256,94 @@ TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
   EXPECT_EQ(Text("Panel1"), "Boards loaded: 4");
   EXPECT_EQ(Text("txtCompleted"), "4");
   for (int n = 1; n <= 4; ++n) EXPECT_EQ(desk.Prog.Set.At(n).Cards, saved.At(n).Cards);
+}
+
+/// A command that is off while it runs and on again however it ends.
+class CommandTest : public MainMenuTest {
+ protected:
+  void Run(const char* how) {
+    EXPECT_TRUE(IsOn(command)) << how;
+    Trigger(command);
+    EXPECT_TRUE(IsOn(command)) << how;
+  }
+  /// Chooses a file of the desk's folder in the coming dialog; without a name it is cancelled.
+  void Choose(const std::string& name) {
+    desk.When(dialog, [this, name](QWidget& window) {
+      EXPECT_FALSE(IsOn(command));
+      test::Type(window, name.empty() ? "" : desk.Folder / name);
+      test::Press(window, name.empty() ? Qt::Key_Escape : Qt::Key_Return);
+    });
+  }
+  void Answer(QMessageBox::StandardButton button) {
+    desk.When("MessageBox", [this, button](QWidget& box) {
+      EXPECT_FALSE(IsOn(command));
+      test::Click(*static_cast<QMessageBox&>(box).button(button));
+    });
+  }
+  const char* command = "menuLoad";
+  const char* dialog = "cdOpen";
+
+ private:
+  [[nodiscard]] bool IsOn(const char* entry) const {
+    return test::Find<QAction>(*menu, entry).isEnabled();
+  }
+};
+
+using Command = CommandTest;
+
+TEST_F(Command, LoadIsOnAgainHoweverItEnds) {
+  Start();
+  test::WriteContent(desk.Folder / "bad.pbn", "[Board \"641\"]");
+  test::WriteContent(desk.Folder / "good.pbn", "[Board \"9\"]");
+  test::WriteContent(desk.Folder / "letter", "Dear Sir");
+  Choose("");
+  Run("cancelled");
+  Choose("bad.pbn");
+  Answer(QMessageBox::Ok);
+  Run("a faulty file");
+  Choose("letter");
+  Answer(QMessageBox::Ok);
+  Run("no format");
+  desk.Prog.AnalysisRunning = true;
+  Answer(QMessageBox::Ok);
+  Run("refused");
+  desk.Prog.AnalysisRunning = false;
+  desk.Prog.Set.BoardSetChanged = "1";
+  Answer(QMessageBox::Cancel);
+  Run("the set is not given up");
+  desk.Prog.Set.BoardSetChanged = "0";
+  Choose("good.pbn");
+  Run("loaded");
+  EXPECT_EQ(Text("txtFirstBoard"), "9");
+}
+
+TEST_F(Command, SaveIsOnAgainHoweverItEnds) {
+  command = "menuSave";
+  dialog = "cdSave";
+  Start();
+  Answer(QMessageBox::Ok);
+  Run("no set");
+  test::FillSet(desk.Prog.Set, 1, 2);
+  Choose("");
+  Run("cancelled");
+  Choose("evening");
+  Answer(QMessageBox::Ok);
+  Run("no format");
+  EXPECT_EQ(desk.Boxes.back().Text, "Unknow file format:\nSave operation aborted!");
+  desk.Prog.Set.EventName = "50%";
+  Choose("evening.pbn");
+  Answer(QMessageBox::Ok);
+  Run("refused");
+  desk.Prog.Set.EventName = "";
+  desk.Prog.Set.At(1) = Board{};
+  Choose("evening.pbn");
+  Answer(QMessageBox::No);
+  Run("answered with No");
+  EXPECT_FALSE(std::filesystem::exists(desk.Folder / "evening.pbn"));
+  Choose("evening.pbn");
+  Answer(QMessageBox::Yes);
+  Run("saved");
+  EXPECT_TRUE(std::filesystem::exists(desk.Folder / "evening.pbn"));
 }
 
 TEST_F(Flows, DealOpensTheRunWindowOverTheMainWindow) {

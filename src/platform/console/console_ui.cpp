@@ -50,6 +50,7 @@ int AnswerOf(const std::string& line, int buttons) {
 
 int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
+  ++boxesShown_;
   terminal_.Error(title + ": " + WithoutPadding(text) + "\n");
   const int buttons = flags & kButtons;
   if (buttons == kOnlyOk) return kOk;

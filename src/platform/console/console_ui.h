@@ -28,12 +28,15 @@ class ConsoleUi final : public Ui {
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override {}
   void Busy(bool) override {}
+  /// How many messages and questions the operator has seen so far.
+  [[nodiscard]] int BoxesShown() const { return boxesShown_; }
   [[nodiscard]] Point Mouse() const override { return {}; }
 
  private:
   int Ask(int buttons);
   Terminal& terminal_;
   bool yes_;
+  int boxesShown_ = 0;
   std::optional<std::string> nextFile_;
   std::map<std::string, int> answers_;
 };

@@ -65,25 +65,18 @@ int AnswerOf(int button) {
   }
 }
 
-/// The rows of a filter in Qt's form "caption (pattern pattern)".
+/// The rows of a filter in Qt's form "caption(pattern)". The captions have brackets of their own,
+/// so the dialog must not show the pattern.
 QStringList FilterRows(const std::string& filter) {
   const QStringList parts = ToQt(filter).split('|');
   QStringList rows;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    QString caption = parts[i].trimmed();
-    if (const auto tail = caption.lastIndexOf('('); tail > 0) caption.truncate(tail);
-    QString pattern = parts[i + 1].trimmed();
+    QString patterns = parts[i + 1];
     // "*.*" means every file, those without a dot too.
-    if (pattern == "*.*") pattern = "*";
-    rows << caption.trimmed() + " (" + pattern.replace(';', ' ') + ")";
+    if (patterns == "*.*") patterns = "*";
+    rows << parts[i] + "(" + patterns.replace(';', ' ') + ")";
   }
   return rows;
-}
-
-/// "pbn" of "pbn (*.pbn)"; empty where the row stands for more than one kind of file.
-QString ExtensionOf(const QString& row) {
-  const QString pattern = row.mid(row.lastIndexOf('(') + 1).chopped(1);
-  return pattern.startsWith("*.") && !pattern.contains(' ') ? pattern.mid(2) : QString();
 }
 
 void Prepare(QFileDialog& dialog, const FileRequest& request) {
@@ -92,16 +85,11 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
   dialog.setWindowTitle(ToQt(request.Title));
   dialog.setAcceptMode(request.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(rows);
   const auto row = std::clamp<qsizetype>(request.FilterIndex - 1, 0, rows.size() - 1);
   if (!rows.empty()) dialog.selectNameFilter(rows[row]);
   if (!request.Directory.empty()) dialog.setDirectory(ToQt(request.Directory));
-  if (!request.Saving) return;
-  const auto takeSuffix = [&dialog](const QString& chosen) {
-    dialog.setDefaultSuffix(ExtensionOf(chosen));
-  };
-  takeSuffix(dialog.selectedNameFilter());
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, takeSuffix);
 }
 
 }  // namespace

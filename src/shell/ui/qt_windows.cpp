@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "files/ui/load_number.h"
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
 
@@ -20,6 +21,12 @@ void QtWindows::BringToFront() {
     window->raise();
     window->activateWindow();
   }
+}
+
+void QtWindows::ShowLoadNumber(files::LoadNumber& dialog) {
+  files::LoadNumberWindow window(dialog, mainMenu_);
+  window.open();
+  program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
 }
 
 std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {

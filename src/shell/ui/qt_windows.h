@@ -16,6 +16,7 @@ class QtWindows final : public Windows {
 
   void ShowMainMenu() override;
   void BringToFront() override;
+  void ShowLoadNumber(files::LoadNumber& dialog) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
 
  private:
