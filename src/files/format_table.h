@@ -9,8 +9,17 @@ class Program;
 
 namespace morvane::files {
 
+struct Format;
+
+/// The first and last board number that a file gives for its whole set; 0 = none.
+struct FileNumbers {
+  int First = 0;
+  int Last = 0;
+};
+
 /// Fills the set, which is clear, from the file. False: the operator has been told why.
-using Reader = bool (*)(Program& program, std::string_view formatName, const std::string& path);
+using Reader = bool (*)(Program& program, const Format& format, const std::string& path,
+                        FileNumbers& numbers);
 /// Writes the set to the file. False: nothing was saved, because of an error that the operator has
 /// been told or because of an answer.
 using Writer = bool (*)(Program& program, const std::string& path,

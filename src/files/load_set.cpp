@@ -43,7 +43,8 @@ bool ReadByExtension(Program& program, const std::string& path) {
   if (extension == "TXT" && program.ServiceLevel == 0) extension.clear();
   const Format* const format = FindFormat(extension);
   if (format != nullptr && format->Read != nullptr) {
-    return format->Read(program, format->Name, path);
+    FileNumbers numbers;
+    return format->Read(program, *format, path, numbers);
   }
   program.Status("Load operation aborted");
   program.ShowMessage(Fill(program.Texts.Msg011, "***", extension), kOkCritical, "Load Error");

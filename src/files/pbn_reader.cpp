@@ -189,7 +189,8 @@ std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set, const 
   return std::nullopt;
 }
 
-bool ReadPbnFile(Program& program, std::string_view /*formatName*/, const std::string& path) {
+bool ReadPbnFile(Program& program, const Format& /*format*/, const std::string& path,
+                 FileNumbers& /*numbers*/) {
   return ReadThrough(program, path, [&](std::string bytes) {
     return ParsePbn(DecodeText(std::move(bytes)), program.Set, program.Texts);
   });

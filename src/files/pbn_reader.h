@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "files/failure_reports.h"
+#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
 
@@ -31,6 +32,7 @@ struct PbnReading {
 [[nodiscard]] std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set,
                                                   const Messages& texts);
 
-bool ReadPbnFile(Program& program, std::string_view formatName, const std::string& path);
+bool ReadPbnFile(Program& program, const Format& format, const std::string& path,
+                 FileNumbers& numbers);
 
 }  // namespace morvane::files
