@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "files/csv_file.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text.h"
@@ -17,7 +18,7 @@ constexpr std::array<Format, 8> kFormats{{
     {"DUP", "DUP", false, Numbers::FirstAndLast, false, false, nullptr, nullptr},
     {"ALL", "DEAL305", false, Numbers::None, false, false, nullptr, nullptr},
     {"BRE", "BRE", true, Numbers::None, true, false, nullptr, nullptr},
-    {"CSV", "CSV", false, Numbers::EachBoard, false, false, nullptr, nullptr},
+    {"CSV", "CSV", false, Numbers::EachBoard, false, false, ReadCsvFile, WriteCsvFile},
     {"PBN", "PBN", true, Numbers::EachBoard, true, true, ReadPbnFile, WritePbnFile},
     {"TXT", "LOG", false, Numbers::EachBoard, false, false, nullptr, nullptr},
 }};

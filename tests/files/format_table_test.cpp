@@ -43,6 +43,11 @@ TEST(FormatTable, PbnIsReadAndWritten) {
   EXPECT_NE(FindFormat("PBN")->Write, nullptr);
 }
 
+TEST(FormatTable, CsvIsReadAndWritten) {
+  EXPECT_NE(FindFormat("CSV")->Read, nullptr);
+  EXPECT_NE(FindFormat("CSV")->Write, nullptr);
+}
+
 TEST(FormatTable, AnExtensionIsUpperCaseAndWhole) {
   EXPECT_EQ(FindFormat("pbn"), nullptr);
   EXPECT_EQ(FindFormat("PB"), nullptr);
