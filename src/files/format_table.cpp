@@ -3,6 +3,7 @@
 #include <array>
 
 #include "files/csv_file.h"
+#include "files/log_reader.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text.h"
@@ -20,7 +21,7 @@ constexpr std::array<Format, 8> kFormats{{
     {"BRE", "BRE", true, Numbers::None, true, false, nullptr, nullptr},
     {"CSV", "CSV", false, Numbers::EachBoard, false, false, ReadCsvFile, WriteCsvFile},
     {"PBN", "PBN", true, Numbers::EachBoard, true, true, ReadPbnFile, WritePbnFile},
-    {"TXT", "LOG", false, Numbers::EachBoard, false, false, nullptr, nullptr},
+    {"TXT", "LOG", false, Numbers::EachBoard, false, false, ReadLogFile, nullptr},
 }};
 
 constexpr std::string_view kRows =

@@ -43,9 +43,11 @@ TEST(FormatTable, PbnIsReadAndWritten) {
   EXPECT_NE(FindFormat("PBN")->Write, nullptr);
 }
 
-TEST(FormatTable, CsvIsReadAndWritten) {
+TEST(FormatTable, CsvIsReadAndWrittenAndALogOnlyRead) {
   EXPECT_NE(FindFormat("CSV")->Read, nullptr);
   EXPECT_NE(FindFormat("CSV")->Write, nullptr);
+  EXPECT_NE(FindFormat("TXT")->Read, nullptr);
+  EXPECT_EQ(FindFormat("TXT")->Write, nullptr);
 }
 
 TEST(FormatTable, AnExtensionIsUpperCaseAndWhole) {
