@@ -4,10 +4,12 @@
 
 #include "files/bre_file.h"
 #include "files/bri_records.h"
+#include "files/csv_file.h"
 #include "files/deal305_records.h"
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/fixed_records.h"
+#include "files/log_reader.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text.h"
@@ -23,9 +25,9 @@ constexpr std::array<Format, 8> kFormats{{
     {"DUP", "DUP", false, Numbers::FirstAndLast, false, false, ReadFixedRecordFile, WriteDupFile},
     {"ALL", "DEAL305", false, Numbers::None, false, false, ReadFixedRecordFile, WriteDeal305File},
     {"BRE", "BRE", true, Numbers::None, true, false, ReadBreFile, WriteBreFile},
-    {"CSV", "CSV", false, Numbers::EachBoard, false, false, nullptr, nullptr},
+    {"CSV", "CSV", false, Numbers::EachBoard, false, false, ReadCsvFile, WriteCsvFile},
     {"PBN", "PBN", true, Numbers::EachBoard, true, true, ReadPbnFile, WritePbnFile},
-    {"TXT", "LOG", false, Numbers::EachBoard, false, false, nullptr, nullptr},
+    {"TXT", "LOG", false, Numbers::EachBoard, false, false, ReadLogFile, nullptr},
 }};
 
 constexpr std::string_view kRows =

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "model/hand_text.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
 
@@ -20,16 +21,8 @@ std::size_t TricksIndex(std::size_t position) {
 }
 
 std::string FormatHand(const Board& board, int hand) {
-  std::string text;
-  int suit = 1;
-  bool empty = true;
-  for (int card = 1; card <= kCards; ++card) {
-    if (board.Cards[static_cast<std::size_t>(card)] != hand) continue;
-    for (; suit < CardSuit(card); ++suit) text += '.';
-    text += CardLetter(card);
-    empty = false;
-  }
-  return empty ? "-" : text.append(static_cast<std::size_t>(kSuits - suit), '.');
+  std::string text = HandText(board, hand, ".");
+  return text == "..." ? "-" : text;
 }
 
 char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }

@@ -167,6 +167,7 @@ enum BoxFlags : int {
   kYesNoCancelExclamation = 51,
   kYesNoExclamation = 52,
   kOkInformation = 64,
+  kYesNoCancelInformation = 67,
   kYesNoInformation = 68,
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "model/hand_text.h"
 #include "model/messages.h"
 #include "model/text.h"
 #include "platform/files.h"
@@ -55,14 +56,7 @@ void Log::Boards(const BoardSet& set, int first, int last, bool longForm) {
 std::string FormatBoardForLog(const Board& board, bool longForm) {
   std::string text;
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    int suit = 1;
-    for (int card = 1; card <= kCards; ++card) {
-      if (board.Cards[static_cast<std::size_t>(card)] != hand) continue;
-      for (; suit < CardSuit(card); ++suit) text += '.';
-      text += CardLetter(card);
-    }
-    for (; suit < kSuits; ++suit) text += '.';
-    text += ' ';
+    text += HandText(board, hand, ".") + ' ';
   }
   if (longForm) {
     text += ' ' + HexBytes(board.DealNumber) + "  " + HexBytes(board.DealCounter);

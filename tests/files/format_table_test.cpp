@@ -45,6 +45,13 @@ TEST(FormatTable, TheseFormatsAreReadAndWritten) {
   }
 }
 
+TEST(FormatTable, CsvIsReadAndWrittenAndALogOnlyRead) {
+  EXPECT_NE(FindFormat("CSV")->Read, nullptr);
+  EXPECT_NE(FindFormat("CSV")->Write, nullptr);
+  EXPECT_NE(FindFormat("TXT")->Read, nullptr);
+  EXPECT_EQ(FindFormat("TXT")->Write, nullptr);
+}
+
 TEST(FormatTable, AnExtensionIsUpperCaseAndWhole) {
   EXPECT_EQ(FindFormat("pbn"), nullptr);
   EXPECT_EQ(FindFormat("PB"), nullptr);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/board_set.h"
+#include "model/hand_text.h"
 #include "model/shapes.h"
 #include "model/similarity.h"
 #include "support/fakes.h"
@@ -278,6 +279,16 @@ TEST(FillHandCards, LeavesOutTheCardsThatNobodyHolds) {
   expected[kNorth][4][0] = 1;
   expected[kNorth][4][1] = 52;
   EXPECT_EQ(FillHandCards(board), expected);
+}
+
+TEST(HandText, JoinsTheFourSuitsOfAHand) {
+  Board board;
+  EXPECT_EQ(HandText(board, kNorth, "."), "...");
+  board.Cards[1] = board.Cards[13] = board.Cards[29] = kNorth;  // spades A and 2, diamond Q
+  board.Cards[52] = kEast;                                      // club 2
+  EXPECT_EQ(HandText(board, kNorth, "."), "A2..Q.");
+  EXPECT_EQ(HandText(board, kEast, "--"), "------2");
+  EXPECT_EQ(HandText(board, kWest, ""), "");
 }
 
 TEST(BoardSet, CountsItsCompleteBoardsOnly) {

@@ -1,0 +1,136 @@
+#include "files/log_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/text.h"
+#include "model/text_encoding.h"
+#include "model/text_lines.h"
+#include "platform/files.h"
+#include "program/program.h"
+
+namespace morvane::files {
+namespace {
+
+using Result = LogReading::Result;
+
+/// Where the reader stands: outside records, in those wanted, in those passed over.
+enum class Mode { kBetween, kTaking, kSkipping };
+
+// A record, with columns from 0.
+constexpr std::size_t kShortRecord = 77;
+constexpr std::size_t kLongRecord = 112;
+constexpr std::size_t kNumberAt = 3;
+constexpr std::size_t kNumberLength = 3;
+constexpr std::size_t kHandsAt = 9;
+constexpr std::size_t kHandLength = 16;
+constexpr std::size_t kHandStep = kHandLength + 1;
+
+std::string_view NumberOf(std::string_view line) { return line.substr(kNumberAt, kNumberLength); }
+
+/// A record is ASCII throughout, so that its bytes are its characters.
+bool IsRecord(std::string_view line) {
+  if (line.size() != kShortRecord && line.size() != kLongRecord) return false;
+  const std::string_view number = NumberOf(line);
+  return line.starts_with("   ") && line[6] == ' ' && line[7] == ':' &&
+         // The colon behind the "9" counts as a digit: required.
+         std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= ':'; });
+}
+
+/// Gives the cards of a record to the hands. At most three dots in 16 characters and no card twice:
+/// what passes is complete.
+bool ParseHands(std::string_view line, Board& board) {
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    std::size_t suit = 0;
+    const std::size_t at = kHandsAt + static_cast<std::size_t>(hand - 1) * kHandStep;
+    for (const char c : line.substr(at, kHandLength)) {
+      if (c == '.') {
+        if (++suit == kSuits) return false;
+        continue;
+      }
+      const std::size_t rank = CardLetters.find(c);
+      if (rank == std::string_view::npos) return false;
+      std::uint8_t& holder = board.Cards[suit * kRanks + rank + 1];
+      if (holder != 0) return false;
+      holder = static_cast<std::uint8_t>(hand);
+    }
+  }
+  return true;
+}
+
+Result TakeRecord(BoardSet& set, std::string_view line) {
+  const int n = Val(NumberOf(line));
+  Board board = NumberedBoard(n);
+  if (!ParseHands(line, board)) return Result::kSyntaxError;
+  // Element 0 belongs to no set, so its number is no better than one above the last.
+  if (n < 1 || n > kMaxBoards) return Result::kOutOfRange;
+  AnalyzeBoard(board);
+  set.At(n) = board;
+  set.LastBoard = board.Number;
+  return Result::kRead;
+}
+
+void ReportError(Program& program, const std::string& text) {
+  program.ShowMessage(text, kOkCritical, "Load Log Error");
+}
+
+void ReportRuntimeError(Program& program, const RuntimeError& error, int line) {
+  std::string text = Fill(program.Texts.Msg111, "***", std::to_string(error.Number));
+  text = Fill(std::move(text), "^^^", std::to_string(line));
+  ReportError(program, Fill(std::move(text), "###", error.Description));
+}
+
+}  // namespace
+
+LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask) {
+  LogReading reading;
+  Mode mode = Mode::kBetween;
+  int number = 0;
+  Lines lines(text);
+  for (std::string_view line; lines.Next(line);) {
+    ++number;
+    if (!IsRecord(line)) {
+      if (mode == Mode::kTaking) break;
+      mode = Mode::kBetween;
+      continue;
+    }
+    reading.Line = number;
+    if (mode == Mode::kBetween) {
+      const int answer = ask(number);
+      if (answer != kYes && answer != kNo) return {Result::kCancelled, number};
+      mode = answer == kYes ? Mode::kTaking : Mode::kSkipping;
+      if (mode == Mode::kTaking) set.FirstBoard = static_cast<std::int16_t>(Val(NumberOf(line)));
+    }
+    if (mode == Mode::kSkipping) continue;
+    reading.Ending = TakeRecord(set, line);
+    if (reading.Ending != Result::kRead) return reading;
+  }
+  // The last record decides; a set that would end before it begins is none.
+  if (set.Exists() && set.LastBoard < set.FirstBoard) reading.Ending = Result::kOutOfRange;
+  return reading;
+}
+
+bool ReadLogFile(Program& program, const Format& /*format*/, const std::string& path,
+                 FileNumbers& /*numbers*/) {
+  if (path.empty()) return false;
+  std::string bytes;
+  if (const auto error = ReadFile(path, bytes)) {
+    ReportRuntimeError(program, *error, 0);
+    return false;
+  }
+  const std::string text = DecodeText(std::move(bytes));
+  const LogReading reading = ParseLog(text, program.Set, [&](int line) {
+    return program.Ask(Fill(program.Texts.Msg110, "***", std::to_string(line)),
+                       kYesNoCancelInformation, "Read Log File");
+  });
+  if (reading.Ending == Result::kSyntaxError) {
+    ReportError(program, Fill(program.Texts.Msg112, "***", std::to_string(reading.Line)));
+  }
+  if (reading.Ending == Result::kOutOfRange) {
+    // The system's own error, like every other that the operator is shown with a number.
+    ReportRuntimeError(program, RuntimeError::OfNumber(ERANGE), reading.Line);
+  }
+  return reading.Ending == Result::kRead;
+}
+
+}  // namespace morvane::files
