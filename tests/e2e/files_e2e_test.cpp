@@ -28,7 +28,7 @@ std::string SaveError(int number, const std::string& description) {
 std::unique_ptr<BoardSet> SetOf(const std::string& path) {
   auto set = std::make_unique<BoardSet>();
   const auto fault = files::ParsePbn(test::Content(path), *set, InitMessages());
-  EXPECT_FALSE(fault) << fault->Text << fault->Line;
+  EXPECT_FALSE(fault) << fault->Text << fault->At;
   return set;
 }
 
