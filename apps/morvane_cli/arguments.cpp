@@ -19,9 +19,14 @@ constexpr const char* kUsage =
     "  convert IN OUT\n"
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+    "  audit LOG\n"
     "\n"
     "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n";
+    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n"
+    "\n"
+    "generate shows the SHA-256 of the deals that it has made: publish it before play, and\n"
+    "the log afterwards. audit deals the sets of a log again from their seeds, compares every\n"
+    "board, and shows the SHA-256 of each. Its exit status is 0 only when all is the same.\n";
 
 /// The options that each command has beside the global ones, and its number of paths.
 struct CommandShape {
@@ -37,7 +42,8 @@ const std::map<QString, CommandShape>& Commands() {
          "lfsr"}}},
       {"convert", {2, {}}},
       {"show", {1, {"board"}}},
-      {"deal", {1, {"from", "to", "copies", "auto"}}}};
+      {"deal", {1, {"from", "to", "copies", "auto"}}},
+      {"audit", {1, {}}}};
   return commands;
 }
 
