@@ -20,9 +20,14 @@ constexpr const char* kUsage =
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
     "  history [--list]\n"
+    "  audit LOG\n"
     "\n"
     "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n";
+    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n"
+    "\n"
+    "generate shows the SHA-256 of the deals that it has made: publish it before play, and\n"
+    "the log afterwards. audit deals the sets of a log again from their seeds, compares every\n"
+    "board, and shows the SHA-256 of each. Its exit status is 0 only when all is the same.\n";
 
 /// The options that each command has beside the global ones, and its number of paths.
 struct CommandShape {
@@ -39,7 +44,8 @@ const std::map<QString, CommandShape>& Commands() {
       {"convert", {2, {"first"}}},
       {"show", {1, {"board"}}},
       {"deal", {1, {"from", "to", "copies", "auto"}}},
-      {"history", {0, {"list"}}}};
+      {"history", {0, {"list"}}},
+      {"audit", {1, {}}}};
   return commands;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include "cli/audit_command.h"
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
@@ -102,6 +103,7 @@ ExitStatus RunCommand(Workplace& place, const Request& request) {
   if (request.Command == "show") status = Show(place, request, shell, windows);
   if (request.Command == "deal") status = Deal(place, request, shell, windows);
   if (request.Command == "history") status = ShowHistory(place, request, shell);
+  if (request.Command == "audit") status = Audit(place, request);
   place.Prog.Set.BoardSetChanged = "0";  // what was not saved was not asked to be
   shell.Exit();
   return status;

@@ -1,5 +1,6 @@
 #include "cli/generate_command.h"
 
+#include "audit/fingerprint.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
 #include "model/text.h"
@@ -93,6 +94,9 @@ ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shel
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
   if (!Save(place, request, shell)) return kFailed;
   place.Screen.Out(Summary(place.Prog.Set, *result));
+  if (!request.Empty) {
+    place.Screen.Out("SHA-256: " + audit::SetFingerprint(place.Prog.Set) + "\n");
+  }
   return kDone;
 }
 

@@ -9,7 +9,7 @@ namespace morvane::cli {
 /// the settings or the set say.
 struct Request {
   std::string Raw;      ///< the command line as it was given, for the log
-  std::string Command;  ///< generate, convert, show, deal or history
+  std::string Command;  ///< generate, convert, show, deal, history or audit
   std::string In;
   std::string Out;
   bool Yes = false;

@@ -3,10 +3,6 @@
 #include "model/shapes.h"
 
 namespace morvane::generate {
-namespace {
-
-constexpr std::int16_t kAttempts = 50;
-
 void Accept(BoardSet& set, const Board& candidate, int k) {
   Board& board = set.At(k);
   board = candidate;
@@ -18,8 +14,6 @@ void Accept(BoardSet& set, const Board& candidate, int k) {
   }
 }
 
-}  // namespace
-
 bool MakeBoard(BoardSet& set, RejectionTests& tests, int k, const CandidateSource& nextCandidate) {
   Board candidate;
   bool rejected = false;
@@ -30,7 +24,6 @@ bool MakeBoard(BoardSet& set, RejectionTests& tests, int k, const CandidateSourc
     rejected = tests.Rejects(candidate, k);
     --attemptsLeft;
   } while (rejected && attemptsLeft > 0);
-  // The count alone decides, so that the fiftieth candidate is in vain even if it passed: required.
   if (attemptsLeft == 0) return false;
   Accept(set, candidate, k);
   return true;

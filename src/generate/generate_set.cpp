@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "generate/board_maker.h"
+#include "generate/generate_line.h"
 #include "generate/seeds.h"
 #include "model/shapes.h"
 #include "model/text.h"
@@ -69,15 +70,11 @@ void SetRange(BoardSet& set, Range range) {
   set.FirstBoard = static_cast<std::int16_t>(range.First);
 }
 
-std::string RangeText(Range range) {
-  return "  Generate: " + std::to_string(range.First) + "," + std::to_string(range.Last);
-}
-
 GenerateResult LeaveEmpty(Program& program, Range range, GenerateView& view) {
   SetRange(program.Set, range);
   view.BoardsGen(range.Last - range.First + 1);
   for (int n = range.First; n <= range.Last; ++n) program.Set.At(n) = NumberedBoard(n);
-  program.Log.WriteLine(RangeText(range));
+  program.Log.WriteLine(GenerateLine{range.First, range.Last, std::nullopt}.Text());
   program.Operator.Busy(false);
   return {};
 }
@@ -123,12 +120,10 @@ GenerateResult Results(const RejectionTests& tests, const RejectionSwitches& rej
 
 void LogSet(Program& program, Range range, const RejectionTests& tests,
             const RejectionSwitches& reject) {
-  const auto digit = [](bool on) { return on ? "1" : "0"; };
-  program.Log.WriteLine(RangeText(range) + " : " + digit(reject.Shape) + "," + digit(reject.Inner) +
-                        "," + digit(reject.History) + " : " + std::to_string(tests.ShapeRejects) +
-                        "," + std::to_string(tests.InnerRejects) + "," +
-                        std::to_string(tests.HistoryRejects));
-  program.Log.Boards(program.Set, range.First, range.Last, true);
+  const GenerateLine line{
+      range.First, range.Last,
+      GenerateLine::Tests{reject, {tests.ShapeRejects, tests.InnerRejects, tests.HistoryRejects}}};
+  program.Log.Boards(program.Set, range.First, range.Last, true, line.Text());
 }
 
 GenerateResult DealSet(Program& program, Generator& generator, const history::HistoryRing& history,

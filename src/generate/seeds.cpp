@@ -32,24 +32,29 @@ std::uint32_t BigEndianWord(std::span<const std::uint8_t, 4> bytes) {
          std::uint32_t{bytes[2]} << 8U | std::uint32_t{bytes[3]};
 }
 
-void LogBits(Program& program, const RandomPool& pool) {
-  program.Log.WriteLine("  New random bits collected: " + std::to_string(pool.SeedmCounter));
+std::string BitsLine(const RandomPool& pool) {
+  return "  New random bits collected: " + std::to_string(pool.SeedmCounter);
 }
 
-void LogSeedr(Program& program, const NumberDealer& dealer) {
-  program.Log.WriteLine("  Seedr: " + HexBytes(std::span(dealer.Seedr).subspan<1>()));
+std::string SeedrLine(const NumberDealer& dealer) {
+  return std::string(kSeedrStart) + HexBytes(std::span(dealer.Seedr).subspan<1>());
 }
 
-void LogSeedo(Program& program, const NumberDealer& dealer) {
+std::string SeedoLine(const NumberDealer& dealer) {
   std::array<std::uint8_t, kSeedoBytes> bytes{};
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = DigestByte(dealer.Seedo, i);
-  program.Log.WriteLine("  Seedo: " + HexBytes(bytes));
+  return std::string(kSeedoStart) + HexBytes(bytes);
 }
 
-void LogLfsr(Program& program, const ShufflingDealer& dealer) {
+/// Together, so that no other process's seeds come between them.
+void LogSeeds(Program& program, const NumberDealer& dealer) {
+  program.Log.Lines(std::array{SeedrLine(dealer), SeedoLine(dealer)});
+}
+
+std::string LfsrLine(const ShufflingDealer& dealer) {
   const auto& state = dealer.LfsrState;
-  program.Log.WriteLine("  Seed: " + Hex8(state[0]) + " " + Hex8(state[1]) + " " + Hex8(state[2]) +
-                        " " + Hex8(state[3]));
+  return std::string(kLfsrStart) + Hex8(state[0]) + " " + Hex8(state[1]) + " " + Hex8(state[2]) +
+         " " + Hex8(state[3]);
 }
 
 void ShowSourceError(Program& program, const RuntimeError& error) {
@@ -57,17 +62,20 @@ void ShowSourceError(Program& program, const RuntimeError& error) {
   program.ShowMessage(Fill(text, "###", error.Description), kOkCritical, kGenerateCaption);
 }
 
-/// Bytes 1..20 of `Seedr` from the system, logged; whether they can be used.
+/// Bytes 1..20 of `Seedr` from the system, logged, with `Seedo` behind them if they can be used.
 bool FillSeedr(Program& program, NumberDealer& dealer) {
   const Entropy::Answer answer = program.Random.SystemRandom(dealer.Seedr);
   if (answer.Error) {
     ShowSourceError(program, *answer.Error);
     return false;
   }
-  LogSeedr(program, dealer);
   const bool anyBit = std::any_of(dealer.Seedr.begin() + 1, dealer.Seedr.end(),
                                   [](std::uint8_t byte) { return byte != 0; });
-  if (answer.Ok && anyBit) return true;
+  if (answer.Ok && anyBit) {
+    LogSeeds(program, dealer);
+    return true;
+  }
+  program.Log.WriteLine(SeedrLine(dealer));
   ShowSourceError(program, {kNoErrorNumber, ""});
   return false;
 }
@@ -85,11 +93,9 @@ bool PrepareNumberSeeds(Program& program, Generator& generator) {
   dealer.BlockCounter = 0;
   generator.Pool.AddTimeEntropy();
   generator.Pool.SavePool();
-  LogBits(program, generator.Pool);
-  program.Log.WriteLine("  Seedm: " + generator.Pool.HexText());
+  program.Log.Lines(std::array{BitsLine(generator.Pool), "  Seedm: " + generator.Pool.HexText()});
   dealer.Seedo = DigestOfPool(generator.Pool);
   if (!FillSeedr(program, dealer)) return false;
-  LogSeedo(program, dealer);
   generator.Pool.SeedmCounter = 0;
   return true;
 }
@@ -106,13 +112,11 @@ void PrepareLfsrSeed(Program& program, Generator& generator) {
   for (std::size_t i = 0; i < 3; ++i) {
     state[i] = BigEndianWord(std::span<const std::uint8_t, 4>(&pool.Seedm[53 + 4 * i], 4));
   }
-  LogBits(program, pool);
-  LogLfsr(program, generator.Shuffling);
+  program.Log.Lines(std::array{BitsLine(pool), LfsrLine(generator.Shuffling)});
   pool.SeedmCounter = 0;
 }
 
-bool UseNumberSeeds(Program& program, NumberDealer& dealer, std::string_view seedr,
-                    std::string_view seedo) {
+bool SetNumberSeeds(NumberDealer& dealer, std::string_view seedr, std::string_view seedo) {
   const auto seedrBytes = SeedBytes(seedr, kSeedrBytes);
   const auto seedoBytes = SeedBytes(seedo, kSeedoBytes);
   if (!seedrBytes || !seedoBytes) return false;
@@ -122,8 +126,13 @@ bool UseNumberSeeds(Program& program, NumberDealer& dealer, std::string_view see
     dealer.Seedr[i + 1] = (*seedrBytes)[i];
     dealer.Seedo[i / 4] |= std::uint32_t{(*seedoBytes)[i]} << (i % 4 * 8);
   }
-  LogSeedr(program, dealer);
-  LogSeedo(program, dealer);
+  return true;
+}
+
+bool UseNumberSeeds(Program& program, NumberDealer& dealer, std::string_view seedr,
+                    std::string_view seedo) {
+  if (!SetNumberSeeds(dealer, seedr, seedo)) return false;
+  LogSeeds(program, dealer);
   return true;
 }
 
@@ -134,7 +143,7 @@ bool UseLfsrSeed(Program& program, ShufflingDealer& dealer, std::string_view see
     dealer.LfsrState[i / 4] = dealer.LfsrState[i / 4] << 8U | (*bytes)[i];
   }
   dealer.NewDeck();
-  LogLfsr(program, dealer);
+  program.Log.WriteLine(LfsrLine(dealer));
   return true;
 }
 

@@ -168,15 +168,20 @@ std::string FileBehind(const std::string& path) {
 }
 
 std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes) {
+  bytes.clear();
+  return ReadBlocks(path, [&bytes](std::string_view block) { bytes.append(block); });
+}
+
+std::optional<RuntimeError> ReadBlocks(const std::string& path,
+                                       const std::function<void(std::string_view)>& take) {
   std::error_code failure;
   const auto status = std::filesystem::status(PathOfUtf8(path), failure);
   if (std::filesystem::is_other(status)) return RuntimeError::OfNumber(EINVAL);
   const File file = OpenFile(path, "rb");
   if (!file) return RuntimeError::Last();
-  bytes.clear();
   std::array<char, 65536> block{};
   while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
-    bytes.append(block.data(), got);
+    take({block.data(), got});
   }
   if (std::ferror(file.get()) != 0) return RuntimeError::Last();
   return std::nullopt;

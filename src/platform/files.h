@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,9 @@ inline constexpr std::string_view kPathSeparators = "/";
 /// The whole file as bytes, or what went wrong. A directory is an error, and so is anything
 /// without an end of its own: a device, a pipe.
 [[nodiscard]] std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes);
+/// The same without holding the whole file: `take` is given its bytes block by block, none empty.
+[[nodiscard]] std::optional<RuntimeError> ReadBlocks(
+    const std::string& path, const std::function<void(std::string_view)>& take);
 /// Who may open a file that was not there before: whom the system lets, or its user alone.
 enum class NewFile { kOpen, kPrivate };
 

@@ -1,7 +1,10 @@
 #include "program/log.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
+#include <iterator>
+#include <vector>
 
 #include "model/hand_text.h"
 #include "model/messages.h"
@@ -26,13 +29,19 @@ bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
   return true;
 }
 
-void Log::WriteLine(std::string_view text) {
-  if (!on_) return;
-  std::string line(text);
-  // A name or text from a file must not begin a line of its own, which could pass for a record.
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  if (const auto error = Append(line.append(kCrLf))) {
+void Log::WriteLine(std::string_view text) { Lines(std::array{std::string(text)}); }
+
+void Log::Lines(std::span<const std::string> texts) {
+  if (!on_ || texts.empty()) return;
+  std::string bytes;
+  for (const std::string& text : texts) {
+    // A name or text from a file must not begin a line of its own, which could pass for a record.
+    std::replace_copy_if(
+        text.begin(), text.end(), std::back_inserter(bytes),
+        [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    bytes.append(kCrLf);
+  }
+  if (const auto error = Append(bytes)) {
     on_ = false;
     ui_.MessageBox("Error: " + std::to_string(error->Number) + ", " + error->Description +
                        std::string(kCrLf) + "File Name: " + path_,
@@ -47,10 +56,14 @@ std::optional<RuntimeError> Log::Append(std::string_view bytes) const {
 
 void Log::WriteTime(std::string_view text) { WriteLine(std::string(text) + TimeText(clock_)); }
 
-void Log::Boards(const BoardSet& set, int first, int last, bool longForm) {
+void Log::Boards(const BoardSet& set, int first, int last, bool longForm,
+                 const std::string& heading) {
+  std::vector<std::string> lines;
+  if (!heading.empty()) lines.push_back(heading);
   for (int n = first; n <= last; ++n) {
-    WriteLine("   " + ThreeDigits(n) + " : " + FormatBoardForLog(set.At(n), longForm));
+    lines.push_back("   " + ThreeDigits(n) + " : " + FormatBoardForLog(set.At(n), longForm));
   }
+  Lines(lines);
 }
 
 std::string FormatBoardForLog(const Board& board, bool longForm) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,9 +14,10 @@ namespace morvane {
 
 class Ui;
 
-/// The monthly journal "Log_<year>_<month>.txt" in the data folder. Each line is written with one
-/// open and one close, so that nothing is lost in a crash. The first failure tells the operator and
-/// turns logging off until the program ends; a failing log never stops the work.
+/// The monthly journal "Log_<year>_<month>.txt" in the data folder. Each line, or block of lines
+/// that belong together, is written with one open and one close, so that nothing is lost in a
+/// crash. The first failure tells the operator and turns logging off until the program ends; a
+/// failing log never stops the work.
 class Log {
  public:
   Log(Ui& ui, const Clock& clock) : ui_(ui), clock_(clock) {}
@@ -28,11 +30,17 @@ class Log {
   /// becomes a blank.
   void WriteLine(std::string_view text);
 
+  /// `WriteLine` of each text in turn, but in one append: lines of another process that shares the
+  /// log stand before or behind them, never between.
+  void Lines(std::span<const std::string> texts);
+
   /// `WriteLine` of `text` followed by the time of day in the format "h:mm:ss AM/PM".
   void WriteTime(std::string_view text);
 
-  /// One record for each board of `set` from `first` to `last`.
-  void Boards(const BoardSet& set, int first, int last, bool longForm);
+  /// One record for each board of `set` from `first` to `last`, behind the line `heading` if there
+  /// is one, in one append.
+  void Boards(const BoardSet& set, int first, int last, bool longForm,
+              const std::string& heading = {});
 
   [[nodiscard]] bool On() const { return on_; }
   [[nodiscard]] const std::string& Path() const { return path_; }

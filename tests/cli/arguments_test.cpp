@@ -37,7 +37,9 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongUsage{{"convert", "a"}, "convert: wrong number of files"},
                       WrongUsage{{"convert", "a", "b", "c"}, "convert: wrong number of files"},
                       WrongUsage{{"show"}, "show: wrong number of files"},
-                      WrongUsage{{"deal", "a", "b"}, "deal: wrong number of files"}));
+                      WrongUsage{{"deal", "a", "b"}, "deal: wrong number of files"},
+                      WrongUsage{{"audit"}, "audit: wrong number of files"},
+                      WrongUsage{{"audit", "a", "b"}, "audit: wrong number of files"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Options, WrongUsageTest,
@@ -49,6 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"deal", "a", "--board", "1"}, "--board does not belong to deal"},
         WrongUsage{{"generate", "a", "--from", "1"}, "--from does not belong to generate"},
         WrongUsage{{"convert", "a", "b", "--last", "1"}, "--last does not belong to convert"},
+        WrongUsage{{"audit", "a", "--board", "1"}, "--board does not belong to audit"},
         WrongUsage{{"show", "a", "--first", "1"}, "--first does not belong to show"}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -139,6 +142,13 @@ TEST(Arguments, ShowTakesItsBoard) {
   EXPECT_EQ(Parsed({"show", "/a", "--board", "7"}).What.Board, 7);
 }
 
+TEST(Arguments, AuditTakesALog) {
+  const cli::Request what = Parsed({"audit", "/data/Log_2026_3.txt"}).What;
+  EXPECT_EQ(what.Command, "audit");
+  EXPECT_EQ(what.In, "/data/Log_2026_3.txt");
+  EXPECT_EQ(what.Out, "");
+}
+
 TEST(Arguments, ConvertTakesTwoFiles) {
   const cli::Request what = Parsed({"convert", "/a.pbn", "/b.pbn"}).What;
   EXPECT_EQ(what.In, "/a.pbn");
@@ -215,7 +225,8 @@ TEST(Arguments, HelpGoesBeforeEverythingButAnUnknownOption) {
     const Arguments arguments = Parsed(words);
     EXPECT_EQ(arguments.Error, "");
     EXPECT_THAT(arguments.Help, HasSubstr("Usage: morvane-cli "));
-    for (const char* command : {"generate OUT", "convert IN OUT", "show IN", "deal IN"}) {
+    for (const char* command :
+         {"generate OUT", "convert IN OUT", "show IN", "deal IN", "audit LOG"}) {
       EXPECT_THAT(arguments.Help, HasSubstr(command));
     }
   }

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "audit/fingerprint.h"
 #include "cli/cli_desk.h"
 
 namespace morvane::cli {
@@ -167,8 +168,20 @@ TEST(GenerateCommand, SaysWhatItHasMade) {
   Request request = Seeded(desk, kSeedr, kSeedo);
   request.First = "5";
   ASSERT_EQ(desk.Run(request), kDone);
-  EXPECT_EQ(desk.Screen.Output, "Boards 5 to 8: 4\n");
+  EXPECT_THAT(desk.Screen.Output, StartsWith("Boards 5 to 8: 4\nSHA-256: "));
   EXPECT_EQ(desk.Screen.Errors, "");
+}
+
+TEST(GenerateCommand, ShowsTheFingerprintOfTheSet) {
+  CliDesk desk;
+  ASSERT_EQ(desk.Run(Seeded(desk, kSeedr, kSeedo)), kDone);
+  EXPECT_EQ(desk.Screen.Output,
+            "Boards 1 to 8: 8\nSHA-256: " + audit::SetFingerprint(desk.Prog.Set) + "\n");
+  CliDesk shuffled;
+  ASSERT_EQ(shuffled.Run(FromState(shuffled, kLfsr)), kDone);
+  EXPECT_EQ(shuffled.Screen.Output,
+            "Boards 1 to 8: 8\nSHA-256: " + audit::SetFingerprint(shuffled.Prog.Set) + "\n");
+  EXPECT_NE(shuffled.Screen.Output, desk.Screen.Output);
 }
 
 TEST(GenerateCommand, SaysWhatTheTestsHaveRejected) {
@@ -180,7 +193,7 @@ TEST(GenerateCommand, SaysWhatTheTestsHaveRejected) {
   // One board is like no other, so the shape alone can have rejected any.
   EXPECT_THAT(desk.Screen.Output, StartsWith("Boards 1 to 1: 1  shapes rejected: "));
   EXPECT_THAT(desk.Screen.Output,
-              ::testing::EndsWith("  inner similarity rejected: 0  history rejected: 0\n"));
+              HasSubstr("  inner similarity rejected: 0  history rejected: 0\nSHA-256: "));
 }
 
 TEST(GenerateCommand, CountsTheBoardsOnATerminal) {
@@ -189,7 +202,8 @@ TEST(GenerateCommand, CountsTheBoardsOnATerminal) {
   Request request = Seeded(desk, kSeedr, kSeedo);
   request.Last = "2";
   ASSERT_EQ(desk.Run(request), kDone);
-  EXPECT_EQ(desk.Screen.Output, "\rBoards generated: 1\rBoards generated: 2\nBoards 1 to 2: 2\n");
+  EXPECT_THAT(desk.Screen.Output, StartsWith("\rBoards generated: 1\rBoards generated: 2\n"
+                                             "Boards 1 to 2: 2\nSHA-256: "));
 }
 
 TEST(GenerateCommand, ARangeThatCannotBeIsRefusedInTheWordsOfTheWindow) {

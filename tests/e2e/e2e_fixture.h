@@ -37,17 +37,21 @@ class EndToEnd : public ::testing::Test {
     test::WriteContent(folder / name, text);
     return folder / name;
   }
-  /// The lines of the log, whatever month it is.
-  [[nodiscard]] std::vector<std::string> LogLines() const {
-    std::vector<std::string> lines;
+  /// The log, whatever month it is; empty when there is none.
+  [[nodiscard]] std::string LogPath() const {
     std::error_code missing;
     for (const auto& entry : std::filesystem::directory_iterator(data, missing)) {
-      if (!entry.path().filename().string().starts_with("Log_")) continue;
-      const std::string text = test::Content(entry.path().string());
-      for (std::size_t at = 0, end = 0; (end = text.find("\r\n", at)) != std::string::npos;) {
-        lines.push_back(text.substr(at, end - at));
-        at = end + 2;
-      }
+      if (entry.path().filename().string().starts_with("Log_")) return entry.path().string();
+    }
+    return "";
+  }
+  [[nodiscard]] std::vector<std::string> LogLines() const {
+    std::vector<std::string> lines;
+    const std::string path = LogPath();
+    const std::string text = path.empty() ? "" : test::Content(path);
+    for (std::size_t at = 0, end = 0; (end = text.find("\r\n", at)) != std::string::npos;) {
+      lines.push_back(text.substr(at, end - at));
+      at = end + 2;
     }
     return lines;
   }

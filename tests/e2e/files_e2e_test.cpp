@@ -126,6 +126,28 @@ TEST_F(FilesEndToEnd, ShowPrintsTheDiagram) {
   EXPECT_EQ(outcome.Err, "");
 }
 
+TEST_F(FilesEndToEnd, ALogThatNobodyTouchedAuditsAsTheSame) {
+  ASSERT_EQ(Run({"generate", "a.pbn", "--shapes", "on"}).Status, 0);
+  const Outcome made = Run({"generate", "b.pbn", "--last", "16", "--shapes", "on"});
+  ASSERT_EQ(Run({"generate", "c.pbn", "--generator", "morvane"}).Status, 0);
+  const std::string log = LogPath();
+  const Outcome audited = Run({"audit", log});
+  EXPECT_EQ(audited.Status, 0);
+  EXPECT_EQ(audited.Err, "");
+  EXPECT_THAT(audited.Out, HasSubstr("  32 of 32 boards are the same.\n"));
+  EXPECT_THAT(audited.Out, HasSubstr("  16 of 16 boards are the same.\n"));
+  EXPECT_THAT(audited.Out, HasSubstr("Not a set of the number generator, not checked."));
+  EXPECT_THAT(audited.Out, HasSubstr(made.Out.substr(made.Out.find("SHA-256: "))));
+  EXPECT_THAT(audited.Out, ::testing::EndsWith("\n2 of 2 sets are the same.\n"));
+
+  std::string text = test::Content(log);
+  std::swap(text[text.find("   007 : ") + 9], text[text.find("   007 : ") + 26]);
+  test::WriteContent(folder / "changed.txt", text);
+  const Outcome changed = Run({"audit", "changed.txt"});
+  EXPECT_EQ(changed.Status, 1);
+  EXPECT_THAT(changed.Out, HasSubstr("\n1 of 2 sets are the same.\n"));
+}
+
 TEST_F(FilesEndToEnd, WrongUsageEndsWith2AndTouchesNothing) {
   struct Wrong {
     std::vector<std::string> Words;

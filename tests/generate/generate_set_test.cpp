@@ -9,6 +9,7 @@
 #include "model/shapes.h"
 #include "model/similarity.h"
 #include "model/text.h"
+#include "support/append_count.h"
 #include "support/fakes.h"
 
 namespace morvane::generate {
@@ -286,6 +287,15 @@ TEST(GenerateSet, LogsSwitchesCountersAndTheLongFormOfEachBoard) {
   EXPECT_EQ(lines[3].substr(77),
             " " + HexBytes(board.DealNumber) + "  " + HexBytes(board.DealCounter));
   EXPECT_EQ(lines[4].substr(0, 9), "   010 : ");
+}
+
+TEST(GenerateSet, LogsTheSetInOneAppend) {
+  GenerateDesk desk;
+  desk.Prog.Log.WriteLine("---");
+  test::AppendCount appends(desk.Prog.Log.Path());
+  desk.Run(Plain("1", "32"));
+  EXPECT_EQ(appends.Get(), 1);
+  EXPECT_EQ(desk.LogLines().size(), 1U + 33U);
 }
 
 TEST(GenerateSet, LogsEachSwitchInItsPlace) {

@@ -5,6 +5,7 @@
 
 #include "generate/reference.h"
 #include "model/text.h"
+#include "support/append_count.h"
 #include "support/fakes.h"
 
 namespace morvane::generate {
@@ -72,6 +73,17 @@ TEST(PrepareNumberSeeds, LogsBitsPoolAndBothSeeds) {
   EXPECT_THAT(desk.LogLines(),
               ElementsAre("  New random bits collected: 116", "  Seedm: " + kSeedmText,
                           "  Seedr: " + kSeedrText, "  Seedo: " + SeedoText()));
+}
+
+TEST(PrepareNumberSeeds, BothSeedsAreOneAppendSoThatNoOtherSeedComesBetween) {
+  SeedDesk desk;
+  desk.Prog.Log.WriteLine("---");
+  test::AppendCount appends(desk.Prog.Log.Path());
+  EXPECT_TRUE(PrepareNumberSeeds(desk.Prog, desk.Gen));
+  EXPECT_EQ(appends.Get(), 2);  // bits and pool, then the seeds
+  EXPECT_TRUE(
+      UseNumberSeeds(desk.Prog, desk.Gen.Number, std::string(40, '1'), std::string(40, '2')));
+  EXPECT_EQ(appends.Get(), 1);
 }
 
 TEST(PrepareNumberSeeds, StartsTheCountersAnew) {
@@ -256,6 +268,19 @@ TEST(UseNumberSeeds, AnythingButFortyDigitsIsRefusedAndChangesNothing) {
   EXPECT_EQ(dealer.Seedo, NumberDealer().Seedo);
   EXPECT_EQ(dealer.BlockCounter, 5);
   EXPECT_TRUE(desk.LogLines().empty());
+}
+
+TEST(SetNumberSeeds, GivesTheSameSeedsAndLogsNothing) {
+  SeedDesk desk;
+  NumberDealer dealer;
+  dealer.BlockCounter = 5;
+  EXPECT_TRUE(SetNumberSeeds(dealer, kSeedrText, std::string(40, '7')));
+  EXPECT_TRUE(desk.LogLines().empty());
+  EXPECT_TRUE(UseNumberSeeds(desk.Prog, desk.Gen.Number, kSeedrText, std::string(40, '7')));
+  EXPECT_EQ(dealer.Seedr, desk.Gen.Number.Seedr);
+  EXPECT_EQ(dealer.Seedo, desk.Gen.Number.Seedo);
+  EXPECT_EQ(dealer.BlockCounter, 0);
+  EXPECT_FALSE(SetNumberSeeds(dealer, kSeedrText, ""));
 }
 
 TEST(UseLfsrSeed, TakesFourWordsAndAFreshDeck) {

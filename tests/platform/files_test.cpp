@@ -57,6 +57,33 @@ TEST(Files, AMissingFileAndADirectoryAreErrors) {
   EXPECT_EQ(ReadFile(folder.Path(), bytes)->Number, EISDIR);
 }
 
+TEST(Files, BlockByBlockAFileIsReadWhole) {
+  TempFolder folder;
+  std::string content;
+  for (int i = 0; i < 200'000; ++i) content += static_cast<char>(i % 251);
+  for (const std::size_t size :
+       {std::size_t{0}, std::size_t{1}, std::size_t{65536}, content.size()}) {
+    test::WriteContent(folder / "file", content.substr(0, size));
+    std::string bytes;
+    std::size_t largest = 0;
+    EXPECT_FALSE(ReadBlocks(folder / "file", [&](std::string_view block) {
+      EXPECT_FALSE(block.empty());
+      bytes += block;
+      largest = std::max(largest, block.size());
+    }));
+    EXPECT_EQ(bytes, content.substr(0, size));
+    EXPECT_LE(largest, 65536U);
+  }
+}
+
+TEST(Files, WhatCannotBeReadWholeCannotBeReadByBlocks) {
+  TempFolder folder;
+  const auto unexpected = [](std::string_view) { FAIL(); };
+  EXPECT_EQ(ReadBlocks(folder / "none", unexpected)->Number, ENOENT);
+  EXPECT_EQ(ReadBlocks(folder.Path(), unexpected)->Number, EISDIR);
+  EXPECT_EQ(ReadBlocks("/dev/zero", unexpected)->Number, EINVAL);
+}
+
 TEST(Files, WhatHasNoEndIsNotRead) {
   TempFolder folder;
   std::string bytes;

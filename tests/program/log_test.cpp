@@ -1,5 +1,6 @@
 #include "program/log.h"
 
+#include "support/append_count.h"
 #include "support/fakes.h"
 
 namespace morvane {
@@ -52,6 +53,37 @@ TEST(Log, ATextWithLineEndsStaysOneLineSoThatItCannotForgeARecord) {
                                                      "  Load: /events/evening " + record + " \r\n");
 }
 
+TEST(Log, LinesThatBelongTogetherAreOneAppend) {
+  TestDesk desk;
+  desk.Prog.Log.WriteLine("---");
+  test::AppendCount appends(desk.Prog.Log.Path());
+  desk.Prog.Log.Lines(std::vector<std::string>{" one", "two\r\n   three", ""});
+  EXPECT_EQ(appends.Get(), 1);
+  EXPECT_EQ(test::Content(desk.Prog.Log.Path()), "---\r\n one\r\ntwo     three\r\n\r\n");
+  desk.Prog.Log.WriteLine("four");
+  desk.Prog.Log.WriteLine("five");
+  EXPECT_EQ(appends.Get(), 2);
+}
+
+TEST(Log, NoLinesAreNoAppend) {
+  TestDesk desk;
+  desk.Prog.Log.WriteLine("---");
+  test::AppendCount appends(desk.Prog.Log.Path());
+  desk.Prog.Log.Lines({});
+  desk.Prog.Log.Boards(desk.Prog.Set, 2, 1, true);
+  EXPECT_EQ(appends.Get(), 0);
+}
+
+TEST(Log, LinesThatCannotBeWrittenAreOneFailure) {
+  TestDesk desk;
+  Log log(desk.Ui, desk.Clock);
+  RuntimeError error;
+  ASSERT_TRUE(log.Start("/proc/self", error));
+  log.Lines(std::vector<std::string>{"one", "two"});
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_FALSE(log.On());
+}
+
 TEST(Log, TheFirstFailureToWriteTellsTheOperatorAndTurnsItOff) {
   TestDesk desk;
   Log log(desk.Ui, desk.Clock);
@@ -100,6 +132,20 @@ TEST(BoardRecord, HasTheFixedColumns) {
   EXPECT_EQ(lines[0],
             "   007 : AT62.J73.Q84.K95 K95.AT62.J73.Q84 Q84.K95.AT62.J73 J73.Q84.K95.AT62 ");
   EXPECT_EQ(lines[0].size(), 77U);
+}
+
+TEST(BoardRecord, RecordsOfASetAndTheirHeadingAreOneAppend) {
+  TestDesk desk;
+  test::FillSet(desk.Prog.Set, 1, 640);
+  desk.Prog.Log.WriteLine("---");
+  test::AppendCount appends(desk.Prog.Log.Path());
+  desk.Prog.Log.Boards(desk.Prog.Set, 1, 640, true, "  Generate: 1,640 : 0,0,0 : 0,0,0");
+  EXPECT_EQ(appends.Get(), 1);
+  const std::vector<std::string> lines = desk.LogLines();
+  ASSERT_EQ(lines.size(), 2U + 640U);
+  EXPECT_EQ(lines[1], "  Generate: 1,640 : 0,0,0 : 0,0,0");
+  EXPECT_EQ(lines[2].substr(0, 9), "   001 : ");
+  EXPECT_EQ(lines[641].substr(0, 9), "   640 : ");
 }
 
 TEST(BoardRecord, TheLongFormCarriesTheDealsIdentity) {

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "audit/log_reader.h"
+#include "audit/seed_book.h"
+#include "audit/set_audit.h"
+
+namespace morvane::audit {
+
+/// Audits the sets of a log whose bytes come block by block.
+class LogAudit final : private LogListener {
+ public:
+  /// `onSet` is given each set as soon as its lines are over.
+  explicit LogAudit(std::function<void(const SetAudit&)> onSet) : onSet_(std::move(onSet)) {}
+
+  void Add(std::string_view block) { reader_.Add(block); }
+  void End() { reader_.End(); }
+
+  /// Sets that could be checked or should have been, and how many of them are the same.
+  [[nodiscard]] int Checked() const { return checked_; }
+  [[nodiscard]] int Same() const { return same_; }
+  /// Lines of seeds of the number generator without a set of theirs.
+  [[nodiscard]] std::vector<std::size_t> UnusedSeeds() const { return seeds_.Unused(); }
+
+ private:
+  void OnNumberSeeds(LoggedSeeds seeds) override { seeds_.AddNumberSeeds(std::move(seeds)); }
+  void OnShufflingSeed() override { seeds_.AddShufflingSeed(); }
+  void OnSet(const LoggedSet& set) override;
+  [[nodiscard]] SetAudit::Kind KindOf(const LoggedSet& set);
+  void CheckBoards(const LoggedSet& set, SetAudit& audit);
+
+  std::function<void(const SetAudit&)> onSet_;
+  LogReader reader_{*this};
+  SeedBook seeds_;
+  Redealer redealer_;
+  int checked_ = 0;
+  int same_ = 0;
+};
+
+}  // namespace morvane::audit

@@ -1,0 +1,133 @@
+#include "cli/audit_command.h"
+
+#include "audit/log_audit.h"
+#include "platform/files.h"
+
+namespace morvane::cli {
+namespace {
+
+using audit::BoardFinding;
+using audit::SetAudit;
+
+std::string Range(const SetAudit& set) {
+  return "boards " + std::to_string(set.What.First) + " to " + std::to_string(set.What.Last);
+}
+
+std::string Records(int count) {
+  return std::to_string(count) + (count == 1 ? " record" : " records");
+}
+
+std::string Heading(const SetAudit& set) {
+  const std::string line = "Line " + std::to_string(set.Line) + ": ";
+  switch (set.Is) {
+    case SetAudit::kNumber:
+      return line + Range(set) + ", number generator\n";
+    case SetAudit::kShuffling:
+      return line + Range(set) + ", shuffling generator\n";
+    case SetAudit::kEmpty:
+      return line + Range(set) + ", left empty\n";
+    case SetAudit::kDamagedLine:
+      return line + "a damaged Generate line, " + Records(set.Records) + " behind it\n";
+    case SetAudit::kNoGenerateLine:
+      return line + Records(set.Records) + " without a Generate line\n";
+  }
+  return line + "\n";
+}
+
+std::string SeedLines(const SetAudit& set) {
+  if (!set.Seeds) return "  The log has no seeds for it.\n";
+  return "  Seedr: " + set.Seeds->Seedr + "\n  Seedo: " + set.Seeds->Seedo + "   (line " +
+         std::to_string(set.Seeds->Line) + ")\n" +
+         (set.SeedsFit ? ""
+                       : "  No board has a deal number of these seeds, the latest before it.\n");
+}
+
+/// What differs, as far as that can be said.
+std::string Differences(const BoardFinding& finding) {
+  if (finding.CannotBeDealt) return "it cannot be dealt again";
+  std::string text;
+  const auto add = [&text](bool differs, const char* what) {
+    if (differs) text += (text.empty() ? "" : ", ") + std::string(what);
+  };
+  add(finding.Hands, "hands");
+  add(finding.DealNumber, "deal number");
+  add(finding.DealCounter, "counter");
+  if (finding.BeyondReach) text += " (greater than that of any set)";
+  return text;
+}
+
+std::string FindingLine(const BoardFinding& finding) {
+  const std::string board = "  Board " + std::to_string(finding.Number) + " ";
+  const std::string line = " (line " + std::to_string(finding.Line) + ")";
+  switch (finding.Is) {
+    case BoardFinding::kDiffers:
+      return board + "differs" + line + ": " + Differences(finding) + "\n";
+    case BoardFinding::kMissing:
+      return board + "is missing\n";
+    case BoardFinding::kTwice:
+      return board + "stands there twice" + line + "\n";
+    case BoardFinding::kNotInRange:
+      return board + "is not in the range" + line + "\n";
+    case BoardFinding::kOutOfOrder:
+      return board + "is out of order" + line + "\n";
+  }
+  return board + "\n";
+}
+
+std::string RejectedLine(const SetAudit& set) {
+  const auto& logged = set.What.Dealt->Rejected;
+  const auto counts = [](const generate::RejectCounts& rejected) {
+    return "shapes " + std::to_string(rejected.Shape) + ", inner similarity " +
+           std::to_string(rejected.Inner) + ", history " + std::to_string(rejected.History);
+  };
+  std::string text = "  Rejected: " + counts(logged);
+  if (set.Rejected && !set.CountsAreSame()) {
+    text += "; when dealt again: " + counts(*set.Rejected);
+  }
+  return text + "\n";
+}
+
+std::string SetText(const SetAudit& set) {
+  std::string text = Heading(set);
+  if (!set.IsChecked()) text += "  Not a set of the number generator, not checked.\n";
+  if (set.Is == SetAudit::kNumber) {
+    text += SeedLines(set);
+    for (const BoardFinding& finding : set.Findings) text += FindingLine(finding);
+    text += "  " + std::to_string(set.SameBoards) + " of " +
+            std::to_string(set.What.Last - set.What.First + 1) + " boards are the same.\n" +
+            RejectedLine(set);
+  }
+  if (!set.Fingerprint.empty()) text += "  SHA-256: " + set.Fingerprint + "\n";
+  return text;
+}
+
+std::string UnusedSeedsText(const audit::LogAudit& log) {
+  std::string text;
+  for (const std::size_t line : log.UnusedSeeds()) {
+    text += "Line " + std::to_string(line) + ": seeds without a set of theirs\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+ExitStatus Audit(Workplace& place, const Request& request) {
+  audit::LogAudit log([&place](const SetAudit& set) { place.Screen.Out(SetText(set)); });
+  const auto error = ReadBlocks(request.In, [&log](std::string_view block) { log.Add(block); });
+  if (error) {
+    place.Screen.Error("The log cannot be read: error " + std::to_string(error->Number) + ", " +
+                       error->Description + "\n" + request.In + "\n");
+    return kFailed;
+  }
+  log.End();
+  place.Screen.Out(UnusedSeedsText(log));
+  if (log.Checked() == 0) {
+    place.Screen.Error("There is no set of the number generator in the log\n" + request.In + "\n");
+    return kFailed;
+  }
+  place.Screen.Out(std::to_string(log.Same()) + " of " + std::to_string(log.Checked()) +
+                   (log.Checked() == 1 ? " set is" : " sets are") + " the same.\n");
+  return log.Same() == log.Checked() ? kDone : kFailed;
+}
+
+}  // namespace morvane::cli
