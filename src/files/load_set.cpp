@@ -13,10 +13,10 @@ namespace morvane::files {
 namespace {
 
 /// Whether the current set may go: it has no changes, they were saved, or the operator gives it up.
-bool MayReplaceSet(Program& program) {
+bool MayReplaceSet(Program& program, const std::string& title) {
   int answer = kYes;
   if (program.Set.Changed()) {
-    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, "Load New Board Set");
+    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, title);
     if (answer == kYes) SaveBoardSet(program);
   }
   return (answer == kYes && !program.Set.Changed()) || answer == kNo;
@@ -50,6 +50,17 @@ bool ReadByExtension(Program& program, const std::string& path) {
   return false;
 }
 
+/// What the status bar says after a failed load. A PBN file that can be read was refused for its
+/// form, of which Import asks less; without any bracket there is nothing in it for Import either.
+std::string StatusAfterFailure(const std::string& path) {
+  std::string bytes;
+  const bool forImport = ExtensionOf(FileTitle(path)) == "PBN" && !ReadFile(path, bytes) &&
+                         bytes.find('[') != std::string::npos;
+  return forImport ? "Load operation aborted. File - Import PBN may take this file" : "Ready";
+}
+
+}  // namespace
+
 void TakeLoadedSet(Program& program, const std::string& path) {
   BoardSet& set = program.Set;
   RememberFile(program, path);
@@ -59,25 +70,33 @@ void TakeLoadedSet(Program& program, const std::string& path) {
   program.Status("Boards loaded: " + std::to_string(set.Count()));
 }
 
-}  // namespace
-
 bool LoadBoardSet(Program& program, std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
+  const SetSource files{"Loading",
+                        " File-Load: ",
+                        "Load New Board Set",
+                        "Load Error",
+                        OpenRequest,
+                        [&](const std::string& path) { return LoadFile(program, path); }};
+  return ReplaceSet(program, files, pending);
+}
+
+bool ReplaceSet(Program& program, const SetSource& source, const std::string& pending) {
   if (program.AnalysisRunning) {
-    program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
+    program.ShowMessage(program.Texts.Msg103, kOkCritical, source.ErrorTitle);
     return false;
   }
-  program.Status("Loading");
-  if (!MayReplaceSet(program)) {
+  program.Status(source.Doing);
+  if (!MayReplaceSet(program, source.QuestionTitle)) {
     program.Status("Ready");
     return false;
   }
-  program.Log.WriteTime(" File-Load: ");
-  if (!pending.empty()) return LoadFile(program, pending);
+  program.Log.WriteTime(source.LogWord);
+  if (!pending.empty()) return source.Take(pending);
   // A set given up here counts as saved even when the dialog is cancelled: required.
   program.Set.BoardSetChanged = "0";
-  if (const auto path = program.Operator.AskFile(OpenRequest(program)))
-    return LoadFile(program, *path);
+  if (const auto path = program.Operator.AskFile(source.Request(program)))
+    return source.Take(*path);
   program.Status("Ready");
   program.Operator.RefreshSet();
   return false;
@@ -91,7 +110,7 @@ bool LoadFile(Program& program, const std::string& path) {
     TakeLoadedSet(program, path);
   } else {
     ClearSet(program);
-    program.Status("Ready");
+    program.Status(StatusAfterFailure(path));
   }
   program.Set.BoardSetChanged = "0";
   return loaded;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+
+#include "platform/ui.h"
 
 namespace morvane {
 class Program;
@@ -15,5 +18,23 @@ bool LoadBoardSet(Program& program, std::string& startFile);
 /// Loads `path` in place of the current set. All or nothing: after a failure, which the operator
 /// has been told, the set is empty. Whether the set was loaded.
 bool LoadFile(Program& program, const std::string& path);
+
+/// What tells one way to take another set from the next.
+struct SetSource {
+  std::string Doing;          ///< in the status bar meanwhile
+  std::string LogWord;        ///< in front of the time in the log
+  std::string QuestionTitle;  ///< of the question whether to save first
+  std::string ErrorTitle;
+  FileRequest (*Request)(const Program& program);
+  std::function<bool(const std::string& path)> Take;  ///< whether the set was taken
+};
+
+/// The flow of the Load command with another source; `pending` is a file to take without asking for
+/// one. Whether a set was taken.
+bool ReplaceSet(Program& program, const SetSource& source, const std::string& pending);
+
+/// The end of a load that went well: the set, which came from `path`, is remembered, logged and
+/// shown.
+void TakeLoadedSet(Program& program, const std::string& path);
 
 }  // namespace morvane::files

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace morvane {
+class Program;
+}
+
+namespace morvane::files {
+
+/// The Import command: the flow of Load with a reader that takes PBN of any program. It ends with a
+/// report. Whether a set was imported.
+bool ImportBoardSet(Program& program);
+
+/// Imports `path` in place of the current set. Without a board to take the current set stays.
+/// Whether a set was imported; the operator has been told in either case.
+bool ImportFile(Program& program, const std::string& path);
+
+}  // namespace morvane::files
