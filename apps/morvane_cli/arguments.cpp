@@ -16,7 +16,7 @@ constexpr const char* kUsage =
     "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
     "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
     "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
-    "  convert IN OUT\n"
+    "  convert IN OUT [--import]\n"
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
     "\n"
@@ -35,14 +35,14 @@ const std::map<QString, CommandShape>& Commands() {
        {1,
         {"first", "last", "generator", "empty", "shapes", "inner", "history", "seedr", "seedo",
          "lfsr"}}},
-      {"convert", {2, {}}},
+      {"convert", {2, {"import"}}},
       {"show", {1, {"board"}}},
       {"deal", {1, {"from", "to", "copies", "auto"}}}};
   return commands;
 }
 
 const QStringList kGlobal{"data", "settings", "machine", "yes", "help"};
-const QStringList kSwitches{"yes", "help", "empty", "auto"};
+const QStringList kSwitches{"yes", "help", "empty", "auto", "import"};
 
 void AddOptions(QCommandLineParser& parser) {
   QStringList names = kGlobal;
@@ -141,6 +141,7 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   what.Seedr = values.Hex("seedr", 40);
   what.Seedo = values.Hex("seedo", 40);
   what.Lfsr = values.Hex("lfsr", 32);
+  what.Import = parser.isSet("import");
   what.Board = values.Number("board");
   what.From = values.Number("from");
   what.To = values.Number("to");

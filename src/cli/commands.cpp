@@ -3,6 +3,7 @@
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
+#include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 
@@ -31,8 +32,13 @@ bool Load(Workplace& place, const Request& request) {
   return files::LoadBoardSet(place.Prog, path);
 }
 
+bool Import(Workplace& place, const Request& request) {
+  place.Operator.AnswerNextFile(request.In);
+  return files::ImportBoardSet(place.Prog);
+}
+
 ExitStatus Convert(Workplace& place, const Request& request) {
-  if (!Load(place, request)) return kFailed;
+  if (!(request.Import ? Import(place, request) : Load(place, request))) return kFailed;
   return Save(place, request) ? kDone : kFailed;
 }
 

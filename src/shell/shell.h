@@ -44,6 +44,7 @@ class Shell {
   bool Exit();
 
   void MenuLoad();
+  void MenuImport();
   void MenuSave();
   void MenuDeal();
 

@@ -48,6 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"show", "a", "--auto"}, "--auto does not belong to show"},
         WrongUsage{{"deal", "a", "--board", "1"}, "--board does not belong to deal"},
         WrongUsage{{"generate", "a", "--from", "1"}, "--from does not belong to generate"},
+        WrongUsage{{"show", "a", "--import"}, "--import does not belong to show"},
         WrongUsage{{"convert", "a", "b", "--first", "1"}, "--first does not belong to convert"}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -132,6 +133,14 @@ TEST(Arguments, DealTakesItsOptions) {
   EXPECT_EQ(what.To, 640);
   EXPECT_EQ(what.Copies, 99);
   EXPECT_TRUE(what.Auto);
+}
+
+TEST(Arguments, ConvertMayImport) {
+  const cli::Request what = Parsed({"convert", "--import", "/a.pbn", "/b.pbn"}).What;
+  EXPECT_TRUE(what.Import);
+  EXPECT_EQ(what.In, "/a.pbn");
+  EXPECT_EQ(what.Out, "/b.pbn");
+  EXPECT_FALSE(Parsed({"convert", "/a.pbn", "/b.pbn"}).What.Import);
 }
 
 TEST(Arguments, ShowTakesItsBoard) {
