@@ -34,10 +34,13 @@ bool Abort(Program& program, const std::string& text) {
 }  // namespace
 
 bool ImportBoardSet(Program& program) {
-  const SetSource files{
-      "Importing",   " File-Import: ",
-      kTitle,        kTitle,
-      ImportRequest, [&](const std::string& path) { return ImportFile(program, path); }};
+  SetSource files;
+  files.Doing = "Importing";
+  files.LogWord = " File-Import: ";
+  files.QuestionTitle = kTitle;
+  files.ErrorTitle = kTitle;
+  files.Request = ImportRequest;
+  files.Take = [&](const std::string& path) { return ImportFile(program, path); };
   return ReplaceSet(program, files, {});
 }
 

@@ -72,12 +72,14 @@ void TakeLoadedSet(Program& program, const std::string& path) {
 
 bool LoadBoardSet(Program& program, std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
-  const SetSource files{"Loading",
-                        " File-Load: ",
-                        "Load New Board Set",
-                        "Load Error",
-                        OpenRequest,
-                        [&](const std::string& path) { return LoadFile(program, path); }};
+  SetSource files;
+  files.Doing = "Loading";
+  files.LogWord = " File-Load: ";
+  files.QuestionTitle = "Load New Board Set";
+  files.ErrorTitle = "Load Error";
+  files.GivesUpAtOnce = true;  // even when the dialog is cancelled: required
+  files.Request = OpenRequest;
+  files.Take = [&](const std::string& path) { return LoadFile(program, path); };
   return ReplaceSet(program, files, pending);
 }
 
@@ -93,8 +95,7 @@ bool ReplaceSet(Program& program, const SetSource& source, const std::string& pe
   }
   program.Log.WriteTime(source.LogWord);
   if (!pending.empty()) return source.Take(pending);
-  // A set given up here counts as saved even when the dialog is cancelled: required.
-  program.Set.BoardSetChanged = "0";
+  if (source.GivesUpAtOnce) program.Set.BoardSetChanged = "0";
   if (const auto path = program.Operator.AskFile(source.Request(program)))
     return source.Take(*path);
   program.Status("Ready");

@@ -25,7 +25,10 @@ struct SetSource {
   std::string LogWord;        ///< in front of the time in the log
   std::string QuestionTitle;  ///< of the question whether to save first
   std::string ErrorTitle;
-  FileRequest (*Request)(const Program& program);
+  /// A set with changes that the operator gives up counts as saved from then on, also when no other
+  /// takes its place.
+  bool GivesUpAtOnce = false;
+  FileRequest (*Request)(const Program& program) = nullptr;
   std::function<bool(const std::string& path)> Take;  ///< whether the set was taken
 };
 

@@ -111,6 +111,18 @@ TEST(Import, AsksWhetherToSaveFirst) {
   EXPECT_EQ(desk.Prog.Set.BoardSetFile, desk.Loose);
 }
 
+TEST(Import, ChangesThatWereGivenUpAreStillUnsavedWhenNothingIsImported) {
+  ImportDesk desk;
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kNo, kNo};
+  desk.Ui.Files = {desk.Hopeless};
+  EXPECT_FALSE(desk.Import());
+  EXPECT_FALSE(desk.Import());  // cancelled
+  EXPECT_EQ(desk.Ui.FileRequests.size(), 2U);
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+  desk.ExpectOldSet();
+}
+
 TEST(Import, BoardsPassedOverAreAWarning) {
   ImportDesk desk;
   test::WriteContent(desk.Loose, "[Board \"9\"][Board \"0\"]\n");
