@@ -129,7 +129,8 @@ TEST(ImportedNumbers, BeginWithOne) {
 }
 
 TEST(ImportedNumbers, PassOverThoseThatAnotherGameHas) {
-  const Imported file("[Board \"1\"]" + std::string(kDeal) + kOtherDeal + "\n\n[Board \"2\"]" + kDeal);
+  const Imported file("[Board \"1\"]" + std::string(kDeal) + kOtherDeal + "\n\n[Board \"2\"]" +
+                      kDeal);
   EXPECT_EQ(file.Cards(2), kCards);
   EXPECT_EQ(file.Cards(3), kOtherCards);
 }
