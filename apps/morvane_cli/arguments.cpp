@@ -16,14 +16,14 @@ constexpr const char* kUsage =
     "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
     "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
     "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
-    "  convert IN OUT [--first N]\n"
+    "  convert IN OUT [--first N] [--import]\n"
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
     "  history [--list]\n"
     "  audit LOG\n"
     "\n"
     "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn.\n"
+    "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn .bri .dge .dup .all .bre .csv\n"
     "\n"
     "generate shows the SHA-256 of the deals that it has made: publish it before play, and\n"
     "the log afterwards. audit deals the sets of a log again from their seeds, compares every\n"
@@ -41,7 +41,7 @@ const std::map<QString, CommandShape>& Commands() {
        {1,
         {"first", "last", "generator", "empty", "shapes", "inner", "history", "seedr", "seedo",
          "lfsr"}}},
-      {"convert", {2, {"first"}}},
+      {"convert", {2, {"first", "import"}}},
       {"show", {1, {"board"}}},
       {"deal", {1, {"from", "to", "copies", "auto"}}},
       {"history", {0, {"list"}}},
@@ -50,7 +50,7 @@ const std::map<QString, CommandShape>& Commands() {
 }
 
 const QStringList kGlobal{"data", "settings", "machine", "yes", "help"};
-const QStringList kSwitches{"yes", "help", "empty", "auto", "list"};
+const QStringList kSwitches{"yes", "help", "empty", "auto", "list", "import"};
 
 void AddOptions(QCommandLineParser& parser) {
   QStringList names = kGlobal;
@@ -150,6 +150,7 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   what.Seedr = values.Hex("seedr", 40);
   what.Seedo = values.Hex("seedo", 40);
   what.Lfsr = values.Hex("lfsr", 32);
+  what.Import = parser.isSet("import");
   what.Board = values.Number("board");
   what.From = values.Number("from");
   what.To = values.Number("to");

@@ -5,6 +5,7 @@
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 #include "platform/instance.h"
@@ -47,6 +48,11 @@ bool Load(Workplace& place, const Request& request, shell::Shell& shell, Console
   return false;
 }
 
+bool Import(Workplace& place, const Request& request, shell::Shell& shell) {
+  place.Operator.AnswerNextFile(request.In);
+  return files::ImportBoardSet(place.Prog, shell.History());
+}
+
 /// A number that nobody asked for would be lost without a word.
 bool FirstWasTaken(Workplace& place, const Request& request, const ConsoleWindows& windows) {
   if (!request.First || windows.NumbersAsked()) return true;
@@ -59,8 +65,9 @@ bool FirstWasTaken(Workplace& place, const Request& request, const ConsoleWindow
 
 ExitStatus Convert(Workplace& place, const Request& request, shell::Shell& shell,
                    ConsoleWindows& windows) {
-  if (!Load(place, request, shell, windows) || !FirstWasTaken(place, request, windows))
-    return kFailed;
+  const bool loaded =
+      request.Import ? Import(place, request, shell) : Load(place, request, shell, windows);
+  if (!loaded || !FirstWasTaken(place, request, windows)) return kFailed;
   return Save(place, request, shell) ? kDone : kFailed;
 }
 

@@ -26,6 +26,9 @@ struct Request {
   std::optional<std::string> Seedo;
   std::optional<std::string> Lfsr;
 
+  // convert
+  bool Import = false;
+
   // show
   std::optional<int> Board;
 

@@ -17,10 +17,10 @@ namespace morvane::files {
 namespace {
 
 /// Whether the current set may go: it has no changes, they were saved, or the operator gives it up.
-bool MayReplaceSet(Program& program, history::History& history) {
+bool MayReplaceSet(Program& program, history::History& history, const std::string& title) {
   int answer = kYes;
   if (program.Set.Changed()) {
-    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, "Load New Board Set");
+    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, title);
     if (answer == kYes) SaveBoardSet(program, history);
   }
   return (answer == kYes && !program.Set.Changed()) || answer == kNo;
@@ -54,6 +54,17 @@ bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& 
   return false;
 }
 
+/// What the status bar says after a failed load. A PBN file that can be read was refused for its
+/// form, of which Import asks less; without any bracket there is nothing in it for Import either.
+std::string StatusAfterFailure(const std::string& path) {
+  std::string bytes;
+  const bool forImport = ExtensionOf(FileTitle(path)) == "PBN" && !ReadFile(path, bytes) &&
+                         bytes.find('[') != std::string::npos;
+  return forImport ? "Load operation aborted. File - Import PBN may take this file" : "Ready";
+}
+
+}  // namespace
+
 void TakeLoadedSet(Program& program, history::History& history, const std::string& path) {
   BoardSet& set = program.Set;
   RememberFile(program, path);
@@ -66,32 +77,36 @@ void TakeLoadedSet(Program& program, history::History& history, const std::strin
   program.Status("Boards loaded: " + std::to_string(set.Count()));
 }
 
-/// What the reader had put into the set before it failed does not survive.
-void GiveUpLoad(Program& program) {
-  ClearSet(program);
-  program.Status("Ready");
-}
-
-}  // namespace
-
 bool LoadBoardSet(Program& program, history::History& history, NumberDialog& dialog,
                   std::string& startFile) {
   const std::string pending = std::exchange(startFile, {});
+  SetSource files;
+  files.Doing = "Loading";
+  files.LogWord = " File-Load: ";
+  files.QuestionTitle = "Load New Board Set";
+  files.ErrorTitle = "Load Error";
+  files.GivesUpAtOnce = true;  // even when the dialog is cancelled: required
+  files.Request = OpenRequest;
+  files.Take = [&](const std::string& path) { return LoadFile(program, history, dialog, path); };
+  return ReplaceSet(program, history, files, pending);
+}
+
+bool ReplaceSet(Program& program, history::History& history, const SetSource& source,
+                const std::string& pending) {
   if (program.AnalysisRunning) {
-    program.ShowMessage(program.Texts.Msg103, kOkCritical, "Load Error");
+    program.ShowMessage(program.Texts.Msg103, kOkCritical, source.ErrorTitle);
     return false;
   }
-  program.Status("Loading");
-  if (!MayReplaceSet(program, history)) {
+  program.Status(source.Doing);
+  if (!MayReplaceSet(program, history, source.QuestionTitle)) {
     program.Status("Ready");
     return false;
   }
-  program.Log.WriteTime(" File-Load: ");
-  if (!pending.empty()) return LoadFile(program, history, dialog, pending);
-  // A set given up here counts as saved even when the dialog is cancelled: required.
-  program.Set.BoardSetChanged = "0";
-  if (const auto path = program.Operator.AskFile(OpenRequest(program)))
-    return LoadFile(program, history, dialog, *path);
+  program.Log.WriteTime(source.LogWord);
+  if (!pending.empty()) return source.Take(pending);
+  if (source.GivesUpAtOnce) program.Set.BoardSetChanged = "0";
+  if (const auto path = program.Operator.AskFile(source.Request(program)))
+    return source.Take(*path);
   program.Status("Ready");
   program.Operator.RefreshSet();
   return false;
@@ -105,7 +120,8 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
   if (loaded) {
     TakeLoadedSet(program, history, path);
   } else {
-    GiveUpLoad(program);
+    ClearSet(program);
+    program.Status(StatusAfterFailure(path));
   }
   program.Set.BoardSetChanged = "0";
   return loaded;

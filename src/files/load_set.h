@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+
+#include "platform/ui.h"
 
 namespace morvane {
 class Program;
@@ -29,5 +32,27 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
 /// numbers. False: the set is not to be kept.
 [[nodiscard]] bool ReadSet(Program& program, NumberDialog& dialog, const Format& format,
                            const std::string& path);
+
+/// What tells one way to take another set from the next.
+struct SetSource {
+  std::string Doing;          ///< in the status bar meanwhile
+  std::string LogWord;        ///< in front of the time in the log
+  std::string QuestionTitle;  ///< of the question whether to save first
+  std::string ErrorTitle;
+  /// A set with changes that the operator gives up counts as saved from then on, also when no other
+  /// takes its place.
+  bool GivesUpAtOnce = false;
+  FileRequest (*Request)(const Program& program) = nullptr;
+  std::function<bool(const std::string& path)> Take;  ///< whether the set was taken
+};
+
+/// The flow of the Load command with another source; `pending` is a file to take without asking for
+/// one. Whether a set was taken.
+bool ReplaceSet(Program& program, history::History& history, const SetSource& source,
+                const std::string& pending);
+
+/// The end of a load that went well: the set, which came from `path`, is remembered, logged and
+/// shown.
+void TakeLoadedSet(Program& program, history::History& history, const std::string& path);
 
 }  // namespace morvane::files

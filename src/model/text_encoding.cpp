@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace morvane {
 namespace {
@@ -56,17 +57,61 @@ bool IsUtf8(std::string_view bytes) {
 }
 
 void AppendUtf8(std::string& text, char32_t code) {
-  // No character of Windows-1252 needs more than three bytes.
-  if (code < 0x80) {
-    text += static_cast<char>(code);
-  } else if (code < 0x800) {
-    text += static_cast<char>(0xC0U | code >> 6U);
-    text += static_cast<char>(0x80U | (code & 0x3FU));
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  const auto following = [code](unsigned shift) { return 0x80U | (code >> shift & 0x3FU); };
+  if (code < 0x80) return append(code);
+  if (code < 0x800) {
+    append(0xC0U | code >> 6U);
   } else {
-    text += static_cast<char>(0xE0U | code >> 12U);
-    text += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
-    text += static_cast<char>(0x80U | (code & 0x3FU));
+    if (code < 0x10000) {
+      append(0xE0U | code >> 12U);
+    } else {
+      append(0xF0U | code >> 18U);
+      append(following(12));
+    }
+    append(following(6));
   }
+  append(following(0));
+}
+
+/// The units of UTF-16 bytes behind their mark; a lone byte at the end is half a unit.
+class Utf16Units {
+ public:
+  Utf16Units(std::string_view bytes, bool bigEndian) : rest_(bytes), bigEndian_(bigEndian) {}
+
+  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+  [[nodiscard]] char32_t Peek() const {
+    if (rest_.size() < 2) return kBroken;
+    const auto first = static_cast<unsigned char>(rest_[0]);
+    const auto second = static_cast<unsigned char>(rest_[1]);
+    return static_cast<char32_t>(bigEndian_ ? first << 8U | second : second << 8U | first);
+  }
+  char32_t Take() {
+    const char32_t unit = Peek();
+    rest_.remove_prefix(std::min<std::size_t>(2, rest_.size()));
+    return unit;
+  }
+  static constexpr char32_t kBroken = 0xFFFD;
+
+ private:
+  std::string_view rest_;
+  bool bigEndian_;
+};
+
+std::string DecodeUtf16(Utf16Units units) {
+  const auto isHigh = [](char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; };
+  const auto isLow = [](char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; };
+  std::string text;
+  while (!units.AtEnd()) {
+    char32_t code = units.Take();
+    if (isHigh(code) && !units.AtEnd() && isLow(units.Peek())) {
+      code = 0x10000 + ((code - 0xD800) << 10U) + (units.Take() - 0xDC00);
+    } else if (isHigh(code) || isLow(code)) {
+      code = Utf16Units::kBroken;
+    }
+    AppendUtf8(text, code);
+  }
+  return text;
 }
 
 std::optional<char> Windows1252Byte(char32_t code) {
@@ -98,6 +143,13 @@ std::string DecodeText(std::string bytes) {
     return bytes;
   }
   return TextOfAnsi(bytes);
+}
+
+std::string DecodeAnyText(std::string bytes) {
+  const std::string_view all = bytes;
+  if (all.starts_with("\xFE\xFF")) return DecodeUtf16({all.substr(2), true});
+  if (all.starts_with("\xFF\xFE")) return DecodeUtf16({all.substr(2), false});
+  return DecodeText(std::move(bytes));
 }
 
 std::string EncodeText(std::string_view text) {

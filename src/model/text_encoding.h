@@ -12,6 +12,10 @@ namespace morvane {
 /// byte-order mark at their start, all others as Windows-1252. No byte is refused.
 [[nodiscard]] std::string DecodeText(std::string bytes);
 
+/// The same for files of any origin: bytes that start with the byte-order mark of UTF-16, of either
+/// order, are UTF-16. What is no character there, half a one included, becomes U+FFFD.
+[[nodiscard]] std::string DecodeAnyText(std::string bytes);
+
 /// UTF-8 `text` as the bytes of a file.
 [[nodiscard]] std::string EncodeText(std::string_view text);
 

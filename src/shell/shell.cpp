@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
 #include "machine/open_link.h"
@@ -28,6 +29,12 @@ void Shell::MenuLoad() {
   if (FlowActive()) return;
   const Flow flow(*this);
   files::LoadBoardSet(program_, history_, windows_, startFile_);
+}
+
+void Shell::MenuImport() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  files::ImportBoardSet(program_, history_);
 }
 
 void Shell::MenuSave() {

@@ -54,6 +54,7 @@ class Shell {
   bool Exit();
 
   void MenuLoad();
+  void MenuImport();
   void MenuSave();
   void MenuDeal();
 

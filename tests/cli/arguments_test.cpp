@@ -52,6 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"generate", "a", "--from", "1"}, "--from does not belong to generate"},
         WrongUsage{{"convert", "a", "b", "--last", "1"}, "--last does not belong to convert"},
         WrongUsage{{"audit", "a", "--board", "1"}, "--board does not belong to audit"},
+        WrongUsage{{"show", "a", "--import"}, "--import does not belong to show"},
         WrongUsage{{"show", "a", "--first", "1"}, "--first does not belong to show"}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -136,6 +137,14 @@ TEST(Arguments, DealTakesItsOptions) {
   EXPECT_EQ(what.To, 640);
   EXPECT_EQ(what.Copies, 99);
   EXPECT_TRUE(what.Auto);
+}
+
+TEST(Arguments, ConvertMayImport) {
+  const cli::Request what = Parsed({"convert", "--import", "/a.pbn", "/b.pbn"}).What;
+  EXPECT_TRUE(what.Import);
+  EXPECT_EQ(what.In, "/a.pbn");
+  EXPECT_EQ(what.Out, "/b.pbn");
+  EXPECT_FALSE(Parsed({"convert", "/a.pbn", "/b.pbn"}).What.Import);
 }
 
 TEST(Arguments, ShowTakesItsBoard) {

@@ -11,9 +11,10 @@ using ::testing::StartsWith;
 
 struct FileDesk : CliDesk {
   explicit FileDesk(bool yes = false) : CliDesk(yes) { test::WriteContent(In, SuitDeals(3, 4)); }
-  ExitStatus Convert() {
+  ExitStatus Convert(bool import = false) {
     Request request;
     request.Command = "convert";
+    request.Import = import;
     request.In = In;
     request.Out = Out;
     return Run(request);
@@ -96,6 +97,37 @@ TEST(ConvertCommand, AQuestionIsAnsweredAtTheTerminal) {
     EXPECT_THAT(desk.Screen.Errors, EndsWith("Do you want to proceed?\n[y]es, [n]o? "));
     EXPECT_EQ(std::filesystem::exists(desk.Out), proceed);
   }
+}
+
+TEST(ConvertCommand, ImportTakesWhatLoadRefusesAndReports) {
+  FileDesk desk;
+  std::string loose = SuitDeals(3, 4) + "[Board \"0\"]\r\n";
+  loose.replace(loose.find("[Board "), 7, "[Board\r\n");
+  test::WriteContent(desk.In, loose);
+  EXPECT_EQ(desk.Convert(), kFailed);
+  EXPECT_FALSE(std::filesystem::exists(desk.Out));
+  desk.Screen.Errors.clear();
+  EXPECT_EQ(desk.Convert(true), kDone);
+  EXPECT_EQ(test::Content(desk.Out), kConverted);
+  EXPECT_EQ(desk.Screen.Output, "");
+  EXPECT_EQ(desk.Screen.Errors,
+            "Import PBN: Boards imported: 2\n\nBoards passed over: 1\n"
+            "Line 6: board number \"0\" is not a number from 1 to 640\n");
+}
+
+TEST(ConvertCommand, AnImportWithoutABoardFailsAndWritesNothing) {
+  FileDesk desk;
+  test::WriteContent(desk.In, "<html></html>");
+  EXPECT_EQ(desk.Convert(true), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "Import PBN: This file holds no board\n");
+  EXPECT_FALSE(std::filesystem::exists(desk.Out));
+}
+
+TEST(ConvertCommand, AnImportOfAMissingFileFails) {
+  FileDesk desk;
+  std::filesystem::remove(desk.In);
+  EXPECT_EQ(desk.Convert(true), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "Import PBN: The file cannot be read: No such file or directory\n");
 }
 
 TEST(ShowCommand, ShowsEveryBoardWithALineBetweenThem) {

@@ -161,7 +161,9 @@ TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
                   "      File format error     \r\n      Invalid board number in line: 8      "
                   "\r\n\r\n      Load operation aborted!      ",
                   16, "Load Error"}));
-  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Load operation aborted", "Ready"));
+  EXPECT_THAT(desk.Ui.Statuses,
+              ElementsAre("Loading", "Load operation aborted",
+                          "Load operation aborted. File - Import PBN may take this file"));
   EXPECT_THAT(desk.LogLines(),
               ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + path,
                           "    Load Error: File format error: Invalid board number in line: 8 :  : "

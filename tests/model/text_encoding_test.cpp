@@ -157,5 +157,39 @@ TEST(Lines, NulAndTheOldEndOfFileMarkAreOrdinaryBytes) {
   EXPECT_THAT(LinesOf(text), ElementsAre(std::string("a\0b\x1A", 4), "c"));
 }
 
+using namespace std::string_literals;
+
+TEST(AnyTextEncoding, AByteOrderMarkOfUtf16SaysWhichWayRound) {
+  EXPECT_EQ(DecodeAnyText("\xFF\xFE\x41\x00\xE9\x00\xAC\x20"s), "A\xC3\xA9\xE2\x82\xAC");
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\x00\x41\x00\xE9\x20\xAC"s), "A\xC3\xA9\xE2\x82\xAC");
+  EXPECT_EQ(DecodeAnyText("\xFF\xFE"s), "");
+}
+
+TEST(AnyTextEncoding, TwoUnitsOfUtf16MakeOneCharacterAboveFFFF) {
+  // U+1F0A1: the surrogates D83C DCA1.
+  EXPECT_EQ(DecodeAnyText("\xFF\xFE\x3C\xD8\xA1\xDC"s), "\xF0\x9F\x82\xA1");
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xD8\x3C\xDC\xA1"s), "\xF0\x9F\x82\xA1");
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xDB\xFF\xDF\xFF"s), "\xF4\x8F\xBF\xBF");
+}
+
+TEST(AnyTextEncoding, HalvesOfUtf16AreReplaced) {
+  const std::string replaced = "\xEF\xBF\xBD";
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xD8\x3C\x00\x41"s), replaced + "A");
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xDC\xA1\x00\x41"s), replaced + "A");
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xD8\x3C"s), replaced);
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\x00\x41\x00"s), "A" + replaced);
+  EXPECT_EQ(DecodeAnyText("\xFE\xFF\xD8\x3C\xD8"s), replaced + replaced);
+}
+
+TEST(AnyTextEncoding, WithoutThatMarkItIsAsEverywhere) {
+  EXPECT_EQ(DecodeAnyText("\xEF\xBB\xBFx"), "x");
+  EXPECT_EQ(DecodeAnyText("Caf\xC3\xA9"), "Caf\xC3\xA9");
+  EXPECT_EQ(DecodeAnyText("Caf\xE9"), "Caf\xC3\xA9");
+  EXPECT_EQ(DecodeAnyText("\xFF\x41"),
+            "\xC3\xBF"
+            "A");
+  EXPECT_EQ(DecodeAnyText(""), "");
+}
+
 }  // namespace
 }  // namespace morvane

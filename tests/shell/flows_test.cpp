@@ -11,6 +11,7 @@ using ::testing::IsEmpty;
 void PressEverything(ShellDesk& desk) {
   EXPECT_TRUE(desk.Main.FlowActive());
   desk.Main.MenuLoad();
+  desk.Main.MenuImport();
   desk.Main.MenuSave();
   desk.Main.MenuDeal();
   EXPECT_FALSE(desk.Main.Exit());
@@ -168,6 +169,42 @@ TEST(MenuLoad, IsRefusedWhileAnalysisRuns) {
                   "      This function cannot be used while analysis is running      \r\n"
                   "      Please wait for analysis to finish or cancel it and try again      ",
                   16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
+}
+
+TEST(MenuImport, AsksForAFileAndImportsIt) {
+  ShellDesk desk;
+  desk.Start();
+  const std::string path = desk.Folder / "one.pbn";
+  test::WriteContent(path, "[Board\r\n\"7\"]\r\n[Deal \"N:A... - - -\"]");
+  desk.Ui.Files = {path};
+  desk.Main.MenuImport();
+  EXPECT_EQ(desk.Prog.Set.FirstBoard, 7);
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Boards loaded: 1"));
+  EXPECT_FALSE(desk.Main.FlowActive());
+}
+
+TEST(MenuImport, IsAFlowLikeTheOthers) {
+  ShellDesk desk;
+  desk.Start();
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Ui.Answers = {kCancel};
+  desk.Ui.OnBox = [&] { PressEverything(desk); };
+  desk.Main.MenuImport();
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Ready"));
+  EXPECT_FALSE(desk.Main.FlowActive());
+}
+
+TEST(MenuImport, IsRefusedWhileAnalysisRuns) {
+  ShellDesk desk;
+  desk.Start();
+  desk.Prog.AnalysisRunning = true;
+  desk.Main.MenuImport();
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg103);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Import PBN");
   EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
 }
 

@@ -66,8 +66,8 @@ using Place = MainMenuTest;
 
 TEST_F(Menu, StandsInItsOrderWithNamesAndCaptions) {
   EXPECT_EQ(Entries(*menu->menuBar()),
-            "menuFile \"&File\" [menuNew \"&New\", menuLoad \"&Load\", menuSave \"&Save\", div1, "
-            "menuExit \"E&xit\"], "
+            "menuFile \"&File\" [menuNew \"&New\", menuLoad \"&Load\", "
+            "menuImport \"&Import PBN\", menuSave \"&Save\", div1, menuExit \"E&xit\"], "
             "menuDeal \"&Deal\", menuRead \"&Read\", menuSort \"S&ort\", menuEdit \"&Edit\", "
             "Analize \"&Analyze\", menuPrint \"&Print\", "
             "cmdMaintenance_direct \"&Maintenance\" [cmdMaintenance \"&Maintenance\", "
@@ -83,7 +83,7 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
       enabled.push_back(entry->objectName().toStdString());
     }
   }
-  EXPECT_THAT(enabled, ElementsAre("menuLoad", "menuSave", "menuExit", "menuDeal"));
+  EXPECT_THAT(enabled, ElementsAre("menuLoad", "menuImport", "menuSave", "menuExit", "menuDeal"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {
@@ -258,6 +258,41 @@ TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
   for (int n = 1; n <= 4; ++n) EXPECT_EQ(desk.Prog.Set.At(n).Cards, saved.At(n).Cards);
 }
 
+TEST_F(Flows, AFileThatLoadRefusesIsImportedWithAReport) {
+  Start();
+  const std::string path = desk.Folder / "loose.pbn";
+  test::WriteContent(path,
+                     "[Board\n\"5\"]\n[Deal \"N:AKQJT98765432... .AKQJT98765432.. "
+                     "..AKQJT98765432. -\"]\n[Board \"0\"]\n");
+  const auto choosePath = [&](QWidget& dialog) {
+    test::Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
+    test::Press(dialog, Qt::Key_Return);
+  };
+  desk.When("cdOpen", choosePath);
+  desk.When("MessageBox", [](QWidget& box) { box.close(); });
+  Trigger("menuLoad");
+  EXPECT_EQ(Text("Panel1"), "Load operation aborted. File - Import PBN may take this file");
+
+  desk.When("cdOpen", [&](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Import PBN file");
+    EXPECT_THAT(static_cast<QFileDialog&>(dialog).nameFilters(),
+                ElementsAre("PBN files (*.pbn)", "All files (*.*)"));
+    choosePath(dialog);
+  });
+  desk.When("MessageBox", [](QWidget& box) { box.close(); });
+  Trigger("menuImport");
+  ASSERT_THAT(desk.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Boxes[1].Title, "Import PBN");
+  EXPECT_EQ(desk.Boxes[1].Text,
+            "Boards imported: 1\n\nBoards passed over: 1\nLine 4: board number \"0\" is not a "
+            "number from 1 to 640\n\nNotes: 1\nLine 1: board 5 is incomplete: West is not given");
+  EXPECT_EQ(Text("Panel1"), "Boards loaded: 1");
+  EXPECT_EQ(Text("txtFirstBoard"), "5");
+  EXPECT_EQ(Text("txtCompleted"), "0");
+  EXPECT_EQ(Text("txtFileName"), path);
+  EXPECT_FALSE(menu->isWindowModified());
+}
+
 /// A command that is off while it runs and on again however it ends.
 class CommandTest : public MainMenuTest {
  protected:
@@ -370,6 +405,7 @@ TEST_F(Flows, ASecondFlowAndTheExitDoNothingWhileOneRuns) {
   test::FillSet(desk.Prog.Set, 1, 2);
   desk.When("DealinProg", [this](QWidget& window) {
     Trigger("menuLoad");
+    Trigger("menuImport");
     Trigger("menuSave");
     Trigger("menuDeal");
     Trigger("menuExit");

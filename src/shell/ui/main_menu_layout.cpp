@@ -95,6 +95,7 @@ void MainMenu::MakeMenu() {
   QMenu& file = addMenu("menuFile", "&File");
   AddEntry(file, "menuNew", "&New", QKeySequence::New);
   AddEntry(file, "menuLoad", "&Load", QKeySequence::Open, [this] { shell_.MenuLoad(); });
+  AddEntry(file, "menuImport", "&Import PBN", {}, [this] { shell_.MenuImport(); });
   AddEntry(file, "menuSave", "&Save", QKeySequence::Save, [this] { shell_.MenuSave(); });
   file.addSeparator()->setObjectName("div1");
   AddEntry(file, "menuExit", "E&xit", Qt::CTRL | Qt::Key_Q, [this] { close(); });

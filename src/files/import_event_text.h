@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace morvane::files {
+
+/// What an event box holds.
+inline constexpr std::size_t kLongestEventText = 200;
+
+/// An event text of another program as this one can show and save it.
+struct EventText {
+  std::string Text;       ///< at most `kLongestEventText` characters
+  bool Replaced = false;  ///< something in it can't be saved as PBN and was replaced
+  bool Cut = false;
+};
+[[nodiscard]] EventText MakeEventText(std::string_view value);
+
+}  // namespace morvane::files

@@ -1,0 +1,65 @@
+#include "files/import_set.h"
+
+#include <memory>
+#include <utility>
+
+#include "files/last_used.h"
+#include "files/load_set.h"
+#include "files/pbn_import.h"
+#include "model/text_encoding.h"
+#include "platform/files.h"
+#include "program/program.h"
+
+namespace morvane::files {
+namespace {
+
+constexpr const char* kTitle = "Import PBN";
+
+FileRequest ImportRequest(const Program& program) {
+  FileRequest request;
+  request.Title = "Import PBN file";
+  request.Filter = "PBN files (*.pbn)|*.pbn|All files (*.*)|*.*";
+  request.Directory = InitialDirectory(program.Store);
+  return request;
+}
+
+bool Abort(Program& program, const std::string& text) {
+  program.Status("Import operation aborted");
+  program.ShowMessage(text, kOkCritical, kTitle);
+  program.Status("Ready");
+  program.Operator.RefreshSet();
+  return false;
+}
+
+}  // namespace
+
+bool ImportBoardSet(Program& program, history::History& history) {
+  SetSource files;
+  files.Doing = "Importing";
+  files.LogWord = " File-Import: ";
+  files.QuestionTitle = kTitle;
+  files.ErrorTitle = kTitle;
+  files.Request = ImportRequest;
+  files.Take = [&](const std::string& path) { return ImportFile(program, history, path); };
+  return ReplaceSet(program, history, files, {});
+}
+
+bool ImportFile(Program& program, history::History& history, const std::string& path) {
+  program.Log.WriteLine("  Import: " + path);
+  std::string bytes;
+  if (const auto error = ReadFile(path, bytes)) {
+    return Abort(program, "      The file cannot be read: " + error->Description + "      ");
+  }
+  auto imported = std::make_unique<BoardSet>();
+  imported->Clear();
+  const ImportReport report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
+  if (!imported->Exists()) return Abort(program, ReportText(report));
+  program.Set = std::move(*imported);
+  TakeLoadedSet(program, history, path);
+  program.Set.BoardSetChanged = "0";
+  program.ShowMessage(ReportText(report),
+                      report.PassedOver.Count > 0 ? kOkExclamation : kOkInformation, kTitle);
+  return true;
+}
+
+}  // namespace morvane::files

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/pbn_import_scanner.h"
+
+namespace morvane::files {
+
+/// The tags that say something about a board set.
+enum class GameTag : std::size_t {
+  kEvent,
+  kSite,
+  kDate,
+  kEventDate,
+  kBoard,
+  kDealer,
+  kVulnerable,
+  kDeal,
+  kDoubleDummyTricks,
+  kOptimumResultTable,
+  kAbility,
+};
+inline constexpr std::size_t kGameTags = 11;
+
+/// A tag's value in one game.
+struct GameValue {
+  std::string Text;  ///< repeat marks replaced by what they repeat, no blanks at the ends
+  int Line = 0;      ///< where it was read; 0 = the game has no such tag, `Text` is empty
+
+  /// Nothing is known: no tag, or one of the marks for it ("", "?", "????.??.??").
+  [[nodiscard]] bool Unknown() const { return Text.find_first_not_of("?. ") == std::string::npos; }
+};
+
+/// One game of a PBN text.
+struct PbnGame {
+  std::array<GameValue, kGameTags> Values;
+  std::string TableRows;       ///< the lines of its `OptimumResultTable`
+  int Line = 0;                ///< of its first tag that counts
+  std::vector<PbnFlaw> Flaws;  ///< the first few
+
+  [[nodiscard]] const GameValue& At(GameTag tag) const {
+    return Values[static_cast<std::size_t>(tag)];
+  }
+};
+
+/// Reads the games of a PBN text one after the other. A game ends in front of a tag that it has
+/// already, and, once it has a deal, behind a line of blanks.
+class PbnGames {
+ public:
+  /// Longer values are cut to the next character's end, which no good value reaches.
+  static constexpr std::size_t kLongestValue = 1024;
+
+  /// `text` as the scanner takes it.
+  explicit PbnGames(std::string_view text) : scanner_(text) { more_ = scanner_.Next(tag_); }
+
+  /// The next game, which holds until the next call; null when there is none.
+  const PbnGame* Next();
+
+ private:
+  void Take(GameTag which);
+  [[nodiscard]] bool BeginsGame(GameTag which) const;
+  void FillIn();
+
+  PbnImportScanner scanner_;
+  PbnTagPair tag_;  ///< read ahead
+  bool more_ = false;
+  PbnGame game_;
+  PbnGame previous_;
+  /// What a game without the tag has, from a "##" on.
+  std::array<std::optional<std::string>, kGameTags> defaults_;
+};
+
+}  // namespace morvane::files

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "files/pbn_import.h"
+#include "program/log.h"
+
+namespace morvane::files {
+
+/// A text and what Import has made of it.
+struct Imported {
+  explicit Imported(const std::string& text) {
+    Set->Clear();
+    Report = ImportPbn(text, *Set);
+  }
+  [[nodiscard]] const Board& At(int n) const { return Set->At(n); }
+  /// The hands of board `n` as the log has them, North first.
+  [[nodiscard]] std::string Cards(int n) const { return FormatBoardForLog(At(n), false); }
+
+  std::unique_ptr<BoardSet> Set = std::make_unique<BoardSet>();
+  ImportReport Report;
+};
+
+/// Four complete hands, and four others.
+inline constexpr const char* kDeal =
+    "[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]";
+inline constexpr const char* kOtherDeal =
+    "[Deal \"E:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]";
+inline constexpr const char* kCards =
+    "AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
+inline constexpr const char* kOtherCards =
+    "...AKQJT98765432 AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ";
+
+}  // namespace morvane::files
