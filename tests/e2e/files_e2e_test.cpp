@@ -116,6 +116,31 @@ TEST_F(FilesEndToEnd, ConvertKeepsTheBoards) {
   EXPECT_EQ(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
 }
 
+TEST_F(FilesEndToEnd, ConvertNumbersTheBoardsOfAFileThatHasNoNumbers) {
+  std::string record;
+  for (int round = 1; round <= 13; ++round) record += "0123";
+  test::WriteContent(folder / "two.all", record + "\r\n" + record + "\r\n");
+  const Outcome numbered = Run({"convert", "two.all", "two.pbn", "--first", "33"});
+  EXPECT_EQ(numbered.Status, 0);
+  EXPECT_EQ(numbered.Out + numbered.Err, "");
+  EXPECT_EQ(SetOf(folder / "two.pbn")->FirstBoard, 33);
+  EXPECT_EQ(SetOf(folder / "two.pbn")->LastBoard, 34);
+  const Outcome refused = Run({"convert", "two.all", "none.pbn", "--first", "640"});
+  EXPECT_EQ(refused.Status, 1);
+  EXPECT_EQ(refused.Err,
+            "Incorrect value entered: Incorrect value for First Board number\n"
+            "First Board numbers must be between 1 and 639\n\nPlease enter correct value.\n");
+  EXPECT_FALSE(std::filesystem::exists(folder / "none.pbn"));
+}
+
+TEST_F(FilesEndToEnd, ALoadThatFailsWithoutAMessageOfItsOwnSaysSo) {
+  test::WriteContent(folder / "blank.bre", "Evening\r\nHall\r\nToday\r\n\r\n");
+  const Outcome outcome = Run({"show", "blank.bre"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, "Load operation aborted!\n");
+  EXPECT_EQ(outcome.Out, "");
+}
+
 TEST_F(FilesEndToEnd, ShowPrintsTheDiagram) {
   SetFile("set.pbn", 3, 4);
   const Outcome outcome = Run({"show", "set.pbn", "--board", "4"});

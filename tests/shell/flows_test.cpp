@@ -208,6 +208,74 @@ TEST(MenuImport, IsRefusedWhileAnalysisRuns) {
   EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
 }
 
+/// Two boards of the format that is nothing but cards, all 13 rounds from North.
+std::string TwoDeals() {
+  std::string record;
+  for (int round = 1; round <= 13; ++round) record += "0123";
+  return record + "\r\n" + record + "\r\n";
+}
+
+/// A desk with a file that has no board numbers, whose operator enters 17.
+struct NumbersDesk : ShellDesk {
+  NumbersDesk() {
+    test::WriteContent(Path, TwoDeals());
+    Desktop.OnLoadNumber = [this](files::LoadNumber& dialog) {
+      Statuses = Ui.Statuses;
+      EXPECT_TRUE(Main.FlowActive());
+      EXPECT_EQ(dialog.lblBoardLoaded, "2 Boards were loaded");
+      dialog.ChangeFirstBoard({"17", 2});
+      dialog.Command1();
+    };
+  }
+  void ExpectBoards17And18() {
+    EXPECT_EQ(Desktop.LoadNumbers, 1);
+    EXPECT_EQ(Prog.Set.FirstBoard, 17);
+    EXPECT_EQ(Prog.Set.LastBoard, 18);
+    EXPECT_EQ(Prog.Set.BoardSetFile, Path);
+    EXPECT_EQ(Prog.Set.BoardSetChanged, "0");
+    EXPECT_EQ(Ui.Statuses.back(), "Boards loaded: 2");
+  }
+  const std::string Path = Folder / "two.all";
+  std::vector<std::string> Statuses;  ///< when the dialog came up
+};
+
+TEST(MenuLoad, ThoseOfAFileWithoutBoardNumbersAreAskedFor) {
+  NumbersDesk desk;
+  desk.Start();
+  desk.Ui.Files = {desk.Path};
+  desk.Main.MenuLoad();
+  desk.ExpectBoards17And18();
+  EXPECT_THAT(desk.Statuses, ElementsAre("Loading"));
+  const auto lines = desk.LogLines();
+  ASSERT_GE(lines.size(), 2U);
+  EXPECT_TRUE(lines[lines.size() - 2].starts_with("   017 : ")) << "logged by their new numbers";
+  EXPECT_TRUE(lines.back().starts_with("   018 : "));
+}
+
+TEST(MenuLoad, AFileOfTheCommandLineOrOfTheLinkIsAskedAboutToo) {
+  NumbersDesk started;
+  started.Main.StartUp('"' + started.Path + '"');
+  started.ExpectBoards17And18();
+  NumbersDesk linked;
+  linked.Start();
+  linked.Main.LinkExecute("1" + linked.Path);
+  linked.Loop.WaitMs(Shell::kTimer2Ms);
+  linked.ExpectBoards17And18();
+}
+
+TEST(MenuLoad, WithoutAnAnswerNothingIsLoaded) {
+  NumbersDesk desk;
+  desk.Start();
+  desk.Desktop.OnLoadNumber = [&](files::LoadNumber&) { desk.Loop.Quit(); };
+  desk.Ui.Files = {desk.Path};
+  desk.Main.MenuLoad();
+  EXPECT_FALSE(desk.Prog.Set.Exists());
+  EXPECT_EQ(desk.Prog.Set.BoardSetFile, "");
+  EXPECT_FALSE(desk.Store.Has(kInitFormat));
+  EXPECT_EQ(desk.LastLine(), "  Load: " + desk.Path);
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Ready"));
+}
+
 TEST(MenuSave, WithoutASetIsRefused) {
   ShellDesk desk;
   desk.Start();

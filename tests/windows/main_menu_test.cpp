@@ -232,6 +232,31 @@ TEST_F(Flows, DealingWithoutASetIsRefusedInBoxAndStatus) {
   EXPECT_EQ(Text("Panel1"), "Ready");
 }
 
+TEST_F(Flows, TheNumbersOfAFileWithoutThemAreAskedForOverTheMainWindow) {
+  Start();
+  std::string record;
+  for (int round = 1; round <= 13; ++round) record += "0123";
+  test::WriteContent(desk.Folder / "two.all", record + "\r\n" + record + "\r\n");
+  desk.When("cdOpen", [this](QWidget& dialog) {
+    test::Type(dialog, desk.Folder / "two.all");
+    test::Press(dialog, Qt::Key_Return);
+  });
+  desk.When("Load_number", [this](QWidget& window) {
+    EXPECT_EQ(Text("txtFirstBoard"), "") << "the old set has gone, the new one is not there yet";
+    EXPECT_EQ(Text("Panel1"), "Loading");
+    EXPECT_FALSE(test::Find<QAction>(*menu, "menuLoad").isEnabled());
+    EXPECT_FALSE(menu->close());
+    test::Type(window, "17");
+    test::Press(window, Qt::Key_Return);
+  });
+  Trigger("menuLoad");
+  EXPECT_EQ(Text("txtFirstBoard") + " " + Text("txtLastBoard"), "17 18");
+  EXPECT_EQ(Text("txtFileName"), desk.Folder / "two.all");
+  EXPECT_EQ(Text("Panel1"), "Boards loaded: 2");
+  EXPECT_TRUE(test::Find<QAction>(*menu, "menuLoad").isEnabled());
+  EXPECT_FALSE(menu->isWindowModified());
+}
+
 TEST_F(Flows, ASetIsSavedAndLoadedAgain) {
   Start();
   test::FillSet(desk.Prog.Set, 1, 4);
@@ -276,7 +301,7 @@ TEST_F(Flows, AFileThatLoadRefusesIsImportedWithAReport) {
   desk.When("cdOpen", [&](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), "Import PBN file");
     EXPECT_THAT(static_cast<QFileDialog&>(dialog).nameFilters(),
-                ElementsAre("PBN files (*.pbn)", "All files (*.*)"));
+                ElementsAre("PBN files (*.pbn)(*.pbn)", "All files (*.*)(*)"));
     choosePath(dialog);
   });
   desk.When("MessageBox", [](QWidget& box) { box.close(); });
