@@ -1,6 +1,7 @@
 #include "generate/deal_number.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "model/tables.h"
 
@@ -31,20 +32,94 @@ constexpr std::uint32_t kEastHigh = 2'030'606'361;
 static_assert(Binomial[26][13] == kSouthHands);
 static_assert(Binomial[39][13] == std::uint64_t{kEastLow} * kEastHigh);
 
-/// Gives `hand` its choice number `index` of 13 from the `left` cards without a hand. Choices are
-/// in lexical order, cards in order from the Two of Clubs up to the Ace of Spades.
-void GiveHand(Board& board, int hand, std::size_t left, std::uint64_t index) {
-  std::size_t wanted = kRanks;
-  for (std::size_t card = kCards; wanted > 0; --card) {
-    if (board.Cards[card] != 0) continue;
-    --left;
-    const std::uint64_t choicesWithCard = Binomial[left][wanted - 1];
-    if (index < choicesWithCard) {
-      board.Cards[card] = static_cast<std::uint8_t>(hand);
-      --wanted;
-    } else {
-      index -= choicesWithCard;
+/// How many choices take a card, [cards behind it][cards wanted]: C(behind, wanted - 1), and none
+/// when no card is wanted any more.
+using ChoiceTable = std::array<std::array<std::uint64_t, 16>, kCards>;
+
+constexpr ChoiceTable BuildChoices() {
+  ChoiceTable table{};
+  for (std::size_t behind = 0; behind < kCards; ++behind) {
+    for (std::size_t wanted = 1; wanted <= kRanks; ++wanted) {
+      table[behind][wanted] = Binomial[behind][wanted - 1];
     }
+  }
+  return table;
+}
+
+constexpr ChoiceTable ChoicesWithCard = BuildChoices();
+
+/// All choices among the last ten cards, those that take fewer cards first, otherwise in lexical
+/// order: the end of every hand is looked up.
+constexpr std::size_t kTail = 10;
+struct TailTable {
+  std::array<std::uint16_t, 1U << kTail> Taken{};
+  std::array<std::uint16_t, kTail + 1> First{};  ///< [cards wanted]: their first place in `Taken`
+};
+
+constexpr TailTable BuildTails() {
+  TailTable table;
+  std::uint16_t place = 0;
+  for (int wanted = 0; wanted <= static_cast<int>(kTail); ++wanted) {
+    table.First[static_cast<std::size_t>(wanted)] = place;
+    for (std::uint16_t taken = 1U << kTail; taken-- > 0;) {
+      if (std::popcount(taken) == wanted) table.Taken[place++] = taken;
+    }
+  }
+  return table;
+}
+
+constexpr TailTable Tails = BuildTails();
+
+/// A hand being picked from the cards left to it: choice number `Index` of 13. Choices are in
+/// lexical order, cards in order from the Two of Clubs up to the Ace of Spades.
+struct Pick {
+  std::uint64_t Index = 0;
+  std::uint64_t Wanted = kRanks;
+  std::uint64_t Taken = 0;  ///< a bit for each card decided upon, the latest at the low end
+
+  /// Decides upon the next card, with `behind` to come. Without a branch: a processor would guess
+  /// one in four of them wrong, which costs more than all the rest.
+  void Decide(std::size_t behind) {
+    const std::uint64_t choices = ChoicesWithCard[behind][Wanted];
+    const std::uint64_t take = Index < choices ? 1 : 0;
+    Index -= choices & (take - 1);
+    Wanted -= take;
+    Taken = Taken << 1U | take;
+  }
+  /// Decides upon the last `kTail` cards.
+  void Finish() { Taken = Taken << kTail | Tails.Taken[Tails.First[Wanted] + Index]; }
+};
+
+/// The hands in turn, since each decision has to wait for the hand's own one before, and only that.
+void PickAll(Pick& north, Pick& east, Pick& south) {
+  for (std::size_t behind = 26; behind-- > kTail;) {
+    north.Decide(behind + 26);
+    east.Decide(behind + 13);
+    south.Decide(behind);
+  }
+  for (std::size_t behind = 13 + kTail; behind-- > kTail;) {
+    north.Decide(behind + 13);
+    east.Decide(behind);
+  }
+  for (std::size_t behind = 13 + kTail; behind-- > kTail;) north.Decide(behind);
+  for (Pick* hand : {&north, &east, &south}) hand->Finish();
+}
+
+/// Opens a gap in `bits` wherever `taken` has a bit, from the low end up: a choice among the cards
+/// that another hand left becomes one among those it was given.
+std::uint64_t WithGaps(std::uint64_t bits, std::uint64_t taken) {
+  for (; taken != 0; taken &= taken - 1) {
+    const std::uint64_t fromGapUp = taken | (0 - taken);
+    bits += bits & fromGapUp;  // twice what lies there is the same one place higher
+  }
+  return bits;
+}
+
+/// Bit 0 is card 1.
+void GiveCards(Board& board, std::uint64_t cards, int hand) {
+  for (; cards != 0; cards &= cards - 1) {
+    board.Cards[static_cast<std::size_t>(std::countr_zero(cards)) + 1] =
+        static_cast<std::uint8_t>(hand);
   }
 }
 
@@ -66,25 +141,16 @@ std::array<std::uint8_t, 12> DealNumber::Bytes() const {
   return bytes;
 }
 
-std::uint32_t DealNumber::DivideBy(std::uint32_t divisor) {
-  std::uint64_t rest = 0;
-  for (std::uint32_t& word : Words) {
-    const std::uint64_t dividend = rest << 32U | word;
-    word = static_cast<std::uint32_t>(dividend / divisor);
-    rest = dividend % divisor;
-  }
-  return static_cast<std::uint32_t>(rest);
-}
-
 void DecodeDeal(DealNumber number, Board& board) {
-  const std::uint64_t south = number.DivideBy(kSouthHands);
+  Pick south{number.DivideBy(kSouthHands)};
   const std::uint64_t eastLow = number.DivideBy(kEastLow);
-  const std::uint64_t east = std::uint64_t{number.DivideBy(kEastHigh)} * kEastLow + eastLow;
-  const std::uint64_t north = std::uint64_t{number.Words[1]} << 32U | number.Words[2];
-  GiveHand(board, kNorth, 52, north);
-  GiveHand(board, kEast, 39, east);
-  GiveHand(board, kSouth, 26, south);
-  GiveHand(board, kWest, 13, 0);
+  Pick east{std::uint64_t{number.DivideBy(kEastHigh)} * kEastLow + eastLow};
+  Pick north{std::uint64_t{number.Words[1]} << 32U | number.Words[2]};
+  PickAll(north, east, south);
+  std::fill(board.Cards.begin() + 1, board.Cards.end(), std::uint8_t{kWest});
+  GiveCards(board, north.Taken, kNorth);
+  GiveCards(board, WithGaps(east.Taken, north.Taken), kEast);
+  GiveCards(board, WithGaps(WithGaps(south.Taken, east.Taken), north.Taken), kSouth);
 }
 
 }  // namespace morvane::generate

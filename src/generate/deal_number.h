@@ -19,14 +19,23 @@ struct DealNumber {
   [[nodiscard]] static DealNumber OfBytes(std::span<const std::uint8_t, 12> bytes);
   [[nodiscard]] std::array<std::uint8_t, 12> Bytes() const;
   /// Divides the number in place; the remainder. `divisor` is not 0.
-  std::uint32_t DivideBy(std::uint32_t divisor);
+  /// Stands here so that a divisor known beforehand costs multiplications only.
+  constexpr std::uint32_t DivideBy(std::uint32_t divisor) {
+    std::uint64_t rest = 0;
+    for (std::uint32_t& word : Words) {
+      const std::uint64_t dividend = rest << 32U | word;
+      word = static_cast<std::uint32_t>(dividend / divisor);
+      rest = dividend % divisor;
+    }
+    return static_cast<std::uint32_t>(rest);
+  }
 };
 
 /// How many bridge deals there are: 52! / (13!)^4.
 inline constexpr DealNumber MaxDealNumber{{0xAD55E315, 0x634DDA65, 0x8BF49200}};
 
-/// Gives every card of `board`, which must have none yet, to the hand that `number` says. `number`
-/// lies below `MaxDealNumber`; each is another deal.
+/// Gives every card of `board` to the hand that `number` says. `number` lies below `MaxDealNumber`;
+/// each is another deal.
 void DecodeDeal(DealNumber number, Board& board);
 
 }  // namespace morvane::generate

@@ -1,5 +1,7 @@
 #include "generate/number_dealer.h"
 
+#include <algorithm>
+
 #include "generate/deal_number.h"
 
 namespace morvane::generate {
@@ -21,10 +23,13 @@ std::array<std::uint32_t, 16> MessageBlock(const NumberDealer& dealer) {
   return block;
 }
 
+std::uint32_t Reversed(std::uint32_t word) {
+  return word << 24U | (word & 0xFF00U) << 8U | (word >> 8U & 0xFF00U) | word >> 24U;
+}
+
+/// The digest's first twelve bytes, which begin with the low byte of each word.
 DealNumber NumberOfDigest(const Digest& digest) {
-  std::array<std::uint8_t, 12> bytes{};
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = DigestByte(digest, i);
-  return DealNumber::OfBytes(bytes);
+  return {{Reversed(digest[0]), Reversed(digest[1]), Reversed(digest[2])}};
 }
 
 std::array<std::uint8_t, 4> CounterBytes(std::int32_t counter) {
@@ -39,14 +44,23 @@ void NumberDealer::NextNumberDeal(Board& board) {
   DealNumber number;
   do {
     ++BlockCounter;
-    Digest digest = kRipemdInitial;
-    Compress(digest, MessageBlock(*this));
-    number = NumberOfDigest(digest);
+    number = NumberOfDigest(DigestOfBlock());
   } while (number >= MaxDealNumber);
   board = Board{};
   board.DealNumber = number.Bytes();
   board.DealCounter = CounterBytes(BlockCounter);
   DecodeDeal(number, board);
+}
+
+const Digest& NumberDealer::DigestOfBlock() {
+  const std::array<std::uint32_t, 16> block = MessageBlock(*this);
+  const std::uint32_t place = block[0] - rowStart_[0];
+  const bool inRow =
+      place < kBlockRow && std::equal(block.begin() + 1, block.end(), rowStart_.begin() + 1);
+  if (inRow) return row_[place];
+  rowStart_ = block;
+  row_ = DigestRow(block);
+  return row_[0];
 }
 
 }  // namespace morvane::generate

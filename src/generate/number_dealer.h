@@ -17,6 +17,12 @@ struct NumberDealer {
 
   /// One candidate: cards, `DealNumber` and `DealCounter`; everything else is empty.
   void NextNumberDeal(Board& board);
+
+ private:
+  const Digest& DigestOfBlock();
+
+  std::array<std::uint32_t, 16> rowStart_{};  ///< the block of `row_[0]`; all zero is no block
+  std::array<Digest, kBlockRow> row_{};
 };
 
 }  // namespace morvane::generate

@@ -1,14 +1,17 @@
 #include "generate/ripemd160.h"
 
-#include <bit>
+#include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace morvane::generate {
 namespace {
 
-using Block = std::span<const std::uint32_t, 16>;
+/// `Word` is one word, or a row of words that go through the same steps side by side.
+template <typename Word>
+using Block = std::span<const Word, 16>;
+
 using Order = std::array<std::uint8_t, 16>;
-using Function = std::uint32_t (*)(std::uint32_t, std::uint32_t, std::uint32_t);
 
 /// The order in which a round takes the words of the block, and how far each step rotates.
 struct RoundTable {
@@ -47,44 +50,98 @@ constexpr std::array<std::uint32_t, 5> kLeftConstants{0, 0x5A827999, 0x6ED9EBA1,
 constexpr std::array<std::uint32_t, 5> kRightConstants{0x50A28BE6, 0x5C4DD124, 0x6D703EF3,
                                                        0x7A6D76E9, 0};
 
-std::uint32_t F1(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return x ^ y ^ z; }
-std::uint32_t F2(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return (x & y) | (~x & z); }
-std::uint32_t F3(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return (x | ~y) ^ z; }
-std::uint32_t F4(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return (x & z) | (y & ~z); }
-std::uint32_t F5(std::uint32_t x, std::uint32_t y, std::uint32_t z) { return x ^ (y | ~z); }
+/// The five functions. The left line takes them in this order, the right one from the last to the
+/// first.
+template <std::size_t kFunction, typename Word>
+Word Mix(Word x, Word y, Word z) {
+  if constexpr (kFunction == 0) return x ^ y ^ z;
+  if constexpr (kFunction == 1) return (x & y) | (~x & z);
+  if constexpr (kFunction == 2) return (x | ~y) ^ z;
+  if constexpr (kFunction == 3) return (x & z) | (y & ~z);
+  if constexpr (kFunction == 4) return x ^ (y | ~z);
+}
 
-template <Function kFunction>
-void Round(Digest& line, Block block, const RoundTable& table, std::uint32_t constant) {
-  auto& [a, b, c, d, e] = line;
-  for (std::size_t step = 0; step < block.size(); ++step) {
-    const std::uint32_t sum = a + kFunction(b, c, d) + block[table.Words[step]] + constant;
-    const std::uint32_t mixed = std::rotl(sum, table.Shifts[step]) + e;
-    a = e;
-    e = d;
-    d = std::rotl(c, 10);
-    c = b;
-    b = mixed;
-  }
+template <int kBits, typename Word>
+Word Rotated(Word word) {
+  return word << kBits | word >> (32 - kBits);
+}
+
+template <typename Word>
+struct Line {
+  Word A, B, C, D, E;
+};
+
+template <std::size_t kFunction, int kShift, typename Word>
+void Step(Line<Word>& line, Word word, std::uint32_t constant) {
+  const Word sum = line.A + Mix<kFunction>(line.B, line.C, line.D) + word + constant;
+  const Word mixed = Rotated<kShift>(sum) + line.E;
+  line = {line.E, mixed, line.B, Rotated<10>(line.C), line.D};
+}
+
+template <std::size_t kStep, typename Word>
+void StepBoth(Line<Word>& left, Line<Word>& right, Block<Word> block) {
+  constexpr std::size_t kRound = kStep / 16;
+  constexpr std::size_t kAt = kStep % 16;
+  constexpr const RoundTable& kL = kLeft[kRound];
+  constexpr const RoundTable& kR = kRight[kRound];
+  Step<kRound, kL.Shifts[kAt]>(left, block[kL.Words[kAt]], kLeftConstants[kRound]);
+  Step<4 - kRound, kR.Shifts[kAt]>(right, block[kR.Words[kAt]], kRightConstants[kRound]);
+}
+
+/// All steps written out, the two lines in turn: one line alone, each step of which waits for the
+/// one before, would leave half of the processor idle.
+template <typename Word, std::size_t... kSteps>
+void StepAll(Line<Word>& left, Line<Word>& right, Block<Word> block,
+             std::index_sequence<kSteps...>) {
+  (StepBoth<kSteps>(left, right, block), ...);
+}
+
+template <typename Word>
+std::array<Word, 5> Compressed(const std::array<Word, 5>& chain, Block<Word> block) {
+  Line<Word> left{chain[0], chain[1], chain[2], chain[3], chain[4]};
+  Line<Word> right = left;
+  StepAll(left, right, block, std::make_index_sequence<80>());
+  return {chain[1] + left.C + right.D, chain[2] + left.D + right.E, chain[3] + left.E + right.A,
+          chain[4] + left.A + right.B, chain[0] + left.B + right.C};
 }
 
 }  // namespace
 
 void Compress(Digest& chain, std::span<const std::uint32_t, 16> block) {
-  Digest left = chain;
-  Round<F1>(left, block, kLeft[0], kLeftConstants[0]);
-  Round<F2>(left, block, kLeft[1], kLeftConstants[1]);
-  Round<F3>(left, block, kLeft[2], kLeftConstants[2]);
-  Round<F4>(left, block, kLeft[3], kLeftConstants[3]);
-  Round<F5>(left, block, kLeft[4], kLeftConstants[4]);
-  Digest right = chain;
-  Round<F5>(right, block, kRight[0], kRightConstants[0]);
-  Round<F4>(right, block, kRight[1], kRightConstants[1]);
-  Round<F3>(right, block, kRight[2], kRightConstants[2]);
-  Round<F2>(right, block, kRight[3], kRightConstants[3]);
-  Round<F1>(right, block, kRight[4], kRightConstants[4]);
-  chain = {chain[1] + left[2] + right[3], chain[2] + left[3] + right[4],
-           chain[3] + left[4] + right[0], chain[4] + left[0] + right[1],
-           chain[0] + left[1] + right[2]};
+  chain = Compressed<std::uint32_t>(chain, block);
 }
+
+#ifdef __GNUC__
+
+std::array<Digest, kBlockRow> DigestRow(std::span<const std::uint32_t, 16> first) {
+  using Row [[gnu::vector_size(kBlockRow * sizeof(std::uint32_t))]] = std::uint32_t;
+  std::array<Row, 16> block{};
+  for (std::size_t i = 0; i < block.size(); ++i) block[i] = Row{} + first[i];
+  block[0] += Row{0, 1, 2, 3};
+  std::array<Row, 5> chain{};
+  for (std::size_t i = 0; i < chain.size(); ++i) chain[i] = Row{} + kRipemdInitial[i];
+  chain = Compressed<Row>(chain, block);
+  std::array<Digest, kBlockRow> digests{};
+  for (std::size_t n = 0; n < kBlockRow; ++n) {
+    for (std::size_t i = 0; i < chain.size(); ++i) digests[n][i] = chain[i][n];
+  }
+  return digests;
+}
+
+#else
+
+std::array<Digest, kBlockRow> DigestRow(std::span<const std::uint32_t, 16> first) {
+  std::array<std::uint32_t, 16> block{};
+  std::copy(first.begin(), first.end(), block.begin());
+  std::array<Digest, kBlockRow> digests{};
+  for (Digest& digest : digests) {
+    digest = kRipemdInitial;
+    Compress(digest, block);
+    ++block[0];
+  }
+  return digests;
+}
+
+#endif
 
 }  // namespace morvane::generate

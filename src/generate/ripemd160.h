@@ -15,6 +15,11 @@ inline constexpr Digest kRipemdInitial{0x67452301, 0xEFCDAB89, 0x98BADCFE, 0x103
 /// since the pool is digested without any.
 void Compress(Digest& chain, std::span<const std::uint32_t, 16> block);
 
+/// The digests of `kBlockRow` messages of one padded block each, which differ only in word 0: it
+/// counts up from that of `first`, modulo 2^32. A row takes little longer than a single digest.
+inline constexpr std::size_t kBlockRow = 4;
+[[nodiscard]] std::array<Digest, kBlockRow> DigestRow(std::span<const std::uint32_t, 16> first);
+
 /// The little-endian word that starts at `bytes[0]`, as RIPEMD-160 reads its message.
 [[nodiscard]] constexpr std::uint32_t LittleEndianWord(std::span<const std::uint8_t, 4> bytes) {
   return std::uint32_t{bytes[0]} | std::uint32_t{bytes[1]} << 8U | std::uint32_t{bytes[2]} << 16U |

@@ -50,7 +50,9 @@ bool Machine::ProcessRunReply(std::optional<std::uint8_t> onlyCode) {
     Link.FlushLink();
     return false;
   }
-  TakeReply(Link.RxFrame);
+  // A poll can be garbled into the question for the board, and dealing must not change the set.
+  const bool unasked = Link.RxFrame[0] == kReplyBoard && !onlyCode;
+  if (!unasked) TakeReply(Link.RxFrame);
   return true;
 }
 

@@ -49,6 +49,7 @@ class Machine {
 
   /// Sends `command` and takes its reply, with one retry that has filler of its own. False when
   /// both tries were bad: the link is lost. With `onlyCode`, any other good reply counts as bad.
+  /// A read board is taken with its `onlyCode` only, since it changes the set.
   template <typename Command>
   bool Exchange(const Command& command, std::optional<std::uint8_t> onlyCode = std::nullopt) {
     BeginExchange();

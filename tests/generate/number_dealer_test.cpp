@@ -90,6 +90,48 @@ TEST(NumberDealer, ByteZeroOfSeedrIsNeverUsed) {
   EXPECT_NE(a.Cards, c.Cards);
 }
 
+TEST(NumberDealer, SeedsThatChangeBetweenTwoDealsCountFromTheNextOneOn) {
+  const auto expectNext = [](NumberDealer& dealer) {
+    Wide expected = NumberOfBlock(dealer, static_cast<std::uint32_t>(dealer.BlockCounter) + 1);
+    const Wide deals = WideOfBytes(MaxDealNumber.Bytes());
+    for (auto block = static_cast<std::uint32_t>(dealer.BlockCounter) + 2; expected >= deals;
+         ++block) {
+      expected = NumberOfBlock(dealer, block);
+    }
+    Board board;
+    dealer.NextNumberDeal(board);
+    EXPECT_TRUE(WideOfBytes(board.DealNumber) == expected);
+  };
+  NumberDealer dealer = SomeDealer();
+  expectNext(dealer);
+  for (std::size_t i = 1; i <= 20; ++i) {
+    ++dealer.Seedr[i];
+    expectNext(dealer);
+  }
+  for (std::uint32_t& word : dealer.Seedo) {
+    ++word;
+    expectNext(dealer);
+  }
+}
+
+TEST(NumberDealer, ACounterThatIsSetGivesTheDealsFromThereOn) {
+  NumberDealer dealer = SomeDealer();
+  std::map<std::int32_t, Board> dealt;  // by the counter before
+  for (int i = 0; i < 30; ++i) {
+    const std::int32_t before = dealer.BlockCounter;
+    dealer.NextNumberDeal(dealt[before]);
+  }
+  for (const int step : {1, -1}) {
+    for (std::int32_t i = 0; i < 20; ++i) {
+      const auto at = std::next(dealt.begin(), step > 0 ? i : 19 - i);
+      dealer.BlockCounter = at->first;
+      Board board;
+      dealer.NextNumberDeal(board);
+      EXPECT_EQ(board, at->second) << at->first;
+    }
+  }
+}
+
 TEST(NumberDealer, StartsEachCandidateFromAnEmptyRecord) {
   NumberDealer dealer = SomeDealer();
   Board board = NumberedBoard(7);

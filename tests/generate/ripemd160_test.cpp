@@ -30,6 +30,26 @@ TEST(Ripemd160, GivesThePublishedDigestsOfLongMessages) {
   EXPECT_EQ(HashText(std::string(1'000'000, 'a')), "52783243c1697bdbe16d37f97f68f08325dc1528");
 }
 
+TEST(Ripemd160, ARowHasTheDigestOfEachOfItsBlocks) {
+  // A message of 44 bytes whose first four, low byte first, count up; also over the end of 32 bits.
+  std::string message = "....and forty bytes that are always the same";
+  ASSERT_EQ(message.size(), 44U);
+  for (const std::uint32_t start : {0x00000001U, 0x000000FEU, 0x7FFFFFFFU, 0xFFFFFFFEU}) {
+    std::array<std::uint32_t, 16> block{};
+    for (std::size_t i = 4; i < message.size(); ++i) {
+      block[i / 4] |= std::uint32_t{static_cast<std::uint8_t>(message[i])} << (i % 4 * 8);
+    }
+    block[0] = start;
+    block[11] = 0x80;
+    block[14] = 44 * 8;
+    const auto row = DigestRow(block);
+    for (std::uint32_t n = 0; n < kBlockRow; ++n) {
+      for (unsigned i = 0; i < 4; ++i) message[i] = static_cast<char>((start + n) >> (8 * i));
+      EXPECT_EQ(DigestText(row[n]), HashText(message)) << start << " + " << n;
+    }
+  }
+}
+
 TEST(Ripemd160, ReadsItsMessageLowByteFirst) {
   const std::array<std::uint8_t, 4> bytes{0x01, 0x02, 0x03, 0xF4};
   EXPECT_EQ(LittleEndianWord(bytes), 0xF4030201U);

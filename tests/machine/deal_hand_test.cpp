@@ -150,6 +150,18 @@ TEST_F(OneBoard, TheSetIsNotChangedByDealing) {
   EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "0");
 }
 
+TEST_F(OneBoard, APollGarbledIntoTheQuestionForTheBoardDoesNotChangeTheSet) {
+  Contact();
+  const Board before = desk.Prog.Set.At(1);
+  int polls = 0;
+  paper.Damage = [&](int, const Bytes& plain, Bytes wire) {
+    return plain[0] == 0x19 && ++polls == 2 ? test::OnTheWire(test::Long({0x9D}), 21) : wire;
+  };
+  run.cmdDeal();
+  EXPECT_EQ(desk.Prog.Set.At(1), before);
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
+}
+
 TEST_F(OneBoard, NationalCardsNeedTheirFirmware) {
   struct Row {
     int National;

@@ -99,6 +99,15 @@ TEST_F(Exchange, ABoardCountsAsReadOnlyByItsOwnReply) {
   EXPECT_EQ(desk.Prog.Set.At(1), before);
 }
 
+TEST_F(Exchange, ABoardThatNobodyAskedForIsDroppedInSilence) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  const Board before = desk.Prog.Set.At(1);
+  EXPECT_TRUE(Poll(Long({0x9D})));
+  EXPECT_EQ(desk.Prog.Set.At(1), before);
+  EXPECT_THAT(bridge.Sent, SizeIs(1));
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
 TEST_F(Exchange, AnUnknownCodeIsDroppedInSilence) {
   EXPECT_TRUE(Poll(Short({0x66, 57})));
   EXPECT_EQ(machine.MachineError, 0);

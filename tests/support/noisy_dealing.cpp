@@ -1,0 +1,257 @@
+#include "support/noisy_dealing.h"
+
+#include <algorithm>
+#include <fstream>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "generate/number_dealer.h"
+#include "machine/dealing_run.h"
+#include "machine/open_link.h"
+#include "model/text.h"
+#include "simulator/simulated_machine.h"
+#include "support/fakes.h"
+
+namespace morvane::test {
+namespace {
+
+using machine::DealingRun;
+using machine::ErrorDialog;
+
+constexpr std::int16_t kTimeoutMs = 200;
+constexpr int kThinkingMs = 250;  ///< until a dialog is answered; it polls meanwhile
+constexpr int kBetweenMs = 250;   ///< from board to board
+constexpr int kAttemptsABoard = 20;
+
+/// The bridge in front of the machine, with a count of what goes out.
+class CountingBridge final : public UsbXpress {
+ public:
+  explicit CountingBridge(UsbXpress& behind) : behind_(behind) {}
+
+  const machine::MachineLink* Link = nullptr;  ///< the one that writes; tells which try it is at
+  std::int64_t Frames = 0;
+  std::int64_t Repeats = 0;
+
+  Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override {
+    return behind_.GetDllVersion(high, low);
+  }
+  Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override {
+    return behind_.GetDriverVersion(high, low);
+  }
+  Status GetNumDevices(std::uint32_t& count) override { return behind_.GetNumDevices(count); }
+  Status GetProductString(std::uint32_t index, ProductString& text, std::uint32_t option) override {
+    return behind_.GetProductString(index, text, option);
+  }
+  Status Open(std::uint32_t index, Handle& handle) override { return behind_.Open(index, handle); }
+  Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) override {
+    return behind_.SetTimeouts(readMs, writeMs);
+  }
+  Status SetBaudRate(Handle handle, std::uint32_t rate) override {
+    return behind_.SetBaudRate(handle, rate);
+  }
+  Status SetLineControl(Handle handle, std::uint16_t control) override {
+    return behind_.SetLineControl(handle, control);
+  }
+  Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) override {
+    return behind_.FlushBuffers(handle, transmit, receive);
+  }
+  Status Write(Handle handle, std::span<const std::uint8_t> bytes,
+               std::uint32_t& written) override {
+    ++Frames;
+    if (Link->CommErrorCount != 0) ++Repeats;
+    return behind_.Write(handle, bytes, written);
+  }
+  Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) override {
+    return behind_.Read(handle, bytes, read);
+  }
+  Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override {
+    return behind_.WriteLatch(handle, mask, value);
+  }
+  Status Close(Handle handle) override { return behind_.Close(handle); }
+
+ private:
+  UsbXpress& behind_;
+};
+
+/// The lines that a log has got since the last look.
+class LogTail {
+ public:
+  explicit LogTail(std::string path) : path_(std::move(path)) {}
+  std::vector<std::string> NewLines() {
+    std::vector<std::string> lines;
+    if (!file_.is_open()) file_.open(path_, std::ios::binary);  // comes with its first line
+    file_.clear();
+    for (std::string line; std::getline(file_, line);) {
+      if (line.ends_with('\r')) line.pop_back();
+      lines.push_back(line);
+    }
+    return lines;
+  }
+
+ private:
+  std::string path_;
+  std::ifstream file_;
+};
+
+/// "  007 : ..." is the line of a board that was dealt or not.
+bool IsRunLine(std::string_view line) {
+  return line.size() > 8 && line.starts_with("  ") && line.substr(5, 3) == " : ";
+}
+
+simulator::Options MachineOptions(double noise, std::uint64_t seed) {
+  simulator::Options options;
+  options.Speed = 0;
+  options.Noise = noise;
+  options.Seed = seed;
+  return options;
+}
+
+}  // namespace
+
+class NoisyDealing::Desk final : public machine::RunView {
+ public:
+  Desk(NoisyDealing& owner, double noise, std::uint64_t seed)
+      : owner_(owner), simulated_(MachineOptions(noise, seed), desk_.Clock) {
+    bridge_.Link = &machine_.Link;
+    desk_.Ui.Default = kNo;
+    desk_.Random.Seed(seed);
+    dealer_.Seedo = {static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
+  }
+
+  bool Deal(int boards) {
+    int attempts = 0;
+    while (tally_.Ok < boards) {
+      MakeSet(std::min(boards - tally_.Ok, kMaxBoards));
+      while (!AllDone()) {
+        if (attempts > kAttemptsABoard * boards) return false;
+        attempts += RunOnce();
+      }
+    }
+    return true;
+  }
+
+  [[nodiscard]] const DealingTally& Tally() {
+    tally_.Frames = bridge_.Frames;
+    tally_.Repeats = bridge_.Repeats;
+    return tally_;
+  }
+
+  void ShowState() override { TakeLog(); }
+  void ShowBoard() override {}
+  void ShowControls() override {}
+  void FocusDealNext() override {}
+  void Close() override {}
+  void ShowError(ErrorDialog& dialog) override {
+    faultShown_ = true;
+    const bool goOn = dialog.Continue_button.Visible;
+    ++tally_.Shown[dialog.Error_label + ", " + dialog.Error_code + ": " +
+                   (goOn ? "Continue" : "Cancel")];
+    dialog.Open([] {});
+    const auto answer = desk_.Loop.StartTimer(
+        kThinkingMs, [&dialog, goOn] { goOn ? dialog.PressContinue() : dialog.PressCancel(); });
+    desk_.Loop.RunUntil([&] { return dialog.Closed(); });
+  }
+
+ private:
+  void MakeSet(int boards) {
+    BoardSet& set = desk_.Prog.Set;
+    set.Clear();
+    set.FirstBoard = 1;
+    set.LastBoard = static_cast<std::int16_t>(boards);
+    for (int n = 1; n <= boards; ++n) {
+      dealer_.NextNumberDeal(set.At(n));
+      AnalyzeBoard(set.At(n));
+    }
+    firstUndone_ = 1;
+  }
+  [[nodiscard]] bool AllDone() const { return firstUndone_ > desk_.Prog.Set.LastBoard; }
+
+  /// Opens the run window and deals until all is done or the link is lost. How many attempts.
+  int RunOnce() {
+    machine::OpenLink(desk_.Prog, machine_.Link, kTimeoutMs);
+    machine::RunMemory memory;
+    DealingRun run(desk_.Prog, machine_, memory);
+    run.Open(*this);
+    desk_.Loop.WaitMs(DealingRun::kFirstContactMs + kBetweenMs);
+    Judge(run);
+    if (!run.Closed()) run.LeaveSubfrom(std::to_string(firstUndone_));
+    int attempts = 1;
+    for (; !run.Closed() && !AllDone(); ++attempts) {
+      Attempt(run);
+      if (!run.Closed()) desk_.Loop.WaitMs(kBetweenMs);
+      Judge(run);
+    }
+    if (!run.Closed()) run.Exit();
+    NoteBoxes();
+    return attempts;
+  }
+
+  void Attempt(DealingRun& run) {
+    faultShown_ = false;
+    repeatsBefore_ = bridge_.Repeats;
+    run.Controls.Deal_next ? run.Deal_next() : run.cmdDeal();
+  }
+
+  /// At once when the line is written, while the cards still lie where the run has put them.
+  void TakeLog() {
+    for (const std::string& line : log_.NewLines()) {
+      if (!IsRunLine(line)) continue;
+      if (line.ends_with(" OK")) {
+        TakeDone(Val(std::string_view(line).substr(2, 3)));
+      } else {
+        stopped_ = true;
+      }
+    }
+  }
+
+  void TakeDone(int number) {
+    ++tally_.Ok;
+    ++(faultShown_                         ? tally_.AfterFaults
+       : bridge_.Repeats != repeatsBefore_ ? tally_.AfterRepeats
+                                           : tally_.AtOnce);
+    Board pockets = simulated_.DealtBoard();
+    if (owner_.OnPockets) owner_.OnPockets(pockets);
+    if (pockets.Cards != desk_.Prog.Set.At(number).Cards) ++tally_.Wrong;
+    firstUndone_ = std::max(firstUndone_, number + 1);
+  }
+
+  void Judge(const DealingRun& run) {
+    TakeLog();
+    const bool lost = run.LastOutcome() == DealingRun::Outcome::kLinkLost;
+    if (stopped_) {
+      ++(lost ? tally_.LinkLost : tally_.Cancelled);
+    } else if (run.Closed()) {
+      ++tally_.LostBetween;
+    }
+    stopped_ = false;
+  }
+
+  void NoteBoxes() {
+    for (const auto& box : desk_.Ui.Boxes) {
+      if (box.Text != desk_.Prog.Texts.Msg060) ++tally_.Shown[Trim(OneLine(box.Text))];
+    }
+    desk_.Ui.Boxes.clear();
+  }
+
+  NoisyDealing& owner_;
+  TestDesk desk_;
+  simulator::SimulatedMachine simulated_;
+  CountingBridge bridge_{simulated_};
+  machine::Machine machine_{desk_.Prog, bridge_};
+  LogTail log_{desk_.Prog.Log.Path()};
+  generate::NumberDealer dealer_;
+  DealingTally tally_;
+  int firstUndone_ = 1;
+  bool faultShown_ = false;
+  bool stopped_ = false;  ///< a board has ended without OK since the last look
+  std::int64_t repeatsBefore_ = 0;
+};
+
+NoisyDealing::NoisyDealing(double noise, std::uint64_t seed)
+    : desk_(std::make_unique<Desk>(*this, noise, seed)) {}
+NoisyDealing::~NoisyDealing() = default;
+bool NoisyDealing::Deal(int boards) { return desk_->Deal(boards); }
+const DealingTally& NoisyDealing::Tally() const { return desk_->Tally(); }
+
+}  // namespace morvane::test
