@@ -1,25 +1,15 @@
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "files/csv_file.h"
 #include "model/text_encoding.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 void RequireSound(const BoardSet& set) {
   Require(set.FirstBoard == 1 && set.LastBoard >= 2 && set.LastBoard <= kMaxBoards);

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "history/history_ring.h"
+#include "support.h"
 
 namespace {
 
@@ -15,10 +15,6 @@ using namespace morvane;
 using namespace morvane::history;
 
 constexpr std::size_t kFileBytes = kRingSize * kRecordBytes;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 Board RoundBoard(int number) {
   Board board = NumberedBoard(number);

@@ -1,18 +1,14 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 #include <vector>
 
 #include "audit/log_audit.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane::audit;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 struct Outcome {
   std::vector<bool> SetIsSame;

@@ -2,7 +2,6 @@
 // 3 cancel; the rest is the log.
 
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,22 +12,13 @@
 #include "model/text.h"
 #include "model/text_encoding.h"
 #include "program/log.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
 using Result = LogReading::Result;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 /// What was read is logged again, and each record read back alone.
 void RequireSameAfterLogging(const Board& board) {

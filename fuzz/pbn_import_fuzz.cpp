@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -14,21 +13,12 @@
 #include "files/pbn_writer.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 void RequireWholeRemarks(const Remarks& remarks) {
   Require(static_cast<int>(remarks.First.size()) ==

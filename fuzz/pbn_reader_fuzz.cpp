@@ -1,5 +1,4 @@
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -7,21 +6,12 @@
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text_encoding.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 /// A set that was read is written and read again; the boards must be the same.
 void RequireSameAfterRoundTrip(const BoardSet& set, const Messages& texts) {

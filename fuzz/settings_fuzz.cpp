@@ -4,13 +4,13 @@
 // file.
 
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <string>
 #include <string_view>
 
 #include "platform/ini_text.h"
 #include "program/setting_keys.h"
+#include "support.h"
 
 namespace {
 
@@ -27,10 +27,6 @@ constexpr SettingKey kKeys[] = {kGenerator,
                                 {kSetup, "Seedm", "another"},
                                 {"Own", "A", "none"},
                                 {"Setup 2", "B c", "none"}};
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// `content` is `file` with `key` set.
 void RequireSet(std::string_view content, std::string_view file, const SettingKey& key,

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -14,6 +13,7 @@
 #include "model/text_encoding.h"
 #include "model/text_lines.h"
 #include "platform/files.h"
+#include "support.h"
 
 namespace {
 
@@ -21,10 +21,6 @@ using namespace morvane;
 using namespace morvane::files;
 
 enum Choice : unsigned { kPbnTables = 1, kFromFile = 2, kUpshift = 4, kAgain = 8 };
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 unsigned TakeByte(std::string_view& input) {
   if (input.empty()) return 0;

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <memory>
+#include <string>
+
+#include "shell/ui/main_menu.h"
+#include "shell/ui/qt_windows.h"
+#include "simulator/simulated_machine.h"
+#include "support/qt_desk.h"
+
+namespace morvane::shell {
+
+/// The whole desktop program but for its `main`, on a simulated machine.
+class MainMenuTest : public ::testing::Test {
+ protected:
+  test::QtDesk desk;
+  simulator::SimulatedMachine simulated{simulator::Options(), desk.Clock};
+  QtWindows windows{desk.Prog};
+  LoneInstance alone;
+  Shell shell{desk.Prog, simulated, windows, alone};
+  std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell);
+
+  void SetUp() override {
+    windows.SetMainMenu(*menu);
+    desk.Ui.SetMainWindow(menu->ForUi());
+  }
+  void Start(const std::string& commandLine = "") {
+    shell.StartUp(commandLine);
+    desk.Loop.Pump();
+  }
+  void Trigger(const char* entry) { test::Find<QAction>(*menu, entry).trigger(); }
+  [[nodiscard]] std::string Text(const char* name) const { return test::TextOf(*menu, name); }
+  void Enter(const char* box) { test::Click(*menu, box); }
+
+  /// What stands in a menu: name and caption of each entry, its submenu's in brackets.
+  static std::string Entries(const QWidget& menuOrBar) {
+    std::string text;
+    for (const QAction* entry : menuOrBar.actions()) {
+      if (!text.empty()) text += ", ";
+      const QMenu* submenu = entry->menu();
+      text += (submenu != nullptr ? submenu->objectName() : entry->objectName()).toStdString();
+      if (!entry->isSeparator()) text += " \"" + entry->text().toStdString() + "\"";
+      if (submenu != nullptr) text += " [" + Entries(*submenu) + "]";
+    }
+    return text;
+  }
+};
+
+}  // namespace morvane::shell
