@@ -63,7 +63,9 @@ int Run(const Options& options) {
       "    start frames garbled past their check byte alone let %.2g of %s boards through\n",
       Unnoticed(noise) * boards, Grouped(boards).c_str());
   if (!finished) std::printf("  The line is too bad: given up.\n");
-  return finished && dealing.Tally().Wrong == 0 ? 0 : 1;
+  // A line without a fault has tested nothing.
+  const bool noisy = noise == 0 || dealing.Tally().Repeats > 0;
+  return finished && noisy && dealing.Tally().Ok > 0 && dealing.Tally().Wrong == 0 ? 0 : 1;
 }
 
 }  // namespace

@@ -44,7 +44,10 @@ Arguments ParseArguments(const QStringList& arguments) {
   result.Settings = parser.value("settings").toStdString();
   result.Machine =
       parser.isSet("machine") ? parser.value("machine").toStdString() : bridges::kDefaultMachine;
-  if (!paths.isEmpty()) {
+  if (!paths.isEmpty() && paths.front().contains('"')) {
+    result.Error =
+        "a file name with a double quote cannot be opened: " + paths.front().toStdString();
+  } else if (!paths.isEmpty()) {
     result.CommandLine = '"' + AbsolutePath(paths.front().toStdString()) + '"';
   }
   return result;

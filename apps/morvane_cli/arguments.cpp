@@ -20,14 +20,15 @@ constexpr const char* kUsage =
     "  show IN [--board N]\n"
     "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
     "  history [--list]\n"
-    "  audit LOG\n"
+    "  audit LOG [--sha256 HEX64]\n"
     "\n"
     "Machines: simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
     "          fault=BOARD:CARD:CODE], serial:PATH. Set files: .pbn .bri .dge .dup .all .bre .csv\n"
     "\n"
     "generate shows the SHA-256 of the deals that it has made: publish it before play, and\n"
     "the log afterwards. audit deals the sets of a log again from their seeds, compares every\n"
-    "board, and shows the SHA-256 of each. Its exit status is 0 only when all is the same.\n";
+    "board, and shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
+    "status is 0 only when all is the same.\n";
 
 /// The options that each command has beside the global ones, and its number of paths.
 struct CommandShape {
@@ -45,7 +46,7 @@ const std::map<QString, CommandShape>& Commands() {
       {"show", {1, {"board"}}},
       {"deal", {1, {"from", "to", "copies", "auto"}}},
       {"history", {0, {"list"}}},
-      {"audit", {1, {}}}};
+      {"audit", {1, {"sha256"}}}};
   return commands;
 }
 
@@ -150,6 +151,7 @@ void TakeValues(const QCommandLineParser& parser, Arguments& result) {
   what.Seedr = values.Hex("seedr", 40);
   what.Seedo = values.Hex("seedo", 40);
   what.Lfsr = values.Hex("lfsr", 32);
+  what.Sha256 = values.Hex("sha256", 64);
   what.Import = parser.isSet("import");
   what.Board = values.Number("board");
   what.From = values.Number("from");

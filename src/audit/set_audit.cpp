@@ -4,7 +4,6 @@
 #include <charconv>
 #include <utility>
 
-#include "audit/fingerprint.h"
 #include "model/tables.h"
 #include "model/text.h"
 

@@ -1,6 +1,7 @@
 #include "cli/audit_command.h"
 
 #include "audit/log_audit.h"
+#include "model/text.h"
 #include "platform/files.h"
 
 namespace morvane::cli {
@@ -109,10 +110,24 @@ std::string UnusedSeedsText(const audit::LogAudit& log) {
   return text;
 }
 
+std::string Summary(const audit::LogAudit& log) {
+  std::string text = std::to_string(log.Same()) + " of " + std::to_string(log.Checked()) +
+                     (log.Checked() == 1 ? " set is" : " sets are") + " the same";
+  if (const std::size_t unused = log.UnusedSeeds().size(); unused > 0) {
+    text += "; " + std::to_string(unused) +
+            (unused == 1 ? " pair of seeds has no set" : " pairs of seeds have no set");
+  }
+  return text + ".\n";
+}
+
 }  // namespace
 
 ExitStatus Audit(Workplace& place, const Request& request) {
-  audit::LogAudit log([&place](const SetAudit& set) { place.Screen.Out(SetText(set)); });
+  bool published = !request.Sha256;
+  audit::LogAudit log([&](const SetAudit& set) {
+    place.Screen.Out(SetText(set));
+    published = published || (set.IsSame() && set.Fingerprint == LowerCase(*request.Sha256));
+  });
   const auto error = ReadBlocks(request.In, [&log](std::string_view block) { log.Add(block); });
   if (error) {
     place.Screen.Error("The log cannot be read: error " + std::to_string(error->Number) + ", " +
@@ -125,9 +140,11 @@ ExitStatus Audit(Workplace& place, const Request& request) {
     place.Screen.Error("There is no set of the number generator in the log\n" + request.In + "\n");
     return kFailed;
   }
-  place.Screen.Out(std::to_string(log.Same()) + " of " + std::to_string(log.Checked()) +
-                   (log.Checked() == 1 ? " set is" : " sets are") + " the same.\n");
-  return log.Same() == log.Checked() ? kDone : kFailed;
+  place.Screen.Out(Summary(log));
+  if (!published) {
+    place.Screen.Error("No set that is the same has the SHA-256 " + *request.Sha256 + "\n");
+  }
+  return log.Same() == log.Checked() && published ? kDone : kFailed;
 }
 
 }  // namespace morvane::cli

@@ -11,10 +11,17 @@ namespace {
 
 using history::HistoryEntry;
 
+/// A name from a file must not steer the terminal.
+std::string Shown(std::string name) {
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  return name;
+}
+
 std::string EntryLine(const HistoryEntry& entry) {
   const std::size_t length = CharacterCount(entry.Name);
   const std::size_t room = history::kNameCharacters;
-  return RightAligned(std::to_string(entry.Position), 6) + "  " + entry.Name +
+  return RightAligned(std::to_string(entry.Position), 6) + "  " + Shown(entry.Name) +
          std::string(room - std::min(room, length), ' ') +
          RightAligned(std::to_string(entry.Boards), 6) + "\n";
 }

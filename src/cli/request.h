@@ -38,6 +38,9 @@ struct Request {
   std::optional<int> Copies;
   bool Auto = false;
 
+  // audit
+  std::optional<std::string> Sha256;  ///< that a set must have
+
   // history
   bool List = false;
 };

@@ -78,7 +78,7 @@ bool CountsAsEmpty(std::string_view text) {
   return !lines.Next(line) || !lines.Next(line);
 }
 
-void AppendBoard(std::string& text, const Board& board, int n) {
+void AppendLine(std::string& text, const Board& board, int n) {
   text += '"';
   for (int hand = kNorth; hand <= kWest; ++hand) {
     text.append(HandText(board, hand, kBetweenFields)).append(kBetweenFields);
@@ -115,7 +115,7 @@ std::optional<FormatFault> ParseCsv(std::string_view text, BoardSet& set, const 
 
 std::string CsvText(const BoardSet& set) {
   std::string text;
-  for (int n = set.FirstBoard; n <= set.LastBoard; ++n) AppendBoard(text, set.At(n), n);
+  for (int n = set.FirstBoard; n <= set.LastBoard; ++n) AppendLine(text, set.At(n), n);
   return text;
 }
 

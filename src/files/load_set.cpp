@@ -69,8 +69,7 @@ void TakeLoadedSet(Program& program, history::History& history, const std::strin
   BoardSet& set = program.Set;
   RememberFile(program, path);
   const std::string title = NameOf(FileTitle(path));
-  const std::string_view name = FirstCharacters(title, history::kNameCharacters);
-  if (history.Ring().IsInHistory(name) == 0) history.AddToHistory(program, name);
+  history.AddUnlessKnown(program, FirstCharacters(title, history::kNameCharacters));
   program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
   set.BoardSetFile = path;
   program.Operator.RefreshSet();

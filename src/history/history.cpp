@@ -65,18 +65,29 @@ std::optional<History::Failure> History::TakeOverOldFile(Program& program, std::
 }
 
 void History::AddToHistory(Program& program, std::string_view name) {
-  if (!program.Set.Exists() || !enabled_ || Trim(name).empty()) return;
-  if (const auto failure = Append(program, name)) TurnOff(program, *failure);
+  Add(program, name, Known::kAgain);
 }
 
-std::optional<History::Failure> History::Append(Program& program, std::string_view name) {
+void History::AddUnlessKnown(Program& program, std::string_view name) {
+  Add(program, name, Known::kOnce);
+}
+
+void History::Add(Program& program, std::string_view name, Known known) {
+  if (!program.Set.Exists() || !enabled_ || Trim(name).empty()) return;
+  if (const auto failure = Append(program, name, known)) TurnOff(program, *failure);
+}
+
+std::optional<History::Failure> History::Append(Program& program, std::string_view name,
+                                                Known known) {
   const auto lock = LockDataFolder(program.Paths.Data);
+  if (!lock) return Failure{program.Texts.Msg085, RuntimeError::Last()};
   std::string bytes;
   if (auto error = ReadIfThere(RingFile(program), bytes)) {
     return Failure{program.Texts.Msg084, *std::move(error)};
   }
   // A file that somebody took away comes back with all that this program knows.
   if (!bytes.empty() && bytes != ring_.Bytes()) ring_.Load(std::move(bytes));
+  if (known == Known::kOnce && ring_.IsInHistory(name) != 0) return std::nullopt;
   ring_.Append(program.Set, name);
   if (auto error = WriteLockedFile(RingFile(program), ring_.Bytes())) {
     return Failure{program.Texts.Msg085, *std::move(error)};

@@ -22,6 +22,9 @@ class History {
   /// nothing without a set, without a name, or when the history is off.
   void AddToHistory(Program& program, std::string_view name);
 
+  /// The same, unless an entry of that name is known, here or by now to another program.
+  void AddUnlessKnown(Program& program, std::string_view name);
+
   [[nodiscard]] bool HistoryEnabled() const { return enabled_; }
   [[nodiscard]] const HistoryRing& Ring() const { return ring_; }
 
@@ -32,7 +35,9 @@ class History {
   };
   std::optional<Failure> Read(Program& program);
   static std::optional<Failure> TakeOverOldFile(Program& program, std::string& bytes);
-  std::optional<Failure> Append(Program& program, std::string_view name);
+  enum class Known { kAgain, kOnce };
+  void Add(Program& program, std::string_view name, Known known);
+  std::optional<Failure> Append(Program& program, std::string_view name, Known known);
   void TurnOff(Program& program, const Failure& failure);
 
   HistoryRing ring_;

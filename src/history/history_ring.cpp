@@ -10,6 +10,9 @@
 namespace morvane::history {
 namespace {
 
+/// What stands at a position of the mirror that no record has been taken into.
+constexpr std::uint8_t kNoRecord = 1;
+
 constexpr auto kPositions = static_cast<std::size_t>(kRingSize);
 
 std::size_t Behind(std::size_t position) { return position == kPositions ? 1 : position + 1; }
@@ -22,7 +25,7 @@ std::string Folded(std::string_view name) { return UpperCaseAnsi(AnsiBytes(Trim(
 /// The mirror is as long as the ring has been written.
 void HistoryRing::MakeRoom(std::size_t position) {
   if (position < types_.size()) return;
-  types_.resize(position + 1);
+  types_.resize(position + 1, kNoRecord);
   boards_.resize(position + 1);
   numbers_.resize(position + 1);
   nameAt_.resize(position + 1);

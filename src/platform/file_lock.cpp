@@ -1,6 +1,7 @@
 #include "platform/file_lock.h"
 
 #include <cerrno>
+#include <thread>
 #include <utility>
 
 #include "platform/files.h"
@@ -25,9 +26,9 @@ std::intptr_t OpenLockFile(const std::string& path) {
                   FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-bool LockFile(std::intptr_t file, bool wait) {
+bool LockFile(std::intptr_t file) {
   OVERLAPPED whole{};
-  const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | (wait ? 0U : LOCKFILE_FAIL_IMMEDIATELY);
+  const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
   return LockFileEx(reinterpret_cast<HANDLE>(file), flags, 0, 1, 0, &whole) != 0;
 }
 
@@ -39,13 +40,15 @@ void CloseLockFile(std::intptr_t file) { CloseHandle(reinterpret_cast<HANDLE>(fi
 #else
 
 std::intptr_t OpenLockFile(const std::string& path) {
-  return open(PathOfUtf8(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  const int file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  // Another user's file can be locked without the right to write it.
+  return file < 0 && errno == EACCES ? open(path.c_str(), O_RDONLY | O_CLOEXEC) : file;
 }
 
-bool LockFile(std::intptr_t file, bool wait) {
+bool LockFile(std::intptr_t file) {
   int answer = 0;
   do {
-    answer = flock(static_cast<int>(file), LOCK_EX | (wait ? 0 : LOCK_NB));
+    answer = flock(static_cast<int>(file), LOCK_EX | LOCK_NB);
   } while (answer != 0 && errno == EINTR);
   return answer == 0;
 }
@@ -59,30 +62,37 @@ void CloseLockFile(std::intptr_t file) { close(static_cast<int>(file)); }
 
 }  // namespace
 
-std::optional<FileLock> FileLock::Wait(const std::string& path) {
-  bool held = false;
-  return Take(path, true, held);
+std::optional<FileLock> FileLock::Wait(const std::string& path,
+                                       std::chrono::milliseconds patience) {
+  constexpr std::chrono::milliseconds kPause{1};
+  const std::intptr_t file = OpenLockFile(path);
+  if (file == kNone) return std::nullopt;
+  FileLock lock(file);
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (!LockFile(file)) {
+    if (!HeldByAnother()) return std::nullopt;
+    if (std::chrono::steady_clock::now() >= end) {
+      errno = ETIMEDOUT;
+      return std::nullopt;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
+  return lock;
 }
 
 std::optional<FileLock> FileLock::Try(const std::string& path) {
   bool held = false;
-  return Take(path, false, held);
+  return Try(path, held);
 }
 
 std::optional<FileLock> FileLock::Try(const std::string& path, bool& held) {
-  return Take(path, false, held);
-}
-
-std::optional<FileLock> FileLock::Take(const std::string& path, bool wait, bool& held) {
   held = false;
   const std::intptr_t file = OpenLockFile(path);
   if (file == kNone) return std::nullopt;
   FileLock lock(file);
-  if (!LockFile(file, wait)) {
-    held = HeldByAnother();
-    return std::nullopt;
-  }
-  return lock;
+  if (LockFile(file)) return lock;
+  held = HeldByAnother();
+  return std::nullopt;
 }
 
 FileLock::FileLock(FileLock&& other) noexcept : file_(std::exchange(other.file_, kNone)) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,8 +11,13 @@ namespace morvane {
 /// this object goes. The system drops it when its holder dies. The file stays; it is empty.
 class FileLock {
  public:
-  /// Waits for the lock, making the file where it is missing. Nothing when it cannot be opened.
-  [[nodiscard]] static std::optional<FileLock> Wait(const std::string& path);
+  /// How long a holder may take; one that is stopped in the middle would make others wait for ever.
+  static constexpr std::chrono::milliseconds kPatience{5000};
+
+  /// Waits for the lock, making the file where it is missing. Nothing when it cannot be had, and
+  /// `RuntimeError::Last` says why: ETIMEDOUT when `patience` was over.
+  [[nodiscard]] static std::optional<FileLock> Wait(const std::string& path,
+                                                    std::chrono::milliseconds patience = kPatience);
   /// The same without waiting: nothing also when another holds the lock.
   [[nodiscard]] static std::optional<FileLock> Try(const std::string& path);
   /// The same; `held` says whether it is because another holds the lock.
@@ -24,7 +30,6 @@ class FileLock {
  private:
   static constexpr std::intptr_t kNone = -1;
   explicit FileLock(std::intptr_t file) : file_(file) {}
-  static std::optional<FileLock> Take(const std::string& path, bool wait, bool& held);
   std::intptr_t file_ = kNone;
 };
 

@@ -15,8 +15,9 @@ class Instance {
   /// Whether this program is the running one; it stays that until this object goes. May be asked
   /// again, since the other may have ended.
   [[nodiscard]] virtual bool Claim() = 0;
-  /// Gives `command` to the running one. Whether that took it; the answer comes within seconds,
-  /// whatever state it is in.
+  /// Gives `command` to the running one. Whether it arrived there; the answer comes within seconds,
+  /// whatever state the other is in. What arrives is taken up unless another request waits or the
+  /// program is just ending.
   [[nodiscard]] virtual bool HandOver(std::string_view command) = 0;
   /// From now on the commands of later starts go to `execute`, out of the event loop. Only the
   /// running one may listen. Where there is no way to it, no command comes.

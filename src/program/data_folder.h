@@ -15,8 +15,9 @@ namespace morvane {
 [[nodiscard]] std::optional<RuntimeError> EnterDataFolder(const std::string& folder);
 
 /// Held while one line or one entry is added, so that no program loses what another one adds. Never
-/// while a box is open: the box's own line in the log would wait for it for ever. Nothing where the
-/// folder cannot be written or locked.
+/// while a box is open: the box's own line in the log would wait for it for seconds. Nothing where
+/// it cannot be had, and `RuntimeError::Last` says why: a line of the log is added all the same, an
+/// entry of the history is not.
 [[nodiscard]] std::optional<FileLock> LockDataFolder(const std::string& folder);
 
 }  // namespace morvane

@@ -47,10 +47,10 @@ std::string VersionTextOf(int serviceLevel) {
 
 StartOutcome Shell::StartUp(const std::string& commandLine) {
   const Flow flow(*this);
-  program_.ShowStatistics = program_.Store.IsOn(kDealShow);
   const StartFiles files = ParseCommandLine(commandLine);
   const StartOutcome outcome = BecomeTheRunningOne(files);
   if (outcome != StartOutcome::kGoesOn) return outcome;
+  program_.ShowStatistics = program_.Store.IsOn(kDealShow);
   started_ = true;
   startFile_ = files.StartFile;
   program_.VersionText = VersionTextOf(program_.ServiceLevel);
@@ -60,7 +60,9 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   program_.Loop.Pump();
   history_.LoadHistory(program_);
   OpenLog();
-  program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
+  if (history_.HistoryEnabled()) {
+    program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
+  }
   program_.Status("Ready");
   program_.Log.WriteLine("---");
   program_.Log.WriteLine("Start " + DateTimeText(program_.Time.Now()));

@@ -226,7 +226,18 @@ TEST(DamagedLog, ADoubledGenerateLineIsFound) {
   EXPECT_EQ(audited.Same, 1);
 }
 
-TEST(DamagedLog, AnotherRangeIsFound) {
+TEST(DamagedLog, ATailCutOffTogetherWithItsRangeIsToldByTheFingerprintAlone) {
+  LogText log(WholeLog());
+  const std::string whole = OnlySet(log.Text()).Fingerprint;
+  log[kGenerate].replace(0, 16, "  Generate: 1,11");
+  std::string text = log.Text();
+  text.erase(text.find("   012 : "), 114);
+  const SetAudit cut = OnlySet(text);
+  EXPECT_THAT(Told(cut), IsEmpty());
+  EXPECT_NE(cut.Fingerprint, whole);
+}
+
+TEST(DamagedLog, ARangeThatTheRecordsDoNotHaveIsFound) {
   LogText log(WholeLog());
   log[kGenerate].replace(0, 16, "  Generate: 1,13");
   EXPECT_THAT(Told(OnlySet(log.Text())), ElementsAre("13 missing"));

@@ -204,7 +204,8 @@ TEST(AuditCommand, AGenerateLineThatIsDamagedOrGoneIsTold) {
   EXPECT_EQ(desk.AuditChanged(line, "  Generate: 1,x"), kFailed);
   EXPECT_THAT(desk.Screen.Output,
               StartsWith("Line 8: a damaged Generate line, 3 records behind it\n"));
-  EXPECT_THAT(desk.Screen.Output, EndsWith("0 of 1 set is the same.\n"));
+  EXPECT_THAT(desk.Screen.Output,
+              EndsWith("0 of 1 set is the same; 1 pair of seeds has no set.\n"));
   EXPECT_EQ(desk.AuditChanged(line + "\r\n", ""), kFailed);
   EXPECT_THAT(desk.Screen.Output, StartsWith("Line 8: 3 records without a Generate line\n"));
 }
@@ -247,6 +248,21 @@ TEST(AuditCommand, LeavesTheAuditedFileAsItIs) {
   const std::string before = test::Content(desk.Folder / "copy.txt");
   EXPECT_EQ(desk.Audit(desk.Folder / "copy.txt"), kDone);
   EXPECT_EQ(test::Content(desk.Folder / "copy.txt"), before);
+}
+
+TEST(AuditCommand, APublishedFingerprintMustBeThatOfASet) {
+  AuditDesk desk;
+  const std::string shown = desk.Generate("4");
+  const std::size_t at = shown.find("SHA-256: ");
+  ASSERT_NE(at, std::string::npos);
+  Request request;
+  request.Command = "audit";
+  request.In = desk.Prog.Log.Path();
+  request.Sha256 = shown.substr(at + 9, 64);
+  EXPECT_EQ(desk.Run(request), kDone) << desk.Screen.Errors;
+  request.Sha256->front() = request.Sha256->front() == 'a' ? 'b' : 'a';
+  EXPECT_EQ(desk.Run(request), kFailed);
+  EXPECT_THAT(desk.Screen.Errors, HasSubstr("No set that is the same has the SHA-256 "));
 }
 
 }  // namespace

@@ -81,6 +81,11 @@ TEST_F(FilesEndToEnd, ADealThatWasSavedDoesNotComeAgainEvenFromItsOwnSeeds) {
       EXPECT_NE(first->At(i).Cards, second->At(j).Cards) << i << " " << j;
     }
   }
+  // An audit knows that the history has rejected the deals of the first set.
+  const Outcome audited = Run({"audit", LogPath()});
+  EXPECT_EQ(audited.Status, 0) << audited.Out;
+  EXPECT_THAT(audited.Out, HasSubstr("history 32\n"));
+  EXPECT_THAT(audited.Out, ::testing::EndsWith("\n2 of 2 sets are the same.\n"));
 }
 
 TEST_F(FilesEndToEnd, WithoutSeedsNoSetIsLikeAnother) {

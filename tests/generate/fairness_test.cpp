@@ -110,6 +110,7 @@ TEST(Fairness, TheNumberGeneratorIsFair) {
     NumberDealer dealer = SomeDealer(seed);
     const auto statistics = StatisticsOf([&] { return NextOf(dealer); });
     EXPECT_GT(statistics.CardsToHands().P(), kThreshold) << seed;
+    EXPECT_LT(statistics.CardsToHands().P(), 1 - kThreshold) << seed << ": too even";
     for (int hand = kNorth; hand <= kWest; ++hand) {
       EXPECT_GT(statistics.ShapesOf(hand).P(), kThreshold) << seed << " hand " << hand;
     }

@@ -384,6 +384,13 @@ TEST(HistoryRing, EntriesAreListedFromTheOldestToTheNewestWithTheirBoards) {
   EXPECT_EQ(entries[1].Boards, 2);
 }
 
+TEST(HistoryRing, AnEntryJustAddedIsListedWithItsBoardsAlone) {
+  HistoryRing ring;
+  ring.Append(SetOf(1, 2), "Now");
+  ASSERT_EQ(ring.Entries().size(), 1U);
+  EXPECT_EQ(ring.Entries()[0].Boards, 2);
+}
+
 /// The file as it is written record by record, by the rule alone.
 class RecordByRecord {
  public:

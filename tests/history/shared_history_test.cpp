@@ -14,6 +14,7 @@
 namespace morvane::history {
 namespace {
 
+using test::SuitBoard;
 using test::TestDesk;
 
 /// Starts a process that works on the data folder of `owner`. What the desk of the process leaves
@@ -40,6 +41,11 @@ TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
   constexpr int kProcesses = 4;
   constexpr int kEntries = 60;
   const TestDesk desk;
+  // The entries go round the ring's end.
+  std::string almostFull;
+  for (std::size_t n = 1; n <= 19500; ++n) PutRecord(almostFull, n, BoardRecord(SuitBoard(1)));
+  PutRecord(almostFull, 19501, EndRecord());
+  test::WriteContent(desk.Prog.Paths.Data + "/history1.dat", almostFull);
   TestDesk helper;
   std::vector<pid_t> children;
   for (int process = 0; process < kProcesses; ++process) {
@@ -59,15 +65,16 @@ TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
       {reader.Prog.Paths.Application, desk.Prog.Paths.Data});
   History history;
   ASSERT_TRUE(history.LoadHistory(program));
-  EXPECT_EQ(history.Ring().HistoryUsed(), kProcesses * kEntries * 5 + 1);
+  EXPECT_EQ(history.Ring().HistoryUsed(), 20000);
+  EXPECT_EQ(history.Ring().HistoryWritePos(), 19501 + kProcesses * kEntries * 5 - 20000);
   std::array<int, kProcesses> last{};
   for (const HistoryEntry& entry : history.Ring().Entries()) {
     const int process = entry.Name[0] - '0';
     const int n = std::stoi(entry.Name.substr(2));
     EXPECT_EQ(n, ++last[static_cast<std::size_t>(process)]) << "in the order of adding";
     EXPECT_EQ(entry.Boards, 2);
-    const HistoryRecord board =
-        RecordAt(history.Ring().Bytes(), static_cast<std::size_t>(entry.Position + 3));
+    const auto position = static_cast<std::size_t>((entry.Position + 2) % 20000 + 1);
+    const HistoryRecord board = RecordAt(history.Ring().Bytes(), position);
     EXPECT_EQ(NumberOfRecord(board), process + 1);
   }
   for (const int n : last) EXPECT_EQ(n, kEntries);
@@ -100,14 +107,42 @@ TEST(SharedHistory, AFileThatWasTakenAwayComesBackWhole) {
   desk.History.AddToHistory(desk.Prog, "One");
   std::filesystem::remove(desk.Prog.Paths.Data + "/history1.dat");
   desk.History.AddToHistory(desk.Prog, "Two");
+  EXPECT_EQ(test::Content(desk.Prog.Paths.Data + "/history1.dat"), desk.History.Ring().Bytes());
   History next;
   ASSERT_TRUE(next.LoadHistory(desk.Prog));
   EXPECT_EQ(next.Ring().HistoryCount(), 2);
 }
 
-/// Entries added until the process is killed; each is told through the pipe when it is there.
-[[noreturn]] void AddForEver(Program& program, History& history, int toldThrough) {
-  for (int n = history.Ring().HistoryCount() + 1;; ++n) {
+TEST(SharedHistory, AFileThatTwoProgramsLoadAddsOneEntry) {
+  TestDesk desk;
+  History first;
+  History second;
+  ASSERT_TRUE(first.LoadHistory(desk.Prog));
+  ASSERT_TRUE(second.LoadHistory(desk.Prog));
+  test::FillSet(desk.Prog.Set, 1, 1);
+  first.AddUnlessKnown(desk.Prog, "Evening");
+  second.AddUnlessKnown(desk.Prog, "evening");
+  EXPECT_EQ(second.Ring().HistoryCount(), 1);
+  EXPECT_EQ(first.Ring().Bytes(), second.Ring().Bytes());
+}
+
+TEST(SharedHistory, WithoutTheFoldersLockNothingIsWrittenAndThatIsTold) {
+  TestDesk desk;
+  ASSERT_TRUE(desk.History.LoadHistory(desk.Prog));
+  std::filesystem::remove(desk.Prog.Paths.Data + "/morvane.lock");
+  std::filesystem::create_directory(desk.Prog.Paths.Data + "/morvane.lock");
+  test::FillSet(desk.Prog.Set, 1, 1);
+  desk.History.AddToHistory(desk.Prog, "Evening");
+  EXPECT_FALSE(desk.History.HistoryEnabled());
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_THAT(desk.Ui.Boxes[0].Text, ::testing::HasSubstr("      Is a directory\r\n"));
+  EXPECT_FALSE(std::filesystem::exists(desk.Prog.Paths.Data + "/history1.dat"));
+}
+
+/// Entries `next` and on, until the process is killed; each is told through the pipe when it is
+/// there.
+[[noreturn]] void AddForEver(Program& program, History& history, int next, int toldThrough) {
+  for (int n = next;; ++n) {
     test::FillSet(program.Set, n % 600 + 1, n % 600 + 3);
     history.AddToHistory(program, "Entry " + std::to_string(n));
     if (write(toldThrough, &n, sizeof n) != sizeof n) _exit(1);
@@ -134,13 +169,16 @@ TEST(SharedHistory, AProcessKilledWhileItAddsLeavesEveryEarlierEntry) {
   TestDesk helper;
   const std::string file = desk.Prog.Paths.Data + "/history1.dat";
   ExpectedRing expected;
+  // Six records an entry: the kills go round the ring's end.
+  test::WriteContent(file, expected.After(3250));
   std::mt19937 random(7);
   int killedInTheMiddle = 0;
   for (int kill = 0; kill < kKills; ++kill) {
     std::array<int, 2> told{};
     ASSERT_EQ(pipe(told.data()), 0);
+    const int next = expected.Ring.HistoryCount() + 1;
     const pid_t child = InProcess(helper, desk, [&](Program& program, History& history) {
-      AddForEver(program, history, told[1]);
+      AddForEver(program, history, next, told[1]);
     });
     close(told[1]);
     int last = 0;

@@ -31,7 +31,7 @@ void* Allocate(std::size_t size) {
 
 }  // namespace
 
-// Every form of them: under a sanitizer those left out would be the sanitizer's own.
+// Every form that is used: under a sanitizer those left out would be the sanitizer's own.
 using Alignment = std::align_val_t;
 using Size = std::size_t;
 void* operator new(Size size) { return Allocate(size); }
@@ -191,8 +191,8 @@ TEST_F(ExchangeAllocation, ABoardDealtByTheSimulatedMachineMakesNone) {
   }
   const std::size_t before = allocations;
   const auto began = desk.Clock.Elapsed();
-  while (!dealing.Exchange(start, kReplyAccepted)) {
-  }
+  int tries = 1;
+  while (!dealing.Exchange(start, kReplyAccepted)) ASSERT_LT(++tries, 20);
   while (dealing.MachineState == Machine::kBusy) dealing.Exchange(dealing.Poll());
   EXPECT_EQ(allocations, before);
   EXPECT_EQ(simulated.BoardsDealt(), 1);

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "platform/runtime_error.h"
 #include "support/fakes.h"
 
 namespace morvane {
@@ -31,6 +32,14 @@ TEST(FileLock, AMovedLockIsHeldByItsNewOwner) {
     EXPECT_FALSE(FileLock::Try(folder / "lock"));
   }
   EXPECT_TRUE(FileLock::Try(folder / "lock"));
+}
+
+TEST(FileLock, AHolderThatDoesNotLetGoIsNotWaitedForForEver) {
+  TempFolder folder;
+  const auto first = FileLock::Wait(folder / "lock");
+  ASSERT_TRUE(first);
+  EXPECT_FALSE(FileLock::Wait(folder / "lock", std::chrono::milliseconds(0)));
+  EXPECT_EQ(RuntimeError::Last().Number, ETIMEDOUT);
 }
 
 TEST(FileLock, ALockOnAnotherFileIsAnotherLock) {
