@@ -136,13 +136,13 @@ inline void Enrich(std::mt19937& random, Board& board) {
   board.DealCounter.fill(static_cast<std::uint8_t>(random()));
 }
 
-/// Complete boards `first` to `last` dealt at random.
-inline BoardSet RandomSet(std::mt19937& random, int first, int last) {
+/// Boards `first` to `last` dealt at random; `missing` as above.
+inline BoardSet RandomSet(std::mt19937& random, int first, int last, unsigned missing = 0) {
   BoardSet set;
   set.Clear();
   set.FirstBoard = static_cast<std::int16_t>(first);
   set.LastBoard = static_cast<std::int16_t>(last);
-  for (int n = first; n <= last; ++n) set.At(n) = RandomBoard(random, n);
+  for (int n = first; n <= last; ++n) set.At(n) = RandomBoard(random, n, missing);
   return set;
 }
 
