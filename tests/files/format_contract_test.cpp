@@ -194,6 +194,14 @@ TEST_P(FormatContract, TheOperatorIsAskedForTheNumbersThatTheFileLacks) {
   EXPECT_EQ(Set().At(Set().LastBoard).Number, Set().LastBoard);
 }
 
+TEST_P(FormatContract, OfASingleBoardPbnAloneKeepsTheNumber) {
+  TurnOn(kLoadAllocation);
+  Set() = RandomSet(Random, 1, 1);
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Load(), !Is(Format(), "CSV"));
+  EXPECT_EQ(Numbers.Shown, Is(Format(), "CSV") || Is(Format(), "PBN") ? 0 : 1);
+}
+
 // What the format can't hold.
 
 TEST_P(FormatContract, IncompleteBoardsComeBackOrAreRefused) {
