@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <memory>
 #include <random>
 
@@ -8,7 +7,7 @@
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/fixed_records.h"
-#include "files/record_desk.h"
+#include "files/format_contract.h"
 
 namespace morvane::files {
 namespace {
@@ -23,36 +22,21 @@ struct Codec {
 constexpr std::array<Codec, 4> kCodecs{
     {{"BRI", BriBytes}, {"DGE", DgeBytes}, {"DUP", DupBytes}, {"DEAL305", Deal305Bytes}}};
 
-/// A board dealt at random, of which each card is missing with the chance `missing` in 8.
-Board RandomBoard(std::mt19937& random, int n, unsigned missing) {
-  Board board = NumberedBoard(n);
-  std::array<std::uint8_t, 52> hands{};
-  for (std::size_t i = 0; i < hands.size(); ++i) hands[i] = static_cast<std::uint8_t>(i / 13 + 1);
-  std::shuffle(hands.begin(), hands.end(), random);
-  for (std::size_t card = 1; card <= 52; ++card) {
-    board.Cards[card] = random() % 8 < missing ? std::uint8_t{0} : hands[card - 1];
-  }
-  AnalyzeBoard(board);
-  return board;
-}
-
 std::unique_ptr<BoardSet> ClearSet() {
   auto set = std::make_unique<BoardSet>();
   set->Clear();
   return set;
 }
 
-std::unique_ptr<BoardSet> RandomSet(std::mt19937& random, int count, unsigned missing) {
-  auto set = ClearSet();
-  set->LastBoard = static_cast<std::int16_t>(count);
-  for (int n = 1; n <= count; ++n) set->At(n) = RandomBoard(random, n, missing);
-  return set;
+/// Boards 1 to `count`, each card of which is missing with the chance `missing` in 8.
+std::unique_ptr<BoardSet> RandomSetOf(std::mt19937& random, int count, unsigned missing) {
+  return std::make_unique<BoardSet>(RandomSet(random, 1, count, missing));
 }
 
 TEST(RecordRoundTrip, EverySetComesBackAsItWas) {
   std::mt19937 random(20260303);
   for (int i = 0; i < 100; ++i) {
-    const auto set = RandomSet(random, static_cast<int>(random() % 40) + 1, 0);
+    const auto set = RandomSetOf(random, static_cast<int>(random() % 40) + 1, 0);
     for (const Codec& codec : kCodecs) {
       const auto back = ClearSet();
       FileNumbers numbers;
@@ -76,8 +60,8 @@ TEST(RecordRoundTrip, BreKeepsEventTextsAndIncompleteBoards) {
                                           "a\rb",
                                           "\"#%"};
   for (int i = 0; i < 300; ++i) {
-    const auto set =
-        RandomSet(random, static_cast<int>(random() % 20) + 1, static_cast<unsigned>(random() % 9));
+    const auto set = RandomSetOf(random, static_cast<int>(random() % 20) + 1,
+                                 static_cast<unsigned>(random() % 9));
     set->EventName = texts[random() % texts.size()];
     set->EventSite = texts[random() % texts.size()];
     set->EventDate = texts[random() % texts.size()];
@@ -117,7 +101,7 @@ void ExpectSound(const BoardSet& set) {
 TEST(RecordRoundTrip, DamagedFilesAreRefusedOrMakeASoundSet) {
   std::mt19937 random(1);
   for (int i = 0; i < 2000; ++i) {
-    const auto set = RandomSet(random, static_cast<int>(random() % 3) + 1, 0);
+    const auto set = RandomSetOf(random, static_cast<int>(random() % 3) + 1, 0);
     for (const Codec& codec : kCodecs) {
       const auto back = ClearSet();
       FileNumbers numbers;

@@ -1,0 +1,87 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "files/bre_file.h"
+#include "model/text_encoding.h"
+
+namespace {
+
+using namespace morvane;
+using namespace morvane::files;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+std::unique_ptr<BoardSet> ClearSet() {
+  auto set = std::make_unique<BoardSet>();
+  set->Clear();
+  return set;
+}
+
+/// Boards 1 to the last one are numbered by their place, complete or not.
+void RequireSound(const BoardSet& set) {
+  Require(set.FirstBoard == 1 && set.LastBoard <= kMaxBoards);
+  for (int n = 0; n <= kMaxBoards; ++n) {
+    const Board& board = set.At(n);
+    if (n == 0 || n > set.LastBoard) {
+      Require(board == Board{});
+      continue;
+    }
+    Board expected = NumberedBoard(n);
+    expected.Cards = board.Cards;
+    AnalyzeBoard(expected);
+    Require(board == expected);
+    Require(std::all_of(board.Cards.begin(), board.Cards.end(),
+                        [](std::uint8_t hand) { return hand <= kWest; }));
+  }
+  for (const std::string& text : {set.EventName, set.EventSite}) {
+    Require(FirstCharacters(text, 200) == text);
+  }
+  Require(FirstCharacters(set.EventDate, 40) == set.EventDate);
+}
+
+void RequireSameAfterRoundTrip(const BoardSet& set, const Messages& texts) {
+  const auto again = ClearSet();
+  const std::string bytes = BreBytes(set);
+  Require(!ParseBre(bytes, *again, texts));
+  Require(again->LastBoard == set.LastBoard && again->Boards == set.Boards);
+  Require(again->EventName == set.EventName && again->EventSite == set.EventSite &&
+          again->EventDate == set.EventDate);
+  Require(BreBytes(*again) == bytes);
+}
+
+bool HasBlankFourthLine(std::string_view bytes) {
+  for (int line = 1; line <= 3; ++line) {
+    const std::size_t end = bytes.find('\n');
+    if (end == std::string_view::npos) return false;
+    bytes.remove_prefix(end + 1);
+  }
+  return bytes.starts_with("\n") || bytes.starts_with("\r\n");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const Messages texts = InitMessages();
+  const std::string bytes(data, data + size);
+  const auto set = ClearSet();
+  const auto fault = ParseBre(bytes, *set, texts);
+  RequireSound(*set);
+  if (!fault) {
+    Require(set->Exists());
+    RequireSameAfterRoundTrip(*set, texts);
+  } else if (fault->Text.empty()) {
+    // The one failure without a word.
+    Require(HasBlankFourthLine(bytes) && !set->Exists());
+  } else {
+    const std::string told = FaultText(*fault);
+    Require(told.starts_with("      File format error     \r\n"));
+    Require(told.ends_with("\r\n\r\n      Load operation aborted!      "));
+  }
+  return 0;
+}
