@@ -1,27 +1,17 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "files/bre_file.h"
 #include "model/text_encoding.h"
+#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 /// Boards 1 to the last one are numbered by their place, complete or not.
 void RequireSound(const BoardSet& set) {

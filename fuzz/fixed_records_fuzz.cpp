@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +10,7 @@
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/fixed_records.h"
+#include "support.h"
 
 namespace {
 
@@ -23,16 +23,6 @@ struct Codec {
 };
 constexpr std::array<Codec, 4> kCodecs{
     {{"BRI", BriBytes}, {"DGE", DgeBytes}, {"DUP", DupBytes}, {"DEAL305", Deal305Bytes}}};
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
 
 /// Boards 1 to the last one are numbered by their place, and all of their cards are held.
 void RequireSound(const BoardSet& set) {

@@ -8,6 +8,7 @@
 
 namespace {
 
+using namespace morvane;
 using namespace morvane::audit;
 
 struct Outcome {
