@@ -64,7 +64,8 @@ void CloseLockFile(std::intptr_t file) { close(static_cast<int>(file)); }
 
 std::optional<FileLock> FileLock::Wait(const std::string& path,
                                        std::chrono::milliseconds patience) {
-  constexpr std::chrono::milliseconds kPause{1};
+  // Short: who lets go may take it again at once, and this one must find the gap.
+  constexpr std::chrono::microseconds kPause{50};
   const std::intptr_t file = OpenLockFile(path);
   if (file == kNone) return std::nullopt;
   FileLock lock(file);

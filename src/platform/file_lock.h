@@ -12,7 +12,7 @@ namespace morvane {
 class FileLock {
  public:
   /// How long a holder may take; one that is stopped in the middle would make others wait for ever.
-  static constexpr std::chrono::milliseconds kPatience{5000};
+  static constexpr std::chrono::milliseconds kPatience{10000};
 
   /// Waits for the lock, making the file where it is missing. Nothing when it cannot be had, and
   /// `RuntimeError::Last` says why: ETIMEDOUT when `patience` was over.
