@@ -1,34 +1,19 @@
-#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "board_files.h"
 #include "files/bre_file.h"
 #include "model/text_encoding.h"
-#include "support.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
 
-/// Boards 1 to the last one are numbered by their place, complete or not.
 void RequireSound(const BoardSet& set) {
-  Require(set.FirstBoard == 1 && set.LastBoard <= kMaxBoards);
-  for (int n = 0; n <= kMaxBoards; ++n) {
-    const Board& board = set.At(n);
-    if (n == 0 || n > set.LastBoard) {
-      Require(board == Board{});
-      continue;
-    }
-    Board expected = NumberedBoard(n);
-    expected.Cards = board.Cards;
-    AnalyzeBoard(expected);
-    Require(board == expected);
-    Require(std::all_of(board.Cards.begin(), board.Cards.end(),
-                        [](std::uint8_t hand) { return hand <= kWest; }));
-  }
+  RequireNumberedByPlace(set);
   for (const std::string& text : {set.EventName, set.EventSite}) {
     Require(FirstCharacters(text, 200) == text);
   }
@@ -69,9 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The one failure without a word.
     Require(HasBlankFourthLine(bytes) && !set->Exists());
   } else {
-    const std::string told = FaultText(*fault);
-    Require(told.starts_with("      File format error     \r\n"));
-    Require(told.ends_with("\r\n\r\n      Load operation aborted!      "));
+    RequireFormatError(*fault);
   }
   return 0;
 }

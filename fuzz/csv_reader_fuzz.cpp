@@ -2,9 +2,9 @@
 #include <memory>
 #include <string>
 
+#include "board_files.h"
 #include "files/csv_file.h"
 #include "model/text_encoding.h"
-#include "support.h"
 
 namespace {
 
@@ -19,11 +19,8 @@ void RequireSound(const BoardSet& set) {
       Require(board == Board{});
       continue;
     }
-    Require(n >= 1 && n <= set.LastBoard && board.Number == n);
-    Require(board.Dealer == DealerOfNumber(n) && board.Vul == VulOfNumber(n));
-    Board again = board;
-    AnalyzeBoard(again);
-    Require(again == board);
+    Require(n >= 1 && n <= set.LastBoard);
+    RequireBoard(set, n);
   }
 }
 
@@ -46,9 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto set = ClearSet();
   const auto fault = ParseCsv(DecodeText(std::string(data, data + size)), *set, texts);
   if (fault) {
-    const std::string told = FaultText(*fault);
-    Require(told.starts_with("      File format error     \r\n"));
-    Require(told.ends_with("\r\n\r\n      Load operation aborted!      "));
+    RequireFormatError(*fault);
   } else {
     RequireSound(*set);
     RequireSameAfterRoundTrip(*set, texts);

@@ -7,12 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "board_files.h"
 #include "files/log_reader.h"
 #include "model/messages.h"
-#include "model/text.h"
 #include "model/text_encoding.h"
-#include "program/log.h"
-#include "support.h"
+#include "program/log_record.h"
 
 namespace {
 
@@ -22,11 +21,10 @@ using Result = LogReading::Result;
 
 /// What was read is logged again, and each record read back alone.
 void RequireSameAfterLogging(const Board& board) {
-  const std::string record = "   " + ThreeDigits(board.Number) + " : ";
   for (const bool longForm : {false, true}) {
     const auto again = ClearSet();
     const LogReading reading =
-        ParseLog(record + FormatBoardForLog(board, longForm), *again, [](int) { return kYes; });
+        ParseLog(LogRecord(board.Number, board, longForm), *again, [](int) { return kYes; });
     Require(reading.Ending == Result::kRead && reading.Line == 1);
     Require(again->FirstBoard == board.Number && again->LastBoard == board.Number);
     Require(again->At(board.Number) == board);
@@ -42,7 +40,8 @@ void RequireSound(const BoardSet& set, bool read) {
   for (int n = 0; n <= kMaxBoards; ++n) {
     const Board& board = set.At(n);
     if (board == Board{}) continue;
-    Require(board.Number == n && board.Status == Board::kComplete);
+    RequireBoard(set, n);
+    Require(board.Status == Board::kComplete);
     RequireSameAfterLogging(board);
   }
 }
