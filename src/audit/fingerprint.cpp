@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "model/text.h"
-#include "program/log.h"
+#include "program/log_record.h"
 
 namespace morvane::audit {
 namespace {

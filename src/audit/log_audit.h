@@ -3,20 +3,20 @@
 #include <functional>
 #include <string_view>
 
-#include "audit/log_reader.h"
 #include "audit/seed_book.h"
 #include "audit/set_audit.h"
+#include "audit/set_finder.h"
 
 namespace morvane::audit {
 
 /// Audits the sets of a log whose bytes come block by block.
-class LogAudit final : private LogListener {
+class LogAudit final : private SetListener {
  public:
   /// `onSet` is given each set as soon as its lines are over.
   explicit LogAudit(std::function<void(const SetAudit&)> onSet) : onSet_(std::move(onSet)) {}
 
-  void Add(std::string_view block) { reader_.Add(block); }
-  void End() { reader_.End(); }
+  void Add(std::string_view block) { finder_.Add(block); }
+  void End() { finder_.End(); }
 
   /// Sets that could be checked or should have been, and how many of them are the same.
   [[nodiscard]] int Checked() const { return checked_; }
@@ -32,7 +32,7 @@ class LogAudit final : private LogListener {
   void CheckBoards(const LoggedSet& set, SetAudit& audit);
 
   std::function<void(const SetAudit&)> onSet_;
-  LogReader reader_{*this};
+  SetFinder finder_{*this};
   SeedBook seeds_;
   Redealer redealer_;
   int checked_ = 0;

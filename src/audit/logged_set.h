@@ -7,14 +7,12 @@
 #include <vector>
 
 #include "generate/generate_line.h"
+#include "program/log_record.h"
 
 namespace morvane::audit {
 
 // What a log says of the sets that were made. A log may be damaged anywhere: whatever is kept here
 // as a text is bytes of the log, not to be shown unless it was checked.
-
-/// How long the record of a board is, in the long form.
-inline constexpr std::size_t kRecordSize = 112;
 
 /// The record of a board, in the long form.
 struct LoggedRecord {
@@ -22,14 +20,9 @@ struct LoggedRecord {
   int Number = 0;        ///< 0..999
   std::string Text;      ///< 103 characters, as `FormatBoardForLog` writes them
 
-  [[nodiscard]] std::string_view Hands() const { return Part(0, 68); }
-  [[nodiscard]] std::string_view DealNumber() const { return Part(69, 24); }
-  [[nodiscard]] std::string_view DealCounter() const { return Part(95, 8); }
-
- private:
-  [[nodiscard]] std::string_view Part(std::size_t at, std::size_t size) const {
-    return std::string_view(Text).substr(at, size);
-  }
+  [[nodiscard]] std::string_view Hands() const { return log_record::HandsIn(Text); }
+  [[nodiscard]] std::string_view DealNumber() const { return log_record::DealNumberIn(Text); }
+  [[nodiscard]] std::string_view DealCounter() const { return log_record::DealCounterIn(Text); }
 };
 
 /// Lines that tell of one set.

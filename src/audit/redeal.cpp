@@ -1,7 +1,7 @@
 #include "audit/redeal.h"
 
 #include "generate/board_maker.h"
-#include "program/log.h"
+#include "program/log_record.h"
 
 namespace morvane::audit {
 namespace {

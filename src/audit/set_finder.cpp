@@ -1,4 +1,4 @@
-#include "audit/log_reader.h"
+#include "audit/set_finder.h"
 
 #include <algorithm>
 #include <array>
@@ -24,7 +24,7 @@ constexpr std::size_t kMostRecords = std::size_t{2} * kMaxBoards;
 bool EndsSet(std::string_view line) {
   constexpr std::array<std::string_view, 3> kSecondLevel{GenerateLine::kStart, "  New random bits",
                                                          "  Seed"};
-  if (line.empty() || line.size() == kRecordSize) return false;
+  if (line.empty() || line.size() == log_record::kLongSize) return false;
   const std::size_t blanks = line.find_first_not_of(' ');
   if (blanks < 2) return true;
   return std::any_of(kSecondLevel.begin(), kSecondLevel.end(),
@@ -40,7 +40,7 @@ std::optional<std::string> SeedIn(std::string_view line, std::string_view start)
 
 }  // namespace
 
-void LogReader::Add(std::string_view block) {
+void SetFinder::Add(std::string_view block) {
   const std::size_t end = block.rfind('\n');
   if (end != std::string_view::npos) {
     const std::size_t firstEnd = block.find('\n') + 1;
@@ -54,18 +54,18 @@ void LogReader::Add(std::string_view block) {
   rest_.append(block.substr(0, room));
 }
 
-void LogReader::End() {
+void SetFinder::End() {
   TakeLines(rest_);
   rest_.clear();
   Close();
 }
 
-void LogReader::TakeLines(std::string_view whole) {
+void SetFinder::TakeLines(std::string_view whole) {
   std::string_view line;
   for (Lines lines(whole); lines.Next(line);) TakeLine(line);
 }
 
-void LogReader::TakeLine(std::string_view line) {
+void SetFinder::TakeLine(std::string_view line) {
   ++line_;
   if (auto record = ParseRecord(line)) {
     record->Line = line_;
@@ -76,7 +76,7 @@ void LogReader::TakeLine(std::string_view line) {
   }
 }
 
-void LogReader::TakeOther(std::string_view line) {
+void SetFinder::TakeOther(std::string_view line) {
   if (line.starts_with(GenerateLine::kStart)) {
     const auto what = GenerateLine::Parse(line);
     const auto ofLine = what && what->Dealt ? LoggedSet::kDealt : LoggedSet::kEmpty;
@@ -92,7 +92,7 @@ void LogReader::TakeOther(std::string_view line) {
   }
 }
 
-void LogReader::TakeRecord(LoggedRecord record) {
+void SetFinder::TakeRecord(LoggedRecord record) {
   if (set_ && !BelongsToSet(record)) Close();
   if (!set_) Open(LoggedSet::kNoGenerateLine, {});
   // An empty set has no records: its line has lost its end.
@@ -107,7 +107,7 @@ void LogReader::TakeRecord(LoggedRecord record) {
 
 /// A record behind a whole set is one of its boards again, or one too many, or the first of a set
 /// whose Generate line is gone.
-bool LogReader::BelongsToSet(const LoggedRecord& record) const {
+bool SetFinder::BelongsToSet(const LoggedRecord& record) const {
   if (set_->Is != LoggedSet::kDealt) return true;
   const auto& records = set_->Records;
   if (records.size() == kMostRecords) return false;
@@ -118,20 +118,20 @@ bool LogReader::BelongsToSet(const LoggedRecord& record) const {
   });
 }
 
-void LogReader::Count(const LoggedRecord& record) {
+void SetFinder::Count(const LoggedRecord& record) {
   if (record.Number < set_->What.First || record.Number > set_->What.Last) return;
   auto seen = seen_.begin() + record.Number;
   if (!*seen) --missing_;
   *seen = true;
 }
 
-void LogReader::Open(LoggedSet::Kind kind, const GenerateLine& what) {
+void SetFinder::Open(LoggedSet::Kind kind, const GenerateLine& what) {
   set_.emplace(LoggedSet{kind, line_, what, {}, 0});
   seen_.assign(kMaxBoards + 1, false);
   missing_ = what.Last - what.First + 1;
 }
 
-void LogReader::Close() {
+void SetFinder::Close() {
   if (set_) listener_.OnSet(*set_);
   set_.reset();
 }

@@ -9,11 +9,11 @@
 
 namespace morvane::audit {
 
-/// Whoever wants to know what a `LogReader` finds, in the order of the log. A set comes behind the
+/// Whoever wants to know what a `SetFinder` finds, in the order of the log. A set comes behind the
 /// seeds that stand before it, and before those that stand behind it.
-class LogListener {
+class SetListener {
  public:
-  virtual ~LogListener() = default;
+  virtual ~SetListener() = default;
   virtual void OnNumberSeeds(LoggedSeeds seeds) = 0;
   virtual void OnShufflingSeed() = 0;
   virtual void OnSet(const LoggedSet& set) = 0;
@@ -21,9 +21,9 @@ class LogListener {
 
 /// Finds the sets in a log of any length, whose bytes come block by block. Lines of other kinds,
 /// and damaged ones, may stand anywhere; it keeps no more than one set and one line.
-class LogReader {
+class SetFinder {
  public:
-  explicit LogReader(LogListener& listener) : listener_(listener) {}
+  explicit SetFinder(SetListener& listener) : listener_(listener) {}
 
   void Add(std::string_view block);
   /// The log is at its end.
@@ -39,7 +39,7 @@ class LogReader {
   [[nodiscard]] bool BelongsToSet(const LoggedRecord& record) const;
   void Count(const LoggedRecord& record);
 
-  LogListener& listener_;
+  SetListener& listener_;
   std::string rest_;  ///< a line whose end has not come yet
   std::size_t line_ = 0;
   std::optional<std::string> seedr_;  ///< waiting for its other half

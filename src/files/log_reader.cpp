@@ -7,6 +7,7 @@
 #include "model/text_encoding.h"
 #include "model/text_lines.h"
 #include "platform/files.h"
+#include "program/log_record.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -17,21 +18,10 @@ using Result = LogReading::Result;
 /// Where the reader stands: outside records, in those wanted, in those passed over.
 enum class Mode { kBetween, kTaking, kSkipping };
 
-// A record, with columns from 0.
-constexpr std::size_t kShortRecord = 77;
-constexpr std::size_t kLongRecord = 112;
-constexpr std::size_t kNumberAt = 3;
-constexpr std::size_t kNumberLength = 3;
-constexpr std::size_t kHandsAt = 9;
-constexpr std::size_t kHandLength = 16;
-constexpr std::size_t kHandStep = kHandLength + 1;
-
-std::string_view NumberOf(std::string_view line) { return line.substr(kNumberAt, kNumberLength); }
-
 /// A record is ASCII throughout, so that its bytes are its characters.
 bool IsRecord(std::string_view line) {
-  if (line.size() != kShortRecord && line.size() != kLongRecord) return false;
-  const std::string_view number = NumberOf(line);
+  if (line.size() != log_record::kShortSize && line.size() != log_record::kLongSize) return false;
+  const std::string_view number = log_record::NumberIn(line);
   return line.starts_with("   ") && line[6] == ' ' && line[7] == ':' &&
          // The colon behind the "9" counts as a digit: required.
          std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= ':'; });
@@ -42,8 +32,7 @@ bool IsRecord(std::string_view line) {
 bool ParseHands(std::string_view line, Board& board) {
   for (int hand = kNorth; hand <= kWest; ++hand) {
     std::size_t suit = 0;
-    const std::size_t at = kHandsAt + static_cast<std::size_t>(hand - 1) * kHandStep;
-    for (const char c : line.substr(at, kHandLength)) {
+    for (const char c : log_record::HandIn(log_record::TextIn(line), hand)) {
       if (c == '.') {
         if (++suit == kSuits) return false;
         continue;
@@ -59,7 +48,7 @@ bool ParseHands(std::string_view line, Board& board) {
 }
 
 Result TakeRecord(BoardSet& set, std::string_view line) {
-  const int n = Val(NumberOf(line));
+  const int n = Val(log_record::NumberIn(line));
   Board board = NumberedBoard(n);
   if (!ParseHands(line, board)) return Result::kSyntaxError;
   // Element 0 belongs to no set, so its number is no better than one above the last.
@@ -99,7 +88,8 @@ LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask)
       const int answer = ask(number);
       if (answer != kYes && answer != kNo) return {Result::kCancelled, number};
       mode = answer == kYes ? Mode::kTaking : Mode::kSkipping;
-      if (mode == Mode::kTaking) set.FirstBoard = static_cast<std::int16_t>(Val(NumberOf(line)));
+      if (mode == Mode::kTaking)
+        set.FirstBoard = static_cast<std::int16_t>(Val(log_record::NumberIn(line)));
     }
     if (mode == Mode::kSkipping) continue;
     reading.Ending = TakeRecord(set, line);

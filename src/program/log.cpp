@@ -6,12 +6,12 @@
 #include <iterator>
 #include <vector>
 
-#include "model/hand_text.h"
 #include "model/messages.h"
 #include "model/text.h"
 #include "platform/files.h"
 #include "platform/ui.h"
 #include "program/data_folder.h"
+#include "program/log_record.h"
 
 namespace morvane {
 
@@ -60,21 +60,8 @@ void Log::Boards(const BoardSet& set, int first, int last, bool longForm,
                  const std::string& heading) {
   std::vector<std::string> lines;
   if (!heading.empty()) lines.push_back(heading);
-  for (int n = first; n <= last; ++n) {
-    lines.push_back("   " + ThreeDigits(n) + " : " + FormatBoardForLog(set.At(n), longForm));
-  }
+  for (int n = first; n <= last; ++n) lines.push_back(LogRecord(n, set.At(n), longForm));
   Lines(lines);
-}
-
-std::string FormatBoardForLog(const Board& board, bool longForm) {
-  std::string text;
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    text += HandText(board, hand, ".") + ' ';
-  }
-  if (longForm) {
-    text += ' ' + HexBytes(board.DealNumber) + "  " + HexBytes(board.DealCounter);
-  }
-  return text;
 }
 
 std::string TimeText(const Clock& clock) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "model/board.h"
 #include "model/board_set.h"
 #include "platform/clock.h"
 #include "platform/runtime_error.h"
@@ -54,11 +53,6 @@ class Log {
   std::string path_;
   bool on_ = false;
 };
-
-/// The four hands North to West, each as its suits joined by "." and followed by one blank: 68
-/// characters for a complete board. The long form adds one blank, `DealNumber`, two blanks and
-/// `DealCounter` in hexadecimal.
-[[nodiscard]] std::string FormatBoardForLog(const Board& board, bool longForm);
 
 /// The time of day of `clock` in the format "h:mm:ss AM/PM".
 [[nodiscard]] std::string TimeText(const Clock& clock);

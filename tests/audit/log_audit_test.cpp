@@ -110,9 +110,7 @@ class HistoryLog {
     Text = "  Seedr: " + kSeedr + "\r\n  Seedo: " + kSeedo + "\r\n" +
            GenerateLine{first, last, GenerateLine::Tests{{shape, true, true}, Rejected}}.Text() +
            "\r\n";
-    for (int k = first; k <= last; ++k) {
-      Text += "   " + ThreeDigits(k) + " : " + FormatBoardForLog(set_->At(k), true) + "\r\n";
-    }
+    for (int k = first; k <= last; ++k) Text += LogRecord(k, set_->At(k), true) + "\r\n";
   }
   std::string Text;
   RejectCounts Rejected;

@@ -1,4 +1,4 @@
-#include "audit/log_reader.h"
+#include "audit/set_finder.h"
 
 #include "audit/audit_desk.h"
 
@@ -10,7 +10,7 @@ using ::testing::IsEmpty;
 
 /// Notes what is found, a word or two each: "seeds 2", "shuffling", "dealt 3: 4 5" with the line
 /// and the lines of the records.
-class Notes final : public LogListener {
+class Notes final : public SetListener {
  public:
   void OnNumberSeeds(LoggedSeeds seeds) override {
     All.push_back("seeds " + std::to_string(seeds.Line));
@@ -32,9 +32,9 @@ class Notes final : public LogListener {
 
 Notes ReadText(std::string_view text) {
   Notes notes;
-  LogReader reader(notes);
-  reader.Add(text);
-  reader.End();
+  SetFinder finder(notes);
+  finder.Add(text);
+  finder.End();
   return notes;
 }
 
@@ -97,7 +97,7 @@ TEST(ParseRecord, AnyOtherLengthIsNone) {
   EXPECT_FALSE(ParseRecord(""));
 }
 
-TEST(LogReader, FindsSeedsAndTheSetBehindThem) {
+TEST(SetFinder, FindsSeedsAndTheSetBehindThem) {
   const Notes notes =
       Read({"  New random bits collected: 56", "  Seedm: 00", "  Seedr: " + kFortyA,
             "  Seedo: " + kForty7, kTwo, Record("001"), Record("002"), " File-Save: 3:04:05: PM"});
@@ -108,17 +108,17 @@ TEST(LogReader, FindsSeedsAndTheSetBehindThem) {
   EXPECT_EQ(notes.Sets[0].Records[1].Number, 2);
 }
 
-TEST(LogReader, FindsNothingInNothing) { EXPECT_THAT(ReadText("").All, IsEmpty()); }
+TEST(SetFinder, FindsNothingInNothing) { EXPECT_THAT(ReadText("").All, IsEmpty()); }
 
-TEST(LogReader, LinesMayEndWithLfAlone) {
+TEST(SetFinder, LinesMayEndWithLfAlone) {
   EXPECT_THAT(ReadText(kTwo + "\n" + Record("001") + "\n").All, ElementsAre("dealt 1: 2"));
 }
 
-TEST(LogReader, TheLastLineNeedsNoEnd) {
+TEST(SetFinder, TheLastLineNeedsNoEnd) {
   EXPECT_THAT(ReadText(kTwo + "\r\n" + Record("001")).All, ElementsAre("dealt 1: 2"));
 }
 
-TEST(LogReader, TheSizeOfTheBlocksDoesNotMatter) {
+TEST(SetFinder, TheSizeOfTheBlocksDoesNotMatter) {
   AuditDesk desk;
   desk.Make(1, 3);
   desk.Shuffle(4, 5);
@@ -128,26 +128,26 @@ TEST(LogReader, TheSizeOfTheBlocksDoesNotMatter) {
   ASSERT_EQ(whole.Sets.size(), 4U);
   for (std::size_t size = 1; size < 300; ++size) {
     Notes notes;
-    LogReader reader(notes);
+    SetFinder finder(notes);
     for (std::size_t at = 0; at < text.size(); at += size) {
-      reader.Add(std::string_view(text).substr(at, size));
+      finder.Add(std::string_view(text).substr(at, size));
     }
-    reader.End();
+    finder.End();
     ASSERT_EQ(notes.All, whole.All) << size;
     ASSERT_EQ(notes.Sets[0].Records[2].Text, whole.Sets[0].Records[2].Text) << size;
   }
 }
 
-TEST(LogReader, ALineWithoutEndIsOneLineWhateverItsLength) {
+TEST(SetFinder, ALineWithoutEndIsOneLineWhateverItsLength) {
   Notes notes;
-  LogReader reader(notes);
-  for (int i = 0; i < 100; ++i) reader.Add(std::string(1000, ' '));
-  reader.Add(kTwo + "\r\n" + kTwo + "\r\n");
-  reader.End();
+  SetFinder finder(notes);
+  for (int i = 0; i < 100; ++i) finder.Add(std::string(1000, ' '));
+  finder.Add(kTwo + "\r\n" + kTwo + "\r\n");
+  finder.End();
   EXPECT_THAT(notes.All, ElementsAre("dealt 2:"));
 }
 
-TEST(LogReader, ASeedWithoutItsOtherHalfIsNone) {
+TEST(SetFinder, ASeedWithoutItsOtherHalfIsNone) {
   const std::string r = "  Seedr: " + kFortyA;
   const std::string o = "  Seedo: " + kForty7;
   EXPECT_THAT(Read({r}).All, IsEmpty());
@@ -160,12 +160,12 @@ TEST(LogReader, ASeedWithoutItsOtherHalfIsNone) {
       ElementsAre("seeds 4"));
 }
 
-TEST(LogReader, OtherLinesMayStandBetweenTheHalvesOfASeed) {
+TEST(SetFinder, OtherLinesMayStandBetweenTheHalvesOfASeed) {
   EXPECT_THAT(Read({"  Seedr: " + kFortyA, " Edit: 3:04:05 PM", "  Seedo: " + kForty7}).All,
               ElementsAre("seeds 3"));
 }
 
-TEST(LogReader, ASeedThatIsNotFortyDigitsIsNone) {
+TEST(SetFinder, ASeedThatIsNotFortyDigitsIsNone) {
   for (const std::string& bad :
        {kFortyA + "A", kFortyA.substr(1), kFortyA.substr(1) + "G", kFortyA + " ", std::string()}) {
     EXPECT_THAT(Read({"  Seedr: " + bad, "  Seedo: " + kForty7}).All, IsEmpty()) << bad;
@@ -173,39 +173,39 @@ TEST(LogReader, ASeedThatIsNotFortyDigitsIsNone) {
   }
 }
 
-TEST(LogReader, ADamagedSeedrIsNotReplacedByAnOlderOne) {
+TEST(SetFinder, ADamagedSeedrIsNotReplacedByAnOlderOne) {
   EXPECT_THAT(Read({"  Seedr: " + kFortyA, "  Seedr: damaged", "  Seedo: " + kForty7}).All,
               IsEmpty());
 }
 
-TEST(LogReader, AnEmptySetHasTheRangeAlone) {
+TEST(SetFinder, AnEmptySetHasTheRangeAlone) {
   const Notes notes = Read({"  Generate: 5,20"});
   EXPECT_THAT(notes.All, ElementsAre("empty 1:"));
   EXPECT_EQ(notes.Sets[0].What.First, 5);
 }
 
-TEST(LogReader, AnEmptySetWithRecordsHasADamagedLine) {
+TEST(SetFinder, AnEmptySetWithRecordsHasADamagedLine) {
   EXPECT_THAT(Read({"  Generate: 1,2", Record("001"), Record("002")}).All,
               ElementsAre("damaged 1: and 2"));
 }
 
-TEST(LogReader, AGenerateLineThatCannotBeReadKeepsItsRecordsTogether) {
+TEST(SetFinder, AGenerateLineThatCannotBeReadKeepsItsRecordsTogether) {
   EXPECT_THAT(Read({"  Generate: 1,x : 0,0,0 : 0,0,0", Record("001"), Record("002")}).All,
               ElementsAre("damaged 1: and 2"));
 }
 
-TEST(LogReader, RecordsWithoutAGenerateLineAreToldTogether) {
+TEST(SetFinder, RecordsWithoutAGenerateLineAreToldTogether) {
   EXPECT_THAT(Read({"  Seedo: " + kForty7, Record("001"), Record("002"), " Exit: 3:04:05 PM"}).All,
               ElementsAre("none 2: and 2"));
 }
 
-TEST(LogReader, TheShortFormIsNoRecordOfASet) {
+TEST(SetFinder, TheShortFormIsNoRecordOfASet) {
   const std::string loaded = "   001 : " + kHands;
   EXPECT_THAT(Read({" File-Load: 3:04:05 PM", "  Load: a.pbn", loaded}).All, IsEmpty());
   EXPECT_THAT(Read({kTwo, Record("001"), loaded, Record("002")}).All, ElementsAre("dealt 1: 2 4"));
 }
 
-TEST(LogReader, EachLineThatBeginsSomethingElseEndsTheSet) {
+TEST(SetFinder, EachLineThatBeginsSomethingElseEndsTheSet) {
   for (const char* other :
        {"---", "Start 2026-03-03 3:04:05 PM", "History records: 0", " Exit: 3:04:05 PM",
         " File-New: 3:04:05 PM", "  New random bits collected: 16", "  Seedm: 00", "  Seedr: 00",
@@ -220,7 +220,7 @@ TEST(LogReader, EachLineThatBeginsSomethingElseEndsTheSet) {
               ElementsAre("dealt 1: 2", "dealt 3: 4"));
 }
 
-TEST(LogReader, ADamagedLineDoesNotEndTheSet) {
+TEST(SetFinder, ADamagedLineDoesNotEndTheSet) {
   std::string cut = Record("001");
   for (const std::string& damaged :
        {std::string(), "x" + cut.substr(1), cut.substr(0, 60),
@@ -230,18 +230,18 @@ TEST(LogReader, ADamagedLineDoesNotEndTheSet) {
   }
 }
 
-TEST(LogReader, BehindAWholeSetOtherRecordsAreOfAnotherSet) {
+TEST(SetFinder, BehindAWholeSetOtherRecordsAreOfAnotherSet) {
   EXPECT_THAT(
       Read({kTwo, Record("001"), Record("002"), Record("001", '2'), Record("002", '2')}).All,
       ElementsAre("dealt 1: 2 3", "none 4: and 2"));
 }
 
-TEST(LogReader, BehindAWholeSetARepeatedBoardAndOneBeyondTheRangeAreItsOwn) {
+TEST(SetFinder, BehindAWholeSetARepeatedBoardAndOneBeyondTheRangeAreItsOwn) {
   EXPECT_THAT(Read({kTwo, Record("001"), Record("002"), Record("001"), Record("003")}).All,
               ElementsAre("dealt 1: 2 3 4 5"));
 }
 
-TEST(LogReader, RecordsWithoutEndAreNotKept) {
+TEST(SetFinder, RecordsWithoutEndAreNotKept) {
   std::string text = kTwo + "\n";
   for (int i = 0; i < 5000; ++i) text += Record("001") + "\n";
   const Notes notes = ReadText(text);

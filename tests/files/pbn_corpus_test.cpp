@@ -1,6 +1,7 @@
 #include <string>
 
 #include "files/load_desk.h"
+#include "program/log_record.h"
 
 namespace morvane::files {
 namespace {

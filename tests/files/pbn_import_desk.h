@@ -4,7 +4,7 @@
 #include <string>
 
 #include "files/pbn_import.h"
-#include "program/log.h"
+#include "program/log_record.h"
 
 namespace morvane::files {
 

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "program/log.h"
+#include "program/log_record.h"
 
 namespace morvane::files {
 namespace {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "files/pbn_values.h"
+#include "program/log_record.h"
 #include "support/fakes.h"
 
 namespace morvane::files {

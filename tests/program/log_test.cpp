@@ -1,4 +1,5 @@
 #include "program/log.h"
+#include "program/log_record.h"
 
 #include "support/append_count.h"
 #include "support/fakes.h"
