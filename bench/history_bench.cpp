@@ -7,6 +7,7 @@
 #include <random>
 #include <vector>
 
+#include "bench/timing.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
 #include "history/history_ring.h"
@@ -16,10 +17,12 @@
 namespace {
 
 using namespace morvane;
+using bench::Milliseconds;
 
 constexpr int kBoards = 20000;
 constexpr double kWantedFactor = 5;
 constexpr double kWantedSeconds = 1;
+constexpr int kRuns = 15;
 
 /// The definition of similarity: 52 steps a pair.
 int ByCounting(const Board& a, const Board& b) {
@@ -31,21 +34,6 @@ int ByCounting(const Board& a, const Board& b) {
     ++counters[(inA - 1) * 4 + inB - 1];
   }
   return *std::max_element(counters.begin(), counters.end());
-}
-
-/// The shortest of several runs, in milliseconds.
-template <typename Work>
-double Milliseconds(Work work) {
-  constexpr int kRuns = 15;
-  double best = 1e9;
-  for (int run = 0; run < kRuns; ++run) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double, std::milli> taken =
-        std::chrono::steady_clock::now() - start;
-    best = std::min(best, taken.count());
-  }
-  return best;
 }
 
 std::vector<Board> RandomDeals(int count) {
@@ -67,7 +55,7 @@ bool CompareMethods(const std::vector<Board>& deals) {
   for (const Board& board : boards) masks.push_back(MasksOf(board));
 
   int most = 0;
-  const double counting = Milliseconds([&] {
+  const double counting = Milliseconds(kRuns, [&] {
     most = 0;
     for (const Board& board : boards) most = std::max(most, ByCounting(candidate, board));
   });
@@ -79,7 +67,7 @@ bool CompareMethods(const std::vector<Board>& deals) {
   double factor = 0;
   for (const SimilarityMethod& method : SimilarityMethods()) {
     bool right = true;
-    const double taken = Milliseconds([&] {
+    const double taken = Milliseconds(kRuns, [&] {
       right = method.FirstMoreAlike(MasksOf(candidate), masks, most) == masks.size() && right;
     });
     right = right && method.FirstMoreAlike(MasksOf(candidate), masks, most - 1) == firstMost;
