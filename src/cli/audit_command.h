@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/commands.h"
+#include "cli/workplace.h"
 
 namespace morvane::cli {
 

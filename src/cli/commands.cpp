@@ -1,13 +1,13 @@
 #include "cli/commands.h"
 
 #include "cli/audit_command.h"
+#include "cli/console_run.h"
 #include "cli/deal_command.h"
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "files/import_set.h"
 #include "files/load_set.h"
-#include "files/save_set.h"
 #include "platform/instance.h"
 
 namespace morvane::cli {
@@ -93,11 +93,6 @@ ExitStatus Deal(Workplace& place, const Request& request, shell::Shell& shell,
 }
 
 }  // namespace
-
-bool Save(Workplace& place, const Request& request, shell::Shell& shell) {
-  place.Operator.AnswerNextFile(request.Out);
-  return files::SaveBoardSet(place.Prog, shell.History());
-}
 
 ExitStatus RunCommand(Workplace& place, const Request& request) {
   ConsoleWindows windows(place, request);

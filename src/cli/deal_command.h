@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "cli/commands.h"
+#include "cli/console_run.h"
+#include "cli/workplace.h"
 
 namespace morvane::cli {
 
