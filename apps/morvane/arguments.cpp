@@ -2,7 +2,6 @@
 
 #include <QCommandLineParser>
 
-#include "bridges/machine_choice.h"
 #include "platform/files.h"
 
 namespace morvane {
@@ -23,27 +22,12 @@ constexpr const char* kUsage =
 Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
-  for (const char* name : {"machine", "data", "settings"}) {
-    parser.addOption(QCommandLineOption(name, "", "value"));
-  }
-  parser.addOption(QCommandLineOption("help"));
-  if (!parser.parse(arguments)) {
-    result.Error = parser.errorText().toStdString();
-    return result;
-  }
-  if (parser.isSet("help")) {
-    result.Help = kUsage;
-    return result;
-  }
+  if (!TakeProgramArguments(parser, arguments, kUsage, result)) return result;
   const QStringList paths = parser.positionalArguments();
   if (paths.size() > 1) {
     result.Error = "more than one file";
     return result;
   }
-  result.Data = parser.value("data").toStdString();
-  result.Settings = parser.value("settings").toStdString();
-  result.Machine =
-      parser.isSet("machine") ? parser.value("machine").toStdString() : bridges::kDefaultMachine;
   if (!paths.isEmpty() && paths.front().contains('"')) {
     result.Error =
         "a file name with a double quote cannot be opened: " + paths.front().toStdString();

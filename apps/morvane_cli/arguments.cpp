@@ -3,7 +3,6 @@
 #include <QCommandLineParser>
 #include <map>
 
-#include "bridges/machine_choice.h"
 #include "files/format_table.h"
 #include "platform/files.h"
 
@@ -30,7 +29,7 @@ constexpr const char* kUsage =
     "board, and shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
     "status is 0 only when all is the same.\n";
 
-/// The options that each command has beside the global ones, and its number of paths.
+/// The options that each command has beside those of every command, and its number of paths.
 struct CommandShape {
   qsizetype Paths;
   QStringList Options;
@@ -50,11 +49,11 @@ const std::map<QString, CommandShape>& Commands() {
   return commands;
 }
 
-const QStringList kGlobal{"data", "settings", "machine", "yes", "help"};
-const QStringList kSwitches{"yes", "help", "empty", "auto", "list", "import"};
+const QStringList kOfEveryCommand{"data", "settings", "machine", "help", "yes"};
+const QStringList kSwitches{"yes", "empty", "auto", "list", "import"};
 
 void AddOptions(QCommandLineParser& parser) {
-  QStringList names = kGlobal;
+  QStringList names{"yes"};
   for (const auto& [name, shape] : Commands()) names += shape.Options;
   names.removeDuplicates();
   for (const QString& name : names) {
@@ -123,18 +122,13 @@ class Values {
 std::string CheckShape(const QCommandLineParser& parser, const QString& command,
                        const CommandShape& shape) {
   for (const QString& option : parser.optionNames()) {
-    if (!kGlobal.contains(option) && !shape.Options.contains(option)) {
+    if (!kOfEveryCommand.contains(option) && !shape.Options.contains(option)) {
       return "--" + option.toStdString() + " does not belong to " + command.toStdString();
     }
   }
   const QStringList words = parser.positionalArguments();
   if (words.size() != shape.Paths + 1) return command.toStdString() + ": wrong number of files";
   if (words.contains("")) return command.toStdString() + ": a file without a name";
-  for (const char* option : {"data", "settings", "machine"}) {
-    if (parser.isSet(option) && parser.value(option).isEmpty()) {
-      return std::string("--") + option + ": nothing named";
-    }
-  }
   return "";
 }
 
@@ -180,14 +174,7 @@ Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
   AddOptions(parser);
-  if (!parser.parse(arguments)) {
-    result.Error = parser.errorText().toStdString();
-    return result;
-  }
-  if (parser.isSet("help")) {
-    result.Help = kUsage;
-    return result;
-  }
+  if (!TakeProgramArguments(parser, arguments, kUsage, result)) return result;
   const QStringList words = parser.positionalArguments();
   const auto command = words.isEmpty() ? Commands().end() : Commands().find(words.front());
   if (command == Commands().end()) {
@@ -207,10 +194,6 @@ Arguments ParseArguments(const QStringList& arguments) {
     result.What.In = path(1);
   }
   if (result.What.Command == "convert") result.What.Out = path(2);
-  result.Data = parser.value("data").toStdString();
-  result.Settings = parser.value("settings").toStdString();
-  result.Machine =
-      parser.isSet("machine") ? parser.value("machine").toStdString() : bridges::kDefaultMachine;
   TakeValues(parser, result);
   return result;
 }

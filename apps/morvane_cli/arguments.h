@@ -1,20 +1,13 @@
 #pragma once
 
-#include <QStringList>
-#include <string>
-
 #include "cli/request.h"
+#include "program_arguments.h"
 
 namespace morvane {
 
-/// The whole command line of `morvane-cli`.
-struct Arguments {
+/// The command line of `morvane-cli`.
+struct Arguments : ProgramArguments {
   cli::Request What;
-  std::string Data;      ///< empty: the user's own data folder
-  std::string Settings;  ///< empty: the user's own store
-  std::string Machine;
-  std::string Help;   ///< not empty: to be shown, and nothing else is asked for
-  std::string Error;  ///< not empty: wrong usage, and why
 };
 
 [[nodiscard]] Arguments ParseArguments(const QStringList& arguments);

@@ -45,6 +45,11 @@ TEST(DesktopArguments, WrongUsageIsTold) {
   EXPECT_EQ(ParseArguments({"morvane", "a", "b"}).Error, "more than one file");
   EXPECT_NE(ParseArguments({"morvane", "--nonsense"}).Error, "");
   EXPECT_NE(ParseArguments({"morvane", "--machine"}).Error, "") << "a value is missing";
+  for (const char* name : {"data", "settings", "machine"}) {
+    const std::string option = std::string("--") + name;
+    EXPECT_EQ(ParseArguments({"morvane", QString::fromStdString(option + "=")}).Error,
+              option + ": nothing named");
+  }
 }
 
 TEST(DesktopArguments, HelpIsUsageAndNothingElse) {

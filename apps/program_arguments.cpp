@@ -1,0 +1,35 @@
+#include "program_arguments.h"
+
+#include <QCommandLineParser>
+#include <array>
+
+#include "bridges/machine_choice.h"
+
+namespace morvane {
+
+bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
+                          const char* usage, ProgramArguments& result) {
+  constexpr std::array kNames{"data", "settings", "machine"};
+  for (const char* name : kNames) parser.addOption(QCommandLineOption(name, "", "value"));
+  parser.addOption(QCommandLineOption("help"));
+  if (!parser.parse(arguments)) {
+    result.Error = parser.errorText().toStdString();
+    return false;
+  }
+  if (parser.isSet("help")) {
+    result.Help = usage;
+    return false;
+  }
+  for (const char* name : kNames) {
+    if (!parser.isSet(name) || !parser.value(name).isEmpty()) continue;
+    result.Error = std::string("--") + name + ": nothing named";
+    return false;
+  }
+  result.Data = parser.value("data").toStdString();
+  result.Settings = parser.value("settings").toStdString();
+  result.Machine =
+      parser.isSet("machine") ? parser.value("machine").toStdString() : bridges::kDefaultMachine;
+  return true;
+}
+
+}  // namespace morvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QStringList>
+#include <string>
+
+class QCommandLineParser;
+
+namespace morvane {
+
+/// What every program of ours takes on the command line.
+struct ProgramArguments {
+  std::string Data;      ///< empty: the user's own data folder
+  std::string Settings;  ///< empty: the user's own store
+  std::string Machine;
+  std::string Help;   ///< not empty: to be shown, and nothing else is asked for
+  std::string Error;  ///< not empty: wrong usage, and why
+};
+
+/// Parses `arguments` with `parser`, which has the program's own options, and takes those that
+/// every program has. False: there is nothing more to take, `result` has help or an error.
+[[nodiscard]] bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
+                                        const char* usage, ProgramArguments& result);
+
+}  // namespace morvane
