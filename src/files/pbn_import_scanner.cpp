@@ -8,8 +8,7 @@ namespace {
 
 using Flaw = PbnFlaw::Kind;
 
-// Whatever fails to be read is looked at twice at most, so that the time grows with the text: a
-// quote that is not closed has no other quote in the stretch that is read again.
+// Whatever fails to be read is looked at twice at most, so that the time grows with the text.
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
@@ -203,10 +202,12 @@ void PbnImportScanner::ReadRest(PbnTagPair& tag) {
 /// Reads a value from its quote on. False, and nothing is read: the value is not closed before the
 /// next line that begins a tag, or its line ends with a bracket.
 bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
+  if (at_ < openUntil_) return false;
   std::string value;
   int line = line_;
   char last = 0;  // no blank
-  for (std::size_t at = at_ + 1; at < text_.size(); ++at) {
+  std::size_t at = at_ + 1;
+  for (; at < text_.size(); ++at) {
     char c = text_[at];
     if (c == '"' && Closes(at)) {
       at_ = at + 1;
@@ -215,7 +216,7 @@ bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
       return true;
     }
     if (c == '\n') {
-      if (last == ']' || LineBeginsTag(at + 1)) return false;
+      if (last == ']' || LineBeginsTag(at + 1)) break;
       ++line;
       c = ' ';
     } else if (IsEscape(text_, at)) {
@@ -224,6 +225,7 @@ bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
     if (!IsBlank(c)) last = c;
     value += c;
   }
+  openUntil_ = at;
   return false;
 }
 

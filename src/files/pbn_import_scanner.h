@@ -74,6 +74,9 @@ class PbnImportScanner {
   std::size_t at_ = 0;
   int line_ = 1;
   std::size_t lastBrace_;     ///< the last "}"; npos without one
+  /// A value that began in front of it was not closed up to here, so none that begins later and in
+  /// front of it is.
+  std::size_t openUntil_ = 0;
   bool lineHasText_ = false;  ///< the line at `at_`, in front of it
   bool blankLine_ = false;    ///< a line of blanks since the last tag
 };

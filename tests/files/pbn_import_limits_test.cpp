@@ -37,7 +37,8 @@ INSTANTIATE_TEST_SUITE_P(
                       "[a\"\\", "[a\"\\\"", "[a\"\n\n", "[a\"x]\n", "[a\"]{\"a\"", ";", "%\n", "\r",
                       "\n", " ", "\t\n", "[Board\"\"]", "[Board\"#\"]", "[Board\"##1\"]",
                       "[Board\"1\"]", "[Deal\"#\"]", "[Deal\"N:A\"]", "[Event\"##x\"]",
-                      "[Event\"#\"]\n", "[OptimumResultTable\"#\"]N S 1\n", "[Board 1]"));
+                      "[Event\"#\"]\n", "[OptimumResultTable\"#\"]N S 1\n", "[Board 1]",
+                      "x[a\"\\\"\n"));
 
 TEST(HugeText, ALongValueThatIsRepeatedIsNotReadAgainAndAgain) {
   const std::string text = "[Event \"" + std::string(kMegabyte, '#') +
