@@ -73,7 +73,7 @@ class PbnImportScanner {
   std::string_view text_;
   std::size_t at_ = 0;
   int line_ = 1;
-  std::size_t lastBrace_;     ///< the last "}"; npos without one
+  std::size_t lastBrace_;  ///< the last "}"; npos without one
   /// A value that began in front of it was not closed up to here, so none that begins later and in
   /// front of it is.
   std::size_t openUntil_ = 0;

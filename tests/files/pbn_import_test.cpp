@@ -114,6 +114,19 @@ TEST(PbnImport, WhatIsPassedOverLeavesNoNotes) {
   EXPECT_EQ(file.Report.Notes.Count, 0);
 }
 
+TEST(PbnImport, ADealThatIsRepeatedIsTheSameUntilAnotherComes) {
+  const Imported file("[Board \"1\"]" + std::string(kDeal) + "[Board \"2\"][Deal \"#\"]" +
+                      "[Event \"x\"]\n[Event \"x\"][Board \"3\"]" + kDeal + "[Board \"4\"]" +
+                      "[Deal \"N:AA..\"][Board \"5\"][Deal \"#\"][Board \"6\"]");
+  EXPECT_EQ(file.Cards(2), kCards);
+  EXPECT_EQ(file.Cards(3), kCards);
+  EXPECT_THAT(file.Report.PassedOver.First,
+              ElementsAre("Line 2: board 4: the A of Spades stands twice",
+                          "Line 2: board 5: the A of Spades stands twice"));
+  EXPECT_EQ(file.At(6).Status, Board::kEmpty);
+  EXPECT_EQ(file.Report.Taken, 4);
+}
+
 TEST(ImportedNumbers, AreGoneOnWithFromTheBoardBefore) {
   const Imported file("[Board \"7\"]" + std::string(kDeal) + kOtherDeal + kDeal);
   EXPECT_EQ(file.Cards(8), kOtherCards);
@@ -232,6 +245,14 @@ TEST(ImportedAnalysis, IsTheTableWhereThereAreNoTricks) {
 
 TEST(ImportedAnalysis, IsTheAbilityWhereThereIsNothingElse) {
   EXPECT_EQ(Imported(kOne + "[Ability \"NESW:88888\"]").At(1).Tricks[12], 2);
+}
+
+TEST(ImportedAnalysis, WithoutAnyResultIsNotMissed) {
+  for (const char* tag :
+       {"[DoubleDummyTricks \"\"]", "[DoubleDummyTricks \"?\"]", "[Ability \"-\"]",
+        "[OptimumResultTable \"#\"]", "[OptimumResultTable \"Declarer;Denomination;Result\"]\n"}) {
+    EXPECT_EQ(Imported(kOne + tag).Report.Notes.Count, 0) << tag;
+  }
 }
 
 TEST(ImportedAnalysis, IsLeftOutAsAWholeWithAnUnknownResult) {
