@@ -41,6 +41,8 @@ const char* WordsFor(PbnFlaw::Kind flaw) {
       return "a closing quote is missing";
     case PbnFlaw::Kind::kNoBracket:
       return "a closing bracket is missing";
+    case PbnFlaw::Kind::kNoOpening:
+      return "an opening bracket is missing; its tag was skipped";
     case PbnFlaw::Kind::kSurplus:
       return "text between a value and its closing bracket was skipped";
     case PbnFlaw::Kind::kBareValue:
@@ -134,6 +136,8 @@ class Import {
   std::uint8_t DealerOf(const GameValue& value);
   std::uint8_t VulOf(const GameValue& value);
   void Place(const Board& board, const Origin& origin);
+  void NoteOtherTerms(const Board& board, const Origin& origin, const Board& other,
+                      const Origin& otherOrigin);
   void FillUp(Board& board, Origin& origin, const Board& other, const Origin& otherOrigin) const;
   void SetLimits();
   void PassOver(int line, const std::string& reason) {
@@ -260,11 +264,24 @@ void Import::Place(const Board& board, const Origin& origin) {
     first = origin;
   } else if (IsPartOf(board, placed) || IsPartOf(placed, board)) {
     ++report_.Repeated;
+    NoteOtherTerms(placed, first, board, origin);
     FillUp(placed, first, board, origin);
   } else {
     PassOver(origin.Line, BoardName(board.Number) + " has another deal than in line " +
                               std::to_string(first.Line));
   }
+}
+
+/// Tells what a game of a board says otherwise than the first, which counts.
+void Import::NoteOtherTerms(const Board& board, const Origin& origin, const Board& other,
+                            const Origin& otherOrigin) {
+  const auto note = [&](std::uint8_t told, std::uint8_t otherwise, const char* name) {
+    if (told == 0 || otherwise == 0 || told == otherwise) return;
+    Note(otherOrigin.Line, BoardName(board.Number) + " has another " + name + " than in line " +
+                               std::to_string(origin.Line) + ", which counts");
+  };
+  note(board.Dealer, other.Dealer, "dealer");
+  note(board.Vul, other.Vul, "vulnerability");
 }
 
 /// Takes from another game of the same board what the first did not tell.

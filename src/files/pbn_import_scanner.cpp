@@ -107,6 +107,13 @@ bool PbnImportScanner::Closes(std::size_t quote) const {
   return next == std::string_view::npos || text_[next] != '"';
 }
 
+/// Whether the next character on this line but for blanks is a closing bracket.
+bool PbnImportScanner::NextIsBracket() const {
+  std::size_t next = at_;
+  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  return next < text_.size() && text_[next] == ']';
+}
+
 void PbnImportScanner::PassLineEnd() {
   blankLine_ = blankLine_ || !lineHasText_;
   lineHasText_ = false;
@@ -172,7 +179,10 @@ void PbnImportScanner::ToBracket(PbnTagPair& tag) {
       const bool quote = text_[at_++] == '"';
       // A bracket within quotes is text, if the quotes are closed on their line.
       const std::size_t close = quote ? text_.find_first_of("\"\n", at_) : std::string_view::npos;
-      if (close != std::string_view::npos && text_[close] == '"') at_ = close + 1;
+      if (close != std::string_view::npos && text_[close] == '"') {
+        at_ = close + 1;
+        if (NextIsBracket()) AddFlaw(tag, Flaw::kNoOpening, line_);
+      }
     }
     AddToSection(tag, text_.substr(start, at_ - start));
   }

@@ -16,6 +16,7 @@ struct PbnFlaw {
   enum class Kind {
     kNoQuote,        ///< a value without its closing quote: it ends with its line
     kNoBracket,      ///< no "]" behind a value
+    kNoOpening,      ///< a value and its "]", but no "[": skipped like other text
     kSurplus,        ///< text between a value and its "]", which is skipped
     kBareValue,      ///< a value without quotes
     kOpenComment,    ///< a "{" without "}": the comment ends with its line
@@ -56,6 +57,7 @@ class PbnImportScanner {
   [[nodiscard]] bool MayBeginTag(std::size_t at) const;
   [[nodiscard]] bool LineBeginsTag(std::size_t at) const;
   [[nodiscard]] bool Closes(std::size_t quote) const;
+  [[nodiscard]] bool NextIsBracket() const;
 
   void PassLineEnd();
   bool SkipComment(PbnTagPair& tag);
