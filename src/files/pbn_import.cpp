@@ -14,7 +14,7 @@ namespace {
 
 using Numbers = std::bitset<kMaxBoards + 1>;
 
-bool IsKnown(const GameValue& value) { return !value.Unknown() && value.Text != "-"; }
+bool IsKnown(const GameValue& value) { return !value.Text.empty() && value.Text != "-"; }
 
 std::string AtLine(int line, const std::string& remark) {
   return "Line " + std::to_string(line) + ": " + remark;
@@ -41,6 +41,8 @@ const char* WordsFor(PbnFlaw::Kind flaw) {
       return "a closing quote is missing";
     case PbnFlaw::Kind::kNoBracket:
       return "a closing bracket is missing";
+    case PbnFlaw::Kind::kNoOpening:
+      return "an opening bracket is missing; its tag was skipped";
     case PbnFlaw::Kind::kSurplus:
       return "text between a value and its closing bracket was skipped";
     case PbnFlaw::Kind::kBareValue:
@@ -63,13 +65,16 @@ GameTricks TricksOf(const PbnGame& game) {
   GameTricks tricks;
   const auto consider = [&](GameTag tag, const auto& read) {
     const GameValue& value = game.At(tag);
-    if (tricks.Found || value.Line == 0) return;
+    if (tricks.Found || !IsKnown(value)) return;
     tricks.Found = read(value.Text);
     if (!tricks.Found && tricks.FaultyLine == 0) tricks.FaultyLine = value.Line;
   };
   consider(GameTag::kDoubleDummyTricks, TricksOfDigits);
-  consider(GameTag::kOptimumResultTable,
-           [&](std::string_view header) { return TricksOfTable(header, game.TableRows); });
+  // The table of the game before, or an empty one, has no results that could be left out.
+  if (game.TableRows.find_first_not_of(" \t\n") != std::string::npos) {
+    consider(GameTag::kOptimumResultTable,
+             [&](std::string_view header) { return TricksOfTable(header, game.TableRows); });
+  }
   consider(GameTag::kAbility, TricksOfAbility);
   return tricks;
 }
@@ -131,6 +136,8 @@ class Import {
   std::uint8_t DealerOf(const GameValue& value);
   std::uint8_t VulOf(const GameValue& value);
   void Place(const Board& board, const Origin& origin);
+  void NoteOtherTerms(const Board& board, const Origin& origin, const Board& other,
+                      const Origin& otherOrigin);
   void FillUp(Board& board, Origin& origin, const Board& other, const Origin& otherOrigin) const;
   void SetLimits();
   void PassOver(int line, const std::string& reason) {
@@ -143,6 +150,7 @@ class Import {
   ImportReport report_;
   Numbers used_;
   int lastNumber_ = 0;  ///< of the game before
+  ImportedDeal deal_;   ///< of the game; one that is repeated is not read again
   std::array<Origin, kMaxBoards + 1> origins_{};
 };
 
@@ -158,17 +166,19 @@ void Import::TakeGame(const PbnGame& game) {
   for (const PbnFlaw& flaw : game.Flaws) Note(flaw.Line, WordsFor(flaw.What));
   TakeEventTexts(game);
   const GameValue& dealValue = game.At(GameTag::kDeal);
+  if (dealValue.Changed) {
+    deal_ = IsKnown(dealValue) ? ReadImportedDeal(dealValue.Text) : ImportedDeal{};
+  }
   if (game.At(GameTag::kBoard).Line == 0 && dealValue.Line == 0) return;
 
   ++report_.Games;
   const int number = NumberOf(game);
   if (number == 0) return;
-  const ImportedDeal deal = IsKnown(dealValue) ? ReadImportedDeal(dealValue.Text) : ImportedDeal{};
-  if (!deal.Fault.empty()) return PassOver(dealValue.Line, BoardName(number) + ": " + deal.Fault);
+  if (!deal_.Fault.empty()) return PassOver(dealValue.Line, BoardName(number) + ": " + deal_.Fault);
 
   Board board;
   board.Number = static_cast<std::int16_t>(number);
-  board.Cards = deal.Cards;
+  board.Cards = deal_.Cards;
   board.Dealer = DealerOf(game.At(GameTag::kDealer));
   board.Vul = VulOf(game.At(GameTag::kVulnerable));
   const GameTricks tricks = TricksOf(game);
@@ -178,19 +188,19 @@ void Import::TakeGame(const PbnGame& game) {
     Note(tricks.FaultyLine, "double-dummy results that are not whole were left out");
   }
   AnalyzeBoard(board);
-  Place(board, {game.Line, deal.Given});
+  Place(board, {game.Line, deal_.Given});
 }
 
 void Import::TakeEventTexts(const PbnGame& game) {
   TakeEventText(set_.EventName, game.At(GameTag::kEvent), "name");
   TakeEventText(set_.EventSite, game.At(GameTag::kSite), "site");
-  const GameValue& date = game.At(GameTag::kDate);
-  TakeEventText(set_.EventDate, IsKnown(date) ? date : game.At(GameTag::kEventDate), "date");
+  TakeEventText(set_.EventDate, game.At(GameTag::kDate), "date");
+  TakeEventText(set_.EventDate, game.At(GameTag::kEventDate), "date");
 }
 
 /// The first known value in the file counts.
 void Import::TakeEventText(std::string& text, const GameValue& value, const std::string& name) {
-  if (!text.empty() || !IsKnown(value)) return;
+  if (!text.empty() || !value.Changed || !IsKnown(value)) return;
   EventText made = MakeEventText(value.Text);
   text = std::move(made.Text);
   if (made.Replaced) {
@@ -237,7 +247,7 @@ std::uint8_t Import::DealerOf(const GameValue& value) {
 }
 
 std::uint8_t Import::VulOf(const GameValue& value) {
-  if (value.Unknown()) return 0;
+  if (value.Text.empty()) return 0;
   const auto vul = ImportedVul(value.Text);
   if (!vul)
     Note(value.Line, "vulnerability " + Quoted(value.Text) + " is none; the number decides");
@@ -254,11 +264,24 @@ void Import::Place(const Board& board, const Origin& origin) {
     first = origin;
   } else if (IsPartOf(board, placed) || IsPartOf(placed, board)) {
     ++report_.Repeated;
+    NoteOtherTerms(placed, first, board, origin);
     FillUp(placed, first, board, origin);
   } else {
     PassOver(origin.Line, BoardName(board.Number) + " has another deal than in line " +
                               std::to_string(first.Line));
   }
+}
+
+/// Tells what a game of a board says otherwise than the first, which counts.
+void Import::NoteOtherTerms(const Board& board, const Origin& origin, const Board& other,
+                            const Origin& otherOrigin) {
+  const auto note = [&](std::uint8_t told, std::uint8_t otherwise, const char* name) {
+    if (told == 0 || otherwise == 0 || told == otherwise) return;
+    Note(otherOrigin.Line, BoardName(board.Number) + " has another " + name + " than in line " +
+                               std::to_string(origin.Line) + ", which counts");
+  };
+  note(board.Dealer, other.Dealer, "dealer");
+  note(board.Vul, other.Vul, "vulnerability");
 }
 
 /// Takes from another game of the same board what the first did not tell.

@@ -31,6 +31,7 @@ bool Counts(const PbnFlaw& flaw, bool known) {
   return known || flaw.What != PbnFlaw::Kind::kBareValue;
 }
 
+/// A value as a game has it: without blanks at the ends, and empty where nothing is known.
 std::string Plain(std::string_view value) {
   std::string text = Trim(value);
   std::size_t end = std::min(text.size(), PbnGames::kLongestValue + 1);
@@ -39,14 +40,19 @@ std::string Plain(std::string_view value) {
   };
   while (insideCharacter()) ++end;
   text.resize(end);
+  if (text.find_first_not_of("?. ") == std::string::npos) text.clear();
   return text;
+}
+
+void Set(GameValue& value, const std::string& text) {
+  value.Changed = value.Text != text;
+  if (value.Changed) value.Text = text;
 }
 
 }  // namespace
 
 const PbnGame* PbnGames::Next() {
-  previous_ = std::move(game_);
-  game_ = PbnGame{};
+  Clear();
   for (; more_; more_ = scanner_.Next(tag_)) {
     const auto which = TagOfName(tag_.Name);
     if (which && game_.Line > 0 && BeginsGame(*which)) break;
@@ -67,6 +73,16 @@ bool PbnGames::BeginsGame(GameTag which) const {
   return game_.At(which).Line > 0 || (tag_.BehindBlankLine && game_.At(GameTag::kDeal).Line > 0);
 }
 
+void PbnGames::Clear() {
+  for (GameValue& value : game_.Values) {
+    value.Line = 0;
+    value.Changed = false;
+  }
+  game_.TableRows.clear();
+  game_.Line = 0;
+  game_.Flaws.clear();
+}
+
 /// Puts the tag read ahead into the game, and resolves its repeat marks.
 void PbnGames::Take(GameTag which) {
   const auto at = static_cast<std::size_t>(which);
@@ -74,23 +90,31 @@ void PbnGames::Take(GameTag which) {
   if (value.Line > 0) return;  // the first of a game counts
   if (game_.Line == 0) game_.Line = tag_.Line;
   value.Line = tag_.Line;
-  value.Text = Plain(tag_.Value);
+  asDefault_.reset(at);
   if (which == GameTag::kOptimumResultTable) game_.TableRows = std::move(tag_.Section);
-  if (!value.Text.starts_with('#')) return;
+  const std::string text = Plain(tag_.Value);
+  if (!text.starts_with('#')) return Set(value, text);
 
-  const bool lasting = value.Text.starts_with("##");
-  value.Text = Trim(value.Text.substr(lasting ? 2 : 1));
-  if (value.Text.empty()) value.Text = previous_.Values[at].Text;
-  if (lasting) defaults_[at] = value.Text;
+  const bool lasting = text.starts_with("##");
+  const std::string marked = Trim(std::string_view(text).substr(lasting ? 2 : 1));
+  if (!marked.empty()) Set(value, Plain(marked));
+  if (!lasting) return;
+  defaults_[at] = value.Text;
+  asDefault_.set(at);
 }
 
 /// Gives the game what it has no tag for from the last "##".
 void PbnGames::FillIn() {
   for (std::size_t at = 0; at < kGameTags; ++at) {
     GameValue& value = game_.Values[at];
-    if (value.Line > 0 || !defaults_[at]) continue;
-    value.Text = *defaults_[at];
+    if (value.Line > 0) continue;
+    if (!defaults_[at]) {
+      Set(value, {});
+      continue;
+    }
     value.Line = game_.Line;
+    if (!asDefault_.test(at)) Set(value, *defaults_[at]);
+    asDefault_.set(at);
   }
 }
 

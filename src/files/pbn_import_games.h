@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -29,18 +30,18 @@ inline constexpr std::size_t kGameTags = 11;
 
 /// A tag's value in one game.
 struct GameValue {
-  std::string Text;  ///< repeat marks replaced by what they repeat, no blanks at the ends
-  int Line = 0;      ///< where it was read; 0 = the game has no such tag, `Text` is empty
-
-  /// Nothing is known: no tag, or one of the marks for it ("", "?", "????.??.??").
-  [[nodiscard]] bool Unknown() const { return Text.find_first_not_of("?. ") == std::string::npos; }
+  /// Repeat marks are replaced by what they repeat; no blanks at the ends. Empty when nothing is
+  /// known: no tag, or one of the marks for it ("", "?", "????.??.??").
+  std::string Text;
+  int Line = 0;          ///< where it was read; 0 = the game has no such tag
+  bool Changed = false;  ///< another than the game before has
 };
 
 /// One game of a PBN text.
 struct PbnGame {
   std::array<GameValue, kGameTags> Values;
   std::string TableRows;       ///< the lines of its `OptimumResultTable`
-  int Line = 0;                ///< of its first tag that counts
+  int Line = 0;                ///< of its first tag that counts; 0 = none yet
   std::vector<PbnFlaw> Flaws;  ///< the first few
 
   [[nodiscard]] const GameValue& At(GameTag tag) const {
@@ -62,6 +63,7 @@ class PbnGames {
   const PbnGame* Next();
 
  private:
+  void Clear();
   void Take(GameTag which);
   [[nodiscard]] bool BeginsGame(GameTag which) const;
   void FillIn();
@@ -69,10 +71,12 @@ class PbnGames {
   PbnImportScanner scanner_;
   PbnTagPair tag_;  ///< read ahead
   bool more_ = false;
+  /// A value that the game has not had yet holds the text of the game before. So what is repeated
+  /// is not copied: short games that repeat long values would take their time.
   PbnGame game_;
-  PbnGame previous_;
   /// What a game without the tag has, from a "##" on.
   std::array<std::optional<std::string>, kGameTags> defaults_;
+  std::bitset<kGameTags> asDefault_;  ///< a value's text is that one
 };
 
 }  // namespace morvane::files

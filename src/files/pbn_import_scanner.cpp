@@ -8,8 +8,7 @@ namespace {
 
 using Flaw = PbnFlaw::Kind;
 
-// Whatever fails to be read is looked at twice at most, so that the time grows with the text: a
-// quote that is not closed has no other quote in the stretch that is read again.
+// Whatever fails to be read is looked at twice at most, so that the time grows with the text.
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
@@ -108,6 +107,13 @@ bool PbnImportScanner::Closes(std::size_t quote) const {
   return next == std::string_view::npos || text_[next] != '"';
 }
 
+/// Whether the next character on this line but for blanks is a closing bracket.
+bool PbnImportScanner::NextIsBracket() const {
+  std::size_t next = at_;
+  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  return next < text_.size() && text_[next] == ']';
+}
+
 void PbnImportScanner::PassLineEnd() {
   blankLine_ = blankLine_ || !lineHasText_;
   lineHasText_ = false;
@@ -173,7 +179,10 @@ void PbnImportScanner::ToBracket(PbnTagPair& tag) {
       const bool quote = text_[at_++] == '"';
       // A bracket within quotes is text, if the quotes are closed on their line.
       const std::size_t close = quote ? text_.find_first_of("\"\n", at_) : std::string_view::npos;
-      if (close != std::string_view::npos && text_[close] == '"') at_ = close + 1;
+      if (close != std::string_view::npos && text_[close] == '"') {
+        at_ = close + 1;
+        if (NextIsBracket()) AddFlaw(tag, Flaw::kNoOpening, line_);
+      }
     }
     AddToSection(tag, text_.substr(start, at_ - start));
   }
@@ -203,10 +212,12 @@ void PbnImportScanner::ReadRest(PbnTagPair& tag) {
 /// Reads a value from its quote on. False, and nothing is read: the value is not closed before the
 /// next line that begins a tag, or its line ends with a bracket.
 bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
+  if (at_ < openUntil_) return false;
   std::string value;
   int line = line_;
   char last = 0;  // no blank
-  for (std::size_t at = at_ + 1; at < text_.size(); ++at) {
+  std::size_t at = at_ + 1;
+  for (; at < text_.size(); ++at) {
     char c = text_[at];
     if (c == '"' && Closes(at)) {
       at_ = at + 1;
@@ -215,7 +226,7 @@ bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
       return true;
     }
     if (c == '\n') {
-      if (last == ']' || LineBeginsTag(at + 1)) return false;
+      if (last == ']' || LineBeginsTag(at + 1)) break;
       ++line;
       c = ' ';
     } else if (IsEscape(text_, at)) {
@@ -224,6 +235,7 @@ bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
     if (!IsBlank(c)) last = c;
     value += c;
   }
+  openUntil_ = at;
   return false;
 }
 

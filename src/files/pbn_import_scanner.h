@@ -16,6 +16,7 @@ struct PbnFlaw {
   enum class Kind {
     kNoQuote,        ///< a value without its closing quote: it ends with its line
     kNoBracket,      ///< no "]" behind a value
+    kNoOpening,      ///< a value and its "]", but no "[": skipped like other text
     kSurplus,        ///< text between a value and its "]", which is skipped
     kBareValue,      ///< a value without quotes
     kOpenComment,    ///< a "{" without "}": the comment ends with its line
@@ -56,6 +57,7 @@ class PbnImportScanner {
   [[nodiscard]] bool MayBeginTag(std::size_t at) const;
   [[nodiscard]] bool LineBeginsTag(std::size_t at) const;
   [[nodiscard]] bool Closes(std::size_t quote) const;
+  [[nodiscard]] bool NextIsBracket() const;
 
   void PassLineEnd();
   bool SkipComment(PbnTagPair& tag);
@@ -73,7 +75,10 @@ class PbnImportScanner {
   std::string_view text_;
   std::size_t at_ = 0;
   int line_ = 1;
-  std::size_t lastBrace_;     ///< the last "}"; npos without one
+  std::size_t lastBrace_;  ///< the last "}"; npos without one
+  /// A value that began in front of it was not closed up to here, so none that begins later and in
+  /// front of it is.
+  std::size_t openUntil_ = 0;
   bool lineHasText_ = false;  ///< the line at `at_`, in front of it
   bool blankLine_ = false;    ///< a line of blanks since the last tag
 };

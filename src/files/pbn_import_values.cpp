@@ -14,6 +14,9 @@ constexpr std::string_view kHandLetters = "NESW";
 constexpr std::string_view kBlanks = " \t\n";
 constexpr std::size_t kDenominations = 5;
 constexpr int kMostTricks = 13;
+/// No number, name or row of digits is longer. Longer ones are not looked at, since many short
+/// games may repeat them.
+constexpr std::size_t kLongestWord = 100;
 
 char UpperLetter(char c) { return UpperCase({&c, 1})[0]; }
 
@@ -130,8 +133,9 @@ struct Columns {
 /// Reads "Declarer;Denomination\2R;Result\2R": a name may have the sign of its order in front, and
 /// its width behind a backslash.
 Columns ReadHeader(std::string_view header) {
+  constexpr std::size_t kMostColumns = 20;
   Columns columns;
-  for (std::size_t column = 0; !header.empty(); ++column) {
+  for (std::size_t column = 0; column < kMostColumns && !header.empty(); ++column) {
     const std::size_t end = std::min(header.find(';'), header.size());
     std::string name = UpperCase(Trim(header.substr(0, std::min(header.find('\\'), end))));
     if (name.starts_with('+') || name.starts_with('-')) name.erase(0, 1);
@@ -170,7 +174,8 @@ void PutRow(const Columns& columns, std::string_view line, TricksTable& table) {
 }  // namespace
 
 std::optional<int> ImportedNumber(std::string_view text) {
-  if (text.empty() || text.find_first_not_of("0123456789") != std::string_view::npos) {
+  if (text.empty() || text.size() > kLongestWord ||
+      text.find_first_not_of("0123456789") != std::string_view::npos) {
     return std::nullopt;
   }
   const int number = Val(text);
@@ -179,6 +184,7 @@ std::optional<int> ImportedNumber(std::string_view text) {
 }
 
 std::optional<std::uint8_t> ImportedDealer(std::string_view text) {
+  if (text.size() > kLongestWord) return std::nullopt;
   const std::string word = UpperCase(text);
   for (int hand = kNorth; hand <= kWest; ++hand) {
     const std::string name = UpperCase(HandName[static_cast<std::size_t>(hand)]);
@@ -188,6 +194,7 @@ std::optional<std::uint8_t> ImportedDealer(std::string_view text) {
 }
 
 std::optional<std::uint8_t> ImportedVul(std::string_view text) {
+  if (text.size() > kLongestWord) return std::nullopt;
   if (text == "-") return std::uint8_t{1};
   std::string word;
   for (const char c : UpperCase(text)) {
@@ -226,6 +233,7 @@ ImportedDeal ReadImportedDeal(std::string_view text) {
 }
 
 std::optional<ImportedTricks> TricksOfDigits(std::string_view text) {
+  if (text.size() > kLongestWord) return std::nullopt;
   constexpr std::array<int, kHands> kDeclarers{kNorth, kSouth, kEast, kWest};
   TricksTable table;
   std::size_t count = 0;
@@ -251,6 +259,7 @@ std::optional<ImportedTricks> TricksOfTable(std::string_view header, std::string
 }
 
 std::optional<ImportedTricks> TricksOfAbility(std::string_view text) {
+  if (text.size() > kLongestWord) return std::nullopt;
   TricksTable table;
   Words words(text);
   for (std::string_view word; words.Next(word);) {

@@ -126,6 +126,36 @@ TEST(RepeatMark, TwoAloneMakeTheValueOfTheGameBeforeLast) {
               ElementsAre("a|1|", "a|2|", "a|3|"));
 }
 
+TEST(RepeatMark, TwoLastBehindAGameWithAnotherValue) {
+  EXPECT_THAT(Games("[Board \"1\"][Site \"##a\"][Board \"2\"][Site \"b\"][Board \"3\"][Site \"#\"]"
+                    "[Board \"4\"][Board \"5\"][Site \"#\"]"),
+              ElementsAre("a|1|", "b|2|", "b|3|", "a|4|", "a|5|"));
+}
+
+TEST(RepeatMark, TwoWithAMarkForUnknownEndTheLastOnes) {
+  EXPECT_THAT(Games("[Board \"1\"][Site \"##a\"][Board \"2\"][Site \"##?\"][Board \"3\"]"),
+              ElementsAre("a|1|", "|2|", "|3|"));
+}
+
+/// For each game the places of the values that are others than in the game before.
+std::vector<std::string> Changes(std::string_view text) {
+  PbnGames games(text);
+  std::vector<std::string> result;
+  while (const PbnGame* const game = games.Next()) {
+    std::string places;
+    for (const GameValue& value : game->Values) places += value.Changed ? 'x' : '.';
+    result.push_back(places);
+  }
+  return result;
+}
+
+TEST(RepeatMark, MakesNoChange) {
+  // The values are Event, Site, Date, EventDate, Board ...
+  EXPECT_THAT(Changes("[Event \"a\"][Site \"##s\"][Board \"1\"][Event \"#\"][Board \"2\"]"
+                      "[Event \"a\"][Site \"t\"][Board \"2\"][Board \"3\"]"),
+              ElementsAre("xx..x......", "....x......", ".x.........", "xx..x......"));
+}
+
 TEST(RepeatMark, TwoWithAnotherValueTakeThePlaceOfTheLastOnes) {
   EXPECT_THAT(Games("[Board \"1\"][Site \"##a\"][Board \"2\"][Site \"##b\"][Board \"3\"]"),
               ElementsAre("a|1|", "b|2|", "b|3|"));

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "files/pbn_import_desk.h"
+#include "files/pbn_import_games.h"
 
 namespace morvane::files {
 namespace {
@@ -30,14 +31,16 @@ TEST_P(HugeTextTest, IsReadInATimeThatGrowsWithItsLength) {
             file.Report.Taken + file.Report.Repeated + file.Report.PassedOver.Count);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Each, HugeTextTest,
-    ::testing::Values("[", "[\n", "[ ", "[[a", "[a", "[a\"", "[a\"\n", "[a\"b\"", "[a\"b\"{}c",
-                      "[a\"b\" c", "\"", "\" ", "{", "{[a", "[{", "[{}", "[{}a", "{\n[a", "}", "\\",
-                      "[a\"\\", "[a\"\\\"", "[a\"\n\n", "[a\"x]\n", "[a\"]{\"a\"", ";", "%\n", "\r",
-                      "\n", " ", "\t\n", "[Board\"\"]", "[Board\"#\"]", "[Board\"##1\"]",
-                      "[Board\"1\"]", "[Deal\"#\"]", "[Deal\"N:A\"]", "[Event\"##x\"]",
-                      "[Event\"#\"]\n", "[OptimumResultTable\"#\"]N S 1\n", "[Board 1]"));
+INSTANTIATE_TEST_SUITE_P(Each, HugeTextTest,
+                         ::testing::Values("[", "[\n", "[ ", "[[a", "[a", "[a\"", "[a\"\n",
+                                           "[a\"b\"", "[a\"b\"{}c", "[a\"b\" c", "\"", "\" ", "{",
+                                           "{[a", "[{", "[{}", "[{}a", "{\n[a", "}", "\\", "[a\"\\",
+                                           "[a\"\\\"", "[a\"\n\n", "[a\"x]\n", "[a\"]{\"a\"", ";",
+                                           "%\n", "\r", "\n", " ", "\t\n", "[Board\"\"]",
+                                           "[Board\"#\"]", "[Board\"##1\"]", "[Board\"1\"]",
+                                           "[Deal\"#\"]", "[Deal\"N:A\"]", "[Event\"##x\"]",
+                                           "[Event\"#\"]\n", "[OptimumResultTable\"#\"]N S 1\n",
+                                           "[Board 1]", "x[a\"\\\"\n"));
 
 TEST(HugeText, ALongValueThatIsRepeatedIsNotReadAgainAndAgain) {
   const std::string text = "[Event \"" + std::string(kMegabyte, '#') +
@@ -46,6 +49,24 @@ TEST(HugeText, ALongValueThatIsRepeatedIsNotReadAgainAndAgain) {
   const Imported file(text);
   EXPECT_EQ(file.Report.Taken, 0);
   EXPECT_EQ(file.Report.PassedOver.Count, file.Report.Games);
+}
+
+TEST(HugeText, ShortGamesThatRepeatLongValuesAreReadOnce) {
+  const std::string marks(PbnGames::kLongestValue - 1, '#');
+  const std::string columns(PbnGames::kLongestValue, ';');
+  const std::string voids(PbnGames::kLongestValue - 2, '-');
+  std::string ability;
+  while (ability.size() < PbnGames::kLongestValue - 12) ability += "NNNNN:66666 ";
+  std::string text = "[Deal \"##N:" + voids + "\"][OptimumResultTable \"##" + columns +
+                     "\"][Ability \"##" + ability + "\"][DoubleDummyTricks \"##" + voids + "\"]";
+  for (const char* tag : {"Event", "Site", "Date", "EventDate", "Dealer", "Vulnerable"}) {
+    text += std::string("[") + tag + " \"##" + marks + "x\"]";
+  }
+  const auto start = std::chrono::steady_clock::now();
+  const Imported file(text + Repeat("[Board\"1\"]", kMegabyte));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_EQ(file.Report.Taken, 1);
+  EXPECT_EQ(file.Report.Repeated, file.Report.Games - 1);
 }
 
 TEST(HugeText, RemarksAreCountedNotKept) {

@@ -179,6 +179,12 @@ TEST(PbnScanFault, ATagWithoutItsBracketEndsInFrontOfTheNext) {
   EXPECT_THAT(Flaws(text), ElementsAre(PbnFlaw{Flaw::kNoBracket, 1}, PbnFlaw{Flaw::kNoBracket, 2}));
 }
 
+TEST(PbnScanFault, ATagWithoutItsOpeningBracketIsSkippedAndTold) {
+  const std::string text = "Site \"x\"]\n[A \"x\"]\nBoard \"7\" ]\n1 \"a\" 2\n[B \"y\"]";
+  EXPECT_THAT(Pairs(text), ElementsAre("A=x", "B=y"));
+  EXPECT_THAT(Flaws(text), ElementsAre(PbnFlaw{Flaw::kNoOpening, 1}, PbnFlaw{Flaw::kNoOpening, 3}));
+}
+
 TEST(PbnScanFault, BehindATagWithoutItsBracketTheNextLineIsItsSection) {
   const auto tags = Tags("[A \"x\"\n1C Pass\n[B \"y\"]");
   ASSERT_EQ(tags.size(), 2U);

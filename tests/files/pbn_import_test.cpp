@@ -114,6 +114,19 @@ TEST(PbnImport, WhatIsPassedOverLeavesNoNotes) {
   EXPECT_EQ(file.Report.Notes.Count, 0);
 }
 
+TEST(PbnImport, ADealThatIsRepeatedIsTheSameUntilAnotherComes) {
+  const Imported file("[Board \"1\"]" + std::string(kDeal) + "[Board \"2\"][Deal \"#\"]" +
+                      "[Event \"x\"]\n[Event \"x\"][Board \"3\"]" + kDeal + "[Board \"4\"]" +
+                      "[Deal \"N:AA..\"][Board \"5\"][Deal \"#\"][Board \"6\"]");
+  EXPECT_EQ(file.Cards(2), kCards);
+  EXPECT_EQ(file.Cards(3), kCards);
+  EXPECT_THAT(file.Report.PassedOver.First,
+              ElementsAre("Line 2: board 4: the A of Spades stands twice",
+                          "Line 2: board 5: the A of Spades stands twice"));
+  EXPECT_EQ(file.At(6).Status, Board::kEmpty);
+  EXPECT_EQ(file.Report.Taken, 4);
+}
+
 TEST(ImportedNumbers, AreGoneOnWithFromTheBoardBefore) {
   const Imported file("[Board \"7\"]" + std::string(kDeal) + kOtherDeal + kDeal);
   EXPECT_EQ(file.Cards(8), kOtherCards);
@@ -204,13 +217,17 @@ TEST(RepeatedBoard, FillsInWhatTheFirstDidNotTell) {
   EXPECT_THAT(file.Report.Notes.First, IsEmpty());
 }
 
-TEST(RepeatedBoard, ChangesNothingThatTheFirstTold) {
+TEST(RepeatedBoard, ChangesNothingThatTheFirstToldAndSaysSo) {
   const Imported file("[Dealer \"S\"][Vulnerable \"NS\"]" + kOne +
                       "[Dealer \"W\"][Vulnerable \"EW\"]" +
                       "[Board \"1\"][Deal \"N:AKQJT98765432...\"]");
   EXPECT_EQ(file.At(1).Dealer, kSouth);
   EXPECT_EQ(file.At(1).Vul, 2);
   EXPECT_EQ(file.Cards(1), kCards);
+  EXPECT_THAT(
+      file.Report.Notes.First,
+      ElementsAre("Line 2: board 1 has another dealer than in line 1, which counts",
+                  "Line 2: board 1 has another vulnerability than in line 1, which counts"));
 }
 
 TEST(ImportedAnalysis, IsTheTableWhereThereAreNoTricks) {
@@ -234,6 +251,14 @@ TEST(ImportedAnalysis, IsTheAbilityWhereThereIsNothingElse) {
   EXPECT_EQ(Imported(kOne + "[Ability \"NESW:88888\"]").At(1).Tricks[12], 2);
 }
 
+TEST(ImportedAnalysis, WithoutAnyResultIsNotMissed) {
+  for (const char* tag :
+       {"[DoubleDummyTricks \"\"]", "[DoubleDummyTricks \"?\"]", "[Ability \"-\"]",
+        "[OptimumResultTable \"#\"]", "[OptimumResultTable \"Declarer;Denomination;Result\"]\n"}) {
+    EXPECT_EQ(Imported(kOne + tag).Report.Notes.Count, 0) << tag;
+  }
+}
+
 TEST(ImportedAnalysis, IsLeftOutAsAWholeWithAnUnknownResult) {
   const Imported file(kOne + "[DoubleDummyTricks \"7777777777777777777*\"]");
   EXPECT_EQ(file.At(1).Tricks, (std::array<std::uint8_t, 21>{}));
@@ -243,14 +268,15 @@ TEST(ImportedAnalysis, IsLeftOutAsAWholeWithAnUnknownResult) {
 
 TEST(ImportedFlaws, AreToldWithTheirLines) {
   const Imported file("[Event \"x]\n[Site \"y\"\n[Board 1]\n[Dealer \"N\" or S]\n" +
-                      std::string(kDeal) + "\n{ gone:\n[Board \"2\"]\n}\n{ open");
+                      std::string(kDeal) + "\n{ gone:\n[Board \"2\"]\n}\n{ open\nSite \"x\"]");
   EXPECT_EQ(file.Report.Taken, 1);
   EXPECT_THAT(file.Report.Notes.First,
               ElementsAre("Line 1: a closing quote is missing",
                           "Line 2: a closing bracket is missing", "Line 3: a value has no quotes",
                           "Line 4: text between a value and its closing bracket was skipped",
                           "Line 6: a comment holds tags, which were skipped",
-                          "Line 9: a comment does not end; only its line was skipped"));
+                          "Line 9: a comment does not end; only its line was skipped",
+                          "Line 10: an opening bracket is missing; its tag was skipped"));
 }
 
 }  // namespace
