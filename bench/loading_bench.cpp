@@ -31,8 +31,8 @@ constexpr int kRuns = 7;
 constexpr double kWantedMilliseconds = 10;
 constexpr double kWantedGrowth = 1.5;
 constexpr std::size_t kHardMegabytes = 100;
-constexpr double kWantedSeconds = 5;
-constexpr double kWantedFileSizes = 4;
+constexpr double kWantedSeconds = 8;
+constexpr double kWantedFileSizes = 6;
 
 /// The operator takes the numbers that are offered.
 class OfferedNumbers final : public files::NumberDialog {
@@ -157,6 +157,11 @@ constexpr HardFile kHardFiles[] = {
     {"Import, one tag without end", "pbn", &Desk::Import, "[Event \"", "x"},
     {"Import, one comment without end", "pbn", &Desk::Import, "{", "{"},
     {"Import, empty lines", "pbn", &Desk::Import, "", "\n"},
+    {"Import, values without end", "pbn", &Desk::Import, "", "x[a\"\\\"\n"},
+    {"Import, games that repeat a deal", "pbn", &Desk::Import,
+     "[Deal \"##N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]\n",
+     "[Board \"1\"]\n"},
+    {"Import, other encoding", "pbn", &Desk::Import, "", "\x80"},
     {"Import, games without deal", "pbn", &Desk::Import, "", "[Board \"1\"]\n\n"},
     {"BRI, digits", "bri", &Desk::Load, "", "01"},
     {"DUP, zero bytes", "dup", &Desk::Load, "", std::string_view("\0", 1)},
