@@ -35,7 +35,7 @@ struct Format {
   Numbers BoardNumbers = Numbers::None;
   bool IncompleteBoards = false;
   bool AnalysisResults = false;
-  Reader Read = nullptr;   ///< none: this format can't be loaded
+  Reader Read = nullptr;
   Writer Write = nullptr;  ///< none: this format can't be saved
 };
 
