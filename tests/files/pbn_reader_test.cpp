@@ -242,6 +242,7 @@ TEST(PbnReader, NamesAreCaseSensitive) {
 TEST(PbnReader, WhatStandsBetweenBracketAndNameIsSkipped) {
   EXPECT_EQ(SetOf("x ] [ _12\"Board   3 \"4\" ; x ] y")->FirstBoard, 4);
   EXPECT_EQ(SetOf("[[Board \"5\"]")->FirstBoard, 5);
+  EXPECT_EQ(SetOf("[@`{~\xC3\xA9 Board \"6\"]")->FirstBoard, 6);
 }
 
 TEST(PbnReader, SeveralTagsStandInOneLineBesideUnknownOnes) {
@@ -373,6 +374,7 @@ TEST(PbnDeal, ASixthHandIsTooManyAndTheFifthGoesToTheFirst) {
 TEST(PbnDeal, AnythingElseIsUnexpected) {
   EXPECT_EQ(DealFault("N:A10.K"), Told("Unexpected character '1' in line: 2"));
   EXPECT_EQ(DealFault("N:A- K"), Told("Unexpected character '-' in line: 2"));
+  EXPECT_EQ(DealFault("N:A~"), Told("Unexpected character '~' in line: 2"));
   EXPECT_EQ(DealFault("N:A\tK"), Told("Unexpected character '\t' in line: 2"));
   EXPECT_EQ(DealFault("N:A\xE2\x99\xA0"), Told("Unexpected character '\xE2\x99\xA0' in line: 2"));
 }
