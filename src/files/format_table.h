@@ -22,7 +22,7 @@ using Reader = bool (*)(Program& program, const Format& format, const std::strin
                         FileNumbers& numbers);
 /// Writes the set to the file. False: nothing was saved, because of an error that the operator has
 /// been told or because of an answer.
-using Writer = bool (*)(Program& program, const std::string& path,
+using Writer = bool (*)(Program& program, const Format& format, const std::string& path,
                         const std::string& incompleteBoards);
 
 /// One board-file format: how it is called and what it can hold.
