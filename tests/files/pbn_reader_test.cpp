@@ -223,6 +223,17 @@ TEST(PbnReader, TheLastEventTextThatIsNoRepeatMarkWins) {
   EXPECT_EQ(set->EventDate, "#2");
 }
 
+TEST(PbnReader, ARepeatMarkAloneLeavesTheEventTextAsItIs) {
+  for (const char* mark : {"#", "##", ""}) {
+    const std::string value = std::string(" \"") + mark + "\"]";
+    const auto set = SetOf("[Event \"One\"][Site \"A\"][Date \"1\"]\n[Event" + value + "[Site" +
+                           value + "[Date" + value + "[Board \"1\"]");
+    EXPECT_EQ(set->EventName, "One") << mark;
+    EXPECT_EQ(set->EventSite, "A") << mark;
+    EXPECT_EQ(set->EventDate, "1") << mark;
+  }
+}
+
 TEST(PbnReader, AnEventTextIsTakenWhole) {
   const std::string name(5000, 'x');
   EXPECT_EQ(SetOf("[Event \"" + name + "\"][Board \"1\"]")->EventName, name);
@@ -250,6 +261,12 @@ TEST(PbnReader, SeveralTagsStandInOneLineBesideUnknownOnes) {
       "[West \"Ann\"] [Board \"1\"] [Contract \"3NT\"] [Dealer \"E\"] {[Play] [Vulnerable \"NS\"]");
   EXPECT_EQ(set->At(1).Dealer, kEast);
   EXPECT_EQ(set->At(1).Vul, 2);
+}
+
+TEST(PbnReader, WhatStandsBetweenAValueAndItsBracketIsSkipped) {
+  const auto set = SetOf("[Board \"1\" [Dealer \"W\" x] [Vulnerable \"EW\"]");
+  EXPECT_EQ(set->At(1).Dealer, 0);
+  EXPECT_EQ(set->At(1).Vul, 3);
 }
 
 TEST(PbnReader, CommentsAreNotTreatedSpecially) {
