@@ -89,8 +89,9 @@ bool ReadBreFile(Program& program, const Format& /*format*/, const std::string& 
   });
 }
 
-bool WriteBreFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "BRE", path, incompleteBoards,
+bool WriteBreFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
                       [&] { return BreBytes(program.Set); });
 }
 

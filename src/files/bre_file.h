@@ -23,6 +23,7 @@ namespace morvane::files {
 
 bool ReadBreFile(Program& program, const Format& format, const std::string& path,
                  FileNumbers& numbers);
-bool WriteBreFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WriteBreFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

@@ -65,8 +65,9 @@ std::string BriBytes(const BoardSet& set) {
   return bytes;
 }
 
-bool WriteBriFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "BRI", path, incompleteBoards,
+bool WriteBriFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
                       [&] { return BriBytes(program.Set); });
 }
 

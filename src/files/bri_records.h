@@ -3,12 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
-
-namespace morvane {
-class Program;
-}
 
 namespace morvane::files {
 
@@ -31,6 +28,7 @@ enum class BriMode { kWholeRecord = 0, kDupPart = 1 };
 /// The set, whose boards are complete, as the bytes of a BRI file.
 [[nodiscard]] std::string BriBytes(const BoardSet& set);
 
-bool WriteBriFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WriteBriFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

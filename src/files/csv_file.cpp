@@ -126,8 +126,10 @@ bool ReadCsvFile(Program& program, const Format& /*format*/, const std::string& 
   });
 }
 
-bool WriteCsvFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "CSV", path, incompleteBoards, [&] { return CsvText(program.Set); });
+bool WriteCsvFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
+                      [&] { return CsvText(program.Set); });
 }
 
 }  // namespace morvane::files

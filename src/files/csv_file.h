@@ -29,6 +29,7 @@ namespace morvane::files {
 
 bool ReadCsvFile(Program& program, const Format& format, const std::string& path,
                  FileNumbers& numbers);
-bool WriteCsvFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WriteCsvFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

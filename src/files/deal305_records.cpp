@@ -40,9 +40,9 @@ std::string Deal305Bytes(const BoardSet& set) {
   return bytes;
 }
 
-bool WriteDeal305File(Program& program, const std::string& path,
+bool WriteDeal305File(Program& program, const Format& format, const std::string& path,
                       const std::string& incompleteBoards) {
-  return WriteThrough(program, "ALL", path, incompleteBoards,
+  return WriteThrough(program, format, path, incompleteBoards,
                       [&] { return Deal305Bytes(program.Set); });
 }
 

@@ -3,12 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
-
-namespace morvane {
-class Program;
-}
 
 namespace morvane::files {
 
@@ -24,7 +21,7 @@ inline constexpr std::size_t kDeal305Record = 54;  ///< 52 holders and a line en
 /// The set, whose boards are complete, as the bytes of a DEAL305 file.
 [[nodiscard]] std::string Deal305Bytes(const BoardSet& set);
 
-bool WriteDeal305File(Program& program, const std::string& path,
+bool WriteDeal305File(Program& program, const Format& format, const std::string& path,
                       const std::string& incompleteBoards);
 
 }  // namespace morvane::files

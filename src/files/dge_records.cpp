@@ -106,8 +106,9 @@ std::string DgeBytes(const BoardSet& set) {
   return bytes;
 }
 
-bool WriteDgeFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "DGE", path, incompleteBoards,
+bool WriteDgeFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
                       [&] { return DgeBytes(program.Set); });
 }
 

@@ -3,12 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
-
-namespace morvane {
-class Program;
-}
 
 namespace morvane::files {
 
@@ -31,6 +28,7 @@ enum class DgeMode { kWholeRecord = 0, kBreLine = 1, kDupPart = 2 };
 /// The set, whose boards are complete, as the bytes of a DGE file.
 [[nodiscard]] std::string DgeBytes(const BoardSet& set);
 
-bool WriteDgeFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WriteDgeFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

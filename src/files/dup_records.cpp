@@ -50,8 +50,9 @@ std::string DupBytes(const BoardSet& set) {
   return bytes;
 }
 
-bool WriteDupFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "DUP", path, incompleteBoards,
+bool WriteDupFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
                       [&] { return DupBytes(program.Set); });
 }
 

@@ -33,6 +33,7 @@ inline constexpr std::string_view kDupBeforeLast = "1 ";   ///< not read
 /// The set, whose boards are complete, as the bytes of a DUP file.
 [[nodiscard]] std::string DupBytes(const BoardSet& set);
 
-bool WriteDupFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WriteDupFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

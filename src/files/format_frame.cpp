@@ -21,9 +21,9 @@ bool ReadThrough(Program& program, const std::string& path, const Parse& parse) 
   return true;
 }
 
-bool WriteThrough(Program& program, std::string_view extension, const std::string& path,
+bool WriteThrough(Program& program, const Format& format, const std::string& path,
                   const std::string& incompleteBoards, const Compose& compose) {
-  if (!MaySave(program, *FindFormat(extension), incompleteBoards)) return false;
+  if (!MaySave(program, format, incompleteBoards)) return false;
   if (const auto error = WriteFile(path, compose())) {
     ReportSaveFailure(program, *error);
     return false;

@@ -3,11 +3,12 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "files/failure_reports.h"
 
 namespace morvane::files {
+
+struct Format;
 
 // What every reader and every writer does around its format's bytes.
 
@@ -20,10 +21,9 @@ using Parse = std::function<std::optional<FormatFault>(std::string bytes)>;
 /// Makes the bytes of a file from the set.
 using Compose = std::function<std::string()>;
 
-/// Holds the set against the format of `extension`, then writes what `compose` makes. False:
+/// Holds the set against `format`, then writes what `compose` makes. False:
 /// nothing was saved, because of an error that the operator has been told or because of an answer.
-[[nodiscard]] bool WriteThrough(Program& program, std::string_view extension,
-                                const std::string& path, const std::string& incompleteBoards,
-                                const Compose& compose);
+[[nodiscard]] bool WriteThrough(Program& program, const Format& format, const std::string& path,
+                                const std::string& incompleteBoards, const Compose& compose);
 
 }  // namespace morvane::files

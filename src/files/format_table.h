@@ -22,7 +22,7 @@ using Reader = bool (*)(Program& program, const Format& format, const std::strin
                         FileNumbers& numbers);
 /// Writes the set to the file. False: nothing was saved, because of an error that the operator has
 /// been told or because of an answer.
-using Writer = bool (*)(Program& program, const std::string& path,
+using Writer = bool (*)(Program& program, const Format& format, const std::string& path,
                         const std::string& incompleteBoards);
 
 /// One board-file format: how it is called and what it can hold.
@@ -35,7 +35,7 @@ struct Format {
   Numbers BoardNumbers = Numbers::None;
   bool IncompleteBoards = false;
   bool AnalysisResults = false;
-  Reader Read = nullptr;   ///< none: this format can't be loaded
+  Reader Read = nullptr;
   Writer Write = nullptr;  ///< none: this format can't be saved
 };
 

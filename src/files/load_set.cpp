@@ -45,8 +45,7 @@ void ClearSet(Program& program) {
 bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& path) {
   std::string extension = ExtensionOf(FileTitle(path));
   if (extension == "TXT" && program.ServiceLevel == 0) extension.clear();
-  const Format* const format = FindFormat(extension);
-  if (format != nullptr && format->Read != nullptr) {
+  if (const Format* const format = FindFormat(extension)) {
     return ReadSet(program, dialog, *format, path);
   }
   program.Status("Load operation aborted");

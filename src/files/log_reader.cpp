@@ -18,7 +18,6 @@ using Result = LogReading::Result;
 /// Where the reader stands: outside records, in those wanted, in those passed over.
 enum class Mode { kBetween, kTaking, kSkipping };
 
-/// A record is ASCII throughout, so that its bytes are its characters.
 bool IsRecord(std::string_view line) {
   if (line.size() != log_record::kShortSize && line.size() != log_record::kLongSize) return false;
   const std::string_view number = log_record::NumberIn(line);
@@ -108,7 +107,8 @@ bool ReadLogFile(Program& program, const Format& /*format*/, const std::string& 
     ReportRuntimeError(program, *error, 0);
     return false;
   }
-  const std::string text = DecodeText(std::move(bytes));
+  // A byte for each character, whatever the bytes of the file: columns are counted in characters.
+  const std::string text = AnsiBytes(DecodeText(std::move(bytes)));
   const LogReading reading = ParseLog(text, program.Set, [&](int line) {
     return program.Ask(Fill(program.Texts.Msg110, "***", std::to_string(line)),
                        kYesNoCancelInformation, "Read Log File");

@@ -22,9 +22,10 @@ struct LogReading {
   int Line = 0;
 };
 
-/// Reads the records of `text` that `ask` says yes to into `set`, which must be clear; they end
-/// with the first line that is none. Of a record the number and the hands are read. No record taken
-/// is no fault. Unless the ending is `kRead` the set holds what came before it.
+/// Reads the records of `text`, a byte for each character, that `ask` says yes to into `set`, which
+/// must be clear; they end with the first line that is none. Of a record the number and the hands
+/// are read. No record taken is no fault. Unless the ending is `kRead` the set holds what came
+/// before it.
 [[nodiscard]] LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask);
 
 bool ReadLogFile(Program& program, const Format& format, const std::string& path,

@@ -73,8 +73,9 @@ std::string PbnText(const BoardSet& set, std::string_view versionText, bool with
   return text;
 }
 
-bool WritePbnFile(Program& program, const std::string& path, const std::string& incompleteBoards) {
-  return WriteThrough(program, "PBN", path, incompleteBoards, [&] {
+bool WritePbnFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards, [&] {
     return EncodeText(PbnText(program.Set, program.VersionText, program.Store.IsOn(kSaveAnalyze)));
   });
 }

@@ -3,11 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "files/format_table.h"
 #include "model/board_set.h"
-
-namespace morvane {
-class Program;
-}
 
 namespace morvane::files {
 
@@ -16,6 +13,7 @@ namespace morvane::files {
 [[nodiscard]] std::string PbnText(const BoardSet& set, std::string_view versionText,
                                   bool withAnalysis);
 
-bool WritePbnFile(Program& program, const std::string& path, const std::string& incompleteBoards);
+bool WritePbnFile(Program& program, const Format& format, const std::string& path,
+                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

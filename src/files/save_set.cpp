@@ -63,7 +63,7 @@ bool SaveFile(Program& program, history::History& history, const std::string& pa
     program.ShowMessage(Fill(program.Texts.Msg010, "***", extension), kOkCritical, "Save Error");
     return false;
   }
-  if (!format->Write(program, path, IncompleteBoardList(program.Set))) {
+  if (!format->Write(program, *format, path, IncompleteBoardList(program.Set))) {
     program.Status("Save operation aborted");
     program.Status("Ready");
     return false;

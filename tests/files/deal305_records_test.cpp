@@ -58,6 +58,12 @@ TEST(Deal305Record, TheFirstFaultIsTold) {
             Told("Invalid character: x5  in record: ###"));
 }
 
+TEST(Deal305Record, AFaultLeavesNoCardsOfTheBoardBefore) {
+  Board board = test::SuitBoard(1);
+  EXPECT_NE(ParseDeal305Record("short", board, kTexts), "");
+  EXPECT_EQ(board.Cards, Board{}.Cards);
+}
+
 TEST(Deal305Record, ThirteenCardsForEachHandAreNotAskedFor) {
   RecordDesk desk;
   EXPECT_TRUE(desk.Load("set.all", std::string(52, '0') + "\r\n"));

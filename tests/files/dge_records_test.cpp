@@ -169,6 +169,15 @@ TEST(DgeText, AFifthHandDoesNotEndALongerLine) {
   EXPECT_EQ(FaultOfLine(faulty + "\006"), Unexpected(69));
 }
 
+TEST(DgeText, TheMarkOfAFifthHandBeginsItsSpadesAllTheSame) {
+  // Position 18 is an error, at 69 the walk goes on in spades, of which North holds the Ace.
+  const std::string faulty =
+      "\006A\003\004\005\006\003\004\005\006\003\004\005\006\003\004\005\006" +
+      std::string(50, '?');
+  EXPECT_EQ(FaultOfLine(faulty + "K"), Unexpected(18));
+  EXPECT_EQ(FaultOfLine(faulty + "A"), Duplicate(69));
+}
+
 TEST(DgeHands, AllFourMarksOfEachHandStandInAnIncompleteBoard) {
   EXPECT_EQ(FormatDgeHands(Board{}),
             "\006\003\004\005\006\003\004\005\006\003\004\005\006\003\004\005");

@@ -162,6 +162,25 @@ TEST(DupFile, ThirtyTwoRecordsNumbered1To32LoadAsThese) {
   for (int n = 1; n <= 32; ++n) EXPECT_EQ(desk.Prog.Set.At(n), test::RoundBoard(n));
 }
 
+TEST(DupFile, OneRecordLessThanItsNumbersSayAsksForTheNumbers) {
+  std::string bytes;
+  for (int i = 0; i < 31; ++i) bytes += DupRecord(kRoundBri, kRoundDge, "1  ", "32 ");
+  RecordDesk desk;
+  ASSERT_TRUE(desk.Store.Set(kLoadAllocation, "1"));
+  test::WriteContent(desk.Folder / "set.dup", bytes);
+  FakeNumbers numbers;
+  numbers.Answer = [](LoadNumber& dialog) {
+    EXPECT_EQ(dialog.lblBoardLoaded, "31 Boards were loaded");
+    EXPECT_EQ(dialog.txtLastBoard, "31");
+    dialog.txtFirstBoard = "2";
+    EXPECT_TRUE(dialog.Command1());
+  };
+  EXPECT_TRUE(LoadFile(desk.Prog, desk.History, numbers, desk.Folder / "set.dup"));
+  EXPECT_EQ(numbers.Shown, 1);
+  EXPECT_EQ(desk.Prog.Set.FirstBoard, 2);
+  EXPECT_EQ(desk.Prog.Set.LastBoard, 32);
+}
+
 TEST(DupFile, ADifferentDealInTheSecondPartIsToldForItsRecord) {
   RecordDesk desk;
   EXPECT_FALSE(desk.Load("set.dup", DupRecord(kSuitsBri, kSuitsDge, "1  ", "2  ") +

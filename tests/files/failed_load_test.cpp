@@ -1,6 +1,5 @@
 #include <filesystem>
 
-#include "files/format_table.h"
 #include "files/load_desk.h"
 
 namespace morvane::files {
@@ -83,19 +82,6 @@ TEST(FailedLoad, OffWindowsABackslashAndAColonArePartOfTheTitle) {
   desk.Load();
   EXPECT_EQ(desk.Prog.Set.BoardSetFile, path);
   EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
-}
-
-TEST(FailedLoad, AFormatWithoutAReaderIsUnknown) {
-  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
-    if (FindFormat(extension)->Read != nullptr) continue;
-    LoadDesk desk;
-    desk.Prog.ServiceLevel = 1;
-    const std::string path = desk.Folder / (std::string("set.") + extension);
-    test::WriteContent(path, kTwoBoards);
-    EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
-    ExpectEmptySet(desk.Prog.Set);
-  }
 }
 
 TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {

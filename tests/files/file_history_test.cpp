@@ -8,6 +8,8 @@
 namespace morvane::files {
 namespace {
 
+using ::testing::ElementsAre;
+
 struct FileHistoryDesk : LoadDesk {
   FileHistoryDesk() { History.LoadHistory(Prog); }
   bool LoadAs(const std::string& name) {
@@ -54,6 +56,28 @@ TEST(FileHistory, TheExtensionIsWhatStandsBehindTheLastDot) {
   FileHistoryDesk desk;
   ASSERT_TRUE(desk.LoadAs("evening.2026.pbn"));
   EXPECT_EQ(desk.History.Ring().HistoryName(1), "evening.2026");
+}
+
+TEST(FileHistory, ASavedFileIsNamedWithoutFolderAndExtensionToo) {
+  FileHistoryDesk desk;
+  ASSERT_TRUE(desk.SaveAs("evening.2026.pbn"));
+  EXPECT_EQ(desk.History.Ring().HistoryName(1), "evening.2026");
+}
+
+TEST(FileHistory, ComesBehindTheSettingsWhenLoadingAndBeforeThemWhenSaving) {
+  const auto titles = [](const FileHistoryDesk& desk) {
+    std::vector<std::string> all;
+    for (const test::FakeUi::Box& box : desk.Ui.Boxes) all.push_back(box.Title);
+    return all;
+  };
+  for (const bool saving : {false, true}) {
+    FileHistoryDesk desk;
+    std::filesystem::create_directory(desk.Prog.Paths.Data + "/history1.dat");
+    desk.Store.Writable = false;
+    EXPECT_TRUE(saving ? desk.SaveAs("evening.pbn") : desk.LoadAs("evening.pbn"));
+    EXPECT_THAT(titles(desk), saving ? ElementsAre("History Error", "Settings Error")
+                                     : ElementsAre("Settings Error", "History Error"));
+  }
 }
 
 TEST(FileHistory, WhatFailedOrWasNotSavedIsNotInIt) {

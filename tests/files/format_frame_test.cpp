@@ -76,7 +76,7 @@ struct WriteDesk : FrameDesk {
     Ui.Default = kNo;
   }
   bool Write(const char* extension, const std::string& incomplete = "") {
-    return WriteThrough(Prog, extension, Path, incomplete, [this] {
+    return WriteThrough(Prog, *FindFormat(extension), Path, incomplete, [this] {
       ++Composed;
       return std::string("new");
     });
@@ -153,7 +153,8 @@ TEST(WriteThrough, WithoutTheSettingsNothingIsAsked) {
 TEST(WriteThrough, AFileThatCannotBeWrittenIsTold) {
   WriteDesk desk;
   const std::string path = desk.Folder / "none/set.pbn";
-  EXPECT_FALSE(WriteThrough(desk.Prog, "PBN", path, "", [] { return std::string("new"); }));
+  EXPECT_FALSE(
+      WriteThrough(desk.Prog, *FindFormat("PBN"), path, "", [] { return std::string("new"); }));
   EXPECT_EQ(desk.Ui.Boxes.at(0).Title, "Save Error");
   EXPECT_FALSE(std::filesystem::exists(path));
 }

@@ -204,6 +204,27 @@ TEST(LogReader, AMarkThatAnEditorLeftInFrontHidesNoRecord) {
   EXPECT_EQ(desk.Prog.Set.LastBoard, 1);
 }
 
+TEST(LogReader, ColumnsAreCountedInCharactersInEitherEncoding) {
+  for (const std::string accent : {"\xE9", "\xC3\xA9", "\xE2\x82\xAC"}) {
+    // In a hand: 77 characters are a record, 76 are none.
+    LogDesk whole;
+    whole.Ui.Answers = {kYes};
+    std::string line = Record("001");
+    EXPECT_FALSE(whole.LoadLines({line.replace(10, 1, accent)})) << accent;
+    EXPECT_THAT(whole.Ui.Boxes, ElementsAre(Question(1), SyntaxError(1)));
+    LogDesk shorter;
+    EXPECT_TRUE(shorter.LoadLines({line.erase(9, 1)})) << accent;
+    EXPECT_THAT(shorter.Ui.Boxes, IsEmpty());
+    EXPECT_FALSE(shorter.Prog.Set.Exists());
+    // Behind a hand, where nothing is read.
+    LogDesk between;
+    between.Ui.Answers = {kYes};
+    line = Record("001");
+    EXPECT_TRUE(between.LoadLines({line.replace(25, 1, accent)})) << accent;
+    EXPECT_EQ(between.Prog.Set.At(1), test::SuitBoard(1));
+  }
+}
+
 TEST(LogReader, ReadsTheLogThatIsBeingWritten) {
   LogDesk desk;
   test::FillSet(desk.Prog.Set, 3, 8);

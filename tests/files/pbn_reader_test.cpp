@@ -223,6 +223,17 @@ TEST(PbnReader, TheLastEventTextThatIsNoRepeatMarkWins) {
   EXPECT_EQ(set->EventDate, "#2");
 }
 
+TEST(PbnReader, ARepeatMarkAloneLeavesTheEventTextAsItIs) {
+  for (const char* mark : {"#", "##", ""}) {
+    const std::string value = std::string(" \"") + mark + "\"]";
+    const auto set = SetOf("[Event \"One\"][Site \"A\"][Date \"1\"]\n[Event" + value + "[Site" +
+                           value + "[Date" + value + "[Board \"1\"]");
+    EXPECT_EQ(set->EventName, "One") << mark;
+    EXPECT_EQ(set->EventSite, "A") << mark;
+    EXPECT_EQ(set->EventDate, "1") << mark;
+  }
+}
+
 TEST(PbnReader, AnEventTextIsTakenWhole) {
   const std::string name(5000, 'x');
   EXPECT_EQ(SetOf("[Event \"" + name + "\"][Board \"1\"]")->EventName, name);
@@ -242,6 +253,7 @@ TEST(PbnReader, NamesAreCaseSensitive) {
 TEST(PbnReader, WhatStandsBetweenBracketAndNameIsSkipped) {
   EXPECT_EQ(SetOf("x ] [ _12\"Board   3 \"4\" ; x ] y")->FirstBoard, 4);
   EXPECT_EQ(SetOf("[[Board \"5\"]")->FirstBoard, 5);
+  EXPECT_EQ(SetOf("[@`{~\xC3\xA9 Board \"6\"]")->FirstBoard, 6);
 }
 
 TEST(PbnReader, SeveralTagsStandInOneLineBesideUnknownOnes) {
@@ -249,6 +261,12 @@ TEST(PbnReader, SeveralTagsStandInOneLineBesideUnknownOnes) {
       "[West \"Ann\"] [Board \"1\"] [Contract \"3NT\"] [Dealer \"E\"] {[Play] [Vulnerable \"NS\"]");
   EXPECT_EQ(set->At(1).Dealer, kEast);
   EXPECT_EQ(set->At(1).Vul, 2);
+}
+
+TEST(PbnReader, WhatStandsBetweenAValueAndItsBracketIsSkipped) {
+  const auto set = SetOf("[Board \"1\" [Dealer \"W\" x] [Vulnerable \"EW\"]");
+  EXPECT_EQ(set->At(1).Dealer, 0);
+  EXPECT_EQ(set->At(1).Vul, 3);
 }
 
 TEST(PbnReader, CommentsAreNotTreatedSpecially) {
@@ -373,6 +391,7 @@ TEST(PbnDeal, ASixthHandIsTooManyAndTheFifthGoesToTheFirst) {
 TEST(PbnDeal, AnythingElseIsUnexpected) {
   EXPECT_EQ(DealFault("N:A10.K"), Told("Unexpected character '1' in line: 2"));
   EXPECT_EQ(DealFault("N:A- K"), Told("Unexpected character '-' in line: 2"));
+  EXPECT_EQ(DealFault("N:A~"), Told("Unexpected character '~' in line: 2"));
   EXPECT_EQ(DealFault("N:A\tK"), Told("Unexpected character '\t' in line: 2"));
   EXPECT_EQ(DealFault("N:A\xE2\x99\xA0"), Told("Unexpected character '\xE2\x99\xA0' in line: 2"));
 }

@@ -125,6 +125,16 @@ TEST(PbnTricksValue, ReadsBackWhatWasWritten) {
   EXPECT_EQ(back.Tricks, board.Tricks);
 }
 
+TEST(PbnTricksValue, AnUnexpectedCharacterIsNoLevelAndTheWalkGoesOn) {
+  Board board;
+  board.Tricks.fill(5);
+  EXPECT_NE(ParsePbnTricks("x7d11111111111111111", board, InitMessages()), "");
+  EXPECT_EQ(board.Tricks[0], 0);
+  EXPECT_EQ(board.Tricks[1], 1);
+  EXPECT_EQ(board.Tricks[2], 7);
+  EXPECT_EQ(board.Tricks[19], 0);
+}
+
 // Writer against reader.
 
 std::unique_ptr<BoardSet> ThroughAFile(const BoardSet& set) {

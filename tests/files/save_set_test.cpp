@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "files/format_table.h"
 #include "files/load_desk.h"
 #include "support/file_size_limit.h"
 
@@ -137,16 +136,6 @@ TEST(Save, ALogCannotBeSavedAtAnyServiceLevel) {
   desk.SaveTo(desk.Folder / "Log.txt");
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("TXT")));
   ExpectNotSaved(desk);
-}
-
-TEST(Save, AFormatWithoutAWriterIsUnknown) {
-  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "BRE", "CSV", "TXT"}) {
-    if (FindFormat(extension)->Write != nullptr) continue;
-    SaveDesk desk;
-    desk.SaveTo(desk.Folder / (std::string("set.") + extension));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat(extension)));
-    ExpectNotSaved(desk);
-  }
 }
 
 TEST(Save, IncompleteBoardsAreAskedAboutBeforeTheFileIsTouched) {

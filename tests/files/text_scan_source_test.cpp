@@ -125,6 +125,15 @@ TEST(TextScanFile, TheErrorStaysUntilAFileIsNamedAndTheScannerWorksOn) {
   EXPECT_TRUE(scan.FileFailure());
   scan.SetInputFileName("");
   EXPECT_FALSE(scan.FileFailure());
+  EXPECT_THAT(TokensOf(scan), ElementsAre(kPendingLineEnd));
+  EXPECT_FALSE(scan.FileFailure()) << "there is none to open";
+}
+
+TEST(TextScanFile, AtItsEndLeavesNoText) {
+  ScanOfFile scan("a\nb");
+  EXPECT_EQ(TokensOf(scan).size(), 4U);
+  scan.InitPbnScan();  // goes back to the start of the text
+  EXPECT_EQ(scan.GetToken(), (Token{kTokEof, "", -1, ""}));
 }
 
 TEST(TextScanFile, TheLineNumberAndTheLastErrorAreNeverWritten) {

@@ -308,6 +308,16 @@ TEST(TextScan, RawTextsTogetherAreTheSource) {
   EXPECT_EQ(all, text);
 }
 
+TEST(TextScan, ANewTextHasItsOwnLineEnd) {
+  TextScan scan;
+  scan.InitPbnScan();
+  scan.SetCurrentText("a longer line");
+  EXPECT_EQ(scan.GetToken().Text, "a");
+  scan.SetCurrentText("%b\nc");
+  EXPECT_THAT(TokensOf(scan), ElementsAre(Plain(kTokComment, "%b"), Token{kTokBad, "\n", -1, "\n"},
+                                          Plain(kTokIdentifier, "c"), kPendingLineEnd));
+}
+
 TEST(TextScan, AfterTheEndItTakesANewTextWithTheSameTables) {
   TextScan scan;
   scan.InitPbnScan();

@@ -8,6 +8,13 @@ namespace {
 using test::TestDesk;
 using ::testing::ElementsAre;
 
+TEST(ShowMessage, WritesItsLineBehindTheBox) {
+  TestDesk desk;
+  desk.Ui.OnBox = [&] { EXPECT_TRUE(desk.LogLines().empty()); };
+  desk.Prog.ShowMessage("      One      \r\n      Two      ", kOkCritical, "Title");
+  EXPECT_THAT(desk.LogLines(), ElementsAre("    Title: One : Two"));
+}
+
 TEST(StoreSetting, KeepsTheValueWithoutAWord) {
   TestDesk desk;
   EXPECT_TRUE(desk.Prog.StoreSetting(kNewLastBoard, "36"));
