@@ -51,7 +51,7 @@ void RequireSound(const BoardSet& set, bool read) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   unsigned answers = data[0];
-  const std::string text = DecodeText(std::string(data + 1, data + size));
+  const std::string text = AnsiBytes(DecodeText(std::string(data + 1, data + size)));
   std::vector<int> asked;
   const auto set = ClearSet();
   int last = kYes;

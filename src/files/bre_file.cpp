@@ -83,7 +83,7 @@ std::string BreBytes(const BoardSet& set) {
 }
 
 bool ReadBreFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNumbers& /*numbers*/) {
+                 FileNotes& /*notes*/) {
   return ReadThrough(program, path, [&](const std::string& bytes) {
     return ParseBre(bytes, program.Set, program.Texts);
   });

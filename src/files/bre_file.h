@@ -21,8 +21,7 @@ namespace morvane::files {
 /// The set as the bytes of a BRE file.
 [[nodiscard]] std::string BreBytes(const BoardSet& set);
 
-bool ReadBreFile(Program& program, const Format& format, const std::string& path,
-                 FileNumbers& numbers);
+bool ReadBreFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 bool WriteBreFile(Program& program, const Format& format, const std::string& path,
                   const std::string& incompleteBoards);
 

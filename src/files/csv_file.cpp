@@ -120,7 +120,7 @@ std::string CsvText(const BoardSet& set) {
 }
 
 bool ReadCsvFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNumbers& /*numbers*/) {
+                 FileNotes& /*notes*/) {
   return ReadThrough(program, path, [&](std::string bytes) {
     return ParseCsv(DecodeText(std::move(bytes)), program.Set, program.Texts);
   });

@@ -27,8 +27,7 @@ namespace morvane::files {
 /// The set as the text of a CSV file, which is ASCII.
 [[nodiscard]] std::string CsvText(const BoardSet& set);
 
-bool ReadCsvFile(Program& program, const Format& format, const std::string& path,
-                 FileNumbers& numbers);
+bool ReadCsvFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 bool WriteCsvFile(Program& program, const Format& format, const std::string& path,
                   const std::string& incompleteBoards);
 

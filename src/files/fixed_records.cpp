@@ -83,9 +83,9 @@ std::optional<FormatFault> ParseFixedRecords(std::string_view bytes, std::string
 }
 
 bool ReadFixedRecordFile(Program& program, const Format& format, const std::string& path,
-                         FileNumbers& numbers) {
+                         FileNotes& notes) {
   return ReadThrough(program, path, [&](const std::string& bytes) {
-    return ParseFixedRecords(bytes, format.Name, program.Set, numbers, program.Texts);
+    return ParseFixedRecords(bytes, format.Name, program.Set, notes.Numbers, program.Texts);
   });
 }
 

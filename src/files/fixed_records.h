@@ -29,6 +29,6 @@ namespace morvane::files {
                                                            const Messages& texts);
 
 bool ReadFixedRecordFile(Program& program, const Format& format, const std::string& path,
-                         FileNumbers& numbers);
+                         FileNotes& notes);
 
 }  // namespace morvane::files

@@ -20,14 +20,14 @@ namespace {
 using Numbers = Format::Numbers;
 
 constexpr std::array<Format, 8> kFormats{{
-    {"BRI", "BRI", false, Numbers::None, false, false, ReadFixedRecordFile, WriteBriFile},
-    {"DGE", "DGE", false, Numbers::None, false, false, ReadFixedRecordFile, WriteDgeFile},
-    {"DUP", "DUP", false, Numbers::FirstAndLast, false, false, ReadFixedRecordFile, WriteDupFile},
-    {"ALL", "DEAL305", false, Numbers::None, false, false, ReadFixedRecordFile, WriteDeal305File},
-    {"BRE", "BRE", true, Numbers::None, true, false, ReadBreFile, WriteBreFile},
-    {"CSV", "CSV", false, Numbers::EachBoard, false, false, ReadCsvFile, WriteCsvFile},
-    {"PBN", "PBN", true, Numbers::EachBoard, true, true, ReadPbnFile, WritePbnFile},
-    {"TXT", "LOG", false, Numbers::EachBoard, false, false, ReadLogFile, nullptr},
+    {"BRI", "BRI", false, Numbers::None, false, ReadFixedRecordFile, WriteBriFile},
+    {"DGE", "DGE", false, Numbers::None, false, ReadFixedRecordFile, WriteDgeFile},
+    {"DUP", "DUP", false, Numbers::FirstAndLast, false, ReadFixedRecordFile, WriteDupFile},
+    {"ALL", "DEAL305", false, Numbers::None, false, ReadFixedRecordFile, WriteDeal305File},
+    {"BRE", "BRE", true, Numbers::None, true, ReadBreFile, WriteBreFile},
+    {"CSV", "CSV", false, Numbers::EachBoard, false, ReadCsvFile, WriteCsvFile},
+    {"PBN", "PBN", true, Numbers::EachBoard, true, ReadPbnFile, WritePbnFile},
+    {"TXT", "LOG", false, Numbers::EachBoard, false, ReadLogFile, nullptr},
 }};
 
 constexpr std::string_view kRows =

@@ -17,9 +17,15 @@ struct FileNumbers {
   int Last = 0;
 };
 
+/// What a reader finds besides the boards.
+struct FileNotes {
+  FileNumbers Numbers;
+  bool HasTags = false;  ///< whatever is wrong with it, the file may be PBN
+};
+
 /// Fills the set, which is clear, from the file. False: the operator has been told why.
 using Reader = bool (*)(Program& program, const Format& format, const std::string& path,
-                        FileNumbers& numbers);
+                        FileNotes& notes);
 /// Writes the set to the file. False: nothing was saved, because of an error that the operator has
 /// been told or because of an answer.
 using Writer = bool (*)(Program& program, const Format& format, const std::string& path,
@@ -34,7 +40,6 @@ struct Format {
   bool EventTexts = false;
   Numbers BoardNumbers = Numbers::None;
   bool IncompleteBoards = false;
-  bool AnalysisResults = false;
   Reader Read = nullptr;
   Writer Write = nullptr;  ///< none: this format can't be saved
 };

@@ -42,24 +42,16 @@ void ClearSet(Program& program) {
   program.Operator.RefreshSet();
 }
 
-bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& path) {
+bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& path,
+                     FileNotes& notes) {
   std::string extension = ExtensionOf(FileTitle(path));
   if (extension == "TXT" && program.ServiceLevel == 0) extension.clear();
   if (const Format* const format = FindFormat(extension)) {
-    return ReadSet(program, dialog, *format, path);
+    return ReadSet(program, dialog, *format, path, notes);
   }
   program.Status("Load operation aborted");
   program.ShowMessage(Fill(program.Texts.Msg011, "***", extension), kOkCritical, "Load Error");
   return false;
-}
-
-/// What the status bar says after a failed load. A PBN file that can be read was refused for its
-/// form, of which Import asks less; without any bracket there is nothing in it for Import either.
-std::string StatusAfterFailure(const std::string& path) {
-  std::string bytes;
-  const bool forImport = ExtensionOf(FileTitle(path)) == "PBN" && !ReadFile(path, bytes) &&
-                         bytes.find('[') != std::string::npos;
-  return forImport ? "Load operation aborted. File - Import PBN may take this file" : "Ready";
 }
 
 }  // namespace
@@ -114,22 +106,24 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
               const std::string& path) {
   ClearSet(program);
   program.Log.WriteLine("  Load: " + path);
-  const bool loaded = ReadByExtension(program, dialog, path);
+  FileNotes notes;
+  const bool loaded = ReadByExtension(program, dialog, path, notes);
   if (loaded) {
     TakeLoadedSet(program, history, path);
   } else {
     ClearSet(program);
-    program.Status(StatusAfterFailure(path));
+    // A file with tags was refused for its form, of which Import asks less.
+    program.Status(notes.HasTags ? "Load operation aborted. File - Import PBN may take this file"
+                                 : "Ready");
   }
   program.Set.BoardSetChanged = "0";
   return loaded;
 }
 
-bool ReadSet(Program& program, NumberDialog& dialog, const Format& format,
-             const std::string& path) {
-  FileNumbers numbers;
-  return format.Read(program, format, path, numbers) &&
-         AllocateNumbers(program, dialog, format, numbers);
+bool ReadSet(Program& program, NumberDialog& dialog, const Format& format, const std::string& path,
+             FileNotes& notes) {
+  return format.Read(program, format, path, notes) &&
+         AllocateNumbers(program, dialog, format, notes.Numbers);
 }
 
 }  // namespace morvane::files

@@ -14,6 +14,7 @@ class History;
 
 namespace morvane::files {
 
+struct FileNotes;
 struct Format;
 class NumberDialog;
 
@@ -31,7 +32,7 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
 /// Fills the set, which is clear, from `path` as a file of `format`, and gives its boards their
 /// numbers. False: the set is not to be kept.
 [[nodiscard]] bool ReadSet(Program& program, NumberDialog& dialog, const Format& format,
-                           const std::string& path);
+                           const std::string& path, FileNotes& notes);
 
 /// What tells one way to take another set from the next.
 struct SetSource {

@@ -100,7 +100,7 @@ LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask)
 }
 
 bool ReadLogFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNumbers& /*numbers*/) {
+                 FileNotes& /*notes*/) {
   if (path.empty()) return false;
   std::string bytes;
   if (const auto error = ReadFile(path, bytes)) {

@@ -28,7 +28,6 @@ struct LogReading {
 /// before it.
 [[nodiscard]] LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask);
 
-bool ReadLogFile(Program& program, const Format& format, const std::string& path,
-                 FileNumbers& numbers);
+bool ReadLogFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 
 }  // namespace morvane::files

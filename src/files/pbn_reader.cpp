@@ -190,9 +190,11 @@ std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set, const 
 }
 
 bool ReadPbnFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNumbers& /*numbers*/) {
+                 FileNotes& notes) {
   return ReadThrough(program, path, [&](std::string bytes) {
-    return ParsePbn(DecodeText(std::move(bytes)), program.Set, program.Texts);
+    const std::string text = DecodeText(std::move(bytes));
+    notes.HasTags = text.find('[') != std::string::npos;
+    return ParsePbn(text, program.Set, program.Texts);
   });
 }
 

@@ -32,7 +32,6 @@ struct PbnReading {
 [[nodiscard]] std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set,
                                                   const Messages& texts);
 
-bool ReadPbnFile(Program& program, const Format& format, const std::string& path,
-                 FileNumbers& numbers);
+bool ReadPbnFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 
 }  // namespace morvane::files

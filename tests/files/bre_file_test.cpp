@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "files/dge_records.h"
+#include "files/parsed_text.h"
 #include "files/record_desk.h"
 
 namespace morvane::files {
@@ -15,28 +16,10 @@ using ::testing::IsEmpty;
 
 const std::string kEvent = "Evening\r\nHall\r\n2026.03.03\r\n";
 
-struct Parsed {
-  std::unique_ptr<BoardSet> Set = std::make_unique<BoardSet>();
-  std::string Error;
-};
+std::string FaultOf(const std::string& bytes) { return ParseWith(ParseBre, bytes).Error; }
 
-Parsed Parse(const std::string& bytes) {
-  Parsed parsed;
-  parsed.Set->Clear();
-  if (const auto fault = ParseBre(bytes, *parsed.Set, InitMessages())) {
-    EXPECT_NE(fault->Text, "");
-    parsed.Error = FaultText(*fault);
-  }
-  return parsed;
-}
-
-std::string FaultOf(const std::string& bytes) { return Parse(bytes).Error; }
-
-/// The set of a file that must be sound.
 std::unique_ptr<BoardSet> SetOf(const std::string& bytes) {
-  Parsed parsed = Parse(bytes);
-  EXPECT_EQ(parsed.Error, "");
-  return std::move(parsed.Set);
+  return ParseWith(ParseBre, bytes).Sound();
 }
 
 TEST(BreFile, GivesTheEventTextsAndABoardALine) {
@@ -221,9 +204,9 @@ TEST(BreFile, GivesNoNumbersOfTheSet) {
   RecordDesk desk;
   test::WriteContent(desk.Folder / "set.bre", kEvent + kSuitsDge);
   desk.Prog.Set.Clear();
-  FileNumbers numbers;
-  EXPECT_TRUE(ReadBreFile(desk.Prog, *FindFormat("BRE"), desk.Folder / "set.bre", numbers));
-  EXPECT_EQ(numbers.First + numbers.Last, 0);
+  FileNotes notes;
+  EXPECT_TRUE(ReadBreFile(desk.Prog, *FindFormat("BRE"), desk.Folder / "set.bre", notes));
+  EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
   EXPECT_EQ(desk.Prog.Set.Count(), 1);
 }
 

@@ -143,10 +143,10 @@ TEST(DupFile, AReaderGetsTheBoardsFrom1OnAndTheNumbersAside) {
   desk.TwoBoards(9);
   ASSERT_TRUE(SaveFile(desk.Prog, desk.History, desk.Folder / "set.dup"));
   desk.Prog.Set.Clear();
-  FileNumbers numbers;
-  EXPECT_TRUE(ReadFixedRecordFile(desk.Prog, *FindFormat("DUP"), desk.Folder / "set.dup", numbers));
-  EXPECT_EQ(numbers.First, 9);
-  EXPECT_EQ(numbers.Last, 10);
+  FileNotes notes;
+  EXPECT_TRUE(ReadFixedRecordFile(desk.Prog, *FindFormat("DUP"), desk.Folder / "set.dup", notes));
+  EXPECT_EQ(notes.Numbers.First, 9);
+  EXPECT_EQ(notes.Numbers.Last, 10);
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 1);
   EXPECT_EQ(desk.Prog.Set.LastBoard, 2);
   EXPECT_EQ(desk.Prog.Set.At(2), test::RoundBoard(2));

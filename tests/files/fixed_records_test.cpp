@@ -179,10 +179,10 @@ TEST(FixedRecords, OnlyDupHasNumbersOfTheSet) {
       RecordDesk desk;
       test::WriteContent(desk.Folder / sample.File, sample.First);
       desk.Prog.Set.Clear();
-      FileNumbers numbers;
-      EXPECT_TRUE(ReadFixedRecordFile(desk.Prog, *FindFormat(extension), desk.Folder / sample.File,
-                                      numbers));
-      EXPECT_EQ(numbers.First + numbers.Last, 0);
+      FileNotes notes;
+      EXPECT_TRUE(
+          ReadFixedRecordFile(desk.Prog, *FindFormat(extension), desk.Folder / sample.File, notes));
+      EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
       EXPECT_EQ(desk.Prog.Set.At(1), test::SuitBoard(1));
     }
   }
@@ -206,14 +206,7 @@ TEST(FixedRecordSave, EachFormatRefusesIncompleteBoardsInItsName) {
     desk.Prog.Set.At(2).Cards[52] = 0;
     AnalyzeBoard(desk.Prog.Set.At(2));
     EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(FakeUi::Box{
-                    "      Board number: 2 is incomplete.      \r\n      This Board Set "
-                    "cannot be saved in " +
-                        std::string(sample.Name) +
-                        " format.      \r\n      If you need to save this Board Set "
-                        "please use PBN or BRE format.      \r\n",
-                    16, "Save Error"}));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 2 is", sample.Name)));
     EXPECT_FALSE(std::filesystem::exists(desk.Folder / sample.File));
   }
 }

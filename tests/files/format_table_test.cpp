@@ -15,17 +15,16 @@ TEST(FormatTable, SaysWhatEachFormatCanHold) {
     bool Events;
     Numbers BoardNumbers;
     bool Incomplete;
-    bool Analysis;
   };
   const std::vector<Row> rows = {
-      {"BRI", "BRI", false, Numbers::None, false, false},
-      {"DGE", "DGE", false, Numbers::None, false, false},
-      {"DUP", "DUP", false, Numbers::FirstAndLast, false, false},
-      {"ALL", "DEAL305", false, Numbers::None, false, false},
-      {"BRE", "BRE", true, Numbers::None, true, false},
-      {"CSV", "CSV", false, Numbers::EachBoard, false, false},
-      {"PBN", "PBN", true, Numbers::EachBoard, true, true},
-      {"TXT", "LOG", false, Numbers::EachBoard, false, false},
+      {"BRI", "BRI", false, Numbers::None, false},
+      {"DGE", "DGE", false, Numbers::None, false},
+      {"DUP", "DUP", false, Numbers::FirstAndLast, false},
+      {"ALL", "DEAL305", false, Numbers::None, false},
+      {"BRE", "BRE", true, Numbers::None, true},
+      {"CSV", "CSV", false, Numbers::EachBoard, false},
+      {"PBN", "PBN", true, Numbers::EachBoard, true},
+      {"TXT", "LOG", false, Numbers::EachBoard, false},
   };
   for (const Row& row : rows) {
     const Format* const format = FindFormat(row.Extension);
@@ -34,7 +33,6 @@ TEST(FormatTable, SaysWhatEachFormatCanHold) {
     EXPECT_EQ(format->EventTexts, row.Events) << row.Name;
     EXPECT_EQ(format->BoardNumbers, row.BoardNumbers) << row.Name;
     EXPECT_EQ(format->IncompleteBoards, row.Incomplete) << row.Name;
-    EXPECT_EQ(format->AnalysisResults, row.Analysis) << row.Name;
   }
 }
 

@@ -191,8 +191,8 @@ TEST(LogReader, ItsErrorsAreNotThoseOfTheOtherFormats) {
 
 TEST(LogReader, WithoutAFileNameItEndsWithoutAWord) {
   LogDesk desk;
-  FileNumbers numbers;
-  EXPECT_FALSE(ReadLogFile(desk.Prog, *FindFormat("TXT"), "", numbers));
+  FileNotes notes;
+  EXPECT_FALSE(ReadLogFile(desk.Prog, *FindFormat("TXT"), "", notes));
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.Ui.Statuses, IsEmpty());
 }

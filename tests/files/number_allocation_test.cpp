@@ -219,25 +219,25 @@ TEST(NumberAllocation, WithoutAnAnswerTheSetIsNotToBeKept) {
 }
 
 /// A reader of a made-up file: two boards, with numbers of their own.
-bool ReadTwo(Program& program, const Format& format, const std::string& path,
-             FileNumbers& numbers) {
+bool ReadTwo(Program& program, const Format& format, const std::string& path, FileNotes& notes) {
   MakeSet(program.Set, 2);
   program.Set.EventName = std::string(format.Name) + " " + path;
-  numbers = {21, 22};
+  notes.Numbers = {21, 22};
   return true;
 }
 
-bool ReadNothing(Program&, const Format&, const std::string&, FileNumbers&) { return false; }
+bool ReadNothing(Program&, const Format&, const std::string&, FileNotes&) { return false; }
 
 constexpr Format Row(Format::Numbers numbers, Reader read) {
-  return {"X", "Made up", false, numbers, false, false, read, nullptr};
+  return {"X", "Made up", false, numbers, false, read, nullptr};
 }
 
 TEST(ReadSet, HandsTheFormatToItsReaderAndTakesTheNumbersFromIt) {
   TestDesk desk;
   FakeNumbers dialog;
-  EXPECT_TRUE(
-      ReadSet(desk.Prog, dialog, Row(Format::Numbers::FirstAndLast, ReadTwo), "/sets/two.x"));
+  FileNotes notes;
+  EXPECT_TRUE(ReadSet(desk.Prog, dialog, Row(Format::Numbers::FirstAndLast, ReadTwo), "/sets/two.x",
+                      notes));
   EXPECT_EQ(desk.Prog.Set.EventName, "Made up /sets/two.x");
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 21);
   EXPECT_EQ(dialog.Shown, 0);
@@ -246,13 +246,15 @@ TEST(ReadSet, HandsTheFormatToItsReaderAndTakesTheNumbersFromIt) {
 TEST(ReadSet, AsksForTheNumbersOfAFormatThatHasNone) {
   TestDesk desk;
   FakeNumbers dialog;
+  FileNotes notes;
   dialog.Answer = [](LoadNumber& question) {
     EXPECT_EQ(question.lblFormat,
               "Made up format does not support board numbers. Loaded boards are allocated as "
               "follows:");
     question.Command1();
   };
-  EXPECT_TRUE(ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadTwo), "/sets/two.x"));
+  EXPECT_TRUE(
+      ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadTwo), "/sets/two.x", notes));
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 1);
   EXPECT_EQ(dialog.Shown, 1);
 }
@@ -260,7 +262,9 @@ TEST(ReadSet, AsksForTheNumbersOfAFormatThatHasNone) {
 TEST(ReadSet, AFileThatCannotBeReadHasNoNumbersToAskFor) {
   TestDesk desk;
   FakeNumbers dialog;
-  EXPECT_FALSE(ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadNothing), "/none.x"));
+  FileNotes notes;
+  EXPECT_FALSE(
+      ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadNothing), "/none.x", notes));
   EXPECT_EQ(dialog.Shown, 0);
 }
 
