@@ -1,5 +1,6 @@
 #include "files/capability_checks.h"
 
+#include "files/file_boxes.h"
 #include "support/fakes.h"
 
 namespace morvane::files {
@@ -21,26 +22,6 @@ void MakeSet(BoardSet& set, int first, int last, const std::vector<int>& incompl
     set.At(n).Cards[1] = 0;
     AnalyzeBoard(set.At(n));
   }
-}
-
-FakeUi::Box EventWarning(const std::string& format) {
-  return {"      " + format +
-              " format does not support Event Name, Event Site and Event Date Information.      "
-              "\r\n      This information will not be saved.      \r\n      If you need to save "
-              "this information please use PBN or BRE formats.      \r\n\r\n      Do you want to "
-              "save current Board Set in " +
-              format + " format anyway?      \r\n",
-          68, "Save Boards Set"};
-}
-
-FakeUi::Box NumbersWarning(const std::string& format) {
-  return {"      First Board for the current Board Set is not board number 1.      \r\n      " +
-              format +
-              " format does not support board numbers.      \r\n      If you need to save board "
-              "numbers please use PBN format.      \r\n\r\n      Do you want to save current Board "
-              "Set in " +
-              format + " format anyway?      \r\n",
-          68, "Save Boards Set"};
 }
 
 TEST(IncompleteBoardList, IsEmptyForACompleteSet) {
@@ -84,15 +65,7 @@ TEST(IncompleteBoards, AFormatThatCannotHoldThemRefuses) {
     TestDesk desk;
     const std::string name(FindFormat(extension)->Name);
     EXPECT_FALSE(Asks(desk, extension, "640"));
-    EXPECT_THAT(
-        desk.Ui.Boxes,
-        ElementsAre(FakeUi::Box{
-            "      Board number: 640 is incomplete.      \r\n      This Board Set cannot be "
-            "saved in " +
-                name +
-                " format.      \r\n      If you need to save this Board Set please use PBN "
-                "or BRE format.      \r\n",
-            16, "Save Error"}));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 640 is", name)));
     EXPECT_THAT(desk.LogLines(),
                 ElementsAre("    Save Error: Board number: 640 is incomplete. : This Board Set "
                             "cannot be saved in " +
@@ -105,9 +78,7 @@ TEST(IncompleteBoards, AFormatThatCannotHoldThemRefuses) {
 TEST(IncompleteBoards, MoreThanThreeCharactersAreSeveralBoards) {
   TestDesk desk;
   EXPECT_FALSE(Asks(desk, "DUP", "1, 2"));
-  EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.starts_with(
-      "      Boards number: 1, 2 are incomplete.      \r\n      This Board Set cannot be saved in "
-      "DUP format.      \r\n"));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Boards number: 1, 2 are", "DUP")));
 }
 
 TEST(IncompleteBoards, AFormatThatHoldsThemAsks) {
@@ -117,14 +88,8 @@ TEST(IncompleteBoards, AFormatThatHoldsThemAsks) {
     desk.Ui.Answers = {kYes, kNo};
     EXPECT_TRUE(Asks(desk, format, "640"));
     EXPECT_FALSE(Asks(desk, format, "1, 2"));
-    const std::string rest = std::string("      Incomplete boards can be saved in ") + format +
-                             " format.      \r\n\r\n      Do you want to proceed?      \r\n";
-    EXPECT_THAT(
-        desk.Ui.Boxes,
-        ElementsAre(FakeUi::Box{"      Board number: 640 is incomplete.      \r\n" + rest, 52,
-                                "Save Board Set"},
-                    FakeUi::Box{"      Boards number: 1, 2 are incomplete.      \r\n" + rest, 52,
-                                "Save Board Set"}));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(IncompleteQuestion("Board number: 640 is", format),
+                                           IncompleteQuestion("Boards number: 1, 2 are", format)));
     EXPECT_THAT(desk.LogLines(), IsEmpty());
   }
 }

@@ -4,6 +4,7 @@
 #include "files/csv_file.h"
 #include "files/csv_lines.h"
 #include "files/load_desk.h"
+#include "files/parsed_text.h"
 #include "support/fakes.h"
 
 namespace morvane::files {
@@ -13,36 +14,13 @@ using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// The whole text that the operator sees for one specific line.
-std::string Told(const std::string& line) {
-  return "      File format error     \r\n      " + line +
-         "      \r\n\r\n      Load operation aborted!      ";
-}
-
-/// What became of one text.
-struct Parsed {
-  std::unique_ptr<BoardSet> Set = std::make_unique<BoardSet>();
-  std::string Error;  ///< empty for success
-};
-
-Parsed Parse(const std::string& text) {
-  Parsed parsed;
-  parsed.Set->Clear();
-  if (const auto fault = ParseCsv(text, *parsed.Set, InitMessages())) {
-    parsed.Error = FaultText(*fault);
-  }
-  return parsed;
-}
-
 std::unique_ptr<BoardSet> SetOf(const std::string& text) {
-  Parsed parsed = Parse(text);
-  EXPECT_EQ(parsed.Error, "") << text;
-  return std::move(parsed.Set);
+  return ParseWith(ParseCsv, text).Sound();
 }
 
 /// The fault of a file whose second line is `line`, the first being board 1.
 std::string FaultOf(const std::string& line) {
-  return Parse(SuitLine("1") + "\r\n" + line + "\r\n").Error;
+  return ParseWith(ParseCsv, SuitLine("1") + "\r\n" + line + "\r\n").Error;
 }
 
 TEST(CsvReader, ReadsBoardsWithTheirNumbers) {
@@ -63,11 +41,11 @@ TEST(CsvReader, DealerAndVulnerabilityFollowTheNumberWhateverTheLineSays) {
 }
 
 TEST(CsvReader, AFileOfOneLineCountsAsEmpty) {
-  EXPECT_EQ(Parse(SuitLine("1")).Error, Told("File is empty"));
-  EXPECT_EQ(Parse(SuitLine("1") + "\r\n").Error, Told("File is empty"));
-  EXPECT_EQ(Parse("").Error, Told("File is empty"));
-  EXPECT_EQ(Parse("\r\n").Error, Told("File is empty"));
-  EXPECT_EQ(Parse("not a board at all").Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, SuitLine("1")).Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, SuitLine("1") + "\r\n").Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, "").Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, "\r\n").Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, "not a board at all").Error, Told("File is empty"));
 }
 
 TEST(CsvReader, TheLastLineNeedsNoEnd) {
@@ -86,8 +64,9 @@ TEST(CsvReader, LinesComeInAnyOrderAndTheFirstBoardStaysOne) {
 
 TEST(CsvReader, ANumberThatABoardHasAlreadyIsInvalid) {
   EXPECT_EQ(FaultOf(SuitLine("1")), Told("Invalid board number in line: 2"));
-  EXPECT_EQ(Parse(SuitLine("3") + "\n" + SuitLine("4") + "\n" + SuitLine("3") + "\n").Error,
-            Told("Invalid board number in line: 3"));
+  EXPECT_EQ(
+      ParseWith(ParseCsv, SuitLine("3") + "\n" + SuitLine("4") + "\n" + SuitLine("3") + "\n").Error,
+      Told("Invalid board number in line: 3"));
 }
 
 TEST(CsvReader, ANumberLiesBetween1And640) {
@@ -121,7 +100,8 @@ TEST(CsvReader, ALineBeginsWithAQuote) {
 
 TEST(CsvReader, AnEmptyLineHasNothingInPlaceOfTheInvalidCharacter) {
   EXPECT_EQ(FaultOf(""), Told("Invalid character:   in line: 2"));
-  EXPECT_EQ(Parse("\n" + SuitLine("1") + "\n").Error, Told("Invalid character:   in line: 1"));
+  EXPECT_EQ(ParseWith(ParseCsv, "\n" + SuitLine("1") + "\n").Error,
+            Told("Invalid character:   in line: 1"));
 }
 
 TEST(CsvReader, ALowerCaseRankIsInvalid) {
@@ -189,7 +169,8 @@ TEST(CsvReader, RanksMayStandInAnyOrder) {
 }
 
 TEST(CsvReader, ALoneCrEndsNoLine) {
-  EXPECT_EQ(Parse(SuitLine("1") + "\r" + SuitLine("2") + "\r").Error, Told("File is empty"));
+  EXPECT_EQ(ParseWith(ParseCsv, SuitLine("1") + "\r" + SuitLine("2") + "\r").Error,
+            Told("File is empty"));
   EXPECT_EQ(FaultOf("\"AK\rQ\""), Told("Invalid character: \r  in line: 2"));
   EXPECT_EQ(SetOf(SuitLine("1") + "\r" + SuitLine("2") + "\n" + SuitLine("3"))->LastBoard, 3);
 }
@@ -202,7 +183,7 @@ TEST(CsvReader, NulAndTheOldEndOfFileMarkAreOrdinaryCharacters) {
 }
 
 TEST(CsvReader, TheFirstFaultIsTold) {
-  EXPECT_EQ(Parse("\"x\n\"y\n").Error, Told("Invalid character: x  in line: 1"));
+  EXPECT_EQ(ParseWith(ParseCsv, "\"x\n\"y\n").Error, Told("Invalid character: x  in line: 1"));
 }
 
 // With the operator.

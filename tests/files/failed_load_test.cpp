@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "files/file_boxes.h"
 #include "files/load_desk.h"
 
 namespace morvane::files {
@@ -12,12 +13,6 @@ FakeUi::Box UnknownFormat(const std::string& extension) {
   return {
       "      Unknow file format: " + extension + "      \r\n      Load operation aborted!      ",
       16, "Load Error"};
-}
-
-FakeUi::Box LoadFailure(const std::string& number, const std::string& description) {
-  return {"      Error: " + number + " during load operation - " + description +
-              "      \r\n      Load operation aborted!      ",
-          16, "Load Error"};
 }
 
 void ExpectEmptySet(const BoardSet& set) {
@@ -142,11 +137,7 @@ TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
   test::WriteContent(path, std::string(kTwoBoards) + "[Board \"641\"]\r\n");
   desk.Ui.Files = {path};
   desk.Load();
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{
-                  "      File format error     \r\n      Invalid board number in line: 8      "
-                  "\r\n\r\n      Load operation aborted!      ",
-                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(Told("Invalid board number in line: 8"))));
   EXPECT_THAT(desk.Ui.Statuses,
               ElementsAre("Loading", "Load operation aborted",
                           "Load operation aborted. File - Import PBN may take this file"));
@@ -163,10 +154,7 @@ TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
     const std::string path = desk.Folder / "empty.pbn";
     test::WriteContent(path, content);
     EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(FakeUi::Box{"      File format error     \r\n      File is empty      "
-                                        "\r\n\r\n      Load operation aborted!      ",
-                                        16, "Load Error"}));
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(kFileIsEmpty)));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
     ExpectEmptySet(desk.Prog.Set);
   }

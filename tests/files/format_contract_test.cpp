@@ -13,50 +13,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-FakeUi::Box SaveFailure(const std::string& error) {
-  return {"      Error: " + error + "      \r\n      Save operation aborted!      ", 16,
-          "Save Error"};
-}
-
-FakeUi::Box LoadFailure(const std::string& error) {
-  return {"      Error: " + error + "      \r\n      Load operation aborted!      ", 16,
-          "Load Error"};
-}
-
-FakeUi::Box Refusal(const std::string& boards, const std::string& format) {
-  return {"      " + boards + " incomplete.      \r\n      This Board Set cannot be saved in " +
-              format +
-              " format.      \r\n      If you need to save this Board Set please use PBN or BRE "
-              "format.      \r\n",
-          16, "Save Error"};
-}
-
-FakeUi::Box IncompleteQuestion(const std::string& boards, const std::string& format) {
-  return {"      " + boards + " incomplete.      \r\n      Incomplete boards can be saved in " +
-              format + " format.      \r\n\r\n      Do you want to proceed?      \r\n",
-          52, "Save Board Set"};
-}
-
-FakeUi::Box EventWarning(const std::string& format) {
-  return {"      " + format +
-              " format does not support Event Name, Event Site and Event Date Information.      "
-              "\r\n      This information will not be saved.      \r\n      If you need to save "
-              "this information please use PBN or BRE formats.      \r\n\r\n      Do you want to "
-              "save current Board Set in " +
-              format + " format anyway?      \r\n",
-          68, "Save Boards Set"};
-}
-
-FakeUi::Box NumbersWarning(const std::string& format) {
-  return {"      First Board for the current Board Set is not board number 1.      \r\n      " +
-              format +
-              " format does not support board numbers.      \r\n      If you need to save board "
-              "numbers please use PBN format.      \r\n\r\n      Do you want to save current Board "
-              "Set in " +
-              format + " format anyway?      \r\n",
-          68, "Save Boards Set"};
-}
-
 /// One format, and a desk on which the file's place is empty.
 class FormatContract : public ::testing::TestWithParam<FormatCase> {
  protected:
@@ -354,8 +310,7 @@ TEST_P(FormatContract, AWriteThatFailsAnywhereLeavesTheOldFileByteForByte) {
       const test::FileSizeLimit limit(written);
       EXPECT_FALSE(Save());
     }
-    EXPECT_THAT(Desk.Ui.Boxes,
-                ElementsAre(SaveFailure("27 during save operation - File too large")));
+    EXPECT_THAT(Desk.Ui.Boxes, ElementsAre(SaveFailure("27", "File too large")));
     EXPECT_EQ(Desk.Ui.Statuses.back(), "Ready");
     ExpectOld();
   }
@@ -368,8 +323,7 @@ TEST_P(FormatContract, AFullDeviceIsTheSystemsError) {
   std::filesystem::create_symlink("/dev/full", File);
   Set().BoardSetChanged = "1";
   EXPECT_FALSE(Save());
-  EXPECT_THAT(Desk.Ui.Boxes,
-              ElementsAre(SaveFailure("28 during save operation - No space left on device")));
+  EXPECT_THAT(Desk.Ui.Boxes, ElementsAre(SaveFailure("28", "No space left on device")));
   EXPECT_EQ(Set().BoardSetChanged, "1");
   EXPECT_TRUE(std::filesystem::is_symlink(File));
 }
@@ -377,27 +331,26 @@ TEST_P(FormatContract, AFullDeviceIsTheSystemsError) {
 TEST_P(FormatContract, AFolderThatIsMissingIsTheSystemsErrorOfASave) {
   EXPECT_FALSE(SaveFile(Desk.Prog, Desk.History,
                         Desk.Folder / (std::string("none/x.") + Format().Extension)));
-  EXPECT_THAT(Desk.Ui.Boxes,
-              ElementsAre(SaveFailure("2 during save operation - No such file or directory")));
+  EXPECT_THAT(Desk.Ui.Boxes, ElementsAre(SaveFailure("2", "No such file or directory")));
 }
 
 TEST_P(FormatContract, AMissingFileIsTheSystemsErrorOfALoad) {
-  ExpectNotLoaded(LoadFailure("2 during load operation - No such file or directory"));
+  ExpectNotLoaded(LoadFailure("2", "No such file or directory"));
 }
 
 TEST_P(FormatContract, ADirectoryIsTheSystemsErrorOfALoad) {
   std::filesystem::create_directory(File);
-  ExpectNotLoaded(LoadFailure("21 during load operation - Is a directory"));
+  ExpectNotLoaded(LoadFailure("21", "Is a directory"));
 }
 
 TEST_P(FormatContract, AReadThatFailsIsTheSystemsErrorOfALoad) {
   std::filesystem::create_symlink("/proc/self/mem", File);
-  ExpectNotLoaded(LoadFailure("5 during load operation - Input/output error"));
+  ExpectNotLoaded(LoadFailure("5", "Input/output error"));
 }
 
 TEST_P(FormatContract, ADeviceIsTheSystemsErrorOfALoad) {
   std::filesystem::create_symlink("/dev/zero", File);
-  ExpectNotLoaded(LoadFailure("22 during load operation - Invalid argument"));
+  ExpectNotLoaded(LoadFailure("22", "Invalid argument"));
 }
 
 // Files that are cut short.

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "files/parsed_text.h"
 #include "files/pbn_values.h"
 #include "program/log_record.h"
 #include "support/fakes.h"
@@ -11,34 +12,10 @@ namespace {
 
 using ::testing::Each;
 
-/// The whole text that the operator sees for one specific line.
-std::string Told(const std::string& line, const std::string& padding = "      ") {
-  return "      File format error     \r\n      " + line + padding +
-         "\r\n\r\n      Load operation aborted!      ";
-}
+std::string FaultOf(const std::string& text) { return ParseWith(ParsePbn, text).Error; }
 
-/// What became of one text.
-struct Parsed {
-  std::unique_ptr<BoardSet> Set = std::make_unique<BoardSet>();
-  std::string Error;  ///< empty for success
-};
-
-Parsed Parse(const std::string& text) {
-  Parsed parsed;
-  parsed.Set->Clear();
-  if (const auto fault = ParsePbn(text, *parsed.Set, InitMessages())) {
-    parsed.Error = FaultText(*fault);
-  }
-  return parsed;
-}
-
-std::string FaultOf(const std::string& text) { return Parse(text).Error; }
-
-/// The set of a text that must be sound.
 std::unique_ptr<BoardSet> SetOf(const std::string& text) {
-  Parsed parsed = Parse(text);
-  EXPECT_EQ(parsed.Error, "") << text;
-  return std::move(parsed.Set);
+  return ParseWith(ParsePbn, text).Sound();
 }
 
 std::string CardsOf(const Board& board) { return FormatBoardForLog(board, false); }

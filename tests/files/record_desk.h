@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "files/file_boxes.h"
 #include "files/load_desk.h"
 #include "files/save_set.h"
 #include "support/fakes.h"
@@ -55,17 +56,6 @@ inline std::string DupRecord(const std::string& bri, const std::string& dge,
                              const std::string& first, const std::string& last) {
   return bri + dge + "YN" + first + "1 " + last;
 }
-
-/// The whole text that the operator sees for one specific line.
-inline std::string Told(const std::string& line, const std::string& padding = "      ") {
-  return "      File format error     \r\n      " + line + padding +
-         "\r\n\r\n      Load operation aborted!      ";
-}
-inline const std::string kTooMany = Told("Too many records", "     ");
-inline const std::string kFileIsEmpty = Told("File is empty");
-
-/// The box in which it stands.
-inline test::FakeUi::Box LoadError(const std::string& text) { return {text, 16, "Load Error"}; }
 
 /// A desk for small files that are loaded and saved without questions.
 struct RecordDesk : test::TestDesk {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "files/file_boxes.h"
 #include "files/load_desk.h"
 #include "support/file_size_limit.h"
 
@@ -22,12 +23,6 @@ FakeUi::Box UnknownFormat(const std::string& extension) {
   return {
       "      Unknow file format: " + extension + "      \r\n      Save operation aborted!      ",
       16, "Save Error"};
-}
-
-FakeUi::Box SaveFailure(const std::string& number, const std::string& description) {
-  return {"      Error: " + number + " during save operation - " + description +
-              "      \r\n      Save operation aborted!      ",
-          16, "Save Error"};
 }
 
 /// A desk with one unsaved board, loaded from another file.
@@ -144,11 +139,7 @@ TEST(Save, IncompleteBoardsAreAskedAboutBeforeTheFileIsTouched) {
   test::WriteContent(desk.Path, "old");
   desk.Ui.Answers = {kNo};
   desk.SaveTo(desk.Path);
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{
-                  "      Boards number: 2, 3 are incomplete.      \r\n      Incomplete boards can "
-                  "be saved in PBN format.      \r\n\r\n      Do you want to proceed?      \r\n",
-                  52, "Save Board Set"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(IncompleteQuestion("Boards number: 2, 3 are", "PBN")));
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Saving", "Save operation aborted", "Ready"));
   EXPECT_EQ(test::Content(desk.Path), "old");
   EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
