@@ -10,7 +10,6 @@ namespace {
 
 using test::FakeUi;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 std::unique_ptr<BoardSet> EmptySet(int first, int last) {
   auto set = std::make_unique<BoardSet>();

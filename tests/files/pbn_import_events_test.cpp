@@ -9,7 +9,6 @@ namespace morvane::files {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 TEST(ImportedEvents, AreTheFirstThatAreKnown) {
   const Imported file(

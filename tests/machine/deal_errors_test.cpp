@@ -4,10 +4,7 @@ namespace morvane::machine {
 namespace {
 
 using test::Bytes;
-using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::SizeIs;
 
 using Errors = RunFixture;
