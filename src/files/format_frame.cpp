@@ -9,26 +9,29 @@
 namespace morvane::files {
 
 bool ReadThrough(Program& program, const std::string& path, const Parse& parse) {
-  std::string bytes;
-  if (const auto error = ReadFile(path, bytes)) {
-    ReportLoadFailure(program, *error);
-    return false;
+  std::optional<RuntimeError> error;
+  std::optional<FormatFault> fault;
+  {
+    const Hourglass hourglass(program.Operator);
+    std::string bytes;
+    error = ReadFile(path, bytes);
+    if (!error) fault = parse(std::move(bytes));
   }
-  if (const auto fault = parse(std::move(bytes))) {
-    ReportFormatFault(program, *fault);
-    return false;
-  }
-  return true;
+  if (error) ReportLoadFailure(program, *error);
+  if (fault) ReportFormatFault(program, *fault);
+  return !error && !fault;
 }
 
 bool WriteThrough(Program& program, const Format& format, const std::string& path,
                   const std::string& incompleteBoards, const Compose& compose) {
   if (!MaySave(program, format, incompleteBoards)) return false;
-  if (const auto error = WriteFile(path, compose())) {
-    ReportSaveFailure(program, *error);
-    return false;
+  std::optional<RuntimeError> error;
+  {
+    const Hourglass hourglass(program.Operator);
+    error = WriteFile(path, compose());
   }
-  return true;
+  if (error) ReportSaveFailure(program, *error);
+  return !error;
 }
 
 }  // namespace morvane::files

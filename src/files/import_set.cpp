@@ -46,13 +46,19 @@ bool ImportBoardSet(Program& program, history::History& history) {
 
 bool ImportFile(Program& program, history::History& history, const std::string& path) {
   program.Log.WriteLine("  Import: " + path);
-  std::string bytes;
-  if (const auto error = ReadFile(path, bytes)) {
-    return Abort(program, "      The file cannot be read: " + error->Description + "      ");
-  }
   auto imported = std::make_unique<BoardSet>();
   imported->Clear();
-  const ImportReport report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
+  ImportReport report;
+  std::optional<RuntimeError> error;
+  {
+    const Hourglass hourglass(program.Operator);
+    std::string bytes;
+    error = ReadFile(path, bytes);
+    if (!error) report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
+  }
+  if (error) {
+    return Abort(program, "      The file cannot be read: " + error->Description + "      ");
+  }
   if (!imported->Exists()) return Abort(program, ReportText(report));
   program.Set = std::move(*imported);
   TakeLoadedSet(program, history, path);

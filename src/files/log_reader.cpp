@@ -102,13 +102,19 @@ LogReading ParseLog(std::string_view text, BoardSet& set, const AskRecords& ask)
 bool ReadLogFile(Program& program, const Format& /*format*/, const std::string& path,
                  FileNotes& /*notes*/) {
   if (path.empty()) return false;
-  std::string bytes;
-  if (const auto error = ReadFile(path, bytes)) {
+  std::string text;
+  std::optional<RuntimeError> error;
+  {
+    const Hourglass hourglass(program.Operator);
+    std::string bytes;
+    error = ReadFile(path, bytes);
+    // A byte for each character, whatever the bytes of the file: columns are counted in characters.
+    if (!error) text = AnsiBytes(DecodeText(std::move(bytes)));
+  }
+  if (error) {
     ReportRuntimeError(program, *error, 0);
     return false;
   }
-  // A byte for each character, whatever the bytes of the file: columns are counted in characters.
-  const std::string text = AnsiBytes(DecodeText(std::move(bytes)));
   const LogReading reading = ParseLog(text, program.Set, [&](int line) {
     return program.Ask(Fill(program.Texts.Msg110, "***", std::to_string(line)),
                        kYesNoCancelInformation, "Read Log File");

@@ -39,4 +39,16 @@ class Ui {
   [[nodiscard]] virtual Point Mouse() const = 0;
 };
 
+/// Shows the hourglass for as long as it lives; no box may be open meanwhile.
+class Hourglass {
+ public:
+  explicit Hourglass(Ui& ui) : ui_(ui) { ui_.Busy(true); }
+  ~Hourglass() { ui_.Busy(false); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+
+ private:
+  Ui& ui_;
+};
+
 }  // namespace morvane

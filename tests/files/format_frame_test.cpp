@@ -2,12 +2,12 @@
 
 #include <filesystem>
 
+#include "files/file_boxes.h"
 #include "files/load_desk.h"
 
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using test::TestDesk;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -17,32 +17,32 @@ struct FrameDesk : TestDesk {
   bool Read(const std::optional<FormatFault>& fault) {
     return ReadThrough(Prog, Path, [&](const std::string& bytes) {
       EXPECT_EQ(bytes, "bytes");
+      EXPECT_TRUE(Ui.HourglassNow);
       return fault;
     });
   }
   const std::string Path = Folder / "set.bin";
 };
 
+TEST(ReadThrough, TheHourglassShowsOverTheFileAndNoLonger) {
+  FrameDesk desk;
+  EXPECT_TRUE(desk.Read(std::nullopt));
+  EXPECT_EQ(desk.Ui.Hourglasses, 1);
+  EXPECT_FALSE(desk.Ui.HourglassNow);
+}
+
 TEST(ReadThrough, AFaultIsToldWithItsLine) {
   FrameDesk desk;
   EXPECT_FALSE(desk.Read(FormatFault{desk.Prog.Texts.Msg015, 7, FormatFault::Counting::kLines}));
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted"));
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{
-                  "      File format error     \r\n      Invalid character: ***  in line: 7      "
-                  "\r\n\r\n      Load operation aborted!      ",
-                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(Told("Invalid character: ***  in line: 7"))));
 }
 
 TEST(ReadThrough, AFaultOfRecordsKeepsTheirWord) {
   FrameDesk desk;
   EXPECT_FALSE(desk.Read(
       FormatFault{Fill(desk.Prog.Texts.Msg015, "***", "4 "), 3, FormatFault::Counting::kRecords}));
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{
-                  "      File format error     \r\n      Invalid character: 4   in record: 3      "
-                  "\r\n\r\n      Load operation aborted!      ",
-                  16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(Told("Invalid character: 4   in record: 3"))));
 }
 
 TEST(ReadThrough, AFaultWithoutATextFailsInSilence) {
@@ -78,6 +78,7 @@ struct WriteDesk : FrameDesk {
   bool Write(const char* extension, const std::string& incomplete = "") {
     return WriteThrough(Prog, *FindFormat(extension), Path, incomplete, [this] {
       ++Composed;
+      EXPECT_TRUE(Ui.HourglassNow);
       return std::string("new");
     });
   }
@@ -134,6 +135,7 @@ TEST(WriteThrough, AfterAYesToEveryQuestionTheFileIsWritten) {
     std::vector<std::string> asked;
     for (const auto& box : desk.Ui.Boxes) asked.push_back(box.Title);
     EXPECT_EQ(asked, titles) << extension;
+    EXPECT_FALSE(desk.Ui.HourglassNow);
     EXPECT_EQ(test::Content(desk.Path), "new");
   }
 }

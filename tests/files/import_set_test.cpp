@@ -133,6 +133,7 @@ TEST(Import, BoardsPassedOverAreAWarning) {
             "Boards imported: 1\n\nBoards passed over: 1\n"
             "Line 1: board number \"0\" is not a number from 1 to 640\n\nNotes: 1\n"
             "Line 1: board 9 is incomplete: no hand is given");
+  EXPECT_EQ(desk.Ui.Hourglasses, 1);
 }
 
 TEST(Import, WithoutABoardTheOldSetStays) {

@@ -11,6 +11,7 @@
 namespace morvane::test {
 
 int FakeUi::MessageBox(const std::string& text, int flags, const std::string& title) {
+  EXPECT_FALSE(HourglassNow) << "under a box: " << text;
   Boxes.push_back({text, flags, title});
   if (OnBox) OnBox();
   constexpr int kButtons = 15;
@@ -21,6 +22,7 @@ int FakeUi::MessageBox(const std::string& text, int flags, const std::string& ti
 }
 
 std::optional<std::string> FakeUi::AskFile(const FileRequest& request) {
+  EXPECT_FALSE(HourglassNow) << "under a file dialog";
   FileRequests.push_back(request);
   if (Files.empty()) return std::nullopt;
   auto answer = Files.front();

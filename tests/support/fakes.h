@@ -32,7 +32,10 @@ class FakeUi final : public Ui {
   void Status(const std::string& text) override { Statuses.push_back(text); }
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override { ++Refreshes; }
-  void Busy(bool on) override { HourglassNow = on; }
+  void Busy(bool on) override {
+    HourglassNow = on;
+    if (on) ++Hourglasses;
+  }
   [[nodiscard]] Point Mouse() const override { return MouseNow; }
 
   std::vector<Box> Boxes;
@@ -45,6 +48,7 @@ class FakeUi final : public Ui {
   Point MouseNow;
   int Refreshes = 0;
   bool HourglassNow = false;
+  int Hourglasses = 0;  ///< how often it was put up
 };
 
 class MemorySettings final : public Settings {
