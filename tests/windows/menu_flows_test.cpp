@@ -1,6 +1,10 @@
 #include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
 
 #include "windows/main_menu_desk.h"
 
@@ -112,6 +116,52 @@ TEST_F(Flows, AFileThatLoadRefusesIsImportedWithAReport) {
   EXPECT_EQ(Text("txtCompleted"), "0");
   EXPECT_EQ(Text("txtFileName"), path);
   EXPECT_FALSE(menu->isWindowModified());
+}
+
+/// What a file manager drags.
+std::unique_ptr<QMimeData> Dragged(const QList<QUrl>& urls) {
+  auto data = std::make_unique<QMimeData>();
+  data->setUrls(urls);
+  return data;
+}
+
+/// Drags `data` over the window; whether it would be taken there.
+bool IsTaken(QWidget& window, const QMimeData& data) {
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &enter);
+  return enter.isAccepted();
+}
+
+TEST_F(Flows, AFileThatIsDroppedIsLoaded) {
+  Start();
+  const std::string path = desk.Folder / "evening of May.bri";
+  test::WriteContent(path, "");
+  const auto data = Dragged({QUrl::fromLocalFile(QString::fromStdString(path))});
+  EXPECT_TRUE(IsTaken(*menu, *data));
+  QDropEvent drop({10, 10}, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(menu.get(), &drop);
+  EXPECT_TRUE(drop.isAccepted());
+  EXPECT_THAT(desk.Boxes, SizeIs(0)) << "whoever drags it gets back to his work first";
+  desk.When("MessageBox", [](QWidget& box) { box.close(); });
+  desk.Loop.WaitMs(Shell::kTimer2Ms);
+  ASSERT_THAT(desk.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Boxes[0].Text, "File format error\nFile is empty\n\nLoad operation aborted!");
+}
+
+TEST_F(Flows, OnlyASingleFileOfThisComputerIsTakenAndNoneWhileACommandRuns) {
+  Start();
+  const QUrl file = QUrl::fromLocalFile("/sets/evening.pbn");
+  EXPECT_TRUE(IsTaken(*menu, *Dragged({file})));
+  EXPECT_FALSE(IsTaken(*menu, *Dragged({file, QUrl::fromLocalFile("/sets/other.pbn")})));
+  EXPECT_FALSE(IsTaken(*menu, *Dragged({QUrl("https://example.org/evening.pbn")})));
+  QMimeData text;
+  text.setText("/sets/evening.pbn");
+  EXPECT_FALSE(IsTaken(*menu, text));
+  desk.When("cdOpen", [&](QWidget& dialog) {
+    EXPECT_FALSE(IsTaken(*menu, *Dragged({file})));
+    test::Press(dialog, Qt::Key_Escape);
+  });
+  Trigger("menuLoad");
 }
 
 /// A command that is off while it runs and on again however it ends.

@@ -1,15 +1,29 @@
 #include "shell/ui/main_menu.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
+#include <QUrl>
 
 #include "platform/qt/filtered_edit.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::shell {
+namespace {
+
+/// The file that is dragged; empty when it is not a single one of this computer.
+QString DraggedFile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  return urls.size() == 1 ? QDir::toNativeSeparators(urls.front().toLocalFile()) : QString();
+}
+
+}  // namespace
+
 QtUi::MainWindow MainMenu::ForUi() {
   return {centralWidget(), [this](const std::string& text) { Status(text); },
           [this] { RefreshSet(); }};
@@ -52,6 +66,16 @@ void MainMenu::closeEvent(QCloseEvent* event) {
   const bool ends = shell_.Exit();
   event->setAccepted(ends);
   if (ends) StorePlace();
+}
+
+void MainMenu::dragEnterEvent(QDragEnterEvent* event) {
+  if (!shell_.FlowActive() && !DraggedFile(*event).isEmpty()) event->acceptProposedAction();
+}
+
+/// A file that is dropped here is loaded, as one that is opened while the program runs.
+void MainMenu::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  shell_.LinkExecute("1" + FromQt(DraggedFile(*event)));
 }
 
 void MainMenu::RestorePlace() {

@@ -53,6 +53,7 @@ int WidthOf(const QTreeWidget& view) {
 MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(shell) {
   setObjectName("MainMenu");
   setWindowTitle("Morvane - Main Menu[*]");
+  setAcceptDrops(true);
   MakeMenu();
   MakeStatusBar();
   auto* content = new QWidget(this);
@@ -236,6 +237,7 @@ FilteredEdit* MainMenu::AddEventText(const char* name, const char* tip, Shell::E
       this);
   box->setObjectName(name);
   box->setToolTip(tip);
+  box->setAcceptDrops(false);  // a file is for the window
   return box;
 }
 
