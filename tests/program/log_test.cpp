@@ -1,6 +1,6 @@
 #include "program/log.h"
-#include "program/log_record.h"
 
+#include "program/log_record.h"
 #include "support/append_count.h"
 #include "support/fakes.h"
 
