@@ -10,21 +10,12 @@
 namespace morvane::files {
 namespace {
 
-constexpr std::string_view kHandLetters = "NESW";
 constexpr std::string_view kBlanks = " \t\n";
 constexpr std::size_t kDenominations = 5;
 constexpr int kMostTricks = 13;
 /// No number, name or row of digits is longer. Longer ones are not looked at, since many short
 /// games may repeat them.
 constexpr std::size_t kLongestWord = 100;
-
-char UpperLetter(char c) { return UpperCase({&c, 1})[0]; }
-
-/// The hand 1..4 of a letter in any case, 0 for any other character.
-int HandOfLetter(char c) {
-  const std::size_t at = kHandLetters.find(UpperLetter(c));
-  return at == std::string_view::npos ? 0 : static_cast<int>(at) + 1;
-}
 
 /// The words of a text, one after the other.
 class Words {

@@ -72,12 +72,10 @@ std::string SetBoardNumber(PbnReading& reading, std::string_view value) {
 }
 
 std::string SetDealer(PbnReading& reading, std::string_view value) {
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    if (value.size() != 1 || UpperCase(value)[0] != HandLetter(hand)) continue;
-    reading.Set.At(reading.BoardNumber).Dealer = static_cast<std::uint8_t>(hand);
-    return {};
-  }
-  return InvalidString(reading.Texts, value);
+  const int hand = value.size() == 1 ? HandOfLetter(value[0]) : 0;
+  if (hand == 0) return InvalidString(reading.Texts, value);
+  reading.Set.At(reading.BoardNumber).Dealer = static_cast<std::uint8_t>(hand);
+  return {};
 }
 
 std::string SetVul(PbnReading& reading, std::string_view value) {

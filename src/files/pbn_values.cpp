@@ -9,7 +9,6 @@
 namespace morvane::files {
 namespace {
 
-constexpr std::string_view kHandLetters = "NESW";
 constexpr std::string_view kTricksOfLevel = "1789abcd";
 constexpr std::size_t kDenominations = 5;
 constexpr std::size_t kTricks = kHands * kDenominations;
@@ -24,8 +23,6 @@ std::string FormatHand(const Board& board, int hand) {
   std::string text = HandText(board, hand, ".");
   return text == "..." ? "-" : text;
 }
-
-char UpperLetter(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 std::size_t SkipSpaces(std::string_view value, std::size_t at) {
   while (at < value.size() && value[at] == ' ') ++at;
@@ -71,12 +68,10 @@ std::string FormatPbnDeal(const Board& board, int dealer) {
 
 std::string ParsePbnDeal(std::string_view value, Board& board, const Messages& texts) {
   constexpr int kMostHands = 5;  // the fifth goes to the first hand again: required
-  const std::size_t letter =
-      value.empty() ? std::string_view::npos : kHandLetters.find(UpperLetter(value[0]));
-  if (letter == std::string_view::npos) return Fill(texts.Msg027, "***", CharacterAt(value, 0));
+  int hand = value.empty() ? 0 : HandOfLetter(value[0]);
+  if (hand == 0) return Fill(texts.Msg027, "***", CharacterAt(value, 0));
   if (value.size() < 2 || value[1] != ':') return Fill(texts.Msg023, "***", ":");
 
-  int hand = static_cast<int>(letter) + 1;
   std::size_t at = SkipSpaces(value, 2);
   for (int hands = 0; at < value.size(); hand = NextHand(hand)) {
     if (value[at] == '-') {

@@ -52,6 +52,14 @@ inline constexpr std::array<std::uint8_t, 5> HandOfPocket{0, 3, 4, 2, 1};
   return HandName[static_cast<std::size_t>(hand)][0];
 }
 
+/// The hand 1..4 of its letter in either case, 0 for any other character.
+[[nodiscard]] constexpr int HandOfLetter(char letter) {
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    if (letter == HandLetter(hand) || letter == HandLetter(hand) - 'A' + 'a') return hand;
+  }
+  return 0;
+}
+
 /// The next hand clockwise: 1, 2, 3, 4, 1, ...
 [[nodiscard]] constexpr int NextHand(int hand) { return hand % kHands + 1; }
 

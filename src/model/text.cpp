@@ -73,9 +73,7 @@ std::string ClockText(int hour, int minute, int second) {
          (hour < 12 ? " AM" : " PM");
 }
 
-std::string UpperCase(std::string_view text) {
-  return Changed(text, [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-}
+std::string UpperCase(std::string_view text) { return Changed(text, UpperLetter); }
 
 std::string LowerCase(std::string_view text) {
   return Changed(text, [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });

@@ -29,6 +29,9 @@ namespace morvane {
 [[nodiscard]] std::string ClockText(int hour, int minute, int second);
 
 /// Upper and lower case of the ASCII letters; other bytes stay.
+[[nodiscard]] constexpr char UpperLetter(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 [[nodiscard]] std::string UpperCase(std::string_view text);
 [[nodiscard]] std::string LowerCase(std::string_view text);
 [[nodiscard]] std::string Trim(std::string_view text);

@@ -188,6 +188,16 @@ TEST(Tables, NamesOfHandsAndVulnerabilities) {
   EXPECT_EQ(HandLetter(kWest), 'W');
 }
 
+TEST(Tables, AHandIsFoundByItsLetterInEitherCase) {
+  EXPECT_EQ(HandOfLetter('N'), kNorth);
+  EXPECT_EQ(HandOfLetter('e'), kEast);
+  EXPECT_EQ(HandOfLetter('S'), kSouth);
+  EXPECT_EQ(HandOfLetter('w'), kWest);
+  int letters = 0;
+  for (int c = 0; c <= 255; ++c) letters += HandOfLetter(static_cast<char>(c)) != 0 ? 1 : 0;
+  EXPECT_EQ(letters, 8);
+}
+
 TEST(Tables, CardsRunFromAceToTwoInEachSuitAndFourOfThemCount) {
   EXPECT_EQ(CardLetters, "AKQJT98765432");
   const std::array<int, 5> points{4, 3, 2, 1, 0};
