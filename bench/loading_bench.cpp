@@ -5,9 +5,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -73,13 +77,12 @@ double CountingLineEnds(const std::string& path) {
 
 std::string FullSetFile(Desk& desk, const std::string& extension) {
   const std::string path = desk.Folder / ("set." + extension);
+  test::FillSet(desk.Prog.Set, 1, kMaxBoards);
   if (extension == "txt") {
-    test::FillSet(desk.Prog.Set, 1, kMaxBoards);
     desk.Prog.Log.Boards(desk.Prog.Set, 1, kMaxBoards, true);
     std::filesystem::copy_file(desk.Prog.Log.Path(), path);
     return path;
   }
-  test::FillSet(desk.Prog.Set, 1, kMaxBoards);
   if (!files::SaveFile(desk.Prog, desk.History, path)) std::abort();
   return path;
 }

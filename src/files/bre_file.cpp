@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "files/dge_records.h"
-#include "files/fixed_records.h"
 #include "files/format_frame.h"
+#include "files/placed_boards.h"
 #include "model/text_encoding.h"
 #include "model/text_lines.h"
 #include "program/program.h"
@@ -87,12 +87,6 @@ bool ReadBreFile(Program& program, const Format& /*format*/, const std::string& 
   return ReadThrough(program, path, [&](const std::string& bytes) {
     return ParseBre(bytes, program.Set, program.Texts);
   });
-}
-
-bool WriteBreFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return BreBytes(program.Set); });
 }
 
 }  // namespace morvane::files

@@ -22,7 +22,4 @@ namespace morvane::files {
 [[nodiscard]] std::string BreBytes(const BoardSet& set);
 
 bool ReadBreFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
-bool WriteBreFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards);
-
 }  // namespace morvane::files

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "files/fixed_records.h"
-#include "files/format_frame.h"
+#include "files/placed_boards.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
-#include "program/program.h"
 
 namespace morvane::files {
 namespace {
+
+constexpr std::size_t kSpaces = 32;  // behind the hands
 
 constexpr std::size_t kPair = 2;
 constexpr std::size_t kHand = kRanks * kPair;
@@ -24,9 +24,8 @@ std::string ParseHands(std::string_view hands, Board& board, const Messages& tex
     }
     const int card = Val(pair);
     if (card < 1 || card > kCards) return Fill(texts.Msg016, "***", pair);
-    std::uint8_t& holder = board.Cards[static_cast<std::size_t>(card)];
-    if (holder != 0) return Fill(texts.Msg017, "***", pair);
-    holder = static_cast<std::uint8_t>(at / kHand + 1);
+    const int hand = kNorth + static_cast<int>(at / kHand);
+    if (!GiveCard(board, card, hand)) return Fill(texts.Msg017, "***", pair);
   }
   return {};
 }
@@ -59,16 +58,10 @@ std::string FormatBriHands(const Board& board) {
 std::string BriBytes(const BoardSet& set) {
   std::string bytes = GapBefore(set, kBriRecord);
   for (int n = set.FirstBoard; n <= set.LastBoard; ++n) {
-    bytes.append(FormatBriHands(set.At(n))).append(kBriSpaces, ' ');
-    bytes.append(kBriRecord - kBriHands - kBriSpaces, '\0');
+    bytes.append(FormatBriHands(set.At(n))).append(kSpaces, ' ');
+    bytes.append(kBriRecord - kBriHands - kSpaces, '\0');
   }
   return bytes;
-}
-
-bool WriteBriFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return BriBytes(program.Set); });
 }
 
 }  // namespace morvane::files

@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
 
@@ -12,7 +11,6 @@ namespace morvane::files {
 // Three hands as card numbers: the records of BRI, and the first part of a DUP record.
 
 inline constexpr std::size_t kBriHands = 78;    ///< North, East, South: 13 pairs of digits each
-inline constexpr std::size_t kBriSpaces = 32;   ///< behind the hands
 inline constexpr std::size_t kBriRecord = 128;  ///< zero bytes fill the rest
 
 enum class BriMode { kWholeRecord = 0, kDupPart = 1 };
@@ -27,8 +25,5 @@ enum class BriMode { kWholeRecord = 0, kDupPart = 1 };
 
 /// The set, whose boards are complete, as the bytes of a BRI file.
 [[nodiscard]] std::string BriBytes(const BoardSet& set);
-
-bool WriteBriFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

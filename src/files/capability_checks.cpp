@@ -24,6 +24,7 @@ bool AllowsIncompleteBoards(Program& program, const Format& format, const std::s
                      "Save Board Set") == kYes;
 }
 
+/// These boxes are called "Save Boards Set", the one above "Save Board Set": required.
 bool AcceptsLoss(Program& program, const Format& format, const std::string& message) {
   return program.Ask(Fill(message, "***", format.Name), kYesNoInformation, "Save Boards Set") ==
          kYes;
@@ -36,12 +37,12 @@ bool AllowsEventTexts(Program& program, const Format& format) {
 }
 
 bool AllowsNumbers(Program& program, const Format& format) {
-  return format.BoardNumbers != Format::Numbers::None || program.Set.FirstBoard == 1 ||
+  return format.BoardNumbers != Format::Numbers::kNone || program.Set.FirstBoard == 1 ||
          !program.Store.IsOn(kSaveNumbers) || AcceptsLoss(program, format, program.Texts.Msg006);
 }
 
 bool AllowsCharacters(Program& program, const Format& format) {
-  if (format.Name != "PBN" || !HasPbnForbiddenChars(program.Set)) return true;
+  if (!format.LimitsEventTexts || !HasPbnForbiddenChars(program.Set)) return true;
   program.ShowMessage(program.Texts.Msg033, kOkCritical, "Save Error");
   return false;
 }

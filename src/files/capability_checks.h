@@ -14,7 +14,8 @@ namespace morvane::files {
 /// Whether an event text of the set holds a character that PBN can't carry.
 [[nodiscard]] bool HasPbnForbiddenChars(const BoardSet& set);
 
-/// Holds the set against what `format` can carry, and asks the operator about each loss in turn,
+/// Holds the set, whose `IncompleteBoardList` is `incompleteBoards`, against what `format` can
+/// carry, and asks the operator about each loss in turn,
 /// as the settings want it. False: the set is not to be saved; nothing was written.
 [[nodiscard]] bool MaySave(Program& program, const Format& format,
                            const std::string& incompleteBoards);

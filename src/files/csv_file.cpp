@@ -25,22 +25,20 @@ std::string InvalidCharacter(const Messages& texts, std::string_view line, std::
 /// Reads the 16 suit fields from `at` on, up to the number behind them.
 std::string ParseCards(std::string_view line, std::size_t& at, Board& board,
                        const Messages& texts) {
-  std::size_t suit = 0;
+  int suit = 1;
   int hand = kNorth;
   while (hand <= kWest) {
     if (line.substr(at).starts_with(kBetweenFields)) {
       at += kBetweenFields.size();
-      if (++suit < kSuits) continue;
-      suit = 0;
+      if (++suit <= kSuits) continue;
+      suit = 1;
       ++hand;
       continue;
     }
     if (at == line.size()) return texts.Msg032;
-    const std::size_t rank = CardLetters.find(line[at]);
-    if (rank == std::string_view::npos) return InvalidCharacter(texts, line, at);
-    std::uint8_t& holder = board.Cards[suit * kRanks + rank + 1];
-    if (holder != 0) return Fill(texts.Msg028, "***", line.substr(at, 1));
-    holder = static_cast<std::uint8_t>(hand);
+    const int card = CardOf(suit, line[at]);
+    if (card == 0) return InvalidCharacter(texts, line, at);
+    if (!GiveCard(board, card, hand)) return Fill(texts.Msg028, "***", line.substr(at, 1));
     ++at;
   }
   return {};
@@ -60,13 +58,10 @@ std::string ParseNumber(std::string_view line, std::size_t at, Board& board,
 }
 
 /// Puts the board of a line into the set. False: its number is none, or another board has it.
-bool TakeBoard(BoardSet& set, Board board) {
+bool TakeBoard(BoardSet& set, const Board& board) {
   const int n = board.Number;
   if (n < 1 || n > kMaxBoards || set.At(n).Number != 0) return false;
-  AnalyzeBoard(board);
-  board.Vul = static_cast<std::uint8_t>(VulOfNumber(n));
-  board.Dealer = static_cast<std::uint8_t>(DealerOfNumber(n));
-  set.At(n) = board;
+  set.At(n) = NumberedBoard(n, board);
   set.LastBoard = std::max(set.LastBoard, board.Number);
   return true;
 }
@@ -124,12 +119,6 @@ bool ReadCsvFile(Program& program, const Format& /*format*/, const std::string& 
   return ReadThrough(program, path, [&](std::string bytes) {
     return ParseCsv(DecodeText(std::move(bytes)), program.Set, program.Texts);
   });
-}
-
-bool WriteCsvFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return CsvText(program.Set); });
 }
 
 }  // namespace morvane::files

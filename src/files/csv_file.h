@@ -28,7 +28,4 @@ namespace morvane::files {
 [[nodiscard]] std::string CsvText(const BoardSet& set);
 
 bool ReadCsvFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
-bool WriteCsvFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards);
-
 }  // namespace morvane::files

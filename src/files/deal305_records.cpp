@@ -1,9 +1,7 @@
 #include "files/deal305_records.h"
 
-#include "files/fixed_records.h"
-#include "files/format_frame.h"
+#include "files/placed_boards.h"
 #include "model/text_encoding.h"
-#include "program/program.h"
 
 namespace morvane::files {
 namespace {
@@ -38,12 +36,6 @@ std::string Deal305Bytes(const BoardSet& set) {
     bytes.append(kCrLf);
   }
   return bytes;
-}
-
-bool WriteDeal305File(Program& program, const Format& format, const std::string& path,
-                      const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return Deal305Bytes(program.Set); });
 }
 
 }  // namespace morvane::files

@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
 
@@ -20,8 +19,5 @@ inline constexpr std::size_t kDeal305Record = 54;  ///< 52 holders and a line en
 
 /// The set, whose boards are complete, as the bytes of a DEAL305 file.
 [[nodiscard]] std::string Deal305Bytes(const BoardSet& set);
-
-bool WriteDeal305File(Program& program, const Format& format, const std::string& path,
-                      const std::string& incompleteBoards);
 
 }  // namespace morvane::files

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "files/format_frame.h"
-#include "program/program.h"
-
 namespace morvane::files {
 namespace {
 
@@ -16,12 +13,12 @@ char SuitMark(int suit) { return SuitGlyphsTerminal[static_cast<std::size_t>(sui
 struct Walk {
   Board& Dealt;
   const Messages& Texts;
-  std::size_t Suit = 0;
-  std::size_t Hand = 0;
+  int Suit = 0;
+  int Hand = 0;
 };
 
 /// Whether the mark of `suit` may stand here: the suits follow each other round and round.
-bool TakeMark(Walk& walk, std::size_t suit) {
+bool TakeMark(Walk& walk, int suit) {
   if (suit != walk.Suit % kSuits + 1) return false;
   walk.Suit = suit;
   if (suit == 1) ++walk.Hand;
@@ -32,14 +29,11 @@ bool TakeMark(Walk& walk, std::size_t suit) {
 const std::string* TakeByte(Walk& walk, char byte) {
   const std::size_t mark = SuitGlyphsTerminal.find(byte);
   if (mark != std::string_view::npos) {
-    return TakeMark(walk, mark + 1) ? nullptr : &walk.Texts.Msg021;
+    return TakeMark(walk, static_cast<int>(mark) + 1) ? nullptr : &walk.Texts.Msg021;
   }
-  const std::size_t rank = CardLetters.find(byte);
-  if (walk.Suit == 0 || rank == std::string_view::npos) return &walk.Texts.Msg018;
-  std::uint8_t& holder = walk.Dealt.Cards[(walk.Suit - 1) * kRanks + rank + 1];
-  if (holder != 0) return &walk.Texts.Msg019;
-  holder = static_cast<std::uint8_t>(walk.Hand);
-  return nullptr;
+  const int card = CardOf(walk.Suit, byte);
+  if (card == 0) return &walk.Texts.Msg018;
+  return GiveCard(walk.Dealt, card, walk.Hand) ? nullptr : &walk.Texts.Msg019;
 }
 
 /// Walks from byte `from` up to byte `to` or to the first error, whose text is the result.
@@ -104,12 +98,6 @@ std::string DgeBytes(const BoardSet& set) {
     bytes.append(FormatDgeHands(set.At(n))).append(kDgeRecord - kDgeHands, '\0');
   }
   return bytes;
-}
-
-bool WriteDgeFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return DgeBytes(program.Set); });
 }
 
 }  // namespace morvane::files

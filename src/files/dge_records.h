@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "files/format_table.h"
 #include "model/board_set.h"
 #include "model/messages.h"
 
@@ -27,8 +26,5 @@ enum class DgeMode { kWholeRecord = 0, kBreLine = 1, kDupPart = 2 };
 
 /// The set, whose boards are complete, as the bytes of a DGE file.
 [[nodiscard]] std::string DgeBytes(const BoardSet& set);
-
-bool WriteDgeFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards);
 
 }  // namespace morvane::files

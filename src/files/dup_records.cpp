@@ -2,12 +2,22 @@
 
 #include <algorithm>
 
-#include "files/format_frame.h"
 #include "model/text.h"
-#include "program/program.h"
 
 namespace morvane::files {
 namespace {
+
+/// Where a field of the record stands, and its bytes.
+struct DupField {
+  std::size_t Offset;
+  std::size_t Size;
+};
+constexpr DupField kDupBri{0, kBriHands};
+constexpr DupField kDupDge{78, kDgeHands};
+constexpr DupField kDupFirst{148, 3};
+constexpr DupField kDupLast{153, 3};
+constexpr std::string_view kDupBeforeFirst = "YN";  ///< not read
+constexpr std::string_view kDupBeforeLast = "1 ";   ///< not read
 
 static_assert(kDupBri.Offset + kDupBri.Size == kDupDge.Offset);
 static_assert(kDupDge.Offset + kDupDge.Size + kDupBeforeFirst.size() == kDupFirst.Offset);
@@ -48,12 +58,6 @@ std::string DupBytes(const BoardSet& set) {
     bytes.append(kDupBeforeLast).append(NumberField(set.LastBoard));
   }
   return bytes;
-}
-
-bool WriteDupFile(Program& program, const Format& format, const std::string& path,
-                  const std::string& incompleteBoards) {
-  return WriteThrough(program, format, path, incompleteBoards,
-                      [&] { return DupBytes(program.Set); });
 }
 
 }  // namespace morvane::files

@@ -9,6 +9,7 @@
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/format_frame.h"
+#include "files/placed_boards.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -48,20 +49,6 @@ const RecordFormat& RecordFormatOf(std::string_view name) {
 }
 
 }  // namespace
-
-bool AppendBoard(BoardSet& set, const Board& cards) {
-  if (set.LastBoard >= kMaxBoards) return false;
-  ++set.LastBoard;
-  Board& board = set.At(set.LastBoard);
-  board = NumberedBoard(set.LastBoard);
-  board.Cards = cards.Cards;
-  AnalyzeBoard(board);
-  return true;
-}
-
-std::string GapBefore(const BoardSet& set, std::size_t recordLength) {
-  return std::string(static_cast<std::size_t>(set.FirstBoard - 1) * recordLength, '\0');
-}
 
 std::optional<FormatFault> ParseFixedRecords(std::string_view bytes, std::string_view formatName,
                                              BoardSet& set, FileNumbers& numbers,

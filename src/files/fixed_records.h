@@ -13,14 +13,6 @@ namespace morvane::files {
 
 // What the formats of fixed record length share: one record is one board, in file order.
 
-/// Puts a board with the cards of `cards` behind the last one of the set, under the number of its
-/// place. False, and nothing done, when there are 640 already.
-[[nodiscard]] bool AppendBoard(BoardSet& set, const Board& cards);
-
-/// The zero bytes in place of the records 1 up to the first board, in formats where the number of a
-/// record is that of its board.
-[[nodiscard]] std::string GapBefore(const BoardSet& set, std::size_t recordLength);
-
 /// Reads the records of the format `formatName` ("BRI", "DGE", "DUP" or "DEAL305") into boards 1,
 /// 2, 3 ... of `set`, which must be clear. After a fault the set holds what came before it.
 [[nodiscard]] std::optional<FormatFault> ParseFixedRecords(std::string_view bytes,

@@ -8,15 +8,19 @@
 
 namespace morvane::files {
 
+std::optional<RuntimeError> ReadUnderHourglass(Program& program, const std::string& path,
+                                               const std::function<void(std::string)>& take) {
+  const Hourglass hourglass(program.Operator);
+  std::string bytes;
+  auto error = ReadFile(path, bytes);
+  if (!error) take(std::move(bytes));
+  return error;
+}
+
 bool ReadThrough(Program& program, const std::string& path, const Parse& parse) {
-  std::optional<RuntimeError> error;
   std::optional<FormatFault> fault;
-  {
-    const Hourglass hourglass(program.Operator);
-    std::string bytes;
-    error = ReadFile(path, bytes);
-    if (!error) fault = parse(std::move(bytes));
-  }
+  const auto error = ReadUnderHourglass(
+      program, path, [&](std::string bytes) { fault = parse(std::move(bytes)); });
   if (error) ReportLoadFailure(program, *error);
   if (fault) ReportFormatFault(program, *fault);
   return !error && !fault;

@@ -12,6 +12,11 @@ struct Format;
 
 // What every reader and every writer does around its format's bytes.
 
+/// Reads the file and has `take` make something of its bytes, with no box meanwhile. What went
+/// wrong with reading, which nobody has been told; `take` was not called then.
+[[nodiscard]] std::optional<RuntimeError> ReadUnderHourglass(
+    Program& program, const std::string& path, const std::function<void(std::string bytes)>& take);
+
 /// Fills the set from the bytes of a file; nothing when all of them are right.
 using Parse = std::function<std::optional<FormatFault>(std::string bytes)>;
 

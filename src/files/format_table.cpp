@@ -9,25 +9,62 @@
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/fixed_records.h"
+#include "files/format_frame.h"
 #include "files/log_reader.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
 #include "model/text.h"
+#include "program/program.h"
 
 namespace morvane::files {
 namespace {
 
-using Numbers = Format::Numbers;
+/// Writes the set as the bytes that `Bytes` makes of it.
+template <std::string (*Bytes)(const BoardSet& set)>
+bool WriteSet(Program& program, const Format& format, const std::string& path,
+              const std::string& incompleteBoards) {
+  return WriteThrough(program, format, path, incompleteBoards,
+                      [&program] { return Bytes(program.Set); });
+}
+constexpr Writer WriteBriFile = WriteSet<BriBytes>;
+constexpr Writer WriteDgeFile = WriteSet<DgeBytes>;
+constexpr Writer WriteDupFile = WriteSet<DupBytes>;
+constexpr Writer WriteDeal305File = WriteSet<Deal305Bytes>;
+constexpr Writer WriteBreFile = WriteSet<BreBytes>;
+constexpr Writer WriteCsvFile = WriteSet<CsvText>;
 
 constexpr std::array<Format, 8> kFormats{{
-    {"BRI", "BRI", false, Numbers::None, false, ReadFixedRecordFile, WriteBriFile},
-    {"DGE", "DGE", false, Numbers::None, false, ReadFixedRecordFile, WriteDgeFile},
-    {"DUP", "DUP", false, Numbers::FirstAndLast, false, ReadFixedRecordFile, WriteDupFile},
-    {"ALL", "DEAL305", false, Numbers::None, false, ReadFixedRecordFile, WriteDeal305File},
-    {"BRE", "BRE", true, Numbers::None, true, ReadBreFile, WriteBreFile},
-    {"CSV", "CSV", false, Numbers::EachBoard, false, ReadCsvFile, WriteCsvFile},
-    {"PBN", "PBN", true, Numbers::EachBoard, true, ReadPbnFile, WritePbnFile},
-    {"TXT", "LOG", false, Numbers::EachBoard, false, ReadLogFile, nullptr},
+    {.Extension = "BRI", .Name = "BRI", .Read = ReadFixedRecordFile, .Write = WriteBriFile},
+    {.Extension = "DGE", .Name = "DGE", .Read = ReadFixedRecordFile, .Write = WriteDgeFile},
+    {.Extension = "DUP",
+     .Name = "DUP",
+     .BoardNumbers = Format::Numbers::kFirstAndLast,
+     .Read = ReadFixedRecordFile,
+     .Write = WriteDupFile},
+    {.Extension = "ALL", .Name = "DEAL305", .Read = ReadFixedRecordFile, .Write = WriteDeal305File},
+    {.Extension = "BRE",
+     .Name = "BRE",
+     .EventTexts = true,
+     .IncompleteBoards = true,
+     .Read = ReadBreFile,
+     .Write = WriteBreFile},
+    {.Extension = "CSV",
+     .Name = "CSV",
+     .BoardNumbers = Format::Numbers::kEachBoard,
+     .Read = ReadCsvFile,
+     .Write = WriteCsvFile},
+    {.Extension = "PBN",
+     .Name = "PBN",
+     .EventTexts = true,
+     .LimitsEventTexts = true,
+     .BoardNumbers = Format::Numbers::kEachBoard,
+     .IncompleteBoards = true,
+     .Read = ReadPbnFile,
+     .Write = WritePbnFile},
+    {.Extension = "TXT",
+     .Name = "LOG",
+     .BoardNumbers = Format::Numbers::kEachBoard,
+     .Read = ReadLogFile},
 }};
 
 constexpr std::string_view kRows =
@@ -66,7 +103,8 @@ std::string OpenFilter(int serviceLevel) {
 std::string SaveFilter() { return std::string(kRows); }
 
 int OpenFilterIndex(std::string_view initFormat, int serviceLevel) {
-  // "csv" preselects all files and "txt" the row of csv: required.
+  // A row takes four characters of the list. "csv" preselects all files and "txt" the row of csv:
+  // required.
   return (PositionIn(
               serviceLevel > 0 ? "  .bri.dge.bre.dup.pbn.all.txt" : "  .bri.dge.bre.dup.pbn.all",
               initFormat) +

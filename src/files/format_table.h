@@ -20,25 +20,26 @@ struct FileNumbers {
 /// What a reader finds besides the boards.
 struct FileNotes {
   FileNumbers Numbers;
-  bool HasTags = false;  ///< whatever is wrong with it, the file may be PBN
+  bool HasTags = false;  ///< a "[" stands in it, so Import may take what Load refuses
 };
 
 /// Fills the set, which is clear, from the file. False: the operator has been told why.
 using Reader = bool (*)(Program& program, const Format& format, const std::string& path,
                         FileNotes& notes);
-/// Writes the set to the file. False: nothing was saved, because of an error that the operator has
-/// been told or because of an answer.
+/// Writes the set, whose `IncompleteBoardList` is given, to the file. False: nothing was saved,
+/// because of an error that the operator has been told or because of an answer.
 using Writer = bool (*)(Program& program, const Format& format, const std::string& path,
                         const std::string& incompleteBoards);
 
 /// One board-file format: how it is called and what it can hold.
 struct Format {
-  enum class Numbers { None, FirstAndLast, EachBoard };
+  enum class Numbers { kNone, kFirstAndLast, kEachBoard };
 
   std::string_view Extension;  ///< upper case, without the dot
   std::string_view Name;       ///< in messages
   bool EventTexts = false;
-  Numbers BoardNumbers = Numbers::None;
+  bool LimitsEventTexts = false;  ///< some characters can't stand in them
+  Numbers BoardNumbers = Numbers::kNone;
   bool IncompleteBoards = false;
   Reader Read = nullptr;
   Writer Write = nullptr;  ///< none: this format can't be saved

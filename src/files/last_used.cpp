@@ -18,7 +18,7 @@ std::string InitialDirectory(const Settings& store) {
 }
 
 void RememberFile(Program& program, const std::string& path) {
-  constexpr std::size_t kExtension = 3;
+  constexpr std::size_t kExtension = 3;  // of the path, whatever its extension is: required
   const std::size_t start = path.size() - std::min(path.size(), kExtension);
   program.StoreSetting(kInitFormat, LowerCase(path.substr(start)));
   if (!path.empty()) program.StoreSetting(kInitDirectory, FolderOf(path));

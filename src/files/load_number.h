@@ -24,8 +24,8 @@ class LoadNumber {
   /// `txtFirstBoard`, after every change by the operator. What the box is to show; `txtLastBoard`
   /// follows it, also to numbers that no board can have.
   FilteredBox ChangeFirstBoard(FilteredBox box);
-  /// Moves the set to `txtFirstBoard` and closes; whether it did. A number that the set has no room
-  /// behind is told, and the dialog stays.
+  /// Moves the set to `txtFirstBoard` and closes; whether it did. A first
+  /// number with which the set would end above 640 is told, and the dialog stays.
   bool Command1();
   [[nodiscard]] bool Closed() const { return closed_; }
 

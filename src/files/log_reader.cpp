@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/format_frame.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
 #include "model/text_lines.h"
@@ -30,17 +31,14 @@ bool IsRecord(std::string_view line) {
 /// what passes is complete.
 bool ParseHands(std::string_view line, Board& board) {
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    std::size_t suit = 0;
+    int suit = 1;
     for (const char c : log_record::HandIn(log_record::TextIn(line), hand)) {
       if (c == '.') {
-        if (++suit == kSuits) return false;
+        if (++suit > kSuits) return false;
         continue;
       }
-      const std::size_t rank = CardLetters.find(c);
-      if (rank == std::string_view::npos) return false;
-      std::uint8_t& holder = board.Cards[suit * kRanks + rank + 1];
-      if (holder != 0) return false;
-      holder = static_cast<std::uint8_t>(hand);
+      const int card = CardOf(suit, c);
+      if (card == 0 || !GiveCard(board, card, hand)) return false;
     }
   }
   return true;
@@ -48,13 +46,12 @@ bool ParseHands(std::string_view line, Board& board) {
 
 Result TakeRecord(BoardSet& set, std::string_view line) {
   const int n = Val(log_record::NumberIn(line));
-  Board board = NumberedBoard(n);
+  Board board;
   if (!ParseHands(line, board)) return Result::kSyntaxError;
   // Element 0 belongs to no set, so its number is no better than one above the last.
   if (n < 1 || n > kMaxBoards) return Result::kOutOfRange;
-  AnalyzeBoard(board);
-  set.At(n) = board;
-  set.LastBoard = board.Number;
+  set.At(n) = NumberedBoard(n, board);
+  set.LastBoard = static_cast<std::int16_t>(n);
   return Result::kRead;
 }
 
@@ -103,14 +100,10 @@ bool ReadLogFile(Program& program, const Format& /*format*/, const std::string& 
                  FileNotes& /*notes*/) {
   if (path.empty()) return false;
   std::string text;
-  std::optional<RuntimeError> error;
-  {
-    const Hourglass hourglass(program.Operator);
-    std::string bytes;
-    error = ReadFile(path, bytes);
+  const auto error = ReadUnderHourglass(program, path, [&text](std::string bytes) {
     // A byte for each character, whatever the bytes of the file: columns are counted in characters.
-    if (!error) text = AnsiBytes(DecodeText(std::move(bytes)));
-  }
+    text = AnsiBytes(DecodeText(std::move(bytes)));
+  });
   if (error) {
     ReportRuntimeError(program, *error, 0);
     return false;

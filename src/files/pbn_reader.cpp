@@ -17,14 +17,14 @@ struct TagName {
   PbnTag Tag;
 };
 /// In order of comparison: only the name's length is compared, so `Dealer` stands before `Deal`.
-constexpr std::array<TagName, 8> kTagNames{{{"Event", PbnTag::Event},
-                                            {"Site", PbnTag::Site},
-                                            {"Date", PbnTag::Date},
-                                            {"Board", PbnTag::Board},
-                                            {"Dealer", PbnTag::Dealer},
-                                            {"Vulnerable", PbnTag::Vul},
-                                            {"Deal", PbnTag::Deal},
-                                            {"DoubleDummyTricks", PbnTag::Double}}};
+constexpr std::array<TagName, 8> kTagNames{{{"Event", PbnTag::kEvent},
+                                            {"Site", PbnTag::kSite},
+                                            {"Date", PbnTag::kDate},
+                                            {"Board", PbnTag::kBoard},
+                                            {"Dealer", PbnTag::kDealer},
+                                            {"Vulnerable", PbnTag::kVul},
+                                            {"Deal", PbnTag::kDeal},
+                                            {"DoubleDummyTricks", PbnTag::kDouble}}};
 
 struct VulWord {
   std::string_view Word;
@@ -58,7 +58,7 @@ void SetEventText(std::string& text, std::string_view value) {
 }
 
 std::string SetBoardNumber(PbnReading& reading, std::string_view value) {
-  reading.State = PbnReading::Stage::Board;
+  reading.State = PbnReading::Stage::kBoard;
   const std::size_t other = value.find_first_not_of("0123456789");
   if (other != std::string_view::npos) {
     return Fill(reading.Texts.Msg027, "***", CharacterAt(value, other));
@@ -88,13 +88,13 @@ std::string SetVul(PbnReading& reading, std::string_view value) {
 }
 
 std::string SetDeal(PbnReading& reading, std::string_view value) {
-  if (reading.State != PbnReading::Stage::Board) return reading.Texts.Msg026;
-  reading.State = PbnReading::Stage::Deal;
+  if (reading.State != PbnReading::Stage::kBoard) return reading.Texts.Msg026;
+  reading.State = PbnReading::Stage::kDeal;
   return ParsePbnDeal(value, reading.Set.At(reading.BoardNumber), reading.Texts);
 }
 
 std::string SetTricks(PbnReading& reading, std::string_view value) {
-  if (reading.State != PbnReading::Stage::Deal) return reading.Texts.Msg026;
+  if (reading.State != PbnReading::Stage::kDeal) return reading.Texts.Msg026;
   return ParsePbnTricks(value, reading.Set.At(reading.BoardNumber), reading.Texts);
 }
 
@@ -150,24 +150,24 @@ bool SetLimits(BoardSet& set) {
 
 std::string ApplyPbnTag(PbnReading& reading, PbnTag tag, std::string_view value) {
   switch (tag) {
-    case PbnTag::Event:
+    case PbnTag::kEvent:
       SetEventText(reading.Set.EventName, value);
       return {};
-    case PbnTag::Site:
+    case PbnTag::kSite:
       SetEventText(reading.Set.EventSite, value);
       return {};
-    case PbnTag::Date:
+    case PbnTag::kDate:
       SetEventText(reading.Set.EventDate, value);
       return {};
-    case PbnTag::Board:
+    case PbnTag::kBoard:
       return SetBoardNumber(reading, value);
-    case PbnTag::Dealer:
+    case PbnTag::kDealer:
       return SetDealer(reading, value);
-    case PbnTag::Vul:
+    case PbnTag::kVul:
       return SetVul(reading, value);
-    case PbnTag::Deal:
+    case PbnTag::kDeal:
       return SetDeal(reading, value);
-    case PbnTag::Double:
+    case PbnTag::kDouble:
       return SetTricks(reading, value);
   }
   return {};

@@ -11,17 +11,17 @@
 
 namespace morvane::files {
 
-/// The tags that the reader knows. `Vul` is the tag `Vulnerable`, `Double` `DoubleDummyTricks`.
-enum class PbnTag { Event, Site, Date, Board, Dealer, Vul, Deal, Double };
+/// The tags that the reader knows. `kVul` is the tag `Vulnerable`, `kDouble` `DoubleDummyTricks`.
+enum class PbnTag { kEvent, kSite, kDate, kBoard, kDealer, kVul, kDeal, kDouble };
 
 /// How far the reading of a file has come.
 struct PbnReading {
-  enum class Stage { Start = 1, Board = 5, Deal = 6 };
+  enum class Stage { kStart, kBoard, kDeal };  ///< before a board, in it, behind its deal
 
   BoardSet& Set;
   const Messages& Texts;
   int BoardNumber = 0;  ///< of the last `Board` tag, 0 before the first
-  Stage State = Stage::Start;
+  Stage State = Stage::kStart;
 };
 
 /// Puts one tag's value into the set. An error text whose line is still to be filled, or empty.

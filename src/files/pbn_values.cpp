@@ -32,17 +32,15 @@ std::size_t SkipSpaces(std::string_view value, std::size_t at) {
 /// Reads one hand from `at` on, up to a space or the end.
 std::string ParseHand(std::string_view value, std::size_t& at, int hand, Board& board,
                       const Messages& texts) {
-  std::size_t suit = 0;
+  int suit = 1;
   for (; at < value.size() && value[at] != ' '; ++at) {
     if (value[at] == '.') {
-      if (++suit == kSuits) return texts.Msg029;
+      if (++suit > kSuits) return texts.Msg029;
       continue;
     }
-    const std::size_t rank = CardLetters.find(UpperLetter(value[at]));
-    if (rank == std::string_view::npos) return Fill(texts.Msg027, "***", CharacterAt(value, at));
-    std::uint8_t& holder = board.Cards[suit * kRanks + rank + 1];
-    if (holder != 0) return Fill(texts.Msg028, "***", value.substr(at, 1));
-    holder = static_cast<std::uint8_t>(hand);
+    const int card = CardOf(suit, UpperLetter(value[at]));
+    if (card == 0) return Fill(texts.Msg027, "***", CharacterAt(value, at));
+    if (!GiveCard(board, card, hand)) return Fill(texts.Msg028, "***", value.substr(at, 1));
   }
   return {};
 }

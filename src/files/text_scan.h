@@ -80,7 +80,7 @@ class TextScan {
   /// The tables of a PBN file; the current text is scanned from its start.
   void InitPbnScan();
 
-  /// The next token; `kTokEof` when there is none, then and ever after.
+  /// The next token; `kTokEof` when there is none, until another text or file is given.
   [[nodiscard]] Token GetToken();
 
   /// The name of a kind; "Token" and four digits for one that has none of its own.

@@ -76,11 +76,25 @@ int CompareBoards(const Board& a, const Board& b) {
   return a.Number == b.Number && a.Dealer == b.Dealer && a.Vul == b.Vul ? 2 : 1;
 }
 
+bool GiveCard(Board& board, int card, int hand) {
+  std::uint8_t& holder = board.Cards[static_cast<std::size_t>(card)];
+  if (holder != 0) return false;
+  holder = static_cast<std::uint8_t>(hand);
+  return true;
+}
+
 Board NumberedBoard(int n) {
   Board board;
   board.Number = static_cast<std::int16_t>(n);
   board.Dealer = static_cast<std::uint8_t>(DealerOfNumber(n));
   board.Vul = static_cast<std::uint8_t>(VulOfNumber(n));
+  return board;
+}
+
+Board NumberedBoard(int n, const Board& dealt) {
+  Board board = NumberedBoard(n);
+  board.Cards = dealt.Cards;
+  AnalyzeBoard(board);
   return board;
 }
 

@@ -47,8 +47,13 @@ int AnalyzeBoard(Board& board);
 /// 0: the cards differ. 2: cards, `Number`, `Dealer` and `Vul` are equal. 1: only the cards are.
 [[nodiscard]] int CompareBoards(const Board& a, const Board& b);
 
+/// Gives card 1..52 to `hand`. False, and nothing done, when a hand holds it already.
+[[nodiscard]] bool GiveCard(Board& board, int card, int hand);
+
 /// The empty board that stands at place `n` of a set, with dealer and vulnerability by its number.
 [[nodiscard]] Board NumberedBoard(int n);
+/// The same with the cards of `dealt`, analysed.
+[[nodiscard]] Board NumberedBoard(int n, const Board& dealt);
 
 /// The cards of a board hand by hand: [hand][suit][0] is the length of the suit, [hand][suit][1..]
 /// the cards in card order, [hand][0][0] the hand's high-card points.

@@ -43,6 +43,12 @@ inline constexpr std::array<std::uint8_t, 5> HandOfPocket{0, 3, 4, 2, 1};
 [[nodiscard]] constexpr char CardLetter(int card) {
   return CardLetters[static_cast<std::size_t>(RankPosition(card) - 1)];
 }
+/// The card 1..52 of suit 1..4 and the letter of its rank; 0 when there is none.
+[[nodiscard]] constexpr int CardOf(int suit, char letter) {
+  const std::size_t rank = CardLetters.find(letter);
+  if (suit < 1 || suit > kSuits || rank == std::string_view::npos) return 0;
+  return (suit - 1) * kRanks + static_cast<int>(rank) + 1;
+}
 /// High-card points of card 1..52: A 4, K 3, Q 2, J 1.
 [[nodiscard]] constexpr int CardHcp(int card) {
   return RankPosition(card) <= 4 ? 5 - RankPosition(card) : 0;

@@ -17,14 +17,14 @@ TEST(FormatTable, SaysWhatEachFormatCanHold) {
     bool Incomplete;
   };
   const std::vector<Row> rows = {
-      {"BRI", "BRI", false, Numbers::None, false},
-      {"DGE", "DGE", false, Numbers::None, false},
-      {"DUP", "DUP", false, Numbers::FirstAndLast, false},
-      {"ALL", "DEAL305", false, Numbers::None, false},
-      {"BRE", "BRE", true, Numbers::None, true},
-      {"CSV", "CSV", false, Numbers::EachBoard, false},
-      {"PBN", "PBN", true, Numbers::EachBoard, true},
-      {"TXT", "LOG", false, Numbers::EachBoard, false},
+      {"BRI", "BRI", false, Numbers::kNone, false},
+      {"DGE", "DGE", false, Numbers::kNone, false},
+      {"DUP", "DUP", false, Numbers::kFirstAndLast, false},
+      {"ALL", "DEAL305", false, Numbers::kNone, false},
+      {"BRE", "BRE", true, Numbers::kNone, true},
+      {"CSV", "CSV", false, Numbers::kEachBoard, false},
+      {"PBN", "PBN", true, Numbers::kEachBoard, true},
+      {"TXT", "LOG", false, Numbers::kEachBoard, false},
   };
   for (const Row& row : rows) {
     const Format* const format = FindFormat(row.Extension);

@@ -229,15 +229,15 @@ bool ReadTwo(Program& program, const Format& format, const std::string& path, Fi
 bool ReadNothing(Program&, const Format&, const std::string&, FileNotes&) { return false; }
 
 constexpr Format Row(Format::Numbers numbers, Reader read) {
-  return {"X", "Made up", false, numbers, false, read, nullptr};
+  return {.Extension = "X", .Name = "Made up", .BoardNumbers = numbers, .Read = read};
 }
 
 TEST(ReadSet, HandsTheFormatToItsReaderAndTakesTheNumbersFromIt) {
   TestDesk desk;
   FakeNumbers dialog;
   FileNotes notes;
-  EXPECT_TRUE(ReadSet(desk.Prog, dialog, Row(Format::Numbers::FirstAndLast, ReadTwo), "/sets/two.x",
-                      notes));
+  EXPECT_TRUE(ReadSet(desk.Prog, dialog, Row(Format::Numbers::kFirstAndLast, ReadTwo),
+                      "/sets/two.x", notes));
   EXPECT_EQ(desk.Prog.Set.EventName, "Made up /sets/two.x");
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 21);
   EXPECT_EQ(dialog.Shown, 0);
@@ -254,7 +254,7 @@ TEST(ReadSet, AsksForTheNumbersOfAFormatThatHasNone) {
     question.Command1();
   };
   EXPECT_TRUE(
-      ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadTwo), "/sets/two.x", notes));
+      ReadSet(desk.Prog, dialog, Row(Format::Numbers::kNone, ReadTwo), "/sets/two.x", notes));
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 1);
   EXPECT_EQ(dialog.Shown, 1);
 }
@@ -264,7 +264,7 @@ TEST(ReadSet, AFileThatCannotBeReadHasNoNumbersToAskFor) {
   FakeNumbers dialog;
   FileNotes notes;
   EXPECT_FALSE(
-      ReadSet(desk.Prog, dialog, Row(Format::Numbers::None, ReadNothing), "/none.x", notes));
+      ReadSet(desk.Prog, dialog, Row(Format::Numbers::kNone, ReadNothing), "/none.x", notes));
   EXPECT_EQ(dialog.Shown, 0);
 }
 
