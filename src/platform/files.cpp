@@ -10,6 +10,7 @@
 #include <io.h>
 #else
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -41,6 +42,8 @@ File OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
 
 bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
 
+void KeepOwner(std::FILE* /*file*/, const std::string& /*old*/) {}
+
 bool MayWrite(const std::string& path) {
   constexpr int kToWrite = 2;
   return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
@@ -49,12 +52,25 @@ bool MayWrite(const std::string& path) {
 #else
 
 File OpenToWrite(const std::string& path, Opening opening, NewFile access) {
-  const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
+  // A pipe that nobody reads is an error, and not waited for.
+  const int flags =
+      O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
   const int file = open(path.c_str(), flags, access == NewFile::kPrivate ? 0600 : 0666);
-  return File(file < 0 ? nullptr : fdopen(file, "wb"));
+  if (file < 0) return nullptr;
+  fcntl(file, F_SETFL, 0);
+  return File(fdopen(file, "wb"));
 }
 
 bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
+
+/// Gives the file to the owner and the group of `old`, as far as the system lets us.
+void KeepOwner(std::FILE* file, const std::string& old) {
+  struct stat status {};
+  if (stat(old.c_str(), &status) != 0) return;
+  if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
+    [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
+  }
+}
 
 bool MayWrite(const std::string& path) {
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
@@ -114,6 +130,7 @@ std::optional<RuntimeError> Write(const std::string& path, std::string_view byte
   File file = openBeside(path, replaces ? NewFile::kPrivate : access, beside);
   if (!file) return RuntimeError::Last();
   if (replaces) {
+    KeepOwner(file.get(), path);
     // A file system without permissions may refuse them; the bytes matter more.
     std::filesystem::permissions(PathOfUtf8(beside),
                                  old.permissions() & std::filesystem::perms::all, failure);
@@ -176,7 +193,7 @@ std::optional<RuntimeError> ReadBlocks(const std::string& path,
                                        const std::function<void(std::string_view)>& take) {
   std::error_code failure;
   const auto status = std::filesystem::status(PathOfUtf8(path), failure);
-  if (std::filesystem::is_other(status)) return RuntimeError::OfNumber(EINVAL);
+  if (std::filesystem::is_other(status)) return RuntimeError::OfNumber(ENOTSUP);
   const File file = OpenFile(path, "rb");
   if (!file) return RuntimeError::Last();
   std::array<char, 65536> block{};

@@ -32,7 +32,7 @@ inline constexpr std::string_view kPathSeparators = "/";
 [[nodiscard]] std::string FileBehind(const std::string& path);
 
 /// The whole file as bytes, or what went wrong. A directory is an error, and so is anything
-/// without an end of its own: a device, a pipe.
+/// without an end of its own: a device, a pipe (ENOTSUP).
 [[nodiscard]] std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes);
 /// The same without holding the whole file: `take` is given its bytes block by block, none empty.
 [[nodiscard]] std::optional<RuntimeError> ReadBlocks(
@@ -41,8 +41,9 @@ inline constexpr std::string_view kPathSeparators = "/";
 enum class NewFile { kOpen, kPrivate };
 
 /// Makes `bytes` the content of the file. A plain file is written beside and renamed, so that a
-/// failure leaves the old content; it keeps its permissions and must be writable. A link stays one.
-/// Anything else (a device) is written in place.
+/// failure leaves the old content; it keeps its permissions, its owner and group where the system
+/// lets us, and must be writable, its folder too. A link stays one. Anything else (a device, a pipe
+/// that is read) is written in place.
 [[nodiscard]] std::optional<RuntimeError> WriteFile(const std::string& path, std::string_view bytes,
                                                     NewFile access = NewFile::kOpen);
 /// The same for a file whose lock the caller holds. Nobody else writes beside it then, so that what

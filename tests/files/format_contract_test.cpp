@@ -350,7 +350,7 @@ TEST_P(FormatContract, AReadThatFailsIsTheSystemsErrorOfALoad) {
 
 TEST_P(FormatContract, ADeviceIsTheSystemsErrorOfALoad) {
   std::filesystem::create_symlink("/dev/zero", File);
-  ExpectNotLoaded(LoadFailure("22", "Invalid argument"));
+  ExpectNotLoaded(LoadFailure("95", "Operation not supported"));
 }
 
 // Files that are cut short.

@@ -1,8 +1,10 @@
 #include "platform/files.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "support/fakes.h"
@@ -81,16 +83,45 @@ TEST(Files, WhatCannotBeReadWholeCannotBeReadByBlocks) {
   const auto unexpected = [](std::string_view) { FAIL(); };
   EXPECT_EQ(ReadBlocks(folder / "none", unexpected)->Number, ENOENT);
   EXPECT_EQ(ReadBlocks(folder.Path(), unexpected)->Number, EISDIR);
-  EXPECT_EQ(ReadBlocks("/dev/zero", unexpected)->Number, EINVAL);
+  EXPECT_EQ(ReadBlocks("/dev/zero", unexpected)->Number, ENOTSUP);
 }
 
 TEST(Files, WhatHasNoEndIsNotRead) {
   TempFolder folder;
   std::string bytes;
   std::filesystem::create_symlink("/dev/zero", folder / "endless.pbn");
-  EXPECT_EQ(ReadFile(folder / "endless.pbn", bytes)->Number, EINVAL);
+  EXPECT_EQ(ReadFile(folder / "endless.pbn", bytes)->Number, ENOTSUP);
   ASSERT_EQ(mkfifo((folder / "pipe.pbn").c_str(), 0600), 0);
-  EXPECT_EQ(ReadFile(folder / "pipe.pbn", bytes)->Number, EINVAL);
+  EXPECT_EQ(ReadFile(folder / "pipe.pbn", bytes)->Number, ENOTSUP);
+}
+
+TEST(Files, APipeThatNobodyReadsIsNotWaitedFor) {
+  TempFolder folder;
+  const std::string pipe = folder / "pipe.pbn";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(WriteFile(pipe, "bytes")->Number, ENXIO);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  EXPECT_FALSE(WriteFile(pipe, "bytes"));
+  std::array<char, 10> got{};
+  EXPECT_EQ(read(reader, got.data(), got.size()), 5);
+  close(reader);
+}
+
+TEST(Files, AFileThatIsReplacedKeepsItsOwnerAndGroup) {
+  // Only the superuser can give files away; of anybody else's it stays his.
+  const bool mayGive = geteuid() == 0;
+  const uid_t owner = mayGive ? 12345 : geteuid();
+  const gid_t group = mayGive ? 54321 : getegid();
+  TempFolder folder;
+  const std::string path = folder / "set.pbn";
+  test::WriteContent(path, "old");
+  ASSERT_EQ(chown(path.c_str(), owner, group), 0);
+  EXPECT_FALSE(WriteFile(path, "new"));
+  struct stat status {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, owner);
+  EXPECT_EQ(status.st_gid, group);
 }
 
 TEST(Files, ALinkedFileIsReplacedBehindItsLink) {
