@@ -1,11 +1,21 @@
 #include "program_arguments.h"
 
 #include <QCommandLineParser>
+#include <QStringDecoder>
+#include <algorithm>
 #include <array>
 
 #include "bridges/machine_choice.h"
 
 namespace morvane {
+
+bool AreText(int argc, char** argv) {
+  return std::all_of(argv, argv + argc, [](const char* word) {
+    QStringDecoder decoder(QStringDecoder::System);
+    const QString text = decoder(word);
+    return !decoder.hasError() && !text.contains(QChar::ReplacementCharacter);
+  });
+}
 
 bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
                           const char* usage, ProgramArguments& result) {

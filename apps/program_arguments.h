@@ -16,6 +16,10 @@ struct ProgramArguments {
   std::string Error;  ///< not empty: wrong usage, and why
 };
 
+/// Whether the words of the command line are text. What is none has no name that a file could be
+/// opened or saved under.
+[[nodiscard]] bool AreText(int argc, char** argv);
+
 /// Parses `arguments` with `parser`, which has the program's own options, and takes those that
 /// every program has. False: there is nothing more to take, `result` has help or an error.
 [[nodiscard]] bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,

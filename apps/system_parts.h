@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <string>
 
 #include "platform/files.h"
@@ -20,6 +21,9 @@ struct SystemParts {
         SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
         Store(SettingsFile) {
     Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : AbsolutePath(data);
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others
+#endif
   }
   ProgramPaths Paths;
   std::string SettingsFile;

@@ -17,6 +17,18 @@ constexpr const char* kUsage =
     "  --data DIR       the folder of logs and history\n"
     "  --settings FILE  the settings store\n";
 
+/// The path in front, absolute and in double quotes, where start-up looks for it; then the rest, in
+/// which quotes would name another.
+std::string CommandLineOf(const QStringList& arguments, const QStringList& paths) {
+  QStringList words = arguments.mid(1);
+  for (const QString& path : paths) words.removeOne(path);
+  words.replaceInStrings("\"", "");
+  for (const QString& path : paths) {
+    words.prepend('"' + QString::fromStdString(AbsolutePath(path.toStdString())) + '"');
+  }
+  return words.join(' ').toStdString();
+}
+
 }  // namespace
 
 Arguments ParseArguments(const QStringList& arguments) {
@@ -31,8 +43,8 @@ Arguments ParseArguments(const QStringList& arguments) {
   if (!paths.isEmpty() && paths.front().contains('"')) {
     result.Error =
         "a file name with a double quote cannot be opened: " + paths.front().toStdString();
-  } else if (!paths.isEmpty()) {
-    result.CommandLine = '"' + AbsolutePath(paths.front().toStdString()) + '"';
+  } else {
+    result.CommandLine = CommandLineOf(arguments, paths);
   }
   return result;
 }

@@ -6,7 +6,7 @@ namespace morvane {
 
 /// The command line of `morvane`.
 struct Arguments : ProgramArguments {
-  std::string CommandLine;  ///< as start-up parses it: the path first, absolute, in double quotes
+  std::string CommandLine;  ///< as given, but the path first, absolute, in double quotes
 };
 
 [[nodiscard]] Arguments ParseArguments(const QStringList& arguments);

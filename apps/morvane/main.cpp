@@ -39,6 +39,10 @@ std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!morvane::AreText(argc, argv)) {
+    std::cerr << "morvane: an argument is not UTF-8 text\n";
+    return kWrongUsage;
+  }
   QStringList words;
   for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
   const morvane::Arguments arguments = morvane::ParseArguments(words);

@@ -29,23 +29,25 @@ constexpr const char* kUsage =
     "board, and shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
     "status is 0 only when all is the same.\n";
 
-/// The options that each command has beside those of every command, and its number of paths.
+/// The paths of a command, those it reads in front, and its options beside those of every command.
 struct CommandShape {
-  qsizetype Paths;
+  qsizetype Inputs;
+  qsizetype Outputs;
   QStringList Options;
 };
 
 const std::map<QString, CommandShape>& Commands() {
   static const std::map<QString, CommandShape> commands{
       {"generate",
-       {1,
+       {0,
+        1,
         {"first", "last", "generator", "empty", "shapes", "inner", "history", "seedr", "seedo",
          "lfsr"}}},
-      {"convert", {2, {"first", "import"}}},
-      {"show", {1, {"board"}}},
-      {"deal", {1, {"from", "to", "copies", "auto"}}},
-      {"history", {0, {"list"}}},
-      {"audit", {1, {"sha256"}}}};
+      {"convert", {1, 1, {"first", "import"}}},
+      {"show", {1, 0, {"board"}}},
+      {"deal", {1, 0, {"from", "to", "copies", "auto"}}},
+      {"history", {0, 0, {"list"}}},
+      {"audit", {1, 0, {"sha256"}}}};
   return commands;
 }
 
@@ -127,7 +129,8 @@ std::string CheckShape(const QCommandLineParser& parser, const QString& command,
     }
   }
   const QStringList words = parser.positionalArguments();
-  if (words.size() != shape.Paths + 1) return command.toStdString() + ": wrong number of files";
+  if (words.size() != 1 + shape.Inputs + shape.Outputs)
+    return command.toStdString() + ": wrong number of files";
   if (words.contains("")) return command.toStdString() + ": a file without a name";
   return "";
 }
@@ -188,12 +191,9 @@ Arguments ParseArguments(const QStringList& arguments) {
   // A quoted path in it would be one to load.
   result.What.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
   const auto path = [&words](qsizetype at) { return AbsolutePath(words.at(at).toStdString()); };
-  if (result.What.Command == "generate") {
-    result.What.Out = path(1);
-  } else if (command->second.Paths > 0) {
-    result.What.In = path(1);
-  }
-  if (result.What.Command == "convert") result.What.Out = path(2);
+  const CommandShape& shape = command->second;
+  if (shape.Inputs > 0) result.What.In = path(1);
+  if (shape.Outputs > 0) result.What.Out = path(1 + shape.Inputs);
   TakeValues(parser, result);
   return result;
 }

@@ -35,6 +35,10 @@ class NoSound final : public morvane::Sound {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  if (!morvane::AreText(argc, argv)) {
+    std::cerr << "morvane-cli: an argument is not UTF-8 text\n";
+    return morvane::cli::kWrongUsage;
+  }
   const morvane::Arguments arguments = morvane::ParseArguments(QCoreApplication::arguments());
   if (!arguments.Help.empty()) {
     std::cout << arguments.Help;
@@ -63,5 +67,7 @@ int main(int argc, char** argv) {
                                 machine.Simulated, [] { return interrupted.exchange(false); }};
   const auto status = morvane::cli::RunCommand(place, arguments.What);
   std::cout.flush();
-  return status == morvane::cli::kDone && !std::cout ? morvane::cli::kFailed : status;
+  if (std::cout) return status;
+  std::cerr << "morvane-cli: standard output cannot be written\n";
+  return status == morvane::cli::kDone ? morvane::cli::kFailed : status;
 }

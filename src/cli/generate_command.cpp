@@ -35,11 +35,11 @@ generate::GenerateRequest WhatToMake(const Settings& store, const Request& reque
   make.First = request.First.value_or(store.Get(kNewFirstBoard));
   make.Last = request.Last.value_or(store.Get(kNewLastBoard));
   make.Random = !request.Empty;
-  const bool shuffling =
+  const bool shufflingAsked =
       request.Generator ? *request.Generator == "morvane" : store.Get(kGenerator) == "1";
   // An empty set is the shuffling generator's button.
-  const bool riffle = request.Empty || request.Lfsr || (shuffling && !request.Seedr);
-  make.With = riffle ? DealGenerator::kShuffling : DealGenerator::kNumber;
+  const bool shuffling = request.Empty || request.Lfsr || (shufflingAsked && !request.Seedr);
+  make.With = shuffling ? DealGenerator::kShuffling : DealGenerator::kNumber;
   make.Reject = {request.Shapes.value_or(store.IsOn(kNewShapes)),
                  request.Inner.value_or(store.IsOn(kNewInner)),
                  request.History.value_or(store.IsOn(kNewHistory))};

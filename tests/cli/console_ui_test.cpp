@@ -44,9 +44,19 @@ TEST(ConsoleUi, WithoutAnybodyToAskTheAnswerIsTheCautiousOne) {
     ConsoleDesk desk;
     desk.Screen.Lines = {"y"};
     EXPECT_EQ(desk.Ask(flags), answer) << flags;
-    EXPECT_EQ(desk.Screen.Errors, kStripped);
+    const std::string hint = "There is nobody to ask; --yes would answer Yes.\n";
+    EXPECT_EQ(desk.Screen.Errors, kStripped + (flags == kOkCancelCritical ? "" : hint));
     EXPECT_EQ(desk.Screen.Lines.size(), 1U);
   }
+}
+
+TEST(ConsoleUi, WhatAFileHasInItCommandsNoTerminal) {
+  ConsoleDesk desk;
+  desk.Ui.MessageBox(
+      "Invalid character: \x1B"
+      "c\x7F\a \xC3\x9F\r\nLoad",
+      kOkCritical, "Caption");
+  EXPECT_EQ(desk.Screen.Errors, "Caption: Invalid character: ?c?? \xC3\x9F\nLoad\n");
 }
 
 TEST(ConsoleUi, WithYesEveryQuestionIsAnsweredYesUnasked) {

@@ -178,7 +178,8 @@ TEST(ConvertFormats, WithoutAnybodyToAskNothingIsLost) {
   for (const char* name : {"out.bri", "out.dge", "out.all", "out.dup", "out.csv", "out.bre"}) {
     FormatDesk desk(false, 3, 4);
     EXPECT_EQ(desk.Convert("set.pbn", name), kFailed) << name;
-    EXPECT_THAT(desk.Screen.Errors, EndsWith("anyway?\n"));
+    EXPECT_THAT(desk.Screen.Errors,
+                EndsWith("anyway?\nThere is nobody to ask; --yes would answer Yes.\n"));
     EXPECT_FALSE(desk.Exists(name));
   }
 }

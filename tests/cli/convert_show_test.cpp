@@ -83,7 +83,8 @@ TEST(ConvertCommand, AQuestionWithoutAnybodyToAnswerSavesNothing) {
   EXPECT_EQ(desk.Convert(), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
             "Save Board Set: Board number: 1 is incomplete.\n"
-            "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n");
+            "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n"
+            "There is nobody to ask; --yes would answer Yes.\n");
   EXPECT_FALSE(std::filesystem::exists(desk.Out));
 }
 

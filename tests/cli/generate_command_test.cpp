@@ -256,8 +256,10 @@ TEST(GenerateCommand, EmptyBoardsAreSavedOnlyWhenSomebodySaysSo) {
     request.Last = "2";
     EXPECT_EQ(desk.Run(request), yes ? kDone : kFailed);
     EXPECT_EQ(desk.Screen.Errors,
-              "Save Board Set: Boards number: 1, 2 are incomplete.\n"
-              "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n");
+              std::string("Save Board Set: Boards number: 1, 2 are incomplete.\n"
+                          "Incomplete boards can be saved in PBN format.\n\nDo you want to "
+                          "proceed?\n") +
+                  (yes ? "" : "There is nobody to ask; --yes would answer Yes.\n"));
     EXPECT_EQ(std::filesystem::exists(desk.Out), yes);
     EXPECT_EQ(desk.Screen.Output, yes ? "Boards 1 to 2: 2\n" : "");
   }

@@ -101,8 +101,10 @@ TEST_F(FilesEndToEnd, AFileThatIsThereIsReplacedOnlyOnAYes) {
   const std::string first = test::Content(folder / "a.pbn");
   const Outcome refused = Run({"generate", "a.pbn"});
   EXPECT_EQ(refused.Status, 1);
-  EXPECT_EQ(refused.Err, "Save Board Set: " + (folder / "a.pbn") +
-                             " exists already. Replace it?\nNot replaced; --yes would.\n");
+  EXPECT_EQ(refused.Err,
+            "Save Board Set: " + (folder / "a.pbn") +
+                " exists already. Replace it?\nThere is nobody to ask; --yes would answer "
+                "Yes.\nNot replaced.\n");
   EXPECT_EQ(test::Content(folder / "a.pbn"), first);
   EXPECT_EQ(Run({"--yes", "generate", "a.pbn"}).Status, 0);
   EXPECT_NE(test::Content(folder / "a.pbn"), first);

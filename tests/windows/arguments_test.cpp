@@ -24,7 +24,8 @@ TEST(DesktopArguments, OptionsStandBeforeOrBehindThePath) {
     EXPECT_EQ(arguments.Machine, "serial:/dev/x");
     EXPECT_EQ(arguments.Data, "d");
     EXPECT_EQ(arguments.Settings, "s.ini");
-    EXPECT_EQ(arguments.CommandLine, "\"/a/b.pbn\"");
+    EXPECT_THAT(arguments.CommandLine, ::testing::StartsWith("\"/a/b.pbn\" --"));
+    EXPECT_EQ(shell::ParseCommandLine(arguments.CommandLine).StartFile, "/a/b.pbn");
     EXPECT_EQ(arguments.Error, "");
   }
 }

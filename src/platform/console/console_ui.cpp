@@ -25,6 +25,13 @@ const char* PromptOf(int buttons) {
   }
 }
 
+/// `text` without what could command a terminal; texts of boxes quote files.
+std::string Printable(std::string text) {
+  const auto commands = [](char c) { return (c >= 0 && c < ' ' && c != '\n') || c == '\x7F'; };
+  std::replace_if(text.begin(), text.end(), commands, '?');
+  return text;
+}
+
 int Cautious(int buttons) { return buttons == kYesAndNo ? kNo : kCancel; }
 
 /// The answer that a line gives, 0 when it gives none.
@@ -51,12 +58,14 @@ int AnswerOf(const std::string& line, int buttons) {
 int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
   ++boxesShown_;
-  terminal_.Error(title + ": " + WithoutPadding(text) + "\n");
+  terminal_.Error(Printable(title + ": " + WithoutPadding(text)) + "\n");
   const int buttons = flags & kButtons;
   if (buttons == kOnlyOk) return kOk;
   // "Try again" is no Yes: a script that met a missing machine would ask for ever.
   if (yes_) return buttons == kOkAndCancel ? kCancel : kYes;
-  return terminal_.CanAsk() ? Ask(buttons) : Cautious(buttons);
+  if (terminal_.CanAsk()) return Ask(buttons);
+  if (buttons != kOkAndCancel) terminal_.Error("There is nobody to ask; --yes would answer Yes.\n");
+  return Cautious(buttons);
 }
 
 std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
@@ -67,7 +76,7 @@ std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
   }
   const std::string question = *path + " exists already. Replace it?";
   if (MessageBox(question, kYesNoExclamation, request.Title) == kYes) return path;
-  terminal_.Error("Not replaced; --yes would.\n");
+  terminal_.Error("Not replaced.\n");
   return std::nullopt;
 }
 
