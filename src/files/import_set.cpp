@@ -3,11 +3,11 @@
 #include <memory>
 #include <utility>
 
+#include "files/format_frame.h"
 #include "files/last_used.h"
 #include "files/load_set.h"
 #include "files/pbn_import.h"
 #include "model/text_encoding.h"
-#include "platform/files.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -49,19 +49,15 @@ bool ImportFile(Program& program, history::History& history, const std::string& 
   auto imported = std::make_unique<BoardSet>();
   imported->Clear();
   ImportReport report;
-  std::optional<RuntimeError> error;
-  {
-    const Hourglass hourglass(program.Operator);
-    std::string bytes;
-    error = ReadFile(path, bytes);
-    if (!error) report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
-  }
+  const auto error = ReadUnderHourglass(program, path, [&](std::string bytes) {
+    report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
+  });
   if (error) {
     return Abort(program, "      The file cannot be read: " + error->Description + "      ");
   }
   if (!imported->Exists()) return Abort(program, ReportText(report));
   program.Set = std::move(*imported);
-  TakeLoadedSet(program, history, path);
+  TakeLoadedSet(program, history, path, "Boards imported: " + std::to_string(report.Taken));
   program.Set.BoardSetChanged = "0";
   program.ShowMessage(ReportText(report),
                       report.PassedOver.Count > 0 ? kOkExclamation : kOkInformation, kTitle);

@@ -14,7 +14,7 @@ constexpr int kTypedLimit = 999;
 LoadNumber::LoadNumber(Program& program, const Format& format)
     : lblBoardLoaded(Fill(program.Texts.Msg067, "***", std::to_string(program.Set.Count()))),
       // The set of a DUP file has numbers; they did not fit.
-      lblFormat(format.BoardNumbers == Format::Numbers::FirstAndLast
+      lblFormat(format.BoardNumbers == Format::Numbers::kFirstAndLast
                     ? program.Texts.Msg072
                     : Fill(program.Texts.Msg068, "***", format.Name)),
       lblFirstBoard(program.Texts.Msg069),

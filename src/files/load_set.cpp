@@ -18,12 +18,10 @@ namespace {
 
 /// Whether the current set may go: it has no changes, they were saved, or the operator gives it up.
 bool MayReplaceSet(Program& program, history::History& history, const std::string& title) {
-  int answer = kYes;
-  if (program.Set.Changed()) {
-    answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, title);
-    if (answer == kYes) SaveBoardSet(program, history);
-  }
-  return (answer == kYes && !program.Set.Changed()) || answer == kNo;
+  if (!program.Set.Changed()) return true;
+  const int answer = program.Ask(program.Texts.Msg062, kYesNoCancelExclamation, title);
+  if (answer == kYes) SaveBoardSet(program, history);
+  return answer == kNo || (answer == kYes && !program.Set.Changed());
 }
 
 FileRequest OpenRequest(const Program& program) {
@@ -56,7 +54,8 @@ bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& 
 
 }  // namespace
 
-void TakeLoadedSet(Program& program, history::History& history, const std::string& path) {
+void TakeLoadedSet(Program& program, history::History& history, const std::string& path,
+                   const std::string& status) {
   BoardSet& set = program.Set;
   RememberFile(program, path);
   const std::string title = NameOf(FileTitle(path));
@@ -64,7 +63,7 @@ void TakeLoadedSet(Program& program, history::History& history, const std::strin
   program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
   set.BoardSetFile = path;
   program.Operator.RefreshSet();
-  program.Status("Boards loaded: " + std::to_string(set.Count()));
+  program.Status(status);
 }
 
 bool LoadBoardSet(Program& program, history::History& history, NumberDialog& dialog,
@@ -109,7 +108,7 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
   FileNotes notes;
   const bool loaded = ReadByExtension(program, dialog, path, notes);
   if (loaded) {
-    TakeLoadedSet(program, history, path);
+    TakeLoadedSet(program, history, path, "Boards loaded: " + std::to_string(program.Set.Count()));
   } else {
     ClearSet(program);
     // A file with tags was refused for its form, of which Import asks less.

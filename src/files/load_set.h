@@ -53,7 +53,8 @@ bool ReplaceSet(Program& program, history::History& history, const SetSource& so
                 const std::string& pending);
 
 /// The end of a load that went well: the set, which came from `path`, is remembered, logged and
-/// shown.
-void TakeLoadedSet(Program& program, history::History& history, const std::string& path);
+/// shown, and `status` stands in the status bar.
+void TakeLoadedSet(Program& program, history::History& history, const std::string& path,
+                   const std::string& status);
 
 }  // namespace morvane::files

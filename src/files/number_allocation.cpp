@@ -30,8 +30,8 @@ void MoveSet(BoardSet& set, int newFirst) {
 
 bool AllocateNumbers(Program& program, NumberDialog& dialog, const Format& format,
                      const FileNumbers& numbers) {
-  if (format.BoardNumbers == Format::Numbers::EachBoard) return true;
-  if (format.BoardNumbers == Format::Numbers::FirstAndLast && Fit(numbers, program.Set.Count())) {
+  if (format.BoardNumbers == Format::Numbers::kEachBoard) return true;
+  if (format.BoardNumbers == Format::Numbers::kFirstAndLast && Fit(numbers, program.Set.Count())) {
     MoveSet(program.Set, numbers.First);
     return true;
   }

@@ -50,7 +50,7 @@ TEST(Import, AsksForTheFileAndTakesItsSet) {
   EXPECT_EQ(set.BoardSetFile, desk.Loose);
   EXPECT_EQ(set.BoardSetChanged, "0");
   EXPECT_EQ(set.At(2), Board{});
-  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Boards loaded: 1"));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Boards imported: 1"));
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(FakeUi::Box{"      Boards imported: 1      ", 64, kTitle}));
   EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Import: 3:04:05 PM", "  Import: " + desk.Loose,

@@ -180,7 +180,7 @@ TEST(MenuImport, AsksForAFileAndImportsIt) {
   desk.Ui.Files = {path};
   desk.Main.MenuImport();
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 7);
-  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Boards loaded: 1"));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Importing", "Boards imported: 1"));
   EXPECT_FALSE(desk.Main.FlowActive());
 }
 

@@ -111,7 +111,7 @@ TEST_F(Flows, AFileThatLoadRefusesIsImportedWithAReport) {
   EXPECT_EQ(desk.Boxes[1].Text,
             "Boards imported: 1\n\nBoards passed over: 1\nLine 4: board number \"0\" is not a "
             "number from 1 to 640\n\nNotes: 1\nLine 1: board 5 is incomplete: West is not given");
-  EXPECT_EQ(Text("Panel1"), "Boards loaded: 1");
+  EXPECT_EQ(Text("Panel1"), "Boards imported: 1");
   EXPECT_EQ(Text("txtFirstBoard"), "5");
   EXPECT_EQ(Text("txtCompleted"), "0");
   EXPECT_EQ(Text("txtFileName"), path);

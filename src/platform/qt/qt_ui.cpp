@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QScreen>
 #include <algorithm>
 
 #include "model/messages.h"
@@ -123,6 +124,7 @@ std::optional<std::string> QtUi::AskFile(const FileRequest& request) {
 
 void QtUi::Run(QDialog& dialog) {
   dialog.open();
+  dialog.resize(dialog.size().boundedTo(dialog.screen()->availableSize()));
   loop_.RunUntil([&dialog] { return !dialog.isVisible(); });
 }
 

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -66,7 +67,7 @@ MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(s
   all->addStretch();
   setCentralWidget(content);
   RefreshSet();
-  resize(720, 480);
+  resize(QSize(720, 480).boundedTo(screen()->availableSize()));
   RestorePlace();
 }
 
