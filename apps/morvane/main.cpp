@@ -5,6 +5,7 @@
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
+#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
@@ -56,6 +57,7 @@ int main(int argc, char** argv) {
   }
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Morvane");
+  QApplication::setWindowIcon(morvane::ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
 
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
