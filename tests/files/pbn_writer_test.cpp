@@ -208,8 +208,20 @@ TEST(PbnRoundTrip, ARepeatMarkAtTheStartOfAnEventTextIsLost) {
 
 TEST(PbnRoundTrip, AnAnalysisWithoutAnyTrickIsNone) {
   auto set = EmptySet(1, 1);
-  set->At(1).Tricks[7] = 1;
-  EXPECT_EQ(ThroughAFile(*set)->At(1).Tricks, set->At(1).Tricks);
+  set->At(1) = test::SuitBoard(1);
+  set->At(1).Tricks.fill(0);
+  const std::string text = PbnText(*set, "", true);
+  EXPECT_EQ(text.find("DoubleDummyTricks"), std::string::npos);
+  EXPECT_EQ(text.find("OptimumResultTable"), std::string::npos);
+  EXPECT_THAT(ThroughAFile(*set)->At(1).Tricks, ::testing::Each(0));
+}
+
+TEST(PbnRoundTrip, TheLowestLevelAloneIsAnAnalysisAlsoOfABoardWithoutCards) {
+  for (std::size_t i = 0; i < 20; ++i) {
+    auto set = EmptySet(1, 1);
+    set->At(1).Tricks[i] = 1;
+    EXPECT_EQ(ThroughAFile(*set)->At(1).Tricks, set->At(1).Tricks) << i;
+  }
 }
 
 }  // namespace
