@@ -200,16 +200,6 @@ TEST(BreFile, AFileThatIsMissingIsTheSystemsError) {
                                     "directory      \r\n      Load operation aborted!      ")));
 }
 
-TEST(BreFile, GivesNoNumbersOfTheSet) {
-  RecordDesk desk;
-  test::WriteContent(desk.Folder / "set.bre", kEvent + kSuitsDge);
-  desk.Prog.Set.Clear();
-  FileNotes notes;
-  EXPECT_TRUE(ReadBreFile(desk.Prog, *FindFormat("BRE"), desk.Folder / "set.bre", notes));
-  EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
-  EXPECT_EQ(desk.Prog.Set.Count(), 1);
-}
-
 TEST(BreWriter, WritesTheFileByteForByte) {
   RecordDesk desk;
   desk.TwoBoards(1);

@@ -48,7 +48,6 @@ TEST(IncompleteBoardList, TakesNumbersWhileItIsShorterThan30Characters) {
 
 TEST(IncompleteBoardList, StopsAtExactly30Characters) {
   BoardSet set;
-  // "1, 10, 11, 12, 13, 14, 100, 101": 1 + 5 x 4 + 2 x 5 = 31; without the last 26.
   MakeSet(set, 1, 110, {1, 2, 10, 11, 12, 13, 14, 15, 16, 17});
   // 1 + 3 + 6 x 4 = 28, then 16: 32.
   EXPECT_EQ(IncompleteBoardList(set), "1, 2, 10, 11, 12, 13, 14, 15, 16.... ");

@@ -172,22 +172,6 @@ TEST(FixedRecords, AMarkAtTheStartOfTheFileIsNoMark) {
               ElementsAre(LoadError(Told("Invalid character: \xC3\xAF\xC2\xBB  in record: 1"))));
 }
 
-TEST(FixedRecords, OnlyDupHasNumbersOfTheSet) {
-  for (const char* extension : {"BRI", "DGE", "ALL"}) {
-    for (const Sample& sample : Samples()) {
-      if (FindFormat(extension)->Name != sample.Name) continue;
-      RecordDesk desk;
-      test::WriteContent(desk.Folder / sample.File, sample.First);
-      desk.Prog.Set.Clear();
-      FileNotes notes;
-      EXPECT_TRUE(
-          ReadFixedRecordFile(desk.Prog, *FindFormat(extension), desk.Folder / sample.File, notes));
-      EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
-      EXPECT_EQ(desk.Prog.Set.At(1), test::SuitBoard(1));
-    }
-  }
-}
-
 TEST(FixedRecords, AFileThatIsMissingIsTheSystemsError) {
   for (const Sample& sample : Samples()) {
     RecordDesk desk;
