@@ -33,12 +33,6 @@ std::string Repeated(const std::string& record, int times) {
   return bytes;
 }
 
-void ExpectEmptySet(const BoardSet& set) {
-  EXPECT_EQ(set.FirstBoard, 1);
-  EXPECT_EQ(set.LastBoard, 0);
-  for (const Board& board : set.Boards) EXPECT_EQ(board, Board{});
-}
-
 TEST(FixedRecords, AreTheBoardsFrom1OnInFileOrder) {
   for (const Sample& sample : Samples()) {
     RecordDesk desk;
@@ -89,7 +83,7 @@ TEST(FixedRecords, AFileWithoutBytesIsEmpty) {
                 ElementsAre("  Load: " + (desk.Folder / sample.File),
                             "    Load Error: File format error: File is empty :  : Load operation "
                             "aborted!"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -99,7 +93,7 @@ TEST(FixedRecords, AFileShorterThanOneRecordHasItsRealLengthAndRecord1) {
     EXPECT_FALSE(desk.Load(sample.File, sample.First.substr(0, 50)));
     EXPECT_THAT(desk.Ui.Boxes,
                 ElementsAre(LoadError(Told("Incorrect record length = 50  in record: 1"))));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -110,7 +104,7 @@ TEST(FixedRecords, OneByteMoreThanTheRecordsIsARecordOfLength1AndFailsTheWholeLo
     EXPECT_THAT(desk.Ui.Boxes,
                 ElementsAre(LoadError(Told("Incorrect record length = 1  in record: 2"))));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -124,7 +118,7 @@ TEST(FixedRecords, TheFirstFaultyOneEndsTheLoad) {
               ElementsAre("  Load: " + (desk.Folder / "set.bri"),
                           "    Load Error: File format error: Incorrect card value: 53  in record: "
                           "2 :  : Load operation aborted!"));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FixedRecords, EveryFormatTellsTheRecordOfItsFault) {
@@ -154,7 +148,7 @@ TEST(FixedRecords, OneMoreIsTooMany) {
     EXPECT_FALSE(desk.Load(sample.File, Repeated(sample.First, 641)));
     EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(kTooMany)));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 

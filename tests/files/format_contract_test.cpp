@@ -59,7 +59,6 @@ class FormatContract : public ::testing::TestWithParam<FormatCase> {
     EXPECT_FALSE(Load());
     EXPECT_THAT(Desk.Ui.Boxes, ElementsAre(box));
     ExpectNoSet(Set());
-    EXPECT_EQ(Set().BoardSetChanged, "0");
   }
 
   static constexpr const char* kOld = "the old file\r\n";

@@ -1,4 +1,3 @@
-#include <memory>
 #include <random>
 
 #include "files/bre_file.h"
@@ -7,7 +6,7 @@
 #include "files/dge_records.h"
 #include "files/dup_records.h"
 #include "files/fixed_records.h"
-#include "files/format_contract.h"
+#include "files/sets.h"
 
 namespace morvane::files {
 namespace {
@@ -22,28 +21,17 @@ struct Codec {
 constexpr std::array<Codec, 4> kCodecs{
     {{"BRI", BriBytes}, {"DGE", DgeBytes}, {"DUP", DupBytes}, {"DEAL305", Deal305Bytes}}};
 
-std::unique_ptr<BoardSet> ClearSet() {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  return set;
-}
-
-/// Boards 1 to `count`, each card of which is missing with the chance `missing` in 8.
-std::unique_ptr<BoardSet> RandomSetOf(std::mt19937& random, int count, unsigned missing) {
-  return std::make_unique<BoardSet>(RandomSet(random, 1, count, missing));
-}
-
 TEST(RecordRoundTrip, EverySetComesBackAsItWas) {
   std::mt19937 random(20260303);
   for (int i = 0; i < 100; ++i) {
-    const auto set = RandomSetOf(random, static_cast<int>(random() % 40) + 1, 0);
+    const BoardSet set = RandomSet(random, 1, static_cast<int>(random() % 40) + 1);
     for (const Codec& codec : kCodecs) {
-      const auto back = ClearSet();
+      BoardSet back = EmptySet(1, 0);
       FileNumbers numbers;
-      ASSERT_FALSE(ParseFixedRecords(codec.Compose(*set), codec.Name, *back, numbers, kTexts));
-      EXPECT_EQ(back->LastBoard, set->LastBoard);
-      EXPECT_TRUE(back->Boards == set->Boards) << codec.Name;
-      EXPECT_EQ(numbers.Last, codec.Name == std::string("DUP") ? set->LastBoard : 0);
+      ASSERT_FALSE(ParseFixedRecords(codec.Compose(set), codec.Name, back, numbers, kTexts));
+      EXPECT_EQ(back.LastBoard, set.LastBoard);
+      EXPECT_TRUE(back.Boards == set.Boards) << codec.Name;
+      EXPECT_EQ(numbers.Last, codec.Name == std::string("DUP") ? set.LastBoard : 0);
     }
   }
 }
@@ -60,17 +48,17 @@ TEST(RecordRoundTrip, BreKeepsEventTextsAndIncompleteBoards) {
                                           "a\rb",
                                           "\"#%"};
   for (int i = 0; i < 300; ++i) {
-    const auto set = RandomSetOf(random, static_cast<int>(random() % 20) + 1,
-                                 static_cast<unsigned>(random() % 9));
-    set->EventName = texts[random() % texts.size()];
-    set->EventSite = texts[random() % texts.size()];
-    set->EventDate = texts[random() % texts.size()];
-    const auto back = ClearSet();
-    ASSERT_FALSE(ParseBre(BreBytes(*set), *back, kTexts));
-    EXPECT_TRUE(back->Boards == set->Boards);
-    EXPECT_EQ(back->EventName, set->EventName);
-    EXPECT_EQ(back->EventSite, set->EventSite);
-    EXPECT_EQ(back->EventDate, set->EventDate);
+    BoardSet set = RandomSet(random, 1, static_cast<int>(random() % 20) + 1,
+                             static_cast<unsigned>(random() % 9));
+    set.EventName = texts[random() % texts.size()];
+    set.EventSite = texts[random() % texts.size()];
+    set.EventDate = texts[random() % texts.size()];
+    BoardSet back = EmptySet(1, 0);
+    ASSERT_FALSE(ParseBre(BreBytes(set), back, kTexts));
+    EXPECT_TRUE(back.Boards == set.Boards);
+    EXPECT_EQ(back.EventName, set.EventName);
+    EXPECT_EQ(back.EventSite, set.EventSite);
+    EXPECT_EQ(back.EventDate, set.EventDate);
   }
 }
 
@@ -101,19 +89,19 @@ void ExpectSound(const BoardSet& set) {
 TEST(RecordRoundTrip, DamagedFilesAreRefusedOrMakeASoundSet) {
   std::mt19937 random(1);
   for (int i = 0; i < 2000; ++i) {
-    const auto set = RandomSetOf(random, static_cast<int>(random() % 3) + 1, 0);
+    const BoardSet set = RandomSet(random, 1, static_cast<int>(random() % 3) + 1);
     for (const Codec& codec : kCodecs) {
-      const auto back = ClearSet();
+      BoardSet back = EmptySet(1, 0);
       FileNumbers numbers;
-      const auto fault = ParseFixedRecords(Damaged(random, codec.Compose(*set)), codec.Name, *back,
-                                           numbers, kTexts);
-      EXPECT_TRUE(fault ? !fault->Text.empty() : back->Exists()) << codec.Name;
-      ExpectSound(*back);
+      const auto fault =
+          ParseFixedRecords(Damaged(random, codec.Compose(set)), codec.Name, back, numbers, kTexts);
+      EXPECT_TRUE(fault ? !fault->Text.empty() : back.Exists()) << codec.Name;
+      ExpectSound(back);
     }
-    const auto back = ClearSet();
-    const auto fault = ParseBre(Damaged(random, BreBytes(*set)), *back, kTexts);
-    EXPECT_TRUE(fault || back->Exists());
-    ExpectSound(*back);
+    BoardSet back = EmptySet(1, 0);
+    const auto fault = ParseBre(Damaged(random, BreBytes(set)), back, kTexts);
+    EXPECT_TRUE(fault || back.Exists());
+    ExpectSound(back);
   }
 }
 
