@@ -11,7 +11,6 @@
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -215,37 +214,20 @@ TEST(CsvLoad, AFaultIsToldAndNothingSurvives) {
   LoadDesk desk;
   const std::string path = FileOf(desk, SuitLine("1") + "\r\n" + SuitLine("1") + "\r\n");
   EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{Told("Invalid board number in line: 2"), 16, "Load Error"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(Told("Invalid board number in line: 2"))));
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
   EXPECT_THAT(desk.LogLines(),
               ElementsAre("  Load: " + path,
                           "    Load Error: File format error: Invalid board number in line: 2 :  : "
                           "Load operation aborted!"));
-  EXPECT_FALSE(desk.Prog.Set.Exists());
-  EXPECT_EQ(desk.Prog.Set.At(1), Board{});
-}
-
-TEST(CsvLoad, AnEmptyFileIsTold) {
-  LoadDesk desk;
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, FileOf(desk, SuitLine("1"))));
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{Told("File is empty"), 16, "Load Error"}));
-  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(CsvLoad, AFileOfAnOlderProgramNamesItsCharactersToo) {
   LoadDesk desk;
   EXPECT_FALSE(LoadFile(desk.Prog, desk.History, FileOf(desk, SuitLine("1") + "\r\n\"\xE9\"\r\n")));
-  EXPECT_EQ(desk.Ui.Boxes.at(0).Text, Told("Invalid character: \xC3\xA9  in line: 2"));
-}
-
-TEST(CsvLoad, AMissingFileIsTheSystemsError) {
-  LoadDesk desk;
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / "none.csv"));
   EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{"      Error: 2 during load operation - No such file or "
-                                      "directory      \r\n      Load operation aborted!      ",
-                                      16, "Load Error"}));
+              ElementsAre(LoadError(Told("Invalid character: \xC3\xA9  in line: 2"))));
 }
 
 }  // namespace

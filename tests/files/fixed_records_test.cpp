@@ -1,13 +1,10 @@
 #include "files/fixed_records.h"
 
-#include <filesystem>
-
 #include "files/record_desk.h"
 
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -164,57 +161,6 @@ TEST(FixedRecords, AMarkAtTheStartOfTheFileIsNoMark) {
   EXPECT_FALSE(desk.Load("set.bri", "\xEF\xBB\xBF" + BriRecord(kSuitsBri)));
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(LoadError(Told("Invalid character: \xC3\xAF\xC2\xBB  in record: 1"))));
-}
-
-TEST(FixedRecords, AFileThatIsMissingIsTheSystemsError) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(LoadError("      Error: 2 during load operation - No such file or "
-                                      "directory      \r\n      Load operation aborted!      ")));
-    EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Ready"));
-  }
-}
-
-TEST(FixedRecordSave, EachFormatRefusesIncompleteBoardsInItsName) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(1);
-    desk.Prog.Set.At(2).Cards[52] = 0;
-    AnalyzeBoard(desk.Prog.Set.At(2));
-    EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 2 is", sample.Name)));
-    EXPECT_FALSE(std::filesystem::exists(desk.Folder / sample.File));
-  }
-}
-
-TEST(FixedRecordSave, AnotherAnswerThanYesLeavesTheFileAlone) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(2);
-    EXPECT_TRUE(desk.Store.Set(kSaveEvent, "1"));
-    test::WriteContent(desk.Folder / sample.File, "old");
-    desk.Ui.Answers = {kNo};
-    EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
-    EXPECT_TRUE(desk.Ui.Boxes[0].Text.starts_with("      " + std::string(sample.Name) +
-                                                  " format does not support Event Name,"));
-    EXPECT_EQ(test::Content(desk.Folder / sample.File), "old");
-  }
-}
-
-TEST(FixedRecordSave, AFolderThatIsMissingIsTheSystemsError) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(1);
-    EXPECT_FALSE(
-        SaveFile(desk.Prog, desk.History, desk.Folder / ("none/" + std::string(sample.File))));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(FakeUi::Box{"      Error: 2 during save operation - No such file or "
-                                        "directory      \r\n      Save operation aborted!      ",
-                                        16, "Save Error"}));
-  }
 }
 
 }  // namespace

@@ -135,47 +135,6 @@ BoardSet ThroughAFile(const BoardSet& set) {
   return back;
 }
 
-BoardSet AnySet(std::mt19937& random) {
-  const int first = static_cast<int>(random() % 640) + 1;
-  const int last = std::min(640, first + static_cast<int>(random() % 40));
-  const unsigned missing = random() % 3 == 0 ? static_cast<unsigned>(random() % 9) : 0;
-  BoardSet set = RandomSet(random, first, last, missing);
-  set.EventName = "Caf\xC3\xA9 \xC5\x81 " + std::to_string(random() % 100);
-  set.EventSite = random() % 2 == 0 ? "" : "Hall, no. 3 (east)";
-  set.EventDate = "2026.03.03";
-  for (int n = first; n <= last; ++n) {
-    set.At(n).Dealer = static_cast<std::uint8_t>(random() % 4 + 1);
-    set.At(n).Vul = static_cast<std::uint8_t>(random() % 4 + 1);
-    if (random() % 2 == 0) continue;
-    for (std::size_t i = 0; i < 20; ++i) {
-      set.At(n).Tricks[i] = static_cast<std::uint8_t>(random() % 8);
-    }
-  }
-  return set;
-}
-
-TEST(PbnRoundTrip, EverySetComesBackAsItWas) {
-  std::mt19937 random(20260303);
-  for (int i = 0; i < 300; ++i) {
-    const BoardSet set = AnySet(random);
-    const BoardSet back = ThroughAFile(set);
-    ASSERT_EQ(back.FirstBoard, set.FirstBoard);
-    ASSERT_EQ(back.LastBoard, set.LastBoard);
-    EXPECT_EQ(back.EventName, set.EventName);
-    EXPECT_EQ(back.EventSite, set.EventSite);
-    EXPECT_EQ(back.EventDate, set.EventDate);
-    for (int n = 1; n <= kMaxBoards; ++n) ASSERT_EQ(back.At(n), set.At(n)) << i << ": " << n;
-  }
-}
-
-TEST(PbnRoundTrip, TheFullSetOf640BoardsComesBack) {
-  std::mt19937 random(640);
-  const BoardSet set = RandomSet(random, 1, 640);
-  const BoardSet back = ThroughAFile(set);
-  EXPECT_EQ(back.Count(), 640);
-  EXPECT_TRUE(back.Boards == set.Boards);
-}
-
 TEST(PbnRoundTrip, ARepeatMarkAtTheStartOfAnEventTextIsLost) {
   BoardSet set = EmptySet(1, 1);
   set.EventName = "#1 Club";
