@@ -73,10 +73,7 @@ inline void TakeEvents(const FormatCase& format, const BoardSet& set, BoardSet& 
 /// The set that a file of `set` gives, where it `ComesBack`.
 inline BoardSet Back(const FormatCase& format, const BoardSet& set) {
   const int moved = KeepsNumbers(format, set) ? 0 : set.FirstBoard - 1;
-  BoardSet back;
-  back.Clear();
-  back.FirstBoard = static_cast<std::int16_t>(Is(format, "CSV") ? 1 : set.FirstBoard - moved);
-  back.LastBoard = static_cast<std::int16_t>(set.LastBoard - moved);
+  BoardSet back = EmptySet(Is(format, "CSV") ? 1 : set.FirstBoard - moved, set.LastBoard - moved);
   TakeEvents(format, set, back);
   for (int n = set.FirstBoard; n <= set.LastBoard; ++n) {
     Board& board = back.At(n - moved);
