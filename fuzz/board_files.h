@@ -27,6 +27,16 @@ inline void RequireNumberedByPlace(const BoardSet& set) {
   for (int n = set.LastBoard + 1; n <= kMaxBoards; ++n) Require(set.At(n) == Board{});
 }
 
+/// `again` holds the boards of `set`, which were in a PBN file.
+inline void RequireSameBoards(const BoardSet& set, const BoardSet& again) {
+  Require(again.FirstBoard == set.FirstBoard && again.LastBoard == set.LastBoard);
+  for (int n = set.FirstBoard; n <= set.LastBoard; ++n) {
+    Require(again.At(n).Cards == set.At(n).Cards && again.At(n).Tricks == set.At(n).Tricks);
+    Require(again.At(n).Dealer == BoardDealer(set.At(n), n));
+    Require(again.At(n).Vul == BoardVul(set.At(n), n));
+  }
+}
+
 inline void RequireFormatError(const FormatFault& fault) {
   const std::string told = FaultText(fault);
   Require(told.starts_with("      File format error     \r\n"));

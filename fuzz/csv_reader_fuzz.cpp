@@ -1,27 +1,40 @@
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "board_files.h"
 #include "files/csv_file.h"
 #include "model/text_encoding.h"
+#include "model/text_lines.h"
 
 namespace {
 
 using namespace morvane;
 using namespace morvane::files;
 
-void RequireSound(const BoardSet& set) {
-  Require(set.FirstBoard == 1 && set.LastBoard >= 2 && set.LastBoard <= kMaxBoards);
-  for (int n = 0; n <= kMaxBoards; ++n) {
-    const Board& board = set.At(n);
-    if (board.Number == 0) {
-      Require(board == Board{});
-      continue;
-    }
-    Require(n >= 1 && n <= set.LastBoard);
+/// The boards of the lines before a fault, or of all lines, stand at their numbers and end with the
+/// last one.
+void RequireSound(const BoardSet& set, int lines) {
+  Require(set.FirstBoard == 1 && set.LastBoard >= 0 && set.LastBoard <= kMaxBoards);
+  Require(set.At(0) == Board{} && (lines == 0) == (set.LastBoard == 0));
+  int boards = 0;
+  for (int n = 1; n <= kMaxBoards; ++n) {
+    if (set.At(n) == Board{}) continue;
+    Require(n <= set.LastBoard);
     RequireBoard(set, n);
+    ++boards;
   }
+  Require(boards == lines && (lines == 0 || set.At(set.LastBoard).Number == set.LastBoard));
+  Require((set.EventName + set.EventSite + set.EventDate).empty());
+}
+
+int LinesOf(std::string_view text) {
+  Lines lines(text);
+  int count = 0;
+  for (std::string_view line; lines.Next(line);) ++count;
+  return count;
 }
 
 /// A set that was read is written and read again; the cards must be the same.
@@ -41,11 +54,15 @@ void RequireSameAfterRoundTrip(const BoardSet& set, const Messages& texts) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Messages texts = InitMessages();
   const auto set = ClearSet();
-  const auto fault = ParseCsv(DecodeText(std::string(data, data + size)), *set, texts);
+  const std::string text = DecodeText(std::string(data, data + size));
+  const auto fault = ParseCsv(text, *set, texts);
   if (fault) {
     RequireFormatError(*fault);
+    RequireSound(*set, std::max(fault->At - 1, 0));
   } else {
-    RequireSound(*set);
+    const int lines = LinesOf(text);
+    Require(lines >= 2);
+    RequireSound(*set, lines);
     RequireSameAfterRoundTrip(*set, texts);
   }
   return 0;

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 
 #include "machine/wire/frame.h"
 #include "simulator/simulated_machine.h"
+#include "support.h"
 
 namespace {
 
@@ -31,16 +31,14 @@ void CheckReplies(simulator::SimulatedMachine& machine, UsbXpress::Handle handle
     machine::Frame frame{};
     machine.Read(handle, std::span(frame).first(machine::kShortFrame), read);
     if (read == 0) return;
-    if (read != machine::kShortFrame) std::abort();
+    Require(read == machine::kShortFrame);
     const auto code = static_cast<std::uint8_t>(frame[0] ^ frame[machine::kCheckByte] ^ 0xFFU);
     const std::size_t size = machine::FrameSize(code);
     if (size == machine::kLongFrame) {
       machine.Read(handle, std::span(frame).subspan(machine::kPayload), read);
-      if (read != machine::kLongFrame - machine::kPayload) std::abort();
+      Require(read == machine::kLongFrame - machine::kPayload);
     }
-    if (!machine::Unscramble(std::span(frame).first(size), machine::kStepFromMachine)) {
-      std::abort();
-    }
+    Require(machine::Unscramble(std::span(frame).first(size), machine::kStepFromMachine));
   }
 }
 
@@ -86,7 +84,7 @@ void FeedPlain(std::span<const std::uint8_t> bytes) {
   }
   std::size_t cards = 0;
   for (const auto& pile : machine.CardsByPocket()) cards += pile.size();
-  if (cards > simulator::Pile::kCapacity) std::abort();
+  Require(cards <= simulator::Pile::kCapacity);
 }
 
 void Decode(std::span<const std::uint8_t> bytes) {
@@ -98,7 +96,7 @@ void Decode(std::span<const std::uint8_t> bytes) {
   const std::span<std::uint8_t> wire = std::span(frame).first(size);
   if (!machine::Unscramble(wire, machine::kStepFromMachine)) return;
   machine::Scramble(wire, machine::kStepFromMachine);
-  if (!std::equal(wire.begin(), wire.end(), bytes.begin())) std::abort();
+  Require(std::equal(wire.begin(), wire.end(), bytes.begin()));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "board_files.h"
 #include "files/capability_checks.h"
 #include "files/import_event_text.h"
 #include "files/pbn_import.h"
@@ -13,7 +14,6 @@
 #include "files/pbn_writer.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
-#include "support.h"
 
 namespace {
 
@@ -44,15 +44,6 @@ void RequireRightSet(const BoardSet& set) {
     Board derived = set.At(n);
     AnalyzeBoard(derived);
     Require(derived == set.At(n) && (derived.Number == n || derived == Board{}));
-  }
-}
-
-void RequireSameBoards(const BoardSet& set, const BoardSet& again) {
-  Require(again.FirstBoard == set.FirstBoard && again.LastBoard == set.LastBoard);
-  for (int n = set.FirstBoard; n <= set.LastBoard; ++n) {
-    Require(again.At(n).Cards == set.At(n).Cards && again.At(n).Tricks == set.At(n).Tricks);
-    Require(again.At(n).Dealer == BoardDealer(set.At(n), n));
-    Require(again.At(n).Vul == BoardVul(set.At(n), n));
   }
 }
 

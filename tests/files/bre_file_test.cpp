@@ -1,6 +1,5 @@
 #include "files/bre_file.h"
 
-#include <filesystem>
 #include <memory>
 
 #include "files/dge_records.h"
@@ -10,7 +9,6 @@
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -106,9 +104,7 @@ TEST(BreFile, ABlankFourthLineFailsWithoutAWord) {
     EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Ready"));
     EXPECT_THAT(desk.LogLines(), ElementsAre("  Load: " + (desk.Folder / "set.bre")));
-    EXPECT_FALSE(desk.Prog.Set.Exists());
-    EXPECT_EQ(desk.Prog.Set.EventName, "");
-    EXPECT_EQ(desk.Prog.Set.BoardSetFile, "");
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -159,7 +155,7 @@ TEST(BreFile, AFaultInTheFourthLineIsToldForLine4) {
               ElementsAre("  Load: " + (desk.Folder / "set.bre"),
                           "    Load Error: File format error: Unexpected charater at position:  1  "
                           "in line: 4 :  : Load operation aborted!"));
-  EXPECT_FALSE(desk.Prog.Set.Exists());
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(BreFile, BlankLinesCountInTheNumberOfALine) {
@@ -190,24 +186,6 @@ TEST(BreFile, MoreThan640BoardsAreTooManyRecords) {
   EXPECT_EQ(set->LastBoard, 640);
   EXPECT_EQ(set->At(640), test::RoundBoard(640));
   EXPECT_EQ(FaultOf(LinesOf(641)), kTooMany);
-}
-
-TEST(BreFile, AFileThatIsMissingIsTheSystemsError) {
-  RecordDesk desk;
-  EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / "none.bre"));
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(LoadError("      Error: 2 during load operation - No such file or "
-                                    "directory      \r\n      Load operation aborted!      ")));
-}
-
-TEST(BreFile, GivesNoNumbersOfTheSet) {
-  RecordDesk desk;
-  test::WriteContent(desk.Folder / "set.bre", kEvent + kSuitsDge);
-  desk.Prog.Set.Clear();
-  FileNotes notes;
-  EXPECT_TRUE(ReadBreFile(desk.Prog, *FindFormat("BRE"), desk.Folder / "set.bre", notes));
-  EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
-  EXPECT_EQ(desk.Prog.Set.Count(), 1);
 }
 
 TEST(BreWriter, WritesTheFileByteForByte) {
@@ -253,30 +231,32 @@ TEST(BreWriter, EventTextsAreWindows1252WherePossibleAndElseUtf8) {
   EXPECT_TRUE(desk.Saved("set.bre").starts_with("Caf\xC3\xA9\r\n\xC5\x81\r\n\r\n\006AKQ"));
 }
 
-TEST(BreWriter, ASetFromBoard5ComesBackAtBoard1) {
-  RecordDesk desk;
-  desk.TwoBoards(5);
-  EXPECT_EQ(desk.Saved("set.bre"), "\r\n\r\n\r\n" + kSuitsDge + "\r\n" + kRoundDge + "\r\n");
-  EXPECT_TRUE(LoadFile(desk.Prog, desk.History, desk.Folder / "set.bre"));
-  EXPECT_EQ(desk.Prog.Set.FirstBoard, 1);
-  EXPECT_EQ(desk.Prog.Set.At(2), test::RoundBoard(2));
-}
-
-TEST(BreWriter, AsksAboutIncompleteBoardsAndWritesOnlyOnAYes) {
-  for (const int answer : {kNo, kYes}) {
-    RecordDesk desk;
-    EXPECT_TRUE(desk.Store.Set(kSaveIncomplete, "1"));
-    desk.TwoBoards(1);
-    desk.Prog.Set.At(1) = Board{};
-    desk.Ui.Answers = {answer};
-    EXPECT_EQ(SaveFile(desk.Prog, desk.History, desk.Folder / "set.bre"), answer == kYes);
-    EXPECT_THAT(
-        desk.Ui.Boxes,
-        ElementsAre(FakeUi::Box{"      Board number: 1 is incomplete.      \r\n      Incomplete "
-                                "boards can be saved in BRE format.      \r\n\r\n      Do you want "
-                                "to proceed?      \r\n",
-                                52, "Save Board Set"}));
-    EXPECT_EQ(std::filesystem::exists(desk.Folder / "set.bre"), answer == kYes);
+TEST(BreRoundTrip, TheThreeEventTextsComeBackWhateverTheirCharacters) {
+  // Together they have one encoding, so that what one of them holds decides for all.
+  const std::vector<std::string> texts = {"",
+                                          "Evening",
+                                          "Caf\xC3\xA9",
+                                          "\xC3\x83\xC2\xA9",
+                                          "\xE2\x82\xAC",
+                                          "\xC5\x81",
+                                          "\xEF\xBB\xBFx",
+                                          "a\rb",
+                                          "\"#%"};
+  BoardSet set = EmptySet(1, 1);
+  set.At(1) = test::SuitBoard(1);
+  for (const std::string& name : texts) {
+    for (const std::string& site : texts) {
+      for (const std::string& date : texts) {
+        set.EventName = name;
+        set.EventSite = site;
+        set.EventDate = date;
+        const auto back = SetOf(BreBytes(set));
+        EXPECT_EQ(back->EventName, name);
+        EXPECT_EQ(back->EventSite, site);
+        EXPECT_EQ(back->EventDate, date);
+        EXPECT_EQ(back->At(1), set.At(1));
+      }
+    }
   }
 }
 

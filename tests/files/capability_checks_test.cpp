@@ -6,7 +6,6 @@
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using test::TestDesk;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -48,7 +47,6 @@ TEST(IncompleteBoardList, TakesNumbersWhileItIsShorterThan30Characters) {
 
 TEST(IncompleteBoardList, StopsAtExactly30Characters) {
   BoardSet set;
-  // "1, 10, 11, 12, 13, 14, 100, 101": 1 + 5 x 4 + 2 x 5 = 31; without the last 26.
   MakeSet(set, 1, 110, {1, 2, 10, 11, 12, 13, 14, 15, 16, 17});
   // 1 + 3 + 6 x 4 = 28, then 16: 32.
   EXPECT_EQ(IncompleteBoardList(set), "1, 2, 10, 11, 12, 13, 14, 15, 16.... ");
@@ -60,47 +58,27 @@ TEST(IncompleteBoardList, StopsAtExactly30Characters) {
   EXPECT_EQ(IncompleteBoardList(set), "10, 11, 12, 13, 14, 15, 16, 17.... ");
 }
 
-TEST(IncompleteBoards, AFormatThatCannotHoldThemRefuses) {
-  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "CSV"}) {
-    TestDesk desk;
-    const std::string name(FindFormat(extension)->Name);
-    EXPECT_FALSE(Asks(desk, extension, "640"));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 640 is", name)));
-    EXPECT_THAT(desk.LogLines(),
-                ElementsAre("    Save Error: Board number: 640 is incomplete. : This Board Set "
-                            "cannot be saved in " +
-                            name +
-                            " format. : If you need to save this Board Set please use PBN or BRE "
-                            "format. : "));
-  }
-}
-
-TEST(IncompleteBoards, MoreThanThreeCharactersAreSeveralBoards) {
+TEST(IncompleteBoards, UpToThreeCharactersAreOneBoardAndMoreAreSeveral) {
   TestDesk desk;
-  EXPECT_FALSE(Asks(desk, "DUP", "1, 2"));
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Boards number: 1, 2 are", "DUP")));
+  EXPECT_FALSE(Asks(desk, "ALL", "640"));
+  EXPECT_FALSE(Asks(desk, "ALL", "1, 2"));
+  EXPECT_FALSE(Asks(desk, "PBN", "640"));
+  EXPECT_FALSE(Asks(desk, "PBN", "1, 2"));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 640 is", "DEAL305"),
+                                         Refusal("Boards number: 1, 2 are", "DEAL305"),
+                                         IncompleteQuestion("Board number: 640 is", "PBN"),
+                                         IncompleteQuestion("Boards number: 1, 2 are", "PBN")));
 }
 
-TEST(IncompleteBoards, AFormatThatHoldsThemAsks) {
-  for (const char* format : {"PBN", "BRE"}) {
-    TestDesk desk;
-    desk.Prog.Set.FirstBoard = 1;
-    desk.Ui.Answers = {kYes, kNo};
-    EXPECT_TRUE(Asks(desk, format, "640"));
-    EXPECT_FALSE(Asks(desk, format, "1, 2"));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(IncompleteQuestion("Board number: 640 is", format),
-                                           IncompleteQuestion("Boards number: 1, 2 are", format)));
-    EXPECT_THAT(desk.LogLines(), IsEmpty());
-  }
-}
-
-TEST(IncompleteBoards, WithoutTheSettingNoQuestionIsAsked) {
+TEST(IncompleteBoards, ARefusalIsLoggedAndAQuestionIsNot) {
   TestDesk desk;
-  desk.Store.Set(kSaveIncomplete, "0");
-  EXPECT_TRUE(Asks(desk, "PBN", "1, 2"));
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-  // The setting does not help where the format can't hold them.
-  EXPECT_FALSE(Asks(desk, "DGE", "1, 2"));
+  EXPECT_FALSE(Asks(desk, "DUP", "640"));
+  EXPECT_FALSE(Asks(desk, "PBN", "640"));
+  EXPECT_THAT(
+      desk.LogLines(),
+      ElementsAre("    Save Error: Board number: 640 is incomplete. : This Board Set cannot be "
+                  "saved in DUP format. : If you need to save this Board Set please use PBN or BRE "
+                  "format. : "));
 }
 
 TEST(IncompleteBoards, ASettingIsOnOnlyWhenItsTextIsOne) {
@@ -108,65 +86,6 @@ TEST(IncompleteBoards, ASettingIsOnOnlyWhenItsTextIsOne) {
   desk.Store.Set(kSaveIncomplete, " 1");
   EXPECT_TRUE(Asks(desk, "PBN", "1, 2"));
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-}
-
-TEST(EventWarning, ComesWithEveryFormatWithoutEventTextsAlsoWhenTheyAreEmpty) {
-  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "CSV"}) {
-    TestDesk desk;
-    desk.Prog.Set.FirstBoard = 1;
-    desk.Ui.Answers = {kYes, kNo};
-    const FakeUi::Box box = EventWarning(std::string(FindFormat(extension)->Name));
-    EXPECT_TRUE(Asks(desk, extension));
-    EXPECT_FALSE(Asks(desk, extension));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(box, box));
-    desk.Store.Set(kSaveEvent, "0");
-    EXPECT_TRUE(Asks(desk, extension));
-    EXPECT_EQ(desk.Ui.Boxes.size(), 2U);
-  }
-}
-
-TEST(NumbersWarning, ComesWithFormatsWithoutNumbersWhenTheSetStartsLater) {
-  for (const char* extension : {"BRI", "DGE", "ALL"}) {
-    TestDesk desk;
-    desk.Prog.Set.FirstBoard = 2;
-    desk.Ui.Answers = {kYes, kYes, kYes, kNo};
-    const std::string name(FindFormat(extension)->Name);
-    EXPECT_TRUE(Asks(desk, extension));
-    EXPECT_FALSE(Asks(desk, extension));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(EventWarning(name), NumbersWarning(name),
-                                           EventWarning(name), NumbersWarning(name)));
-  }
-  TestDesk desk;
-  desk.Prog.Set.FirstBoard = 2;
-  desk.Ui.Answers = {kYes};
-  EXPECT_TRUE(Asks(desk, "BRE"));
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(NumbersWarning("BRE")));
-}
-
-TEST(NumbersWarning, ComesNeitherFromBoard1NorWithoutTheSetting) {
-  TestDesk desk;
-  desk.Prog.Set.FirstBoard = 1;
-  EXPECT_TRUE(Asks(desk, "BRE"));
-  desk.Prog.Set.FirstBoard = 2;
-  desk.Store.Set(kSaveNumbers, "0");
-  EXPECT_TRUE(Asks(desk, "BRE"));
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-}
-
-TEST(NumbersWarning, DupCsvAndPbnCarryNumbers) {
-  TestDesk desk;
-  desk.Prog.Set.FirstBoard = 2;
-  desk.Store.Set(kSaveEvent, "0");
-  for (const char* format : {"DUP", "CSV", "PBN"}) EXPECT_TRUE(Asks(desk, format));
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-}
-
-TEST(Questions, TheFirstNoEndsThem) {
-  TestDesk desk;
-  desk.Prog.Set.FirstBoard = 2;
-  desk.Ui.Answers = {kNo};
-  EXPECT_FALSE(Asks(desk, "BRI"));
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(EventWarning("BRI")));
 }
 
 TEST(PbnCharacters, EachForbiddenOneIsFoundInEachText) {
@@ -181,26 +100,13 @@ TEST(PbnCharacters, EachForbiddenOneIsFoundInEachText) {
   }
 }
 
-TEST(PbnCharacters, StopAPbnSaveOnly) {
-  TestDesk desk;
-  desk.Prog.Set.FirstBoard = 1;
-  desk.Prog.Set.EventSite = "[Hall]";
-  EXPECT_TRUE(Asks(desk, "BRE"));
-  EXPECT_FALSE(Asks(desk, "PBN"));
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{"      In PBN format characters []{};\"% are not allowed in "
-                                      "the Event Name, Event Site and Event Date fields      ",
-                                      16, "Save Error"}));
-}
-
 TEST(PbnCharacters, ComeAfterTheQuestionAboutIncompleteBoards) {
   TestDesk desk;
   desk.Prog.Set.EventDate = "50%";
   desk.Ui.Answers = {kYes};
   EXPECT_FALSE(Asks(desk, "PBN", "7"));
-  ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
-  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Save Board Set");
-  EXPECT_EQ(desk.Ui.Boxes[1].Title, "Save Error");
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(IncompleteQuestion("Board number: 7 is", "PBN"), ForbiddenCharacters()));
 }
 
 }  // namespace

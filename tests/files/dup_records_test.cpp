@@ -96,12 +96,11 @@ TEST(DupRecord, AShortOneEndsInOneOfItsFields) {
 }
 
 FileNumbers NumbersOf(const std::string& bytes) {
-  const auto set = std::make_unique<BoardSet>();
-  set->Clear();
+  BoardSet set = EmptySet(1, 0);
   FileNumbers numbers;
-  EXPECT_FALSE(ParseFixedRecords(bytes, "DUP", *set, numbers, kTexts));
-  EXPECT_EQ(set->FirstBoard, 1);
-  EXPECT_EQ(set->LastBoard, 3);
+  EXPECT_FALSE(ParseFixedRecords(bytes, "DUP", set, numbers, kTexts));
+  EXPECT_EQ(set.FirstBoard, 1);
+  EXPECT_EQ(set.LastBoard, 3);
   return numbers;
 }
 

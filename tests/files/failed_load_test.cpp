@@ -15,17 +15,6 @@ FakeUi::Box UnknownFormat(const std::string& extension) {
       16, "Load Error"};
 }
 
-void ExpectEmptySet(const BoardSet& set) {
-  EXPECT_EQ(set.FirstBoard, 1);
-  EXPECT_EQ(set.LastBoard, 0);
-  EXPECT_EQ(set.CurrentBoard, 1);
-  EXPECT_FALSE(set.Exists());
-  EXPECT_EQ(set.BoardSetFile, "");
-  EXPECT_EQ(set.EventName + set.EventSite + set.EventDate, "");
-  EXPECT_EQ(set.BoardSetChanged, "0");
-  for (const Board& board : set.Boards) EXPECT_EQ(board, Board{});
-}
-
 TEST(FailedLoad, AnUnknownExtensionIsNamedAndTheOldSetIsLost) {
   LoadDesk desk;
   desk.Ui.Files = {desk.Folder / "set.old.xyz"};
@@ -35,7 +24,7 @@ TEST(FailedLoad, AnUnknownExtensionIsNamedAndTheOldSetIsLost) {
   EXPECT_THAT(desk.LogLines(),
               ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "set.old.xyz"),
                           "    Load Error: Unknow file format: XYZ : Load operation aborted!"));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
   EXPECT_FALSE(desk.Store.Has(kInitFormat));
   EXPECT_FALSE(desk.Store.Has(kInitDirectory));
 }
@@ -46,7 +35,7 @@ TEST(FailedLoad, ANameWithoutADotHasNothingInItsPlace) {
   desk.Ui.Files = {desk.Folder / "club.pbn/two"};  // the dot of a folder does not count
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
@@ -56,7 +45,7 @@ TEST(FailedLoad, ALogIsUnknownWithoutServiceLevelAndHasNothingInItsPlace) {
   desk.Ui.Files = {path};
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, APendingNamesTitleStandsBehindItsLastSeparator) {
@@ -88,7 +77,7 @@ TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
   EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
   EXPECT_TRUE(desk.Ui.Boxes.at(0).Text.ends_with(
       "line2      \" in line: 2      \r\n\r\n      Load operation aborted!      "));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, AMissingFileIsTheSystemsError) {
@@ -101,7 +90,7 @@ TEST(FailedLoad, AMissingFileIsTheSystemsError) {
               ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + (desk.Folder / "none.pbn"),
                           "    Load Error: Error: 2 during load operation - No such file or "
                           "directory : Load operation aborted!"));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, ADirectoryIsTheSystemsError) {
@@ -110,7 +99,7 @@ TEST(FailedLoad, ADirectoryIsTheSystemsError) {
   desk.Ui.Files = {desk.Folder / "x.pbn"};
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("21", "Is a directory")));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
@@ -119,7 +108,7 @@ TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
   desk.Ui.Files = {desk.Folder / "x.pbn"};
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("5", "Input/output error")));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
@@ -134,7 +123,7 @@ TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
 TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
   LoadDesk desk;
   const std::string path = desk.Folder / "bad.pbn";
-  test::WriteContent(path, std::string(kTwoBoards) + "[Board \"641\"]\r\n");
+  test::WriteContent(path, kTwoBoards + "[Board \"641\"]\r\n");
   desk.Ui.Files = {path};
   desk.Load();
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(Told("Invalid board number in line: 8"))));
@@ -145,7 +134,7 @@ TEST(FailedLoad, AFaultInTheFileNamesItsLineAndNothingSurvives) {
               ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + path,
                           "    Load Error: File format error: Invalid board number in line: 8 :  : "
                           "Load operation aborted!"));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
@@ -156,7 +145,7 @@ TEST(FailedLoad, AFileWithoutBytesOrWithAMarkAloneIsEmpty) {
     EXPECT_FALSE(LoadFile(desk.Prog, desk.History, path));
     EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(kFileIsEmpty)));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 

@@ -45,6 +45,13 @@ inline test::FakeUi::Box IncompleteQuestion(const std::string& boards, const std
           52, "Save Board Set"};
 }
 
+inline test::FakeUi::Box ForbiddenCharacters() {
+  return {
+      "      In PBN format characters []{};\"% are not allowed in the Event Name, Event Site and "
+      "Event Date fields      ",
+      16, "Save Error"};
+}
+
 inline test::FakeUi::Box EventWarning(const std::string& format) {
   return {"      " + format +
               " format does not support Event Name, Event Site and Event Date Information.      "

@@ -1,13 +1,10 @@
 #include "files/fixed_records.h"
 
-#include <filesystem>
-
 #include "files/record_desk.h"
 
 namespace morvane::files {
 namespace {
 
-using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -31,12 +28,6 @@ std::string Repeated(const std::string& record, int times) {
   std::string bytes;
   for (int i = 0; i < times; ++i) bytes += record;
   return bytes;
-}
-
-void ExpectEmptySet(const BoardSet& set) {
-  EXPECT_EQ(set.FirstBoard, 1);
-  EXPECT_EQ(set.LastBoard, 0);
-  for (const Board& board : set.Boards) EXPECT_EQ(board, Board{});
 }
 
 TEST(FixedRecords, AreTheBoardsFrom1OnInFileOrder) {
@@ -89,7 +80,7 @@ TEST(FixedRecords, AFileWithoutBytesIsEmpty) {
                 ElementsAre("  Load: " + (desk.Folder / sample.File),
                             "    Load Error: File format error: File is empty :  : Load operation "
                             "aborted!"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -99,7 +90,7 @@ TEST(FixedRecords, AFileShorterThanOneRecordHasItsRealLengthAndRecord1) {
     EXPECT_FALSE(desk.Load(sample.File, sample.First.substr(0, 50)));
     EXPECT_THAT(desk.Ui.Boxes,
                 ElementsAre(LoadError(Told("Incorrect record length = 50  in record: 1"))));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -110,7 +101,7 @@ TEST(FixedRecords, OneByteMoreThanTheRecordsIsARecordOfLength1AndFailsTheWholeLo
     EXPECT_THAT(desk.Ui.Boxes,
                 ElementsAre(LoadError(Told("Incorrect record length = 1  in record: 2"))));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -124,7 +115,7 @@ TEST(FixedRecords, TheFirstFaultyOneEndsTheLoad) {
               ElementsAre("  Load: " + (desk.Folder / "set.bri"),
                           "    Load Error: File format error: Incorrect card value: 53  in record: "
                           "2 :  : Load operation aborted!"));
-  ExpectEmptySet(desk.Prog.Set);
+  ExpectNoSet(desk.Prog.Set);
 }
 
 TEST(FixedRecords, EveryFormatTellsTheRecordOfItsFault) {
@@ -154,7 +145,7 @@ TEST(FixedRecords, OneMoreIsTooMany) {
     EXPECT_FALSE(desk.Load(sample.File, Repeated(sample.First, 641)));
     EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadError(kTooMany)));
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Load operation aborted", "Ready"));
-    ExpectEmptySet(desk.Prog.Set);
+    ExpectNoSet(desk.Prog.Set);
   }
 }
 
@@ -170,73 +161,6 @@ TEST(FixedRecords, AMarkAtTheStartOfTheFileIsNoMark) {
   EXPECT_FALSE(desk.Load("set.bri", "\xEF\xBB\xBF" + BriRecord(kSuitsBri)));
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(LoadError(Told("Invalid character: \xC3\xAF\xC2\xBB  in record: 1"))));
-}
-
-TEST(FixedRecords, OnlyDupHasNumbersOfTheSet) {
-  for (const char* extension : {"BRI", "DGE", "ALL"}) {
-    for (const Sample& sample : Samples()) {
-      if (FindFormat(extension)->Name != sample.Name) continue;
-      RecordDesk desk;
-      test::WriteContent(desk.Folder / sample.File, sample.First);
-      desk.Prog.Set.Clear();
-      FileNotes notes;
-      EXPECT_TRUE(
-          ReadFixedRecordFile(desk.Prog, *FindFormat(extension), desk.Folder / sample.File, notes));
-      EXPECT_EQ(notes.Numbers.First + notes.Numbers.Last, 0);
-      EXPECT_EQ(desk.Prog.Set.At(1), test::SuitBoard(1));
-    }
-  }
-}
-
-TEST(FixedRecords, AFileThatIsMissingIsTheSystemsError) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    EXPECT_FALSE(LoadFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(LoadError("      Error: 2 during load operation - No such file or "
-                                      "directory      \r\n      Load operation aborted!      ")));
-    EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Ready"));
-  }
-}
-
-TEST(FixedRecordSave, EachFormatRefusesIncompleteBoardsInItsName) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(1);
-    desk.Prog.Set.At(2).Cards[52] = 0;
-    AnalyzeBoard(desk.Prog.Set.At(2));
-    EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Board number: 2 is", sample.Name)));
-    EXPECT_FALSE(std::filesystem::exists(desk.Folder / sample.File));
-  }
-}
-
-TEST(FixedRecordSave, AnotherAnswerThanYesLeavesTheFileAlone) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(2);
-    EXPECT_TRUE(desk.Store.Set(kSaveEvent, "1"));
-    test::WriteContent(desk.Folder / sample.File, "old");
-    desk.Ui.Answers = {kNo};
-    EXPECT_FALSE(SaveFile(desk.Prog, desk.History, desk.Folder / sample.File));
-    ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
-    EXPECT_TRUE(desk.Ui.Boxes[0].Text.starts_with("      " + std::string(sample.Name) +
-                                                  " format does not support Event Name,"));
-    EXPECT_EQ(test::Content(desk.Folder / sample.File), "old");
-  }
-}
-
-TEST(FixedRecordSave, AFolderThatIsMissingIsTheSystemsError) {
-  for (const Sample& sample : Samples()) {
-    RecordDesk desk;
-    desk.TwoBoards(1);
-    EXPECT_FALSE(
-        SaveFile(desk.Prog, desk.History, desk.Folder / ("none/" + std::string(sample.File))));
-    EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(FakeUi::Box{"      Error: 2 during save operation - No such file or "
-                                        "directory      \r\n      Save operation aborted!      ",
-                                        16, "Save Error"}));
-  }
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
-#include <filesystem>
 #include <ostream>
 #include <random>
 #include <string>
@@ -75,10 +73,7 @@ inline void TakeEvents(const FormatCase& format, const BoardSet& set, BoardSet& 
 /// The set that a file of `set` gives, where it `ComesBack`.
 inline BoardSet Back(const FormatCase& format, const BoardSet& set) {
   const int moved = KeepsNumbers(format, set) ? 0 : set.FirstBoard - 1;
-  BoardSet back;
-  back.Clear();
-  back.FirstBoard = static_cast<std::int16_t>(Is(format, "CSV") ? 1 : set.FirstBoard - moved);
-  back.LastBoard = static_cast<std::int16_t>(set.LastBoard - moved);
+  BoardSet back = EmptySet(Is(format, "CSV") ? 1 : set.FirstBoard - moved, set.LastBoard - moved);
   TakeEvents(format, set, back);
   for (int n = set.FirstBoard; n <= set.LastBoard; ++n) {
     Board& board = back.At(n - moved);
@@ -103,30 +98,6 @@ inline void ExpectSameSet(const BoardSet& set, const BoardSet& expected) {
   EXPECT_EQ(set.EventDate, expected.EventDate);
 }
 
-inline void ExpectNoSet(const BoardSet& set) {
-  EXPECT_EQ(set.FirstBoard, 1);
-  EXPECT_EQ(set.LastBoard, 0);
-  EXPECT_EQ(set.CurrentBoard, 1);
-  EXPECT_EQ(set.EventName + set.EventSite + set.EventDate + set.BoardSetFile, "");
-  EXPECT_TRUE(std::all_of(set.Boards.begin(), set.Boards.end(),
-                          [](const Board& board) { return board == Board{}; }));
-}
-
-/// A board dealt at random, of which each card is missing with the chance `missing` in 8.
-inline Board RandomBoard(std::mt19937& random, int n, unsigned missing = 0) {
-  Board board = NumberedBoard(n);
-  std::array<std::uint8_t, kCards> hands{};
-  for (std::size_t i = 0; i < hands.size(); ++i) {
-    hands[i] = static_cast<std::uint8_t>(i / kRanks + kNorth);
-  }
-  std::shuffle(hands.begin(), hands.end(), random);
-  for (std::size_t card = 1; card <= kCards; ++card) {
-    board.Cards[card] = random() % 8 < missing ? std::uint8_t{0} : hands[card - 1];
-  }
-  AnalyzeBoard(board);
-  return board;
-}
-
 /// Gives the board all that a set can hold besides its cards.
 inline void Enrich(std::mt19937& random, Board& board) {
   board.Dealer = static_cast<std::uint8_t>(random() % 5);
@@ -134,16 +105,6 @@ inline void Enrich(std::mt19937& random, Board& board) {
   for (std::size_t i = 0; i < 20; ++i) board.Tricks[i] = static_cast<std::uint8_t>(random() % 8);
   board.DealNumber.fill(static_cast<std::uint8_t>(random()));
   board.DealCounter.fill(static_cast<std::uint8_t>(random()));
-}
-
-/// Boards `first` to `last` dealt at random; `missing` as above.
-inline BoardSet RandomSet(std::mt19937& random, int first, int last, unsigned missing = 0) {
-  BoardSet set;
-  set.Clear();
-  set.FirstBoard = static_cast<std::int16_t>(first);
-  set.LastBoard = static_cast<std::int16_t>(last);
-  for (int n = first; n <= last; ++n) set.At(n) = RandomBoard(random, n, missing);
-  return set;
 }
 
 }  // namespace morvane::files

@@ -61,23 +61,22 @@ TEST(ReadThrough, BytesThatAreRightAreTakenWithoutAWord) {
 }
 
 TEST(ReadThrough, AFileThatCannotBeReadIsNotParsed) {
-  TestDesk desk;
+  FrameDesk desk;
   EXPECT_FALSE(ReadThrough(desk.Prog, desk.Folder / "none", [](const std::string&) {
     ADD_FAILURE() << "parsed";
     return std::nullopt;
   }));
-  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("2", "No such file or directory")));
 }
 
-/// A desk on which `WriteThrough` makes a file of what cannot be the whole set.
+/// A desk on which `WriteThrough` makes a BRI file of a set that starts later, about which it asks
+/// twice.
 struct WriteDesk : FrameDesk {
-  WriteDesk() {
-    test::FillSet(Prog.Set, 2, 3);
-    Ui.Default = kNo;
-  }
-  bool Write(const char* extension, const std::string& incomplete = "") {
-    return WriteThrough(Prog, *FindFormat(extension), Path, incomplete, [this] {
+  WriteDesk() { test::FillSet(Prog.Set, 2, 3); }
+  bool Write(const std::string& incomplete = "") {
+    return WriteThrough(Prog, *FindFormat("BRI"), Path, incomplete, [this] {
       ++Composed;
+      EXPECT_EQ(Ui.Boxes.size(), 2U);
       EXPECT_TRUE(Ui.HourglassNow);
       return std::string("new");
     });
@@ -85,80 +84,48 @@ struct WriteDesk : FrameDesk {
   int Composed = 0;
 };
 
-TEST(WriteThrough, ANoToAnyQuestionEndsTheSaveInSilenceBeforeTheFileIsTouched) {
-  struct Case {
-    const char* Extension;
-    std::string Incomplete;
-    int YesBefore;
-  };
-  // Each question of each format in its turn: incomplete boards, events, numbers.
-  for (const auto& [extension, incomplete, yesBefore] :
-       {Case{"BRI", "", 0}, Case{"BRI", "", 1}, Case{"DGE", "", 0}, Case{"DGE", "", 1},
-        Case{"ALL", "", 0}, Case{"ALL", "", 1}, Case{"DUP", "", 0}, Case{"CSV", "", 0},
-        Case{"BRE", "2", 0}, Case{"BRE", "2", 1}, Case{"BRE", "", 0}, Case{"PBN", "2", 0}}) {
+TEST(WriteThrough, ANoToAnyQuestionEndsTheSaveInSilenceBeforeTheFileIsMade) {
+  for (const std::size_t yesBefore : {0U, 1U}) {
     WriteDesk desk;
-    desk.Ui.Answers.assign(static_cast<std::size_t>(yesBefore), kYes);
-    EXPECT_FALSE(desk.Write(extension, incomplete)) << extension << yesBefore;
-    EXPECT_EQ(desk.Ui.Boxes.size(), static_cast<std::size_t>(yesBefore) + 1) << extension;
+    desk.Ui.Answers.assign(yesBefore, kYes);
+    desk.Ui.Answers.push_back(kNo);
+    EXPECT_FALSE(desk.Write());
+    EXPECT_EQ(desk.Ui.Boxes.size(), yesBefore + 1);
     EXPECT_EQ(desk.Composed, 0);
+    EXPECT_EQ(desk.Ui.Hourglasses, 0);
     EXPECT_EQ(test::Content(desk.Path), "bytes");
+    EXPECT_THAT(desk.Ui.Statuses, IsEmpty());
     EXPECT_THAT(desk.LogLines(), IsEmpty()) << "questions leave no line";
   }
 }
 
-TEST(WriteThrough, IncompleteBoardsAreAnErrorBeforeAnyQuestion) {
-  for (const char* extension : {"BRI", "DGE", "DUP", "ALL", "CSV"}) {
-    WriteDesk desk;
-    EXPECT_FALSE(desk.Write(extension, "2, 3"));
-    ASSERT_EQ(desk.Ui.Boxes.size(), 1U) << extension;
-    EXPECT_EQ(desk.Ui.Boxes[0].Flags, 16);
-    EXPECT_EQ(desk.Ui.Boxes[0].Title, "Save Error");
-    EXPECT_EQ(test::Content(desk.Path), "bytes");
-  }
-}
-
-TEST(WriteThrough, AfterAYesToEveryQuestionTheFileIsWritten) {
-  struct Case {
-    const char* Extension;
-    std::string Incomplete;
-    std::vector<std::string> Titles;
-  };
-  const std::string loss = "Save Boards Set";
-  const std::string incomplete = "Save Board Set";
-  for (const auto& [extension, list, titles] :
-       {Case{"BRI", "", {loss, loss}}, Case{"DGE", "", {loss, loss}}, Case{"ALL", "", {loss, loss}},
-        Case{"DUP", "", {loss}}, Case{"CSV", "", {loss}}, Case{"BRE", "2", {incomplete, loss}},
-        Case{"BRE", "", {loss}}, Case{"PBN", "2", {incomplete}}, Case{"PBN", "", {}}}) {
-    WriteDesk desk;
-    desk.Ui.Default = kYes;
-    EXPECT_TRUE(desk.Write(extension, list)) << extension;
-    std::vector<std::string> asked;
-    for (const auto& box : desk.Ui.Boxes) asked.push_back(box.Title);
-    EXPECT_EQ(asked, titles) << extension;
-    EXPECT_FALSE(desk.Ui.HourglassNow);
-    EXPECT_EQ(test::Content(desk.Path), "new");
-  }
-}
-
-TEST(WriteThrough, WithoutTheSettingsNothingIsAsked) {
-  for (const char* extension : {"BRI", "DGE", "ALL", "DUP", "CSV", "BRE", "PBN"}) {
-    WriteDesk desk;
-    for (const SettingKey& key : {kSaveEvent, kSaveNumbers, kSaveIncomplete}) {
-      desk.Store.Set(key, "0");
-    }
-    const bool holdsIncomplete = FindFormat(extension)->IncompleteBoards;
-    EXPECT_TRUE(desk.Write(extension, holdsIncomplete ? "2" : "")) << extension;
-    EXPECT_THAT(desk.Ui.Boxes, IsEmpty()) << extension;
-  }
-}
-
-TEST(WriteThrough, AFileThatCannotBeWrittenIsTold) {
+TEST(WriteThrough, WhatTheFormatCannotHoldIsToldBeforeTheFileIsMade) {
   WriteDesk desk;
-  const std::string path = desk.Folder / "none/set.pbn";
-  EXPECT_FALSE(
-      WriteThrough(desk.Prog, *FindFormat("PBN"), path, "", [] { return std::string("new"); }));
-  EXPECT_EQ(desk.Ui.Boxes.at(0).Title, "Save Error");
-  EXPECT_FALSE(std::filesystem::exists(path));
+  EXPECT_FALSE(desk.Write("2, 3"));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(Refusal("Boards number: 2, 3 are", "BRI")));
+  EXPECT_EQ(desk.Composed, 0);
+  EXPECT_EQ(desk.Ui.Hourglasses, 0);
+  EXPECT_EQ(test::Content(desk.Path), "bytes");
+}
+
+TEST(WriteThrough, TheFileIsMadeBehindTheQuestionsUnderTheHourglass) {
+  WriteDesk desk;
+  desk.Ui.Default = kYes;
+  EXPECT_TRUE(desk.Write());
+  EXPECT_EQ(desk.Composed, 1);
+  EXPECT_EQ(desk.Ui.Hourglasses, 1);
+  EXPECT_FALSE(desk.Ui.HourglassNow);
+  EXPECT_EQ(test::Content(desk.Path), "new");
+}
+
+TEST(WriteThrough, AFailureIsToldBehindTheHourglass) {
+  WriteDesk desk;
+  desk.Ui.Default = kYes;
+  std::filesystem::remove(desk.Path);
+  std::filesystem::create_directory(desk.Path);
+  EXPECT_FALSE(desk.Write());
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(EventWarning("BRI"), NumbersWarning("BRI"),
+                                         SaveFailure("21", "Is a directory")));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "files/load_desk.h"
+#include "files/log_records.h"
 
 namespace morvane::files {
 namespace {
@@ -12,15 +13,12 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* kTitle = "Import PBN";
-constexpr const char* kRecord3 =
-    "   003 : AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
 
 /// A desk on which boards 1 to 4 of an older file lie, and a file that Load refuses.
 struct ImportDesk : LoadDesk {
   ImportDesk() {
-    test::WriteContent(Loose,
-                       "[Event\n\"Evening\"]\n[Board \"3\"]\n[Deal\n\"N:AKQJT98765432... "
-                       ".AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]\n");
+    test::WriteContent(Loose, "[Event\n\"Evening\"]\n[Board \"3\"]\n[Deal\n\"N:" +
+                                  std::string(kSuitsPbn) + "\"]\n");
     test::WriteContent(Hopeless, "[Board \"0\"]\n[Deal \"N:A... - - -\"]\n");
   }
   bool Import() { return ImportBoardSet(Prog, History); }
@@ -54,7 +52,7 @@ TEST(Import, AsksForTheFileAndTakesItsSet) {
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(FakeUi::Box{"      Boards imported: 1      ", 64, kTitle}));
   EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Import: 3:04:05 PM", "  Import: " + desk.Loose,
-                                           kRecord3, "    Import PBN: Boards imported: 1"));
+                                           Record("003"), "    Import PBN: Boards imported: 1"));
   EXPECT_GT(desk.Ui.Refreshes, 0);
   EXPECT_EQ(desk.Store.Get(kInitFormat), "pbn");
   EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");

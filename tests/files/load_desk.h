@@ -5,16 +5,16 @@
 
 #include "files/load_number.h"
 #include "files/load_set.h"
+#include "files/sets.h"
 #include "support/fakes.h"
 
 namespace morvane::files {
 
 /// Board 3 complete, board 4 with three cards.
-inline constexpr const char* kTwoBoards =
+inline const std::string kTwoBoards =
     "[Event \"Evening\"]\r\n[Site \"Hall\"]\r\n[Date \"2026.03.03\"]\r\n"
-    "[Board \"3\"]\r\n[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
-    "...AKQJT98765432\"]\r\n"
-    "[Board \"4\"]\r\n[Deal \"W:A - K. Q\"]\r\n";
+    "[Board \"3\"]\r\n" +
+    kSuitDeal + "\r\n[Board \"4\"]\r\n[Deal \"W:A - K. Q\"]\r\n";
 
 /// An operator who answers the numbering dialog by `Answer`, by default with its OK button.
 class FakeNumbers final : public NumberDialog {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "files/load_desk.h"
+#include "files/log_records.h"
 
 namespace morvane::files {
 namespace {
@@ -12,9 +13,7 @@ using test::TestDesk;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* kRecord3 =
-    "   003 : AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
-constexpr const char* kRecord4 = "   004 : ... K... Q... A... ";
+const std::string kRecord4 = Record("004", "... K... Q... A... ");
 
 const FakeUi::Box kSaveFirst{
     "      Current Board Set has not been saved.      \r\n\r\n      Do you want to save the "
@@ -44,8 +43,8 @@ TEST(Load, AsksForTheFileAndTakesItsSet) {
   EXPECT_EQ(set.At(1), Board{});
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading", "Boards loaded: 2"));
-  EXPECT_THAT(desk.LogLines(),
-              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good, kRecord3, kRecord4));
+  EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good,
+                                           Record("003"), kRecord4));
   EXPECT_GT(desk.Ui.Refreshes, 0);
 }
 
@@ -131,8 +130,8 @@ TEST(Load, TheStartFileIsTakenWithoutADialog) {
   EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
   EXPECT_EQ(desk.StartFile, "");
   EXPECT_EQ(desk.Prog.Set.BoardSetFile, desk.Good);
-  EXPECT_THAT(desk.LogLines(),
-              ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good, kRecord3, kRecord4));
+  EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Load: 3:04:05 PM", "  Load: " + desk.Good,
+                                           Record("003"), kRecord4));
 }
 
 TEST(Load, EveryEndClearsTheStartFile) {
@@ -192,7 +191,7 @@ TEST(LoadOverChanges, YesSavesFirst) {
               ElementsAre("Loading", "Saving", "Boards Saved: 4", "Boards loaded: 2"));
   EXPECT_THAT(desk.LogLines(),
               ElementsAre(" File-Save: 3:04:05: PM", "  Save: " + saved, " File-Load: 3:04:05 PM",
-                          "  Load: " + desk.Good, kRecord3, kRecord4));
+                          "  Load: " + desk.Good, Record("003"), kRecord4));
 }
 
 TEST(LoadOverChanges, YesWithACancelledSaveDialogStopsItWithTheOldSetIntact) {

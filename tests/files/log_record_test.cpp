@@ -88,9 +88,9 @@ TEST(LogRecord, OfAHandWith14CardsIsNoneAndEndsTheSet) {
 }
 
 TEST(LogRecord, LinesWrittenWhileDealingAreNone) {
-  EXPECT_FALSE(IsRecord("  001 : 000 OK  " + std::string(kSuitHands)));
+  EXPECT_FALSE(IsRecord("  001 : 000 OK  " + kSuitHands));
   // Nor would one be that had the length.
-  EXPECT_FALSE(IsRecord("  001 :  " + std::string(kSuitHands)));
+  EXPECT_FALSE(IsRecord("  001 :  " + kSuitHands));
 }
 
 TEST(LogRecord, StandsInItsColumns) {

@@ -2,12 +2,11 @@
 
 #include <string>
 
-#include "model/text.h"
+#include "files/sets.h"
 
 namespace morvane::files {
 
-inline constexpr const char* kSuitHands =
-    "AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
+inline const std::string kSuitHands = std::string(kSuitsPbn) + " ";
 inline constexpr const char* kRoundHands =
     "AT62.J73.Q84.K95 K95.AT62.J73.Q84 Q84.K95.AT62.J73 J73.Q84.K95.AT62 ";
 inline constexpr const char* kIdentity = " 0102030405060708090A0B0C  00000007";

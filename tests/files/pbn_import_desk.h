@@ -4,6 +4,7 @@
 #include <string>
 
 #include "files/pbn_import.h"
+#include "files/sets.h"
 #include "program/log_record.h"
 
 namespace morvane::files {
@@ -23,12 +24,9 @@ struct Imported {
 };
 
 /// Four complete hands, and four others.
-inline constexpr const char* kDeal =
-    "[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]";
-inline constexpr const char* kOtherDeal =
-    "[Deal \"E:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]";
-inline constexpr const char* kCards =
-    "AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432 ";
+inline const std::string& kDeal = kSuitDeal;
+inline const std::string kOtherDeal = "[Deal \"E:" + std::string(kSuitsPbn) + "\"]";
+inline const std::string kCards = std::string(kSuitsPbn) + " ";
 inline constexpr const char* kOtherCards =
     "...AKQJT98765432 AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ";
 

@@ -4,6 +4,7 @@
 
 #include "files/parsed_text.h"
 #include "files/pbn_values.h"
+#include "files/sets.h"
 #include "program/log_record.h"
 #include "support/fakes.h"
 
@@ -20,14 +21,11 @@ std::unique_ptr<BoardSet> SetOf(const std::string& text) {
 
 std::string CardsOf(const Board& board) { return FormatBoardForLog(board, false); }
 
-constexpr const char* kSuits =
-    "[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432\"]";
-
 TEST(PbnReader, ReadsEveryTagOfABoard) {
   const auto set = SetOf(
       "[Event \"Evening\"]\r\n[Site \"Hall\"]\r\n[Date \"2026.03.03\"]\r\n[Board \"7\"]\r\n"
       "[Dealer \"S\"]\r\n[Vulnerable \"All\"]\r\n" +
-      std::string(kSuits) + "\r\n[DoubleDummyTricks \"1789abcd11111111111d\"]\r\n");
+      kSuitDeal + "\r\n[DoubleDummyTricks \"1789abcd11111111111d\"]\r\n");
   EXPECT_EQ(set->EventName, "Evening");
   EXPECT_EQ(set->EventSite, "Hall");
   EXPECT_EQ(set->EventDate, "2026.03.03");
@@ -130,7 +128,7 @@ TEST(PbnReader, ARepeatedBoardStartsAfresh) {
 }
 
 TEST(PbnReader, BoardsInBetweenStayEmpty) {
-  const auto set = SetOf("[Board \"7\"]\n" + std::string(kSuits) + "\n[Board \"3\"]\n" + kSuits);
+  const auto set = SetOf("[Board \"7\"]\n" + kSuitDeal + "\n[Board \"3\"]\n" + kSuitDeal);
   EXPECT_EQ(set->FirstBoard, 3);
   EXPECT_EQ(set->LastBoard, 7);
   EXPECT_EQ(set->Count(), 5);

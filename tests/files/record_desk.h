@@ -75,9 +75,7 @@ struct RecordDesk : test::TestDesk {
   }
   /// A set of `SuitBoard` at `first` and `RoundBoard` behind it.
   void TwoBoards(int first) {
-    Prog.Set.Clear();
-    Prog.Set.FirstBoard = static_cast<std::int16_t>(first);
-    Prog.Set.LastBoard = static_cast<std::int16_t>(first + 1);
+    Prog.Set = EmptySet(first, first + 1);
     Prog.Set.At(first) = test::SuitBoard(first);
     Prog.Set.At(first + 1) = test::RoundBoard(first + 1);
   }

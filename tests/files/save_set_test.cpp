@@ -14,10 +14,10 @@ using test::TestDesk;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr const char* kBoard1 =
+const std::string kBoard1 =
     "% Morvane ver 1.0\r\n[Event \"\"]\r\n[Site \"\"]\r\n[Date \"\"]\r\n[Board \"1\"]\r\n[Dealer "
-    "\"N\"]\r\n[Vulnerable \"None\"]\r\n[Deal \"N:AKQJT98765432... .AKQJT98765432.. "
-    "..AKQJT98765432. ...AKQJT98765432\"]\r\n\r\n";
+    "\"N\"]\r\n[Vulnerable \"None\"]\r\n" +
+    kSuitDeal + "\r\n\r\n";
 
 FakeUi::Box UnknownFormat(const std::string& extension) {
   return {
@@ -29,8 +29,7 @@ FakeUi::Box UnknownFormat(const std::string& extension) {
 struct SaveDesk : TestDesk {
   SaveDesk() {
     Prog.VersionText = "1.0";
-    Prog.Set.Clear();
-    Prog.Set.LastBoard = 1;
+    Prog.Set = EmptySet(1, 1);
     Prog.Set.At(1) = test::SuitBoard(1);
     Prog.Set.BoardSetChanged = "1";
     Prog.Set.BoardSetFile = "/old.pbn";
@@ -258,10 +257,8 @@ TEST(SavedFile, LoadsAsTheSameSet) {
 
 TEST(SavedFile, EmptyBoardsInBetweenCountAsIncomplete) {
   SaveDesk desk;
-  const std::string deal =
-      "[Deal \"N:AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. "
-      "...AKQJT98765432\"]\n";
-  test::WriteContent(desk.Folder / "two.pbn", "[Board \"3\"]\n" + deal + "[Board \"7\"]\n" + deal);
+  test::WriteContent(desk.Folder / "two.pbn",
+                     "[Board \"3\"]\n" + kSuitDeal + "\n[Board \"7\"]\n" + kSuitDeal);
   ASSERT_TRUE(LoadFile(desk.Prog, desk.History, desk.Folder / "two.pbn"));
   desk.Ui.Answers = {kYes};
   EXPECT_TRUE(SaveFile(desk.Prog, desk.History, desk.Path));

@@ -136,17 +136,6 @@ TEST(TextScanFile, AtItsEndLeavesNoText) {
   EXPECT_EQ(scan.GetToken(), (Token{kTokEof, "", -1, ""}));
 }
 
-TEST(TextScanFile, TheLineNumberAndTheLastErrorAreNeverWritten) {
-  ScanOfFile scan("a\nb\n\"");
-  TokensOf(scan);
-  scan.SetInputFileName("/nowhere/x.pbn");
-  TokensOf(scan);
-  EXPECT_TRUE(scan.FileFailure());
-  EXPECT_EQ(scan.CurrentLineNo(), 0);
-  EXPECT_EQ(scan.LastErrorNo(), 0);
-  EXPECT_EQ(scan.LastErrorText(), "");
-}
-
 TEST(TextScanFile, ACopyGoesOnByItself) {
   ScanOfFile scan("a\nb");
   EXPECT_EQ(scan.GetToken(), Word("a"));
