@@ -5,8 +5,6 @@
 namespace morvane {
 namespace {
 
-constexpr std::size_t kEventLength = 200;
-
 bool IsNumber(const std::string& text, int limit) {
   if (text.empty()) return true;
   return text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos &&
@@ -34,7 +32,7 @@ bool FilterNumberZero(FilteredBox& box, std::string& previous, int limit) {
 }
 
 bool FilterLength(FilteredBox& box, std::string& previous) {
-  return KeepOrRestore(box, previous, CharacterCount(box.Text) <= kEventLength);
+  return KeepOrRestore(box, previous, CharacterCount(box.Text) <= kLongestEventText);
 }
 
 }  // namespace morvane
