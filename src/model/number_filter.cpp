@@ -1,6 +1,7 @@
 #include "model/number_filter.h"
 
 #include "model/text.h"
+#include "model/text_encoding.h"
 
 namespace morvane {
 namespace {
