@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/pbn_import_values.h"
 #include "model/text.h"
 
 namespace morvane::files {
@@ -34,7 +35,7 @@ bool Counts(const PbnFlaw& flaw, bool known) {
 /// A value as a game has it: without blanks at the ends, and empty where nothing is known.
 std::string Plain(std::string_view value) {
   std::string text = Trim(value);
-  std::size_t end = std::min(text.size(), PbnGames::kLongestValue + 1);
+  std::size_t end = std::min(text.size(), kLongestValue + 1);
   const auto insideCharacter = [&] {
     return end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U;
   };

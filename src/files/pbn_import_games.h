@@ -49,13 +49,12 @@ struct PbnGame {
   }
 };
 
-/// Reads the games of a PBN text one after the other. A game ends in front of a tag that it has
-/// already, and, once it has a deal, behind a line of blanks.
+/// Reads the games of a PBN text one after the other. A game ends in front of an `Event`, `Site`,
+/// `Date`, `Board`, `Dealer`, `Vulnerable` or `Deal` that it has already, and, once it has a deal,
+/// in front of any of these behind a line of blanks. Of other tags that it has twice the first
+/// counts.
 class PbnGames {
  public:
-  /// Longer values are cut to the next character's end, which no good value reaches.
-  static constexpr std::size_t kLongestValue = 1024;
-
   /// `text` as the scanner takes it.
   explicit PbnGames(std::string_view text) : scanner_(text) { more_ = scanner_.Next(tag_); }
 

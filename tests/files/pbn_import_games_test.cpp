@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "files/pbn_import_values.h"
+
 namespace morvane::files {
 namespace {
 
@@ -77,11 +79,10 @@ TEST(PbnGame, BlanksAtTheEndsOfAValueAreGone) {
 }
 
 TEST(PbnGame, AValueThatIsTooLongIsCutBetweenCharacters) {
-  std::string value(PbnGames::kLongestValue, 'x');
+  std::string value(kLongestValue, 'x');
   value += "\xC3\xA9\xC3\xA9";
   PbnGames games("[Event \"" + value + "\"]");
-  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text,
-            std::string(PbnGames::kLongestValue, 'x') + "\xC3\xA9");
+  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text, std::string(kLongestValue, 'x') + "\xC3\xA9");
 }
 
 TEST(PbnGame, MissingQuotesOfATagThatIsSkippedDoNoHarm) {
