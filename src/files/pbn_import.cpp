@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <optional>
 
 #include "files/import_event_text.h"
 #include "files/pbn_import_games.h"
@@ -148,14 +149,13 @@ class Import {
   std::string_view text_;
   BoardSet& set_;
   ImportReport report_;
-  Numbers used_;
+  std::optional<Numbers> used_;  ///< begun for the first game without one
   int lastNumber_ = 0;  ///< of the game before
   ImportedDeal deal_;   ///< of the game; one that is repeated is not read again
   std::array<Origin, kMaxBoards + 1> origins_{};
 };
 
 ImportReport Import::Run() {
-  used_ = NamedNumbers(text_);
   PbnGames games(text_);
   while (const PbnGame* const game = games.Next()) TakeGame(*game);
   SetLimits();
@@ -229,13 +229,14 @@ int Import::NextNumber(const PbnGame& game) {
     PassOver(game.Line, "a game has neither a board number nor a deal");
     return 0;
   }
+  if (!used_) used_ = NamedNumbers(text_);
   int next = lastNumber_ + 1;
-  while (next <= kMaxBoards && used_.test(static_cast<std::size_t>(next))) ++next;
+  while (next <= kMaxBoards && used_->test(static_cast<std::size_t>(next))) ++next;
   if (next > kMaxBoards) {
     PassOver(game.Line, "no board number is left for a deal without one");
     return 0;
   }
-  used_.set(static_cast<std::size_t>(next));
+  used_->set(static_cast<std::size_t>(next));
   return lastNumber_ = next;
 }
 
