@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,7 +32,11 @@ inline constexpr std::size_t kGameTags = 11;
 struct GameValue {
   /// Repeat marks are replaced by what they repeat; no blanks at the ends. Empty when nothing is
   /// known: no tag, or one of the marks for it ("", "?", "????.??.??").
-  std::string Text;
+  [[nodiscard]] std::string_view Text() const { return Shared ? *Shared : std::string_view(); }
+
+  /// The text, shared by the games that repeat it: a short game may repeat a long one. Null =
+  /// empty.
+  std::shared_ptr<const std::string> Shared;
   int Line = 0;          ///< where it was read; 0 = the game has no such tag
   bool Changed = false;  ///< another than the game before has
 };
@@ -62,20 +66,22 @@ class PbnGames {
   const PbnGame* Next();
 
  private:
-  void Clear();
+  using SharedText = std::shared_ptr<const std::string>;
+
+  void Begin();
   void Take(GameTag which);
+  [[nodiscard]] SharedText Resolved(std::size_t at);
+  [[nodiscard]] SharedText Share(std::size_t at, std::string_view text) const;
   [[nodiscard]] bool BeginsGame(GameTag which) const;
   void FillIn();
 
   PbnImportScanner scanner_;
   PbnTagPair tag_;  ///< read ahead
   bool more_ = false;
-  /// A value that the game has not had yet holds the text of the game before. So what is repeated
-  /// is not copied: short games that repeat long values would take their time.
   PbnGame game_;
+  std::array<SharedText, kGameTags> before_;  ///< the texts of the game before
   /// What a game without the tag has, from a "##" on.
-  std::array<std::optional<std::string>, kGameTags> defaults_;
-  std::bitset<kGameTags> asDefault_;  ///< a value's text is that one
+  std::array<std::optional<SharedText>, kGameTags> defaults_;
 };
 
 }  // namespace morvane::files

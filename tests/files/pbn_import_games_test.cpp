@@ -18,7 +18,7 @@ std::vector<std::string> Games(std::string_view text) {
   while (const PbnGame* const game = games.Next()) {
     std::string line;
     for (const GameValue& value : game->Values) {
-      if (value.Line > 0) line += value.Text + "|";
+      if (value.Line > 0) line.append(value.Text()).append("|");
     }
     result.push_back(line);
   }
@@ -82,7 +82,12 @@ TEST(PbnGame, AValueThatIsTooLongIsCutBetweenCharacters) {
   std::string value(kLongestValue, 'x');
   value += "\xC3\xA9\xC3\xA9";
   PbnGames games("[Event \"" + value + "\"]");
-  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text, std::string(kLongestValue, 'x') + "\xC3\xA9");
+  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text(), std::string(kLongestValue, 'x') + "\xC3\xA9");
+}
+
+TEST(PbnGame, MarksInFrontOfAValueThatIsTooLongDoNotMakeItShorter) {
+  PbnGames games("[Deal \"##" + std::string(kLongestValue + 2, 'x') + "\"]");
+  EXPECT_EQ(games.Next()->At(GameTag::kDeal).Text(), std::string(kLongestValue + 1, 'x'));
 }
 
 TEST(PbnGame, MissingQuotesOfATagThatIsSkippedDoNoHarm) {
