@@ -72,7 +72,7 @@ GameTricks TricksOf(const PbnGame& game) {
   };
   consider(GameTag::kDoubleDummyTricks, TricksOfDigits);
   // The table of the game before, or an empty one, has no results that could be left out.
-  if (game.TableRows.find_first_not_of(" \t\n") != std::string::npos) {
+  if (game.TableRows.find_first_not_of(" \n") != std::string::npos) {
     consider(GameTag::kOptimumResultTable,
              [&](std::string_view header) { return TricksOfTable(header, game.TableRows); });
   }
@@ -313,7 +313,7 @@ void Import::Finish() {
 }  // namespace
 
 ImportReport ImportPbn(std::string text, BoardSet& set) {
-  const std::string plain = WithPlainLineEnds(std::move(text));
+  const std::string plain = PlainText(std::move(text));
   return Import(plain, set).Run();
 }
 

@@ -12,8 +12,6 @@ using Flaw = PbnFlaw::Kind;
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
-/// Control characters are blanks here, but for the line end.
-bool IsBlank(char c) { return c != '\n' && static_cast<unsigned char>(c) <= ' '; }
 
 void AddFlaw(PbnTagPair& tag, Flaw what, int line) {
   if (tag.Flaws.size() < PbnTagPair::kMostFlaws) tag.Flaws.push_back({what, line});
@@ -39,13 +37,12 @@ std::string WithoutEscapes(std::string_view raw) {
 }
 
 std::string_view TrimEnd(std::string_view text) {
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 }  // namespace
 
-std::string WithPlainLineEnds(std::string text) {
+std::string PlainText(std::string text) {
   std::size_t to = 0;
   for (std::size_t from = 0; from < text.size(); ++from) {
     char c = text[from];
@@ -54,6 +51,7 @@ std::string WithPlainLineEnds(std::string text) {
       from += rest.starts_with('\n') ? 1 : rest == "\r\n" ? 2 : 0;
       c = '\n';
     }
+    if (c != '\n' && static_cast<unsigned char>(c) < ' ') c = ' ';
     text[to++] = c;
   }
   text.resize(to);
@@ -81,26 +79,26 @@ std::size_t PbnImportScanner::EndOfLine(std::size_t at) const {
   return std::min(text_.find('\n', at), text_.size());
 }
 
+/// The place of the first character from `at` on that is no blank; a line end is none.
+std::size_t PbnImportScanner::BehindBlanks(std::size_t at) const {
+  return std::min(text_.find_first_not_of(' ', at), text_.size());
+}
+
 /// Whether a tag may begin at `at`. Text in brackets that does not begin with a letter is none.
 bool PbnImportScanner::MayBeginTag(std::size_t at) const {
   if (at >= text_.size() || text_[at] != '[') return false;
-  do ++at;
-  while (at < text_.size() && IsBlank(text_[at]));
+  at = BehindBlanks(at + 1);
   if (at >= text_.size()) return false;
   const char c = text_[at];
   return IsLetter(c) || c == '\n' || c == '{' || c == ';';
 }
 
-bool PbnImportScanner::LineBeginsTag(std::size_t at) const {
-  while (at < text_.size() && IsBlank(text_[at])) ++at;
-  return MayBeginTag(at);
-}
+bool PbnImportScanner::LineBeginsTag(std::size_t at) const { return MayBeginTag(BehindBlanks(at)); }
 
 /// Whether the quote ends its value: it does unless another quote follows in front of the bracket,
 /// as in [Event "The "Big" Game"].
 bool PbnImportScanner::Closes(std::size_t quote) const {
-  std::size_t next = quote + 1;
-  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  std::size_t next = BehindBlanks(quote + 1);
   if (next >= text_.size()) return true;
   if (std::string_view("[{;").find(text_[next]) != std::string_view::npos) return true;
   next = text_.find_first_of("\"]\n", next);
@@ -109,8 +107,7 @@ bool PbnImportScanner::Closes(std::size_t quote) const {
 
 /// Whether the next character on this line but for blanks is a closing bracket.
 bool PbnImportScanner::NextIsBracket() const {
-  std::size_t next = at_;
-  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  const std::size_t next = BehindBlanks(at_);
   return next < text_.size() && text_[next] == ']';
 }
 
@@ -158,7 +155,7 @@ void PbnImportScanner::SkipGap(PbnTagPair& tag) {
   while (!AtEnd()) {
     if (text_[at_] == '\n') {
       PassLineEnd();
-    } else if (IsBlank(text_[at_])) {
+    } else if (text_[at_] == ' ') {
       ++at_;
     } else if (!SkipComment(tag)) {
       return;
@@ -175,7 +172,7 @@ void PbnImportScanner::ToBracket(PbnTagPair& tag) {
     if (text_[at_] == '\n') {
       PassLineEnd();
     } else {
-      lineHasText_ = lineHasText_ || !IsBlank(text_[at_]);
+      lineHasText_ = lineHasText_ || text_[at_] != ' ';
       const bool quote = text_[at_++] == '"';
       // A bracket within quotes is text, if the quotes are closed on their line.
       const std::size_t close = quote ? text_.find_first_of("\"\n", at_) : std::string_view::npos;
@@ -232,7 +229,7 @@ bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
     } else if (IsEscape(text_, at)) {
       c = text_[++at];
     }
-    if (!IsBlank(c)) last = c;
+    if (c != ' ') last = c;
     value += c;
   }
   openUntil_ = at;

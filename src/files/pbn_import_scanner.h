@@ -7,9 +7,10 @@
 
 namespace morvane::files {
 
-/// `text` with LF for every line end: CR LF, CR, LF, and the CR CR LF that a CR LF becomes when it
-/// is written once too often.
-[[nodiscard]] std::string WithPlainLineEnds(std::string text);
+/// `text` with LF for every line end (CR LF, CR, LF, and the CR CR LF that a CR LF becomes when it
+/// is written once too often), and with ' ' for every other control character: so whatever reads it
+/// knows one line end and one blank.
+[[nodiscard]] std::string PlainText(std::string text);
 
 /// What is not as PBN wants it, and the line (from 1) where it begins.
 struct PbnFlaw {
@@ -45,7 +46,7 @@ struct PbnTagPair {
 /// Reads the tags of a PBN text one after the other, over comments and faults, in one pass.
 class PbnImportScanner {
  public:
-  /// `text` has plain line ends and outlives the scanner.
+  /// `text` is a `PlainText` and outlives the scanner.
   explicit PbnImportScanner(std::string_view text);
 
   /// Reads the next tag; false when there is none.
@@ -54,6 +55,7 @@ class PbnImportScanner {
  private:
   [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
   [[nodiscard]] std::size_t EndOfLine(std::size_t at) const;
+  [[nodiscard]] std::size_t BehindBlanks(std::size_t at) const;
   [[nodiscard]] bool MayBeginTag(std::size_t at) const;
   [[nodiscard]] bool LineBeginsTag(std::size_t at) const;
   [[nodiscard]] bool Closes(std::size_t quote) const;

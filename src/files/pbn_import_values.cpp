@@ -10,7 +10,6 @@
 namespace morvane::files {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n";
 constexpr int kMostTricks = 13;
 /// No number, name or row of digits is longer. Longer ones are not looked at, since many short
 /// games may repeat them.
@@ -21,10 +20,10 @@ class Words {
  public:
   explicit Words(std::string_view text) : rest_(text) {}
   bool Next(std::string_view& word) {
-    const std::size_t start = rest_.find_first_not_of(kBlanks);
+    const std::size_t start = rest_.find_first_not_of(' ');
     if (start == std::string_view::npos) return false;
     rest_.remove_prefix(start);
-    word = rest_.substr(0, rest_.find_first_of(kBlanks));
+    word = rest_.substr(0, rest_.find(' '));
     rest_.remove_prefix(word.size());
     return true;
   }
@@ -200,7 +199,7 @@ std::optional<std::uint8_t> ImportedVul(std::string_view text) {
 ImportedDeal ReadImportedDeal(std::string_view text) {
   ImportedDeal deal;
   int hand = text.empty() ? 0 : HandOfLetter(text[0]);
-  const std::size_t colon = text.find_first_not_of(kBlanks, 1);
+  const std::size_t colon = text.find_first_not_of(' ', 1);
   if (text.size() > kLongestValue) {
     deal.Fault = "the deal is too long";
   } else if (hand == 0) {

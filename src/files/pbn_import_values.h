@@ -11,7 +11,8 @@
 
 namespace morvane::files {
 
-// The values of PBN as other programs write them. Blanks at the ends are gone already.
+// The values of PBN as other programs write them, out of a `PlainText`: the only blank is ' '.
+// Those at the ends are gone already.
 
 /// In bytes; no value that can be used is longer.
 inline constexpr std::size_t kLongestValue = 1024;

@@ -75,7 +75,7 @@ TEST(PbnGame, KeepsTheRowsOfItsResultTable) {
 }
 
 TEST(PbnGame, BlanksAtTheEndsOfAValueAreGone) {
-  EXPECT_THAT(Games("[Board \"  1\t\"]"), ElementsAre("1|"));
+  EXPECT_THAT(Games("[Board \"  1 \"]"), ElementsAre("1|"));
 }
 
 TEST(PbnGame, AValueThatIsTooLongIsCutBetweenCharacters) {

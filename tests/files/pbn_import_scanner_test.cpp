@@ -11,7 +11,8 @@ using ::testing::IsEmpty;
 using Flaw = PbnFlaw::Kind;
 
 std::vector<PbnTagPair> Tags(std::string_view text) {
-  PbnImportScanner scanner(text);
+  const std::string plain = PlainText(std::string(text));
+  PbnImportScanner scanner(plain);
   std::vector<PbnTagPair> tags;
   for (PbnTagPair tag; scanner.Next(tag);) tags.push_back(tag);
   return tags;
@@ -32,19 +33,24 @@ std::vector<PbnFlaw> Flaws(std::string_view text) {
   return flaws;
 }
 
-TEST(PlainLineEnds, EveryKindOfLineEndIsOneLineFeed) {
-  EXPECT_EQ(WithPlainLineEnds("a\r\nb\nc\rd"), "a\nb\nc\nd");
-  EXPECT_EQ(WithPlainLineEnds("a\r\n\r\nb\r\rc\n\nd"), "a\n\nb\n\nc\n\nd");
+TEST(PlainText, EveryKindOfLineEndIsOneLineFeed) {
+  EXPECT_EQ(PlainText("a\r\nb\nc\rd"), "a\nb\nc\nd");
+  EXPECT_EQ(PlainText("a\r\n\r\nb\r\rc\n\nd"), "a\n\nb\n\nc\n\nd");
 }
 
-TEST(PlainLineEnds, ACarriageReturnTooManyIsNoLineOfItsOwn) {
-  EXPECT_EQ(WithPlainLineEnds("a\r\r\nb\r\r\n\r\r\nc"), "a\nb\n\nc");
+TEST(PlainText, ACarriageReturnTooManyIsNoLineOfItsOwn) {
+  EXPECT_EQ(PlainText("a\r\r\nb\r\r\n\r\r\nc"), "a\nb\n\nc");
 }
 
-TEST(PlainLineEnds, ATextMayEndInTheMiddleOfOne) {
-  EXPECT_EQ(WithPlainLineEnds("a\r"), "a\n");
-  EXPECT_EQ(WithPlainLineEnds("a\r\r"), "a\n\n");
-  EXPECT_EQ(WithPlainLineEnds(""), "");
+TEST(PlainText, ATextMayEndInTheMiddleOfOne) {
+  EXPECT_EQ(PlainText("a\r"), "a\n");
+  EXPECT_EQ(PlainText("a\r\r"), "a\n\n");
+  EXPECT_EQ(PlainText(""), "");
+}
+
+TEST(PlainText, EveryOtherControlCharacterIsABlank) {
+  EXPECT_EQ(PlainText(std::string("a\tb\v\fc\x01\x1F\0d e", 12)), "a b  c   d e");
+  EXPECT_EQ(PlainText("\x7F\xC2\x81"), "\x7F\xC2\x81");
 }
 
 TEST(PbnScan, SeveralTagsOnALineAndNoLineEndAtTheEnd) {
