@@ -17,6 +17,8 @@ constexpr std::array<std::string_view, kGameTags> kNames{
     "DEALER", "VULNERABLE", "DEAL", "DOUBLEDUMMYTRICKS", "OPTIMUMRESULTTABLE",
     "ABILITY"};
 
+constexpr std::string_view NameOf(GameTag tag) { return kNames[static_cast<std::size_t>(tag)]; }
+
 std::optional<GameTag> TagOfName(std::string_view name) {
   constexpr std::size_t kLongestName = 18;
   if (name.size() > kLongestName) return std::nullopt;
@@ -43,6 +45,10 @@ std::string_view Kept(std::string_view value) {
 }
 
 }  // namespace
+
+PbnGames::PbnGames(std::string_view text) : scanner_(text, NameOf(GameTag::kOptimumResultTable)) {
+  more_ = scanner_.Next(tag_);
+}
 
 const PbnGame* PbnGames::Next() {
   Begin();

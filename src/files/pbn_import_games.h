@@ -60,7 +60,7 @@ struct PbnGame {
 class PbnGames {
  public:
   /// `text` as the scanner takes it.
-  explicit PbnGames(std::string_view text) : scanner_(text) { more_ = scanner_.Next(tag_); }
+  explicit PbnGames(std::string_view text);
 
   /// The next game, which holds until the next call; null when there is none.
   const PbnGame* Next();

@@ -8,8 +8,8 @@
 namespace morvane::files {
 
 /// `text` with LF for every line end (CR LF, CR, LF, and the CR CR LF that a CR LF becomes when it
-/// is written once too often), and with ' ' for every other control character: so whatever reads it
-/// knows one line end and one blank.
+/// is written once too often), and with ' ' for every other character below it: so whatever reads
+/// the text knows one line end and one blank.
 [[nodiscard]] std::string PlainText(std::string text);
 
 /// What is not as PBN wants it, and the line (from 1) where it begins.
@@ -33,7 +33,8 @@ struct PbnFlaw {
 struct PbnTagPair {
   std::string Name;   ///< as written
   std::string Value;  ///< without quotes and escapes; a line end within is a blank
-  /// Without comments, in lines; cut behind `kLongestSection` bytes.
+  /// Without comments, in lines; cut behind `kLongestSection` bytes. Only of the tag whose sections
+  /// the scanner was asked for.
   std::string Section;
   int Line = 0;                  ///< of its "[", from 1
   bool BehindBlankLine = false;  ///< a line of blanks stands between it and the tag before
@@ -46,8 +47,9 @@ struct PbnTagPair {
 /// Reads the tags of a PBN text one after the other, over comments and faults, in one pass.
 class PbnImportScanner {
  public:
-  /// `text` is a `PlainText` and outlives the scanner.
-  explicit PbnImportScanner(std::string_view text);
+  /// `text` is a `PlainText` and outlives the scanner. Sections are kept of the tag `withSection`,
+  /// in upper case.
+  PbnImportScanner(std::string_view text, std::string_view withSection);
 
   /// Reads the next tag; false when there is none.
   bool Next(PbnTagPair& tag);
@@ -62,10 +64,13 @@ class PbnImportScanner {
   [[nodiscard]] bool NextIsBracket() const;
 
   void PassLineEnd();
+  void PassLineEndWithin();
   bool SkipComment(PbnTagPair& tag);
   void SkipBraces(PbnTagPair& tag);
   void SkipGap(PbnTagPair& tag);
-  void ToBracket(PbnTagPair& tag);
+  void ToBracket(PbnTagPair& tag, bool keepSection);
+  void PassQuotes(PbnTagPair& tag);
+  void PassText();
 
   bool ReadName(PbnTagPair& tag);
   void ReadRest(PbnTagPair& tag);
@@ -75,6 +80,7 @@ class PbnImportScanner {
   void ReadBracket(PbnTagPair& tag);
 
   std::string_view text_;
+  std::string_view withSection_;
   std::size_t at_ = 0;
   int line_ = 1;
   std::size_t lastBrace_;  ///< the last "}"; npos without one

@@ -12,7 +12,7 @@ using Flaw = PbnFlaw::Kind;
 
 std::vector<PbnTagPair> Tags(std::string_view text) {
   const std::string plain = PlainText(std::string(text));
-  PbnImportScanner scanner(plain);
+  PbnImportScanner scanner(plain, "SCORES");
   std::vector<PbnTagPair> tags;
   for (PbnTagPair tag; scanner.Next(tag);) tags.push_back(tag);
   return tags;
@@ -123,10 +123,17 @@ TEST(PbnScan, ANameHasLettersDigitsAndUnderscores) {
 }
 
 TEST(PbnScan, TheSectionOfATagGoesUpToTheNextTag) {
-  const auto tags = Tags("[A \"x\"]\nN S 1\n{c} E ; d\n%e\nW\n[B \"y\"] tail");
+  const auto tags = Tags("[Scores \"x\"]\nN S 1\n{c} E ; d\n%e\nW\"[a\"% []\n[scores \"y\"] tail");
   ASSERT_EQ(tags.size(), 2U);
-  EXPECT_EQ(tags[0].Section, "\nN S 1\n E \n\nW\n");
+  EXPECT_EQ(tags[0].Section, "\nN S 1\n E \n\nW\"[a\"% []\n");
   EXPECT_EQ(tags[1].Section, " tail");
+}
+
+TEST(PbnScan, OnlyTheSectionsThatAreAskedForAreKept) {
+  const auto tags = Tags("before [Scores \"x\"] a [Score \"y\"] b");
+  ASSERT_EQ(tags.size(), 2U);
+  EXPECT_EQ(tags[0].Section, " a ");
+  EXPECT_EQ(tags[1].Section, "");
 }
 
 TEST(PbnScan, ABracketWithinQuotesOfASectionIsText) {
@@ -138,9 +145,10 @@ TEST(PbnScan, AQuoteInASectionThatIsNotClosedOnItsLineIsText) {
 }
 
 TEST(PbnScan, ALongSectionIsCut) {
-  const auto tags = Tags("[A \"x\"]" + std::string(100'000, '.') + "[B \"y\"]");
+  const std::string line = std::string(PbnTagPair::kLongestSection - 5, '.') + "\n";
+  const auto tags = Tags("[Scores \"x\"]" + line + "abcdefgh\"i\"\nj[B \"y\"]");
   ASSERT_EQ(tags.size(), 2U);
-  EXPECT_EQ(tags[0].Section.size(), PbnTagPair::kLongestSection);
+  EXPECT_EQ(tags[0].Section, line + "abcd");
 }
 
 TEST(PbnScan, ALineOfBlanksIsNoticedACommentIsNone) {
@@ -152,6 +160,14 @@ TEST(PbnScan, ALineOfBlanksIsNoticedACommentIsNone) {
   EXPECT_FALSE(tags[2].BehindBlankLine);
   EXPECT_FALSE(tags[3].BehindBlankLine);
   EXPECT_TRUE(tags[4].BehindBlankLine);
+}
+
+TEST(PbnScan, TheLinesOfAValueAreNoneOfBlanks) {
+  for (const char* text : {"[A\n\"1\"\n[B \"2\"]", "[A \"1\n\n\"\n[B \"2\"]"}) {
+    const auto tags = Tags(text);
+    ASSERT_EQ(tags.size(), 2U) << text;
+    EXPECT_FALSE(tags[1].BehindBlankLine) << text;
+  }
 }
 
 TEST(PbnScanFault, AValueWithoutItsQuoteEndsWithItsLine) {
@@ -192,7 +208,7 @@ TEST(PbnScanFault, ATagWithoutItsOpeningBracketIsSkippedAndTold) {
 }
 
 TEST(PbnScanFault, BehindATagWithoutItsBracketTheNextLineIsItsSection) {
-  const auto tags = Tags("[A \"x\"\n1C Pass\n[B \"y\"]");
+  const auto tags = Tags("[Scores \"x\"\n1C Pass\n[B \"y\"]");
   ASSERT_EQ(tags.size(), 2U);
   EXPECT_EQ(tags[0].Section, "1C Pass\n");
 }
