@@ -5,6 +5,7 @@
 #include "files/dge_records.h"
 #include "files/format_frame.h"
 #include "files/placed_boards.h"
+#include "model/number_filter.h"
 #include "model/text_encoding.h"
 #include "model/text_lines.h"
 #include "program/program.h"
@@ -13,8 +14,7 @@ namespace morvane::files {
 namespace {
 
 constexpr int kEventLines = 3;
-constexpr std::size_t kNameLength = 200;  ///< in characters, as of the site
-constexpr std::size_t kDateLength = 40;
+constexpr std::size_t kDateLength = 40;  ///< in characters
 
 /// Moves `lines` behind the event texts; false when no line follows them.
 bool SkipEventTexts(Lines& lines) {
@@ -33,8 +33,8 @@ void TakeEventTexts(BoardSet& set, std::string_view bytes) {
     lines.Next(line);
     return std::string(FirstCharacters(line, length));
   };
-  set.EventName = next(kNameLength);
-  set.EventSite = next(kNameLength);
+  set.EventName = next(kLongestEventText);
+  set.EventSite = next(kLongestEventText);
   set.EventDate = next(kDateLength);
 }
 

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace morvane::files {
+#include "model/number_filter.h"
 
-/// What an event box holds.
-inline constexpr std::size_t kLongestEventText = 200;
+namespace morvane::files {
 
 /// An event text of another program as this one can show and save it.
 struct EventText {

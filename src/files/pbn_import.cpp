@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <optional>
 
 #include "files/import_event_text.h"
 #include "files/pbn_import_games.h"
@@ -14,7 +15,7 @@ namespace {
 
 using Numbers = std::bitset<kMaxBoards + 1>;
 
-bool IsKnown(const GameValue& value) { return !value.Text.empty() && value.Text != "-"; }
+bool IsKnown(const GameValue& value) { return !value.Text().empty() && value.Text() != "-"; }
 
 std::string AtLine(int line, const std::string& remark) {
   return "Line " + std::to_string(line) + ": " + remark;
@@ -66,12 +67,12 @@ GameTricks TricksOf(const PbnGame& game) {
   const auto consider = [&](GameTag tag, const auto& read) {
     const GameValue& value = game.At(tag);
     if (tricks.Found || !IsKnown(value)) return;
-    tricks.Found = read(value.Text);
+    tricks.Found = read(value.Text());
     if (!tricks.Found && tricks.FaultyLine == 0) tricks.FaultyLine = value.Line;
   };
   consider(GameTag::kDoubleDummyTricks, TricksOfDigits);
   // The table of the game before, or an empty one, has no results that could be left out.
-  if (game.TableRows.find_first_not_of(" \t\n") != std::string::npos) {
+  if (game.TableRows.find_first_not_of(" \n") != std::string::npos) {
     consider(GameTag::kOptimumResultTable,
              [&](std::string_view header) { return TricksOfTable(header, game.TableRows); });
   }
@@ -92,7 +93,7 @@ Numbers NamedNumbers(std::string_view text) {
   Numbers named;
   PbnGames games(text);
   while (const PbnGame* const game = games.Next()) {
-    if (const auto number = ImportedNumber(game->At(GameTag::kBoard).Text)) {
+    if (const auto number = ImportedNumber(game->At(GameTag::kBoard).Text())) {
       named.set(static_cast<std::size_t>(*number));
     }
   }
@@ -139,7 +140,7 @@ class Import {
   void NoteOtherTerms(const Board& board, const Origin& origin, const Board& other,
                       const Origin& otherOrigin);
   void FillUp(Board& board, Origin& origin, const Board& other, const Origin& otherOrigin) const;
-  void SetLimits();
+  void Finish();
   void PassOver(int line, const std::string& reason) {
     report_.PassedOver.Add(AtLine(line, reason));
   }
@@ -148,17 +149,16 @@ class Import {
   std::string_view text_;
   BoardSet& set_;
   ImportReport report_;
-  Numbers used_;
-  int lastNumber_ = 0;  ///< of the game before
-  ImportedDeal deal_;   ///< of the game; one that is repeated is not read again
+  std::optional<Numbers> used_;  ///< begun for the first game without one
+  int lastNumber_ = 0;           ///< of the game before
+  ImportedDeal deal_;            ///< of the game; one that is repeated is not read again
   std::array<Origin, kMaxBoards + 1> origins_{};
 };
 
 ImportReport Import::Run() {
-  used_ = NamedNumbers(text_);
   PbnGames games(text_);
   while (const PbnGame* const game = games.Next()) TakeGame(*game);
-  SetLimits();
+  Finish();
   return std::move(report_);
 }
 
@@ -167,7 +167,7 @@ void Import::TakeGame(const PbnGame& game) {
   TakeEventTexts(game);
   const GameValue& dealValue = game.At(GameTag::kDeal);
   if (dealValue.Changed) {
-    deal_ = IsKnown(dealValue) ? ReadImportedDeal(dealValue.Text) : ImportedDeal{};
+    deal_ = IsKnown(dealValue) ? ReadImportedDeal(dealValue.Text()) : ImportedDeal{};
   }
   if (game.At(GameTag::kBoard).Line == 0 && dealValue.Line == 0) return;
 
@@ -187,7 +187,6 @@ void Import::TakeGame(const PbnGame& game) {
   } else if (tricks.FaultyLine > 0) {
     Note(tricks.FaultyLine, "double-dummy results that are not whole were left out");
   }
-  AnalyzeBoard(board);
   Place(board, {game.Line, deal_.Given});
 }
 
@@ -201,7 +200,7 @@ void Import::TakeEventTexts(const PbnGame& game) {
 /// The first known value in the file counts.
 void Import::TakeEventText(std::string& text, const GameValue& value, const std::string& name) {
   if (!text.empty() || !value.Changed || !IsKnown(value)) return;
-  EventText made = MakeEventText(value.Text);
+  EventText made = MakeEventText(value.Text());
   text = std::move(made.Text);
   if (made.Replaced) {
     Note(value.Line, "characters of the event " + name + " that cannot be saved were replaced");
@@ -216,9 +215,9 @@ void Import::TakeEventText(std::string& text, const GameValue& value, const std:
 int Import::NumberOf(const PbnGame& game) {
   const GameValue& value = game.At(GameTag::kBoard);
   if (!IsKnown(value)) return NextNumber(game);
-  const auto number = ImportedNumber(value.Text);
+  const auto number = ImportedNumber(value.Text());
   if (number) return lastNumber_ = *number;
-  PassOver(value.Line, "board number " + Quoted(value.Text) + " is not a number from 1 to " +
+  PassOver(value.Line, "board number " + Quoted(value.Text()) + " is not a number from 1 to " +
                            std::to_string(kMaxBoards));
   return 0;
 }
@@ -229,28 +228,29 @@ int Import::NextNumber(const PbnGame& game) {
     PassOver(game.Line, "a game has neither a board number nor a deal");
     return 0;
   }
+  if (!used_) used_ = NamedNumbers(text_);
   int next = lastNumber_ + 1;
-  while (next <= kMaxBoards && used_.test(static_cast<std::size_t>(next))) ++next;
+  while (next <= kMaxBoards && used_->test(static_cast<std::size_t>(next))) ++next;
   if (next > kMaxBoards) {
     PassOver(game.Line, "no board number is left for a deal without one");
     return 0;
   }
-  used_.set(static_cast<std::size_t>(next));
+  used_->set(static_cast<std::size_t>(next));
   return lastNumber_ = next;
 }
 
 std::uint8_t Import::DealerOf(const GameValue& value) {
   if (!IsKnown(value)) return 0;
-  const auto dealer = ImportedDealer(value.Text);
-  if (!dealer) Note(value.Line, "dealer " + Quoted(value.Text) + " is none; the number decides");
+  const auto dealer = ImportedDealer(value.Text());
+  if (!dealer) Note(value.Line, "dealer " + Quoted(value.Text()) + " is none; the number decides");
   return dealer.value_or(0);
 }
 
 std::uint8_t Import::VulOf(const GameValue& value) {
-  if (value.Text.empty()) return 0;
-  const auto vul = ImportedVul(value.Text);
+  if (value.Text().empty()) return 0;
+  const auto vul = ImportedVul(value.Text());
   if (!vul)
-    Note(value.Line, "vulnerability " + Quoted(value.Text) + " is none; the number decides");
+    Note(value.Line, "vulnerability " + Quoted(value.Text()) + " is none; the number decides");
   return vul.value_or(0);
 }
 
@@ -294,14 +294,14 @@ void Import::FillUp(Board& board, Origin& origin, const Board& other,
   if (board.Dealer == 0) board.Dealer = other.Dealer;
   if (board.Vul == 0) board.Vul = other.Vul;
   if (board.Tricks == ImportedTricks{}) board.Tricks = other.Tricks;
-  AnalyzeBoard(board);
 }
 
-/// First and last board by the numbers taken.
-void Import::SetLimits() {
+/// Derives what follows from the cards, and first and last board from the numbers taken.
+void Import::Finish() {
   for (int n = 1; n <= kMaxBoards; ++n) {
-    const Board& board = set_.At(n);
+    Board& board = set_.At(n);
     if (board.Number == 0) continue;
+    AnalyzeBoard(board);
     if (!set_.Exists()) set_.FirstBoard = static_cast<std::int16_t>(n);
     set_.LastBoard = static_cast<std::int16_t>(n);
     if (board.Status == Board::kComplete) continue;
@@ -313,7 +313,7 @@ void Import::SetLimits() {
 }  // namespace
 
 ImportReport ImportPbn(std::string text, BoardSet& set) {
-  const std::string plain = WithPlainLineEnds(std::move(text));
+  const std::string plain = PlainText(std::move(text));
   return Import(plain, set).Run();
 }
 

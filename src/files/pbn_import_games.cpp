@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/pbn_import_values.h"
 #include "model/text.h"
+#include "model/text_encoding.h"
 
 namespace morvane::files {
 namespace {
@@ -14,6 +16,8 @@ constexpr std::array<std::string_view, kGameTags> kNames{
     "EVENT",  "SITE",       "DATE", "EVENTDATE",         "BOARD",
     "DEALER", "VULNERABLE", "DEAL", "DOUBLEDUMMYTRICKS", "OPTIMUMRESULTTABLE",
     "ABILITY"};
+
+constexpr std::string_view NameOf(GameTag tag) { return kNames[static_cast<std::size_t>(tag)]; }
 
 std::optional<GameTag> TagOfName(std::string_view name) {
   constexpr std::size_t kLongestName = 18;
@@ -31,28 +35,23 @@ bool Counts(const PbnFlaw& flaw, bool known) {
   return known || flaw.What != PbnFlaw::Kind::kBareValue;
 }
 
-/// A value as a game has it: without blanks at the ends, and empty where nothing is known.
-std::string Plain(std::string_view value) {
-  std::string text = Trim(value);
-  std::size_t end = std::min(text.size(), PbnGames::kLongestValue + 1);
-  const auto insideCharacter = [&] {
-    return end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U;
-  };
-  while (insideCharacter()) ++end;
-  text.resize(end);
-  if (text.find_first_not_of("?. ") == std::string::npos) text.clear();
-  return text;
-}
-
-void Set(GameValue& value, const std::string& text) {
-  value.Changed = value.Text != text;
-  if (value.Changed) value.Text = text;
+/// What is kept of a value, which has no blanks at its ends.
+std::string_view Kept(std::string_view value) {
+  // One character more than can be used, so that the reader of a deal sees that it is too long.
+  value = FirstCharacters(value, kLongestValue + 1);
+  // The marks for what is not known.
+  if (value.find_first_not_of("?. ") == std::string_view::npos) return {};
+  return value;
 }
 
 }  // namespace
 
+PbnGames::PbnGames(std::string_view text) : scanner_(text, NameOf(GameTag::kOptimumResultTable)) {
+  more_ = scanner_.Next(tag_);
+}
+
 const PbnGame* PbnGames::Next() {
-  Clear();
+  Begin();
   for (; more_; more_ = scanner_.Next(tag_)) {
     const auto which = TagOfName(tag_.Name);
     if (which && game_.Line > 0 && BeginsGame(*which)) break;
@@ -73,48 +72,50 @@ bool PbnGames::BeginsGame(GameTag which) const {
   return game_.At(which).Line > 0 || (tag_.BehindBlankLine && game_.At(GameTag::kDeal).Line > 0);
 }
 
-void PbnGames::Clear() {
-  for (GameValue& value : game_.Values) {
-    value.Line = 0;
-    value.Changed = false;
+void PbnGames::Begin() {
+  for (std::size_t at = 0; at < kGameTags; ++at) {
+    before_[at] = std::move(game_.Values[at].Shared);
   }
-  game_.TableRows.clear();
-  game_.Line = 0;
-  game_.Flaws.clear();
+  game_ = {};
 }
 
-/// Puts the tag read ahead into the game, and resolves its repeat marks.
+/// Puts the tag read ahead into the game.
 void PbnGames::Take(GameTag which) {
   const auto at = static_cast<std::size_t>(which);
   GameValue& value = game_.Values[at];
   if (value.Line > 0) return;  // the first of a game counts
   if (game_.Line == 0) game_.Line = tag_.Line;
   value.Line = tag_.Line;
-  asDefault_.reset(at);
+  value.Shared = Resolved(at);
   if (which == GameTag::kOptimumResultTable) game_.TableRows = std::move(tag_.Section);
-  const std::string text = Plain(tag_.Value);
-  if (!text.starts_with('#')) return Set(value, text);
+}
 
-  const bool lasting = text.starts_with("##");
-  const std::string marked = Trim(std::string_view(text).substr(lasting ? 2 : 1));
-  if (!marked.empty()) Set(value, Plain(marked));
-  if (!lasting) return;
-  defaults_[at] = value.Text;
-  asDefault_.set(at);
+/// The text of the tag read ahead, its repeat marks resolved.
+PbnGames::SharedText PbnGames::Resolved(std::size_t at) {
+  const std::string value = Trim(tag_.Value);
+  const std::size_t marks = value.starts_with("##") ? 2 : value.starts_with('#') ? 1 : 0;
+  const std::string text = Trim(std::string_view(value).substr(marks));
+  SharedText resolved = marks > 0 && text.empty() ? before_[at] : Share(at, Kept(text));
+  if (marks == 2) defaults_[at] = resolved;
+  return resolved;
+}
+
+/// The same text as that of the game before is shared too, so that it counts as unchanged.
+PbnGames::SharedText PbnGames::Share(std::size_t at, std::string_view text) const {
+  if (text.empty()) return nullptr;
+  if (before_[at] && *before_[at] == text) return before_[at];
+  return std::make_shared<const std::string>(text);
 }
 
 /// Gives the game what it has no tag for from the last "##".
 void PbnGames::FillIn() {
   for (std::size_t at = 0; at < kGameTags; ++at) {
     GameValue& value = game_.Values[at];
-    if (value.Line > 0) continue;
-    if (!defaults_[at]) {
-      Set(value, {});
-      continue;
+    if (value.Line == 0 && defaults_[at]) {
+      value.Shared = *defaults_[at];
+      value.Line = game_.Line;
     }
-    value.Line = game_.Line;
-    if (!asDefault_.test(at)) Set(value, *defaults_[at]);
-    asDefault_.set(at);
+    value.Changed = value.Shared != before_[at];
   }
 }
 

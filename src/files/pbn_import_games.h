@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,7 +32,11 @@ inline constexpr std::size_t kGameTags = 11;
 struct GameValue {
   /// Repeat marks are replaced by what they repeat; no blanks at the ends. Empty when nothing is
   /// known: no tag, or one of the marks for it ("", "?", "????.??.??").
-  std::string Text;
+  [[nodiscard]] std::string_view Text() const { return Shared ? *Shared : std::string_view(); }
+
+  /// The text, shared by the games that repeat it: a short game may repeat a long one. Null =
+  /// empty.
+  std::shared_ptr<const std::string> Shared;
   int Line = 0;          ///< where it was read; 0 = the game has no such tag
   bool Changed = false;  ///< another than the game before has
 };
@@ -49,34 +53,35 @@ struct PbnGame {
   }
 };
 
-/// Reads the games of a PBN text one after the other. A game ends in front of a tag that it has
-/// already, and, once it has a deal, behind a line of blanks.
+/// Reads the games of a PBN text one after the other. A game ends in front of an `Event`, `Site`,
+/// `Date`, `Board`, `Dealer`, `Vulnerable` or `Deal` that it has already, and, once it has a deal,
+/// in front of any of these behind a line of blanks. Of other tags that it has twice the first
+/// counts.
 class PbnGames {
  public:
-  /// Longer values are cut to the next character's end, which no good value reaches.
-  static constexpr std::size_t kLongestValue = 1024;
-
   /// `text` as the scanner takes it.
-  explicit PbnGames(std::string_view text) : scanner_(text) { more_ = scanner_.Next(tag_); }
+  explicit PbnGames(std::string_view text);
 
   /// The next game, which holds until the next call; null when there is none.
   const PbnGame* Next();
 
  private:
-  void Clear();
+  using SharedText = std::shared_ptr<const std::string>;
+
+  void Begin();
   void Take(GameTag which);
+  [[nodiscard]] SharedText Resolved(std::size_t at);
+  [[nodiscard]] SharedText Share(std::size_t at, std::string_view text) const;
   [[nodiscard]] bool BeginsGame(GameTag which) const;
   void FillIn();
 
   PbnImportScanner scanner_;
   PbnTagPair tag_;  ///< read ahead
   bool more_ = false;
-  /// A value that the game has not had yet holds the text of the game before. So what is repeated
-  /// is not copied: short games that repeat long values would take their time.
   PbnGame game_;
+  std::array<SharedText, kGameTags> before_;  ///< the texts of the game before
   /// What a game without the tag has, from a "##" on.
-  std::array<std::optional<std::string>, kGameTags> defaults_;
-  std::bitset<kGameTags> asDefault_;  ///< a value's text is that one
+  std::array<std::optional<SharedText>, kGameTags> defaults_;
 };
 
 }  // namespace morvane::files

@@ -3,24 +3,37 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/text.h"
+
 namespace morvane::files {
 namespace {
 
 using Flaw = PbnFlaw::Kind;
 
+// What the scanner tells apart, where each ends, and whether line ends may stand within:
+//
+//   {comment}             behind the next "}"; with its line where no "}" follows         yes
+//   ;comment              with its line                                                   no
+//   %line                 (its sign stands in the first column) with its line             no
+//   between parts of tags blanks and comments, in front of anything else                  yes
+//   name                  in front of the first that is no letter, digit or "_"           no
+//   "value"               behind the quote that closes it; with its line where none does  yes
+//   value without quotes  with its "]", in front of a "[", or with its line               no
+//   text behind a value   with its "]"; it is a section where none follows on its line    no
+//   section of a tag      in front of the next "[" that may begin a tag                   yes
+//   "text" of a section   behind the next quote; without one on its line it is none       no
+//
 // Whatever fails to be read is looked at twice at most, so that the time grows with the text.
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
-/// Control characters are blanks here, but for the line end.
-bool IsBlank(char c) { return c != '\n' && static_cast<unsigned char>(c) <= ' '; }
 
 void AddFlaw(PbnTagPair& tag, Flaw what, int line) {
   if (tag.Flaws.size() < PbnTagPair::kMostFlaws) tag.Flaws.push_back({what, line});
 }
 
 void AddToSection(PbnTagPair& tag, std::string_view piece) {
-  if (tag.Section.size() + piece.size() <= PbnTagPair::kLongestSection) tag.Section += piece;
+  tag.Section += piece.substr(0, PbnTagPair::kLongestSection - tag.Section.size());
 }
 
 /// Whether an escape stands at `at`: a backslash in front of a quote or another backslash. Any
@@ -39,13 +52,12 @@ std::string WithoutEscapes(std::string_view raw) {
 }
 
 std::string_view TrimEnd(std::string_view text) {
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 }  // namespace
 
-std::string WithPlainLineEnds(std::string text) {
+std::string PlainText(std::string text) {
   std::size_t to = 0;
   for (std::size_t from = 0; from < text.size(); ++from) {
     char c = text[from];
@@ -54,26 +66,26 @@ std::string WithPlainLineEnds(std::string text) {
       from += rest.starts_with('\n') ? 1 : rest == "\r\n" ? 2 : 0;
       c = '\n';
     }
+    if (c != '\n' && static_cast<unsigned char>(c) < ' ') c = ' ';
     text[to++] = c;
   }
   text.resize(to);
   return text;
 }
 
-PbnImportScanner::PbnImportScanner(std::string_view text)
-    : text_(text), lastBrace_(text.rfind('}')) {}
+PbnImportScanner::PbnImportScanner(std::string_view text, std::string_view withSection)
+    : text_(text), withSection_(withSection), lastBrace_(text.rfind('}')) {}
 
 bool PbnImportScanner::Next(PbnTagPair& tag) {
   tag = PbnTagPair{};
   do {
-    ToBracket(tag);
+    ToBracket(tag, false);
     if (AtEnd()) return false;
   } while (!ReadName(tag));
-  tag.Section.clear();
   tag.BehindBlankLine = blankLine_;
   ReadRest(tag);
   lineHasText_ = true;
-  ToBracket(tag);
+  ToBracket(tag, tag.Name.size() == withSection_.size() && UpperCase(tag.Name) == withSection_);
   return true;
 }
 
@@ -81,26 +93,26 @@ std::size_t PbnImportScanner::EndOfLine(std::size_t at) const {
   return std::min(text_.find('\n', at), text_.size());
 }
 
+/// The place of the first character from `at` on that is no blank; a line end is none.
+std::size_t PbnImportScanner::BehindBlanks(std::size_t at) const {
+  return std::min(text_.find_first_not_of(' ', at), text_.size());
+}
+
 /// Whether a tag may begin at `at`. Text in brackets that does not begin with a letter is none.
 bool PbnImportScanner::MayBeginTag(std::size_t at) const {
   if (at >= text_.size() || text_[at] != '[') return false;
-  do ++at;
-  while (at < text_.size() && IsBlank(text_[at]));
+  at = BehindBlanks(at + 1);
   if (at >= text_.size()) return false;
   const char c = text_[at];
   return IsLetter(c) || c == '\n' || c == '{' || c == ';';
 }
 
-bool PbnImportScanner::LineBeginsTag(std::size_t at) const {
-  while (at < text_.size() && IsBlank(text_[at])) ++at;
-  return MayBeginTag(at);
-}
+bool PbnImportScanner::LineBeginsTag(std::size_t at) const { return MayBeginTag(BehindBlanks(at)); }
 
 /// Whether the quote ends its value: it does unless another quote follows in front of the bracket,
 /// as in [Event "The "Big" Game"].
 bool PbnImportScanner::Closes(std::size_t quote) const {
-  std::size_t next = quote + 1;
-  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  std::size_t next = BehindBlanks(quote + 1);
   if (next >= text_.size()) return true;
   if (std::string_view("[{;").find(text_[next]) != std::string_view::npos) return true;
   next = text_.find_first_of("\"]\n", next);
@@ -109,11 +121,11 @@ bool PbnImportScanner::Closes(std::size_t quote) const {
 
 /// Whether the next character on this line but for blanks is a closing bracket.
 bool PbnImportScanner::NextIsBracket() const {
-  std::size_t next = at_;
-  while (next < text_.size() && IsBlank(text_[next])) ++next;
+  const std::size_t next = BehindBlanks(at_);
   return next < text_.size() && text_[next] == ']';
 }
 
+/// The only way over a line end.
 void PbnImportScanner::PassLineEnd() {
   blankLine_ = blankLine_ || !lineHasText_;
   lineHasText_ = false;
@@ -121,12 +133,17 @@ void PbnImportScanner::PassLineEnd() {
   ++line_;
 }
 
+/// The same within a comment or a value, where no line is one of blanks.
+void PbnImportScanner::PassLineEndWithin() {
+  lineHasText_ = true;
+  PassLineEnd();
+}
+
 /// Skips the comment or the escaped line at this place, if there is one.
 bool PbnImportScanner::SkipComment(PbnTagPair& tag) {
   const char c = text_[at_];
   const bool lineStart = at_ == 0 || text_[at_ - 1] == '\n';
   if (c != '{' && c != ';' && !(c == '%' && lineStart)) return false;
-  lineHasText_ = true;
   if (c == '{') {
     SkipBraces(tag);
   } else {
@@ -144,10 +161,11 @@ void PbnImportScanner::SkipBraces(PbnTagPair& tag) {
     return;
   }
   bool hidesTags = false;
-  for (; text_[at_] != '}'; ++at_) {
-    if (text_[at_] != '\n') continue;
-    ++line_;
-    hidesTags = hidesTags || LineBeginsTag(at_ + 1);
+  for (;;) {
+    at_ = text_.find_first_of("}\n", at_);
+    if (text_[at_] == '}') break;
+    PassLineEndWithin();
+    hidesTags = hidesTags || LineBeginsTag(at_);
   }
   ++at_;
   if (hidesTags) AddFlaw(tag, Flaw::kTagsInComment, start);
@@ -158,7 +176,7 @@ void PbnImportScanner::SkipGap(PbnTagPair& tag) {
   while (!AtEnd()) {
     if (text_[at_] == '\n') {
       PassLineEnd();
-    } else if (IsBlank(text_[at_])) {
+    } else if (text_[at_] == ' ') {
       ++at_;
     } else if (!SkipComment(tag)) {
       return;
@@ -167,25 +185,37 @@ void PbnImportScanner::SkipGap(PbnTagPair& tag) {
 }
 
 /// Goes on to the next bracket that may begin a tag; what stands in front of it, comments left out,
-/// goes to the section.
-void PbnImportScanner::ToBracket(PbnTagPair& tag) {
+/// is the section.
+void PbnImportScanner::ToBracket(PbnTagPair& tag, bool keepSection) {
   while (!AtEnd() && !MayBeginTag(at_)) {
     if (SkipComment(tag)) continue;
     const std::size_t start = at_;
     if (text_[at_] == '\n') {
       PassLineEnd();
+    } else if (text_[at_] == '"') {
+      PassQuotes(tag);
     } else {
-      lineHasText_ = lineHasText_ || !IsBlank(text_[at_]);
-      const bool quote = text_[at_++] == '"';
-      // A bracket within quotes is text, if the quotes are closed on their line.
-      const std::size_t close = quote ? text_.find_first_of("\"\n", at_) : std::string_view::npos;
-      if (close != std::string_view::npos && text_[close] == '"') {
-        at_ = close + 1;
-        if (NextIsBracket()) AddFlaw(tag, Flaw::kNoOpening, line_);
-      }
+      PassText();
     }
-    AddToSection(tag, text_.substr(start, at_ - start));
+    if (keepSection) AddToSection(tag, text_.substr(start, at_ - start));
   }
+}
+
+/// A bracket within quotes is text, if the quotes are closed on their line.
+void PbnImportScanner::PassQuotes(PbnTagPair& tag) {
+  lineHasText_ = true;
+  ++at_;
+  const std::size_t close = text_.find_first_of("\"\n", at_);
+  if (close == std::string_view::npos || text_[close] != '"') return;
+  at_ = close + 1;
+  if (NextIsBracket()) AddFlaw(tag, Flaw::kNoOpening, line_);
+}
+
+/// Goes on to the next character that may be more than text.
+void PbnImportScanner::PassText() {
+  const std::size_t end = std::min(text_.find_first_of("[{;%\"\n", at_ + 1), text_.size());
+  lineHasText_ = lineHasText_ || BehindBlanks(at_) < end;
+  at_ = end;
 }
 
 /// Reads the bracket and the name. False: this is no tag.
@@ -213,29 +243,32 @@ void PbnImportScanner::ReadRest(PbnTagPair& tag) {
 /// next line that begins a tag, or its line ends with a bracket.
 bool PbnImportScanner::ReadQuoted(PbnTagPair& tag) {
   if (at_ < openUntil_) return false;
+  const std::size_t start = at_;
+  const int startLine = line_;
   std::string value;
-  int line = line_;
   char last = 0;  // no blank
-  std::size_t at = at_ + 1;
-  for (; at < text_.size(); ++at) {
-    char c = text_[at];
-    if (c == '"' && Closes(at)) {
-      at_ = at + 1;
-      line_ = line;
+  ++at_;
+  while (!AtEnd()) {
+    if (text_[at_] == '\n') {
+      if (last == ']' || LineBeginsTag(at_ + 1)) break;
+      PassLineEndWithin();
+      value += ' ';
+      continue;
+    }
+    if (text_[at_] == '"' && Closes(at_)) {
+      ++at_;
+      lineHasText_ = true;
       tag.Value = std::move(value);
       return true;
     }
-    if (c == '\n') {
-      if (last == ']' || LineBeginsTag(at + 1)) break;
-      ++line;
-      c = ' ';
-    } else if (IsEscape(text_, at)) {
-      c = text_[++at];
-    }
-    if (!IsBlank(c)) last = c;
+    if (IsEscape(text_, at_)) ++at_;
+    const char c = text_[at_++];
+    if (c != ' ') last = c;
     value += c;
   }
-  openUntil_ = at;
+  openUntil_ = at_;
+  at_ = start;
+  line_ = startLine;
   return false;
 }
 

@@ -7,9 +7,10 @@
 
 namespace morvane::files {
 
-/// `text` with LF for every line end: CR LF, CR, LF, and the CR CR LF that a CR LF becomes when it
-/// is written once too often.
-[[nodiscard]] std::string WithPlainLineEnds(std::string text);
+/// `text` with LF for every line end (CR LF, CR, LF, and the CR CR LF that a CR LF becomes when it
+/// is written once too often), and with ' ' for every other character below it: so whatever reads
+/// the text knows one line end and one blank.
+[[nodiscard]] std::string PlainText(std::string text);
 
 /// What is not as PBN wants it, and the line (from 1) where it begins.
 struct PbnFlaw {
@@ -32,7 +33,8 @@ struct PbnFlaw {
 struct PbnTagPair {
   std::string Name;   ///< as written
   std::string Value;  ///< without quotes and escapes; a line end within is a blank
-  /// Without comments, in lines; cut behind `kLongestSection` bytes.
+  /// Without comments, in lines; cut behind `kLongestSection` bytes. Only of the tag whose sections
+  /// the scanner was asked for.
   std::string Section;
   int Line = 0;                  ///< of its "[", from 1
   bool BehindBlankLine = false;  ///< a line of blanks stands between it and the tag before
@@ -45,8 +47,9 @@ struct PbnTagPair {
 /// Reads the tags of a PBN text one after the other, over comments and faults, in one pass.
 class PbnImportScanner {
  public:
-  /// `text` has plain line ends and outlives the scanner.
-  explicit PbnImportScanner(std::string_view text);
+  /// `text` is a `PlainText` and outlives the scanner. Sections are kept of the tag `withSection`,
+  /// in upper case.
+  PbnImportScanner(std::string_view text, std::string_view withSection);
 
   /// Reads the next tag; false when there is none.
   bool Next(PbnTagPair& tag);
@@ -54,16 +57,20 @@ class PbnImportScanner {
  private:
   [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
   [[nodiscard]] std::size_t EndOfLine(std::size_t at) const;
+  [[nodiscard]] std::size_t BehindBlanks(std::size_t at) const;
   [[nodiscard]] bool MayBeginTag(std::size_t at) const;
   [[nodiscard]] bool LineBeginsTag(std::size_t at) const;
   [[nodiscard]] bool Closes(std::size_t quote) const;
   [[nodiscard]] bool NextIsBracket() const;
 
   void PassLineEnd();
+  void PassLineEndWithin();
   bool SkipComment(PbnTagPair& tag);
   void SkipBraces(PbnTagPair& tag);
   void SkipGap(PbnTagPair& tag);
-  void ToBracket(PbnTagPair& tag);
+  void ToBracket(PbnTagPair& tag, bool keepSection);
+  void PassQuotes(PbnTagPair& tag);
+  void PassText();
 
   bool ReadName(PbnTagPair& tag);
   void ReadRest(PbnTagPair& tag);
@@ -73,6 +80,7 @@ class PbnImportScanner {
   void ReadBracket(PbnTagPair& tag);
 
   std::string_view text_;
+  std::string_view withSection_;
   std::size_t at_ = 0;
   int line_ = 1;
   std::size_t lastBrace_;  ///< the last "}"; npos without one

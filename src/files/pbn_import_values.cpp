@@ -1,17 +1,15 @@
 #include "files/pbn_import_values.h"
 
 #include <algorithm>
-#include <vector>
 
-#include "files/pbn_import_games.h"
+#include "files/pbn_values.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
+#include "model/text_lines.h"
 
 namespace morvane::files {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n";
-constexpr std::size_t kDenominations = 5;
 constexpr int kMostTricks = 13;
 /// No number, name or row of digits is longer. Longer ones are not looked at, since many short
 /// games may repeat them.
@@ -22,10 +20,10 @@ class Words {
  public:
   explicit Words(std::string_view text) : rest_(text) {}
   bool Next(std::string_view& word) {
-    const std::size_t start = rest_.find_first_not_of(kBlanks);
+    const std::size_t start = rest_.find_first_not_of(' ');
     if (start == std::string_view::npos) return false;
     rest_.remove_prefix(start);
-    word = rest_.substr(0, rest_.find_first_of(kBlanks));
+    word = rest_.substr(0, rest_.find(' '));
     rest_.remove_prefix(word.size());
     return true;
   }
@@ -75,7 +73,7 @@ class TricksTable {
  public:
   /// A result that nobody knows, or that contradicts an earlier one, spoils the table.
   void Put(int hand, std::size_t denomination, std::optional<int> tricks) {
-    const std::size_t at = static_cast<std::size_t>(hand - 1) * kDenominations + denomination;
+    const std::size_t at = TricksIndex(hand, denomination);
     if (!tricks || *tricks > kMostTricks || (tricks_[at] >= 0 && tricks_[at] != *tricks)) {
       broken_ = true;
       return;
@@ -201,8 +199,8 @@ std::optional<std::uint8_t> ImportedVul(std::string_view text) {
 ImportedDeal ReadImportedDeal(std::string_view text) {
   ImportedDeal deal;
   int hand = text.empty() ? 0 : HandOfLetter(text[0]);
-  const std::size_t colon = text.find_first_not_of(kBlanks, 1);
-  if (text.size() > PbnGames::kLongestValue) {
+  const std::size_t colon = text.find_first_not_of(' ', 1);
+  if (text.size() > kLongestValue) {
     deal.Fault = "the deal is too long";
   } else if (hand == 0) {
     deal.Fault = "the deal does not begin with N, E, S or W";
@@ -225,13 +223,12 @@ ImportedDeal ReadImportedDeal(std::string_view text) {
 
 std::optional<ImportedTricks> TricksOfDigits(std::string_view text) {
   if (text.size() > kLongestWord) return std::nullopt;
-  constexpr std::array<int, kHands> kDeclarers{kNorth, kSouth, kEast, kWest};
   TricksTable table;
   std::size_t count = 0;
   for (const char c : text) {
     if (c == ' ') continue;
     if (count == kHands * kDenominations) return std::nullopt;
-    table.Put(kDeclarers[count / kDenominations], count % kDenominations, HexTricks(c));
+    table.Put(kTricksDeclarers[count / kDenominations], count % kDenominations, HexTricks(c));
     ++count;
   }
   return table.Levels();
@@ -241,11 +238,8 @@ std::optional<ImportedTricks> TricksOfTable(std::string_view header, std::string
   const Columns columns = ReadHeader(header);
   if (!columns.Declarer || !columns.Denomination || !columns.Result) return std::nullopt;
   TricksTable table;
-  while (!rows.empty()) {
-    const std::size_t end = std::min(rows.find('\n'), rows.size());
-    PutRow(columns, rows.substr(0, end), table);
-    rows.remove_prefix(std::min(end + 1, rows.size()));
-  }
+  Lines lines(rows);
+  for (std::string_view line; lines.Next(line);) PutRow(columns, line, table);
   return table.Levels();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,7 +11,11 @@
 
 namespace morvane::files {
 
-// The values of PBN as other programs write them. Blanks at the ends are gone already.
+// The values of PBN as other programs write them, out of a `PlainText`: the only blank is ' '.
+// Those at the ends are gone already.
+
+/// In bytes; no value that can be used is longer.
+inline constexpr std::size_t kLongestValue = 1024;
 
 /// 1..640; nothing for any other text.
 [[nodiscard]] std::optional<int> ImportedNumber(std::string_view text);
@@ -21,7 +26,7 @@ namespace morvane::files {
 
 /// What a `Deal` says.
 struct ImportedDeal {
-  std::array<std::uint8_t, 53> Cards{};  ///< as `Board::Cards`
+  decltype(Board::Cards) Cards{};
   /// [hand]: the deal says what it holds. A hand without cards is given, "-" and a hand that is
   /// left out are not.
   std::array<bool, 5> Given{};
@@ -31,7 +36,7 @@ struct ImportedDeal {
 [[nodiscard]] ImportedDeal ReadImportedDeal(std::string_view text);
 
 /// The double-dummy results of a board, laid out as `Board::Tricks`.
-using ImportedTricks = std::array<std::uint8_t, 21>;
+using ImportedTricks = decltype(Board::Tricks);
 // Each gives nothing unless all 20 results are there: what is left open in a part would stand as
 // "no level makes" in the set. Tricks below 7 are level 0.
 

@@ -1,7 +1,5 @@
 #include "files/pbn_values.h"
 
-#include <array>
-
 #include "model/hand_text.h"
 #include "model/text.h"
 #include "model/text_encoding.h"
@@ -10,13 +8,11 @@ namespace morvane::files {
 namespace {
 
 constexpr std::string_view kTricksOfLevel = "1789abcd";
-constexpr std::size_t kDenominations = 5;
 constexpr std::size_t kTricks = kHands * kDenominations;
-/// Where each declarer of the value, North, South, East, West, stands in `Board::Tricks`.
-constexpr std::array<std::size_t, kHands> kFirstOfDeclarer{0, 10, 5, 15};
 
-std::size_t TricksIndex(std::size_t position) {
-  return kFirstOfDeclarer[position / kDenominations] + position % kDenominations;
+/// Where the character at `position` of the value stands in `Board::Tricks`.
+std::size_t IndexOf(std::size_t position) {
+  return TricksIndex(kTricksDeclarers[position / kDenominations], position % kDenominations);
 }
 
 std::string FormatHand(const Board& board, int hand) {
@@ -85,7 +81,7 @@ std::string ParsePbnDeal(std::string_view value, Board& board, const Messages& t
 
 std::string FormatPbnTricks(const Board& board) {
   std::string text;
-  for (std::size_t i = 0; i < kTricks; ++i) text += kTricksOfLevel[board.Tricks[TricksIndex(i)]];
+  for (std::size_t i = 0; i < kTricks; ++i) text += kTricksOfLevel[board.Tricks[IndexOf(i)]];
   return text;
 }
 
@@ -97,7 +93,7 @@ std::string ParsePbnTricks(std::string_view value, Board& board, const Messages&
     const int level = LevelOf(character[0]);
     // The last of several faults is the one told: required.
     if (level < 0) error = Fill(texts.Msg027, "***", character);
-    board.Tricks[TricksIndex(i)] = static_cast<std::uint8_t>(level < 0 ? 0 : level);
+    board.Tricks[IndexOf(i)] = static_cast<std::uint8_t>(level < 0 ? 0 : level);
     at += character.size();
   }
   return error;

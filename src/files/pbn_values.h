@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,11 @@ namespace morvane::files {
 /// Gives the cards to the hands of `board`. Neither four hands nor 13 cards are asked for.
 [[nodiscard]] std::string ParsePbnDeal(std::string_view value, Board& board, const Messages& texts);
 
-/// Twenty characters: declarers North, South, East, West, denominations no-trump, spades, hearts,
-/// diamonds, clubs in each; each the tricks made in hexadecimal, "1" where no level makes.
+/// The declarers in the order in which `DoubleDummyTricks` has them.
+inline constexpr std::array<int, kHands> kTricksDeclarers{kNorth, kSouth, kEast, kWest};
+
+/// Twenty characters: `kTricksDeclarers`, denominations no-trump, spades, hearts, diamonds, clubs
+/// in each; each the tricks made in hexadecimal, "1" where no level makes.
 [[nodiscard]] std::string FormatPbnTricks(const Board& board);
 [[nodiscard]] std::string ParsePbnTricks(std::string_view value, Board& board,
                                          const Messages& texts);

@@ -13,9 +13,10 @@ namespace {
 
 struct Denomination {
   std::string_view Name;
-  std::size_t Index;  ///< in `Board::Tricks`
+  std::size_t Number;
 };
-constexpr std::array<Denomination, 5> kDenominations{
+/// In the order of the rows that each declarer has.
+constexpr std::array<Denomination, kDenominations> kRows{
     {{" S", 1}, {" H", 2}, {" D", 3}, {" C", 4}, {"NT", 0}}};
 constexpr std::array<std::string_view, 8> kResultOfLevel{" 1", " 7", " 8", " 9",
                                                          "10", "11", "12", "13"};
@@ -42,9 +43,8 @@ void AppendAnalysis(std::string& text, const Board& board) {
   AppendTag(text, "DoubleDummyTricks", FormatPbnTricks(board));
   AppendTag(text, "OptimumResultTable", R"(Declarer;Denomination\2R;Result\2R)");
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    for (const auto& [name, index] : kDenominations) {
-      const auto declarer = static_cast<std::size_t>(hand - 1);
-      const std::uint8_t level = board.Tricks[declarer * kDenominations.size() + index];
+    for (const auto& [name, denomination] : kRows) {
+      const std::uint8_t level = board.Tricks[TricksIndex(hand, denomination)];
       AppendLine(text, std::string(1, HandLetter(hand)) + " " + std::string(name) + " " +
                            std::string(kResultOfLevel[level]));
     }

@@ -1,11 +1,10 @@
 #include "model/number_filter.h"
 
 #include "model/text.h"
+#include "model/text_encoding.h"
 
 namespace morvane {
 namespace {
-
-constexpr std::size_t kEventLength = 200;
 
 bool IsNumber(const std::string& text, int limit) {
   if (text.empty()) return true;
@@ -34,7 +33,7 @@ bool FilterNumberZero(FilteredBox& box, std::string& previous, int limit) {
 }
 
 bool FilterLength(FilteredBox& box, std::string& previous) {
-  return KeepOrRestore(box, previous, CharacterCount(box.Text) <= kEventLength);
+  return KeepOrRestore(box, previous, CharacterCount(box.Text) <= kLongestEventText);
 }
 
 }  // namespace morvane

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace morvane {
+
+/// What an event box holds, in characters.
+inline constexpr std::size_t kLongestEventText = 200;
 
 /// What a filtered box shows: its text and its caret, counted in characters from 0.
 struct FilteredBox {
@@ -19,8 +23,8 @@ bool FilterNumber(FilteredBox& box, std::string& previous, int limit);
 /// The same, but a lone "0" is accepted.
 bool FilterNumberZero(FilteredBox& box, std::string& previous, int limit);
 
-/// The event boxes' rule: a text of more than 200 characters gives way to `previous` in the same
-/// manner. Whether the text was short enough.
+/// The event boxes' rule: a text longer than `kLongestEventText` gives way to `previous` in the
+/// same manner. Whether the text was short enough.
 bool FilterLength(FilteredBox& box, std::string& previous);
 
 }  // namespace morvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -19,6 +20,8 @@ inline constexpr int kSuits = 4;
 inline constexpr int kCards = 52;
 inline constexpr int kRanks = 13;
 inline constexpr int kMaxBoards = 640;
+/// 0 no-trump, 1 Spades .. 4 Clubs.
+inline constexpr int kDenominations = 5;
 
 inline constexpr std::string_view CardLetters = "AKQJT98765432";
 
@@ -64,6 +67,11 @@ inline constexpr std::array<std::uint8_t, 5> HandOfPocket{0, 3, 4, 2, 1};
     if (letter == HandLetter(hand) || letter == HandLetter(hand) - 'A' + 'a') return hand;
   }
   return 0;
+}
+
+/// Where the result of declarer 1..4 in denomination 0..4 stands in `Board::Tricks`.
+[[nodiscard]] constexpr std::size_t TricksIndex(int declarer, std::size_t denomination) {
+  return static_cast<std::size_t>((declarer - 1) * kDenominations) + denomination;
 }
 
 /// The next hand clockwise: 1, 2, 3, 4, 1, ...

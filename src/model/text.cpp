@@ -95,10 +95,4 @@ int Val(std::string_view text) {
   return static_cast<int>(value);
 }
 
-std::size_t CharacterCount(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
-}
-
 }  // namespace morvane

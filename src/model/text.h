@@ -34,12 +34,11 @@ namespace morvane {
 }
 [[nodiscard]] std::string UpperCase(std::string_view text);
 [[nodiscard]] std::string LowerCase(std::string_view text);
+/// `text` without blanks, tabs and line ends at its ends.
 [[nodiscard]] std::string Trim(std::string_view text);
 
-/// The value of the digits at the start of `text` (blanks before them skipped); 0 without any.
+/// The value of the digits at the start of `text` (blanks before them skipped); 0 without any. It
+/// stops at 1,000,000,000: a larger number has that value.
 [[nodiscard]] int Val(std::string_view text);
-
-/// How many characters the UTF-8 `text` has.
-[[nodiscard]] std::size_t CharacterCount(std::string_view text);
 
 }  // namespace morvane

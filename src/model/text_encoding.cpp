@@ -200,6 +200,12 @@ std::string_view CharacterAt(std::string_view text, std::size_t at) {
   return text.substr(0, std::max<std::size_t>(1, FirstOf(text).Size));
 }
 
+std::size_t CharacterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); at += CharacterAt(text, at).size()) ++count;
+  return count;
+}
+
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t end = 0;
   for (; count > 0 && end < text.size(); --count) end += CharacterAt(text, end).size();

@@ -28,8 +28,12 @@ namespace morvane {
 /// Such bytes in upper case, accented letters too.
 [[nodiscard]] std::string UpperCaseAnsi(std::string_view bytes);
 
-/// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end.
+/// The whole character of UTF-8 `text` that starts at byte `at`; empty at the end. A byte that
+/// belongs to no character is one by itself.
 [[nodiscard]] std::string_view CharacterAt(std::string_view text, std::size_t at);
+
+/// How many characters UTF-8 `text` has.
+[[nodiscard]] std::size_t CharacterCount(std::string_view text);
 
 /// The first `count` characters of UTF-8 `text`; all of a shorter one.
 [[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t count);

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "files/pbn_import_values.h"
+
 namespace morvane::files {
 namespace {
 
@@ -16,7 +18,7 @@ std::vector<std::string> Games(std::string_view text) {
   while (const PbnGame* const game = games.Next()) {
     std::string line;
     for (const GameValue& value : game->Values) {
-      if (value.Line > 0) line += value.Text + "|";
+      if (value.Line > 0) line.append(value.Text()).append("|");
     }
     result.push_back(line);
   }
@@ -73,15 +75,19 @@ TEST(PbnGame, KeepsTheRowsOfItsResultTable) {
 }
 
 TEST(PbnGame, BlanksAtTheEndsOfAValueAreGone) {
-  EXPECT_THAT(Games("[Board \"  1\t\"]"), ElementsAre("1|"));
+  EXPECT_THAT(Games("[Board \"  1 \"]"), ElementsAre("1|"));
 }
 
 TEST(PbnGame, AValueThatIsTooLongIsCutBetweenCharacters) {
-  std::string value(PbnGames::kLongestValue, 'x');
+  std::string value(kLongestValue, 'x');
   value += "\xC3\xA9\xC3\xA9";
   PbnGames games("[Event \"" + value + "\"]");
-  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text,
-            std::string(PbnGames::kLongestValue, 'x') + "\xC3\xA9");
+  EXPECT_EQ(games.Next()->At(GameTag::kEvent).Text(), std::string(kLongestValue, 'x') + "\xC3\xA9");
+}
+
+TEST(PbnGame, MarksInFrontOfAValueThatIsTooLongDoNotMakeItShorter) {
+  PbnGames games("[Deal \"##" + std::string(kLongestValue + 2, 'x') + "\"]");
+  EXPECT_EQ(games.Next()->At(GameTag::kDeal).Text(), std::string(kLongestValue + 1, 'x'));
 }
 
 TEST(PbnGame, MissingQuotesOfATagThatIsSkippedDoNoHarm) {

@@ -3,7 +3,7 @@
 #include <chrono>
 
 #include "files/pbn_import_desk.h"
-#include "files/pbn_import_games.h"
+#include "files/pbn_import_values.h"
 
 namespace morvane::files {
 namespace {
@@ -52,11 +52,11 @@ TEST(HugeText, ALongValueThatIsRepeatedIsNotReadAgainAndAgain) {
 }
 
 TEST(HugeText, ShortGamesThatRepeatLongValuesAreReadOnce) {
-  const std::string marks(PbnGames::kLongestValue - 1, '#');
-  const std::string columns(PbnGames::kLongestValue, ';');
-  const std::string voids(PbnGames::kLongestValue - 2, '-');
+  const std::string marks(kLongestValue - 1, '#');
+  const std::string columns(kLongestValue, ';');
+  const std::string voids(kLongestValue - 2, '-');
   std::string ability;
-  while (ability.size() < PbnGames::kLongestValue - 12) ability += "NNNNN:66666 ";
+  while (ability.size() < kLongestValue - 12) ability += "NNNNN:66666 ";
   std::string text = "[Deal \"##N:" + voids + "\"][OptimumResultTable \"##" + columns +
                      "\"][Ability \"##" + ability + "\"][DoubleDummyTricks \"##" + voids + "\"]";
   for (const char* tag : {"Event", "Site", "Date", "EventDate", "Dealer", "Vulnerable"}) {

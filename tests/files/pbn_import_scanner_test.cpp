@@ -11,7 +11,8 @@ using ::testing::IsEmpty;
 using Flaw = PbnFlaw::Kind;
 
 std::vector<PbnTagPair> Tags(std::string_view text) {
-  PbnImportScanner scanner(text);
+  const std::string plain = PlainText(std::string(text));
+  PbnImportScanner scanner(plain, "SCORES");
   std::vector<PbnTagPair> tags;
   for (PbnTagPair tag; scanner.Next(tag);) tags.push_back(tag);
   return tags;
@@ -32,19 +33,24 @@ std::vector<PbnFlaw> Flaws(std::string_view text) {
   return flaws;
 }
 
-TEST(PlainLineEnds, EveryKindOfLineEndIsOneLineFeed) {
-  EXPECT_EQ(WithPlainLineEnds("a\r\nb\nc\rd"), "a\nb\nc\nd");
-  EXPECT_EQ(WithPlainLineEnds("a\r\n\r\nb\r\rc\n\nd"), "a\n\nb\n\nc\n\nd");
+TEST(PlainText, EveryKindOfLineEndIsOneLineFeed) {
+  EXPECT_EQ(PlainText("a\r\nb\nc\rd"), "a\nb\nc\nd");
+  EXPECT_EQ(PlainText("a\r\n\r\nb\r\rc\n\nd"), "a\n\nb\n\nc\n\nd");
 }
 
-TEST(PlainLineEnds, ACarriageReturnTooManyIsNoLineOfItsOwn) {
-  EXPECT_EQ(WithPlainLineEnds("a\r\r\nb\r\r\n\r\r\nc"), "a\nb\n\nc");
+TEST(PlainText, ACarriageReturnTooManyIsNoLineOfItsOwn) {
+  EXPECT_EQ(PlainText("a\r\r\nb\r\r\n\r\r\nc"), "a\nb\n\nc");
 }
 
-TEST(PlainLineEnds, ATextMayEndInTheMiddleOfOne) {
-  EXPECT_EQ(WithPlainLineEnds("a\r"), "a\n");
-  EXPECT_EQ(WithPlainLineEnds("a\r\r"), "a\n\n");
-  EXPECT_EQ(WithPlainLineEnds(""), "");
+TEST(PlainText, ATextMayEndInTheMiddleOfOne) {
+  EXPECT_EQ(PlainText("a\r"), "a\n");
+  EXPECT_EQ(PlainText("a\r\r"), "a\n\n");
+  EXPECT_EQ(PlainText(""), "");
+}
+
+TEST(PlainText, EveryOtherControlCharacterIsABlank) {
+  EXPECT_EQ(PlainText(std::string("a\tb\v\fc\x01\x1F\0d e", 12)), "a b  c   d e");
+  EXPECT_EQ(PlainText("\x7F\xC2\x81"), "\x7F\xC2\x81");
 }
 
 TEST(PbnScan, SeveralTagsOnALineAndNoLineEndAtTheEnd) {
@@ -117,10 +123,17 @@ TEST(PbnScan, ANameHasLettersDigitsAndUnderscores) {
 }
 
 TEST(PbnScan, TheSectionOfATagGoesUpToTheNextTag) {
-  const auto tags = Tags("[A \"x\"]\nN S 1\n{c} E ; d\n%e\nW\n[B \"y\"] tail");
+  const auto tags = Tags("[Scores \"x\"]\nN S 1\n{c} E ; d\n%e\nW\"[a\"% []\n[scores \"y\"] tail");
   ASSERT_EQ(tags.size(), 2U);
-  EXPECT_EQ(tags[0].Section, "\nN S 1\n E \n\nW\n");
+  EXPECT_EQ(tags[0].Section, "\nN S 1\n E \n\nW\"[a\"% []\n");
   EXPECT_EQ(tags[1].Section, " tail");
+}
+
+TEST(PbnScan, OnlyTheSectionsThatAreAskedForAreKept) {
+  const auto tags = Tags("before [Scores \"x\"] a [Score \"y\"] b");
+  ASSERT_EQ(tags.size(), 2U);
+  EXPECT_EQ(tags[0].Section, " a ");
+  EXPECT_EQ(tags[1].Section, "");
 }
 
 TEST(PbnScan, ABracketWithinQuotesOfASectionIsText) {
@@ -132,9 +145,10 @@ TEST(PbnScan, AQuoteInASectionThatIsNotClosedOnItsLineIsText) {
 }
 
 TEST(PbnScan, ALongSectionIsCut) {
-  const auto tags = Tags("[A \"x\"]" + std::string(100'000, '.') + "[B \"y\"]");
+  const std::string line = std::string(PbnTagPair::kLongestSection - 5, '.') + "\n";
+  const auto tags = Tags("[Scores \"x\"]" + line + "abcdefgh\"i\"\nj[B \"y\"]");
   ASSERT_EQ(tags.size(), 2U);
-  EXPECT_EQ(tags[0].Section.size(), PbnTagPair::kLongestSection);
+  EXPECT_EQ(tags[0].Section, line + "abcd");
 }
 
 TEST(PbnScan, ALineOfBlanksIsNoticedACommentIsNone) {
@@ -146,6 +160,14 @@ TEST(PbnScan, ALineOfBlanksIsNoticedACommentIsNone) {
   EXPECT_FALSE(tags[2].BehindBlankLine);
   EXPECT_FALSE(tags[3].BehindBlankLine);
   EXPECT_TRUE(tags[4].BehindBlankLine);
+}
+
+TEST(PbnScan, TheLinesOfAValueAreNoneOfBlanks) {
+  for (const char* text : {"[A\n\"1\"\n[B \"2\"]", "[A \"1\n\n\"\n[B \"2\"]"}) {
+    const auto tags = Tags(text);
+    ASSERT_EQ(tags.size(), 2U) << text;
+    EXPECT_FALSE(tags[1].BehindBlankLine) << text;
+  }
 }
 
 TEST(PbnScanFault, AValueWithoutItsQuoteEndsWithItsLine) {
@@ -186,7 +208,7 @@ TEST(PbnScanFault, ATagWithoutItsOpeningBracketIsSkippedAndTold) {
 }
 
 TEST(PbnScanFault, BehindATagWithoutItsBracketTheNextLineIsItsSection) {
-  const auto tags = Tags("[A \"x\"\n1C Pass\n[B \"y\"]");
+  const auto tags = Tags("[Scores \"x\"\n1C Pass\n[B \"y\"]");
   ASSERT_EQ(tags.size(), 2U);
   EXPECT_EQ(tags[0].Section, "1C Pass\n");
 }

@@ -68,6 +68,16 @@ TEST(PbnImport, DealerAndVulnerabilityThatMakeNoSenseAreToo) {
                           "decides"));
 }
 
+TEST(PbnImport, ABlankOfAnyKindIsABlankInEveryValue) {
+  const Imported file("[Event \"My\tCup\"][Board \"\v2\t\"][Vulnerable \"N\tS\"]" +
+                      std::string("[Deal \"N\t:AKQJT98765432...\v.AKQJT98765432..\f") +
+                      "..AKQJT98765432.\t...AKQJT98765432\"]");
+  EXPECT_EQ(file.Set->EventName, "My Cup");
+  EXPECT_EQ(file.At(2).Vul, 2);
+  EXPECT_EQ(file.Cards(2), kCards);
+  EXPECT_EQ(file.Report.Notes.Count, 0);
+}
+
 TEST(PbnImport, ADashIsNobodyVulnerable) {
   EXPECT_EQ(Imported("[Vulnerable \"-\"][Board \"2\"]").At(2).Vul, 1);
 }
@@ -245,6 +255,19 @@ TEST(ImportedAnalysis, IsTheTableWhereThereAreNoTricks) {
   }
   EXPECT_EQ(Imported(kOne + "[DoubleDummyTricks \"77777777777777777777\"]" + table).At(1).Tricks[0],
             1);
+}
+
+TEST(ImportedAnalysis, MayHaveBlanksOfAnyKind) {
+  std::string table = "[OptimumResultTable \"Declarer;Denomination;Result\"]\n";
+  for (const char* hand : {"N", "E", "S", "W"}) {
+    for (const char* name : {"S", "H", "D", "C", "NT"}) {
+      table += std::string("\v") + hand + "\t" + name + "\f9\n";
+    }
+  }
+  for (const std::string& tag : {std::string("[DoubleDummyTricks \"99999\t99999\v99999\f99999\"]"),
+                                 table, std::string("[Ability \"NS:99999\tEW:99999\"]")}) {
+    EXPECT_EQ(Imported(kOne + tag).At(1).Tricks[0], 3) << tag;
+  }
 }
 
 TEST(ImportedAnalysis, IsTheAbilityWhereThereIsNothingElse) {

@@ -74,7 +74,7 @@ TEST(ImportedDealValue, TakesSmallLettersAndTheTenAsTwoDigits) {
 }
 
 TEST(ImportedDealValue, MayHaveAnyNumberOfBlanks) {
-  EXPECT_EQ(Read("N  :   A...    K...\t Q...   J...  "), "A... K... Q... J... ");
+  EXPECT_EQ(Read("N  :   A...    K...  Q...   J...  "), "A... K... Q... J... ");
 }
 
 TEST(ImportedDealValue, AHandMayLackItsLastSuitsAndMarkItsVoids) {
@@ -140,7 +140,7 @@ TEST(TricksTable, ItsColumnsStandInAnyOrderWithOthersBetween) {
   const std::array<const char*, 4> hands{"w", "E", "S", "n"};
   const std::array<const char*, 5> names{"c", "D", "H", "S", "N"};
   for (const char* hand : hands) {
-    for (const char* name : names) rows += std::string(" 08 x\t") + hand + "  " + name + "\n";
+    for (const char* name : names) rows += std::string(" 08 x ") + hand + "  " + name + "\n";
   }
   ImportedTricks twos{};
   std::fill(twos.begin(), twos.end() - 1, std::uint8_t{2});

@@ -117,6 +117,19 @@ TEST(TextEncoding, ACharacterIsTakenWhole) {
   EXPECT_EQ(CharacterAt("a", 1), "");
 }
 
+TEST(TextEncoding, CharactersAreCountedNotBytes) {
+  EXPECT_EQ(CharacterCount("a\xC3\xA9z"), 3U);
+  EXPECT_EQ(CharacterCount("\xE2\x82\xAC\xF0\x9F\x82\xA1"), 2U);
+  EXPECT_EQ(CharacterCount(""), 0U);
+}
+
+TEST(TextEncoding, AByteThatIsNoUtf8IsOneCharacterHoweverItIsLookedAt) {
+  const std::string text = "a\xA9\xE2\x82z";  // a lone continuation, and a character cut off
+  EXPECT_EQ(CharacterCount(text), 5U);
+  EXPECT_EQ(CharacterAt(text, 1), "\xA9");
+  EXPECT_EQ(FirstCharacters(text, 3), "a\xA9\xE2");
+}
+
 TEST(TextEncoding, TheFirstCharactersAreWhole) {
   const std::string text = "a\xE2\x82\xACz";
   EXPECT_EQ(FirstCharacters(text, 0), "");

@@ -46,8 +46,6 @@ TEST(Text, ValReadsTheLeadingDigits) {
   EXPECT_EQ(Val("99999999999999"), 1'000'000'000);
 }
 
-TEST(Text, CharactersAreCountedNotBytes) { EXPECT_EQ(CharacterCount("a\xC3\xA9z"), 3U); }
-
 struct Typed {
   FilteredBox Box;
   std::string Previous = "12";
