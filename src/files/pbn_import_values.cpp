@@ -42,10 +42,10 @@ std::string CardName(int card) {
 /// Gives the cards of one hand, "AK10.-.QJ9.2" for example, to `hand`.
 void ReadHand(std::string_view word, int hand, ImportedDeal& deal) {
   deal.Given[static_cast<std::size_t>(hand)] = true;
-  std::size_t suit = 0;
+  int suit = 1;
   for (std::size_t at = 0; at < word.size(); ++at) {
     char c = UpperLetter(word[at]);
-    if (c == '.' && ++suit == kSuits) {
+    if (c == '.' && ++suit > kSuits) {
       deal.Fault = "a hand has more than four suits";
       return;
     }
@@ -54,17 +54,17 @@ void ReadHand(std::string_view word, int hand, ImportedDeal& deal) {
       c = 'T';
       ++at;
     }
-    const std::size_t rank = CardLetters.find(c);
-    if (rank == std::string_view::npos) {
+    const int card = CardOf(suit, c);
+    if (card == 0) {
       deal.Fault = "\"" + std::string(CharacterAt(word, at)) + "\" is no card";
       return;
     }
-    const std::size_t card = suit * kRanks + rank + 1;
-    if (deal.Cards[card] != 0) {
-      deal.Fault = "the " + CardName(static_cast<int>(card)) + " stands twice";
+    std::uint8_t& holder = deal.Cards[static_cast<std::size_t>(card)];
+    if (holder != 0) {
+      deal.Fault = "the " + CardName(card) + " stands twice";
       return;
     }
-    deal.Cards[card] = static_cast<std::uint8_t>(hand);
+    holder = static_cast<std::uint8_t>(hand);
   }
 }
 
