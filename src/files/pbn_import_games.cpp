@@ -92,9 +92,9 @@ void PbnGames::Take(GameTag which) {
 
 /// The text of the tag read ahead, its repeat marks resolved.
 PbnGames::SharedText PbnGames::Resolved(std::size_t at) {
-  const std::string value = Trim(tag_.Value);
-  const std::size_t marks = value.starts_with("##") ? 2 : value.starts_with('#') ? 1 : 0;
-  const std::string text = Trim(std::string_view(value).substr(marks));
+  std::string text = Trim(tag_.Value);
+  const std::size_t marks = text.starts_with("##") ? 2 : text.starts_with('#') ? 1 : 0;
+  if (marks > 0) text = Trim(std::string_view(text).substr(marks));
   SharedText resolved = marks > 0 && text.empty() ? before_[at] : Share(at, Kept(text));
   if (marks == 2) defaults_[at] = resolved;
   return resolved;

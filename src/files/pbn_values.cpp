@@ -8,7 +8,7 @@ namespace morvane::files {
 namespace {
 
 constexpr std::string_view kTricksOfLevel = "1789abcd";
-constexpr std::size_t kTricks = kHands * kDenominations;
+constexpr int kTricks = kHands * kDenominations;
 
 /// Where the character at `position` of the value stands in `Board::Tricks`.
 std::size_t IndexOf(std::size_t position) {
