@@ -91,12 +91,12 @@ class TricksTable {
   }
 
  private:
-  static constexpr std::array<int, kHands * kDenominations> AllUnknown() {
-    std::array<int, kHands * kDenominations> tricks{};
+  static constexpr std::array<int, kResults> AllUnknown() {
+    std::array<int, kResults> tricks{};
     tricks.fill(-1);
     return tricks;
   }
-  std::array<int, kHands* kDenominations> tricks_ = AllUnknown();
+  std::array<int, kResults> tricks_ = AllUnknown();
   bool broken_ = false;
 };
 
@@ -227,7 +227,7 @@ std::optional<ImportedTricks> TricksOfDigits(std::string_view text) {
   std::size_t count = 0;
   for (const char c : text) {
     if (c == ' ') continue;
-    if (count == kHands * kDenominations) return std::nullopt;
+    if (count == kResults) return std::nullopt;
     table.Put(kTricksDeclarers[count / kDenominations], count % kDenominations, HexTricks(c));
     ++count;
   }

@@ -8,7 +8,6 @@ namespace morvane::files {
 namespace {
 
 constexpr std::string_view kTricksOfLevel = "1789abcd";
-constexpr int kTricks = kHands * kDenominations;
 
 /// Where the character at `position` of the value stands in `Board::Tricks`.
 std::size_t IndexOf(std::size_t position) {
@@ -81,14 +80,14 @@ std::string ParsePbnDeal(std::string_view value, Board& board, const Messages& t
 
 std::string FormatPbnTricks(const Board& board) {
   std::string text;
-  for (std::size_t i = 0; i < kTricks; ++i) text += kTricksOfLevel[board.Tricks[IndexOf(i)]];
+  for (std::size_t i = 0; i < kResults; ++i) text += kTricksOfLevel[board.Tricks[IndexOf(i)]];
   return text;
 }
 
 std::string ParsePbnTricks(std::string_view value, Board& board, const Messages& texts) {
-  if (CharacterCount(value) != kTricks) return texts.Msg031;
+  if (CharacterCount(value) != kResults) return texts.Msg031;
   std::string error;
-  for (std::size_t i = 0, at = 0; i < kTricks; ++i) {
+  for (std::size_t i = 0, at = 0; i < kResults; ++i) {
     const std::string_view character = CharacterAt(value, at);
     const int level = LevelOf(character[0]);
     // The last of several faults is the one told: required.

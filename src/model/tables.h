@@ -22,6 +22,7 @@ inline constexpr int kRanks = 13;
 inline constexpr int kMaxBoards = 640;
 /// 0 no-trump, 1 Spades .. 4 Clubs.
 inline constexpr int kDenominations = 5;
+inline constexpr int kResults = kHands * kDenominations;  ///< of a double-dummy analysis
 
 inline constexpr std::string_view CardLetters = "AKQJT98765432";
 
