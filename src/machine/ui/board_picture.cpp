@@ -186,7 +186,7 @@ void BoardPicture::DrawAnalysis(QPainter& painter) const {
     painter.setFont(SheetFont(kTextSize));
     painter.setPen(Qt::black);
     for (std::size_t row = 0; row < rows.size(); ++row) {
-      const auto result = display_.Tricks[static_cast<std::size_t>(rows[row] - 1) * 5 + strain];
+      const auto result = display_.Tricks[TricksIndex(rows[row], strain)];
       DrawCentred(painter, kTable + QPointF(x, kLine * static_cast<qreal>(row + 1)),
                   QString::number(result));
     }
