@@ -11,9 +11,10 @@ namespace morvane {
 
 bool AreText(int argc, char** argv) {
   return std::all_of(argv, argv + argc, [](const char* word) {
-    QStringDecoder decoder(QStringDecoder::System);
+    // Stateless: a character that is cut off at the end is an error, and not waited for.
+    QStringDecoder decoder(QStringDecoder::System, QStringDecoder::Flag::Stateless);
     const QString text = decoder(word);
-    return !decoder.hasError() && !text.contains(QChar::ReplacementCharacter);
+    return !decoder.hasError();
   });
 }
 

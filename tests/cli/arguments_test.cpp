@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <filesystem>
 
 namespace morvane {
@@ -240,6 +241,21 @@ TEST(Arguments, HelpGoesBeforeEverythingButAnUnknownOption) {
     }
   }
   EXPECT_EQ(Parsed({"--help", "--fast"}).Error, "Unknown option 'fast'.");
+}
+
+/// Whether "cli" followed by `word` is text.
+bool IsText(std::string word) {
+  std::string program = "cli";
+  std::array<char*, 2> words{program.data(), word.data()};
+  return AreText(static_cast<int>(words.size()), words.data());
+}
+
+TEST(ProgramArguments, WordsThatAreNoUtf8AreNoText) {
+  EXPECT_TRUE(IsText(""));
+  EXPECT_TRUE(IsText("caf\xC3\xA9.pbn"));
+  EXPECT_TRUE(IsText("\xEF\xBF\xBD.pbn")) << "a name like others";
+  EXPECT_FALSE(IsText("caf\xE9.pbn"));
+  EXPECT_FALSE(IsText("caf\xC3"));
 }
 
 }  // namespace
