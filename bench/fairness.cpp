@@ -10,9 +10,9 @@
 #include "bench/options.h"
 #include "generate/number_dealer.h"
 #include "model/tables.h"
-#include "model/text.h"
 #include "platform/system_entropy.h"
 #include "support/deal_statistics.h"
+#include "text/text.h"
 
 namespace morvane::bench {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "board_files.h"
 #include "files/bre_file.h"
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace {
 

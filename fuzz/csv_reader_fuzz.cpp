@@ -6,8 +6,8 @@
 
 #include "board_files.h"
 #include "files/csv_file.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <span>
 
-#include "machine/wire/frame.h"
 #include "simulator/simulated_machine.h"
 #include "support.h"
+#include "wire/frame.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 
 #include "board_files.h"
 #include "files/log_reader.h"
-#include "model/messages.h"
-#include "model/text_encoding.h"
 #include "program/log_record.h"
+#include "text/box_text.h"
+#include "text/text_encoding.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "board_files.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace {
 

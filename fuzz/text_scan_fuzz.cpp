@@ -12,9 +12,9 @@
 #include <string_view>
 
 #include "files/text_scan.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "support.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace {
 

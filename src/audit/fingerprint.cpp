@@ -6,8 +6,8 @@
 #include <array>
 #include <vector>
 
-#include "model/text.h"
 #include "program/log_record.h"
+#include "text/text.h"
 
 namespace morvane::audit {
 namespace {

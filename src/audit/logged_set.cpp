@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::audit {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "audit/set_audit.h"
 #include "generate/seeds.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::audit {
 namespace {

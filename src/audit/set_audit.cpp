@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "model/tables.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::audit {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "generate/seeds.h"
 #include "model/tables.h"
-#include "model/text.h"
-#include "model/text_lines.h"
+#include "text/text.h"
+#include "text/text_lines.h"
 
 namespace morvane::audit {
 namespace {

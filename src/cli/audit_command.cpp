@@ -1,8 +1,8 @@
 #include "cli/audit_command.h"
 
 #include "audit/log_audit.h"
-#include "model/text.h"
 #include "platform/files.h"
+#include "text/text.h"
 
 namespace morvane::cli {
 namespace {

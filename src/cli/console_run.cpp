@@ -4,8 +4,8 @@
 #include <numeric>
 
 #include "cli/columns.h"
-#include "model/text.h"
 #include "platform/console/console_ui.h"
+#include "text/text.h"
 
 namespace morvane::cli {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "cli/columns.h"
-#include "model/text.h"
 #include "simulator/simulated_machine.h"
+#include "text/text.h"
 
 namespace morvane::cli {
 namespace {

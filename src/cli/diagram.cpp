@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {

@@ -3,7 +3,7 @@
 #include "audit/fingerprint.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::cli {
 namespace {

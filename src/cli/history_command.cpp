@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "cli/columns.h"
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {

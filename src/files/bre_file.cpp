@@ -5,10 +5,10 @@
 #include "files/dge_records.h"
 #include "files/format_frame.h"
 #include "files/placed_boards.h"
-#include "model/number_filter.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "program/program.h"
+#include "text/number_filter.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

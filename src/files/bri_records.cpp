@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "files/placed_boards.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/box_text.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "files/format_frame.h"
 #include "model/hand_text.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "program/program.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

@@ -1,7 +1,8 @@
 #include "files/deal305_records.h"
 
 #include "files/placed_boards.h"
-#include "model/text_encoding.h"
+#include "text/box_text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

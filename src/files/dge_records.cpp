@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/box_text.h"
+
 namespace morvane::files {
 namespace {
 

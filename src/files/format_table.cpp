@@ -13,8 +13,8 @@
 #include "files/log_reader.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
-#include "model/text.h"
 #include "program/program.h"
+#include "text/text.h"
 
 namespace morvane::files {
 namespace {

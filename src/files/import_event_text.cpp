@@ -1,7 +1,7 @@
 #include "files/import_event_text.h"
 
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

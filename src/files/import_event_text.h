@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/number_filter.h"
+#include "text/number_filter.h"
 
 namespace morvane::files {
 

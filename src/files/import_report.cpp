@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/messages.h"
+#include "text/box_text.h"
 
 namespace morvane::files {
 namespace {

@@ -7,8 +7,8 @@
 #include "files/last_used.h"
 #include "files/load_set.h"
 #include "files/pbn_import.h"
-#include "model/text_encoding.h"
 #include "program/program.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "model/text.h"
 #include "platform/files.h"
 #include "platform/user_folders.h"
+#include "text/text.h"
 
 namespace morvane::files {
 

@@ -1,8 +1,8 @@
 #include "files/load_number.h"
 
 #include "files/number_allocation.h"
-#include "model/text.h"
 #include "program/program.h"
+#include "text/text.h"
 
 namespace morvane::files {
 namespace {

@@ -8,10 +8,10 @@
 #include "files/number_allocation.h"
 #include "files/save_set.h"
 #include "history/history.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
 #include "platform/files.h"
 #include "program/program.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

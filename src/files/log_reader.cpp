@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "files/format_frame.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "platform/files.h"
 #include "program/log_record.h"
 #include "program/program.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

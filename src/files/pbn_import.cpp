@@ -7,8 +7,8 @@
 #include "files/import_event_text.h"
 #include "files/pbn_import_games.h"
 #include "files/pbn_import_values.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "files/pbn_import_values.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::files {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "files/format_frame.h"
 #include "files/pbn_values.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "program/program.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

@@ -1,8 +1,9 @@
 #include "files/pbn_values.h"
 
 #include "model/hand_text.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/box_text.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

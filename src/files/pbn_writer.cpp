@@ -5,8 +5,8 @@
 
 #include "files/format_frame.h"
 #include "files/pbn_values.h"
-#include "model/text_encoding.h"
 #include "program/program.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

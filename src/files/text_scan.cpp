@@ -5,11 +5,11 @@
 #include <cstdlib>
 #include <utility>
 
-#include "model/messages.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
-#include "model/text_lines.h"
 #include "platform/files.h"
+#include "text/box_text.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

@@ -6,7 +6,7 @@
 #include "generate/generate_line.h"
 #include "generate/seeds.h"
 #include "model/shapes.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <utility>
 
-#include "model/text.h"
 #include "platform/files.h"
 #include "program/data_folder.h"
+#include "text/text.h"
 
 namespace morvane::history {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::history {
 namespace {

@@ -4,8 +4,8 @@
 #include <span>
 #include <utility>
 
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::history {
 namespace {

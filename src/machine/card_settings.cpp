@@ -1,7 +1,7 @@
 #include "machine/card_settings.h"
 
-#include "model/text.h"
 #include "program/setting_keys.h"
+#include "text/text.h"
 
 namespace morvane::machine {
 namespace {

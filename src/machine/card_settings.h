@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "machine/wire/commands.h"
 #include "platform/settings.h"
+#include "wire/commands.h"
 
 namespace morvane::machine {
 

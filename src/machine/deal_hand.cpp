@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "machine/dealing_run.h"
-#include "model/text.h"
+#include "text/text.h"
 
 // One board, from its first frame to its line in the log, in the order of things on the wire.
 

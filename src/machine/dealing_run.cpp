@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/text.h"
+#include "text/text.h"
 
 // Between two boards: the walk, the copies, the options, and the polling that lets the pedal or an
 // inserted board start the next one.

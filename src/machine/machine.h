@@ -6,9 +6,9 @@
 #include <string>
 
 #include "machine/machine_link.h"
-#include "machine/wire/commands.h"
-#include "machine/wire/replies.h"
 #include "program/program.h"
+#include "wire/commands.h"
+#include "wire/replies.h"
 
 namespace morvane::machine {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "machine/wire/frame.h"
 #include "platform/usb_xpress.h"
+#include "wire/frame.h"
 
 namespace morvane::machine {
 

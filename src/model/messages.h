@@ -1,11 +1,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace morvane {
-
-inline constexpr std::string_view kCrLf = "\r\n";
 
 /// The makers' addresses that some texts carry; a value of the product's own configuration.
 inline constexpr const char* kWebAddress = "www.morvane.example";
@@ -145,33 +142,5 @@ struct Messages {
 
 /// The catalogue as it stands at start-up.
 [[nodiscard]] Messages InitMessages();
-
-/// `text` with every occurrence of `placeholder` replaced by `value`.
-[[nodiscard]] std::string Fill(std::string text, std::string_view placeholder,
-                               std::string_view value);
-
-/// `text` as a log line wants it: every line break becomes " : ", then six blanks in a row go,
-/// wherever they stand; fewer stay, as do those that a longer run leaves over.
-[[nodiscard]] std::string OneLine(std::string_view text);
-
-/// `text` as a box of ours shows it: the padding, made for a plainer box, is taken off each line,
-/// lines end with LF, and there are no empty ones at either end.
-[[nodiscard]] std::string WithoutPadding(std::string_view text);
-
-/// Buttons and icon of a message box, in the encoding of the catalogue's callers.
-enum BoxFlags : int {
-  kOkCritical = 16,
-  kOkCancelCritical = 17,
-  kYesNoQuestion = 36,
-  kOkExclamation = 48,
-  kYesNoCancelExclamation = 51,
-  kYesNoExclamation = 52,
-  kOkInformation = 64,
-  kYesNoCancelInformation = 67,
-  kYesNoInformation = 68,
-};
-
-/// The answers of a message box.
-enum BoxAnswer : int { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 
 }  // namespace morvane

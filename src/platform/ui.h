@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "text/box_text.h"
+
 namespace morvane {
 
 /// What a file dialog asks for. `Filter` is a row of "caption|pattern" pairs joined by "|";

@@ -6,12 +6,12 @@
 #include <iterator>
 #include <vector>
 
-#include "model/messages.h"
-#include "model/text.h"
 #include "platform/files.h"
 #include "platform/ui.h"
 #include "program/data_folder.h"
 #include "program/log_record.h"
+#include "text/box_text.h"
+#include "text/text.h"
 
 namespace morvane {
 

@@ -1,7 +1,7 @@
 #include "program/log_record.h"
 
 #include "model/hand_text.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane {
 

@@ -8,10 +8,10 @@
 #include "history/history.h"
 #include "machine/dealing_run.h"
 #include "machine/machine.h"
-#include "model/number_filter.h"
 #include "platform/instance.h"
 #include "program/program.h"
 #include "shell/windows.h"
+#include "text/number_filter.h"
 
 namespace morvane::shell {
 

@@ -2,9 +2,9 @@
 #include <array>
 
 #include "files/load_set.h"
-#include "model/text.h"
 #include "shell/shell.h"
 #include "shell/version.h"
+#include "text/text.h"
 
 // Start-up, in its order.
 

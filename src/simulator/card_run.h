@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "machine/wire/commands.h"
-#include "machine/wire/replies.h"
 #include "model/board.h"
 #include "simulator/deck.h"
 #include "simulator/options.h"
+#include "wire/commands.h"
+#include "wire/replies.h"
 
 namespace morvane::simulator {
 

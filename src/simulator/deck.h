@@ -6,9 +6,9 @@
 #include <optional>
 #include <random>
 
-#include "machine/wire/commands.h"
 #include "model/board.h"
 #include "model/tables.h"
+#include "wire/commands.h"
 
 namespace morvane::simulator {
 

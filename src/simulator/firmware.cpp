@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "machine/wire/replies.h"
+#include "wire/replies.h"
 
 namespace morvane::simulator {
 namespace {

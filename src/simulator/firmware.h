@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <string>
 
-#include "machine/wire/frame.h"
 #include "simulator/board_slot.h"
 #include "simulator/card_run.h"
 #include "simulator/options.h"
+#include "wire/frame.h"
 
 namespace morvane::simulator {
 

@@ -5,7 +5,7 @@
 #include <random>
 #include <utility>
 
-#include "machine/wire/replies.h"
+#include "wire/replies.h"
 
 namespace morvane::simulator {
 namespace {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "machine/wire/frame.h"
 #include "model/board.h"
 #include "platform/clock.h"
 #include "platform/usb_xpress.h"
@@ -14,6 +13,7 @@
 #include "simulator/firmware.h"
 #include "simulator/line_noise.h"
 #include "simulator/options.h"
+#include "wire/frame.h"
 
 namespace morvane::simulator {
 

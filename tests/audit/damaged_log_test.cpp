@@ -1,5 +1,5 @@
 #include "audit/audit_desk.h"
-#include "model/text.h"
+#include "text/text.h"
 
 // What was done to a log afterwards.
 

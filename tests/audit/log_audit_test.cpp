@@ -5,7 +5,7 @@
 #include "audit/audit_desk.h"
 #include "audit/fingerprint.h"
 #include "model/shapes.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::audit {
 namespace {

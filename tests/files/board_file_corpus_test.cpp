@@ -10,9 +10,9 @@
 #include "files/format_table.h"
 #include "files/import_set.h"
 #include "files/load_desk.h"
-#include "model/text.h"
-#include "model/text_lines.h"
 #include "program/log_record.h"
+#include "text/text.h"
+#include "text/text_lines.h"
 
 namespace morvane::files {
 namespace {

@@ -10,8 +10,8 @@
 #include "files/number_allocation.h"
 #include "files/pbn_reader.h"
 #include "files/pbn_writer.h"
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {

@@ -5,8 +5,8 @@
 #include "generate/generate_desk.h"
 #include "model/shapes.h"
 #include "model/similarity.h"
-#include "model/text.h"
 #include "support/append_count.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

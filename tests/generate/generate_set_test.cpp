@@ -6,7 +6,7 @@
 
 #include "generate/generate_desk.h"
 #include "generate/reference.h"
-#include "model/text.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

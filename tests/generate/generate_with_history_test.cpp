@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "generate/generate_desk.h"
-#include "model/text.h"
+#include "text/text.h"
 
 // The number generator makes the same deals from the same seeds, so a set that stands in the
 // history is met again card for card.

@@ -4,9 +4,9 @@
 #include <numeric>
 
 #include "generate/reference.h"
-#include "model/text.h"
 #include "support/append_count.h"
 #include "support/fakes.h"
+#include "text/text.h"
 
 namespace morvane::generate {
 namespace {

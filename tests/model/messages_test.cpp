@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "text/box_text.h"
+
 namespace morvane {
 namespace {
 

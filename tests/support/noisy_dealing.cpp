@@ -9,9 +9,9 @@
 #include "generate/number_dealer.h"
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
-#include "model/text.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
+#include "text/text.h"
 
 namespace morvane::test {
 namespace {

@@ -13,9 +13,9 @@
 #include "machine/ui/card_options.h"
 #include "machine/ui/error_disp.h"
 #include "machine/ui/pocket_gauge.h"
-#include "model/text.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
+#include "text/text.h"
 
 namespace morvane::machine {
 namespace {

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <utility>
 
-#include "model/messages.h"
-#include "model/text.h"
 #include "platform/files.h"
+#include "text/box_text.h"
+#include "text/text.h"
 
 namespace morvane {
 namespace {

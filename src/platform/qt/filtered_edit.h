@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "model/number_filter.h"
+#include "text/number_filter.h"
 
 namespace morvane {
 

@@ -8,9 +8,9 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "model/messages.h"
-#include "model/text.h"
 #include "platform/qt/qt_text.h"
+#include "text/box_text.h"
+#include "text/text.h"
 
 namespace morvane {
 namespace {

@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "machine/error_dialog.h"
-#include "model/text.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
+#include "text/text.h"
 
 namespace morvane::simulator {
 namespace {

@@ -1,13 +1,13 @@
-#include "machine/wire/frame.h"
+#include "wire/frame.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <numeric>
 
-#include "machine/wire/commands.h"
-#include "machine/wire/replies.h"
 #include "support/scripted_bridge.h"
+#include "wire/commands.h"
+#include "wire/replies.h"
 
 namespace morvane::machine {
 namespace {

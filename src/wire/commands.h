@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "machine/wire/frame.h"
 #include "model/tables.h"
+#include "wire/frame.h"
 
 // Every command's bytes stand here and nowhere else: `Put` writes them into a frame, `Get` reads
 // them. Bytes 1 to 6 of a command that no row names are filler, which the sender fills with random

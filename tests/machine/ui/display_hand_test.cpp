@@ -3,8 +3,8 @@
 #include <numeric>
 
 #include "machine/ui/board_picture.h"
+#include "machine/ui/run_window.h"
 #include "model/national_letters.h"
-#include "windows/run_window.h"
 
 namespace morvane::machine {
 namespace {

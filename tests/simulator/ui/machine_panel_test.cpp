@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-#include "windows/run_window.h"
+#include "machine/ui/run_window.h"
 
 namespace morvane::simulator {
 namespace {

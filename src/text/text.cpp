@@ -1,4 +1,4 @@
-#include "model/text.h"
+#include "text/text.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "windows/run_window.h"
+#include "machine/ui/run_window.h"
 
 namespace morvane::machine {
 namespace {

@@ -1,4 +1,4 @@
-#include "machine/wire/replies.h"
+#include "wire/replies.h"
 
 #include <algorithm>
 

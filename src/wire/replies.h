@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include "machine/wire/commands.h"
-#include "machine/wire/frame.h"
+#include "wire/commands.h"
+#include "wire/frame.h"
 
 // Every reply's bytes, in the manner of commands.h. `Get` does not look at the code: the caller
 // has.

@@ -1,6 +1,6 @@
 #include <QPushButton>
 
-#include "windows/run_window.h"
+#include "machine/ui/run_window.h"
 
 namespace morvane::machine {
 namespace {

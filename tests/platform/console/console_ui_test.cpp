@@ -1,7 +1,7 @@
 #include "platform/console/console_ui.h"
 
 #include "cli/cli_desk.h"
-#include "model/messages.h"
+#include "text/box_text.h"
 
 namespace morvane::cli {
 namespace {

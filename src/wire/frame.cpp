@@ -1,4 +1,4 @@
-#include "machine/wire/frame.h"
+#include "wire/frame.h"
 
 namespace morvane::machine {
 

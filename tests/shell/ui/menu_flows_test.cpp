@@ -6,7 +6,7 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include "windows/main_menu_desk.h"
+#include "shell/ui/main_menu_desk.h"
 
 // The flows behind the menu, through the windows that they open.
 

@@ -1,4 +1,4 @@
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 #include <algorithm>
 #include <array>

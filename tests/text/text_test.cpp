@@ -1,8 +1,8 @@
-#include "model/text.h"
+#include "text/text.h"
 
 #include <gtest/gtest.h>
 
-#include "model/number_filter.h"
+#include "text/number_filter.h"
 
 namespace morvane {
 namespace {

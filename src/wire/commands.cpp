@@ -1,4 +1,4 @@
-#include "machine/wire/commands.h"
+#include "wire/commands.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "model/text_encoding.h"
+#include "text/text_encoding.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "model/text_lines.h"
+#include "text/text_lines.h"
 
 namespace morvane {
 namespace {

@@ -2,7 +2,7 @@
 #include <QPlainTextEdit>
 #include <set>
 
-#include "windows/run_window.h"
+#include "machine/ui/run_window.h"
 
 namespace morvane::machine {
 namespace {

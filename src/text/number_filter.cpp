@@ -1,7 +1,7 @@
-#include "model/number_filter.h"
+#include "text/number_filter.h"
 
-#include "model/text.h"
-#include "model/text_encoding.h"
+#include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane {
 namespace {

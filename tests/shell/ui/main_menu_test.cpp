@@ -4,7 +4,7 @@
 #include <QMenuBar>
 #include <QTreeWidget>
 
-#include "windows/main_menu_desk.h"
+#include "shell/ui/main_menu_desk.h"
 
 namespace morvane::shell {
 namespace {
