@@ -28,17 +28,16 @@ class FuzzClock final : public Clock {
 void CheckReplies(simulator::SimulatedMachine& machine, UsbXpress::Handle handle) {
   std::uint32_t read = 0;
   for (;;) {
-    machine::Frame frame{};
-    machine.Read(handle, std::span(frame).first(machine::kShortFrame), read);
+    wire::Frame frame{};
+    machine.Read(handle, std::span(frame).first(wire::kShortFrame), read);
     if (read == 0) return;
-    Require(read == machine::kShortFrame);
-    const auto code = static_cast<std::uint8_t>(frame[0] ^ frame[machine::kCheckByte] ^ 0xFFU);
-    const std::size_t size = machine::FrameSize(code);
-    if (size == machine::kLongFrame) {
-      machine.Read(handle, std::span(frame).subspan(machine::kPayload), read);
-      Require(read == machine::kLongFrame - machine::kPayload);
+    Require(read == wire::kShortFrame);
+    const std::size_t size = wire::SizeOnTheWire(frame);
+    if (size == wire::kLongFrame) {
+      machine.Read(handle, wire::Payload(frame), read);
+      Require(read == wire::kLongFrame - wire::kShortFrame);
     }
-    Require(machine::Unscramble(std::span(frame).first(size), machine::kStepFromMachine));
+    Require(wire::Unscramble(std::span(frame).first(size), wire::kStepFromMachine));
   }
 }
 
@@ -53,7 +52,7 @@ void FeedWire(std::span<const std::uint8_t> bytes) {
   machine.Open(0, handle);
   machine.SetTimeouts(25, 25);
   while (!bytes.empty()) {
-    const std::size_t count = std::min(bytes.size(), machine::kLongFrame);
+    const std::size_t count = std::min(bytes.size(), wire::kLongFrame);
     std::uint32_t written = 0;
     machine.Write(handle, bytes.first(count), written);
     bytes = bytes.subspan(count);
@@ -72,12 +71,12 @@ void FeedPlain(std::span<const std::uint8_t> bytes) {
   machine.Open(0, handle);
   machine.SetTimeouts(25, 25);
   while (!bytes.empty()) {
-    machine::Frame frame{};
-    const std::size_t size = machine::FrameSize(bytes[0]);
+    wire::Frame frame{};
+    const std::size_t size = wire::FrameSize(bytes[0]);
     const std::size_t count = std::min(bytes.size(), size);
     std::copy_n(bytes.begin(), count, frame.begin());
     bytes = bytes.subspan(count);
-    machine::Scramble(std::span(frame).first(size), machine::kStepToMachine);
+    wire::Scramble(std::span(frame).first(size), wire::kStepToMachine);
     std::uint32_t written = 0;
     machine.Write(handle, std::span(frame).first(size), written);
     CheckReplies(machine, handle);
@@ -88,14 +87,13 @@ void FeedPlain(std::span<const std::uint8_t> bytes) {
 }
 
 void Decode(std::span<const std::uint8_t> bytes) {
-  if (bytes.size() < machine::kShortFrame) return;
-  machine::Frame frame{};
-  const std::size_t size =
-      bytes.size() < machine::kLongFrame ? machine::kShortFrame : machine::kLongFrame;
+  if (bytes.size() < wire::kShortFrame) return;
+  wire::Frame frame{};
+  const std::size_t size = bytes.size() < wire::kLongFrame ? wire::kShortFrame : wire::kLongFrame;
   std::copy_n(bytes.begin(), size, frame.begin());
   const std::span<std::uint8_t> wire = std::span(frame).first(size);
-  if (!machine::Unscramble(wire, machine::kStepFromMachine)) return;
-  machine::Scramble(wire, machine::kStepFromMachine);
+  if (!wire::Unscramble(wire, wire::kStepFromMachine)) return;
+  wire::Scramble(wire, wire::kStepFromMachine);
   Require(std::equal(wire.begin(), wire.end(), bytes.begin()));
 }
 

@@ -14,7 +14,7 @@ namespace morvane::cli {
 namespace {
 
 /// A command has no window to show and opens those of a run on the terminal.
-class ConsoleWindows final : public shell::Windows {
+class ConsoleWindows final : public shell::FlowWindows {
  public:
   ConsoleWindows(Workplace& place, const Request& request) : place_(place), request_(request) {}
   void ShowMainMenu() override {}

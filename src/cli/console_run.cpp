@@ -43,7 +43,7 @@ void ConsoleRun::Watch() {
 }
 
 void ConsoleRun::Tick() {
-  if (run_.Initialising() || run_.Running()) return;
+  if (!run_.Options().MachineKnown || run_.Running()) return;
   if (!prepared_) Prepare();
   if (ran_) {
     EndBoard();
@@ -64,7 +64,7 @@ void ConsoleRun::StartBoard() {
     WaitForPedal();
     return;
   }
-  if (run_.Controls.Deal_next) {
+  if (run_.Window().Controls.Deal_next) {
     run_.Deal_next();
   } else {
     run_.cmdDeal();
@@ -88,19 +88,20 @@ void ConsoleRun::WaitForPedal() {
 void ConsoleRun::EndBoard() {
   ran_ = false;
   asked_ = false;
-  const DealtBoard board{program_.Set.CurrentBoard, run_.CurrentCopy, run_.Seconds(),
+  const DealtBoard board{program_.Set.CurrentBoard, run_.Place().CurrentCopy(),
+                         run_.Cards().Seconds(),
                          run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
                          side_.Judge ? side_.Judge(program_.Set.Current()) : Verdict{}};
   ShowProgress("");
   terminal_.Out(BoardText(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
                 (board.Ok ? "OK" : "stopped") + "\n");
   report_.Boards.push_back(board);
-  if (!board.Ok || !run_.Controls.Deal_next) run_.Exit();
+  if (!board.Ok || !run_.Window().Controls.Deal_next) run_.Exit();
 }
 
 int ConsoleRun::ComingBoard() const {
   // The run moves on only when the next board is started.
-  const bool movesOn = run_.Controls.Deal_next && run_.CurrentCopy >= run_.Range().NumberOfCopies;
+  const bool movesOn = run_.Window().Controls.Deal_next && run_.Place().AtLastCopy();
   return program_.Set.CurrentBoard + (movesOn ? 1 : 0);
 }
 
@@ -110,7 +111,7 @@ void ConsoleRun::ShowState() {
   const auto& counts = run_.TheMachine().CardCount;
   const int cards = std::accumulate(counts.begin(), counts.end(), 0);
   ShowProgress(BoardText(program_.Set.CurrentBoard) + "  " + std::to_string(cards) +
-               " of 52 cards  " + run_.txtDealTime + " s");
+               " of 52 cards  " + run_.Cards().txtDealTime + " s");
 }
 
 void ConsoleRun::ShowProgress(const std::string& text) {
@@ -153,7 +154,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
     if (answer == "3" && dialog.Cancel2.Visible) dialog.PressCancel2();
     if (!dialog.Closed()) terminal_.Error(prompt + "? ");
   });
-  program_.Loop.RunUntil([&] { return dialog.Closed() || run_.Leaving(); });
+  program_.Loop.RunUntil([&] { return dialog.Closed() || run_.Cards().Leaving(); });
   if (!dialog.Closed()) dialog.PressCancel();
 }
 

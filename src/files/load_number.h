@@ -41,7 +41,8 @@ class NumberDialog {
   virtual ~NumberDialog() = default;
   /// Shows it modally and returns when it is closed, or when nobody can close it any more because
   /// the program ends: the load is given up then.
-  virtual void ShowLoadNumber(LoadNumber& dialog) = 0;
+  /// A program that has no such window does nothing, with the same end.
+  virtual void ShowLoadNumber(LoadNumber& /*dialog*/) {}
 };
 
 }  // namespace morvane::files

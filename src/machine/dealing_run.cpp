@@ -1,74 +1,152 @@
 #include "machine/dealing_run.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "machine/deal_hand.h"
+#include "machine/first_contact.h"
 #include "text/text.h"
-
-// Between two boards: the walk, the copies, the options, and the polling that lets the pedal or an
-// inserted board start the next one.
 
 namespace morvane::machine {
 namespace {
 
-/// While a box keeps the events going, the pedal must not start a board behind it.
-class LinkHold {
- public:
-  explicit LinkHold(bool& pollLock) : pollLock_(pollLock), before_(std::exchange(pollLock, true)) {}
-  ~LinkHold() { pollLock_ = before_; }
-  LinkHold(const LinkHold&) = delete;
-  LinkHold& operator=(const LinkHold&) = delete;
-
- private:
-  bool& pollLock_;
-  bool before_;
-};
+/// Each number with the byte at which it stands.
+std::string TextOf(const wire::TestReply& reply) {
+  std::string text;
+  std::size_t at = wire::TestReply::kFirst;
+  for (const std::uint8_t number : reply.Numbers) {
+    text += std::to_string(at++) + " " + std::to_string(number) + "  ";
+  }
+  return text;
+}
 
 }  // namespace
 
-std::string DealingRun::txtStatus() const {
-  switch (machine_.MachineState) {
-    case Machine::kNotConnected:
-    case Machine::kNoVersion:
-      return "Down";
-    case Machine::kIdle:
-      return "Idle";
-    case Machine::kBusy:
-      return "Busy";
-    case Machine::kError:
-      return "Error";
-    default:
-      return "Illegal (" + std::to_string(machine_.MachineState) + ")";
+DealingRun::DealingRun(Program& program, Machine& machine, RunMemory& memory)
+    : parts_(program, machine, memory) {}
+
+// Opening, the first contact, and leaving.
+
+void DealingRun::Open(RunView& view) {
+  parts_.View = &view;
+  const Settings& store = parts_.Prog.Store;
+  RunWindowState& window = parts_.Window;
+  window.CopiesShown = store.IsOn(kDealCopy);
+  window.SubRangeShown = store.IsOn(kDealSub);
+  window.ShowBoards = store.IsOn(kDealShow);
+  parts_.Walk.Open(window.CopiesShown, window.SubRangeShown);
+  Controls().FollowCopy(parts_.Walk);
+  parts_.Options.Load();
+  parts_.Cards.ClearCardLog();
+  Machine& machine = parts_.TheMachine;
+  machine.MachineState = Machine::kNotConnected;
+  machine.Link.MachineLatchOn();
+  machine.BoxInTicks = 0;
+  machine.BoxOutTicks = 0;
+  parts_.Prog.Log.WriteTime(" Deal: ");
+  Timer3d_ = parts_.Prog.Loop.StartTimer(kFirstContactMs, [this] { FirstContact(); });
+  ShowAll();
+}
+
+void DealingRun::FirstContact() {
+  const auto once = std::move(Timer3d_);
+  Machine& machine = parts_.TheMachine;
+  machine.Link.FlushLink();
+  machine.VersionProbe();
+  ShowContact();
+  machine.PollLock = false;
+  machine.PedalFlag = 0;
+  switch (AskMachine(machine, parts_.Prog.Log)) {
+    case Contact::kLinkLost:
+      LoseLink();
+      return;
+    case Contact::kNoVersion:
+      parts_.Prog.ShowMessage(parts_.Prog.Texts.Msg047, kOkCritical, "Communication Error");
+      Unload();
+      return;
+    case Contact::kMade:
+      parts_.Options.ApplySilentGates();
+      parts_.View->ShowControls();
+      StartPolling();
   }
 }
 
-void DealingRun::DisplayState() { view_->ShowState(); }
+void DealingRun::ShowContact() {
+  Controls().cmdFirst = Controls().cmdPrev = true;
+  // Required: looks at the number of the last board, not at how many boards there are.
+  Controls().cmdNext = Controls().cmdLast = parts_.Walk.Range().RunLast > 1;
+  Controls().cmdDeal = Controls().cmdExit = Controls().Options = true;
+  Controls().Deal_next = false;
+  parts_.Window.SettingsShown = true;
+  parts_.Window.Command1Shown = parts_.Prog.ServiceLevel == 2;
+  ShowAll();
+}
+
+void DealingRun::Exit() {
+  if (!running_) {
+    Unload();
+    return;
+  }
+  parts_.Cards.Leave();
+  RequestBreak();
+}
+
+void DealingRun::Unload() {
+  if (closed_) return;
+  closed_ = true;
+  Controls() = {};
+  Timer1_.reset();
+  Timer3d_.reset();
+  Machine& machine = parts_.TheMachine;
+  if (!CommLost_) machine.Link.MachineLatchOff();
+  machine.BoxFlag = 0;
+  machine.PedalFlag = 0;
+  machine.Link.CloseLink();
+  parts_.View->Close();
+}
+
+bool DealingRun::CheckCommLost() {
+  if (!parts_.TheMachine.Lost()) return false;
+  LoseLink();
+  return true;
+}
+
+void DealingRun::LoseLink() {
+  CommLost_ = true;
+  outcome_ = Outcome::kLinkLost;
+  ShowDealingError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg048);
+  Unload();
+}
+
+// Between two boards: the polling that lets the pedal or an inserted board start the next one, and
+// the buttons.
 
 void DealingRun::StartPolling() {
-  Timer1_ = program_.Loop.StartTimer(kPollMs, [this] { Timer1Tick(); });
+  Timer1_ = parts_.Prog.Loop.StartTimer(kPollMs, [this] { Timer1Tick(); });
 }
 
 void DealingRun::Timer1Tick() {
-  if (program_.Link.Pending == LinkRequest::kDownload) {
-    program_.Link = {};
-    program_.ShowMessage(program_.Texts.Msg092, kOkExclamation, "Download New Firmware");
+  Program& program = parts_.Prog;
+  if (program.Link.Pending == LinkRequest::kDownload) {
+    program.Link = {};
+    program.ShowMessage(program.Texts.Msg092, kOkExclamation, "Download New Firmware");
   }
-  if (machine_.PollLock) return;
-  machine_.PollLock = true;
-  machine_.Exchange(machine_.Poll());
+  Machine& machine = parts_.TheMachine;
+  if (machine.PollLock) return;
+  machine.PollLock = true;
+  machine.Exchange(machine.Poll());
   if (CheckCommLost()) return;
-  DisplayState();
-  machine_.BoxOutTicks = std::min<std::int16_t>(static_cast<std::int16_t>(machine_.BoxOutTicks + 1),
-                                                Machine::kMostTicks);
+  parts_.View->ShowState();
+  machine.BoxOutTicks = std::min<std::int16_t>(static_cast<std::int16_t>(machine.BoxOutTicks + 1),
+                                               Machine::kMostTicks);
   // A board that is pulled and pushed back within a second starts nothing.
-  const bool boardIn =
-      machine_.BoxFlag == 1 && AutoStartEnabled && machine_.BoxInTicks == Machine::kMostTicks;
-  machine_.PollLock = false;
-  if (machine_.PedalFlag == 1 || boardIn) StartFromMachine();
+  const bool boardIn = machine.BoxFlag == 1 && parts_.Options.AutoStartEnabled &&
+                       machine.BoxInTicks == Machine::kMostTicks;
+  machine.PollLock = false;
+  if (machine.PedalFlag == 1 || boardIn) StartFromMachine();
 }
 
 void DealingRun::StartFromMachine() {
-  if (Controls.Deal_next) {
+  if (Controls().Deal_next) {
     Deal_next();
   } else {
     cmdDeal();
@@ -76,214 +154,156 @@ void DealingRun::StartFromMachine() {
 }
 
 void DealingRun::cmdDeal() {
-  if (!Controls.cmdDeal || running_) return;
-  machine_.ClearCardLog();
+  if (!Controls().cmdDeal || running_) return;
+  parts_.Cards.ClearCardLog();
   if (CurrentBoard().Status != Board::kComplete) {
-    Refuse(program_.Texts.Msg053);
+    ShowDealingError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg053);
     return;
   }
   DealHand();
 }
 
 void DealingRun::Deal_next() {
-  if (!Controls.Deal_next || running_) return;
-  NextBoardStep();
-  view_->ShowControls();
-  view_->ShowBoard();
+  if (!Controls().Deal_next || running_) return;
+  ForgetCards();
+  parts_.Walk.NextBoardStep();
+  ShowAll();
   cmdDeal();
 }
 
 void DealingRun::cmdBreak() {
-  if (Controls.cmdBreak) RequestBreak();
+  if (!Controls().cmdBreak) return;
+  parts_.Cards.Break();
+  RequestBreak();
 }
 
 void DealingRun::RequestBreak() {
-  // Sent in the place of the run's next poll: there is never more than one frame outstanding.
-  breakRequested_ = true;
-  Controls.cmdBreak = false;
-  view_->ShowControls();
+  Controls().cmdBreak = false;
+  parts_.View->ShowControls();
 }
 
-void DealingRun::NextBoardStep() {
-  machine_.ClearCardLog();
-  Controls.Deal_next = false;
-  if (CurrentCopy < memory_.NumberOfCopies) {
-    ++CurrentCopy;
-    return;
+void DealingRun::Walk(BoardWalk::Step step) {
+  if (!Controls().Allows(step) || running_) return;
+  ForgetCards();
+  parts_.Walk.Take(step);
+  if (step == BoardWalk::Step::kPrevCopy || step == BoardWalk::Step::kNextCopy) {
+    Controls().FollowCopy(parts_.Walk);
+  } else {
+    Controls().FollowBoard(parts_.Walk);
   }
-  CurrentCopy = 1;
-  if (program_.Set.CurrentBoard < memory_.RunLast) ++program_.Set.CurrentBoard;
-}
-
-void DealingRun::cmdFirst() {
-  if (Controls.cmdFirst) MoveTo(memory_.RunFirst);
-}
-void DealingRun::cmdPrev() {
-  if (Controls.cmdPrev) MoveTo(program_.Set.CurrentBoard - 1);
-}
-void DealingRun::cmdNext() {
-  if (Controls.cmdNext) MoveTo(program_.Set.CurrentBoard + 1);
-}
-void DealingRun::cmdLast() {
-  if (Controls.cmdLast) MoveTo(memory_.RunLast);
-}
-
-void DealingRun::MoveTo(int board) {
-  if (running_) return;
-  machine_.ClearCardLog();
-  Controls.Deal_next = false;
-  program_.Set.CurrentBoard =
-      static_cast<std::int16_t>(std::clamp<int>(board, memory_.RunFirst, memory_.RunLast));
-  UpdateWalk();
-  view_->ShowControls();
-  view_->ShowBoard();
-}
-
-void DealingRun::UpdateWalk() {
-  const std::int16_t board = program_.Set.CurrentBoard;
-  Controls.cmdNext = Controls.cmdLast = board < memory_.RunLast;
-  Controls.cmdFirst = Controls.cmdPrev = board > memory_.RunFirst;
-}
-
-void DealingRun::PrevCopy() {
-  if (Controls.PrevCopy) MoveToCopy(CurrentCopy - 1);
-}
-void DealingRun::NextCopy() {
-  if (Controls.NextCopy) MoveToCopy(CurrentCopy + 1);
-}
-
-void DealingRun::MoveToCopy(int copy) {
-  if (running_) return;
-  machine_.ClearCardLog();
-  Controls.Deal_next = false;
-  CurrentCopy = static_cast<std::int16_t>(std::clamp<int>(copy, 1, memory_.NumberOfCopies));
-  UpdateCopies();
-  view_->ShowControls();
-  view_->ShowBoard();
-}
-
-void DealingRun::UpdateCopies() {
-  Controls.PrevCopy = CurrentCopy > 1;
-  Controls.NextCopy = CurrentCopy < memory_.NumberOfCopies;
+  ShowAll();
 }
 
 void DealingRun::SetNumberCopies(const std::string& text) {
   if (Busy()) return;
-  memory_.NumberOfCopies = static_cast<std::int16_t>(std::clamp(Val(text), 1, kMostCopies));
-  CurrentCopy = std::min(CurrentCopy, memory_.NumberOfCopies);
-  UpdateCopies();
-  view_->ShowControls();
-  view_->ShowBoard();
+  parts_.Walk.SetCopies(Val(text));
+  Controls().FollowCopy(parts_.Walk);
+  ShowAll();
 }
 
 void DealingRun::LeaveSubfrom(const std::string& text) {
-  SetRange(std::max<int>(Val(text), program_.Set.FirstBoard), memory_.RunLast);
+  if (Busy()) return;
+  if (parts_.Walk.SetFirst(Val(text))) ForgetCards();
+  Controls().FollowBoard(parts_.Walk);
+  ShowAll();
 }
 
 void DealingRun::LeaveSubto(const std::string& text) {
-  SetRange(memory_.RunFirst, std::max<int>(Val(text), memory_.RunFirst));
-}
-
-void DealingRun::SetRange(int first, int last) {
   if (Busy()) return;
-  const int lastBoard = program_.Set.LastBoard;
-  memory_.RunFirst = static_cast<std::int16_t>(std::min(first, lastBoard));
-  memory_.RunLast = static_cast<std::int16_t>(std::clamp<int>(last, memory_.RunFirst, lastBoard));
-  const std::int16_t board =
-      std::clamp(program_.Set.CurrentBoard, memory_.RunFirst, memory_.RunLast);
-  if (board != program_.Set.CurrentBoard) {
-    MoveTo(board);
-    return;
-  }
-  UpdateWalk();
-  view_->ShowControls();
-}
-
-bool DealingRun::Busy() {
-  if (running_) view_->ShowControls();  // takes back what the operator has changed
-  return running_;
-}
-
-void DealingRun::Command1() {
-  if (!Command1Shown || Busy()) return;
-  machine_.Exchange(TestCommand{}, kReplyTest);
-  if (!CheckCommLost()) view_->ShowControls();
-}
-
-void DealingRun::SetNational(int national) {
-  if (Busy()) return;
-  Cards.National = national;
-  Store(kNational, national);
-  view_->ShowBoard();
-}
-
-void DealingRun::SetCardType(int cardType) {
-  if (Busy()) return;
-  Cards.CardType = cardType;
-  Store(kCardType, cardType);
-}
-
-void DealingRun::SetThreshold(int threshold) {
-  if (Busy()) return;
-  Cards.Threshold = threshold;
-  Store(kThreshold, threshold);
-}
-
-void DealingRun::SetCardIndex(int cardIndex) {
-  if (runInitialising_ || Busy()) return;
-  Cards.CardIndex = cardIndex;
-  if (cardIndex == CardSettings::kLargeIndex) {
-    if (!machine_.HasHardware(IdentityReply::kLargeIndexCards)) {
-      RefuseIndex(program_.Texts.Msg045);
-    } else if (!Passes(machine_, kLargeIndexClickGate)) {
-      RefuseIndex(GateText(machine_, program_.Texts, kLargeIndexClickGate));
-    }
-  } else if (cardIndex == CardSettings::kSmallIndex && !Passes(machine_, kSmallIndexClickGate)) {
-    RefuseIndex(GateText(machine_, program_.Texts, kSmallIndexClickGate));
-  }
-  Store(kCardIndex, Cards.CardIndex);
-  view_->ShowControls();
-}
-
-void DealingRun::RefuseIndex(const std::string& text) {
-  Cards.CardIndex = CardSettings::kStandardIndex;
-  Refuse(text);
-}
-
-void DealingRun::SetCheck_board(bool on) {
-  if (runInitialising_ || Busy()) return;
-  Check_board = on;
-  if (on && !machine_.HasHardware(IdentityReply::kBoardNumberReader)) {
-    Check_board = false;
-    Refuse(program_.Texts.Msg046);
-  } else if (on && !Passes(machine_, kCheckBoardClickGate)) {
-    Check_board = false;
-    Refuse(GateText(machine_, program_.Texts, kCheckBoardClickGate));
-  }
-  Store(kCheckBoard, Check_board ? 1 : 0);
-  view_->ShowControls();
-}
-
-void DealingRun::SetStart_from_box(bool on) {
-  if (Busy()) return;
-  AutoStartEnabled = on;
-  Store(kInitStartFromBox, on ? 1 : 0);
+  if (parts_.Walk.SetLast(Val(text))) ForgetCards();
+  Controls().FollowBoard(parts_.Walk);
+  ShowAll();
 }
 
 void DealingRun::Disp_boards() {
-  ShowBoards = !ShowBoards;
-  view_->ShowControls();
-  view_->ShowBoard();
+  parts_.Window.ShowBoards = !parts_.Window.ShowBoards;
+  ShowAll();
 }
 
-void DealingRun::Refuse(const std::string& text) {
-  const LinkHold hold(machine_.PollLock);
-  program_.ShowMessage(text, kOkCritical, "Dealing Error");
+void DealingRun::Command1() {
+  if (!parts_.Window.Command1Shown || Busy()) return;
+  const auto reply = parts_.TheMachine.Exchange(wire::TestCommand{});
+  if (reply) parts_.Window.TestText += TextOf(*reply);
+  if (!CheckCommLost()) parts_.View->ShowControls();
 }
 
-void DealingRun::Store(const SettingKey& key, int value) {
-  const LinkHold hold(machine_.PollLock);  // a failure shows a box
-  program_.StoreSetting(key, std::to_string(value));
+bool DealingRun::Busy() {
+  if (running_) parts_.View->ShowControls();  // takes back what the operator has changed
+  return running_;
+}
+
+/// What was dealt belongs to another board now.
+void DealingRun::ForgetCards() {
+  parts_.Cards.ClearCardLog();
+  Controls().Deal_next = false;
+}
+
+void DealingRun::ShowAll() {
+  parts_.View->ShowControls();
+  parts_.View->ShowState();
+  parts_.View->ShowBoard();
+}
+
+// One board.
+
+void DealingRun::DealHand() {
+  if (!parts_.Options.StartGatesPass()) return;
+  Timer1_.reset();
+  running_ = true;
+  outcome_ = Outcome::kStopped;
+  parts_.Cards.Prepare();
+  const CardRun::End end = machine::DealHand(parts_, DealRotation_);
+  if (end == CardRun::End::kLinkLost) LoseLink();
+  WriteRunLine();
+  if (end == CardRun::End::kStopped) {
+    if (parts_.TheMachine.MachineError == 0) FinishBoard();
+    WindUp();
+  }
+  EndRun();
+}
+
+void DealingRun::WriteRunLine() {
+  parts_.Prog.Log.WriteLine("  " + ThreeDigits(parts_.Prog.Set.CurrentBoard) + " : " +
+                            parts_.Cards.RunLogLine);
+}
+
+void DealingRun::FinishBoard() {
+  outcome_ = Outcome::kDealt;
+  AnalyzeBoard(parts_.Prog.Set.Current());
+  Controls().Deal_next = !parts_.Walk.AtEnd();
+  if (parts_.Walk.AtEnd() && !parts_.Cards.Leaving()) OfferToStartAgain();
+}
+
+void DealingRun::OfferToStartAgain() {
+  const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg060, kYesNoQuestion, "Dealing");
+  // Not 0, so that a press or a board that came behind the box is acknowledged; not 1, so that it
+  // starts nothing: required.
+  parts_.TheMachine.PedalFlag = 2;
+  parts_.TheMachine.BoxFlag = 2;
+  if (answer == kYes) parts_.Walk.BackToStart();
+}
+
+void DealingRun::WindUp() {
+  Controls().FollowBoard(parts_.Walk);
+  Controls().FollowCopy(parts_.Walk);
+  Controls().cmdBreak = false;
+  Controls().cmdDeal = Controls().cmdExit = Controls().Options = true;
+  parts_.TheMachine.MachineState = Machine::kIdle;
+  ShowAll();
+  if (Controls().Deal_next) parts_.View->FocusDealNext();
+  DealRotation_ =
+      static_cast<std::uint8_t>((DealRotation_ + 1U) % wire::RunSettings::RotationTableA.size());
+}
+
+void DealingRun::EndRun() {
+  running_ = false;
+  parts_.TheMachine.PollLock = false;
+  if (closed_) return;
+  if (parts_.Cards.Leaving()) {
+    Unload();
+    return;
+  }
+  StartPolling();
 }
 
 }  // namespace morvane::machine

@@ -33,9 +33,6 @@ struct BoardDisplay {
   std::array<std::uint8_t, 21> Tricks{};  ///< as in `Board`
 };
 
-/// `CardLog` says by place on the wire which cards have been dealt.
-[[nodiscard]] bool CardDealt(const std::array<std::uint8_t, 56>& cardLog, int card);
-
 /// `number` is the current board's number.
 [[nodiscard]] BoardDisplay DisplayHand(const DealingRun& run, int number);
 

@@ -3,10 +3,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "machine/machine.h"
+#include "program/program.h"
 
 namespace morvane::machine {
 
@@ -20,22 +21,22 @@ enum DialogAnswer : std::uint8_t {
 /// Which buttons a fault offers.
 enum class ButtonMode : std::uint8_t { kSingle = 0, kGoOnOrStop = 1, kBoardError = 2 };
 
-/// The text of a machine error code and its buttons; an unknown code is "Undefine Error".
-struct ErrorText {
-  std::string_view Text;
-  ButtonMode Mode = ButtonMode::kSingle;
+/// The board in the slot is not the one that is to be dealt.
+struct WrongBoard {
+  int Expected = 0;
+  int Read = 0;  ///< 0 = the label cannot be read
 };
-[[nodiscard]] ErrorText TextOfError(int code);
 
 /// The modal dialog `Error_disp`: names the fault, plays the sound, and polls the machine so that
 /// the pedal can answer too. The same for every run.
 class ErrorDialog {
  public:
-  static constexpr int kWrongBoard = 64;  ///< a `boardErrorKind`
   static constexpr int kPollMs = 100;
 
-  /// `dialogResult` is the answer that stands until one is given. `boardErrorKind` is 0 or 64.
-  ErrorDialog(Program& program, Machine& machine, int boardErrorKind, DialogAnswer dialogResult);
+  /// About `MachineError`, or about `wrongBoard`. `dialogResult` is the answer that stands until
+  /// one is given.
+  ErrorDialog(Program& program, Machine& machine, DialogAnswer dialogResult,
+              const std::optional<WrongBoard>& wrongBoard = std::nullopt);
 
   struct Button {
     std::string Caption;
@@ -57,7 +58,8 @@ class ErrorDialog {
   [[nodiscard]] bool Closed() const { return closed_; }
 
  private:
-  void ChooseText(int boardErrorKind);
+  int NameFault();
+  int NameWrongBoard(const WrongBoard& wrongBoard);
   void Tick();
   void Close(DialogAnswer answer);
 

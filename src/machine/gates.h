@@ -4,6 +4,7 @@
 #include <string>
 
 #include "machine/machine.h"
+#include "model/messages.h"
 
 namespace morvane::machine {
 

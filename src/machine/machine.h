@@ -6,21 +6,21 @@
 #include <string>
 
 #include "machine/machine_link.h"
-#include "program/program.h"
+#include "platform/entropy.h"
 #include "wire/commands.h"
-#include "wire/replies.h"
 
 namespace morvane::machine {
 
-/// What the program knows of the machine, and the exchanges by which it learns it.
+/// What the polls and the first contact tell of the machine, and the exchange by which anything is
+/// learnt from it.
 class Machine {
  public:
   enum State : std::int32_t { kNotConnected = 1, kNoVersion = 2, kIdle = 3, kBusy = 4, kError = 5 };
   /// The longest that the slot counters count, in polls.
   static constexpr std::int16_t kMostTicks = 10;
-  static constexpr std::uint8_t kFreshCard = 0x63;
 
-  Machine(Program& program, UsbXpress& usb) : Link(usb), program_(program) {}
+  /// `random` is the source of the frames' filler.
+  Machine(Entropy& random, UsbXpress& usb) : Link(usb), random_(random) {}
 
   MachineLink Link;
   /// A procedure owns the link: no polling timer may start an exchange.
@@ -32,50 +32,50 @@ class Machine {
   std::uint8_t BoxFlag = 0;       ///< 1 = a board was inserted; 2 = to be acknowledged only
   std::int16_t BoxOutTicks = 0;   ///< polls since the slot was last active, held at 10
   std::int16_t BoxInTicks = 0;    ///< `BoxOutTicks` when the insertion was reported
-  std::uint8_t FirmwareMajor = 0;
-  std::uint8_t FirmwareMinor = 0;  ///< packed decimal: 0x27 is shown as 27
-  std::uint8_t BootMajor = 0;
-  std::uint8_t BootMinor = 0;
-  std::int16_t MachineFlash = 0;
+  std::array<std::int16_t, 5> CardCount{};  ///< [pocket 1..4], as the polls of a run report them
+
+  /// Taken from the version and identity replies; all 0 before.
+  wire::VersionReply Version;
   bool VersionSeen = false;
   std::uint32_t HardwareId = 0;  ///< bits of `IdentityReply`
   std::uint32_t SerialNumber = 0;
-  std::uint32_t BoardsDealt = 0;
-  std::uint8_t BoardNumberRead = 0;  ///< 0 = the label is not valid
-  std::uint8_t BoardNumberRaw = 0;
-  std::array<std::uint8_t, 56> CardLog{};   ///< [1..52] in the wire's order; 0 = not dealt
-  std::array<std::int16_t, 5> CardCount{};  ///< [pocket 1..4]
-  std::string TestText;
 
-  /// Sends `command` and takes its reply, with one retry that has filler of its own. False when
-  /// both tries were bad: the link is lost. With `onlyCode`, any other good reply counts as bad.
-  /// A read board is taken with its `onlyCode` only, since it changes the set.
+  /// Sends `command` and takes its reply, with one retry that has filler of its own. Nothing when
+  /// both tries were bad (`Lost`), or when a command that allows it was answered by another frame.
   template <typename Command>
-  bool Exchange(const Command& command, std::optional<std::uint8_t> onlyCode = std::nullopt) {
+  std::optional<typename Command::Reply> Exchange(const Command& command) {
+    using Reply = typename Command::Reply;
     BeginExchange();
     for (int attempt = 1; attempt <= kTries; ++attempt) {
       FillRandom();
-      command.Put(Link.TxFrame);
+      wire::Put(command, Link.TxFrame);
       Link.SendFrame();
-      if (ProcessRunReply(onlyCode)) return true;
+      Link.ReceiveFrame();
+      if (Link.RxStatus == MachineLink::kGood) {
+        if (wire::Answers<Reply>(wire::CodeOf(Link.RxFrame))) {
+          const auto reply = wire::Get<Reply>(Link.RxFrame);
+          Take(reply);
+          return reply;
+        }
+        if constexpr (requires { Command::kTakesOthers; }) return std::nullopt;
+        Link.FlushLink();
+      }
       EndTry(attempt);
     }
-    return false;
+    return std::nullopt;
   }
-
-  /// `StatusCommand` with the flags that acknowledge pedal and board.
-  [[nodiscard]] StatusCommand Poll() const;
-  /// A reply may still be on its way: the next exchange flushes the link before it sends.
-  void ExpectLateReply() { lateReply_ = true; }
-  /// Asks for the version; the machine, whatever it was at, is idle when it answers.
-  bool VersionProbe();
   /// Both tries of the last exchange were bad.
   [[nodiscard]] bool Lost() const { return Link.CommErrorCount >= kTries; }
+  /// A reply may still be on its way: the next exchange flushes the link before it sends.
+  void ExpectLateReply() { lateReply_ = true; }
 
-  /// Before each board every card counts as dealt, so that the whole board shows in full colour.
-  void ClearCardLog();
+  /// `StatusCommand` with the flags that acknowledge pedal and board.
+  [[nodiscard]] wire::StatusCommand Poll() const;
+  /// Asks for the version; the machine, whatever it was at, is idle when it answers.
+  bool VersionProbe();
   /// What a status reply says of pedal and slot.
-  void TakePedalAndBox(const StatusReply& reply);
+  void TakePedalAndBox(const wire::StatusReply& reply);
+
   /// "2.90".
   [[nodiscard]] std::string FirmwareVersion() const;
   [[nodiscard]] bool HasHardware(std::uint16_t bit) const { return (HardwareId & bit) != 0; }
@@ -86,20 +86,36 @@ class Machine {
   void BeginExchange();
   void EndTry(int attempt);
   void FillRandom();
-  bool ProcessRunReply(std::optional<std::uint8_t> onlyCode);
-  void TakeReply(const Frame& frame);
-  void TakeStatus(const StatusReply& reply);
-  void TakeSensor(const SensorReply& reply);
-  void TakeBoard(const BoardReply& reply);
-  void TakeIdentity(const IdentityReply& reply);
-  void TakeVersion(const VersionReply& reply);
-  void TakeTest(const Frame& frame);
 
-  Program& program_;
+  // What is kept here of a reply; all else is the caller's.
+  template <typename Reply>
+  void Take(const Reply& /*reply*/) {}
+  void Take(const wire::AcceptedReply& /*reply*/) { MachineState = kBusy; }
+  void Take(const wire::StatusReply& reply);
+  void Take(const wire::VersionReply& reply);
+  void Take(const wire::IdentityReply& reply);
+
+  Entropy& random_;
   bool lateReply_ = false;
 };
 
-/// The machine's own event numbers, kept as a list; empty where it has none.
-extern const std::array<std::string_view, 47> MachineMessageText;
+/// `MachineState` in words: "Idle", "Busy" ...
+[[nodiscard]] std::string StatusText(std::int32_t machineState);
+
+/// Keeps every polling timer off the link for as long as it lives: while a box lets events through,
+/// the pedal must not start a board behind it.
+class LinkHold {
+ public:
+  explicit LinkHold(Machine& machine) : machine_(machine), before_(machine.PollLock) {
+    machine_.PollLock = true;
+  }
+  ~LinkHold() { machine_.PollLock = before_; }
+  LinkHold(const LinkHold&) = delete;
+  LinkHold& operator=(const LinkHold&) = delete;
+
+ private:
+  Machine& machine_;
+  bool before_;
+};
 
 }  // namespace morvane::machine

@@ -4,15 +4,15 @@
 
 namespace morvane::machine {
 
-void MachineLink::SendShortFrame() { Send(kShortFrame); }
+void MachineLink::SendShortFrame() { Send(wire::kShortFrame); }
 
 void MachineLink::SendLongFrame() {
-  TxFrame[kCheckByte] = 0;
-  Send(kLongFrame);
+  wire::ClearCheckByte(TxFrame);
+  Send(wire::kLongFrame);
 }
 
 void MachineLink::SendFrame() {
-  if (FrameSize(TxFrame[0]) == kLongFrame) {
+  if (wire::FrameSize(wire::CodeOf(TxFrame)) == wire::kLongFrame) {
     SendLongFrame();
   } else {
     SendShortFrame();
@@ -21,11 +21,11 @@ void MachineLink::SendFrame() {
 
 void MachineLink::Send(std::size_t size) {
   RxStatus = kGood;
-  const auto wire = std::span(txWire_).first(size);
-  std::copy_n(TxFrame.begin(), size, wire.begin());
-  Scramble(wire, kStepToMachine);
+  const auto image = std::span(txWire_).first(size);
+  std::copy_n(TxFrame.begin(), size, image.begin());
+  wire::Scramble(image, wire::kStepToMachine);
   std::uint32_t written = 0;
-  Usb.Write(UsbHandle, wire, written);
+  Usb.Write(UsbHandle, image, written);
   ReadFailed = false;
 }
 
@@ -37,19 +37,14 @@ bool MachineLink::Read(std::span<std::uint8_t> bytes) {
 }
 
 void MachineLink::ReceiveFrame() {
-  const auto bytes = std::span(RxFrame);
-  std::size_t size = kShortFrame;
-  if (Read(bytes.first(kShortFrame))) {
-    KeyStream key(static_cast<std::uint8_t>(RxFrame[kCheckByte] ^ 0xFFU), kStepFromMachine);
-    key.Apply(bytes.first(kCheckByte));
-    size = FrameSize(RxFrame[0]);
-    if (size == kLongFrame && Read(bytes.subspan(kPayload))) key.Apply(bytes.subspan(kPayload));
+  const auto head = std::span(RxFrame).first(wire::kShortFrame);
+  std::size_t size = wire::kShortFrame;
+  if (Read(head)) {
+    size = wire::SizeOnTheWire(head);
+    if (size == wire::kLongFrame) Read(wire::Payload(RxFrame));
   }
-  if (ReadFailed) {
-    RxStatus = kTooShort;
-  } else {
-    RxStatus = CheckHolds(bytes.first(size)) ? kGood : kBadCheck;
-  }
+  const bool checkHolds = wire::Unscramble(std::span(RxFrame).first(size), wire::kStepFromMachine);
+  RxStatus = ReadFailed ? kTooShort : checkHolds ? kGood : kBadCheck;
   if (RxStatus == kGood) {
     CommErrorCount = 0;
     return;

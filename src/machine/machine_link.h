@@ -19,8 +19,8 @@ class MachineLink {
 
   UsbXpress& Usb;
   UsbXpress::Handle UsbHandle = kClosed;
-  Frame TxFrame{};  ///< plain bytes, filled by the caller
-  Frame RxFrame{};  ///< the last frame received, plain; byte 7 as it came off the wire
+  wire::Frame TxFrame{};  ///< plain bytes, filled by the caller
+  wire::Frame RxFrame{};  ///< the last frame received, plain; byte 7 as it came off the wire
   Receive RxStatus = kGood;
   bool ReadFailed = false;  ///< set by a short read, cleared only by a send: required
   /// Consecutive bad receives; a good one sets it to 0. No send touches it.
@@ -35,9 +35,9 @@ class MachineLink {
 
   /// Writes bytes 0 to 6 of `TxFrame` with their check byte; `TxFrame[7]` stays as it is.
   void SendShortFrame();
-  /// Clears `TxFrame[7]` and writes all 136 bytes.
+  /// Writes all 136 bytes; `TxFrame[7]` is 0 then.
   void SendLongFrame();
-  /// `SendLongFrame` or `SendShortFrame` by the code in `TxFrame[0]`.
+  /// `SendLongFrame` or `SendShortFrame` by the code of `TxFrame`.
   void SendFrame();
   /// Reads 8 or 136 bytes into `RxFrame`, blocking up to the read time-out; updates `RxStatus`,
   /// `ReadFailed` and `CommErrorCount`. A bad receive flushes both directions.
@@ -54,7 +54,7 @@ class MachineLink {
   void Send(std::size_t size);
   bool Read(std::span<std::uint8_t> bytes);
 
-  Frame txWire_{};
+  wire::Frame txWire_{};
 };
 
 }  // namespace morvane::machine

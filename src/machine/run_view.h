@@ -4,7 +4,7 @@ namespace morvane::machine {
 
 class ErrorDialog;
 
-/// What a run needs of its window. Everything shown is read from the `DealingRun`; the calls only
+/// What a run needs of its window. Everything shown is read from the run; the calls only
 /// say that it changed.
 class RunView {
  public:

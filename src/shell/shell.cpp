@@ -5,7 +5,8 @@
 #include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
-#include "machine/open_link.h"
+#include "shell/flows/deal_flow.h"
+#include "shell/flows/exit_flow.h"
 
 namespace morvane::shell {
 
@@ -18,12 +19,41 @@ Shell::Flow::~Flow() {
   if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
 }
 
-Shell::Shell(Program& program, UsbXpress& usb, Windows& windows, Instance& instance)
+Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance)
     : program_(program),
       windows_(windows),
       instance_(instance),
       generator_(program),
-      machine_(program, usb) {}
+      machine_(program.Random, usb) {}
+
+StartOutcome Shell::StartUp(const std::string& commandLine) {
+  const Flow flow(*this);
+  const StartFiles files = ParseCommandLine(commandLine);
+  const StartOutcome outcome = BecomeTheRunningOne(
+      program_, instance_, files, [this](std::string_view command) { LinkExecute(command); });
+  if (outcome != StartOutcome::kGoesOn) return outcome;
+  started_ = true;
+  startFile_ = files.StartFile;
+  program_.ShowStatistics = program_.Store.IsOn(kDealShow);
+  program_.VersionText = VersionTextOf(program_.ServiceLevel);
+  generator_.Pool.InitPool(program_.Operator.Mouse());
+  program_.Status("Loading...");
+  windows_.ShowMainMenu();
+  program_.Loop.Pump();
+  history_.LoadHistory(program_);
+  OpenLog(program_);
+  if (history_.HistoryEnabled()) {
+    program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
+  }
+  program_.Status("Ready");
+  LogStart(program_, generator_.Pool, commandLine);
+  if (!files.FirmwareFile.empty()) {
+    RefuseFirmware(files.FirmwareFile);
+  } else if (!startFile_.empty()) {
+    files::LoadBoardSet(program_, history_, windows_, startFile_);
+  }
+  return outcome;
+}
 
 void Shell::MenuLoad() {
   if (FlowActive()) return;
@@ -46,34 +76,13 @@ void Shell::MenuSave() {
 void Shell::MenuDeal() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  program_.Status("Dealing");
-  if (!program_.Set.Exists()) {
-    program_.Status(program_.Texts.Msg034);
-    program_.ShowMessage(program_.Texts.Msg034, kOkCritical, "Dealing Error");
-  } else if (machine::OpenLink(program_, machine_.Link, kRunTimeoutMs)) {
-    machine::DealingRun run(program_, machine_, runMemory_);
-    const auto window = windows_.OpenDealinProg(run);
-    run.Open(*window);
-    program_.Loop.RunUntil([&] { return run.Closed(); });
-    if (!run.Closed()) run.Exit();
-  }
-  program_.Status("Ready");
+  DealFlow(program_, machine_, runMemory_, windows_);
 }
 
 bool Shell::Exit() {
   if (FlowActive()) return false;
   const Flow flow(*this);
-  // Before any question, so that the pool is saved even if the exit is cancelled.
-  generator_.Pool.SavePool();
-  if (program_.AnalysisRunning) {
-    program_.ShowMessage(program_.Texts.Msg105, kOkCritical, "Exit Error");
-    return false;
-  }
-  if (program_.Set.Changed()) {
-    const int answer = program_.Ask(program_.Texts.Msg062, kYesNoCancelExclamation, "Exit");
-    if (answer == kYes) files::SaveBoardSet(program_, history_);
-    if (answer != kNo && program_.Set.Changed()) return false;
-  }
+  if (!ExitFlow(program_, generator_, history_)) return false;
   program_.Log.WriteTime(" Exit: ");
   started_ = false;
   program_.Loop.Quit();
@@ -119,6 +128,14 @@ void Shell::Timer2mmTick() {
   }
   const Point mouse = program_.Operator.Mouse();
   generator_.Pool.SampleMouse(mouse.X, mouse.Y);
+}
+
+void Shell::RefuseFirmware(const std::string& path) {
+  program_.ShowMessage(
+      "      Firmware download is not available in this version.      \r\n"
+      "      Firmware file: " +
+          path + "      ",
+      kOkExclamation, "Download New Firmware");
 }
 
 void Shell::Activated() {

@@ -6,33 +6,15 @@
 
 #include "generate/generator.h"
 #include "history/history.h"
-#include "machine/dealing_run.h"
+#include "machine/board_walk.h"
 #include "machine/machine.h"
 #include "platform/instance.h"
 #include "program/program.h"
-#include "shell/windows.h"
+#include "shell/flow_windows.h"
+#include "shell/start_up.h"
 #include "text/number_filter.h"
 
 namespace morvane::shell {
-
-/// What stands in the raw command line: the text between its first two double quotes. A path that
-/// ends in "adc" in any case is a firmware file, any other a board file; without a pair of quotes
-/// there is neither.
-struct StartFiles {
-  std::string StartFile;
-  std::string FirmwareFile;
-};
-[[nodiscard]] StartFiles ParseCommandLine(std::string_view commandLine);
-
-/// How a start has ended.
-enum class StartOutcome {
-  kGoesOn,      ///< this is the running program
-  kHandedOver,  ///< the running program has taken the file; nothing was done or shown here
-  kRefused,     ///< another one runs, and the operator has been told
-};
-
-/// The version as logs and files have it: "1.0 with Sort 1.0  with Poker 1.5 ".
-[[nodiscard]] std::string VersionTextOf(int serviceLevel);
 
 /// The main window without its looks: start-up, the menu's flows and exit. It owns the long-lived
 /// state of the subsystems. One flow runs at a time; a request that comes while one runs does
@@ -40,10 +22,9 @@ enum class StartOutcome {
 class Shell {
  public:
   static constexpr int kTimer2Ms = 100;
-  static constexpr std::int16_t kRunTimeoutMs = 200;
 
   /// `instance` calls `LinkExecute` as long as the event loop runs.
-  Shell(Program& program, UsbXpress& usb, Windows& windows, Instance& instance);
+  Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance);
 
   /// Start-up, in its order; `commandLine` is the raw command line without the program's name. The
   /// program ends unless it `kGoesOn`.
@@ -88,14 +69,12 @@ class Shell {
    private:
     Shell& shell_;
   };
-  StartOutcome BecomeTheRunningOne(const StartFiles& files);
   void EnableTimer2mm();
   void Timer2mmTick();
-  void OpenLog();
   void RefuseFirmware(const std::string& path);
 
   Program& program_;
-  Windows& windows_;
+  FlowWindows& windows_;
   Instance& instance_;
   generate::Generator generator_;
   history::History history_;

@@ -1,12 +1,10 @@
+#include "shell/start_up.h"
+
 #include <algorithm>
 #include <array>
 
-#include "files/load_set.h"
-#include "shell/shell.h"
 #include "shell/version.h"
 #include "text/text.h"
-
-// Start-up, in its order.
 
 namespace morvane::shell {
 namespace {
@@ -45,69 +43,37 @@ std::string VersionTextOf(int serviceLevel) {
          " with Poker 1.5 ";
 }
 
-StartOutcome Shell::StartUp(const std::string& commandLine) {
-  const Flow flow(*this);
-  const StartFiles files = ParseCommandLine(commandLine);
-  const StartOutcome outcome = BecomeTheRunningOne(files);
-  if (outcome != StartOutcome::kGoesOn) return outcome;
-  program_.ShowStatistics = program_.Store.IsOn(kDealShow);
-  started_ = true;
-  startFile_ = files.StartFile;
-  program_.VersionText = VersionTextOf(program_.ServiceLevel);
-  generator_.Pool.InitPool(program_.Operator.Mouse());
-  program_.Status("Loading...");
-  windows_.ShowMainMenu();
-  program_.Loop.Pump();
-  history_.LoadHistory(program_);
-  OpenLog();
-  if (history_.HistoryEnabled()) {
-    program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
-  }
-  program_.Status("Ready");
-  program_.Log.WriteLine("---");
-  program_.Log.WriteLine("Start " + DateTimeText(program_.Time.Now()));
-  program_.Log.WriteLine(
-      "   Start up parameters: " + std::to_string(generator_.Pool.StartParamDays) + "," +
-      std::to_string(generator_.Pool.StartParamMouse) + "  " + program_.VersionText + "  " +
-      commandLine);
-  if (!files.FirmwareFile.empty()) {
-    RefuseFirmware(files.FirmwareFile);
-  } else if (!startFile_.empty()) {
-    files::LoadBoardSet(program_, history_, windows_, startFile_);
-  }
-  return outcome;
-}
-
-StartOutcome Shell::BecomeTheRunningOne(const StartFiles& files) {
-  if (!instance_.Claim()) {
+StartOutcome BecomeTheRunningOne(Program& program, Instance& instance, const StartFiles& files,
+                                 const std::function<void(std::string_view command)>& listener) {
+  if (!instance.Claim()) {
     const std::string command = LinkCommandOf(files);
-    if (!command.empty() && instance_.HandOver(command)) return StartOutcome::kHandedOver;
+    if (!command.empty() && instance.HandOver(command)) return StartOutcome::kHandedOver;
     // The other may have ended while this one called it.
-    if (command.empty() || !instance_.Claim()) {
-      program_.ShowMessage(program_.Texts.Msg086, kOkCritical, "Application Start Error");
+    if (command.empty() || !instance.Claim()) {
+      program.ShowMessage(program.Texts.Msg086, kOkCritical, "Application Start Error");
       return StartOutcome::kRefused;
     }
   }
   // A request that comes during start-up is taken up after it.
-  instance_.Listen([this](std::string_view command) { LinkExecute(command); });
+  instance.Listen(listener);
   return StartOutcome::kGoesOn;
 }
 
-void Shell::OpenLog() {
+void OpenLog(Program& program) {
   RuntimeError error;
-  if (program_.Log.Start(program_.Paths.Data, error)) return;
-  const std::string text = Fill(program_.Texts.Msg083, "***", program_.Paths.Application);
-  program_.ShowMessage(
+  if (program.Log.Start(program.Paths.Data, error)) return;
+  const std::string text = Fill(program.Texts.Msg083, "***", program.Paths.Application);
+  program.ShowMessage(
       Fill(text, "###", "Error: " + std::to_string(error.Number) + ", " + error.Description),
       kOkCritical, "Log Error");
 }
 
-void Shell::RefuseFirmware(const std::string& path) {
-  program_.ShowMessage(
-      "      Firmware download is not available in this version.      \r\n"
-      "      Firmware file: " +
-          path + "      ",
-      kOkExclamation, "Download New Firmware");
+void LogStart(Program& program, const generate::RandomPool& pool, const std::string& commandLine) {
+  program.Log.WriteLine("---");
+  program.Log.WriteLine("Start " + DateTimeText(program.Time.Now()));
+  program.Log.WriteLine("   Start up parameters: " + std::to_string(pool.StartParamDays) + "," +
+                        std::to_string(pool.StartParamMouse) + "  " + program.VersionText + "  " +
+                        commandLine);
 }
 
 }  // namespace morvane::shell

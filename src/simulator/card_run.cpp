@@ -4,10 +4,13 @@
 #include <random>
 #include <utility>
 
+#include "wire/machine_errors.h"
+
 namespace morvane::simulator {
 namespace {
 
-using machine::StatusReply;
+using wire::MachineCard;
+using wire::StatusReply;
 
 CardRun::Time CardTimeAt(double speed) {
   if (speed <= 0.0) return CardRun::Time(0);
@@ -26,7 +29,7 @@ std::uint64_t SeedOf(const Options& options) {
 CardRun::CardRun(const Options& options)
     : cardTime_(CardTimeAt(options.Speed)), feeder_(SeedOf(options)), faults_(options.Faults) {}
 
-void CardRun::Begin(RunKind kind, const machine::HandList& pockets, Time now) {
+void CardRun::Begin(RunKind kind, const PackBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
   kind_ = kind;
   handList_ = pockets;
@@ -53,15 +56,15 @@ void CardRun::Load() {
 void CardRun::GoOn(Time now) {
   if (Busy()) return;
   if (kind_ == RunKind::None) {
-    SetState(kCodeCardOrder);
+    SetState(wire::kIncorrectCardOrder);
     return;
   }
-  if (!CanGoOnAfter(state_)) return;
+  if (!wire::TextOfError(state_).CanGoOn) return;
   SetState(StatusReply::kBusy);
   nextCardAt_ = now + cardTime_;
 }
 
-void CardRun::Break() { Stop(kCodeBreak); }
+void CardRun::Break() { Stop(wire::kBreakDealing); }
 
 void CardRun::Stop(std::uint8_t code) {
   if (Busy()) SetState(code);
@@ -97,13 +100,13 @@ void CardRun::FallOne() {
   }
   const std::size_t pocket = PocketOfFront();
   if (pocket == 0) {  // a card that nobody wants
-    Stop(kCodeCardOrder);
+    Stop(wire::kIncorrectCardOrder);
     return;
   }
   const int card = feeder_.Front();
   pockets_[pocket].Add(card);
   feeder_.Feed();
-  cardLog_[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(Fallen());
+  cardLog_[MachineCard(card)] = static_cast<std::uint8_t>(Fallen());
   ++changes_;
   if (feeder_.Left() == 0) Finish();
 }

@@ -8,20 +8,11 @@
 #include "model/board.h"
 #include "simulator/deck.h"
 #include "simulator/options.h"
-#include "wire/commands.h"
 #include "wire/replies.h"
 
 namespace morvane::simulator {
 
 enum class RunKind : std::uint8_t { None, Deal, Read, Sort };
-
-/// Codes of the machine's own making; the others only come when they are asked for.
-inline constexpr std::uint8_t kCodeBreak = 57;
-inline constexpr std::uint8_t kCodeBoardOut = 58;
-inline constexpr std::uint8_t kCodeCardOrder = 62;
-
-/// Whether the run can go on after `code`; after any other the board is begun anew.
-[[nodiscard]] constexpr bool CanGoOnAfter(std::uint8_t code) { return code >= 25 && code <= 60; }
 
 /// The cards' way from the feeder into the pockets: one run at a time, card by card, until it is
 /// done, broken or stopped by a fault. Nothing here allocates while cards fall.
@@ -34,7 +25,7 @@ class CardRun {
 
   /// Empties the pockets, loads the feeder and begins. The same order again while it is carried out
   /// is a repetition and changes nothing. `pockets` means nothing to a sort.
-  void Begin(RunKind kind, const machine::HandList& pockets, Time now);
+  void Begin(RunKind kind, const PackBytes& pockets, Time now);
   /// Goes on where the run stopped, if its code allows it. A run in progress or done stays as it
   /// is; without a run there is nothing to go on with, and that is an error.
   void GoOn(Time now);
@@ -60,11 +51,11 @@ class CardRun {
   [[nodiscard]] RunKind Kind() const { return kind_; }
   /// As the status reply has it: 0 idle, 0xFF busy, otherwise the code of the error.
   [[nodiscard]] std::uint8_t State() const { return state_; }
-  [[nodiscard]] bool Busy() const { return state_ == machine::StatusReply::kBusy; }
+  [[nodiscard]] bool Busy() const { return state_ == wire::StatusReply::kBusy; }
   /// The cards in pocket 1..4, lowest first.
   [[nodiscard]] const Pile& Pocket(std::size_t pocket) const { return pockets_[pocket]; }
-  /// [machine card 1..52]: the how-manieth of the run it was; 0 = not dealt.
-  [[nodiscard]] const std::array<std::uint8_t, 56>& CardLog() const { return cardLog_; }
+  /// The how-manieth of the run each card was; 0 = not dealt.
+  [[nodiscard]] const wire::CardBytes& CardLog() const { return cardLog_; }
   [[nodiscard]] std::size_t Fallen() const { return feeder_.Loaded() - feeder_.Left(); }
   [[nodiscard]] std::size_t Loaded() const { return feeder_.Loaded(); }
   [[nodiscard]] std::uint32_t BoardsDealt() const { return boardsDealt_; }
@@ -83,11 +74,11 @@ class CardRun {
   Feeder feeder_;
   std::vector<CardFault> faults_;
   RunKind kind_ = RunKind::None;
-  machine::HandList handList_{};
+  PackBytes handList_{};
   std::array<Pile, 5> pockets_;
-  std::array<std::uint8_t, 56> cardLog_{};
+  wire::CardBytes cardLog_;
   Board boardToRead_;
-  std::uint8_t state_ = machine::StatusReply::kIdle;
+  std::uint8_t state_ = wire::StatusReply::kIdle;
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};
   std::uint32_t boardsDealt_ = 0;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "wire/machine_card.h"
+
 namespace morvane::simulator {
 
 void Feeder::LoadPack() {
@@ -24,14 +26,14 @@ void Feeder::LoadFourPacks() {
   Shuffle();
 }
 
-void Feeder::LoadForReading(const Board& board, const machine::HandList& pockets) {
+void Feeder::LoadForReading(const Board& board, const PackBytes& pockets) {
   LoadPack();
   auto& cards = cards_.cards_;
   for (std::size_t place = 0; place < pockets.size(); ++place) {
     const std::size_t pocket = pockets[place];
     if (pocket == 0 || pocket > kHands) continue;
     for (std::size_t at = place; at < pockets.size(); ++at) {
-      const auto card = static_cast<std::size_t>(ProgramCard(cards[at]));
+      const auto card = static_cast<std::size_t>(wire::MachineCard(cards[at]).Card());
       if (board.Cards[card] != HandOfPocket[pocket]) continue;
       std::swap(cards[place], cards[at]);
       break;
@@ -39,7 +41,7 @@ void Feeder::LoadForReading(const Board& board, const machine::HandList& pockets
   }
 }
 
-bool Feeder::Prepare(const std::array<std::uint8_t, kCards>& cards) {
+bool Feeder::Prepare(const PackBytes& cards) {
   auto sorted = cards;
   std::sort(sorted.begin(), sorted.end());
   for (std::size_t i = 0; i < sorted.size(); ++i) {

@@ -8,16 +8,12 @@
 
 #include "model/board.h"
 #include "model/tables.h"
-#include "wire/commands.h"
 
 namespace morvane::simulator {
 
-/// The machine's number 1..52 of a program card 1..52: 1 is the Two of Spades, 52 the Ace of Clubs.
-[[nodiscard]] constexpr int MachineCard(int card) {
-  return static_cast<int>(machine::WirePosition(card)) - static_cast<int>(machine::kPayload) + 1;
-}
-/// Its inverse: each suit is turned round, which is the same step both ways.
-[[nodiscard]] constexpr int ProgramCard(int machineCard) { return MachineCard(machineCard); }
+/// A byte for each card of a pack: by machine card for dealing, by the place in the feeder for
+/// reading.
+using PackBytes = std::array<std::uint8_t, kCards>;
 
 /// A pile of machine cards of at most four packs, lowest first. It never allocates.
 class Pile {
@@ -50,11 +46,11 @@ class Feeder {
   void LoadFourPacks();
   /// A pack in which the card at place k of the feeder belongs to the hand of pocket `pockets`[k],
   /// as far as `board` has such a card; the others lie as shuffled.
-  void LoadForReading(const Board& board, const machine::HandList& pockets);
+  void LoadForReading(const Board& board, const PackBytes& pockets);
 
   /// The next `LoadPack` has these machine cards, first one first. False unless each of 1..52 is
   /// there once.
-  bool Prepare(const std::array<std::uint8_t, kCards>& cards);
+  bool Prepare(const PackBytes& cards);
 
   void Empty();
   [[nodiscard]] std::size_t Left() const { return cards_.Count() - fed_; }
@@ -70,7 +66,7 @@ class Feeder {
   std::mt19937_64 engine_;
   Pile cards_;
   std::size_t fed_ = 0;
-  std::optional<std::array<std::uint8_t, kCards>> prepared_;
+  std::optional<PackBytes> prepared_;
 };
 
 }  // namespace morvane::simulator

@@ -4,24 +4,24 @@
 #include <cstdint>
 #include <string>
 
-#include "simulator/board_slot.h"
-#include "simulator/card_run.h"
-#include "simulator/options.h"
-#include "wire/frame.h"
+#include "simulator/identity_organ.h"
+#include "simulator/run_organ.h"
+#include "simulator/slot_organ.h"
 
 namespace morvane::simulator {
 
 /// The machine behind its wire: plain commands in, plain replies out. It never speaks first; what
-/// happens meanwhile is told in the answer to the next status poll.
+/// happens meanwhile is told in the answer to the next status poll. Each command belongs to one
+/// organ; here stands only what concerns several.
 class Firmware {
  public:
   using Time = std::chrono::microseconds;
 
-  explicit Firmware(const Options& options);
+  explicit Firmware(const Options& options) : run_(options), slot_(options), identity_(options) {}
 
   /// Obeys the plain `command` at time `now`. The size of the plain `reply`, 0 when there is none:
   /// an unknown command is not answered.
-  std::size_t Answer(const machine::Frame& command, Time now, machine::Frame& reply);
+  std::size_t Answer(const wire::Frame& command, Time now, wire::Frame& reply);
 
   void PressPedal();
   /// A raw label byte, whether it is one or not.
@@ -31,29 +31,22 @@ class Firmware {
   /// What a power cycle leaves: boards, cards and counters stay, everything else is forgotten.
   void Restart();
 
-  [[nodiscard]] CardRun& Run() { return run_; }
-  [[nodiscard]] const CardRun& Run() const { return run_; }
-  [[nodiscard]] const BoardSlot& Slot() const { return slot_; }
-  /// "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".
-  [[nodiscard]] std::string StateText() const;
-  [[nodiscard]] std::uint64_t Changes() const { return changes_ + run_.Changes(); }
+  [[nodiscard]] CardRun& Run() { return run_.Run(); }
+  [[nodiscard]] const CardRun& Run() const { return run_.Run(); }
+  [[nodiscard]] const BoardSlot& Slot() const { return slot_.Slot(); }
+  [[nodiscard]] std::string StateText() const { return run_.StateText(); }
+  [[nodiscard]] std::uint64_t Changes() const { return changes_ + Run().Changes(); }
 
  private:
-  bool AnswerRun(const machine::Frame& command, Time now, machine::Frame& reply);
-  bool AnswerQuestion(const machine::Frame& command, machine::Frame& reply);
-  bool Start(const machine::Frame& command, Time now, machine::Frame& reply);
-  bool StartSort(const machine::Frame& command, Time now, machine::Frame& reply);
-  bool AnswerStatus(const machine::Frame& command, machine::Frame& reply);
-  bool AnswerVersion(machine::Frame& reply);
-  bool AnswerIdentity(const machine::Frame& command, machine::Frame& reply) const;
-  bool AnswerCounter(const machine::Frame& command, machine::Frame& reply) const;
-  bool AnswerSensor(const machine::Frame& command, machine::Frame& reply) const;
-  bool AnswerBoard(machine::Frame& reply) const;
-  bool AnswerTest(machine::Frame& reply) const;
+  bool AnswerForAll(const wire::Frame& command, wire::Frame& reply);
+  bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
+  void TakeFlags(std::uint8_t flags);
+  bool AnswerCounter(const wire::Frame& command, wire::Frame& reply) const;
+  bool AnswerTest(wire::Frame& reply) const;
 
-  Options options_;
-  CardRun run_;
-  BoardSlot slot_;
+  RunOrgan run_;
+  SlotOrgan slot_;
+  IdentityOrgan identity_;
   Report pedal_;
   std::uint64_t changes_ = 0;
 };

@@ -5,12 +5,13 @@
 #include <random>
 #include <utility>
 
+#include "wire/board_labels.h"
 #include "wire/replies.h"
 
 namespace morvane::simulator {
 namespace {
 
-using namespace machine;
+using namespace wire;
 using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
@@ -54,7 +55,7 @@ bool SimulatedMachine::LoadPack(const std::array<int, kCards>& cards) {
   std::array<std::uint8_t, kCards> pack{};
   for (std::size_t i = 0; i < cards.size(); ++i) {
     if (cards[i] < 1 || cards[i] > kCards) return false;
-    pack[i] = static_cast<std::uint8_t>(MachineCard(cards[i]));
+    pack[i] = static_cast<std::uint8_t>(MachineCard::Of(cards[i]).Number());
   }
   return firmware_.Run().Cards().Prepare(pack);
 }
@@ -69,7 +70,9 @@ SimulatedMachine::CardPiles SimulatedMachine::CardsByPocket() const {
   CardPiles piles;
   for (std::size_t pocket = 1; pocket <= kHands; ++pocket) {
     const Pile& pile = firmware_.Run().Pocket(pocket);
-    for (std::size_t i = 0; i < pile.Count(); ++i) piles[pocket].push_back(ProgramCard(pile[i]));
+    for (std::size_t i = 0; i < pile.Count(); ++i) {
+      piles[pocket].push_back(MachineCard(pile[i]).Card());
+    }
   }
   return piles;
 }
@@ -181,8 +184,7 @@ void SimulatedMachine::Hear(std::uint8_t byte) {
   if (!powered_ || deaf_) return;
   heard_[heardCount_++] = byte;
   if (heardCount_ < kShortFrame) return;
-  const auto code = static_cast<std::uint8_t>(heard_[0] ^ heard_[kCheckByte] ^ 0xFFU);
-  if (heardCount_ < FrameSize(code)) return;
+  if (heardCount_ < SizeOnTheWire(std::span(heard_).first(kShortFrame))) return;
   TakeFrame(std::exchange(heardCount_, 0));
 }
 
@@ -190,7 +192,7 @@ void SimulatedMachine::TakeFrame(std::size_t size) {
   Frame command = heard_;
   const std::span<std::uint8_t> wire = std::span(command).first(size);
   bool good = Unscramble(wire, kStepToMachine);
-  const LinkFault fault = faults_.Next(good ? command[0] : -1);
+  const LinkFault fault = faults_.Next(good ? CodeOf(command) : -1);
   if (fault.What == LinkFault::Kind::LoseCommand) return;
   if (fault.What == LinkFault::Kind::CorruptCommand) {
     command = heard_;
@@ -211,8 +213,8 @@ void SimulatedMachine::Send(Frame& reply, std::size_t size, const LinkFault& fau
   using Kind = LinkFault::Kind;
   if (fault.What == Kind::LoseReply) return;
   if (fault.What == Kind::ReplaceCode) {
-    reply[0] = fault.Place;
-    size = FrameSize(reply[0]);
+    SetCode(reply, fault.Place);
+    size = FrameSize(fault.Place);
   }
   std::span<std::uint8_t> wire = std::span(reply).first(size);
   Scramble(wire, kStepFromMachine);

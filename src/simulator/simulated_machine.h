@@ -87,7 +87,7 @@ class SimulatedMachine final : public UsbXpress {
   [[nodiscard]] bool IsOpen(Handle handle) const;
   void Hear(std::uint8_t byte);
   void TakeFrame(std::size_t size);
-  void Send(machine::Frame& reply, std::size_t size, const LinkFault& fault);
+  void Send(wire::Frame& reply, std::size_t size, const LinkFault& fault);
   void DeliverLate();
 
   Options options_;
@@ -102,7 +102,7 @@ class SimulatedMachine final : public UsbXpress {
   std::uint64_t changes_ = 0;
 
   // The machine's end of the line.
-  machine::Frame heard_{};
+  wire::Frame heard_{};
   std::size_t heardCount_ = 0;
   bool deaf_ = false;  ///< after a bad frame, until the line has been silent
   Time heardAt_{0};
@@ -110,7 +110,7 @@ class SimulatedMachine final : public UsbXpress {
 
   // The program's end.
   ByteQueue received_;
-  machine::Frame late_{};
+  wire::Frame late_{};
   std::size_t lateCount_ = 0;
   bool lateMissed_ = false;  ///< a read has timed out on it
 };

@@ -1,6 +1,10 @@
 #include "wire/frame.h"
 
-namespace morvane::machine {
+namespace morvane::wire {
+namespace {
+
+constexpr std::size_t kCheckByte = 7;
+constexpr std::size_t kPayload = 8;
 
 std::uint8_t Sum(std::span<const std::uint8_t> bytes) {
   unsigned sum = 0;
@@ -8,41 +12,40 @@ std::uint8_t Sum(std::span<const std::uint8_t> bytes) {
   return static_cast<std::uint8_t>(sum);
 }
 
-void KeyStream::Apply(std::span<std::uint8_t> bytes) {
-  for (std::uint8_t& byte : bytes) {
-    byte = static_cast<std::uint8_t>(byte ^ key_);
-    key_ = static_cast<std::uint8_t>(key_ + step_);
+/// Scrambling and unscrambling are the same step.
+void ApplyKey(std::span<std::uint8_t> bytes, std::uint8_t key, std::uint8_t step) {
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (i == kCheckByte) continue;
+    bytes[i] = static_cast<std::uint8_t>(bytes[i] ^ key);
+    key = static_cast<std::uint8_t>(key + step);
   }
 }
+
+}  // namespace
+
+void ClearCheckByte(Frame& frame) { frame[kCheckByte] = 0; }
+
+std::span<std::uint8_t> Filler(Frame& frame) {
+  return std::span(frame).first(kCheckByte).subspan(1);
+}
+
+std::span<std::uint8_t> Payload(Frame& frame) { return std::span(frame).subspan(kPayload); }
 
 void Scramble(std::span<std::uint8_t> bytes, std::uint8_t step) {
   bytes[kCheckByte] = 0;
   const std::uint8_t sum = Sum(bytes);
-  KeyStream key(sum, step);
-  key.Apply(bytes.first(kCheckByte));
-  key.Apply(bytes.subspan(kPayload));
+  ApplyKey(bytes, sum, step);
   bytes[kCheckByte] = static_cast<std::uint8_t>(sum ^ 0xFFU);
 }
 
 bool Unscramble(std::span<std::uint8_t> bytes, std::uint8_t step) {
-  KeyStream key(static_cast<std::uint8_t>(bytes[kCheckByte] ^ 0xFFU), step);
-  key.Apply(bytes.first(kCheckByte));
-  key.Apply(bytes.subspan(kPayload));
-  return CheckHolds(bytes);
+  ApplyKey(bytes, static_cast<std::uint8_t>(bytes[kCheckByte] ^ 0xFFU), step);
+  return Sum(bytes) == 0xFF;
 }
 
-bool CheckHolds(std::span<const std::uint8_t> bytes) { return Sum(bytes) == 0xFF; }
-
-void PutBig(Frame& frame, std::size_t at, std::size_t bytes, std::uint32_t value) {
-  for (std::size_t i = bytes; i > 0; --i, value >>= 8U) {
-    frame[at + i - 1] = static_cast<std::uint8_t>(value);
-  }
+std::size_t SizeOnTheWire(std::span<const std::uint8_t> head) {
+  // The check byte carries the key of byte 0.
+  return FrameSize(static_cast<std::uint8_t>(head[0] ^ head[kCheckByte] ^ 0xFFU));
 }
 
-std::uint32_t GetBig(const Frame& frame, std::size_t at, std::size_t bytes) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 0; i < bytes; ++i) value = value << 8U | frame[at + i];
-  return value;
-}
-
-}  // namespace morvane::machine
+}  // namespace morvane::wire

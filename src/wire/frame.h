@@ -10,13 +10,10 @@
 // (byte 7 counted as 0), the wire carries S xor FF at byte 7 and every other byte xor a key that
 // starts at S and moves on by a constant after each byte. Byte 7 uses up no key step.
 
-namespace morvane::machine {
+namespace morvane::wire {
 
 inline constexpr std::size_t kShortFrame = 8;
 inline constexpr std::size_t kLongFrame = 136;
-inline constexpr std::size_t kCheckByte = 7;
-inline constexpr std::size_t kPayload = 8;  ///< the first payload byte of a long frame
-inline constexpr std::uint8_t kLongBit = 0x80;
 
 /// The key's step differs by direction: required.
 inline constexpr std::uint8_t kStepToMachine = 23;
@@ -25,22 +22,20 @@ inline constexpr std::uint8_t kStepFromMachine = 21;
 using Frame = std::array<std::uint8_t, kLongFrame>;
 
 [[nodiscard]] constexpr std::size_t FrameSize(std::uint8_t code) {
-  return (code & kLongBit) != 0 ? kLongFrame : kShortFrame;
+  return (code & 0x80U) != 0 ? kLongFrame : kShortFrame;
 }
 
-[[nodiscard]] std::uint8_t Sum(std::span<const std::uint8_t> bytes);
+[[nodiscard]] constexpr std::uint8_t CodeOf(const Frame& frame) { return frame[0]; }
+constexpr void SetCode(Frame& frame, std::uint8_t code) { frame[0] = code; }
 
-/// The running key of one frame; it goes on over several calls.
-class KeyStream {
- public:
-  KeyStream(std::uint8_t start, std::uint8_t step) : key_(start), step_(step) {}
-  /// Scrambles or unscrambles `bytes` in place.
-  void Apply(std::span<std::uint8_t> bytes);
+/// The check byte of a plain frame is 0.
+void ClearCheckByte(Frame& frame);
 
- private:
-  std::uint8_t key_;
-  std::uint8_t step_;
-};
+/// Bytes 1 to 6: what a command names none of them for is random.
+[[nodiscard]] std::span<std::uint8_t> Filler(Frame& frame);
+
+/// The bytes behind the head of a long frame.
+[[nodiscard]] std::span<std::uint8_t> Payload(Frame& frame);
 
 /// Turns the plain frame in `bytes` (8 or 136 of them) into its wire image. What stood at byte 7
 /// does not count.
@@ -50,11 +45,7 @@ void Scramble(std::span<std::uint8_t> bytes, std::uint8_t step);
 /// the check byte is right.
 bool Unscramble(std::span<std::uint8_t> bytes, std::uint8_t step);
 
-/// Whether the plain bytes and the check byte off the wire belong together.
-[[nodiscard]] bool CheckHolds(std::span<const std::uint8_t> bytes);
+/// How long the frame is whose first eight wire bytes are `head`.
+[[nodiscard]] std::size_t SizeOnTheWire(std::span<const std::uint8_t> head);
 
-/// Big-endian numbers in a frame, most significant byte at `at`.
-void PutBig(Frame& frame, std::size_t at, std::size_t bytes, std::uint32_t value);
-[[nodiscard]] std::uint32_t GetBig(const Frame& frame, std::size_t at, std::size_t bytes);
-
-}  // namespace morvane::machine
+}  // namespace morvane::wire

@@ -39,8 +39,8 @@ TEST_F(Errors, CancelStopsTheBoardAndOffersItAgain) {
   run.cmdDeal();
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54");
   EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kStopped);
-  EXPECT_FALSE(run.Controls.Deal_next);
-  EXPECT_TRUE(run.Controls.cmdDeal);
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
+  EXPECT_TRUE(run.Window().Controls.cmdDeal);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
   EXPECT_EQ(SentCodes().back(), 0x1A) << "the probe brings the machine back to idle";
   run.cmdDeal();
@@ -80,12 +80,12 @@ TEST_F(Errors, BreakDisablesItself) {
   view.Answers = {Cancel};
   Contact();
   desk.Loop.OnPump = [&] {
-    if (!run.Controls.cmdBreak) return;
+    if (!run.Window().Controls.cmdBreak) return;
     run.cmdBreak();
-    EXPECT_FALSE(run.Controls.cmdBreak);
+    EXPECT_FALSE(run.Window().Controls.cmdBreak);
   };
   run.cmdDeal();
-  EXPECT_FALSE(run.Controls.cmdBreak);
+  EXPECT_FALSE(run.Window().Controls.cmdBreak);
 }
 
 TEST_F(Errors, ABreakThatCameTooLateIsAnsweredByTheDialog) {

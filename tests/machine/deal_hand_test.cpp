@@ -1,4 +1,5 @@
 #include "machine/run_fixture.h"
+#include "wire/board_labels.h"
 
 namespace morvane::machine {
 namespace {
@@ -58,11 +59,12 @@ TEST_F(OneBoard, ItsLogLineNamesNumberSettingsAndOk) {
   Contact();
   run.cmdDeal();
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
-  EXPECT_TRUE(run.Controls.Deal_next);
+  EXPECT_TRUE(run.Window().Controls.Deal_next);
   EXPECT_EQ(view.Focused, 1);
-  EXPECT_TRUE(run.Controls.cmdDeal && run.Controls.cmdExit && run.Controls.cmdNext);
-  EXPECT_FALSE(run.Controls.cmdPrev || run.Controls.cmdBreak);
-  EXPECT_EQ(run.txtStatus(), "Idle");
+  EXPECT_TRUE(run.Window().Controls.cmdDeal && run.Window().Controls.cmdExit &&
+              run.Window().Controls.cmdNext);
+  EXPECT_FALSE(run.Window().Controls.cmdPrev || run.Window().Controls.cmdBreak);
+  EXPECT_EQ(StatusText(machine.MachineState), "Idle");
 }
 
 TEST_F(OneBoard, TheRotationGoesRoundWithEachBoard) {
@@ -82,14 +84,14 @@ TEST_F(OneBoard, CountsAndTimeShowWhileTheMachineIsBusy) {
   Contact();
   std::vector<std::string> states;
   view.OnState = [&] {
-    states.push_back(run.txtStatus() +
-                     (run.CountsShown ? std::to_string(machine.CardCount[1]) : "-"));
+    states.push_back(StatusText(machine.MachineState) +
+                     (run.Cards().CountsShown ? std::to_string(machine.CardCount[1]) : "-"));
     desk.Clock.Spend(std::chrono::milliseconds(250));
   };
   run.cmdDeal();
   EXPECT_THAT(states, ElementsAre("Idle-", "Busy-", "Busy5", "Busy5", "Idle13", "Idle13", "Idle13",
                                   "Idle13"));
-  EXPECT_EQ(run.txtDealTime, "0.8") << "0.75 seconds at the last busy report";
+  EXPECT_EQ(run.Cards().txtDealTime, "0.8") << "0.75 seconds at the last busy report";
 }
 
 TEST_F(OneBoard, OnlyBreakIsEnabledMeanwhile) {
@@ -98,7 +100,7 @@ TEST_F(OneBoard, OnlyBreakIsEnabledMeanwhile) {
   view.OnState = [&] {
     if (machine.MachineState != Machine::kBusy) return;
     ++looks;
-    const RunControls& now = run.Controls;
+    const RunControls& now = run.Window().Controls;
     EXPECT_TRUE(now.cmdBreak);
     EXPECT_FALSE(now.cmdDeal || now.cmdExit || now.cmdFirst || now.cmdPrev || now.cmdNext ||
                  now.cmdLast || now.Deal_next || now.PrevCopy || now.NextCopy || now.Options);
@@ -114,28 +116,28 @@ TEST_F(OneBoard, EventsInTheMiddleOfItDoNotDisturb) {
     if (++pumps > 20) return;
     run.cmdDeal();
     run.Deal_next();
-    run.cmdFirst();
-    run.cmdNext();
-    run.cmdPrev();
-    run.cmdLast();
-    run.NextCopy();
-    run.PrevCopy();
+    run.Walk(BoardWalk::Step::kFirst);
+    run.Walk(BoardWalk::Step::kNext);
+    run.Walk(BoardWalk::Step::kPrev);
+    run.Walk(BoardWalk::Step::kLast);
+    run.Walk(BoardWalk::Step::kNextCopy);
+    run.Walk(BoardWalk::Step::kPrevCopy);
     run.SetNumberCopies("5");
     run.LeaveSubfrom("3");
     run.LeaveSubto("3");
-    run.SetNational(6);
-    run.SetCardType(1);
-    run.SetThreshold(2);
-    run.SetCardIndex(1);
-    run.SetCheck_board(true);
-    run.SetStart_from_box(false);
+    run.Change(&RunOptions::SetNational, 6);
+    run.Change(&RunOptions::SetCardType, 1);
+    run.Change(&RunOptions::SetThreshold, 2);
+    run.Change(&RunOptions::SetCardIndex, 1);
+    run.Change(&RunOptions::SetCheck_board, true);
+    run.Change(&RunOptions::SetStart_from_box, false);
     run.Command1();
   };
   run.cmdDeal();
   EXPECT_THAT(SentOf(0x98), SizeIs(1));
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
   EXPECT_GT(pumps, 3);
-  EXPECT_EQ(run.Cards.LogText(), "0,0,0,0");
+  EXPECT_EQ(run.Options().Cards.LogText(), "0,0,0,0");
   EXPECT_EQ(memory.RunFirst, 1);
   EXPECT_EQ(memory.NumberOfCopies, 1);
   EXPECT_FALSE(desk.Store.Has(kNational));
@@ -170,15 +172,15 @@ TEST_F(OneBoard, NationalCardsNeedTheirFirmware) {
   Contact();
   for (const Row& row :
        {Row{1, 0x26, kNationalGate}, {5, 0x31, kDanishGate}, {6, 0x89, kSwedishGate}}) {
-    machine.FirmwareMinor = row.Minor;
-    run.SetNational(row.National);
+    machine.Version.FirmwareMinor = row.Minor;
+    run.Change(&RunOptions::SetNational, row.National);
     run.cmdDeal();
     EXPECT_THAT(bridge.Sent, IsEmpty());
     EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, row.Gate));
-    EXPECT_TRUE(run.Controls.cmdDeal) << "all state stays as it was";
+    EXPECT_TRUE(run.Window().Controls.cmdDeal) << "all state stays as it was";
   }
-  machine.FirmwareMinor = 0x32;
-  run.SetNational(5);
+  machine.Version.FirmwareMinor = 0x32;
+  run.Change(&RunOptions::SetNational, 5);
   run.cmdDeal();
   EXPECT_THAT(SentOf(0x98), SizeIs(1));
 }
@@ -205,7 +207,7 @@ TEST_F(CheckBoard, AWrongLabelIsReadSixTimes100MsApart) {
   EXPECT_EQ(desk.Clock.Elapsed() - start, std::chrono::milliseconds(600));
   EXPECT_THAT(SentOf(0x98), IsEmpty());
   EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,0 ");
-  EXPECT_TRUE(run.Controls.cmdDeal);
+  EXPECT_TRUE(run.Window().Controls.cmdDeal);
   desk.Loop.WaitMs(200);
   EXPECT_THAT(SentOf(0x19), Not(IsEmpty())) << "the polling goes on";
 }
@@ -272,7 +274,7 @@ TEST_F(CheckBoard, Board71NeverMatches) {
   view.Answers = {Cancel};
   Contact();
   for (int label = 0; label < 256; ++label) {
-    EXPECT_NE(BoardLabelTable[static_cast<std::size_t>(label)], 71);
+    EXPECT_NE(wire::BoardLabelTable[static_cast<std::size_t>(label)], 71);
   }
   run.cmdDeal();
   EXPECT_EQ(LastLine(), "  071 : 1,1 64,0,0 ");
@@ -290,14 +292,14 @@ TEST_F(EndOfSet, DealNextWalksToTheQuestion) {
   EXPECT_EQ(desk.Ui.Boxes[0].Title, "Dealing");
   EXPECT_EQ(desk.Ui.Boxes[0].Flags, kYesNoQuestion);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
-  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
   EXPECT_EQ(desk.LogLines().back(), "  003 : 1,0 0,0,0,0 OK");
 }
 
 TEST_F(EndOfSet, NoStaysOnTheLastBoard) {
   desk.Ui.Answers = {kNo};
   Contact();
-  run.cmdLast();
+  run.Walk(BoardWalk::Step::kLast);
   run.cmdDeal();
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
 }
@@ -307,7 +309,7 @@ TEST_F(EndOfSet, OneBoardAndOneCopyAskAtOnce) {
   desk.Ui.Answers = {kNo};
   Contact();
   run.cmdDeal();
-  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
   EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
 }
 
@@ -318,11 +320,11 @@ TEST_F(EndOfSet, AllCopiesOfABoardComeBeforeTheNext) {
   Contact();
   run.SetNumberCopies("2");
   run.cmdDeal();
-  EXPECT_TRUE(run.Controls.Deal_next);
+  EXPECT_TRUE(run.Window().Controls.Deal_next);
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   run.Deal_next();
   EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
-  EXPECT_EQ(run.CurrentCopy, 1) << "Yes goes back to the first copy";
+  EXPECT_EQ(run.Place().CurrentCopy(), 1) << "Yes goes back to the first copy";
   EXPECT_THAT(SentOf(0x98), SizeIs(2));
 }
 

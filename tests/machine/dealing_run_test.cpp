@@ -21,9 +21,9 @@ TEST_F(Opening, RaisesTheLatchAndLogsTheCommand) {
   EXPECT_THAT(bridge.Calls, ElementsAre("SetTimeouts 200 200", "WriteLatch 1 1"));
   EXPECT_EQ(LastLine(), " Deal: 3:04:05 PM");
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
-  EXPECT_EQ(run.txtStatus(), "Down");
-  EXPECT_FALSE(run.SettingsShown);
-  EXPECT_FALSE(run.Controls.cmdDeal);
+  EXPECT_EQ(StatusText(machine.MachineState), "Down");
+  EXPECT_FALSE(run.Window().SettingsShown);
+  EXPECT_FALSE(run.Window().Controls.cmdDeal);
 }
 
 TEST_F(Opening, TheFirstContactComesAfterTwoSeconds) {
@@ -35,10 +35,11 @@ TEST_F(Opening, TheFirstContactComesAfterTwoSeconds) {
   EXPECT_EQ(bridge.Sent[2][1], 1);
   EXPECT_EQ(bridge.Sent[3][1], 2);
   EXPECT_EQ(LastLine(), "  S/N:4711 Dealt:258 Firmware:2.90");
-  EXPECT_EQ(run.txtStatus(), "Idle");
-  EXPECT_TRUE(run.SettingsShown);
-  EXPECT_TRUE(run.Controls.cmdDeal && run.Controls.cmdExit && run.Controls.cmdNext);
-  EXPECT_FALSE(run.Controls.Deal_next || run.Controls.cmdBreak);
+  EXPECT_EQ(StatusText(machine.MachineState), "Idle");
+  EXPECT_TRUE(run.Window().SettingsShown);
+  EXPECT_TRUE(run.Window().Controls.cmdDeal && run.Window().Controls.cmdExit &&
+              run.Window().Controls.cmdNext);
+  EXPECT_FALSE(run.Window().Controls.Deal_next || run.Window().Controls.cmdBreak);
 }
 
 TEST_F(Opening, ThePollingStartsAfterTheContact) {
@@ -72,9 +73,9 @@ TEST_F(Opening, SilentGatesClearWhatTheMachineCannotDo) {
   desk.Store.Set(kCardIndex, "1");
   paper.Hardware = 0;
   Contact();
-  EXPECT_FALSE(run.Check_board);
+  EXPECT_FALSE(run.Options().Check_board);
   EXPECT_EQ(desk.Store.Get(kCheckBoard), "0");
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kStandardIndex);
   EXPECT_EQ(desk.Store.Get(kCardIndex), "0");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
@@ -84,8 +85,8 @@ TEST_F(Opening, SilentGatesLookAtTheFirmwareToo) {
   desk.Store.Set(kCardIndex, "1");
   paper.Minor = 0x39;
   Contact();
-  EXPECT_FALSE(run.Check_board);
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_FALSE(run.Options().Check_board);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kStandardIndex);
 }
 
 TEST_F(Opening, SilentGatesKeepWhatTheMachineCanDo) {
@@ -93,13 +94,13 @@ TEST_F(Opening, SilentGatesKeepWhatTheMachineCanDo) {
   desk.Store.Set(kCardIndex, "1");
   paper.Minor = 0x40;
   Contact();
-  EXPECT_TRUE(run.Check_board);
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kLargeIndex);
+  EXPECT_TRUE(run.Options().Check_board);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kLargeIndex);
 }
 
 TEST_F(Opening, StartFromBoxIsOnWhereItWasNeverStored) {
   Open();
-  EXPECT_TRUE(run.AutoStartEnabled);
+  EXPECT_TRUE(run.Options().AutoStartEnabled);
 }
 
 TEST_F(Opening, WithoutCopiesThereIsOneAndWithoutSubRangeTheWholeSet) {
@@ -108,7 +109,7 @@ TEST_F(Opening, WithoutCopiesThereIsOneAndWithoutSubRangeTheWholeSet) {
   EXPECT_EQ(memory.NumberOfCopies, 1);
   EXPECT_EQ(memory.RunFirst, 1);
   EXPECT_EQ(memory.RunLast, 3);
-  EXPECT_FALSE(run.CopiesShown || run.SubRangeShown);
+  EXPECT_FALSE(run.Window().CopiesShown || run.Window().SubRangeShown);
 }
 
 TEST_F(Opening, CopiesAndSubRangeStayFromTheLastOpening) {
@@ -120,8 +121,9 @@ TEST_F(Opening, CopiesAndSubRangeStayFromTheLastOpening) {
   EXPECT_EQ(memory.RunFirst, 2);
   EXPECT_EQ(memory.RunLast, 3);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
-  EXPECT_TRUE(run.CopiesShown && run.SubRangeShown && run.Controls.NextCopy);
-  EXPECT_FALSE(run.Controls.PrevCopy);
+  EXPECT_TRUE(run.Window().CopiesShown && run.Window().SubRangeShown &&
+              run.Window().Controls.NextCopy);
+  EXPECT_FALSE(run.Window().Controls.PrevCopy);
 }
 
 TEST_F(Opening, ClosingBeforeTheContactLeavesNothingRunning) {
@@ -161,21 +163,22 @@ TEST_F(Opening, AVersionInTheIdentitysPlaceIsAskedAgain) {
   };
   Contact();
   EXPECT_EQ(LastLine(), "  S/N:4711 Dealt:258 Firmware:2.90");
-  EXPECT_TRUE(run.Check_board) << "an identity that did not come says nothing of the hardware";
+  EXPECT_TRUE(run.Options().Check_board)
+      << "an identity that did not come says nothing of the hardware";
 }
 
 TEST_F(Opening, ASetOfOneBoardStillHasItsWayBack) {
   test::FillSet(desk.Prog.Set, 1, 1);
   Contact();
-  EXPECT_TRUE(run.Controls.cmdFirst && run.Controls.cmdPrev);
-  EXPECT_FALSE(run.Controls.cmdNext || run.Controls.cmdLast);
+  EXPECT_TRUE(run.Window().Controls.cmdFirst && run.Window().Controls.cmdPrev);
+  EXPECT_FALSE(run.Window().Controls.cmdNext || run.Window().Controls.cmdLast);
 }
 
 TEST_F(Opening, ASetOfBoard7LooksForwardByItsNumberAlone) {
   test::FillSet(desk.Prog.Set, 7, 7);
   Contact();
-  EXPECT_TRUE(run.Controls.cmdNext && run.Controls.cmdLast);
-  run.cmdNext();
+  EXPECT_TRUE(run.Window().Controls.cmdNext && run.Window().Controls.cmdLast);
+  run.Walk(BoardWalk::Step::kNext);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 7);
 }
 
@@ -184,56 +187,58 @@ TEST_F(Opening, TheTestButtonIsTheHighestServiceLevels) {
   Contact();
   run.Command1();
   EXPECT_THAT(bridge.Sent, IsEmpty());
-  EXPECT_FALSE(run.Command1Shown);
+  EXPECT_FALSE(run.Window().Command1Shown);
 }
 
 TEST_F(Opening, TheTestButtonFetchesTheTestText) {
   desk.Prog.ServiceLevel = 2;
   Contact();
   paper.Damage = [](int, const Bytes& plain, const Bytes& wire) {
-    return plain[0] == 0x1E ? test::OnTheWire(test::Long({0x9E}), 21) : wire;
+    Bytes text = test::Long({0x9E});
+    text[9] = 200;
+    return plain[0] == 0x1E ? test::OnTheWire(text, 21) : wire;
   };
   run.Command1();
-  EXPECT_EQ(machine.TestText.substr(0, 9), "9 0  10 0");
+  EXPECT_EQ(run.Window().TestText.substr(0, 16), "9 200  10 0  11 ");
 }
 
 TEST_F(Walk, StaysWithinTheRangeAndDisablesDealNext) {
   Contact();
-  run.cmdNext();
+  run.Walk(BoardWalk::Step::kNext);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
-  EXPECT_TRUE(run.Controls.cmdPrev && run.Controls.cmdNext);
-  run.cmdLast();
+  EXPECT_TRUE(run.Window().Controls.cmdPrev && run.Window().Controls.cmdNext);
+  run.Walk(BoardWalk::Step::kLast);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
-  EXPECT_FALSE(run.Controls.cmdNext || run.Controls.cmdLast);
-  run.cmdNext();
+  EXPECT_FALSE(run.Window().Controls.cmdNext || run.Window().Controls.cmdLast);
+  run.Walk(BoardWalk::Step::kNext);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 3);
-  run.cmdPrev();
-  run.cmdFirst();
+  run.Walk(BoardWalk::Step::kPrev);
+  run.Walk(BoardWalk::Step::kFirst);
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
-  EXPECT_FALSE(run.Controls.cmdPrev || run.Controls.cmdFirst);
+  EXPECT_FALSE(run.Window().Controls.cmdPrev || run.Window().Controls.cmdFirst);
   run.cmdDeal();
-  ASSERT_TRUE(run.Controls.Deal_next);
-  run.cmdNext();
-  EXPECT_FALSE(run.Controls.Deal_next);
-  EXPECT_EQ(machine.CardLog[1], 99);
+  ASSERT_TRUE(run.Window().Controls.Deal_next);
+  run.Walk(BoardWalk::Step::kNext);
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
+  EXPECT_EQ(run.Cards().CardLog[wire::MachineCard(1)], 99);
 }
 
 TEST_F(Walk, CopiesHaveAWalkOfTheirOwn) {
   desk.Store.Set(kDealCopy, "1");
   Contact();
   run.SetNumberCopies("3");
-  EXPECT_TRUE(run.Controls.NextCopy);
-  run.NextCopy();
-  run.NextCopy();
-  EXPECT_EQ(run.CurrentCopy, 3);
-  EXPECT_FALSE(run.Controls.NextCopy);
-  run.NextCopy();
-  EXPECT_EQ(run.CurrentCopy, 3);
-  run.PrevCopy();
-  EXPECT_EQ(run.CurrentCopy, 2);
+  EXPECT_TRUE(run.Window().Controls.NextCopy);
+  run.Walk(BoardWalk::Step::kNextCopy);
+  run.Walk(BoardWalk::Step::kNextCopy);
+  EXPECT_EQ(run.Place().CurrentCopy(), 3);
+  EXPECT_FALSE(run.Window().Controls.NextCopy);
+  run.Walk(BoardWalk::Step::kNextCopy);
+  EXPECT_EQ(run.Place().CurrentCopy(), 3);
+  run.Walk(BoardWalk::Step::kPrevCopy);
+  EXPECT_EQ(run.Place().CurrentCopy(), 2);
   run.SetNumberCopies("");  // counts as one, and the copy shown is cut back to it
   EXPECT_EQ(memory.NumberOfCopies, 1);
-  EXPECT_EQ(run.CurrentCopy, 1);
+  EXPECT_EQ(run.Place().CurrentCopy(), 1);
 }
 
 TEST_F(Walk, TheSubRangeIsRaisedAndTheBoardBroughtIntoIt) {
@@ -330,7 +335,7 @@ TEST_F(Polling, DealNextIsRefusedAfterMovingOn) {
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
   EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg053);
   EXPECT_THAT(bridge.Sent, IsEmpty());
-  EXPECT_FALSE(run.Controls.Deal_next);
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
 }
 
 TEST_F(Polling, DealNextOnTheLastCopyOfTheLastBoardStaysThere) {
@@ -340,7 +345,7 @@ TEST_F(Polling, DealNextOnTheLastCopyOfTheLastBoardStaysThere) {
   run.LeaveSubto("1");  // the range ends here now, with the button still enabled
   run.Deal_next();
   EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
-  EXPECT_EQ(run.CurrentCopy, 1);
+  EXPECT_EQ(run.Place().CurrentCopy(), 1);
 }
 
 TEST_F(Polling, ThePedalDuringABoardStartsNoOther) {
@@ -404,12 +409,12 @@ TEST_F(Polling, ThePedalStartsNothingBehindARefusal) {
 
 TEST_F(Options, AreStoredAtOnce) {
   Contact();
-  run.SetNational(6);
-  run.SetCardType(1);
-  run.SetThreshold(2);
-  run.SetCardIndex(2);
-  run.SetStart_from_box(false);
-  run.SetCheck_board(true);
+  run.Change(&RunOptions::SetNational, 6);
+  run.Change(&RunOptions::SetCardType, 1);
+  run.Change(&RunOptions::SetThreshold, 2);
+  run.Change(&RunOptions::SetCardIndex, 2);
+  run.Change(&RunOptions::SetStart_from_box, false);
+  run.Change(&RunOptions::SetCheck_board, true);
   EXPECT_EQ(desk.Store.Get(kNational), "6");
   EXPECT_EQ(desk.Store.Get(kCardType), "1");
   EXPECT_EQ(desk.Store.Get(kThreshold), "2");
@@ -422,35 +427,35 @@ TEST_F(Options, AreStoredAtOnce) {
 TEST_F(Options, ThatCannotBeStoredAreToldOnceAndHoldAllTheSame) {
   Contact();
   desk.Store.Writable = false;
-  run.SetNational(6);
-  run.SetThreshold(2);
+  run.Change(&RunOptions::SetNational, 6);
+  run.Change(&RunOptions::SetThreshold, 2);
   EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
   EXPECT_EQ(desk.Ui.Boxes.back().Title, "Settings Error");
-  EXPECT_EQ(run.Cards.National, 6);
-  EXPECT_EQ(run.Cards.Threshold, 2);
+  EXPECT_EQ(run.Options().Cards.National, 6);
+  EXPECT_EQ(run.Options().Cards.Threshold, 2);
 }
 
 TEST_F(Options, ClicksBeforeTheContactDoNothing) {
   Open();
-  run.SetCardIndex(1);
-  run.SetCheck_board(true);
-  EXPECT_EQ(run.Cards.CardIndex, 0);
-  EXPECT_FALSE(run.Check_board);
+  run.Change(&RunOptions::SetCardIndex, 1);
+  run.Change(&RunOptions::SetCheck_board, true);
+  EXPECT_EQ(run.Options().Cards.CardIndex, 0);
+  EXPECT_FALSE(run.Options().Check_board);
   EXPECT_FALSE(desk.Store.Has(kCardIndex));
 }
 
 TEST_F(Options, AnOldFirmwareRefusesEachInItsWords) {
   paper.Minor = 0x39;
   Contact();
-  run.SetCheck_board(true);  // 0x39 is below 0x3A
+  run.Change(&RunOptions::SetCheck_board, true);  // 0x39 is below 0x3A
   EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kCheckBoardClickGate));
-  EXPECT_FALSE(run.Check_board);
-  run.SetCardIndex(CardSettings::kLargeIndex);
+  EXPECT_FALSE(run.Options().Check_board);
+  run.Change(&RunOptions::SetCardIndex, int{CardSettings::kLargeIndex});
   EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kLargeIndexClickGate));
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
-  run.SetCardIndex(CardSettings::kSmallIndex);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kStandardIndex);
+  run.Change(&RunOptions::SetCardIndex, int{CardSettings::kSmallIndex});
   EXPECT_EQ(LastBox(), GateText(machine, desk.Prog.Texts, kSmallIndexClickGate));
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kStandardIndex);
   EXPECT_EQ(desk.Store.Get(kCardIndex), "0");
   EXPECT_EQ(desk.Store.Get(kCheckBoard), "0");
 }
@@ -458,25 +463,25 @@ TEST_F(Options, AnOldFirmwareRefusesEachInItsWords) {
 TEST_F(Options, MissingHardwareRefusesInItsWords) {
   paper.Hardware = 0;
   Contact();
-  run.SetCheck_board(true);
+  run.Change(&RunOptions::SetCheck_board, true);
   EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg046);
-  run.SetCardIndex(CardSettings::kLargeIndex);
+  run.Change(&RunOptions::SetCardIndex, int{CardSettings::kLargeIndex});
   EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg045);
-  EXPECT_EQ(run.Cards.CardIndex, CardSettings::kStandardIndex);
+  EXPECT_EQ(run.Options().Cards.CardIndex, CardSettings::kStandardIndex);
 }
 
 TEST_F(Options, ShowBoardsStartsFromTheSettingAndToggles) {
   desk.Store.Set(kDealShow, "1");
   Contact();
-  EXPECT_TRUE(run.ShowBoards);
+  EXPECT_TRUE(run.Window().ShowBoards);
   run.Disp_boards();
-  EXPECT_FALSE(run.ShowBoards);
+  EXPECT_FALSE(run.Window().ShowBoards);
 }
 
 TEST_F(Options, AStateOutOfTheTableShowsItsNumber) {
   Contact();
   machine.MachineState = 9;
-  EXPECT_EQ(run.txtStatus(), "Illegal (9)");
+  EXPECT_EQ(StatusText(machine.MachineState), "Illegal (9)");
 }
 
 }  // namespace

@@ -18,19 +18,22 @@ class ErrorDialogTest : public ::testing::Test {
  protected:
   TestDesk desk;
   ScriptedBridge bridge{desk.Clock};
-  Machine machine{desk.Prog, bridge};
+  Machine machine{desk.Random, bridge};
   Bytes reply = Short({0x19, 57});
 
   void SetUp() override {
     bridge.Answer = [this](const Bytes&) {
       return reply.empty() ? Bytes{} : test::OnTheWire(reply, 21);
     };
-    desk.Prog.Set.CurrentBoard = 12;
   }
 
-  ErrorDialog Dialog(int code, int kind = 0, DialogAnswer standing = kStop) {
+  ErrorDialog Dialog(int code) {
     machine.MachineError = static_cast<std::uint8_t>(code);
-    return {desk.Prog, machine, kind, standing};
+    return {desk.Prog, machine, kStop};
+  }
+  /// Board `read` is in the slot in place of board 12.
+  ErrorDialog WrongBoardDialog(int read) {
+    return {desk.Prog, machine, kDealAnyway, WrongBoard{12, read}};
   }
 
   /// Runs the dialog until it closes; its answer.
@@ -81,9 +84,9 @@ TEST_F(ErrorDialogTest, EveryCodeHasItsTextAndItsButtons) {
                                     {58, "Board or Board Insert not fitted correctly", 1},
                                     {61, "Card does not belong to selected National Settings", 0}};
   for (const Expected& row : table) {
-    const ErrorText error = TextOfError(row.Code);
-    EXPECT_EQ(error.Text, row.Text) << row.Code;
-    EXPECT_EQ(static_cast<int>(error.Mode), row.Mode) << row.Code;
+    const ErrorDialog dialog = Dialog(row.Code);
+    EXPECT_EQ(dialog.Error_label, row.Text) << row.Code;
+    EXPECT_EQ(static_cast<int>(dialog.ButtonMode), row.Mode) << row.Code;
   }
 }
 
@@ -106,14 +109,12 @@ TEST_F(ErrorDialogTest, AContinuableCodeHasTwoButtons) {
 }
 
 TEST_F(ErrorDialogTest, AnUnreadableLabelIs64AndAWrongBoard65) {
-  machine.BoardNumberRead = 0;
-  const ErrorDialog unreadable = Dialog(0, ErrorDialog::kWrongBoard, kDealAnyway);
+  const ErrorDialog unreadable = WrongBoardDialog(0);
   EXPECT_EQ(unreadable.Error_code, "Error Code: 64");
   EXPECT_EQ(unreadable.Error_label,
             "     Cannot read board number     \r\n"
             "     Please check if board has correct Board Number Label    ");
-  machine.BoardNumberRead = 3;
-  const ErrorDialog wrong = Dialog(0, ErrorDialog::kWrongBoard, kDealAnyway);
+  const ErrorDialog wrong = WrongBoardDialog(3);
   EXPECT_EQ(wrong.Error_code, "Error Code: 65");
   EXPECT_EQ(wrong.Error_label,
             "     Incorrect board inserted     \r\n"
@@ -134,7 +135,7 @@ TEST_F(ErrorDialogTest, ButtonsGiveTheirAnswers) {
   ErrorDialog single = Dialog(1);
   desk.Loop.Post([&] { single.PressCancel2(); });
   EXPECT_EQ(Run(single), kStop);
-  ErrorDialog board = Dialog(0, ErrorDialog::kWrongBoard, kDealAnyway);
+  ErrorDialog board = WrongBoardDialog(0);
   desk.Loop.Post([&] { board.PressCancel2(); });
   EXPECT_EQ(Run(board), kDealAnyway);
 }
@@ -155,7 +156,7 @@ TEST_F(ErrorDialogTest, ThePedalLeavesAMechanicalFaultAsCancelled) {
 
 TEST_F(ErrorDialogTest, ThePedalDealsAWrongBoardAnyway) {
   reply = Short({0x19, 0, 0, 0, 0, 0, 8});
-  ErrorDialog dialog = Dialog(0, ErrorDialog::kWrongBoard, kDealAnyway);
+  ErrorDialog dialog = WrongBoardDialog(0);
   EXPECT_EQ(Run(dialog), kDealAnyway);
 }
 
@@ -190,7 +191,7 @@ TEST_F(ErrorDialogTest, AnotherFrameThanAShortStatusChangesNothing) {
 
 TEST_F(ErrorDialogTest, TwoBadRepliesInARowLoseTheLinkInItsOwnWords) {
   reply.clear();
-  ErrorDialog dialog = Dialog(57, 0, kStop);
+  ErrorDialog dialog = Dialog(57);
   EXPECT_EQ(Run(dialog), kStop);
   EXPECT_THAT(bridge.Sent, SizeIs(2));
   ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
@@ -209,6 +210,18 @@ TEST_F(ErrorDialogTest, OneBadReplyDoesNoHarm) {
   Run(dialog);
   EXPECT_GE(polls, 3);
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(ErrorDialogTest, AfterABadReplyOfItsPollTheNextExchangeFlushesTheLateOneAway) {
+  bridge.Answer = [](const Bytes&) { return Bytes{}; };
+  ErrorDialog dialog = Dialog(57);
+  desk.Loop.After(150, [&] { dialog.PressCancel(); });
+  Run(dialog);
+  ASSERT_THAT(bridge.Sent, SizeIs(1));
+  bridge.Unread = test::OnTheWire(Short({0x19, 33}), 21);  // its reply, at last
+  bridge.Answer = [](const Bytes&) { return test::OnTheWire(Short({0x19, 0}), 21); };
+  ASSERT_TRUE(machine.Exchange(machine.Poll()));
+  EXPECT_EQ(machine.MachineError, 0);
 }
 
 TEST_F(ErrorDialogTest, ItPlaysTheSoundOfTheProgramsFolder) {

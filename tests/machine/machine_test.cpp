@@ -1,13 +1,16 @@
 #include "machine/machine.h"
 
+#include "machine/card_run.h"
 #include "machine/card_settings.h"
 #include "machine/gates.h"
+#include "machine/hand_list.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
 
 namespace morvane::machine {
 namespace {
 
+using namespace wire;
 using test::Bytes;
 using test::Long;
 using test::ScriptedBridge;
@@ -21,12 +24,13 @@ class MachineTest : public ::testing::Test {
  protected:
   TestDesk desk;
   ScriptedBridge bridge{desk.Clock};
-  Machine machine{desk.Prog, bridge};
+  Machine machine{desk.Random, bridge};
 
   /// Exchanges a poll that is answered by `reply`.
   bool Poll(const Bytes& reply) {
     bridge.Replies = {reply};
-    return machine.Exchange(StatusCommand{});
+    machine.Exchange(StatusCommand{});
+    return !machine.Lost();
   }
 };
 
@@ -79,13 +83,13 @@ TEST_F(Exchange, AfterASecondTryTheLateReplyIsFlushedAway) {
 
 TEST_F(Exchange, AStartCountsAsAcceptedOnlyByItsOwnReply) {
   bridge.Replies = {Short({0x19, 0}), Short({0x18})};
-  EXPECT_TRUE(machine.Exchange(StartCommand{}, kReplyAccepted));
+  EXPECT_TRUE(machine.Exchange(StartCommand{}));
   EXPECT_EQ(machine.MachineState, Machine::kBusy);
   EXPECT_THAT(bridge.Sent, SizeIs(2));
 
   machine.MachineState = Machine::kIdle;
   bridge.Replies = {Short({0x19, 57}), Short({0x19, 57})};
-  EXPECT_FALSE(machine.Exchange(StartCommand{}, kReplyAccepted));
+  EXPECT_FALSE(machine.Exchange(StartCommand{}));
   EXPECT_TRUE(machine.Lost());
   EXPECT_EQ(machine.MachineState, Machine::kIdle);
   EXPECT_EQ(machine.MachineError, 0);
@@ -95,7 +99,7 @@ TEST_F(Exchange, ABoardCountsAsReadOnlyByItsOwnReply) {
   test::FillSet(desk.Prog.Set, 1, 1);
   const Board before = desk.Prog.Set.At(1);
   bridge.Replies = {Short({0x19, 0}), {}};
-  EXPECT_FALSE(machine.Exchange(FetchCommand{CmdFetchBoard}, kReplyBoard));
+  EXPECT_FALSE(machine.Exchange(FetchBoardCommand{}));
   EXPECT_EQ(desk.Prog.Set.At(1), before);
 }
 
@@ -169,15 +173,17 @@ TEST_F(MachineReplies, VersionAndIdentityAndCounter) {
   EXPECT_EQ(machine.MachineState, Machine::kIdle);
   machine.Exchange(IdentityCommand{1});
   machine.Exchange(IdentityCommand{2});
-  machine.Exchange(CounterCommand{0});
-  machine.Exchange(CounterCommand{1});  // another counter is not the one of boards dealt
+  const auto boardsDealt = machine.Exchange(CounterCommand{0});
+  const auto other = machine.Exchange(CounterCommand{1});
   EXPECT_EQ(machine.FirmwareVersion(), "2.90");
   EXPECT_TRUE(machine.VersionSeen);
-  EXPECT_EQ(machine.BootMinor, 0x12);
-  EXPECT_EQ(machine.MachineFlash, 5);
+  EXPECT_EQ(machine.Version.BootMinor, 0x12);
+  EXPECT_EQ(machine.Version.Flash, 5);
   EXPECT_EQ(machine.SerialNumber, 4711U);
   EXPECT_EQ(machine.HardwareId, 12U);
-  EXPECT_EQ(machine.BoardsDealt, 0x10002U);
+  ASSERT_TRUE(boardsDealt && other);
+  EXPECT_EQ(boardsDealt->Value, 0x10002U);
+  EXPECT_EQ(other->Counter, 1) << "another counter is not the one of boards dealt";
 }
 
 TEST_F(MachineReplies, AVersionThatDoesNotComeLeavesTheMachineDown) {
@@ -185,17 +191,18 @@ TEST_F(MachineReplies, AVersionThatDoesNotComeLeavesTheMachineDown) {
   EXPECT_EQ(machine.MachineState, Machine::kNoVersion);
 }
 
-TEST_F(MachineReplies, OnlySelector4IsABoardLabel) {
+TEST_F(MachineReplies, ASensorEchoesItsSelectorInSixBits) {
   bridge.Replies = {Short({0x1B, 0xC4, 23}), Short({0x1B, 3, 15})};
-  machine.Exchange(SensorCommand{4});
-  EXPECT_EQ(machine.BoardNumberRaw, 23);
-  EXPECT_EQ(machine.BoardNumberRead, 2);
-  machine.Exchange(SensorCommand{3});
-  EXPECT_EQ(machine.BoardNumberRead, 2);
+  const auto label = machine.Exchange(SensorCommand{4});
+  ASSERT_TRUE(label);
+  EXPECT_EQ(label->Selector, 4);
+  EXPECT_EQ(label->Value, 23);
+  const auto other = machine.Exchange(SensorCommand{3});
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->Selector, 3);
 }
 
 TEST_F(MachineReplies, ABoardReadGoesToItsHandsByPocket) {
-  test::FillSet(desk.Prog.Set, 1, 1);
   Bytes board = Long({0x9D});
   std::fill_n(board.begin() + 8, 13, std::uint8_t{4});   // spades: North
   std::fill_n(board.begin() + 21, 13, std::uint8_t{3});  // hearts: East
@@ -204,8 +211,10 @@ TEST_F(MachineReplies, ABoardReadGoesToItsHandsByPocket) {
   board[8] = 0;                                          // the Two of Spades was not seen
   board[59] = 9;                                         // no pocket at all
   bridge.Replies = {board};
-  EXPECT_TRUE(machine.Exchange(FetchCommand{CmdFetchBoard}, kReplyBoard));
-  const Board& read = desk.Prog.Set.At(1);
+  const auto reply = machine.Exchange(FetchBoardCommand{});
+  ASSERT_TRUE(reply);
+  Board read = test::RoundBoard(1);
+  TakeHandList(reply->Pockets, read);
   EXPECT_EQ(read.Cards[13], 0);
   EXPECT_EQ(read.Cards[1], kNorth);
   EXPECT_EQ(read.Cards[14], kEast);
@@ -216,28 +225,21 @@ TEST_F(MachineReplies, ABoardReadGoesToItsHandsByPocket) {
 }
 
 TEST_F(MachineReplies, CardLogStartsAtTheTwoOfSpades) {
-  machine.ClearCardLog();
-  EXPECT_EQ(machine.CardLog[1], 99);
-  EXPECT_EQ(machine.CardLog[52], 99);
-  EXPECT_EQ(machine.CardLog[53], 0);
+  CardRun run(desk.Loop, desk.Clock, machine, [] {});
+  run.ClearCardLog();
+  EXPECT_EQ(run.CardLog[MachineCard(1)], 99);
+  EXPECT_EQ(run.CardLog[MachineCard(52)], 99);
+  EXPECT_EQ(run.CardLog[MachineCard(53)], 0);
   Bytes log = Long({0xA0});
   log[8] = 7;
   bridge.Replies = {log};
-  machine.Exchange(FetchCommand{CmdFetchLog});
-  EXPECT_EQ(machine.CardLog[1], 7);
-  EXPECT_EQ(machine.CardLog[2], 0);
-}
-
-TEST_F(MachineReplies, TestTextHasIndexAndValue) {
-  Bytes text = Long({0x9E});
-  text[9] = 200;
-  bridge.Replies = {text};
-  machine.Exchange(TestCommand{});
-  EXPECT_EQ(machine.TestText.substr(0, 16), "9 200  10 0  11 ");
+  EXPECT_TRUE(run.FetchCardLog());
+  EXPECT_EQ(run.CardLog[MachineCard(1)], 7);
+  EXPECT_EQ(run.CardLog[MachineCard(2)], 0);
 }
 
 TEST_F(Gates, FirmwareThreePassesAll) {
-  machine.FirmwareMajor = 3;
+  machine.Version.FirmwareMajor = 3;
   for (const VersionGate& gate : {kReadGate, kSortGate, kNationalGate, kDanishGate, kSwedishGate,
                                   kCheckBoardOpenGate, kCheckBoardClickGate, kLargeIndexOpenGate,
                                   kSmallIndexClickGate, kAutoSetupGate, kTestDealGate}) {
@@ -246,8 +248,8 @@ TEST_F(Gates, FirmwareThreePassesAll) {
 }
 
 TEST_F(Gates, FirmwareOneFailsAllButThoseOfMajorTwo) {
-  machine.FirmwareMajor = 1;
-  machine.FirmwareMinor = 0x99;
+  machine.Version.FirmwareMajor = 1;
+  machine.Version.FirmwareMinor = 0x99;
   for (const VersionGate& gate :
        {kReadGate, kSortGate, kNationalGate, kDanishGate, kSwedishGate, kCheckBoardOpenGate,
         kCheckBoardClickGate, kAutoSetupGate, kTestDealGate}) {
@@ -264,7 +266,7 @@ TEST_F(Gates, EachPassesFromItsByteOn) {
     VersionGate Gate;
     std::uint8_t Minor;
   };
-  machine.FirmwareMajor = 2;
+  machine.Version.FirmwareMajor = 2;
   for (const Row& row : {Row{kReadGate, 0x23},
                          {kSortGate, 0x69},
                          {kNationalGate, 0x27},
@@ -277,9 +279,9 @@ TEST_F(Gates, EachPassesFromItsByteOn) {
                          {kSmallIndexClickGate, 0x66},
                          {kAutoSetupGate, 0x80},
                          {kTestDealGate, 0x83}}) {
-    machine.FirmwareMinor = row.Minor;
+    machine.Version.FirmwareMinor = row.Minor;
     EXPECT_TRUE(Passes(machine, row.Gate)) << int{row.Minor};
-    --machine.FirmwareMinor;
+    --machine.Version.FirmwareMinor;
     EXPECT_FALSE(Passes(machine, row.Gate)) << int{row.Minor};
   }
 }
@@ -303,14 +305,14 @@ TEST_F(Gates, EachHasItsOwnText) {
 }
 
 TEST_F(Gates, BytesStandAlsoWhereTheirTextsDiffer) {
-  machine.FirmwareMajor = 2;
-  machine.FirmwareMinor = 0x23;
+  machine.Version.FirmwareMajor = 2;
+  machine.Version.FirmwareMinor = 0x23;
   EXPECT_TRUE(Passes(machine, kReadGate));  // though its text asks for 2.24
-  machine.FirmwareMinor = 0x22;
+  machine.Version.FirmwareMinor = 0x22;
   EXPECT_FALSE(Passes(machine, kReadGate));
-  machine.FirmwareMinor = 0x3A;
+  machine.Version.FirmwareMinor = 0x3A;
   EXPECT_TRUE(Passes(machine, kCheckBoardClickGate));  // though its text asks for 2.70
-  machine.FirmwareMinor = 0x39;
+  machine.Version.FirmwareMinor = 0x39;
   EXPECT_FALSE(Passes(machine, kCheckBoardClickGate));
   EXPECT_EQ(GateText(machine, desk.Prog.Texts, kReadGate).substr(0, 111),
             "      Read function requires Firmware version 2.24 or later.      \r\n"
@@ -343,58 +345,6 @@ TEST(CardSettings, AreReadFromTheStoreAndWrongOnesCountAsStandard) {
   EXPECT_EQ(cards.CardType, 0);
   EXPECT_EQ(cards.Threshold, CardSettings::kNormal);
   EXPECT_EQ(cards.CardIndex, CardSettings::kLargeIndex);
-}
-
-TEST(MachineMessageText, KeepsTheFirmwaresEventNumbers) {
-  const std::vector<std::string_view> texts(MachineMessageText.begin(), MachineMessageText.end());
-  const std::vector<std::string_view> expected{"",
-                                               "S card",
-                                               "W card",
-                                               "E card",
-                                               "N card",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "End of Dealing",
-                                               "Pedal Pressed",
-                                               "Box Inserted",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "Initialisation OK",
-                                               "",
-                                               "",
-                                               "Extra card in S",
-                                               "Extra card in W",
-                                               "Extra card in E",
-                                               "extra card in N",
-                                               "Card did not go to S",
-                                               "Card did not go to W",
-                                               "Card did not go to E",
-                                               "Card did not go to N",
-                                               "Break dealing",
-                                               "Card jam",
-                                               "Card Box removed during dealing",
-                                               "Card Box not present, insert",
-                                               "Card did not go",
-                                               "Read Error",
-                                               "Duplicate Card",
-                                               "Cover open",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "",
-                                               "Error durnig break",
-                                               "Cover open"};
-  EXPECT_EQ(texts, expected);
 }
 
 }  // namespace

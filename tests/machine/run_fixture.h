@@ -53,7 +53,7 @@ class RunFixture : public ::testing::Test {
   test::TestDesk desk;
   test::ScriptedBridge bridge{desk.Clock};
   test::PaperMachine paper{bridge};
-  Machine machine{desk.Prog, bridge};
+  Machine machine{desk.Random, bridge};
   RunMemory memory;
   RecordingView view{desk};
   DealingRun run{desk.Prog, machine, memory};

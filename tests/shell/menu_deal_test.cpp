@@ -161,9 +161,9 @@ TEST(MenuDeal, WhatWasSetInTheWindowStaysForTheNextOne) {
   });
   desk.Main.MenuDeal();
   desk.InTheWindow(kAfterContact, [](DealingRun& run) {
-    EXPECT_EQ(run.Range().NumberOfCopies, 4);
-    EXPECT_EQ(run.Range().RunFirst, 2);
-    EXPECT_EQ(run.Range().RunLast, 3);
+    EXPECT_EQ(run.Place().Range().NumberOfCopies, 4);
+    EXPECT_EQ(run.Place().Range().RunFirst, 2);
+    EXPECT_EQ(run.Place().Range().RunLast, 3);
     run.Exit();
   });
   desk.Main.MenuDeal();

@@ -38,7 +38,7 @@ class FakeRunWindow final : public machine::RunView {
   RunWindowNotes& notes_;
 };
 
-class FakeWindows final : public Windows {
+class FakeWindows final : public FlowWindows {
  public:
   void ShowMainMenu() override {
     ++MainMenus;

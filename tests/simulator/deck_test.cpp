@@ -7,14 +7,6 @@
 namespace morvane::simulator {
 namespace {
 
-TEST(Deck, MachineCardsRunFromTheTwoOfSpadesToTheAceOfClubs) {
-  EXPECT_EQ(MachineCard(13), 1);   // the Two of Spades
-  EXPECT_EQ(MachineCard(1), 13);   // the Ace of Spades
-  EXPECT_EQ(MachineCard(26), 14);  // the Two of Hearts
-  EXPECT_EQ(MachineCard(40), 52);  // the Ace of Clubs
-  for (int card = 1; card <= 52; ++card) EXPECT_EQ(ProgramCard(MachineCard(card)), card);
-}
-
 TEST(Feeder, APackHasEachCardOnce) {
   Feeder feeder(1);
   feeder.LoadPack();

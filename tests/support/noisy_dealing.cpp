@@ -190,7 +190,7 @@ class NoisyDealing::Desk final : public machine::RunView {
   void Attempt(DealingRun& run) {
     faultShown_ = false;
     repeatsBefore_ = bridge_.Repeats;
-    run.Controls.Deal_next ? run.Deal_next() : run.cmdDeal();
+    run.Window().Controls.Deal_next ? run.Deal_next() : run.cmdDeal();
   }
 
   /// At once when the line is written, while the cards still lie where the run has put them.
@@ -238,7 +238,7 @@ class NoisyDealing::Desk final : public machine::RunView {
   TestDesk desk_;
   simulator::SimulatedMachine simulated_;
   CountingBridge bridge_{simulated_};
-  machine::Machine machine_{desk_.Prog, bridge_};
+  machine::Machine machine_{desk_.Random, bridge_};
   LogTail log_{desk_.Prog.Log.Path()};
   generate::NumberDealer dealer_;
   DealingTally tally_;

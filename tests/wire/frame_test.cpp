@@ -6,14 +6,11 @@
 #include <numeric>
 
 #include "support/scripted_bridge.h"
-#include "wire/commands.h"
-#include "wire/replies.h"
 
-namespace morvane::machine {
+namespace morvane::wire {
 namespace {
 
 using test::Bytes;
-using ::testing::Each;
 using ::testing::ElementsAre;
 
 Bytes Wire(Bytes plain, std::uint8_t step) {
@@ -63,115 +60,22 @@ TEST(Frame, EveryCorruptedByteOfAShortFrameButAPairBreaksTheCheck) {
   }
 }
 
-TEST(Wire, CardsStandFromTheTwoOfSpadesToTheAceOfClubs) {
-  EXPECT_EQ(WirePosition(13), 8U);
-  EXPECT_EQ(WirePosition(1), 20U);
-  EXPECT_EQ(WirePosition(26), 21U);
-  EXPECT_EQ(WirePosition(14), 33U);
-  EXPECT_EQ(WirePosition(39), 34U);
-  EXPECT_EQ(WirePosition(27), 46U);
-  EXPECT_EQ(WirePosition(52), 47U);
-  EXPECT_EQ(WirePosition(40), 59U);
+TEST(Frame, TheHeadOnTheWireTellsTheSize) {
+  for (int code = 0; code < 256; ++code) {
+    Bytes wire(code < 0x80 ? 8 : 136);
+    wire[0] = static_cast<std::uint8_t>(code);
+    wire[3] = 0x42;
+    Scramble(wire, kStepFromMachine);
+    EXPECT_EQ(SizeOnTheWire(wire), wire.size()) << code;
+  }
 }
 
-TEST(Wire, BoardLabelsAreTheSeventyCodesOfFourBits) {
-  EXPECT_EQ(BoardLabelTable[15], 1);
-  EXPECT_EQ(BoardLabelTable[23], 2);
-  EXPECT_EQ(BoardLabelTable[27], 3);
-  EXPECT_EQ(BoardLabelTable[240], 70);
-  EXPECT_EQ(BoardLabelTable[0], 0);
-  EXPECT_EQ(BoardLabelTable[255], 0);
-  EXPECT_EQ(BoardLabelTable[16], 0);
-  EXPECT_EQ(std::count(BoardLabelTable.begin(), BoardLabelTable.end(), 0), 256 - 70);
-  EXPECT_EQ(LabelOfBoard(1), 15);
-  EXPECT_EQ(LabelOfBoard(70), 240);
-  EXPECT_EQ(LabelOfBoard(71), 0);
-  EXPECT_EQ(LabelOfBoard(0), 0);
-}
-
-template <typename Command>
-Bytes Plain(const Command& command, std::size_t bytes, std::uint8_t filler = 0xEE) {
-  Frame frame;
-  frame.fill(filler);
-  command.Put(frame);
-  return {frame.begin(), frame.begin() + static_cast<std::ptrdiff_t>(bytes)};
-}
-
-TEST(Commands, ShortOnesNameTheirBytesAndLeaveTheFiller) {
-  EXPECT_THAT(Plain(StatusCommand{5}, 7), ElementsAre(0x19, 5, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE));
-  EXPECT_THAT(Plain(VersionCommand{}, 7), ElementsAre(0x1A, 0, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE));
-  EXPECT_THAT(Plain(IdentityCommand{2}, 7), ElementsAre(0x12, 2, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE));
-  EXPECT_THAT(Plain(CounterCommand{0}, 7), ElementsAre(0x33, 0, 0, 0xEE, 0xEE, 0xEE, 0xEE));
-  EXPECT_THAT(Plain(SensorCommand{4}, 7), ElementsAre(0x1B, 4, 0, 0xEE, 0xEE, 0xEE, 0xEE));
-  EXPECT_THAT(Plain(FetchCommand{CmdFetchBoard}, 3), ElementsAre(0x1D, 0, 0xEE));
-  EXPECT_THAT(Plain(FetchCommand{CmdFetchLog}, 3), ElementsAre(0x20, 0, 0xEE));
-  EXPECT_THAT(Plain(TestCommand{}, 2), ElementsAre(0x1E, 0xEE));
-  EXPECT_THAT(Plain(SortCommand{true, {0x21, 1, 0}}, 7), ElementsAre(0x35, 1, 0x21, 1, 61, 86, 0));
-}
-
-TEST(Commands, ARouteCarriesItsOrderFromByte8) {
-  RouteCommand route{28, true, {}};
-  route.Order.fill(3);
-  const Bytes plain = Plain(route, 136);
-  EXPECT_THAT(Bytes(plain.begin(), plain.begin() + 9),
-              ElementsAre(0x9F, 28, 1, 0, 0, 0, 0xEE, 0xEE, 3));
-  EXPECT_EQ(plain[62], 3);
-  EXPECT_EQ(plain[63], 0xEE);
-}
-
-TEST(Commands, ADealCarriesSettingsAndHandList) {
-  StartCommand deal{CmdDeal, true, {0x4F, 3, 6}, {}};
-  deal.Pockets.fill(2);
-  const Bytes plain = Plain(deal, 136);
-  EXPECT_THAT(Bytes(plain.begin(), plain.begin() + 9),
-              ElementsAre(0x98, 1, 0x4F, 3, 161, 186, 6, 0xEE, 2));
-  EXPECT_EQ(plain[59], 2);
-  EXPECT_EQ(plain[60], 0xEE);
-}
-
-TEST(Replies, StatusTakesCountsFromSixBitsAndEventsFromThree) {
-  Frame frame{0x19, 0xF1, 0xC1, 2, 3, 0x3F, 0x18};
-  const StatusReply reply = StatusReply::Get(frame);
-  EXPECT_EQ(reply.State, 0xF1);
-  EXPECT_THAT(reply.Pocket, ElementsAre(0, 1, 2, 3, 63));
-  EXPECT_FALSE(reply.SlotActive);
-  EXPECT_TRUE(reply.Pedal);
-  EXPECT_TRUE(reply.BoardInserted);
-  frame[6] = 4;
-  EXPECT_TRUE(StatusReply::Get(frame).SlotActive);
-}
-
-TEST(Replies, NumbersAreMostSignificantByteFirst) {
-  Frame frame{0x12, 1, 0x12, 0x67, 0x00, 0x0C};
-  EXPECT_EQ(IdentityReply::Get(frame).High, 4711);
-  EXPECT_EQ(IdentityReply::Get(frame).Low, 12);
-  frame = {0xB3, 0, 0, 0, 0, 0, 0, 0, 0x01, 0x02, 0x03, 0x04};
-  EXPECT_EQ(CounterReply::Get(frame).Value, 0x01020304U);
-}
-
-template <typename Reply>
-Frame PutBack(const Frame& frame) {
-  Frame copy{};
-  Reply::Get(frame).Put(copy);
-  return copy;
-}
-
-TEST(Replies, PutGivesBackWhatGetTook) {
-  const Frame status{0x19, 57, 1, 2, 3, 13, 0x1C};
-  EXPECT_EQ(PutBack<StatusReply>(status), status);
-  const Frame version{0x1A, 2, 0x90, 1, 0x12, 3};
-  EXPECT_EQ(PutBack<VersionReply>(version), version);
-  const Frame sensor{0x1B, 4, 23};
-  EXPECT_EQ(PutBack<SensorReply>(sensor), sensor);
-  Frame board{0x9D};
-  std::fill_n(board.begin() + 8, 52, std::uint8_t{3});
-  EXPECT_EQ(PutBack<BoardReply>(board), board);
-  Frame log{0xA0};
-  std::iota(log.begin() + 8, log.begin() + 63, std::uint8_t{1});
-  EXPECT_EQ(PutBack<CardLogReply>(log), log);
-  EXPECT_EQ(CardLogReply::Get(log).Cards[1], 1);
-  EXPECT_EQ(CardLogReply::Get(log).Cards[55], 55);
+TEST(Frame, FillerIsBytes1To6) {
+  Frame frame{};
+  for (std::uint8_t& byte : Filler(frame)) byte = 0xEE;
+  EXPECT_THAT(Bytes(frame.begin(), frame.begin() + 9),
+              ElementsAre(0, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE, 0xEE, 0, 0));
 }
 
 }  // namespace
-}  // namespace morvane::machine
+}  // namespace morvane::wire

@@ -12,24 +12,26 @@
 namespace morvane::machine {
 
 CardOptions::CardOptions(DealingRun& run, QWidget* parent) : QWidget(parent) {
-  auto* national = AddGroup("National Settings:",
-                            {{"National_1", "Standard (AKQJ)"},
-                             {"National_2", "French    (ARDV)"},
-                             {"National_3", "French    (1RDV)"},
-                             {"National_4", "German  (AKDB)"},
-                             {"National_5", "Dutch      (AHVB)"},
-                             {"National_6", "Danish    (EKDB)"},
-                             {"National_7", "Swedish (EKDKn)"}},
-                            national_, [&run](int value) { run.SetNational(value); });
-  auto* cardType = AddGroup("Card Type:", {{"CardType_1", "Standard"}, {"CardType_2", "Framed"}},
-                            cardType_, [&run](int value) { run.SetCardType(value); });
+  auto* national =
+      AddGroup("National Settings:",
+               {{"National_1", "Standard (AKQJ)"},
+                {"National_2", "French    (ARDV)"},
+                {"National_3", "French    (1RDV)"},
+                {"National_4", "German  (AKDB)"},
+                {"National_5", "Dutch      (AHVB)"},
+                {"National_6", "Danish    (EKDB)"},
+                {"National_7", "Swedish (EKDKn)"}},
+               national_, [&run](int value) { run.Change(&RunOptions::SetNational, value); });
+  auto* cardType =
+      AddGroup("Card Type:", {{"CardType_1", "Standard"}, {"CardType_2", "Framed"}}, cardType_,
+               [&run](int value) { run.Change(&RunOptions::SetCardType, value); });
   auto* threshold = AddGroup(
       "Card Font:", {{"Threshold_1", "Normal"}, {"Threshold_2", "Fine"}, {"Threshold_3", "Bold"}},
-      threshold_, [&run](int value) { run.SetThreshold(value); });
+      threshold_, [&run](int value) { run.Change(&RunOptions::SetThreshold, value); });
   auto* cardIndex = AddGroup(
       "Card Index:",
       {{"Card_Index_st", "Standard"}, {"Card_Index_j", "Jumbo"}, {"Card_Index_sm", "Small"}},
-      cardIndex_, [&run](int value) { run.SetCardIndex(value); });
+      cardIndex_, [&run](int value) { run.Change(&RunOptions::SetCardIndex, value); });
 
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);

@@ -15,7 +15,6 @@
 #include "machine/ui/pocket_gauge.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
-#include "text/text.h"
 
 namespace morvane::machine {
 namespace {
@@ -41,7 +40,7 @@ void ShowNow(QLabel& label, const QString& text) {
 }
 
 void ShowNumberIn(NumberEdit& box, int number) {
-  if (Val(FromQt(box.text())) != number) box.ShowNumber(number);
+  if (box.Number() != number) box.ShowNumber(number);
 }
 
 }  // namespace
@@ -50,7 +49,7 @@ void ShowNumberIn(NumberEdit& box, int number) {
 DealinProg::~DealinProg() { hide(); }
 
 void DealinProg::ShowState() {
-  const QString state = ToQt(run_.txtStatus());
+  const QString state = ToQt(StatusText(run_.TheMachine().MachineState));
   if (txtStatus_->text() != state) {
     txtStatus_->setStyleSheet(
         QString(
@@ -58,13 +57,13 @@ void DealinProg::ShowState() {
             .arg(ColourOf(run_.TheMachine().MachineState)));
     ShowNow(*txtStatus_, state);
   }
-  ShowNow(*txtDealTime_, ToQt(run_.txtDealTime));
+  ShowNow(*txtDealTime_, ToQt(run_.Cards().txtDealTime));
   ShowNow(*lblProgress_, Progress());
   ShowCounts();
 }
 
 const char* DealinProg::Progress() const {
-  if (run_.Leaving()) return "Leaving when the machine has stopped ...";
+  if (run_.Cards().Leaving()) return "Leaving when the machine has stopped ...";
   const bool fault = run_.TheMachine().MachineState == Machine::kError;
   if (run_.Running()) return fault ? "The machine has stopped" : "Dealing ...";
   switch (run_.LastOutcome()) {
@@ -75,12 +74,12 @@ const char* DealinProg::Progress() const {
     case DealingRun::Outcome::kLinkLost:
       return "Connection lost";
     default:
-      return run_.Initialising() ? "Waiting for the machine ..." : "Ready to deal";
+      return run_.Options().MachineKnown ? "Ready to deal" : "Waiting for the machine ...";
   }
 }
 
 std::optional<int> DealinProg::CountOf(int hand) const {
-  if (!run_.CountsShown) return std::nullopt;
+  if (!run_.Cards().CountsShown) return std::nullopt;
   return run_.TheMachine().CardCount[PocketOfHand[static_cast<std::size_t>(hand)]];
 }
 
@@ -100,7 +99,8 @@ void DealinProg::ShowBoard() {
 }
 
 void DealinProg::ShowControls() {
-  const RunControls& now = run_.Controls;
+  const RunWindowState& window = run_.Window();
+  const RunControls& now = window.Controls;
   // Disabling what has the focus would hand it on to the next control.
   if (!now.Options && focusWidget() != nullptr) focusWidget()->clearFocus();
   cmdDeal_->setEnabled(now.cmdDeal);
@@ -115,23 +115,23 @@ void DealinProg::ShowControls() {
   NextCopy_->setEnabled(now.NextCopy);
   for (QWidget* option : {static_cast<QWidget*>(cards_), static_cast<QWidget*>(Start_from_box_),
                           static_cast<QWidget*>(Check_board_)}) {
-    option->setVisible(run_.SettingsShown);
+    option->setVisible(window.SettingsShown);
     option->setEnabled(now.Options);
   }
   for (QWidget* option : {static_cast<QWidget*>(Disp_boards_), static_cast<QWidget*>(NumberCopies_),
                           static_cast<QWidget*>(Subfrom_), static_cast<QWidget*>(Subto_)}) {
     option->setEnabled(now.Options);
   }
-  cards_->Show(run_.Cards);
-  Start_from_box_->setChecked(run_.AutoStartEnabled);
-  Check_board_->setChecked(run_.Check_board);
-  Disp_boards_->setText(run_.ShowBoards ? "&Hide boards" : "&Show boards");
-  Command1_->setVisible(run_.Command1Shown);
+  cards_->Show(run_.Options().Cards);
+  Start_from_box_->setChecked(run_.Options().AutoStartEnabled);
+  Check_board_->setChecked(run_.Options().Check_board);
+  Disp_boards_->setText(window.ShowBoards ? "&Hide boards" : "&Show boards");
+  Command1_->setVisible(window.Command1Shown);
   Command1_->setEnabled(now.Options);
-  TestText_->setVisible(run_.Command1Shown);
-  TestText_->setPlainText(ToQt(run_.TheMachine().TestText));
-  copies_->setVisible(run_.CopiesShown);
-  subRange_->setVisible(run_.SubRangeShown);
+  TestText_->setVisible(window.Command1Shown);
+  TestText_->setPlainText(ToQt(window.TestText));
+  copies_->setVisible(window.CopiesShown);
+  subRange_->setVisible(window.SubRangeShown);
   txtFile_->setText(ToQt(program_.Set.BoardSetFile));
   ShowNumbers();
   (now.Deal_next ? Deal_next_ : cmdDeal_)->setDefault(true);
@@ -140,7 +140,7 @@ void DealinProg::ShowControls() {
 }
 
 void DealinProg::ShowNumbers() {
-  const RunMemory& range = run_.Range();
+  const RunMemory& range = run_.Place().Range();
   // An empty box counts as 1 and stays empty while it is being typed in.
   const bool typing = NumberCopies_->hasFocus() && NumberCopies_->text().isEmpty();
   if (!typing) ShowNumberIn(*NumberCopies_, range.NumberOfCopies);

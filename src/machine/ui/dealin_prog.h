@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <optional>
 
 #include "machine/dealing_run.h"
@@ -46,11 +47,11 @@ class DealinProg final : public QDialog, public RunView {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  using Event = void (DealingRun::*)();
   void MakeControls();
-  QPushButton* AddButton(const char* name, const char* caption, Event event);
-  QPushButton* AddWalkButton(const char* name, const char* caption, const char* tip, Event event);
-  QCheckBox* AddCheckBox(const char* name, const char* caption, void (DealingRun::*set)(bool));
+  QPushButton* AddButton(const char* name, const char* caption, std::function<void()> press);
+  QPushButton* AddWalkButton(const char* name, const char* caption, const char* tip,
+                             std::function<void()> press);
+  QCheckBox* AddCheckBox(const char* name, const char* caption, void (RunOptions::*set)(bool));
   NumberEdit* AddNumberBox(const char* name, const char* tip, int limit);
   QLayout* MakeHeader();
   QLayout* MakeBoardSide();

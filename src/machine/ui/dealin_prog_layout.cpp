@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <functional>
+#include <utility>
 
 #include "machine/ui/board_picture.h"
 #include "machine/ui/card_options.h"
@@ -68,36 +69,42 @@ void DealinProg::MakeControls() {
   // In the order in which the tab key walks through them.
   Picture1_ = new BoardPicture(this);
   Picture1_->setObjectName("Picture1");
-  cmdDeal_ = AddButton("cmdDeal", "&Deal", &DealingRun::cmdDeal);
-  Deal_next_ = AddButton("Deal_next", "Deal ne&xt", &DealingRun::Deal_next);
-  cmdBreak_ = AddButton("cmdBreak", "&Break", &DealingRun::cmdBreak);
+  cmdDeal_ = AddButton("cmdDeal", "&Deal", [this] { run_.cmdDeal(); });
+  Deal_next_ = AddButton("Deal_next", "Deal ne&xt", [this] { run_.Deal_next(); });
+  cmdBreak_ = AddButton("cmdBreak", "&Break", [this] { run_.cmdBreak(); });
   // The only button left during a run: the focus must not fall onto it, or a second press of the
   // key that started the deal would break it.
   cmdBreak_->setFocusPolicy(Qt::ClickFocus);
   cmdBreak_->setAutoDefault(false);
-  cmdFirst_ = AddWalkButton("cmdFirst", "&First", "First board of the run", &DealingRun::cmdFirst);
-  cmdPrev_ = AddWalkButton("cmdPrev", "&Previous", "One board back", &DealingRun::cmdPrev);
-  cmdNext_ = AddWalkButton("cmdNext", "&Next", "One board on", &DealingRun::cmdNext);
-  cmdLast_ = AddWalkButton("cmdLast", "&Last", "Last board of the run", &DealingRun::cmdLast);
+  cmdFirst_ = AddWalkButton("cmdFirst", "&First", "First board of the run",
+                            [this] { run_.Walk(BoardWalk::Step::kFirst); });
+  cmdPrev_ = AddWalkButton("cmdPrev", "&Previous", "One board back",
+                           [this] { run_.Walk(BoardWalk::Step::kPrev); });
+  cmdNext_ = AddWalkButton("cmdNext", "&Next", "One board on",
+                           [this] { run_.Walk(BoardWalk::Step::kNext); });
+  cmdLast_ = AddWalkButton("cmdLast", "&Last", "Last board of the run",
+                           [this] { run_.Walk(BoardWalk::Step::kLast); });
   NumberCopies_ =
-      AddNumberBox("NumberCopies", "Copies to deal of each board", DealingRun::kMostCopies);
-  PrevCopy_ = AddWalkButton("PrevCopy", "<", "One copy back", &DealingRun::PrevCopy);
-  NextCopy_ = AddWalkButton("NextCopy", ">", "One copy on", &DealingRun::NextCopy);
+      AddNumberBox("NumberCopies", "Copies to deal of each board", BoardWalk::kMostCopies);
+  PrevCopy_ = AddWalkButton("PrevCopy", "<", "One copy back",
+                            [this] { run_.Walk(BoardWalk::Step::kPrevCopy); });
+  NextCopy_ = AddWalkButton("NextCopy", ">", "One copy on",
+                            [this] { run_.Walk(BoardWalk::Step::kNextCopy); });
   Subfrom_ = AddNumberBox("Subfrom", "First board to deal", kMaxBoards);
   Subto_ = AddNumberBox("Subto", "Last board to deal", kMaxBoards);
   cards_ = new CardOptions(run_, this);
   Start_from_box_ = AddCheckBox("Start_from_box", "Start when a board is &inserted",
-                                &DealingRun::SetStart_from_box);
-  Check_board_ = AddCheckBox("Check_board", "Chec&k the board number", &DealingRun::SetCheck_board);
-  Disp_boards_ = AddButton("Disp_boards", "&Hide boards", &DealingRun::Disp_boards);
+                                &RunOptions::SetStart_from_box);
+  Check_board_ = AddCheckBox("Check_board", "Chec&k the board number", &RunOptions::SetCheck_board);
+  Disp_boards_ = AddButton("Disp_boards", "&Hide boards", [this] { run_.Disp_boards(); });
   Command1_ = AddWalkButton("Command1", "Test", "Asks the machine for its diagnosis text",
-                            &DealingRun::Command1);
+                            [this] { run_.Command1(); });
   TestText_ = new QPlainTextEdit(this);
   TestText_->setObjectName("TestText");
   TestText_->setReadOnly(true);
   Command1_->hide();
   TestText_->hide();
-  cmdExit_ = AddButton("cmdExit", "&Exit", &DealingRun::Exit);
+  cmdExit_ = AddButton("cmdExit", "&Exit", [this] { run_.Exit(); });
   cards_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   for (QWidget* setting : {static_cast<QWidget*>(cards_), static_cast<QWidget*>(Start_from_box_),
                            static_cast<QWidget*>(Check_board_)}) {
@@ -105,17 +112,18 @@ void DealinProg::MakeControls() {
   }
 }
 
-QPushButton* DealinProg::AddButton(const char* name, const char* caption, Event event) {
+QPushButton* DealinProg::AddButton(const char* name, const char* caption,
+                                   std::function<void()> press) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setMinimumHeight(kBigButton);
-  connect(button, &QPushButton::clicked, this, [this, event] { std::invoke(event, run_); });
+  connect(button, &QPushButton::clicked, this, std::move(press));
   return button;
 }
 
 QPushButton* DealinProg::AddWalkButton(const char* name, const char* caption, const char* tip,
-                                       Event event) {
-  auto* button = AddButton(name, caption, event);
+                                       std::function<void()> press) {
+  auto* button = AddButton(name, caption, std::move(press));
   button->setMinimumHeight(0);
   button->setToolTip(tip);
   button->setAutoDefault(false);
@@ -123,10 +131,10 @@ QPushButton* DealinProg::AddWalkButton(const char* name, const char* caption, co
 }
 
 QCheckBox* DealinProg::AddCheckBox(const char* name, const char* caption,
-                                   void (DealingRun::*set)(bool)) {
+                                   void (RunOptions::*set)(bool)) {
   auto* box = new QCheckBox(caption, this);
   box->setObjectName(name);
-  connect(box, &QCheckBox::clicked, this, [this, set](bool on) { std::invoke(set, run_, on); });
+  connect(box, &QCheckBox::clicked, this, [this, set](bool on) { run_.Change(set, on); });
   return box;
 }
 
@@ -277,7 +285,7 @@ QLayout* DealinProg::MakeCommands() {
 void DealinProg::ConnectNumberBoxes() {
   NumberCopies_->OnChange = [this](const std::string& text) { run_.SetNumberCopies(text); };
   NumberCopies_->OnLeave = [this](const std::string&) {
-    NumberCopies_->ShowNumber(run_.Range().NumberOfCopies);
+    NumberCopies_->ShowNumber(run_.Place().Range().NumberOfCopies);
   };
   Subfrom_->OnLeave = [this](const std::string& text) { run_.LeaveSubfrom(text); };
   Subto_->OnLeave = [this](const std::string& text) { run_.LeaveSubto(text); };

@@ -4,13 +4,13 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "machine/dealing_run.h"
+#include "model/tables.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
 namespace {
 
-constexpr int kFull = DealingRun::kCardsAHand;
+constexpr int kFull = kCards / kHands;
 constexpr int kCountPixels = 34;
 constexpr const char* kGreen = "#2e8b4f";
 constexpr const char* kRed = "#c0392b";

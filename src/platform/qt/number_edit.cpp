@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "platform/qt/qt_text.h"
+#include "text/text.h"
 
 namespace morvane {
 
@@ -19,6 +20,8 @@ void NumberEdit::ShowNumber(int number) {
   previous_ = std::to_string(number);
   ShowText(previous_);
 }
+
+int NumberEdit::Number() const { return Val(FromQt(text())); }
 
 void NumberEdit::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);

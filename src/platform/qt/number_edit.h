@@ -13,6 +13,8 @@ class NumberEdit final : public FilteredEdit {
   explicit NumberEdit(int limit, QWidget* parent = nullptr);
   void SetLimit(int limit) { limit_ = limit; }
   void ShowNumber(int number);
+  /// The number in the box; 0 in an empty one.
+  [[nodiscard]] int Number() const;
 
   std::function<void(const std::string&)> OnChange;  ///< after each change by the operator
   std::function<void(const std::string&)> OnLeave;   ///< Enter, or the focus goes elsewhere

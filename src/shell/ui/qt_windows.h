@@ -1,14 +1,14 @@
 #pragma once
 
 #include "program/program.h"
-#include "shell/windows.h"
+#include "shell/flow_windows.h"
 
 namespace morvane::shell {
 
 class MainMenu;
 
 /// The flows' windows on a desktop.
-class QtWindows final : public Windows {
+class QtWindows final : public FlowWindows {
  public:
   explicit QtWindows(Program& program) : program_(program) {}
   /// Must be called before a flow opens a window; `mainMenu` outlives every flow.

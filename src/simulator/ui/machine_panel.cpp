@@ -11,10 +11,9 @@
 #include <numeric>
 #include <utility>
 
-#include "machine/error_dialog.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
-#include "text/text.h"
+#include "wire/machine_errors.h"
 
 namespace morvane::simulator {
 namespace {
@@ -118,8 +117,7 @@ QWidget* MachinePanel::MakeSlot() {
   slot_ = AddLabel("lblSlot");
   board_ = AddNumberBox("txtBoard", kMaxBoards);
   board_->ShowNumber(1);
-  auto* insert =
-      AddButton("cmdInsert", "&Insert", [this] { InsertBoard(Val(FromQt(board_->text()))); });
+  auto* insert = AddButton("cmdInsert", "&Insert", [this] { InsertBoard(board_->Number()); });
   auto* next =
       AddButton("cmdInsertNext", "Insert &next", [this] { InsertBoard(lastInserted_ + 1); });
   remove_ = AddButton("cmdRemove", "&Remove", [this] { RemoveBoard(); });
@@ -144,8 +142,8 @@ QWidget* MachinePanel::MakeFault() {
   code_->OnChange = [this](const std::string&) { ShowFault(); };
   fault_ = AddLabel("lblFault");
   fault_->setWordWrap(true);
-  causeFault_ = AddButton("cmdFault", "Cause f&ault",
-                          [this] { machine_.CauseFault(Val(FromQt(code_->text()))); });
+  causeFault_ =
+      AddButton("cmdFault", "Cause f&ault", [this] { machine_.CauseFault(code_->Number()); });
   auto* group = new QGroupBox("Fault at the next card", this);
   auto* row = new QHBoxLayout(group);
   row->addWidget(code_);
@@ -192,9 +190,9 @@ void MachinePanel::SwitchPower() {
 }
 
 void MachinePanel::ShowFault() {
-  const int code = Val(FromQt(code_->text()));
+  const int code = code_->Number();
   causeFault_->setEnabled(code > 0);
-  fault_->setText(code > 0 ? ToQt(Trim(machine::TextOfError(code).Text)) : QString());
+  fault_->setText(code > 0 ? ToQt(wire::TextOfError(code).Text).trimmed() : QString());
 }
 
 void MachinePanel::ShowMachine() {

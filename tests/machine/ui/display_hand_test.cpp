@@ -33,18 +33,6 @@ TEST(NationalLetters, RanksBelowTenAreTheSameEverywhere) {
   }
 }
 
-TEST(CardDealt, LooksAtThePlaceOfTheCardOnTheWire) {
-  // The place of card c: 14 - c, 40 - c, 66 - c or 92 - c by suit.
-  const auto place = [](int c) { return (c < 14 ? 14 : c <= 26 ? 40 : c <= 39 ? 66 : 92) - c; };
-  for (int card = 1; card <= kCards; ++card) {
-    std::array<std::uint8_t, 56> log{};
-    log[static_cast<std::size_t>(place(card))] = 1;
-    for (int other = 1; other <= kCards; ++other) {
-      EXPECT_EQ(CardDealt(log, other), other == card) << card << " " << other;
-    }
-  }
-}
-
 class DisplayHandTest : public RunWindow {
  protected:
   using RunWindow::RunWindow;

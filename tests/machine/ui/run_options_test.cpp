@@ -126,10 +126,10 @@ TEST_F(NumberBoxes, CopiesAreWalked) {
   Enter("NumberCopies");
   test::Type(*window, "2");
   Click("NextCopy");
-  EXPECT_EQ(run.CurrentCopy, 2);
+  EXPECT_EQ(run.Place().CurrentCopy(), 2);
   EXPECT_FALSE(Enabled("NextCopy"));
   Click("PrevCopy");
-  EXPECT_EQ(run.CurrentCopy, 1);
+  EXPECT_EQ(run.Place().CurrentCopy(), 1);
 }
 
 TEST_F(NumberBoxes, TheRangeIsCheckedWhenTheBoxIsLeft) {
@@ -161,7 +161,7 @@ TEST_F(RunOptions, ALargeIndexThatTheMachineCannotDealIsRefused) {
   simulator::Options options = Options();
   options.Hardware = 0;
   simulator::SimulatedMachine plain(options, desk.Clock);
-  Machine machineOfPlain(desk.Prog, plain);
+  Machine machineOfPlain(desk.Random, plain);
   ASSERT_TRUE(OpenLink(desk.Prog, machineOfPlain.Link, 200));
   DealingRun plainRun(desk.Prog, machineOfPlain, memory);
   window = std::make_unique<DealinProg>(desk.Prog, plainRun, &mainWindow);

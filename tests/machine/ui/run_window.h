@@ -20,7 +20,7 @@ class RunWindow : public ::testing::Test {
 
   test::QtDesk desk;
   simulator::SimulatedMachine simulated;
-  Machine machine{desk.Prog, simulated};
+  Machine machine{desk.Random, simulated};
   RunMemory memory;
   DealingRun run{desk.Prog, machine, memory};
   QMainWindow mainWindow;
@@ -49,7 +49,7 @@ class RunWindow : public ::testing::Test {
   void Contact() {
     Open();
     desk.Loop.WaitMs(DealingRun::kFirstContactMs + 100);
-    ASSERT_FALSE(run.Initialising());
+    ASSERT_FALSE(!run.Options().MachineKnown);
   }
 
   void Click(const char* name) { test::Click(*window, name); }

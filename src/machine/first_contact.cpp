@@ -1,0 +1,19 @@
+#include "machine/first_contact.h"
+
+namespace morvane::machine {
+
+Contact AskMachine(Machine& machine, Log& log) {
+  machine.VersionSeen = false;
+  if (!machine.Exchange(wire::VersionCommand{})) return Contact::kNoVersion;
+  for (const std::uint8_t page : {std::uint8_t{1}, std::uint8_t{2}}) {
+    if (!machine.Exchange(wire::IdentityCommand{page})) return Contact::kLinkLost;
+  }
+  const auto boardsDealt = machine.Exchange(wire::CounterCommand{});
+  if (!boardsDealt) return Contact::kLinkLost;
+  log.WriteLine("  S/N:" + std::to_string(machine.SerialNumber) +
+                " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
+                " Firmware:" + machine.FirmwareVersion());
+  return Contact::kMade;
+}
+
+}  // namespace morvane::machine

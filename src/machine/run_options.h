@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "machine/card_settings.h"
+#include "machine/gates.h"
+#include "machine/machine.h"
+#include "program/program.h"
+
+namespace morvane::machine {
+
+/// The run window's options. Each is stored at once; what the machine cannot do is refused with a
+/// box and set back.
+class RunOptions {
+ public:
+  RunOptions(Program& program, Machine& machine) : program_(program), machine_(machine) {}
+
+  CardSettings Cards;
+  bool Check_board = false;
+  bool AutoStartEnabled = false;  ///< `Start_from_box` is ticked
+  /// The machine has answered; before, what it must be asked about cannot be changed.
+  bool MachineKnown = false;
+
+  /// From the store, before the machine is known.
+  void Load();
+  /// The machine is known now: switches off what it cannot do, without a word.
+  void ApplySilentGates();
+  /// Whether the cards can be dealt; the operator has been told if not.
+  [[nodiscard]] bool StartGatesPass();
+
+  void SetNational(int national);
+  void SetCardType(int cardType);
+  void SetThreshold(int threshold);
+  void SetCardIndex(int cardIndex);
+  void SetCheck_board(bool on);
+  void SetStart_from_box(bool on);
+
+ private:
+  [[nodiscard]] std::string WhyNotIndex(int cardIndex) const;
+  [[nodiscard]] std::string WhyNotCheck_board() const;
+  bool Refused(const VersionGate& gate);
+  void Store(const SettingKey& key, int value);
+
+  Program& program_;
+  Machine& machine_;
+};
+
+/// A box "Dealing Error"; nothing starts behind it.
+void ShowDealingError(Program& program, Machine& machine, const std::string& text);
+
+}  // namespace morvane::machine

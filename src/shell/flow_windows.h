@@ -1,0 +1,19 @@
+#pragma once
+
+#include "files/load_number.h"
+#include "machine/run_dialogs.h"
+
+namespace morvane::shell {
+
+/// The windows that the flows open, gathered from the subsystems that declare them, so that a flow
+/// knows none of them. A window is modal to `MainMenu`, is shown when it is made and goes when it
+/// is destroyed.
+class FlowWindows : public files::NumberDialog, public machine::RunDialogs {
+ public:
+  /// Shows the main window (`MainMenu`), not modal.
+  virtual void ShowMainMenu() = 0;
+  /// Puts the main window, and what is open over it, before other programs' windows.
+  virtual void BringToFront() = 0;
+};
+
+}  // namespace morvane::shell

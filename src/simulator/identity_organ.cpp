@@ -1,0 +1,48 @@
+#include "simulator/identity_organ.h"
+
+#include "wire/commands.h"
+
+namespace morvane::simulator {
+namespace {
+
+using namespace wire;
+
+constexpr std::uint8_t kBootMajor = 1;
+constexpr std::uint8_t kBootMinor = 0x20;
+constexpr std::uint8_t kFlash = 4;
+constexpr std::uint16_t kMadeOnDayAndMonth = 14 << 8 | 6;
+constexpr std::uint16_t kMadeInYear = 2019;
+
+}  // namespace
+
+bool IdentityOrgan::Answer(const Frame& command, Frame& reply) const {
+  switch (CodeOf(command)) {
+    case CmdVersion:
+      return AnswerVersion(reply);
+    case CmdIdentity:
+      return AnswerPage(command, reply);
+    default:
+      return false;
+  }
+}
+
+bool IdentityOrgan::AnswerVersion(Frame& reply) const {
+  Put(VersionReply{options_.FirmwareMajor, options_.FirmwareMinor, kBootMajor, kBootMinor, kFlash},
+      reply);
+  return true;
+}
+
+bool IdentityOrgan::AnswerPage(const Frame& command, Frame& reply) const {
+  switch (const std::uint8_t page = Get<IdentityCommand>(command).Page) {
+    case 1:
+      Put(IdentityReply{page, options_.Serial, options_.Hardware}, reply);
+      return true;
+    case 2:
+      Put(IdentityReply{page, kMadeOnDayAndMonth, kMadeInYear}, reply);
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace morvane::simulator

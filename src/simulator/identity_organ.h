@@ -1,0 +1,23 @@
+#pragma once
+
+#include "simulator/options.h"
+#include "wire/frame.h"
+
+namespace morvane::simulator {
+
+/// What kind of machine it is: version, serial number, hardware, date of manufacture.
+class IdentityOrgan {
+ public:
+  explicit IdentityOrgan(const Options& options) : options_(options) {}
+
+  /// As `RunOrgan::Answer`.
+  bool Answer(const wire::Frame& command, wire::Frame& reply) const;
+
+ private:
+  bool AnswerVersion(wire::Frame& reply) const;
+  bool AnswerPage(const wire::Frame& command, wire::Frame& reply) const;
+
+  Options options_;
+};
+
+}  // namespace morvane::simulator

@@ -1,0 +1,105 @@
+#include "simulator/run_organ.h"
+
+#include <algorithm>
+
+#include "wire/commands.h"
+
+namespace morvane::simulator {
+namespace {
+
+using namespace wire;
+
+// One check byte lets a garbled frame through now and then, and a poll turned into a start would be
+// a wrong deal that nobody sees. What belongs together in a start gives it away.
+bool SettingsAgree(const RunSettings& settings, const Frame& command) {
+  Frame again = command;
+  PutRows(settings, again);
+  return again == command;
+}
+
+/// The list of a start command without the jokers, who are in no pack of ours.
+PackBytes PackOf(const CardBytes& pockets) {
+  PackBytes pack{};
+  std::copy_n(pockets.Bytes.begin(), pack.size(), pack.begin());
+  return pack;
+}
+
+bool NamesPockets(const PackBytes& list) {
+  return std::all_of(list.begin(), list.end(), [](std::uint8_t pocket) { return pocket <= 4; });
+}
+
+bool Accept(Frame& reply) {
+  Put(AcceptedReply{}, reply);
+  return true;
+}
+
+}  // namespace
+
+bool RunOrgan::Answer(const Frame& command, CardRun::Time now, Frame& reply) {
+  switch (CodeOf(command)) {
+    case CmdDeal:
+    case CmdRead:
+      return Start(command, now, reply);
+    case CmdSort:
+      return StartSort(command, now, reply);
+    case CmdFetchLog:
+      Put(CardLogReply{run_.CardLog()}, reply);
+      return true;
+    case CmdFetchBoard:
+      return AnswerBoard(reply);
+    default:
+      return false;
+  }
+}
+
+bool RunOrgan::Start(const Frame& command, CardRun::Time now, Frame& reply) {
+  const auto start = Get<StartCommand>(command);
+  const PackBytes pockets = PackOf(start.Pockets);
+  if (!SettingsAgree(start.Settings, command) || !NamesPockets(pockets)) return false;
+  if (start.Continue) {
+    run_.GoOn(now);
+  } else {
+    run_.Begin(start.Code == CmdRead ? RunKind::Read : RunKind::Deal, pockets, now);
+  }
+  return Accept(reply);
+}
+
+bool RunOrgan::StartSort(const Frame& command, CardRun::Time now, Frame& reply) {
+  const auto start = Get<SortCommand>(command);
+  if (!SettingsAgree(start.Settings, command)) return false;
+  if (start.Continue) {
+    run_.GoOn(now);
+  } else {
+    run_.Begin(RunKind::Sort, {}, now);
+  }
+  return Accept(reply);
+}
+
+bool RunOrgan::AnswerBoard(Frame& reply) const {
+  BoardReply board;
+  for (std::size_t pocket = 1; pocket <= kHands; ++pocket) {
+    const Pile& pile = run_.Pocket(pocket);
+    for (std::size_t i = 0; i < pile.Count(); ++i) {
+      board.Pockets[MachineCard(pile[i])] = static_cast<std::uint8_t>(pocket);
+    }
+  }
+  Put(board, reply);
+  return true;
+}
+
+std::string RunOrgan::StateText() const {
+  const std::string place =
+      " card " + std::to_string(run_.Fallen() + 1) + " of " + std::to_string(run_.Loaded());
+  if (run_.State() == StatusReply::kIdle) return "idle";
+  if (!run_.Busy()) return "stopped at" + place + " with code " + std::to_string(run_.State());
+  switch (run_.Kind()) {
+    case RunKind::Read:
+      return "reading" + place;
+    case RunKind::Sort:
+      return "sorting" + place;
+    default:
+      return "dealing" + place;
+  }
+}
+
+}  // namespace morvane::simulator

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "simulator/board_slot.h"
+#include "simulator/options.h"
+#include "wire/frame.h"
+
+namespace morvane::simulator {
+
+/// The board slot with the reader of its label.
+class SlotOrgan {
+ public:
+  explicit SlotOrgan(const Options& options);
+
+  /// As `RunOrgan::Answer`.
+  bool Answer(const wire::Frame& command, wire::Frame& reply) const;
+
+  [[nodiscard]] BoardSlot& Slot() { return slot_; }
+  [[nodiscard]] const BoardSlot& Slot() const { return slot_; }
+
+ private:
+  bool hasReader_;
+  BoardSlot slot_;
+};
+
+}  // namespace morvane::simulator
