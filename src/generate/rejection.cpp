@@ -64,8 +64,7 @@ bool RejectionTests::ResemblesSet(const Board& candidate, int k) {
       std::span<const HandMasks>(setHands_).first(static_cast<std::size_t>(k - first_));
   std::size_t at = 0;
   while (true) {
-    const int interesting = std::min(BestInner.Cards, limits_.InnerLimit - 1);
-    at += FirstMoreAlike(hands, boards.subspan(at), interesting);
+    at += FirstMoreAlike(hands, boards.subspan(at), BestInner.Cards);
     if (at == boards.size()) return false;
     const Similarity similarity = CompareHands(boards[at], hands);
     if (similarity.Cards >= limits_.InnerLimit) return true;

@@ -68,7 +68,7 @@ class OpenAttempt {
       Status = link_.Usb.GetProductString(index, text, UsbXpress::kSerialString);
       link_.UsbProductString = TextOf(text);
       if (index == 0) first = link_.UsbProductString;
-      if (IsMachine(text) && count_ > 1) return index;
+      if (IsMachine(text)) return index;
     }
     link_.UsbProductString = first;
     return 0;

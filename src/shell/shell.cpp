@@ -11,12 +11,13 @@
 namespace morvane::shell {
 
 Shell::Flow::Flow(Shell& shell) : shell_(shell) {
-  ++shell_.flows_;
+  shell_.flowActive_ = true;
   shell_.Timer2mm_.reset();
 }
 
 Shell::Flow::~Flow() {
-  if (--shell_.flows_ == 0 && shell_.started_) shell_.EnableTimer2mm();
+  shell_.flowActive_ = false;
+  if (shell_.started_) shell_.EnableTimer2mm();
 }
 
 Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance)

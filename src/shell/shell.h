@@ -50,7 +50,7 @@ class Shell {
   /// `ShowStat`: shows or hides the statistics.
   void ToggleStatistics();
 
-  [[nodiscard]] bool FlowActive() const { return flows_ > 0; }
+  [[nodiscard]] bool FlowActive() const { return flowActive_; }
   [[nodiscard]] generate::Generator& Deals() { return generator_; }
   [[nodiscard]] history::History& History() { return history_; }
   [[nodiscard]] const history::History& History() const { return history_; }
@@ -82,7 +82,7 @@ class Shell {
   machine::RunMemory runMemory_;
   std::string startFile_;
   std::unique_ptr<Timer> Timer2mm_;
-  int flows_ = 0;
+  bool flowActive_ = false;
   bool started_ = false;
 };
 

@@ -1,5 +1,14 @@
 #include "program/log.h"
 
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "platform/file_lock.h"
+#include "platform/files.h"
 #include "program/log_record.h"
 #include "support/append_count.h"
 #include "support/fakes.h"
@@ -20,6 +29,26 @@ TEST(Log, EveryLineEndsWithCrLfAndLinesAdd) {
   desk.Prog.Log.WriteLine("---");
   desk.Prog.Log.WriteTime(" Edit: ");
   EXPECT_EQ(test::Content(desk.Prog.Log.Path()), "---\r\n Edit: 3:04:05 PM\r\n");
+}
+
+TEST(Log, ALineIsAddedUnderTheFoldersLock) {
+  TestDesk desk;
+  const std::string path = desk.Prog.Log.Path();
+  const std::string lock = JoinPath(desk.Prog.Paths.Data, "morvane.lock");
+  std::filesystem::remove(path);
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  // More than a pipe holds: whoever writes it waits in the middle for a reader.
+  const std::string text(std::size_t{1} << 20U, 'x');
+  std::thread writer([&] { desk.Prog.Log.WriteLine(text); });
+  std::ifstream pipe(path, std::ios::binary);
+  bool held = false;
+  EXPECT_FALSE(FileLock::Try(lock, held));
+  EXPECT_TRUE(held);
+  std::stringstream read;
+  read << pipe.rdbuf();
+  writer.join();
+  EXPECT_EQ(read.str(), text + "\r\n");
+  EXPECT_TRUE(FileLock::Try(lock, held));
 }
 
 TEST(Log, AFolderThatCannotBeEnteredLeavesItOff) {

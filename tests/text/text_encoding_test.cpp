@@ -111,6 +111,13 @@ TEST(TextEncoding, NoTextIsChangedByTheWayThroughAFile) {
   }
 }
 
+TEST(AnsiText, UpperCaseKnowsEveryLetterOfWindows1252) {
+  EXPECT_EQ(UpperCaseAnsi("az\xE0\xFE\x9A\x9C\x9E"), "AZ\xC0\xDE\x8A\x8C\x8E");
+  EXPECT_EQ(UpperCaseAnsi("\xFF"), "\x9F") << "its capital stands far from it";
+  EXPECT_EQ(UpperCaseAnsi("\xF7\xDF\x7B\x9B\x9D"), "\xF7\xDF\x7B\x9B\x9D")
+      << "no letters with capitals";
+}
+
 TEST(TextEncoding, ACharacterIsTakenWhole) {
   EXPECT_EQ(CharacterAt("a\xE2\x82\xACz", 0), "a");
   EXPECT_EQ(CharacterAt("a\xE2\x82\xACz", 1), "\xE2\x82\xAC");

@@ -1,0 +1,174 @@
+// The run of cards by itself, on another plan than the dealing run's: a sort that fetches nothing.
+
+#include "machine/card_run.h"
+
+#include "support/fakes.h"
+#include "support/scripted_bridge.h"
+
+namespace morvane::machine {
+namespace {
+
+using test::Bytes;
+using test::Short;
+using ::testing::ElementsAre;
+using End = CardRun::End;
+
+class CardRunTest : public ::testing::Test {
+ protected:
+  test::TestDesk desk;
+  test::ScriptedBridge bridge{desk.Clock};
+  Machine machine{desk.Random, bridge};
+  CardRun run{desk.Loop, desk.Clock, machine, [this] {
+                ++changes;
+                if (OnChange) OnChange();
+              }};
+  std::function<void()> OnChange;
+  int changes = 0;
+  std::vector<int> faults;
+  std::deque<DialogAnswer> answers;
+
+  End Run() {
+    run.Prepare();
+    return run.Run({[this](bool goOn) {
+                      machine.Exchange(wire::SortCommand{goOn, {}});
+                      return run.Step();
+                    },
+                    [] { return true; }, [this] { return Answer(); }});
+  }
+  DialogAnswer Answer() {
+    faults.push_back(machine.MachineError);
+    if (answers.empty()) return kStop;
+    const DialogAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  static Bytes Busy() { return Short({0x19, 0xFF}); }
+  static Bytes Accepted() { return Short({0x18}); }
+  /// Code and byte 1 of each frame sent.
+  [[nodiscard]] std::vector<std::string> Sent() const {
+    std::vector<std::string> frames;
+    for (const Bytes& frame : bridge.Sent) {
+      frames.push_back(std::to_string(frame[0]) + ":" + std::to_string(frame[1]));
+    }
+    return frames;
+  }
+};
+
+TEST_F(CardRunTest, StartsAndPollsUntilTheMachineIsNoLongerBusy) {
+  bridge.Replies = {Accepted(), Busy(), Busy(), Short({0x19, 0, 52, 52, 52, 52})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:0", "25:0"));
+  EXPECT_EQ(machine.MachineError, 0);
+  EXPECT_THAT(machine.CardCount, ElementsAre(0, 52, 52, 52, 52));
+  EXPECT_TRUE(run.CountsShown);
+  EXPECT_EQ(run.RunLogLine, "");
+}
+
+TEST_F(CardRunTest, GoesOnAfterAFaultAsOftenAsItIsToldTo) {
+  answers = {kGoOn, kGoOn, kStop};
+  bridge.Replies = {Accepted(),        Short({0x19, 30}), Accepted(),
+                    Short({0x19, 54}), Accepted(),        Short({0x19, 57})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "53:1", "25:0", "53:1", "25:0"));
+  EXPECT_THAT(faults, ElementsAre(30, 54, 57));
+  EXPECT_EQ(run.RunLogLine, " 30 54 57");
+  EXPECT_EQ(machine.MachineError, 57);
+}
+
+TEST_F(CardRunTest, TheBreakTakesThePlaceOfTheNextPollAndLeavesOutTheAcknowledgements) {
+  machine.PedalFlag = 1;
+  OnChange = [this] {
+    if (bridge.Sent.size() == 2) run.Break();
+  };
+  bridge.Replies = {Accepted(), Short({0x19, 0xFF, 0, 0, 0, 0, 8}), Short({0x19, 57})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:2", "25:1"));
+}
+
+TEST_F(CardRunTest, ABreakAskedForWhileItStoodIsNotSentAfterGoingOn) {
+  answers = {kGoOn};
+  OnChange = [this] {
+    if (machine.MachineState == Machine::kError) run.Break();
+  };
+  bridge.Replies = {Accepted(), Short({0x19, 30}), Accepted(), Short({0x19, 0})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "53:1", "25:0"));
+}
+
+TEST_F(CardRunTest, LeavingWaitsForTheMachineAndDoesNotGoOn) {
+  answers = {kGoOn};
+  OnChange = [this] {
+    if (bridge.Sent.size() == 2 && !run.Leaving()) run.Leave();
+  };
+  bridge.Replies = {Accepted(), Busy(), Short({0x19, 57})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_TRUE(run.Leaving());
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1"));
+}
+
+TEST_F(CardRunTest, LeavingTwiceWaitsForNothing) {
+  OnChange = [this] {
+    if (bridge.Sent.size() == 2) run.Leave();
+    if (bridge.Sent.size() == 2) run.Leave();
+  };
+  bridge.Replies = {Accepted(), Busy(), Busy(), Busy()};
+  EXPECT_EQ(Run(), End::kGivenUp);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1"));
+}
+
+TEST_F(CardRunTest, AProgramThatQuitsLeavesAtOnce) {
+  OnChange = [this] {
+    if (bridge.Sent.size() == 2) desk.Loop.Quit();
+  };
+  bridge.Replies = {Accepted(), Busy(), Busy()};
+  EXPECT_EQ(Run(), End::kGivenUp);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1"));
+}
+
+TEST_F(CardRunTest, TheLinkCanBeLostAtEveryExchange) {
+  const std::vector<Bytes> good{Accepted(), Short({0x19, 30}), Accepted(), Short({0x19, 0})};
+  for (std::size_t lost = 0; lost < good.size(); ++lost) {
+    bridge.Sent.clear();
+    bridge.Replies.assign(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(lost));
+    answers = {kGoOn};
+    EXPECT_EQ(Run(), End::kLinkLost) << lost;
+    EXPECT_EQ(bridge.Sent.size(), lost + 2) << "two tries";
+  }
+}
+
+TEST_F(CardRunTest, AFetchThatLosesTheLinkEndsTheRun) {
+  bridge.Replies = {Accepted(), Short({0x19, 0})};
+  run.Prepare();
+  EXPECT_EQ(run.Run({[this](bool goOn) {
+                       machine.Exchange(wire::SortCommand{goOn, {}});
+                       return run.Step();
+                     },
+                     [this] { return run.FetchCardLog(); }, [this] { return Answer(); }}),
+            End::kLinkLost);
+  EXPECT_EQ(bridge.Sent.back()[0], 0x20);
+}
+
+TEST_F(CardRunTest, ItsTimeIsThatSinceTheStart) {
+  desk.Clock.Spend(std::chrono::seconds(100));
+  int poll = 0;
+  bridge.Answer = [&](const Bytes& plain) {
+    desk.Clock.Spend(std::chrono::milliseconds(1500));
+    if (plain[0] == 0x35) return test::OnTheWire(Accepted(), 21);
+    return test::OnTheWire(++poll == 2 ? Short({0x19, 0}) : Busy(), 21);
+  };
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_EQ(run.txtDealTime, "3.0") << "the last that was shown while it was busy";
+  EXPECT_DOUBLE_EQ(run.Seconds(), 4.5);
+}
+
+TEST_F(CardRunTest, PreparingForgetsTheRunBefore) {
+  run.Leave();
+  run.RunLogLine = "old";
+  run.Prepare();
+  EXPECT_FALSE(run.Leaving());
+  EXPECT_EQ(run.RunLogLine, "");
+  EXPECT_EQ(run.Seconds(), 0);
+}
+
+}  // namespace
+}  // namespace morvane::machine
