@@ -19,7 +19,7 @@ bool AreText(int argc, char** argv) {
 }
 
 bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
-                          const char* usage, ProgramArguments& result) {
+                          const std::string& usage, ProgramArguments& result) {
   constexpr std::array kNames{"data", "settings", "machine"};
   for (const char* name : kNames) parser.addOption(QCommandLineOption(name, "", "value"));
   parser.addOption(QCommandLineOption("help"));

@@ -23,6 +23,6 @@ struct ProgramArguments {
 /// Parses `arguments` with `parser`, which has the program's own options, and takes those that
 /// every program has. False: there is nothing more to take, `result` has help or an error.
 [[nodiscard]] bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
-                                        const char* usage, ProgramArguments& result);
+                                        const std::string& usage, ProgramArguments& result);
 
 }  // namespace morvane

@@ -3,19 +3,21 @@
 #include <QCommandLineParser>
 
 #include "platform/files.h"
+#include "simulator/options.h"
 
 namespace morvane {
 namespace {
 
-constexpr const char* kUsage =
-    "Usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
-    "\n"
-    "  PATH             the board file to load\n"
-    "  --machine M      "
-    "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-    "                   fault=BOARD:CARD:CODE] or serial:PATH\n"
-    "  --data DIR       the folder of logs and history\n"
-    "  --settings FILE  the settings store\n";
+std::string Usage() {
+  return "Usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
+         "\n"
+         "  PATH             the board file to load\n"
+         "  --machine M      " +
+         simulator::OptionsUsage(19) +
+         " or serial:PATH\n"
+         "  --data DIR       the folder of logs and history\n"
+         "  --settings FILE  the settings store\n";
+}
 
 /// The path in front, absolute and in double quotes, where start-up looks for it; then the rest, in
 /// which quotes would name another.
@@ -34,7 +36,7 @@ std::string CommandLineOf(const QStringList& arguments, const QStringList& paths
 Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
-  if (!TakeProgramArguments(parser, arguments, kUsage, result)) return result;
+  if (!TakeProgramArguments(parser, arguments, Usage(), result)) return result;
   const QStringList paths = parser.positionalArguments();
   if (paths.size() > 1) {
     result.Error = "more than one file";

@@ -139,4 +139,9 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
   return std::nullopt;
 }
 
+std::string OptionsUsage(std::size_t indent) {
+  return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n" +
+         std::string(indent, ' ') + "fault=BOARD:CARD:CODE]";
+}
+
 }  // namespace morvane::simulator

@@ -34,4 +34,8 @@ struct Options {
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: two lines, the
+/// second behind `indent` blanks.
+[[nodiscard]] std::string OptionsUsage(std::size_t indent);
+
 }  // namespace morvane::simulator

@@ -107,5 +107,21 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
   EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
 }
 
+TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
+  std::string usage = OptionsUsage(4);
+  EXPECT_EQ(usage.find("\n    fault="), usage.find('\n'));
+  std::erase_if(usage, [](char c) { return c == '[' || c == ']' || c == '\n' || c == ' '; });
+  const auto give = [&usage](const std::string& word, const std::string& value) {
+    ASSERT_NE(usage.find(word), std::string::npos);
+    usage.replace(usage.find(word), word.size(), value);
+  };
+  give("seed=N", "seed=7");
+  give("BOARD:CARD:CODE", "1:2:3");
+  Options expected;
+  expected.Seed = 7;
+  expected.Faults = {{1, 2, 3}};
+  EXPECT_EQ(Parsed(usage), expected);
+}
+
 }  // namespace
 }  // namespace morvane::simulator
