@@ -7,7 +7,9 @@ namespace morvane {
 
 /// The command line of `morvane-cli`.
 struct Arguments : ProgramArguments {
-  cli::Request What;
+  bool Yes = false;  ///< every question is answered so
+  cli::CommandWords Given;
+  cli::Request Request;  ///< what is wrong with it, or its text, stands above too
 };
 
 [[nodiscard]] Arguments ParseArguments(const QStringList& arguments);

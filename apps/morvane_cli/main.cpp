@@ -5,7 +5,7 @@
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
-#include "cli/commands.h"
+#include "cli/job.h"
 #include "platform/console/console_ui.h"
 #include "system_parts.h"
 
@@ -55,17 +55,17 @@ int main(int argc, char** argv) {
     return morvane::cli::kWrongUsage;
   }
   morvane::StandardTerminal terminal;
-  morvane::ConsoleUi operatorAtTerminal(terminal, arguments.What.Yes);
+  morvane::ConsoleUi operatorAtTerminal(terminal, arguments.Yes);
   NoSound silence;
   morvane::Program program(
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
       parts.Paths);
   // The machine is asked to break before the command ends.
-  if (arguments.What.Command == "deal") CatchInterrupt();
+  if (arguments.Request.Asked->DrivesMachine) CatchInterrupt();
   morvane::cli::Workplace place{program,           operatorAtTerminal,
                                 terminal,          *machine.Usb,
                                 machine.Simulated, [] { return interrupted.exchange(false); }};
-  const auto status = morvane::cli::RunCommand(place, arguments.What);
+  const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
   std::cout.flush();
   if (std::cout) return status;
   std::cerr << "morvane-cli: standard output cannot be written\n";

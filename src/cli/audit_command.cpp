@@ -1,5 +1,7 @@
 #include "cli/audit_command.h"
 
+#include <array>
+
 #include "audit/log_audit.h"
 #include "platform/files.h"
 #include "text/text.h"
@@ -120,31 +122,52 @@ std::string Summary(const audit::LogAudit& log) {
   return text + ".\n";
 }
 
+constexpr std::array kOperands{Operand{"LOG", "the log to audit"}};
+constexpr std::array kOptions{
+    Option{"sha256", "HEX64", "what was published of a set, which one must have"},
+};
+
 }  // namespace
 
-ExitStatus Audit(Workplace& place, const Request& request) {
-  bool published = !request.Sha256;
+AuditOptions ReadAuditOptions(OptionReader& given) {
+  return {.Log = given.Path(0), .Sha256 = given.Hex("sha256", 64)};
+}
+
+ExitStatus Audit(Job& job, const AuditOptions& options) {
+  Terminal& screen = job.Place.Screen;
+  bool published = !options.Sha256;
   audit::LogAudit log([&](const SetAudit& set) {
-    place.Screen.Out(SetText(set));
-    published = published || (set.IsSame() && set.Fingerprint == LowerCase(*request.Sha256));
+    screen.Out(SetText(set));
+    published = published || (set.IsSame() && set.Fingerprint == LowerCase(*options.Sha256));
   });
-  const auto error = ReadBlocks(request.In, [&log](std::string_view block) { log.Add(block); });
+  const auto error = ReadBlocks(options.Log, [&log](std::string_view block) { log.Add(block); });
   if (error) {
-    place.Screen.Error("The log cannot be read: error " + std::to_string(error->Number) + ", " +
-                       error->Description + "\n" + request.In + "\n");
+    screen.Error("The log cannot be read: error " + std::to_string(error->Number) + ", " +
+                 error->Description + "\n" + options.Log + "\n");
     return kFailed;
   }
   log.End();
-  place.Screen.Out(UnusedSeedsText(log));
+  screen.Out(UnusedSeedsText(log));
   if (log.Checked() == 0) {
-    place.Screen.Error("There is no set of the number generator in the log\n" + request.In + "\n");
+    screen.Error("There is no set of the number generator in the log\n" + options.Log + "\n");
     return kFailed;
   }
-  place.Screen.Out(Summary(log));
+  screen.Out(Summary(log));
   if (!published) {
-    place.Screen.Error("No set that is the same has the SHA-256 " + *request.Sha256 + "\n");
+    screen.Error("No set that is the same has the SHA-256 " + *options.Sha256 + "\n");
   }
   return log.Same() == log.Checked() && published ? kDone : kFailed;
 }
+
+constinit const Command kAuditCommand{
+    .Name = "audit",
+    .Operands = kOperands,
+    .Options = kOptions,
+    .Summary = "Proves that nobody touched the deals of a log.",
+    .Note =
+        "audit deals the sets of a log again from their seeds, compares every board, and shows "
+        "the SHA-256 of each. With --sha256, one must have that one. The exit status is 0 only "
+        "when all is the same.",
+    .Prepare = TaskOf<ReadAuditOptions, Audit>};
 
 }  // namespace morvane::cli

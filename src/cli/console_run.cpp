@@ -18,8 +18,8 @@ std::string BoardText(int number) { return "Board " + RightAligned(std::to_strin
 }  // namespace
 
 ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
-                       const Request& request, MachineSide side, std::function<bool()> interrupted,
-                       RunReport& report)
+                       const DealOptions& request, MachineSide side,
+                       std::function<bool()> interrupted, RunReport& report)
     : program_(program),
       terminal_(terminal),
       run_(run),

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/request.h"
+#include "cli/deal_options.h"
 #include "machine/dealing_run.h"
 #include "platform/console/terminal.h"
 #include "program/program.h"
@@ -42,8 +42,9 @@ struct RunReport {
 /// has faults answered on the terminal, and leaves after the last board.
 class ConsoleRun final : public machine::RunView {
  public:
-  ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run, const Request& request,
-             MachineSide side, std::function<bool()> interrupted, RunReport& report);
+  ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
+             const DealOptions& request, MachineSide side, std::function<bool()> interrupted,
+             RunReport& report);
 
   void ShowState() override;
   void ShowBoard() override {}
@@ -66,7 +67,7 @@ class ConsoleRun final : public machine::RunView {
   Program& program_;
   Terminal& terminal_;
   machine::DealingRun& run_;
-  const Request& request_;
+  const DealOptions& request_;
   MachineSide side_;
   std::function<bool()> interrupted_;
   RunReport& report_;

@@ -1,6 +1,7 @@
 #include "cli/deal_command.h"
 
 #include <algorithm>
+#include <array>
 
 #include "cli/columns.h"
 #include "simulator/simulated_machine.h"
@@ -28,7 +29,62 @@ std::string RowOf(const DealtBoard& board) {
          verdict + "\n";
 }
 
+/// How many boards `options` asks for, every copy counted.
+int BoardsAsked(const BoardSet& set, const DealOptions& options) {
+  const int from = options.From.value_or(set.FirstBoard);
+  const int to = options.To.value_or(set.LastBoard);
+  return (to - from + 1) * options.Copies.value_or(1);
+}
+
+/// Whether the boards asked for are there and somebody can start them; the operator has been told
+/// if not.
+bool MayDeal(Workplace& place, const DealOptions& options) {
+  if (options.From && !IsInSet(place, *options.From)) return false;
+  if (options.To && !IsInSet(place, *options.To)) return false;
+  if (BoardsAsked(place.Prog.Set, options) < 1) {
+    place.Screen.Error("--to must not be below --from.\n");
+    return false;
+  }
+  if (place.Simulated != nullptr && !options.Auto && !place.Screen.CanAsk()) {
+    place.Screen.Error("Nobody is there to press the simulated machine's pedal: use --auto.\n");
+    return false;
+  }
+  return true;
+}
+
+/// The closing table. Done only when all `asked` boards were dealt and lie right as far as can be
+/// seen.
+ExitStatus ShowReport(Workplace& place, const RunReport& report, int asked) {
+  if (report.Boards.empty()) return kFailed;
+  const auto right = std::count_if(report.Boards.begin(), report.Boards.end(), LiesRight);
+  std::string text = "\n  Board     Time   Pockets\n";
+  for (const DealtBoard& board : report.Boards) text += RowOf(board);
+  text += "\n" + std::to_string(right) + " of " + std::to_string(asked) + " boards " +
+          (place.Simulated != nullptr ? "right" : "dealt") + ".\n";
+  place.Screen.Out(text);
+  return right == asked ? kDone : kFailed;
+}
+
+constexpr std::array kOperands{Operand{"IN", "the set to deal"}};
+constexpr std::array kOptions{
+    Option{"from", "N", "the first board to deal"},
+    Option{"to", "N", "the last board to deal"},
+    Option{"copies", "N", "how often each board is dealt, 99 times at most"},
+    Option{"auto", "", "start each board at once, without its pedal or board slot"},
+};
+
 }  // namespace
+
+DealOptions ReadDealOptions(OptionReader& given) {
+  DealOptions options{.In = given.Path(0),
+                      .From = given.Number("from"),
+                      .To = given.Number("to"),
+                      .Copies = given.Number("copies"),
+                      .Auto = given.Has("auto"),
+                      .Yes = given.Has("yes")};
+  if (options.Copies && *options.Copies > 99) given.Refuse("--copies: 99 at most");
+  return options;
+}
 
 MachineSide EyesOn(simulator::SimulatedMachine* simulated) {
   if (simulated == nullptr) return {};
@@ -48,44 +104,21 @@ Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
   return verdict;
 }
 
-bool IsInSet(Workplace& place, int number) {
-  const BoardSet& set = place.Prog.Set;
-  if (number >= set.FirstBoard && number <= set.LastBoard) return true;
-  place.Screen.Error("Board " + std::to_string(number) + " is not in the set, which has " +
-                     std::to_string(set.FirstBoard) + " to " + std::to_string(set.LastBoard) +
-                     ".\n");
-  return false;
+ExitStatus Deal(Job& job, const DealOptions& options) {
+  Workplace& place = job.Place;
+  if (!Load(job, options.In) || !MayDeal(place, options)) return kFailed;
+  job.Windows.DealBy(options, EyesOn(place.Simulated));
+  place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
+  job.Shell.MenuDeal();
+  return ShowReport(place, job.Windows.Report(), BoardsAsked(place.Prog.Set, options));
 }
 
-bool MayDeal(Workplace& place, const Request& request) {
-  if (request.From && !IsInSet(place, *request.From)) return false;
-  if (request.To && !IsInSet(place, *request.To)) return false;
-  if (BoardsAsked(place.Prog.Set, request) < 1) {
-    place.Screen.Error("--to must not be below --from.\n");
-    return false;
-  }
-  if (place.Simulated != nullptr && !request.Auto && !place.Screen.CanAsk()) {
-    place.Screen.Error("Nobody is there to press the simulated machine's pedal: use --auto.\n");
-    return false;
-  }
-  return true;
-}
-
-int BoardsAsked(const BoardSet& set, const Request& request) {
-  const int from = request.From.value_or(set.FirstBoard);
-  const int to = request.To.value_or(set.LastBoard);
-  return (to - from + 1) * request.Copies.value_or(1);
-}
-
-ExitStatus ShowReport(Workplace& place, const RunReport& report, int asked) {
-  if (report.Boards.empty()) return kFailed;
-  const auto right = std::count_if(report.Boards.begin(), report.Boards.end(), LiesRight);
-  std::string text = "\n  Board     Time   Pockets\n";
-  for (const DealtBoard& board : report.Boards) text += RowOf(board);
-  text += "\n" + std::to_string(right) + " of " + std::to_string(asked) + " boards " +
-          (place.Simulated != nullptr ? "right" : "dealt") + ".\n";
-  place.Screen.Out(text);
-  return right == asked ? kDone : kFailed;
-}
+constinit const Command kDealCommand{
+    .Name = "deal",
+    .Operands = kOperands,
+    .Options = kOptions,
+    .Summary = "Deals the boards of a set on the machine and shows how each of them went.",
+    .DrivesMachine = true,
+    .Prepare = TaskOf<ReadDealOptions, Deal>};
 
 }  // namespace morvane::cli

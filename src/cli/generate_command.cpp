@@ -1,5 +1,7 @@
 #include "cli/generate_command.h"
 
+#include <array>
+
 #include "audit/fingerprint.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
@@ -30,39 +32,40 @@ class Progress final : public generate::GenerateView {
   bool shown_ = false;
 };
 
-generate::GenerateRequest WhatToMake(const Settings& store, const Request& request) {
+generate::GenerateRequest WhatToMake(const Settings& store, const GenerateOptions& options) {
   generate::GenerateRequest make;
-  make.First = request.First.value_or(store.Get(kNewFirstBoard));
-  make.Last = request.Last.value_or(store.Get(kNewLastBoard));
-  make.Random = !request.Empty;
+  make.First = options.First.value_or(store.Get(kNewFirstBoard));
+  make.Last = options.Last.value_or(store.Get(kNewLastBoard));
+  make.Random = !options.Empty;
   const bool shufflingAsked =
-      request.Generator ? *request.Generator == "morvane" : store.Get(kGenerator) == "1";
+      options.Generator ? *options.Generator == "morvane" : store.Get(kGenerator) == "1";
   // An empty set is the shuffling generator's button.
-  const bool shuffling = request.Empty || request.Lfsr || (shufflingAsked && !request.Seedr);
+  const bool shuffling = options.Empty || options.Lfsr || (shufflingAsked && !options.Seedr);
   make.With = shuffling ? DealGenerator::kShuffling : DealGenerator::kNumber;
-  make.Reject = {request.Shapes.value_or(store.IsOn(kNewShapes)),
-                 request.Inner.value_or(store.IsOn(kNewInner)),
-                 request.History.value_or(store.IsOn(kNewHistory))};
+  make.Reject = {options.Shapes.value_or(store.IsOn(kNewShapes)),
+                 options.Inner.value_or(store.IsOn(kNewInner)),
+                 options.History.value_or(store.IsOn(kNewHistory))};
   return make;
 }
 
 /// With seeds given, the set can be made again; otherwise they are fresh.
-std::optional<generate::GenerateResult> Run(Workplace& place, const Request& request,
-                                            shell::Shell& shell) {
-  const generate::GenerateRequest make = WhatToMake(place.Prog.Store, request);
-  generate::Generator& generator = shell.Deals();
-  Progress progress(place.Screen);
-  if (request.Lfsr || request.Seedr) {
-    const bool taken = request.Lfsr
-                           ? generate::UseLfsrSeed(place.Prog, generator.Shuffling, *request.Lfsr)
-                           : generate::UseNumberSeeds(place.Prog, generator.Number, *request.Seedr,
-                                                      request.Seedo.value_or(""));
+std::optional<generate::GenerateResult> Run(Job& job, const GenerateOptions& options) {
+  Program& program = job.Place.Prog;
+  const generate::GenerateRequest make = WhatToMake(program.Store, options);
+  generate::Generator& generator = job.Shell.Deals();
+  Progress progress(job.Place.Screen);
+  if (options.Lfsr || options.Seedr) {
+    const bool taken = options.Lfsr
+                           ? generate::UseLfsrSeed(program, generator.Shuffling, *options.Lfsr)
+                           : generate::UseNumberSeeds(program, generator.Number, *options.Seedr,
+                                                      options.Seedo.value_or(""));
     if (!taken) return std::nullopt;
-    return generate::GenerateSet(place.Prog, generator, shell.History().Ring(), make, progress);
+    return generate::GenerateSet(program, generator, job.Shell.History().Ring(), make, progress);
   }
   return make.With == DealGenerator::kShuffling
-             ? generate::PressCmdDeal(place.Prog, generator, shell.History().Ring(), make, progress)
-             : generate::PressBigDeal(place.Prog, generator, shell.History().Ring(), make,
+             ? generate::PressCmdDeal(program, generator, job.Shell.History().Ring(), make,
+                                      progress)
+             : generate::PressBigDeal(program, generator, job.Shell.History().Ring(), make,
                                       progress);
 }
 
@@ -82,22 +85,74 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
   return text + "\n";
 }
 
+void CheckTogether(const GenerateOptions& options, OptionReader& given) {
+  if (options.Seedr.has_value() != options.Seedo.has_value()) {
+    given.Refuse("--seedr and --seedo go together");
+  } else if (options.Lfsr && (options.Seedr || options.Generator == "bigdeal")) {
+    given.Refuse("--lfsr is a state of the other generator");
+  } else if (options.Seedr && options.Generator == "morvane") {
+    given.Refuse("--seedr and --seedo are seeds of the other generator");
+  } else if (options.Empty && (options.Seedr || options.Lfsr)) {
+    given.Refuse("--empty needs no seeds");
+  }
+}
+
+constexpr std::array kOperands{Operand{"OUT", "the file to save the set in"}};
+constexpr std::array kOptions{
+    Option{"first", "N", "the number of the first board"},
+    Option{"last", "N", "the number of the last board"},
+    Option{"generator", "bigdeal|morvane", "the number or the shuffling generator"},
+    Option{"empty", "", "leave the boards without cards"},
+    Option{"shapes", "on|off", "reject odd shapes"},
+    Option{"inner", "on|off", "reject what resembles another board of the set"},
+    Option{"history", "on|off", "reject what resembles a board already played"},
+    Option{"seedr", "HEX40", "a seed of the number generator, with --seedo", true},
+    Option{"seedo", "HEX40", "its other seed, with --seedr"},
+    Option{"lfsr", "HEX32", "a state of the shuffling generator"},
+};
+
 }  // namespace
 
-ExitStatus Generate(Workplace& place, const Request& request, shell::Shell& shell) {
-  generate::OpenGenerate(place.Prog, shell.Deals());
-  const auto result = Run(place, request, shell);
+GenerateOptions ReadGenerateOptions(OptionReader& given) {
+  GenerateOptions options{.Out = given.Path(0),
+                          .First = given.BoardNumber("first"),
+                          .Last = given.BoardNumber("last"),
+                          .Generator = given.Choice("generator", "bigdeal", "morvane"),
+                          .Empty = given.Has("empty"),
+                          .Shapes = given.Switch("shapes"),
+                          .Inner = given.Switch("inner"),
+                          .History = given.Switch("history"),
+                          .Seedr = given.Hex("seedr", 40),
+                          .Seedo = given.Hex("seedo", 40),
+                          .Lfsr = given.Hex("lfsr", 32)};
+  CheckTogether(options, given);
+  return options;
+}
+
+ExitStatus Generate(Job& job, const GenerateOptions& options) {
+  Terminal& screen = job.Place.Screen;
+  const BoardSet& set = job.Place.Prog.Set;
+  generate::OpenGenerate(job.Place.Prog, job.Shell.Deals());
+  const auto result = Run(job, options);
   if (!result) {
-    place.Screen.Error("The seeds are not hexadecimal numbers of the length asked for.\n");
+    screen.Error("The seeds are not hexadecimal numbers of the length asked for.\n");
     return kWrongUsage;
   }
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
-  if (!Save(place, request, shell)) return kFailed;
-  place.Screen.Out(Summary(place.Prog.Set, *result));
-  if (!request.Empty) {
-    place.Screen.Out("SHA-256: " + audit::SetFingerprint(place.Prog.Set) + "\n");
-  }
+  if (!Save(job, options.Out)) return kFailed;
+  screen.Out(Summary(set, *result));
+  if (!options.Empty) screen.Out("SHA-256: " + audit::SetFingerprint(set) + "\n");
   return kDone;
 }
+
+constinit const Command kGenerateCommand{
+    .Name = "generate",
+    .Operands = kOperands,
+    .Options = kOptions,
+    .Summary = "Makes a set of boards and saves it. What no option says, the settings say.",
+    .Note =
+        "generate shows the SHA-256 of the deals that it has made: publish it before play, and "
+        "the log afterwards.",
+    .Prepare = TaskOf<ReadGenerateOptions, Generate>};
 
 }  // namespace morvane::cli

@@ -1,48 +1,28 @@
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
+
+#include "cli/command.h"
+#include "cli/option_reader.h"
 
 namespace morvane::cli {
 
-/// What was asked for on the command line. An option that was not given is empty, and means what
-/// the settings or the set say.
-struct Request {
-  std::string Raw;      ///< the command line as it was given, for the log
-  std::string Command;  ///< generate, convert, show, deal, history or audit
-  std::string In;
-  std::string Out;
-  bool Yes = false;
-
-  // generate; First: convert too
-  std::optional<std::string> First;
-  std::optional<std::string> Last;
-  std::optional<std::string> Generator;  ///< "bigdeal" or "morvane"
-  bool Empty = false;
-  std::optional<bool> Shapes;
-  std::optional<bool> Inner;
-  std::optional<bool> History;
-  std::optional<std::string> Seedr;
-  std::optional<std::string> Seedo;
-  std::optional<std::string> Lfsr;
-
-  // convert
-  bool Import = false;
-
-  // show
-  std::optional<int> Board;
-
-  // deal
-  std::optional<int> From;
-  std::optional<int> To;
-  std::optional<int> Copies;
-  bool Auto = false;
-
-  // audit
-  std::optional<std::string> Sha256;  ///< that a set must have
-
-  // history
-  bool List = false;
+/// A command line whose options have been told from its other words.
+struct CommandWords {
+  std::string Raw;                 ///< as it was given, for the log
+  std::vector<std::string> Words;  ///< the command and its operands
+  std::vector<GivenOption> Options;
 };
+
+/// What a command line asks for.
+struct Request {
+  const Command* Asked = nullptr;
+  Task What;
+  std::string Error;  ///< not empty: wrong usage, and why; there is no task
+};
+
+/// Finds the command and has it take its options. Nothing has been touched yet.
+[[nodiscard]] Request TakeRequest(const CommandWords& given);
 
 }  // namespace morvane::cli

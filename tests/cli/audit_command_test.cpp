@@ -19,8 +19,7 @@ struct AuditDesk : CliDesk {
   AuditDesk() : CliDesk(true) {}
   /// What was shown of the set made.
   std::string Generate(const std::string& last, bool shuffling = false, bool empty = false) {
-    Request request;
-    request.Command = "generate";
+    GenerateOptions request;
     request.Out = Out;
     request.First = "1";
     request.Last = last;
@@ -37,9 +36,8 @@ struct AuditDesk : CliDesk {
   ExitStatus Audit(const std::string& log) {
     Screen.Output.clear();
     Screen.Errors.clear();
-    Request request;
-    request.Command = "audit";
-    request.In = log;
+    AuditOptions request;
+    request.Log = log;
     return Run(request);
   }
   /// Audits a copy of the log in which one text stands for another.
@@ -255,9 +253,8 @@ TEST(AuditCommand, APublishedFingerprintMustBeThatOfASet) {
   const std::string shown = desk.Generate("4");
   const std::size_t at = shown.find("SHA-256: ");
   ASSERT_NE(at, std::string::npos);
-  Request request;
-  request.Command = "audit";
-  request.In = desk.Prog.Log.Path();
+  AuditOptions request;
+  request.Log = desk.Prog.Log.Path();
   request.Sha256 = shown.substr(at + 9, 64);
   EXPECT_EQ(desk.Run(request), kDone) << desk.Screen.Errors;
   request.Sha256->front() = request.Sha256->front() == 'a' ? 'b' : 'a';

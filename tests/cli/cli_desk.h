@@ -5,7 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "cli/commands.h"
+#include "cli/audit_command.h"
+#include "cli/convert_command.h"
+#include "cli/deal_command.h"
+#include "cli/generate_command.h"
+#include "cli/history_command.h"
+#include "cli/show_command.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
 
@@ -70,12 +75,15 @@ struct CliDesk {
   const std::string In = Folder / "in.pbn";
   const std::string Out = Folder / "out.pbn";
 
-  ExitStatus Run(const Request& request) { return RunOn(Machine, &Machine, request); }
+  ExitStatus Run(const GenerateOptions& options) { return Do(Generate, options); }
+  ExitStatus Run(const ConvertOptions& options) { return Do(Convert, options); }
+  ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
+  ExitStatus Run(const DealOptions& options) { return Do(Deal, options); }
+  ExitStatus Run(const HistoryOptions& options) { return Do(ShowHistory, options); }
+  ExitStatus Run(const AuditOptions& options) { return Do(Audit, options); }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
-  ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const Request& request) {
-    Workplace place{Prog, Operator, Screen,
-                    usb,  seen,     [this] { return std::exchange(Interrupted, false); }};
-    return RunCommand(place, request);
+  ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const DealOptions& options) {
+    return DoOn(usb, seen, Deal, options);
   }
   [[nodiscard]] std::vector<std::string> LogLines() const {
     std::vector<std::string> lines;
@@ -94,6 +102,19 @@ struct CliDesk {
       if (line.size() > 2 && line.starts_with("  ") && line[2] == '0') lines.push_back(line);
     }
     return lines;
+  }
+
+ private:
+  template <typename Options>
+  ExitStatus Do(ExitStatus (*command)(Job&, const Options&), const Options& options) {
+    return DoOn(Machine, &Machine, command, options);
+  }
+  template <typename Options>
+  ExitStatus DoOn(UsbXpress& usb, simulator::SimulatedMachine* seen,
+                  ExitStatus (*command)(Job&, const Options&), const Options& options) {
+    Workplace place{Prog, Operator, Screen,
+                    usb,  seen,     [this] { return std::exchange(Interrupted, false); }};
+    return RunJob(place, "", [&](Job& job) { return command(job, options); });
   }
 };
 
@@ -114,12 +135,11 @@ struct DealDesk : CliDesk {
                     const simulator::Options& options = AtSpeed(0))
       : CliDesk(yes, options) {
     test::WriteContent(In, SuitDeals(first, last));
-    What.Command = "deal";
     What.In = In;
     What.Yes = yes;
     What.Auto = true;
   }
-  Request What;
+  DealOptions What;
   ExitStatus Deal() { return Run(What); }
 };
 

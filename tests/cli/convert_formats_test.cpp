@@ -20,8 +20,7 @@ struct FormatDesk : CliDesk {
   }
   ExitStatus Convert(const std::string& in, const std::string& out,
                      std::optional<std::string> first = std::nullopt) {
-    Request request;
-    request.Command = "convert";
+    ConvertOptions request;
     request.In = Folder / in;
     request.Out = Folder / out;
     request.First = std::move(first);

@@ -12,16 +12,14 @@ using ::testing::StartsWith;
 struct FileDesk : CliDesk {
   explicit FileDesk(bool yes = false) : CliDesk(yes) { test::WriteContent(In, SuitDeals(3, 4)); }
   ExitStatus Convert(bool import = false) {
-    Request request;
-    request.Command = "convert";
+    ConvertOptions request;
     request.Import = import;
     request.In = In;
     request.Out = Out;
     return Run(request);
   }
   ExitStatus Show(std::optional<int> board = std::nullopt) {
-    Request request;
-    request.Command = "show";
+    ShowOptions request;
     request.In = In;
     request.Board = board;
     return Run(request);
@@ -68,8 +66,7 @@ TEST(ConvertCommand, AMissingFileFailsAndWritesNothing) {
 
 TEST(ConvertCommand, AnUnknownFormatFails) {
   FileDesk desk;
-  Request request;
-  request.Command = "convert";
+  ConvertOptions request;
   request.In = desk.In;
   request.Out = desk.Folder / "out.doc";
   EXPECT_EQ(desk.Run(request), kFailed);

@@ -15,9 +15,8 @@ const std::string kSeedo = "89ABCDEF00112233445566778899AABBCCDDEEFF";
 const std::string kLfsr = "0123456789ABCDEF0123456789ABCDEF";
 
 /// Boards 1 to 8 without any test, from seeds.
-Request Seeded(const CliDesk& desk, const std::string& seedr, const std::string& seedo) {
-  Request request;
-  request.Command = "generate";
+GenerateOptions Seeded(const CliDesk& desk, const std::string& seedr, const std::string& seedo) {
+  GenerateOptions request;
   request.Out = desk.Out;
   request.First = "1";
   request.Last = "8";
@@ -27,16 +26,16 @@ Request Seeded(const CliDesk& desk, const std::string& seedr, const std::string&
   return request;
 }
 
-Request FromState(const CliDesk& desk, const std::string& state) {
-  Request request = Seeded(desk, "", "");
+GenerateOptions FromState(const CliDesk& desk, const std::string& state) {
+  GenerateOptions request = Seeded(desk, "", "");
   request.Seedr.reset();
   request.Seedo.reset();
   request.Lfsr = state;
   return request;
 }
 
-Request Fresh(const CliDesk& desk) {
-  Request request = FromState(desk, "");
+GenerateOptions Fresh(const CliDesk& desk) {
+  GenerateOptions request = FromState(desk, "");
   request.Lfsr.reset();
   return request;
 }
@@ -92,7 +91,7 @@ TEST(GenerateCommand, TheSeedsGivenStandInTheLogAsTheyWereGiven) {
 
 TEST(GenerateCommand, ALoggedSetOfTheNumberGeneratorCanBeMadeAgainFromItsLoggedSeeds) {
   CliDesk first;
-  Request request = Fresh(first);
+  GenerateOptions request = Fresh(first);
   request.Generator = "bigdeal";
   ASSERT_EQ(first.Run(request), kDone);
   CliDesk again;
@@ -104,7 +103,7 @@ TEST(GenerateCommand, ALoggedSetOfTheNumberGeneratorCanBeMadeAgainFromItsLoggedS
 
 TEST(GenerateCommand, ALoggedSetOfTheShufflingGeneratorCanBeMadeAgainFromItsLoggedState) {
   CliDesk first;
-  Request request = Fresh(first);
+  GenerateOptions request = Fresh(first);
   request.Generator = "morvane";
   ASSERT_EQ(first.Run(request), kDone);
   std::string state = Logged(first, "  Seed: ");
@@ -132,8 +131,7 @@ TEST(GenerateCommand, WithoutOptionsTheSettingsDecide) {
   desk.Store.Set(kNewInner, "0");
   desk.Store.Set(kNewHistory, "1");
   desk.Store.Set(kGenerator, "1");
-  Request request;
-  request.Command = "generate";
+  GenerateOptions request;
   request.Out = desk.Out;
   ASSERT_EQ(desk.Run(request), kDone);
   EXPECT_EQ(Logged(desk, "  Generate: ").substr(0, 12), "5,6 : 1,0,1 ");
@@ -143,8 +141,7 @@ TEST(GenerateCommand, WithoutOptionsTheSettingsDecide) {
 
 TEST(GenerateCommand, WithoutSettingsEitherItIs32BoardsOfTheNumberGenerator) {
   CliDesk desk;
-  Request request;
-  request.Command = "generate";
+  GenerateOptions request;
   request.Out = desk.Out;
   ASSERT_EQ(desk.Run(request), kDone);
   EXPECT_EQ(Logged(desk, "  Generate: ").substr(0, 13), "1,32 : 0,1,1 ");
@@ -156,7 +153,7 @@ TEST(GenerateCommand, OptionsGoBeforeTheSettings) {
   desk.Store.Set(kNewFirstBoard, "5");
   desk.Store.Set(kNewShapes, "1");
   desk.Store.Set(kGenerator, "1");
-  Request request = Fresh(desk);
+  GenerateOptions request = Fresh(desk);
   request.Generator = "bigdeal";
   ASSERT_EQ(desk.Run(request), kDone);
   EXPECT_EQ(Logged(desk, "  Generate: "), "1,8 : 0,0,0 : 0,0,0");
@@ -165,7 +162,7 @@ TEST(GenerateCommand, OptionsGoBeforeTheSettings) {
 
 TEST(GenerateCommand, SaysWhatItHasMade) {
   CliDesk desk;
-  Request request = Seeded(desk, kSeedr, kSeedo);
+  GenerateOptions request = Seeded(desk, kSeedr, kSeedo);
   request.First = "5";
   ASSERT_EQ(desk.Run(request), kDone);
   EXPECT_THAT(desk.Screen.Output, StartsWith("Boards 5 to 8: 4\nSHA-256: "));
@@ -186,7 +183,7 @@ TEST(GenerateCommand, ShowsTheFingerprintOfTheSet) {
 
 TEST(GenerateCommand, SaysWhatTheTestsHaveRejected) {
   CliDesk desk;
-  Request request = Seeded(desk, kSeedr, kSeedo);
+  GenerateOptions request = Seeded(desk, kSeedr, kSeedo);
   request.Last = "1";
   request.Shapes = request.Inner = request.History = true;
   ASSERT_EQ(desk.Run(request), kDone);
@@ -199,7 +196,7 @@ TEST(GenerateCommand, SaysWhatTheTestsHaveRejected) {
 TEST(GenerateCommand, CountsTheBoardsOnATerminal) {
   CliDesk desk;
   desk.Screen.Progress = true;
-  Request request = Seeded(desk, kSeedr, kSeedo);
+  GenerateOptions request = Seeded(desk, kSeedr, kSeedo);
   request.Last = "2";
   ASSERT_EQ(desk.Run(request), kDone);
   EXPECT_THAT(desk.Screen.Output, StartsWith("\rBoards generated: 1\rBoards generated: 2\n"
@@ -208,7 +205,7 @@ TEST(GenerateCommand, CountsTheBoardsOnATerminal) {
 
 TEST(GenerateCommand, ARangeThatCannotBeIsRefusedInTheWordsOfTheWindow) {
   CliDesk desk;
-  Request request = Fresh(desk);
+  GenerateOptions request = Fresh(desk);
   request.First = "9";
   EXPECT_EQ(desk.Run(request), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
@@ -221,7 +218,7 @@ TEST(GenerateCommand, ARangeThatCannotBeIsRefusedInTheWordsOfTheWindow) {
 TEST(GenerateCommand, AFailedSystemSourceMakesNoFile) {
   CliDesk desk;
   desk.Random.AllZero = true;
-  Request request = Fresh(desk);
+  GenerateOptions request = Fresh(desk);
   request.Generator = "bigdeal";
   EXPECT_EQ(desk.Run(request), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
@@ -239,7 +236,7 @@ TEST(GenerateCommand, SeedsThatAreNoneAreWrongUsage) {
 
 TEST(GenerateCommand, AFileThatCannotBeWrittenIsTold) {
   CliDesk desk;
-  Request request = Seeded(desk, kSeedr, kSeedo);
+  GenerateOptions request = Seeded(desk, kSeedr, kSeedo);
   request.Out = desk.Folder / "no/such.pbn";
   EXPECT_EQ(desk.Run(request), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
@@ -251,7 +248,7 @@ TEST(GenerateCommand, AFileThatCannotBeWrittenIsTold) {
 TEST(GenerateCommand, EmptyBoardsAreSavedOnlyWhenSomebodySaysSo) {
   for (const bool yes : {false, true}) {
     CliDesk desk(yes);
-    Request request = Fresh(desk);
+    GenerateOptions request = Fresh(desk);
     request.Empty = true;
     request.Last = "2";
     EXPECT_EQ(desk.Run(request), yes ? kDone : kFailed);

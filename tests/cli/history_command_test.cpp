@@ -6,8 +6,7 @@ namespace {
 struct HistoryDesk : CliDesk {
   HistoryDesk() { test::WriteContent(In, SuitDeals(3, 4)); }
   ExitStatus History(bool list) {
-    Request request;
-    request.Command = "history";
+    HistoryOptions request;
     request.List = list;
     return Run(request);
   }
@@ -21,8 +20,7 @@ TEST(HistoryCommand, SaysHowFullTheHistoryIs) {
 
 TEST(HistoryCommand, ListsTheFilesThatWereLoadedAndSaved) {
   HistoryDesk desk;
-  Request convert;
-  convert.Command = "convert";
+  ConvertOptions convert;
   convert.In = desk.In;
   convert.Out = desk.Folder / "Żółw.pbn";
   ASSERT_EQ(desk.Run(convert), kDone);

@@ -188,6 +188,7 @@ TEST_F(FilesEndToEnd, WrongUsageEndsWith2AndTouchesNothing) {
   for (const auto& [words, error] :
        {Wrong{{}, "no command"}, Wrong{{"make"}, "unknown command: make"},
         Wrong{{"generate"}, "generate: wrong number of files"},
+        Wrong{{"help", "make"}, "unknown command: make"},
         Wrong{{"show", "a.pbn", "--board", "x"}, "--board x: wanted a number above 0"},
         Wrong{{"generate", "a.pbn", "--fast"}, "Unknown option 'fast'."}}) {
     const Outcome outcome = Run(words);
@@ -206,6 +207,14 @@ TEST_F(FilesEndToEnd, HelpEndsWith0) {
   const Outcome outcome = Run({"--help"});
   EXPECT_EQ(outcome.Status, 0);
   EXPECT_THAT(outcome.Out, StartsWith("Usage: morvane-cli "));
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST_F(FilesEndToEnd, HelpOfACommandTouchesNothing) {
+  const Outcome outcome = Run({"--machine", "toaster", "help", "deal"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_THAT(outcome.Out, StartsWith("Usage: morvane-cli deal IN "));
   EXPECT_EQ(outcome.Err, "");
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }

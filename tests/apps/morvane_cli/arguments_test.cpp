@@ -5,12 +5,43 @@
 #include <array>
 #include <filesystem>
 
+#include "cli/audit_command.h"
+#include "cli/convert_command.h"
+#include "cli/deal_command.h"
+#include "cli/generate_command.h"
+#include "cli/history_command.h"
+#include "cli/show_command.h"
+
 namespace morvane {
 namespace {
 
 using ::testing::HasSubstr;
 
 Arguments Parsed(const QStringList& words) { return ParseArguments(QStringList{"cli"} + words); }
+
+/// What `Read` makes of the command line, whose command is `name`.
+template <auto Read>
+auto Taken(const char* name, const QStringList& words) {
+  const Arguments arguments = Parsed(QStringList{name} + words);
+  EXPECT_EQ(arguments.Error, "");
+  EXPECT_EQ(arguments.Request.Asked->Name, name);
+  cli::OptionReader given(std::span(arguments.Given.Words).subspan(1), arguments.Given.Options);
+  auto options = Read(given);
+  EXPECT_EQ(given.Error(), "");
+  return options;
+}
+cli::GenerateOptions Generate(const QStringList& words) {
+  return Taken<cli::ReadGenerateOptions>("generate", words);
+}
+cli::ConvertOptions Convert(const QStringList& words) {
+  return Taken<cli::ReadConvertOptions>("convert", words);
+}
+cli::ShowOptions Show(const QStringList& words) {
+  return Taken<cli::ReadShowOptions>("show", words);
+}
+cli::DealOptions Deal(const QStringList& words) {
+  return Taken<cli::ReadDealOptions>("deal", words);
+}
 
 const QString kSeed40 = QString(40, '0');
 const QString kState32 = QString(32, 'a');
@@ -40,7 +71,13 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongUsage{{"show"}, "show: wrong number of files"},
                       WrongUsage{{"deal", "a", "b"}, "deal: wrong number of files"},
                       WrongUsage{{"audit"}, "audit: wrong number of files"},
-                      WrongUsage{{"audit", "a", "b"}, "audit: wrong number of files"}));
+                      WrongUsage{{"audit", "a", "b"}, "audit: wrong number of files"},
+                      WrongUsage{{"history", "a"}, "history: wrong number of files"},
+                      WrongUsage{{"help", "nosuch"}, "unknown command: nosuch"},
+                      WrongUsage{{"help", ""}, "unknown command: "},
+                      WrongUsage{{"help", "deal", "show"}, "help: wrong number of commands"},
+                      WrongUsage{{"help", "deal", "--from", "1"},
+                                 "--from does not belong to help"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Options, WrongUsageTest,
@@ -103,17 +140,24 @@ TEST(Arguments, OfTwoWrongValuesOneIsTold) {
 TEST(Arguments, WithoutOptionsNothingIsSet) {
   const Arguments arguments = Parsed({"deal", "/sets/a.pbn"});
   EXPECT_EQ(arguments.Error, "");
+  EXPECT_EQ(arguments.Help, "");
   EXPECT_EQ(arguments.Data, "");
   EXPECT_EQ(arguments.Settings, "");
   EXPECT_EQ(arguments.Machine, "simulated");
-  const cli::Request& what = arguments.What;
-  EXPECT_EQ(what.Command, "deal");
-  EXPECT_EQ(what.In, "/sets/a.pbn");
-  EXPECT_EQ(what.Out, "");
-  EXPECT_FALSE(what.Yes || what.Auto || what.Empty);
-  EXPECT_FALSE(what.From || what.To || what.Copies || what.Board);
-  EXPECT_FALSE(what.First || what.Last || what.Generator || what.Seedr || what.Seedo || what.Lfsr);
-  EXPECT_FALSE(what.Shapes || what.Inner || what.History);
+  EXPECT_FALSE(arguments.Yes);
+}
+
+TEST(Arguments, WithoutOptionsACommandHasNone) {
+  const cli::DealOptions deal = Deal({"/sets/a.pbn"});
+  EXPECT_EQ(deal.In, "/sets/a.pbn");
+  EXPECT_FALSE(deal.Yes || deal.Auto || deal.From || deal.To || deal.Copies);
+  const cli::GenerateOptions generate = Generate({"/a"});
+  EXPECT_FALSE(generate.First || generate.Last || generate.Generator || generate.Empty);
+  EXPECT_FALSE(generate.Seedr || generate.Seedo || generate.Lfsr);
+  EXPECT_FALSE(generate.Shapes || generate.Inner || generate.History);
+  EXPECT_FALSE(Show({"/a"}).Board);
+  EXPECT_FALSE(Taken<cli::ReadHistoryOptions>("history", {}).List);
+  EXPECT_FALSE(Taken<cli::ReadAuditOptions>("audit", {"/a"}).Sha256);
 }
 
 TEST(Arguments, TheGlobalOptionsMayStandAnywhere) {
@@ -126,55 +170,75 @@ TEST(Arguments, TheGlobalOptionsMayStandAnywhere) {
     EXPECT_EQ(arguments.Data, "d");
     EXPECT_EQ(arguments.Settings, "s");
     EXPECT_EQ(arguments.Machine, "serial:x");
-    EXPECT_TRUE(arguments.What.Yes);
-    EXPECT_EQ(arguments.What.In, "/a");
+    EXPECT_TRUE(arguments.Yes);
+    EXPECT_EQ(arguments.Given.Words, (std::vector<std::string>{"show", "/a"}));
   }
 }
 
 TEST(Arguments, DealTakesItsOptions) {
-  const cli::Request what =
-      Parsed({"deal", "/a.pbn", "--from", "2", "--to", "640", "--copies", "99", "--auto"}).What;
+  const cli::DealOptions what =
+      Deal({"/a.pbn", "--from", "2", "--to", "640", "--copies", "99", "--auto", "--yes"});
   EXPECT_EQ(what.From, 2);
   EXPECT_EQ(what.To, 640);
   EXPECT_EQ(what.Copies, 99);
   EXPECT_TRUE(what.Auto);
+  EXPECT_TRUE(what.Yes);
 }
 
 TEST(Arguments, ConvertMayImport) {
-  const cli::Request what = Parsed({"convert", "--import", "/a.pbn", "/b.pbn"}).What;
+  const cli::ConvertOptions what = Convert({"--import", "/a.pbn", "/b.pbn"});
   EXPECT_TRUE(what.Import);
   EXPECT_EQ(what.In, "/a.pbn");
   EXPECT_EQ(what.Out, "/b.pbn");
-  EXPECT_FALSE(Parsed({"convert", "/a.pbn", "/b.pbn"}).What.Import);
+  EXPECT_FALSE(Convert({"/a.pbn", "/b.pbn"}).Import);
 }
 
-TEST(Arguments, ShowTakesItsBoard) {
-  EXPECT_EQ(Parsed({"show", "/a", "--board", "7"}).What.Board, 7);
+TEST(Arguments, ShowTakesItsBoard) { EXPECT_EQ(Show({"/a", "--board", "7"}).Board, 7); }
+
+TEST(Arguments, ANumberMayHaveBlanksAroundItAndAPlusSign) {
+  for (const char* number : {" 7", "7 ", "+7", "007"}) {
+    EXPECT_EQ(Show({"/a", "--board", number}).Board, 7) << number;
+  }
+  for (const char* none : {"+", "++7", "+-7", "7 8", " ", "0x7"}) {
+    EXPECT_EQ(Parsed({"show", "/a", "--board", none}).Error,
+              "--board " + std::string(none) + ": wanted a number above 0");
+  }
+}
+
+TEST(Arguments, OfAnOptionGivenTwiceTheLastCounts) {
+  EXPECT_EQ(Show({"/a", "--board", "7", "--board", "8"}).Board, 8);
+}
+
+TEST(Arguments, TheFirstOptionThatDoesNotBelongIsTold) {
+  EXPECT_EQ(Parsed({"show", "--yes", "--to", "1", "--from", "x"}).Error,
+            "--to does not belong to show");
+}
+
+TEST(Arguments, TheLineForTheLogHasNoQuotes) {
+  EXPECT_EQ(Parsed({"show", "/my \"set\".pbn", "--board", "7"}).Given.Raw,
+            "show /my set.pbn --board 7");
 }
 
 TEST(Arguments, AuditTakesALog) {
-  const cli::Request what = Parsed({"audit", "/data/Log_2026_3.txt"}).What;
-  EXPECT_EQ(what.Command, "audit");
-  EXPECT_EQ(what.In, "/data/Log_2026_3.txt");
-  EXPECT_EQ(what.Out, "");
+  const cli::AuditOptions what =
+      Taken<cli::ReadAuditOptions>("audit", {"/data/Log_2026_3.txt", "--sha256", QString(64, 'A')});
+  EXPECT_EQ(what.Log, "/data/Log_2026_3.txt");
+  EXPECT_EQ(what.Sha256, std::string(64, 'A'));
 }
 
 TEST(Arguments, ConvertTakesTwoFiles) {
-  const cli::Request what = Parsed({"convert", "/a.pbn", "/b.pbn"}).What;
+  const cli::ConvertOptions what = Convert({"/a.pbn", "/b.pbn"});
   EXPECT_EQ(what.In, "/a.pbn");
   EXPECT_EQ(what.Out, "/b.pbn");
   EXPECT_FALSE(what.First);
-  EXPECT_EQ(Parsed({"convert", "/a.bri", "/b.pbn", "--first", "17"}).What.First, "17");
+  EXPECT_EQ(Convert({"/a.bri", "/b.pbn", "--first", "17"}).First, "17");
 }
 
 TEST(Arguments, GenerateTakesItsOptions) {
-  const Arguments arguments = Parsed({"generate", "/a.pbn", "--first", "3", "--last", "8",
-                                      "--generator", "bigdeal", "--shapes", "on", "--inner", "off",
-                                      "--history", "on", "--seedr", kSeed40, "--seedo", kSeed40});
-  EXPECT_EQ(arguments.Error, "");
-  const cli::Request& what = arguments.What;
+  const cli::GenerateOptions what =
+      Generate({"/a.pbn", "--first", "3", "--last", "8", "--generator", "bigdeal", "--shapes", "on",
+                "--inner", "off", "--history", "on", "--seedr", kSeed40, "--seedo", kSeed40});
   EXPECT_EQ(what.Out, "/a.pbn");
-  EXPECT_EQ(what.In, "");
   EXPECT_EQ(what.First, "3");
   EXPECT_EQ(what.Last, "8");
   EXPECT_EQ(what.Generator, "bigdeal");
@@ -186,7 +250,7 @@ TEST(Arguments, GenerateTakesItsOptions) {
 }
 
 TEST(Arguments, AnEmptySetNeedsNoSeeds) {
-  EXPECT_TRUE(Parsed({"generate", "/a.pbn", "--empty"}).What.Empty);
+  EXPECT_TRUE(Generate({"/a.pbn", "--empty"}).Empty);
   EXPECT_EQ(Parsed({"generate", "/a.pbn", "--empty", "--lfsr", std::string(32, '1').c_str()}).Error,
             "--empty needs no seeds");
 }
@@ -198,7 +262,7 @@ TEST(Arguments, BoardNumbersAreThoseOfTheirBoxes) {
     EXPECT_EQ(Parsed({"generate", "/a.pbn", first}).Error, error);
     EXPECT_EQ(Parsed({"convert", "/a.bri", "/b.pbn", first}).Error, error);
   }
-  EXPECT_EQ(Parsed({"generate", "/a.pbn", "--last", "999"}).What.Last, "999");
+  EXPECT_EQ(Generate({"/a.pbn", "--last", "999"}).Last, "999");
 }
 
 TEST(Arguments, NothingNamedIsWrongUsage) {
@@ -209,24 +273,21 @@ TEST(Arguments, NothingNamedIsWrongUsage) {
 
 TEST(Arguments, TheRegistersStateGoesWithItsOwnGenerator) {
   for (const QStringList& words :
-       {QStringList{"generate", "/a", "--lfsr", kState32},
-        QStringList{"generate", "/a", "--lfsr", kState32, "--generator", "morvane"}}) {
-    const Arguments arguments = Parsed(words);
-    EXPECT_EQ(arguments.Error, "");
-    EXPECT_EQ(arguments.What.Lfsr, std::string(32, 'a'));
+       {QStringList{"/a", "--lfsr", kState32},
+        QStringList{"/a", "--lfsr", kState32, "--generator", "morvane"}}) {
+    EXPECT_EQ(Generate(words).Lfsr, std::string(32, 'a'));
   }
 }
 
 TEST(Arguments, FilesAreMadeAbsolute) {
   const std::string here = std::filesystem::current_path().string();
-  EXPECT_EQ(Parsed({"convert", "a.pbn", "sub/../b.pbn"}).What.In, here + "/a.pbn");
+  EXPECT_EQ(Convert({"a.pbn", "sub/../b.pbn"}).In, here + "/a.pbn");
   // Not shortened: "sub" may be a link, and ".." then is another folder.
-  EXPECT_EQ(Parsed({"convert", "a.pbn", "sub/../b.pbn"}).What.Out, here + "/sub/../b.pbn");
+  EXPECT_EQ(Convert({"a.pbn", "sub/../b.pbn"}).Out, here + "/sub/../b.pbn");
 }
 
 TEST(Arguments, BehindTwoDashesAFileMayBeginWithThem) {
-  EXPECT_EQ(Parsed({"show", "--", "--set.pbn"}).What.In,
-            std::filesystem::current_path().string() + "/--set.pbn");
+  EXPECT_EQ(Show({"--", "--set.pbn"}).In, std::filesystem::current_path().string() + "/--set.pbn");
 }
 
 TEST(Arguments, HelpGoesBeforeEverythingButAnUnknownOption) {
@@ -241,6 +302,27 @@ TEST(Arguments, HelpGoesBeforeEverythingButAnUnknownOption) {
     }
   }
   EXPECT_EQ(Parsed({"--help", "--fast"}).Error, "Unknown option 'fast'.");
+}
+
+TEST(Arguments, HelpTellsOfACommandAndAsksForNothingElse) {
+  for (const QStringList& words :
+       {QStringList{"help", "deal"}, QStringList{"--data", "d", "--settings=s", "--machine",
+                                                 "toaster", "--yes", "help", "deal"}}) {
+    const Arguments arguments = Parsed(words);
+    EXPECT_EQ(arguments.Error, "");
+    EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane-cli deal IN [--from N]"));
+    EXPECT_FALSE(arguments.Request.What.Work);
+  }
+  EXPECT_EQ(Parsed({"help"}).Help, Parsed({"--help"}).Help);
+}
+
+TEST(Arguments, OnlyADealDrivesTheMachine) {
+  EXPECT_TRUE(Parsed({"deal", "/a"}).Request.Asked->DrivesMachine);
+  for (const QStringList& words :
+       {QStringList{"generate", "/a"}, QStringList{"convert", "a", "b"}, QStringList{"show", "a"},
+        QStringList{"history"}, QStringList{"audit", "a"}, QStringList{"help"}}) {
+    EXPECT_FALSE(Parsed(words).Request.Asked->DrivesMachine);
+  }
 }
 
 /// Whether "cli" followed by `word` is text.

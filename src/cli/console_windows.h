@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "cli/console_run.h"
+#include "cli/deal_options.h"
+#include "cli/workplace.h"
+#include "shell/flow_windows.h"
+
+namespace morvane::cli {
+
+/// A command has no window to show and opens those of a run on the terminal.
+class ConsoleWindows final : public shell::FlowWindows {
+ public:
+  explicit ConsoleWindows(Workplace& place) : place_(place) {}
+
+  /// What the dialog of board numbers is answered with; without it, or with nothing, the numbers
+  /// offered are taken.
+  void AnswerFirstBoard(std::optional<std::string> first) { firstBoard_ = std::move(first); }
+  [[nodiscard]] bool NumbersAsked() const { return numbersAsked_; }
+
+  /// How a run goes from now on, and what can be seen of its machine.
+  void DealBy(const DealOptions& options, MachineSide side);
+  [[nodiscard]] const RunReport& Report() const { return report_; }
+
+  void ShowMainMenu() override {}
+  void BringToFront() override {}
+  /// A number that is refused is not asked for again: the load ends there.
+  void ShowLoadNumber(files::LoadNumber& dialog) override;
+  std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
+
+ private:
+  Workplace& place_;
+  std::optional<std::string> firstBoard_;
+  bool numbersAsked_ = false;
+  DealOptions deal_;
+  MachineSide side_;
+  RunReport report_;
+};
+
+}  // namespace morvane::cli

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "cli/command.h"
+
+namespace morvane::cli {
+
+extern const Command kHelpCommand;
+
+}  // namespace morvane::cli

@@ -1,0 +1,94 @@
+#include "cli/option_reader.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/files.h"
+#include "text/text.h"
+
+namespace morvane::cli {
+namespace {
+
+/// The number from 1 on that the whole text is; blanks around it and a plus sign are no harm.
+std::optional<int> NumberOf(const std::string& text) {
+  const std::string digits = Trim(text);
+  const char* const end = digits.data() + digits.size();
+  const char* const begin = digits.data() + (digits.starts_with("+") ? 1 : 0);
+  int number = 0;
+  const auto result = std::from_chars(begin, end, number);
+  if (result.ec != std::errc() || result.ptr != end || number < 1) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+
+std::optional<std::string> OptionReader::Word(std::size_t at) const {
+  if (at >= operands_.size()) return std::nullopt;
+  return operands_[at];
+}
+
+std::string OptionReader::Path(std::size_t at) const {
+  return at < operands_.size() ? AbsolutePath(operands_[at]) : "";
+}
+
+bool OptionReader::Has(std::string_view name) const { return Text(name).has_value(); }
+
+std::optional<std::string> OptionReader::Text(std::string_view name) const {
+  const auto option = std::find_if(options_.begin(), options_.end(),
+                                   [name](const GivenOption& given) { return given.Name == name; });
+  if (option == options_.end()) return std::nullopt;
+  return option->Value;
+}
+
+std::optional<int> OptionReader::Number(std::string_view name) {
+  const auto text = Text(name);
+  if (!text) return std::nullopt;
+  const auto number = NumberOf(*text);
+  if (!number) Wrong(name, *text, "a number above 0");
+  return number;
+}
+
+std::optional<std::string> OptionReader::BoardNumber(std::string_view name) {
+  auto text = Text(name);
+  if (!text) return std::nullopt;
+  const bool digits = text->find_first_not_of("0123456789") == std::string::npos;
+  if (digits && !text->empty() && text->size() <= 3) return text;
+  Wrong(name, *text, "a number up to 999");
+  return std::nullopt;
+}
+
+std::optional<bool> OptionReader::Switch(std::string_view name) {
+  const auto text = Text(name);
+  if (!text) return std::nullopt;
+  if (*text == "on" || *text == "off") return *text == "on";
+  Wrong(name, *text, "on or off");
+  return std::nullopt;
+}
+
+std::optional<std::string> OptionReader::Choice(std::string_view name, std::string_view one,
+                                                std::string_view other) {
+  auto text = Text(name);
+  if (!text || *text == one || *text == other) return text;
+  Wrong(name, *text, std::string(one) + " or " + std::string(other));
+  return std::nullopt;
+}
+
+std::optional<std::string> OptionReader::Hex(std::string_view name, std::size_t digits) {
+  auto text = Text(name);
+  if (!text) return std::nullopt;
+  const bool hex = text->find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+  if (hex && text->size() == digits) return text;
+  Wrong(name, *text, std::to_string(digits) + " hexadecimal digits");
+  return std::nullopt;
+}
+
+void OptionReader::Refuse(const std::string& error) {
+  if (error_.empty()) error_ = error;
+}
+
+void OptionReader::Wrong(std::string_view name, const std::string& text,
+                         const std::string& wanted) {
+  Refuse("--" + std::string(name) + " " + text + ": wanted " + wanted);
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace morvane::cli {
+
+/// An option of a command line with its value; that of a switch is empty.
+struct GivenOption {
+  std::string Name;
+  std::string Value;
+};
+
+/// Gives the words of a command line as what they mean. A value that was not given, or is wrong, is
+/// empty; the first that is wrong leaves its words in `Error`.
+class OptionReader {
+ public:
+  OptionReader(std::span<const std::string> operands, std::span<const GivenOption> options)
+      : operands_(operands), options_(options) {}
+
+  /// The operand that stands there, counted from 0; empty when it was left out.
+  [[nodiscard]] std::optional<std::string> Word(std::size_t at) const;
+  /// The path that stands there, absolute.
+  [[nodiscard]] std::string Path(std::size_t at) const;
+
+  [[nodiscard]] bool Has(std::string_view name) const;
+  [[nodiscard]] std::optional<std::string> Text(std::string_view name) const;
+  /// A number from 1 on.
+  std::optional<int> Number(std::string_view name);
+  /// What a board number box takes; whether there is such a board is seen when it is used.
+  std::optional<std::string> BoardNumber(std::string_view name);
+  /// "on" or "off".
+  std::optional<bool> Switch(std::string_view name);
+  /// One of the two words.
+  std::optional<std::string> Choice(std::string_view name, std::string_view one,
+                                    std::string_view other);
+  /// So many hexadecimal digits of either case.
+  std::optional<std::string> Hex(std::string_view name, std::size_t digits);
+
+  /// Says what is wrong, unless something was before.
+  void Refuse(const std::string& error);
+  /// What is wrong; empty when nothing is.
+  [[nodiscard]] const std::string& Error() const { return error_; }
+
+ private:
+  void Wrong(std::string_view name, const std::string& text, const std::string& wanted);
+
+  std::span<const std::string> operands_;
+  std::span<const GivenOption> options_;
+  std::string error_;
+};
+
+}  // namespace morvane::cli

@@ -1,0 +1,45 @@
+#include "cli/registry.h"
+
+#include <algorithm>
+#include <array>
+
+#include "cli/audit_command.h"
+#include "cli/convert_command.h"
+#include "cli/deal_command.h"
+#include "cli/generate_command.h"
+#include "cli/help_command.h"
+#include "cli/history_command.h"
+#include "cli/show_command.h"
+
+namespace morvane::cli {
+namespace {
+
+constexpr std::array<const Command*, 7> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kDealCommand,
+    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
+
+constexpr std::array kCommonOptions{
+    Option{"data", "DIR", "the folder of logs and history"},
+    Option{"settings", "FILE", "the settings store"},
+    Option{"machine", "M", "the way to the machine; --help has its forms"},
+    Option{"yes", "", "answer Yes to every question"},
+};
+
+}  // namespace
+
+std::span<const Command* const> Commands() { return kCommands; }
+
+const Command* FindCommand(std::string_view name) {
+  const auto* const found =
+      std::find_if(kCommands.begin(), kCommands.end(),
+                   [name](const Command* command) { return command->Name == name; });
+  return found == kCommands.end() ? nullptr : *found;
+}
+
+std::string UnknownCommand(std::string_view name) {
+  return "unknown command: " + std::string(name);
+}
+
+std::span<const Option> CommonOptions() { return kCommonOptions; }
+
+}  // namespace morvane::cli

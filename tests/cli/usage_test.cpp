@@ -1,0 +1,156 @@
+#include "cli/usage.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "cli/registry.h"
+#include "cli/request.h"
+
+namespace morvane::cli {
+namespace {
+
+using ::testing::Contains;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    lines.push_back(text.substr(at, end - at));
+    at = end + 1;
+  }
+  return lines;
+}
+
+Request HelpWith(std::vector<std::string> words) {
+  CommandWords given;
+  given.Words = std::move(words);
+  given.Words.insert(given.Words.begin(), "help");
+  return TakeRequest(given);
+}
+
+TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
+  EXPECT_THAT(
+      UsagePage(),
+      StartsWith(
+          "Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--yes] COMMAND ...\n"
+          "\n"
+          "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
+          "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
+          "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
+          "  convert IN OUT [--first N] [--import]\n"
+          "  show IN [--board N]\n"
+          "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+          "  history [--list]\n"
+          "  audit LOG [--sha256 HEX64]\n"
+          "  help [COMMAND]\n"
+          "\n"));
+}
+
+TEST(UsagePage, HasEveryCommandOfTheRegistry) {
+  const auto lines = LinesOf(UsagePage());
+  for (const Command* command : Commands()) {
+    EXPECT_THAT(lines, Contains(StartsWith("  " + std::string(command->Name))));
+  }
+}
+
+TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
+  EXPECT_THAT(
+      UsagePage(),
+      EndsWith("\n"
+               "Machines:  "
+               "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
+               "           fault=BOARD:CARD:CODE], serial:PATH\n"
+               "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
+               "\n"
+               "generate shows the SHA-256 of the deals that it has made: publish it before\n"
+               "play, and the log afterwards.\n"
+               "\n"
+               "audit deals the sets of a log again from their seeds, compares every board, and\n"
+               "shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
+               "status is 0 only when all is the same.\n"
+               "\n"
+               "'morvane-cli help COMMAND' says what the options of a command mean.\n"));
+}
+
+TEST(CommandHelp, OfDeal) {
+  EXPECT_EQ(CommandHelp(*FindCommand("deal")),
+            "Usage: morvane-cli deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+            "\n"
+            "Deals the boards of a set on the machine and shows how each of them went.\n"
+            "\n"
+            "  IN          the set to deal\n"
+            "  --from N    the first board to deal\n"
+            "  --to N      the last board to deal\n"
+            "  --copies N  how often each board is dealt, 99 times at most\n"
+            "  --auto      start each board at once, without its pedal or board slot\n"
+            "\n"
+            "Every command takes these too:\n"
+            "  --data DIR       the folder of logs and history\n"
+            "  --settings FILE  the settings store\n"
+            "  --machine M      the way to the machine; --help has its forms\n"
+            "  --yes            answer Yes to every question\n");
+}
+
+TEST(CommandHelp, OfGenerateGoesOverSeveralLinesAndEndsWithItsNote) {
+  const std::string help = CommandHelp(*FindCommand("generate"));
+  EXPECT_THAT(help, StartsWith("Usage: morvane-cli generate OUT [--first N] [--last N]\n"
+                               "                                [--generator bigdeal|morvane] "));
+  EXPECT_THAT(help, HasSubstr("\n  --generator bigdeal|morvane  the number or the shuffling "
+                              "generator\n"));
+  EXPECT_THAT(help, HasSubstr("\n\ngenerate shows the SHA-256 of the deals that it has made: "));
+}
+
+TEST(CommandHelp, OfEachCommandHasALineForEachOfItsWordsAndOptions) {
+  for (const Command* command : Commands()) {
+    const std::string help = CommandHelp(*command);
+    const auto lines = LinesOf(help);
+    const std::string name(command->Name);
+    EXPECT_THAT(help, StartsWith("Usage: morvane-cli " + name));
+    EXPECT_THAT(command->Summary, Not(IsEmpty()));
+    for (const Operand& operand : command->Operands) {
+      EXPECT_THAT(operand.Means, Not(IsEmpty()));
+      EXPECT_THAT(lines, Contains(StartsWith("  " + std::string(operand.Word) + " ")));
+    }
+    for (const Option& option : command->Options) {
+      EXPECT_THAT(option.Means, Not(IsEmpty()));
+      EXPECT_THAT(lines, Contains(StartsWith("  --" + std::string(option.Name) + " "))) << name;
+    }
+  }
+}
+
+TEST(CommandHelp, NoLineIsTooWideOrEndsWithABlank) {
+  for (const Command* command : Commands()) {
+    for (const std::string& line : LinesOf(CommandHelp(*command))) {
+      EXPECT_LE(line.size(), 80U) << line;
+      EXPECT_THAT(line, Not(EndsWith(" ")));
+    }
+  }
+}
+
+TEST(HelpCommand, TellsOfEachCommand) {
+  for (const Command* command : Commands()) {
+    const Request request = HelpWith({std::string(command->Name)});
+    EXPECT_EQ(request.What.Text, CommandHelp(*command));
+    EXPECT_EQ(request.Error, "");
+  }
+}
+
+TEST(HelpCommand, WithoutACommandItIsTheUsagePage) {
+  EXPECT_EQ(HelpWith({}).What.Text, UsagePage());
+}
+
+TEST(HelpCommand, OfAnUnknownCommandIsWrongUsage) {
+  const Request request = HelpWith({"nosuch"});
+  EXPECT_EQ(request.Error, "unknown command: nosuch");
+  EXPECT_EQ(request.What.Text, "");
+}
+
+}  // namespace
+}  // namespace morvane::cli
