@@ -5,8 +5,8 @@
 #include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
-#include "shell/flows/deal_flow.h"
-#include "shell/flows/exit_flow.h"
+#include "shell/deal_flow.h"
+#include "shell/exit_flow.h"
 
 namespace morvane::shell {
 

@@ -1,4 +1,4 @@
-#include "shell/flows/exit_flow.h"
+#include "shell/exit_flow.h"
 
 #include "files/save_set.h"
 

@@ -1,4 +1,4 @@
-#include "shell/flows/deal_flow.h"
+#include "shell/deal_flow.h"
 
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
