@@ -3,7 +3,6 @@
 namespace morvane::machine {
 
 Contact AskMachine(Machine& machine, Log& log) {
-  machine.VersionSeen = false;
   if (!machine.Exchange(wire::VersionCommand{})) return Contact::kNoVersion;
   for (const std::uint8_t page : {std::uint8_t{1}, std::uint8_t{2}}) {
     if (!machine.Exchange(wire::IdentityCommand{page})) return Contact::kLinkLost;

@@ -58,11 +58,6 @@ void Machine::TakePedalAndBox(const StatusReply& reply) {
   if (reply.SlotActive) BoxOutTicks = 0;
 }
 
-void Machine::Take(const wire::VersionReply& reply) {
-  Version = reply;
-  VersionSeen = true;
-}
-
 void Machine::Take(const wire::IdentityReply& reply) {
   if (reply.Page != 1) return;
   SerialNumber = reply.High;

@@ -36,7 +36,6 @@ class Machine {
 
   /// Taken from the version and identity replies; all 0 before.
   wire::VersionReply Version;
-  bool VersionSeen = false;
   std::uint32_t HardwareId = 0;  ///< bits of `IdentityReply`
   std::uint32_t SerialNumber = 0;
 
@@ -92,7 +91,7 @@ class Machine {
   void Take(const Reply& /*reply*/) {}
   void Take(const wire::AcceptedReply& /*reply*/) { MachineState = kBusy; }
   void Take(const wire::StatusReply& reply);
-  void Take(const wire::VersionReply& reply);
+  void Take(const wire::VersionReply& reply) { Version = reply; }
   void Take(const wire::IdentityReply& reply);
 
   Entropy& random_;

@@ -161,6 +161,22 @@ TEST_F(CardRunTest, ItsTimeIsThatSinceTheStart) {
   EXPECT_DOUBLE_EQ(run.Seconds(), 4.5);
 }
 
+TEST_F(CardRunTest, ItBeginsWithNothingOfTheRunBefore) {
+  bridge.Replies = {Accepted(), Busy(), Short({0x19, 57, 9, 9, 9, 9})};
+  Run();
+  bool first = true;
+  OnChange = [&] {
+    if (!std::exchange(first, false)) return;
+    EXPECT_FALSE(run.CountsShown);
+    EXPECT_EQ(run.txtDealTime, "");
+    EXPECT_EQ(machine.MachineError, 0);
+    EXPECT_THAT(machine.CardCount, ElementsAre(0, 0, 0, 0, 0));
+  };
+  bridge.Replies = {Accepted(), Short({0x19, 0})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_FALSE(first);
+}
+
 TEST_F(CardRunTest, PreparingForgetsTheRunBefore) {
   run.Leave();
   run.RunLogLine = "old";

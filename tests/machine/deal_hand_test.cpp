@@ -268,6 +268,41 @@ TEST_F(CheckBoard, ClosingWhileTheLabelIsReadOpensNoDialog) {
   EXPECT_TRUE(run.Closed());
 }
 
+TEST_F(CheckBoard, ClosingBetweenTwoReadingsReadsNoMore) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  Contact();
+  desk.Loop.After(50, [this] { run.Exit(); });
+  run.cmdDeal();
+  EXPECT_THAT(SentOf(0x1B), SizeIs(1));
+  EXPECT_TRUE(run.Closed());
+}
+
+TEST_F(CheckBoard, QuittingWhileItAsksIsStoppedAndLoggedAsThat) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  Contact();
+  view.Answers = {[this](ErrorDialog&) { desk.Loop.Quit(); }};
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,0 ");
+  EXPECT_THAT(SentOf(0x98), IsEmpty());
+}
+
+TEST_F(CheckBoard, NobodyWalksOnWhileTheLabelIsRead) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Label = 23;
+  view.Answers = {Third};
+  Contact();
+  desk.Loop.After(250, [this] {
+    run.Walk(BoardWalk::Step::kNext);
+    run.LeaveSubfrom("2");
+    run.cmdDeal();
+  });
+  run.cmdDeal();
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,2 0,0,0,0 OK");
+}
+
 TEST_F(CheckBoard, Board71NeverMatches) {
   desk.Store.Set(kCheckBoard, "1");
   test::FillSet(desk.Prog.Set, 71, 71);

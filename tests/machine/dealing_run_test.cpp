@@ -154,6 +154,26 @@ TEST_F(Opening, AMachineWithoutAnAnswerLeavesNoDataInTheLogAndDropsTheLatch) {
   EXPECT_THAT(bridge.Calls, Contains("WriteLatch 1 0"));
 }
 
+TEST_F(Opening, APressFromBeforeTheContactIsForgotten) {
+  Open();
+  machine.PedalFlag = 1;
+  desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+  bridge.Sent.clear();
+  desk.Loop.WaitMs(DealingRun::kPollMs);
+  ASSERT_FALSE(bridge.Sent.empty());
+  EXPECT_EQ(bridge.Sent[0][1], 0) << "nothing is acknowledged that nobody has seen";
+}
+
+TEST_F(Opening, AnotherCounterIsNotThatOfBoardsDealt) {
+  paper.Damage = [](int, const Bytes& plain, const Bytes& wire) {
+    return plain[0] == 0x33
+               ? test::OnTheWire(test::Long({0xB3, 0, 1, 0, 0, 0, 0, 0, 9, 9, 9, 9}), 21)
+               : wire;
+  };
+  Contact();
+  EXPECT_EQ(LastLine(), "  S/N:4711 Dealt:0 Firmware:2.90");
+}
+
 TEST_F(Opening, AVersionInTheIdentitysPlaceIsAskedAgain) {
   desk.Store.Set(kCheckBoard, "1");
   int identities = 0;
@@ -258,6 +278,25 @@ TEST_F(Walk, TheSubRangeIsRaisedAndTheBoardBroughtIntoIt) {
   run.LeaveSubfrom("8");  // above the last board of the run, which follows
   EXPECT_EQ(memory.RunFirst, 8);
   EXPECT_EQ(memory.RunLast, 8);
+}
+
+TEST_F(Walk, ABoardThatARangeHasMovedShowsNothingAsDealt) {
+  desk.Store.Set(kDealSub, "1");
+  Contact();
+  run.cmdDeal();
+  ASSERT_TRUE(run.Window().Controls.Deal_next);
+  run.LeaveSubto("3");
+  EXPECT_TRUE(run.Window().Controls.Deal_next) << "board 1 is still the one that was dealt";
+  run.LeaveSubfrom("2");
+  EXPECT_FALSE(run.Window().Controls.Deal_next);
+  EXPECT_EQ(run.Cards().CardLog[wire::MachineCard(1)], 99);
+  run.cmdDeal();
+  ASSERT_TRUE(run.Window().Controls.Deal_next);
+  run.Walk(BoardWalk::Step::kNext);
+  run.cmdDeal();
+  run.LeaveSubto("2");
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_EQ(run.Cards().CardLog[wire::MachineCard(1)], 99);
 }
 
 TEST_F(Polling, ThePedalDealsTheBoard) {
@@ -441,7 +480,8 @@ TEST_F(Options, ClicksBeforeTheContactDoNothing) {
   run.Change(&RunOptions::SetCheck_board, true);
   EXPECT_EQ(run.Options().Cards.CardIndex, 0);
   EXPECT_FALSE(run.Options().Check_board);
-  EXPECT_FALSE(desk.Store.Has(kCardIndex));
+  EXPECT_FALSE(desk.Store.Has(kCardIndex) || desk.Store.Has(kCheckBoard));
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
 TEST_F(Options, AnOldFirmwareRefusesEachInItsWords) {
