@@ -82,7 +82,10 @@ DealOptions ReadDealOptions(OptionReader& given) {
                       .Copies = given.Number("copies"),
                       .Auto = given.Has("auto"),
                       .Yes = given.Has("yes")};
-  if (options.Copies && *options.Copies > 99) given.Refuse("--copies: 99 at most");
+  constexpr int kMost = machine::BoardWalk::kMostCopies;
+  if (options.Copies && *options.Copies > kMost) {
+    given.Refuse("--copies: " + std::to_string(kMost) + " at most");
+  }
   return options;
 }
 

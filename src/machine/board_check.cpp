@@ -19,9 +19,9 @@ class LabelReader {
       if (!ReadOnce()) return false;
       if (IsRight()) break;
       run_.Prog.Loop.WaitMs(kLabelWaitMs);
-      if (run_.Cards.Leaving()) break;
+      if (run_.Run.Leaving()) break;
     }
-    return !run_.Cards.Leaving();
+    return !run_.Run.Leaving();
   }
   [[nodiscard]] bool IsRight() const { return number_ == run_.Prog.Set.CurrentBoard; }
   [[nodiscard]] int BoardNumberRead() const { return number_; }
@@ -32,7 +32,7 @@ class LabelReader {
     if (reply && reply->Selector == wire::SensorCommand::kBoardLabel) {
       number_ = wire::BoardLabelTable[reply->Value];
     }
-    return run_.Cards.Step();
+    return run_.Run.Step();
   }
 
   RunParts& run_;
@@ -47,12 +47,12 @@ BoardCheck VerifyInsertedBoard(RunParts& run) {
     if (!label.Read()) return run.TheMachine.Lost() ? BoardCheck::kLinkLost : BoardCheck::kStop;
     if (label.IsRight()) return BoardCheck::kDeal;
     const int read = label.BoardNumberRead();
-    DialogAnswer answer =
-        AskAboutError(run, kDealAnyway, WrongBoard{run.Prog.Set.CurrentBoard, read});
+    DialogAnswer answer = AskAboutError(run.Prog, run.TheMachine, *run.View, kDealAnyway,
+                                        WrongBoard{run.Prog.Set.CurrentBoard, read});
     if (run.Prog.Loop.Quitting()) answer = kStop;
-    run.Cards.RunLogLine += "64," + std::to_string(read) + "," + std::to_string(int{answer}) + " ";
-    run.Cards.Pump();
-    if (answer == kStop || run.Cards.Leaving()) return BoardCheck::kStop;
+    run.Run.RunLogLine += "64," + std::to_string(read) + "," + std::to_string(int{answer}) + " ";
+    run.Run.Pump();
+    if (answer == kStop || run.Run.Leaving()) return BoardCheck::kStop;
     if (answer == kDealAnyway) return BoardCheck::kDeal;
   }
 }

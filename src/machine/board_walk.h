@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "model/board_set.h"
 
@@ -11,6 +12,7 @@ struct RunMemory {
   std::int16_t RunFirst = 0;
   std::int16_t RunLast = 0;
   std::int16_t NumberOfCopies = 0;
+  std::string TestText;  ///< every diagnosis text that was asked for
 };
 
 /// Where a run stands: the set's current board and its copy, within a range of the set's boards and

@@ -26,7 +26,7 @@ CardRun::End CardRun::Run(const Plan& plan) {
   while (true) {
     const End end = Follow();
     if (end != End::kStopped) return end;
-    if (!plan.Fetch()) return End::kLinkLost;
+    if (plan.Fetch && !plan.Fetch()) return End::kLinkLost;
     if (machine_.MachineError == 0 || !GoesOnAfterFault(plan)) return End::kStopped;
     if (!GoOn(plan)) return End::kLinkLost;
   }

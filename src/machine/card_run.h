@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "machine/error_dialog.h"
+#include "machine/dialog_answer.h"
 #include "machine/machine.h"
 #include "platform/clock.h"
 #include "platform/event_loop.h"
@@ -23,7 +23,8 @@ class CardRun {
   /// return what it says.
   struct Plan {
     std::function<bool(bool goOn)> Start;  ///< `goOn`: after a fault, from where it stopped
-    std::function<bool()> Fetch;           ///< after every stretch, before its fault is answered
+    /// After every stretch, before its fault is answered; empty: nothing is fetched.
+    std::function<bool()> Fetch;
     std::function<DialogAnswer()> AnswerFault;  ///< the operator's answer to `MachineError`
   };
   enum class End {

@@ -6,59 +6,34 @@
 namespace morvane::machine {
 namespace {
 
-constexpr int kAfterErrorMs = 300;
-
-wire::StartCommand StartFrame(const RunParts& run, bool goOn, std::uint8_t rotation) {
-  const CardSettings& cards = run.Options.Cards;
-  wire::StartCommand start;
-  start.Continue = goOn;
-  start.Settings = {cards.CardConfig(), rotation, cards.CardConfigExtra()};
-  start.Pockets = HandListOf(run.Prog.Set.Current());
-  return start;
-}
-
-bool Start(RunParts& run, bool goOn, std::uint8_t rotation) {
-  run.TheMachine.Exchange(StartFrame(run, goOn, rotation));
-  return run.Cards.Step();
-}
-
-DialogAnswer AnswerFault(RunParts& run) {
-  run.View->ShowBoard();
-  if (run.Cards.Leaving()) return kStop;
-  const DialogAnswer answer = AskAboutError(run, kStop);
-  run.Prog.Loop.WaitMs(kAfterErrorMs);
-  run.Cards.Pump();
-  return answer;
-}
-
 void ShowBreakOnly(RunParts& run) {
   run.Window.Controls = {};
   run.Window.Controls.cmdBreak = true;
   run.View->ShowControls();
 }
 
+bool Start(RunParts& run, bool goOn, std::uint8_t rotation) {
+  ShowBreakOnly(run);
+  wire::StartCommand start;
+  start.Continue = goOn;
+  start.Settings = StartSettings(run, rotation);
+  start.Pockets = HandListOf(run.Prog.Set.Current());
+  run.TheMachine.Exchange(start);
+  return run.Run.Step();
+}
+
 CardRun::End DealBoard(RunParts& run, std::uint8_t rotation) {
   run.TheMachine.PollLock = true;
-  run.Cards.RunLogLine += run.Options.Cards.LogText();
-  ShowBreakOnly(run);
-  const CardRun::End end =
-      run.Cards.Run({[&](bool goOn) {
-                       if (goOn) ShowBreakOnly(run);
-                       return Start(run, goOn, rotation);
-                     },
-                     [&] { return run.Cards.FetchCardLog(); }, [&] { return AnswerFault(run); }});
-  if (end != CardRun::End::kStopped) return end;
-  // After a good board too.
-  if (!run.Cards.Probe()) return CardRun::End::kLinkLost;
-  if (run.TheMachine.MachineError == 0) run.Cards.RunLogLine += " OK";
-  return end;
+  run.Run.RunLogLine += run.Options.Cards.LogText();
+  return RunToIdle(run, {[&](bool goOn) { return Start(run, goOn, rotation); },
+                         [&] { return run.Run.FetchCardLog(); }, [&] { return AnswerFault(run); }});
 }
 
 }  // namespace
 
 CardRun::End DealHand(RunParts& run, std::uint8_t rotation) {
   const auto digit = [](bool on) { return std::string(on ? "1" : "0"); };
-  run.Cards.RunLogLine =
+  run.Run.RunLogLine =
       digit(run.Options.AutoStartEnabled) + "," + digit(run.Options.Check_board) + " ";
   const BoardCheck check = run.Options.Check_board ? VerifyInsertedBoard(run) : BoardCheck::kDeal;
   if (check == BoardCheck::kLinkLost) return CardRun::End::kLinkLost;

@@ -1,28 +1,14 @@
 #include "machine/dealing_run.h"
 
-#include <algorithm>
-
 #include "machine/deal_hand.h"
 #include "machine/first_contact.h"
+#include "machine/idle_poll.h"
 #include "text/text.h"
 
 namespace morvane::machine {
-namespace {
-
-/// Each number with the byte at which it stands.
-std::string TextOf(const wire::TestReply& reply) {
-  std::string text;
-  std::size_t at = wire::TestReply::kFirst;
-  for (const std::uint8_t number : reply.Numbers) {
-    text += std::to_string(at++) + " " + std::to_string(number) + "  ";
-  }
-  return text;
-}
-
-}  // namespace
 
 DealingRun::DealingRun(Program& program, Machine& machine, RunMemory& memory)
-    : parts_(program, machine, memory) {}
+    : parts_(program, machine, memory), memory_(memory) {}
 
 // Opening, the first contact, and leaving.
 
@@ -33,10 +19,11 @@ void DealingRun::Open(RunView& view) {
   window.CopiesShown = store.IsOn(kDealCopy);
   window.SubRangeShown = store.IsOn(kDealSub);
   window.ShowBoards = store.IsOn(kDealShow);
+  window.TestText = memory_.TestText;
   parts_.Walk.Open(window.CopiesShown, window.SubRangeShown);
   Controls().FollowCopy(parts_.Walk);
   parts_.Options.Load();
-  parts_.Cards.ClearCardLog();
+  parts_.Run.ClearCardLog();
   Machine& machine = parts_.TheMachine;
   machine.MachineState = Machine::kNotConnected;
   machine.Link.MachineLatchOn();
@@ -86,7 +73,7 @@ void DealingRun::Exit() {
     Unload();
     return;
   }
-  parts_.Cards.Leave();
+  parts_.Run.Leave();
   RequestBreak();
 }
 
@@ -130,19 +117,11 @@ void DealingRun::Timer1Tick() {
     program.Link = {};
     program.ShowMessage(program.Texts.Msg092, kOkExclamation, "Download New Firmware");
   }
-  Machine& machine = parts_.TheMachine;
-  if (machine.PollLock) return;
-  machine.PollLock = true;
-  machine.Exchange(machine.Poll());
+  if (parts_.TheMachine.PollLock) return;
+  const IdlePoll poll = PollBetweenRuns(parts_.TheMachine, parts_.Options.AutoStartEnabled);
   if (CheckCommLost()) return;
   parts_.View->ShowState();
-  machine.BoxOutTicks = std::min<std::int16_t>(static_cast<std::int16_t>(machine.BoxOutTicks + 1),
-                                               Machine::kMostTicks);
-  // A board that is pulled and pushed back within a second starts nothing.
-  const bool boardIn = machine.BoxFlag == 1 && parts_.Options.AutoStartEnabled &&
-                       machine.BoxInTicks == Machine::kMostTicks;
-  machine.PollLock = false;
-  if (machine.PedalFlag == 1 || boardIn) StartFromMachine();
+  if (poll == IdlePoll::kStart) StartFromMachine();
 }
 
 void DealingRun::StartFromMachine() {
@@ -155,7 +134,7 @@ void DealingRun::StartFromMachine() {
 
 void DealingRun::cmdDeal() {
   if (!Controls().cmdDeal || running_) return;
-  parts_.Cards.ClearCardLog();
+  parts_.Run.ClearCardLog();
   if (CurrentBoard().Status != Board::kComplete) {
     ShowDealingError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg053);
     return;
@@ -173,7 +152,7 @@ void DealingRun::Deal_next() {
 
 void DealingRun::cmdBreak() {
   if (!Controls().cmdBreak) return;
-  parts_.Cards.Break();
+  parts_.Run.Break();
   RequestBreak();
 }
 
@@ -223,7 +202,7 @@ void DealingRun::Disp_boards() {
 void DealingRun::Command1() {
   if (!parts_.Window.Command1Shown || Busy()) return;
   const auto reply = parts_.TheMachine.Exchange(wire::TestCommand{});
-  if (reply) parts_.Window.TestText += TextOf(*reply);
+  if (reply) parts_.Window.TestText = memory_.TestText += wire::DiagnosisText(*reply);
   if (!CheckCommLost()) parts_.View->ShowControls();
 }
 
@@ -234,13 +213,12 @@ bool DealingRun::Busy() {
 
 /// What was dealt belongs to another board now.
 void DealingRun::ForgetCards() {
-  parts_.Cards.ClearCardLog();
+  parts_.Run.ClearCardLog();
   Controls().Deal_next = false;
 }
 
 void DealingRun::ShowAll() {
   parts_.View->ShowControls();
-  parts_.View->ShowState();
   parts_.View->ShowBoard();
 }
 
@@ -251,7 +229,7 @@ void DealingRun::DealHand() {
   Timer1_.reset();
   running_ = true;
   outcome_ = Outcome::kStopped;
-  parts_.Cards.Prepare();
+  parts_.Run.Prepare();
   const CardRun::End end = machine::DealHand(parts_, DealRotation_);
   if (end == CardRun::End::kLinkLost) LoseLink();
   WriteRunLine();
@@ -264,14 +242,14 @@ void DealingRun::DealHand() {
 
 void DealingRun::WriteRunLine() {
   parts_.Prog.Log.WriteLine("  " + ThreeDigits(parts_.Prog.Set.CurrentBoard) + " : " +
-                            parts_.Cards.RunLogLine);
+                            parts_.Run.RunLogLine);
 }
 
 void DealingRun::FinishBoard() {
   outcome_ = Outcome::kDealt;
   AnalyzeBoard(parts_.Prog.Set.Current());
   Controls().Deal_next = !parts_.Walk.AtEnd();
-  if (parts_.Walk.AtEnd() && !parts_.Cards.Leaving()) OfferToStartAgain();
+  if (parts_.Walk.AtEnd() && !parts_.Run.Leaving()) OfferToStartAgain();
 }
 
 void DealingRun::OfferToStartAgain() {
@@ -299,7 +277,7 @@ void DealingRun::EndRun() {
   running_ = false;
   parts_.TheMachine.PollLock = false;
   if (closed_) return;
-  if (parts_.Cards.Leaving()) {
+  if (parts_.Run.Leaving()) {
     Unload();
     return;
   }

@@ -49,7 +49,7 @@ class DealingRun {
   [[nodiscard]] const RunWindowState& Window() const { return parts_.Window; }
   [[nodiscard]] const RunOptions& Options() const { return parts_.Options; }
   [[nodiscard]] const BoardWalk& Place() const { return parts_.Walk; }
-  [[nodiscard]] const CardRun& Cards() const { return parts_.Cards; }
+  [[nodiscard]] const CardRun& Cards() const { return parts_.Run; }
   [[nodiscard]] const Machine& TheMachine() const { return parts_.TheMachine; }
   [[nodiscard]] const Board& CurrentBoard() const { return parts_.Prog.Set.Current(); }
   [[nodiscard]] bool Running() const { return running_; }
@@ -79,6 +79,7 @@ class DealingRun {
   [[nodiscard]] RunControls& Controls() { return parts_.Window.Controls; }
 
   RunParts parts_;
+  RunMemory& memory_;
   std::unique_ptr<Timer> Timer1_;
   std::unique_ptr<Timer> Timer3d_;
   std::uint8_t DealRotation_ = 0;

@@ -84,4 +84,11 @@ void ErrorDialog::Close(DialogAnswer answer) {
   if (onClosed_) onClosed_();
 }
 
+DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
+                           DialogAnswer standing, const std::optional<WrongBoard>& wrongBoard) {
+  ErrorDialog dialog(program, machine, standing, wrongBoard);
+  view.ShowError(dialog);
+  return dialog.DialogResult;
+}
+
 }  // namespace morvane::machine

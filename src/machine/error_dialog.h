@@ -6,17 +6,11 @@
 #include <optional>
 #include <string>
 
+#include "machine/dialog_answer.h"
 #include "machine/machine.h"
 #include "program/program.h"
 
 namespace morvane::machine {
-
-/// The operator's answer to a fault.
-enum DialogAnswer : std::uint8_t {
-  kStop = 0,
-  kGoOn = 1,        ///< continue the board, or check the inserted board again
-  kDealAnyway = 2,  ///< deal to the current board, whatever is in the slot
-};
 
 /// Which buttons a fault offers.
 enum class ButtonMode : std::uint8_t { kSingle = 0, kGoOnOrStop = 1, kBoardError = 2 };
@@ -69,5 +63,18 @@ class ErrorDialog {
   std::function<void()> onClosed_;
   bool closed_ = false;
 };
+
+/// What a run needs of its window when the machine has stopped on a fault.
+class FaultView {
+ public:
+  virtual ~FaultView() = default;
+  /// Shows the dialog modally; returns when it has its answer.
+  virtual void ShowError(ErrorDialog& dialog) = 0;
+};
+
+/// Asks about `MachineError` or the wrong board; `standing` is the answer until one is given.
+[[nodiscard]] DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
+                                         DialogAnswer standing,
+                                         const std::optional<WrongBoard>& wrongBoard = {});
 
 }  // namespace morvane::machine

@@ -56,7 +56,7 @@ class Machine {
           Take(reply);
           return reply;
         }
-        if constexpr (requires { Command::kTakesOthers; }) return std::nullopt;
+        if constexpr (requires { requires Command::kDropsOthers; }) return std::nullopt;
         Link.FlushLink();
       }
       EndTry(attempt);

@@ -15,7 +15,7 @@ struct RunParts {
         TheMachine(machine),
         Options(program, machine),
         Walk(program.Set, memory),
-        Cards(program.Loop, program.Time, machine, [this] { View->ShowState(); }) {}
+        Run(program.Loop, program.Time, machine, [this] { View->ShowState(); }) {}
   RunParts(const RunParts&) = delete;
   RunParts& operator=(const RunParts&) = delete;
 
@@ -25,12 +25,18 @@ struct RunParts {
   RunWindowState Window;
   RunOptions Options;
   BoardWalk Walk;
-  CardRun Cards;
+  CardRun Run;
 };
 
-/// Shows the error dialog, about `MachineError` or the wrong board; `standing` is the answer until
-/// one is given.
-[[nodiscard]] DialogAnswer AskAboutError(RunParts& run, DialogAnswer standing,
-                                         const std::optional<WrongBoard>& wrongBoard = {});
+// What reading, dealing and sorting share.
+
+/// Byte 2 to 6 of a start frame; `rotation` is 0..3.
+[[nodiscard]] wire::RunSettings StartSettings(const RunParts& run, std::uint8_t rotation);
+
+/// A `Plan::AnswerFault`: shows what has been dealt and asks, unless the window is being left.
+[[nodiscard]] DialogAnswer AnswerFault(RunParts& run);
+
+/// Runs `plan` and brings the machine back to idle, after a good run too, which is logged as OK.
+CardRun::End RunToIdle(RunParts& run, const CardRun::Plan& plan);
 
 }  // namespace morvane::machine

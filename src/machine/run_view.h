@@ -1,14 +1,13 @@
 #pragma once
 
-namespace morvane::machine {
+#include "machine/error_dialog.h"
 
-class ErrorDialog;
+namespace morvane::machine {
 
 /// What a run needs of its window. Everything shown is read from the run; the calls only
 /// say that it changed.
-class RunView {
+class RunView : public FaultView {
  public:
-  virtual ~RunView() = default;
   /// State, time and pocket counts; repaints at once, since a run does not wait for paint events.
   virtual void ShowState() = 0;
   /// The current board and which of its cards have been dealt (`DisplayHand`).
@@ -16,8 +15,6 @@ class RunView {
   /// Which controls are there, which are enabled, and the texts of the number boxes.
   virtual void ShowControls() = 0;
   virtual void FocusDealNext() = 0;
-  /// Shows the dialog modally; returns when it has its answer.
-  virtual void ShowError(ErrorDialog& dialog) = 0;
   /// The run is over: the window goes.
   virtual void Close() = 0;
 };

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "wire/machine_card.h"
-
 namespace morvane::simulator {
 
 void Feeder::LoadPack() {
@@ -26,13 +24,13 @@ void Feeder::LoadFourPacks() {
   Shuffle();
 }
 
-void Feeder::LoadForReading(const Board& board, const PackBytes& pockets) {
+void Feeder::LoadForReading(const Board& board, const wire::CardBytes& pockets) {
   LoadPack();
   auto& cards = cards_.cards_;
-  for (std::size_t place = 0; place < pockets.size(); ++place) {
-    const std::size_t pocket = pockets[place];
+  for (std::size_t place = 0; place < kCards; ++place) {
+    const std::size_t pocket = pockets.Bytes[place];
     if (pocket == 0 || pocket > kHands) continue;
-    for (std::size_t at = place; at < pockets.size(); ++at) {
+    for (std::size_t at = place; at < kCards; ++at) {
       const auto card = static_cast<std::size_t>(wire::MachineCard(cards[at]).Card());
       if (board.Cards[card] != HandOfPocket[pocket]) continue;
       std::swap(cards[place], cards[at]);
@@ -41,7 +39,7 @@ void Feeder::LoadForReading(const Board& board, const PackBytes& pockets) {
   }
 }
 
-bool Feeder::Prepare(const PackBytes& cards) {
+bool Feeder::Prepare(const std::array<std::uint8_t, kCards>& cards) {
   auto sorted = cards;
   std::sort(sorted.begin(), sorted.end());
   for (std::size_t i = 0; i < sorted.size(); ++i) {

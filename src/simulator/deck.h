@@ -8,12 +8,9 @@
 
 #include "model/board.h"
 #include "model/tables.h"
+#include "wire/card_bytes.h"
 
 namespace morvane::simulator {
-
-/// A byte for each card of a pack: by machine card for dealing, by the place in the feeder for
-/// reading.
-using PackBytes = std::array<std::uint8_t, kCards>;
 
 /// A pile of machine cards of at most four packs, lowest first. It never allocates.
 class Pile {
@@ -44,13 +41,13 @@ class Feeder {
   void LoadPack();
   /// Four packs shuffled together.
   void LoadFourPacks();
-  /// A pack in which the card at place k of the feeder belongs to the hand of pocket `pockets`[k],
-  /// as far as `board` has such a card; the others lie as shuffled.
-  void LoadForReading(const Board& board, const PackBytes& pockets);
+  /// A pack in which the card at place k of the feeder belongs to the hand of pocket element k of
+  /// `pockets`, as far as `board` has such a card; the others lie as shuffled.
+  void LoadForReading(const Board& board, const wire::CardBytes& pockets);
 
   /// The next `LoadPack` has these machine cards, first one first. False unless each of 1..52 is
   /// there once.
-  bool Prepare(const PackBytes& cards);
+  bool Prepare(const std::array<std::uint8_t, kCards>& cards);
 
   void Empty();
   [[nodiscard]] std::size_t Left() const { return cards_.Count() - fed_; }
@@ -66,7 +63,7 @@ class Feeder {
   std::mt19937_64 engine_;
   Pile cards_;
   std::size_t fed_ = 0;
-  std::optional<PackBytes> prepared_;
+  std::optional<std::array<std::uint8_t, kCards>> prepared_;
 };
 
 }  // namespace morvane::simulator

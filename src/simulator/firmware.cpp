@@ -10,19 +10,27 @@ using namespace wire;
 std::size_t Firmware::Answer(const Frame& command, Time now, Frame& reply) {
   Run().Advance(now);
   reply = {};
-  // Whoever asks for the version has given up what stopped the machine.
-  if (CodeOf(command) == CmdVersion) Run().ClearError();
-  const bool answered = run_.Answer(command, now, reply) || slot_.Answer(command, reply) ||
-                        identity_.Answer(command, reply) || AnswerForAll(command, reply);
-  return answered ? FrameSize(CodeOf(reply)) : 0;
+  return Dispatch(command, now, reply) ? FrameSize(CodeOf(reply)) : 0;
 }
 
-bool Firmware::AnswerForAll(const Frame& command, Frame& reply) {
+bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
   switch (CodeOf(command)) {
+    case CmdDeal:
+    case CmdRead:
+    case CmdSort:
+    case CmdFetchLog:
+    case CmdFetchBoard:
+    case CmdCounter:
+      return run_.Answer(command, now, reply);
+    case CmdSensor:
+      return slot_.Answer(command, reply);
+    case CmdVersion:
+      Run().ClearError();  // whoever asks for it has given up what stopped the machine
+      return identity_.Answer(command, reply);
+    case CmdIdentity:
+      return identity_.Answer(command, reply);
     case CmdStatus:
       return AnswerStatus(command, reply);
-    case CmdCounter:
-      return AnswerCounter(command, reply);
     case CmdTest:
       return AnswerTest(reply);
     default:
@@ -50,12 +58,6 @@ void Firmware::TakeFlags(std::uint8_t flags) {
   if ((flags & StatusCommand::kPedalAck) != 0) pedal_.Acknowledge();
   if ((flags & StatusCommand::kBoxAck) != 0) slot_.Slot().Acknowledge();
   if ((flags & StatusCommand::kBreak) != 0) Run().Break();
-}
-
-bool Firmware::AnswerCounter(const Frame& command, Frame& reply) const {
-  const std::uint8_t counter = Get<CounterCommand>(command).Counter;
-  Put(CounterReply{counter, counter == 0 ? Run().BoardsDealt() : 0}, reply);
-  return true;
 }
 
 // For the eye of a technician: state, cards fallen, cards loaded, label.

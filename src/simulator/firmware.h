@@ -31,17 +31,16 @@ class Firmware {
   /// What a power cycle leaves: boards, cards and counters stay, everything else is forgotten.
   void Restart();
 
-  [[nodiscard]] CardRun& Run() { return run_.Run(); }
-  [[nodiscard]] const CardRun& Run() const { return run_.Run(); }
+  [[nodiscard]] CardWay& Run() { return run_.Run(); }
+  [[nodiscard]] const CardWay& Run() const { return run_.Run(); }
   [[nodiscard]] const BoardSlot& Slot() const { return slot_.Slot(); }
   [[nodiscard]] std::string StateText() const { return run_.StateText(); }
   [[nodiscard]] std::uint64_t Changes() const { return changes_ + Run().Changes(); }
 
  private:
-  bool AnswerForAll(const wire::Frame& command, wire::Frame& reply);
+  bool Dispatch(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
   void TakeFlags(std::uint8_t flags);
-  bool AnswerCounter(const wire::Frame& command, wire::Frame& reply) const;
   bool AnswerTest(wire::Frame& reply) const;
 
   RunOrgan run_;

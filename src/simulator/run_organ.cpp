@@ -18,14 +18,14 @@ bool SettingsAgree(const RunSettings& settings, const Frame& command) {
 }
 
 /// The list of a start command without the jokers, who are in no pack of ours.
-PackBytes PackOf(const CardBytes& pockets) {
-  PackBytes pack{};
-  std::copy_n(pockets.Bytes.begin(), pack.size(), pack.begin());
-  return pack;
+CardBytes WithoutJokers(CardBytes pockets) {
+  std::fill(pockets.Bytes.begin() + kCards, pockets.Bytes.end(), std::uint8_t{0});
+  return pockets;
 }
 
-bool NamesPockets(const PackBytes& list) {
-  return std::all_of(list.begin(), list.end(), [](std::uint8_t pocket) { return pocket <= 4; });
+bool NamesPockets(const CardBytes& list) {
+  return std::all_of(list.Bytes.begin(), list.Bytes.end(),
+                     [](std::uint8_t pocket) { return pocket <= 4; });
 }
 
 bool Accept(Frame& reply) {
@@ -35,7 +35,7 @@ bool Accept(Frame& reply) {
 
 }  // namespace
 
-bool RunOrgan::Answer(const Frame& command, CardRun::Time now, Frame& reply) {
+bool RunOrgan::Answer(const Frame& command, CardWay::Time now, Frame& reply) {
   switch (CodeOf(command)) {
     case CmdDeal:
     case CmdRead:
@@ -47,14 +47,16 @@ bool RunOrgan::Answer(const Frame& command, CardRun::Time now, Frame& reply) {
       return true;
     case CmdFetchBoard:
       return AnswerBoard(reply);
+    case CmdCounter:
+      return AnswerCounter(command, reply);
     default:
       return false;
   }
 }
 
-bool RunOrgan::Start(const Frame& command, CardRun::Time now, Frame& reply) {
+bool RunOrgan::Start(const Frame& command, CardWay::Time now, Frame& reply) {
   const auto start = Get<StartCommand>(command);
-  const PackBytes pockets = PackOf(start.Pockets);
+  const CardBytes pockets = WithoutJokers(start.Pockets);
   if (!SettingsAgree(start.Settings, command) || !NamesPockets(pockets)) return false;
   if (start.Continue) {
     run_.GoOn(now);
@@ -64,7 +66,7 @@ bool RunOrgan::Start(const Frame& command, CardRun::Time now, Frame& reply) {
   return Accept(reply);
 }
 
-bool RunOrgan::StartSort(const Frame& command, CardRun::Time now, Frame& reply) {
+bool RunOrgan::StartSort(const Frame& command, CardWay::Time now, Frame& reply) {
   const auto start = Get<SortCommand>(command);
   if (!SettingsAgree(start.Settings, command)) return false;
   if (start.Continue) {
@@ -84,6 +86,12 @@ bool RunOrgan::AnswerBoard(Frame& reply) const {
     }
   }
   Put(board, reply);
+  return true;
+}
+
+bool RunOrgan::AnswerCounter(const Frame& command, Frame& reply) const {
+  const std::uint8_t counter = Get<CounterCommand>(command).Counter;
+  Put(CounterReply{counter, counter == 0 ? run_.BoardsDealt() : 0}, reply);
   return true;
 }
 

@@ -1,30 +1,32 @@
 #pragma once
 
-#include "simulator/card_run.h"
+#include "simulator/card_way.h"
 #include "wire/frame.h"
 
 namespace morvane::simulator {
 
-/// Deals, reads and sorts: start commands, and what a run leaves to be fetched.
+/// Deals, reads and sorts: start commands, what a run leaves to be fetched, and how many boards
+/// were dealt.
 class RunOrgan {
  public:
   explicit RunOrgan(const Options& options) : run_(options) {}
 
   /// Whether the plain `command` is one of this organ's and has been obeyed; `reply` is filled
   /// then.
-  bool Answer(const wire::Frame& command, CardRun::Time now, wire::Frame& reply);
+  bool Answer(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
 
-  [[nodiscard]] CardRun& Run() { return run_; }
-  [[nodiscard]] const CardRun& Run() const { return run_; }
+  [[nodiscard]] CardWay& Run() { return run_; }
+  [[nodiscard]] const CardWay& Run() const { return run_; }
   /// "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".
   [[nodiscard]] std::string StateText() const;
 
  private:
-  bool Start(const wire::Frame& command, CardRun::Time now, wire::Frame& reply);
-  bool StartSort(const wire::Frame& command, CardRun::Time now, wire::Frame& reply);
+  bool Start(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
+  bool StartSort(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
   bool AnswerBoard(wire::Frame& reply) const;
+  bool AnswerCounter(const wire::Frame& command, wire::Frame& reply) const;
 
-  CardRun run_;
+  CardWay run_;
 };
 
 }  // namespace morvane::simulator

@@ -10,7 +10,6 @@ SlotOrgan::SlotOrgan(const Options& options)
     : hasReader_((options.Hardware & IdentityReply::kBoardNumberReader) != 0) {}
 
 bool SlotOrgan::Answer(const Frame& command, Frame& reply) const {
-  if (CodeOf(command) != CmdSensor) return false;
   const std::uint8_t selector = Get<SensorCommand>(command).Selector;
   if (selector != SensorCommand::kBoardLabel) return false;
   Put(SensorReply{selector, hasReader_ ? slot_.Label() : std::uint8_t{0}}, reply);

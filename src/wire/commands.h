@@ -28,7 +28,7 @@ enum CommandCode : std::uint8_t {
 struct StatusCommand {
   static constexpr std::uint8_t Code = CmdStatus;
   using Reply = StatusReply;
-  static constexpr bool kTakesOthers = true;
+  static constexpr bool kDropsOthers = true;
 
   static constexpr std::uint8_t kBreak = 1;     ///< stop the run in progress
   static constexpr std::uint8_t kPedalAck = 2;  ///< the press has been seen
@@ -41,7 +41,6 @@ struct StatusCommand {
 /// The poll of the error dialog, the one frame without random filler: byte 2 stays as it stands.
 struct DialogPollCommand {
   static constexpr std::uint8_t Code = StatusCommand::Code;
-  using Reply = StatusReply;
   std::uint8_t Flags = 0;
 
   static constexpr auto Fields = std::tuple(Byte(1, &DialogPollCommand::Flags), Zeros(3, 4));

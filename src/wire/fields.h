@@ -115,15 +115,15 @@ struct CardsRow {
   }
 };
 
-/// A list by machine card of which the sender sets as many places as `Count` says; the receiver
-/// takes all.
+/// A list by machine card of which the sender sets as many places as `Count` says, 55 at most;
+/// the receiver takes all.
 template <typename F>
 struct SomeCardsRow {
   std::size_t At;
   CardBytes F::*Member;
   std::size_t F::*Count;
   void Put(const F& fields, Frame& frame) const {
-    CardsRow<F>{At, fields.*Count, Member}.Put(fields, frame);
+    CardsRow<F>{At, std::min(fields.*Count, CardBytes::kPlaces), Member}.Put(fields, frame);
   }
   void Get(const Frame& frame, F& fields) const {
     CardsRow<F>{At, CardBytes::kPlaces, Member}.Get(frame, fields);

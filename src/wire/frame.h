@@ -28,10 +28,10 @@ using Frame = std::array<std::uint8_t, kLongFrame>;
 [[nodiscard]] constexpr std::uint8_t CodeOf(const Frame& frame) { return frame[0]; }
 constexpr void SetCode(Frame& frame, std::uint8_t code) { frame[0] = code; }
 
-/// The check byte of a plain frame is 0.
+/// The check byte of a plain long frame is 0; that of a short one is not sent.
 void ClearCheckByte(Frame& frame);
 
-/// Bytes 1 to 6: what a command names none of them for is random.
+/// Bytes 1 to 6. Those that a command does not name are random.
 [[nodiscard]] std::span<std::uint8_t> Filler(Frame& frame);
 
 /// The bytes behind the head of a long frame.

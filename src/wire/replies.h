@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "wire/fields.h"
 
 // Every reply's bytes, in the manner of commands.h.
@@ -109,6 +111,9 @@ struct TestReply {
 
   static constexpr auto Fields = std::tuple(Array(kFirst, &TestReply::Numbers));
 };
+
+/// Each number with the byte at which it stands: "9 200  10 0  ".
+[[nodiscard]] std::string DiagnosisText(const TestReply& reply);
 
 /// Whether a frame of this code is the reply `R`.
 template <typename R>

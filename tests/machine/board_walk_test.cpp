@@ -21,7 +21,7 @@ class BoardWalkTest : public ::testing::Test {
 };
 
 TEST_F(BoardWalkTest, ItOpensOnTheWholeSetWithOneCopy) {
-  memory = {6, 8, 4};
+  memory = {6, 8, 4, ""};
   walk.Open(false, false);
   EXPECT_EQ(memory.RunFirst, 5);
   EXPECT_EQ(memory.RunLast, 9);
@@ -30,7 +30,7 @@ TEST_F(BoardWalkTest, ItOpensOnTheWholeSetWithOneCopy) {
 }
 
 TEST_F(BoardWalkTest, ItOpensWhereItWasLeftAsFarAsTheSetStillHasIt) {
-  memory = {6, 20, 4};
+  memory = {6, 20, 4, ""};
   walk.Open(true, true);
   EXPECT_EQ(memory.RunFirst, 6);
   EXPECT_EQ(memory.RunLast, 9);
@@ -39,7 +39,7 @@ TEST_F(BoardWalkTest, ItOpensWhereItWasLeftAsFarAsTheSetStillHasIt) {
 }
 
 TEST_F(BoardWalkTest, AllCopiesOfABoardComeBeforeTheNextAndTheLastStays) {
-  memory = {8, 9, 2};
+  memory = {8, 9, 2, ""};
   walk.Open(true, true);
   std::vector<std::string> places{Place()};
   for (int i = 0; i < 4; ++i) {
@@ -51,7 +51,7 @@ TEST_F(BoardWalkTest, AllCopiesOfABoardComeBeforeTheNextAndTheLastStays) {
 }
 
 TEST_F(BoardWalkTest, EachButtonStaysWithinItsRange) {
-  memory = {6, 7, 2};
+  memory = {6, 7, 2, ""};
   walk.Open(true, true);
   walk.Take(Step::kPrev);
   walk.Take(Step::kPrevCopy);

@@ -177,6 +177,36 @@ TEST_F(CardRunTest, ItBeginsWithNothingOfTheRunBefore) {
   EXPECT_FALSE(first);
 }
 
+TEST_F(CardRunTest, WhoLeavesWhileItAsksDoesNotGoOn) {
+  answers = {kGoOn};
+  OnChange = [this] {
+    if (machine.MachineState == Machine::kError) run.Leave();
+  };
+  bridge.Replies = {Accepted(), Short({0x19, 30})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0"));
+}
+
+TEST_F(CardRunTest, TheProbeMakesTheMachineIdleOrTellsThatItIsLost) {
+  machine.MachineState = Machine::kError;
+  bridge.Replies = {Short({0x1A, 2, 0x90})};
+  EXPECT_TRUE(run.Probe());
+  EXPECT_EQ(machine.MachineState, Machine::kIdle);
+  EXPECT_FALSE(run.Probe());
+  EXPECT_TRUE(machine.Lost());
+}
+
+TEST_F(CardRunTest, APlanMayFetchNothing) {
+  bridge.Replies = {Accepted(), Short({0x19, 0})};
+  run.Prepare();
+  EXPECT_EQ(run.Run({[this](bool goOn) {
+                       machine.Exchange(wire::SortCommand{goOn, {}});
+                       return run.Step();
+                     },
+                     nullptr, [this] { return Answer(); }}),
+            End::kStopped);
+}
+
 TEST_F(CardRunTest, PreparingForgetsTheRunBefore) {
   run.Leave();
   run.RunLogLine = "old";

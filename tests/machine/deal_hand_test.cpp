@@ -268,6 +268,17 @@ TEST_F(CheckBoard, ClosingWhileTheLabelIsReadOpensNoDialog) {
   EXPECT_TRUE(run.Closed());
 }
 
+TEST_F(CheckBoard, AnotherSensorsValueIsNoLabel) {
+  desk.Store.Set(kCheckBoard, "1");
+  paper.Damage = [](int, const Bytes& plain, const Bytes& wire) {
+    return plain[0] == 0x1B ? test::OnTheWire(test::Short({0x1B, 3, 15}), 21) : wire;
+  };
+  view.Answers = {Cancel};
+  Contact();
+  run.cmdDeal();
+  EXPECT_EQ(LastLine(), "  001 : 1,1 64,0,0 ");
+}
+
 TEST_F(CheckBoard, ClosingBetweenTwoReadingsReadsNoMore) {
   desk.Store.Set(kCheckBoard, "1");
   paper.Label = 23;

@@ -104,7 +104,7 @@ TEST_F(Opening, StartFromBoxIsOnWhereItWasNeverStored) {
 }
 
 TEST_F(Opening, WithoutCopiesThereIsOneAndWithoutSubRangeTheWholeSet) {
-  memory = {2, 2, 5};
+  memory = {2, 2, 5, ""};
   Contact();
   EXPECT_EQ(memory.NumberOfCopies, 1);
   EXPECT_EQ(memory.RunFirst, 1);
@@ -115,7 +115,7 @@ TEST_F(Opening, WithoutCopiesThereIsOneAndWithoutSubRangeTheWholeSet) {
 TEST_F(Opening, CopiesAndSubRangeStayFromTheLastOpening) {
   desk.Store.Set(kDealCopy, "1");
   desk.Store.Set(kDealSub, "1");
-  memory = {2, 640, 5};
+  memory = {2, 640, 5, ""};
   Contact();
   EXPECT_EQ(memory.NumberOfCopies, 5);
   EXPECT_EQ(memory.RunFirst, 2);
@@ -220,6 +220,11 @@ TEST_F(Opening, TheTestButtonFetchesTheTestText) {
   };
   run.Command1();
   EXPECT_EQ(run.Window().TestText.substr(0, 16), "9 200  10 0  11 ");
+  EXPECT_EQ(memory.TestText, run.Window().TestText);
+  DealingRun later(desk.Prog, machine, memory);
+  machine.Link.UsbHandle = 7;
+  later.Open(view);
+  EXPECT_EQ(later.Window().TestText, memory.TestText) << "it stays until the program ends";
 }
 
 TEST_F(Walk, StaysWithinTheRangeAndDisablesDealNext) {

@@ -98,26 +98,31 @@ TEST_F(Exchange, AStartCountsAsAcceptedOnlyByItsOwnReply) {
 }
 
 TEST_F(Exchange, ABoardCountsAsReadOnlyByItsOwnReply) {
-  test::FillSet(desk.Prog.Set, 1, 1);
-  const Board before = desk.Prog.Set.At(1);
+  machine.MachineState = Machine::kBusy;
   bridge.Replies = {Short({0x19, 0}), {}};
   EXPECT_FALSE(machine.Exchange(FetchBoardCommand{}));
-  EXPECT_EQ(desk.Prog.Set.At(1), before);
+  EXPECT_TRUE(machine.Lost());
+  EXPECT_EQ(machine.MachineState, Machine::kBusy) << "the wrong reply says nothing either";
 }
 
-TEST_F(Exchange, ABoardThatNobodyAskedForIsDroppedInSilence) {
-  test::FillSet(desk.Prog.Set, 1, 1);
-  const Board before = desk.Prog.Set.At(1);
-  EXPECT_TRUE(Poll(Long({0x9D})));
-  EXPECT_EQ(desk.Prog.Set.At(1), before);
-  EXPECT_THAT(bridge.Sent, SizeIs(1));
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-}
-
-TEST_F(Exchange, AnUnknownCodeIsDroppedInSilence) {
-  EXPECT_TRUE(Poll(Short({0x66, 57})));
-  EXPECT_EQ(machine.MachineError, 0);
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+TEST_F(Exchange, APollAnsweredByAnotherGoodFrameIsOneTryAndChangesNothing) {
+  machine.MachineState = Machine::kIdle;
+  machine.Version.FirmwareMajor = 2;
+  for (const Bytes& other :
+       {Long({0x9D, 57}), Short({0x66, 57}), Short({0x18, 57}), Short({0x1A, 57, 57}),
+        Short({0x12, 1, 57}), Long({0xA0, 57}), Long({0xB3, 57}), Short({0x1B, 4, 57})}) {
+    bridge.Sent.clear();
+    bridge.Calls.clear();
+    bridge.Replies = {other};
+    EXPECT_FALSE(machine.Exchange(machine.Poll())) << int{other[0]};
+    EXPECT_FALSE(machine.Lost());
+    EXPECT_THAT(bridge.Sent, SizeIs(1));
+    EXPECT_THAT(bridge.Calls, IsEmpty());
+    EXPECT_EQ(machine.MachineState, Machine::kIdle);
+    EXPECT_EQ(machine.MachineError, 0);
+    EXPECT_EQ(machine.Version.FirmwareMajor, 2);
+    EXPECT_EQ(machine.SerialNumber, 0U);
+  }
 }
 
 TEST_F(Exchange, FillerStaysBelow255) {
@@ -225,6 +230,18 @@ TEST_F(MachineReplies, ABoardReadGoesToItsHandsByPocket) {
   EXPECT_EQ(read.Status, Board::kIncomplete);
 }
 
+TEST_F(MachineReplies, AHandListHasNoPocketForACardThatNobodyHolds) {
+  Board board = test::RoundBoard(1);
+  board.Cards[13] = 0;  // the Two of Spades
+  const CardBytes list = HandListOf(board);
+  EXPECT_EQ(list[MachineCard(1)], 0);
+  EXPECT_EQ(list[MachineCard(13)], 4) << "the Ace of Spades is North's";
+  EXPECT_EQ(list[MachineCard(53)], 0);
+  Board back;
+  TakeHandList(list, back);
+  EXPECT_EQ(back.Cards, board.Cards);
+}
+
 TEST_F(MachineReplies, CardLogStartsAtTheTwoOfSpades) {
   CardRun run(desk.Loop, desk.Clock, machine, [] {});
   run.ClearCardLog();
@@ -237,6 +254,8 @@ TEST_F(MachineReplies, CardLogStartsAtTheTwoOfSpades) {
   EXPECT_TRUE(run.FetchCardLog());
   EXPECT_EQ(run.CardLog[MachineCard(1)], 7);
   EXPECT_EQ(run.CardLog[MachineCard(2)], 0);
+  EXPECT_FALSE(run.FetchCardLog()) << "nobody answers any more";
+  EXPECT_EQ(run.CardLog[MachineCard(1)], 7);
 }
 
 TEST_F(Gates, FirmwareThreePassesAll) {

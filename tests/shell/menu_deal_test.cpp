@@ -9,6 +9,7 @@ using test::FakeUi;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 constexpr int kAfterContact = DealingRun::kFirstContactMs + 100;
 
@@ -47,6 +48,21 @@ TEST(MenuDeal, WithoutASetIsRefused) {
   EXPECT_EQ(desk.LastLine(), "    Dealing Error: Board Set does not exist. Request ignored!");
   EXPECT_THAT(desk.Bridge.Calls, IsEmpty());
   EXPECT_EQ(desk.Desktop.Run.Opened, 0);
+  EXPECT_FALSE(desk.Main.FlowActive());
+}
+
+TEST(MenuDeal, AProgramWithoutTheWindowSaysSoAndLetsGoOfTheMachine) {
+  DealDesk desk;
+  desk.Desktop.HasWindows = false;
+  desk.Main.MenuDeal();
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{"      This program has no window for a run.      ", 16,
+                                      "Dealing Error"}));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Dealing", "Ready"));
+  EXPECT_FALSE(desk.Main.TheMachine().Link.IsOpen());
+  EXPECT_THAT(desk.Bridge.Sent, IsEmpty());
+  EXPECT_EQ(desk.Bridge.Calls.back(), "Close");
+  EXPECT_THAT(desk.Bridge.Calls, Not(Contains("WriteLatch 1 1")));
   EXPECT_FALSE(desk.Main.FlowActive());
 }
 

@@ -46,15 +46,18 @@ class FakeWindows final : public FlowWindows {
   }
   void BringToFront() override { ++ToFront; }
   void ShowLoadNumber(files::LoadNumber& dialog) override {
+    if (!HasWindows) return FlowWindows::ShowLoadNumber(dialog);
     ++LoadNumbers;
     if (OnLoadNumber) OnLoadNumber(dialog);
   }
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
+    if (!HasWindows) return FlowWindows::OpenDealinProg(run);
     auto window = std::make_unique<FakeRunWindow>(Run);
     if (OnRun) OnRun(run);
     return window;
   }
 
+  bool HasWindows = true;  ///< otherwise each answers as a program does that lacks it
   int MainMenus = 0;
   int ToFront = 0;
   int LoadNumbers = 0;

@@ -132,14 +132,27 @@ TEST(Commands, TheDialogsPollLeavesByte2AndClearsTheRest) {
 
 TEST(Commands, GetGivesBackWhatPutWrote) {
   Frame frame{};
-  Put(StartCommand{CmdRead, true, {0x21, 2, 5}, {}, 52}, frame);
+  StartCommand read{CmdRead, true, {0x21, 2, 5}, {}, 52};
+  read.Pockets[MachineCard(1)] = 3;
+  read.Pockets[MachineCard(52)] = 2;
+  Put(read, frame);
   const auto start = Get<StartCommand>(frame);
   EXPECT_EQ(start.Code, CmdRead);
   EXPECT_TRUE(start.Continue);
   EXPECT_EQ(start.Settings.CardConfig, 0x21);
   EXPECT_EQ(start.Settings.DealRotation, 2);
   EXPECT_EQ(start.Settings.CardConfigExtra, 5);
+  EXPECT_EQ(start.Pockets, read.Pockets);
   EXPECT_EQ(start.Places, 55U) << "who receives it cannot know how many were set";
+}
+
+TEST(Commands, MorePlacesThanThereAreAreNotSent) {
+  StartCommand start;
+  start.Pockets.Bytes.fill(1);
+  start.Places = 200;
+  const Bytes plain = Plain(start, 136);
+  EXPECT_EQ(plain[62], 1);
+  EXPECT_EQ(plain[63], 0xEE);
 }
 
 TEST(Replies, AStatusAnswersInEitherSize) {
@@ -184,6 +197,18 @@ TEST(Replies, PutGivesBackWhatGetTook) {
   EXPECT_EQ(PutBack<VersionReply>(version), version);
   const Frame sensor{0x1B, 4, 23};
   EXPECT_EQ(PutBack<SensorReply>(sensor), sensor);
+  const Frame identity{0x12, 1, 0x12, 0x67, 0x00, 0x0C};
+  EXPECT_EQ(PutBack<IdentityReply>(identity), identity);
+  Frame counter{0xB3, 0, 1, 0, 0, 0, 0, 0, 1, 2, 3, 4};
+  EXPECT_EQ(PutBack<CounterReply>(counter), counter);
+  Frame test{0x9E};
+  std::iota(test.begin() + 9, test.end(), std::uint8_t{1});
+  EXPECT_EQ(PutBack<TestReply>(test), test);
+  const Frame sort{0x35, 1, 0x21, 1, 61, 86, 0};
+  EXPECT_EQ(PutBack<SortCommand>(sort), sort);
+  Frame route{0x9F, 28, 1};
+  std::iota(route.begin() + 8, route.begin() + 63, std::uint8_t{1});
+  EXPECT_EQ(PutBack<RouteCommand>(route), route);
   Frame board{0x9D};
   std::fill_n(board.begin() + 8, 52, std::uint8_t{3});
   EXPECT_EQ(PutBack<BoardReply>(board), board);

@@ -1,4 +1,4 @@
-#include "simulator/card_run.h"
+#include "simulator/card_way.h"
 
 #include <algorithm>
 #include <random>
@@ -12,10 +12,10 @@ namespace {
 using wire::MachineCard;
 using wire::StatusReply;
 
-CardRun::Time CardTimeAt(double speed) {
-  if (speed <= 0.0) return CardRun::Time(0);
-  const double time = static_cast<double>(CardRun::kCardTime.count()) / speed;
-  return CardRun::Time(std::max<CardRun::Time::rep>(1, static_cast<CardRun::Time::rep>(time)));
+CardWay::Time CardTimeAt(double speed) {
+  if (speed <= 0.0) return CardWay::Time(0);
+  const double time = static_cast<double>(CardWay::kCardTime.count()) / speed;
+  return CardWay::Time(std::max<CardWay::Time::rep>(1, static_cast<CardWay::Time::rep>(time)));
 }
 
 std::uint64_t SeedOf(const Options& options) {
@@ -26,10 +26,10 @@ std::uint64_t SeedOf(const Options& options) {
 
 }  // namespace
 
-CardRun::CardRun(const Options& options)
+CardWay::CardWay(const Options& options)
     : cardTime_(CardTimeAt(options.Speed)), feeder_(SeedOf(options)), faults_(options.Faults) {}
 
-void CardRun::Begin(RunKind kind, const PackBytes& pockets, Time now) {
+void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
   kind_ = kind;
   handList_ = pockets;
@@ -40,7 +40,7 @@ void CardRun::Begin(RunKind kind, const PackBytes& pockets, Time now) {
   nextCardAt_ = now + cardTime_;
 }
 
-void CardRun::Load() {
+void CardWay::Load() {
   switch (kind_) {
     case RunKind::Read:
       feeder_.LoadForReading(boardToRead_, handList_);
@@ -53,7 +53,7 @@ void CardRun::Load() {
   }
 }
 
-void CardRun::GoOn(Time now) {
+void CardWay::GoOn(Time now) {
   if (Busy()) return;
   if (kind_ == RunKind::None) {
     SetState(wire::kIncorrectCardOrder);
@@ -64,24 +64,24 @@ void CardRun::GoOn(Time now) {
   nextCardAt_ = now + cardTime_;
 }
 
-void CardRun::Break() { Stop(wire::kBreakDealing); }
+void CardWay::Break() { Stop(wire::kBreakDealing); }
 
-void CardRun::Stop(std::uint8_t code) {
+void CardWay::Stop(std::uint8_t code) {
   if (Busy()) SetState(code);
 }
 
-void CardRun::ClearError() {
+void CardWay::ClearError() {
   if (Busy() || state_ == StatusReply::kIdle) return;
   kind_ = RunKind::None;
   SetState(StatusReply::kIdle);
 }
 
-void CardRun::Forget() {
+void CardWay::Forget() {
   kind_ = RunKind::None;
   SetState(StatusReply::kIdle);
 }
 
-void CardRun::Advance(Time now) {
+void CardWay::Advance(Time now) {
   if (cardTime_.count() == 0) return;
   while (Busy() && nextCardAt_ <= now) {
     FallOne();
@@ -89,11 +89,11 @@ void CardRun::Advance(Time now) {
   }
 }
 
-void CardRun::Polled() {
+void CardWay::Polled() {
   if (cardTime_.count() == 0 && Busy()) FallOne();
 }
 
-void CardRun::FallOne() {
+void CardWay::FallOne() {
   if (const std::uint8_t code = DueFault()) {
     Stop(code);
     return;
@@ -111,7 +111,7 @@ void CardRun::FallOne() {
   if (feeder_.Left() == 0) Finish();
 }
 
-std::uint8_t CardRun::DueFault() {
+std::uint8_t CardWay::DueFault() {
   if (nextFault_ != 0) return std::exchange(nextFault_, std::uint8_t{0});
   const int card = static_cast<int>(Fallen()) + 1;
   const auto due = std::find_if(faults_.begin(), faults_.end(), [&](const CardFault& fault) {
@@ -123,25 +123,25 @@ std::uint8_t CardRun::DueFault() {
   return code;
 }
 
-std::size_t CardRun::PocketOfFront() const {
+std::size_t CardWay::PocketOfFront() const {
   const int card = feeder_.Front();
   switch (kind_) {
     case RunKind::Sort:
       return PocketOfHand[static_cast<std::size_t>(CardSuit(card))];
     case RunKind::Read:  // the list tells the pocket of each place, not of each card
-      return handList_[Fallen()];
+      return handList_.Bytes[Fallen()];
     default:
-      return handList_[static_cast<std::size_t>(card - 1)];
+      return handList_[MachineCard(card)];
   }
 }
 
-void CardRun::Finish() {
+void CardWay::Finish() {
   if (kind_ == RunKind::Deal) ++boardsDealt_;
   if (kind_ != RunKind::Sort) ++boardsFinished_;
   SetState(StatusReply::kIdle);
 }
 
-void CardRun::SetState(std::uint8_t state) {
+void CardWay::SetState(std::uint8_t state) {
   state_ = state;
   ++changes_;
 }

@@ -16,16 +16,16 @@ enum class RunKind : std::uint8_t { None, Deal, Read, Sort };
 
 /// The cards' way from the feeder into the pockets: one run at a time, card by card, until it is
 /// done, broken or stopped by a fault. Nothing here allocates while cards fall.
-class CardRun {
+class CardWay {
  public:
   using Time = std::chrono::microseconds;
   static constexpr Time kCardTime{280'000};  ///< at speed 1
 
-  explicit CardRun(const Options& options);
+  explicit CardWay(const Options& options);
 
   /// Empties the pockets, loads the feeder and begins. The same order again while it is carried out
   /// is a repetition and changes nothing. `pockets` means nothing to a sort.
-  void Begin(RunKind kind, const PackBytes& pockets, Time now);
+  void Begin(RunKind kind, const wire::CardBytes& pockets, Time now);
   /// Goes on where the run stopped, if its code allows it. A run in progress or done stays as it
   /// is; without a run there is nothing to go on with, and that is an error.
   void GoOn(Time now);
@@ -74,7 +74,7 @@ class CardRun {
   Feeder feeder_;
   std::vector<CardFault> faults_;
   RunKind kind_ = RunKind::None;
-  PackBytes handList_{};
+  wire::CardBytes handList_{};
   std::array<Pile, 5> pockets_;
   wire::CardBytes cardLog_;
   Board boardToRead_;
