@@ -5,16 +5,24 @@
 #include <QDragEnterEvent>
 #include <QEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
 #include <QUrl>
+#include <QVBoxLayout>
 
-#include "platform/qt/filtered_edit.h"
 #include "platform/qt/qt_text.h"
+#include "shell/ui/menu_bar.h"
+#include "shell/ui/set_header.h"
+#include "shell/ui/set_numbers.h"
+#include "shell/ui/statistics_panel.h"
 
 namespace morvane::shell {
 namespace {
+
+constexpr int kMargin = 12;
+constexpr int kSpacing = 8;
+constexpr QSize kComfortable{720, 480};
 
 /// The file that is dragged; empty when it is not a single one of this computer.
 QString DraggedFile(const QDropEvent& event) {
@@ -24,6 +32,45 @@ QString DraggedFile(const QDropEvent& event) {
 
 }  // namespace
 
+MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(shell) {
+  setObjectName("MainMenu");
+  setWindowTitle("Morvane - Main Menu[*]");
+  setAcceptDrops(true);
+  setMenuBar(new MenuBar(shell_, program_.ServiceLevel, this));
+  MakeStatusBar();
+  MakeContent();
+  RefreshSet();
+  resize(kComfortable.boundedTo(screen()->availableSize()));
+  RestorePlace();
+}
+
+void MainMenu::MakeStatusBar() {
+  statusBar()->setObjectName("StatusBar1");
+  panel_ = new QLabel(this);
+  panel_->setObjectName("Panel1");
+  panel_->setTextFormat(Qt::PlainText);
+  lblVersion_ = new QLabel(this);
+  lblVersion_->setObjectName("lblVersion");
+  statusBar()->addWidget(panel_, 1);
+  statusBar()->addPermanentWidget(lblVersion_);
+}
+
+void MainMenu::MakeContent() {
+  auto* content = new QWidget(this);
+  header_ = new SetHeader(
+      shell_, [this] { ShowTitle(); }, content);
+  numbers_ = new SetNumbers([this] { ToggleStatistics(); }, content);
+  statistics_ = new StatisticsPanel(content);
+  auto* all = new QVBoxLayout(content);
+  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  all->setSpacing(kSpacing);
+  all->addWidget(header_);
+  all->addWidget(numbers_);
+  all->addWidget(statistics_, 1);
+  all->addStretch();
+  setCentralWidget(content);
+}
+
 QtUi::MainWindow MainMenu::ForUi() {
   return {centralWidget(), [this](const std::string& text) { Status(text); },
           [this] { RefreshSet(); }};
@@ -32,23 +79,17 @@ QtUi::MainWindow MainMenu::ForUi() {
 void MainMenu::Status(const std::string& text) { panel_->setText(ToQt(WithoutPadding(text))); }
 
 void MainMenu::RefreshSet() {
-  BoardSet& set = program_.Set;
-  set.CountCompleted();
-  txtFileName_->setText(ToQt(set.BoardSetFile));
-  txtEventName_->ShowText(set.EventName);
-  txtEventSite_->ShowText(set.EventSite);
-  txtEventDate_->ShowText(set.EventDate);
-  const auto show = [&set](QLineEdit* box, int number) {
-    box->setText(set.Exists() ? QString::number(number) : QString());
-  };
-  show(txtFirstBoard_, set.FirstBoard);
-  show(txtLastBoard_, set.LastBoard);
-  show(txtCount_, set.Count());
-  show(txtCompleted_, set.CompletedBoards);
+  program_.Set.CountCompleted();
+  header_->Show(program_.Set);
+  numbers_->Show(program_.Set, program_.ShowStatistics);
   lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
-  ShowStat_->setText(program_.ShowStatistics ? "&Hide Statistics" : "&Show Statistics");
   statistics_->setVisible(program_.ShowStatistics);
   ShowTitle();
+}
+
+void MainMenu::ToggleStatistics() {
+  shell_.ToggleStatistics();
+  RefreshSet();
 }
 
 void MainMenu::ShowTitle() { setWindowModified(program_.Set.Changed()); }
@@ -57,7 +98,7 @@ bool MainMenu::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && !activated_) {
     activated_ = true;
     shell_.Activated();
-    txtEventName_->setFocus();
+    header_->FocusEventName();
   }
   return QMainWindow::event(event);
 }

@@ -1,0 +1,65 @@
+#include "shell/ui/menu_bar.h"
+
+#include <QAction>
+#include <QMenu>
+#include <utility>
+
+namespace morvane::shell {
+
+MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(parent) {
+  AddFileMenu(shell);
+  AddEntry(*this, "menuDeal", "&Deal", Qt::CTRL | Qt::Key_D, [&shell] { shell.MenuDeal(); });
+  AddEntry(*this, "menuRead", "&Read");
+  AddEntry(*this, "menuSort", "S&ort");
+  AddEntry(*this, "menuEdit", "&Edit");
+  AddEntry(*this, "Analize", "&Analyze");
+  AddEntry(*this, "menuPrint", "&Print");
+  AddMaintenanceMenu(serviceLevel);
+  AddEntry(*this, "menuPoker", "Po&ker");
+  AddSetupMenu();
+}
+
+void MenuBar::AddFileMenu(Shell& shell) {
+  QMenu& file = AddMenu("menuFile", "&File");
+  AddEntry(file, "menuNew", "&New", QKeySequence::New);
+  AddEntry(file, "menuLoad", "&Load", QKeySequence::Open, [&shell] { shell.MenuLoad(); });
+  AddEntry(file, "menuImport", "&Import PBN", {}, [&shell] { shell.MenuImport(); });
+  AddEntry(file, "menuSave", "&Save", QKeySequence::Save, [&shell] { shell.MenuSave(); });
+  file.addSeparator()->setObjectName("div1");
+  AddEntry(file, "menuExit", "E&xit", Qt::CTRL | Qt::Key_Q, [this] { window()->close(); });
+}
+
+void MenuBar::AddMaintenanceMenu(int serviceLevel) {
+  QMenu& maintenance = AddMenu("cmdMaintenance_direct", "&Maintenance");
+  AddEntry(maintenance, "cmdMaintenance", "&Maintenance");
+  AddEntry(maintenance, "Read_Service_File", "&Read Service File")->setVisible(serviceLevel > 0);
+}
+
+void MenuBar::AddSetupMenu() {
+  QMenu& setup = AddMenu("cmdSetup", "&Setup");
+  AddEntry(setup, "cmdPref", "&Preferences");
+}
+
+QMenu& MenuBar::AddMenu(const char* name, const char* caption) {
+  QMenu* menu = addMenu(caption);
+  menu->setObjectName(name);
+  return *menu;
+}
+
+/// While its flow runs, an entry cannot be chosen again.
+QAction* MenuBar::AddEntry(QWidget& menu, const char* name, const char* caption,
+                           const QKeySequence& keys, Flow flow) {
+  QAction* entry = menu.addAction(caption);
+  entry->setObjectName(name);
+  entry->setShortcut(keys);
+  entry->setEnabled(static_cast<bool>(flow));
+  if (!flow) return entry;
+  connect(entry, &QAction::triggered, this, [entry, flow = std::move(flow)] {
+    entry->setEnabled(false);
+    flow();
+    entry->setEnabled(true);
+  });
+  return entry;
+}
+
+}  // namespace morvane::shell

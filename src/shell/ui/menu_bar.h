@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QMenuBar>
+#include <functional>
+
+#include "shell/shell.h"
+
+class QAction;
+class QMenu;
+
+namespace morvane::shell {
+
+/// The menu of the main window: its entries in their order, their keys and the flow that each
+/// starts. An entry without a flow is disabled.
+class MenuBar final : public QMenuBar {
+ public:
+  MenuBar(Shell& shell, int serviceLevel, QWidget* parent);
+
+ private:
+  using Flow = std::function<void()>;
+  QMenu& AddMenu(const char* name, const char* caption);
+  QAction* AddEntry(QWidget& menu, const char* name, const char* caption,
+                    const QKeySequence& keys = {}, Flow flow = nullptr);
+  void AddFileMenu(Shell& shell);
+  void AddMaintenanceMenu(int serviceLevel);
+  void AddSetupMenu();
+};
+
+}  // namespace morvane::shell

@@ -1,0 +1,57 @@
+#include "shell/ui/set_numbers.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
+#include "platform/qt/shown_text.h"
+
+namespace morvane::shell {
+namespace {
+
+constexpr int kColumnGap = 24;
+constexpr int kNumberWidth = 60;
+
+}  // namespace
+
+SetNumbers::SetNumbers(std::function<void()> toggleStatistics, QWidget* parent) : QWidget(parent) {
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  txtFirstBoard_ =
+      AddNumber(*grid, 0, 0, "First Board:", "txtFirstBoard", "First Board Number of the set");
+  txtLastBoard_ =
+      AddNumber(*grid, 1, 0, "Last Board:", "txtLastBoard", "Last Board Number of the set");
+  txtCount_ = AddNumber(*grid, 0, 3, "Boards in Set:", "txtCount", "Number of boards in a set.");
+  txtCompleted_ = AddNumber(*grid, 1, 3, "Completed Boards:", "txtCompleted",
+                            "Number of completed boards in a set.");
+  grid->setColumnMinimumWidth(2, kColumnGap);
+  grid->setColumnStretch(5, 1);
+  ShowStat_ = new QPushButton(this);
+  ShowStat_->setObjectName("ShowStat");
+  connect(ShowStat_, &QPushButton::clicked, this, std::move(toggleStatistics));
+  grid->addWidget(ShowStat_, 1, 6);
+}
+
+ShownText* SetNumbers::AddNumber(QGridLayout& grid, int row, int column, const char* caption,
+                                 const char* name, const char* tip) {
+  auto* box = new ShownText(name, tip, this);
+  box->setFixedWidth(kNumberWidth);
+  box->setAlignment(Qt::AlignRight);
+  grid.addWidget(new QLabel(caption, this), row, column);
+  grid.addWidget(box, row, column + 1);
+  return box;
+}
+
+void SetNumbers::Show(const BoardSet& set, bool statisticsShown) {
+  const auto show = [&set](ShownText* box, int number) {
+    box->setText(set.Exists() ? QString::number(number) : QString());
+  };
+  show(txtFirstBoard_, set.FirstBoard);
+  show(txtLastBoard_, set.LastBoard);
+  show(txtCount_, set.Count());
+  show(txtCompleted_, set.CompletedBoards);
+  ShowStat_->setText(statisticsShown ? "&Hide Statistics" : "&Show Statistics");
+}
+
+}  // namespace morvane::shell
