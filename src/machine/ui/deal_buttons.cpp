@@ -1,0 +1,47 @@
+#include "machine/ui/deal_buttons.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+#include "machine/dealing_run.h"
+#include "machine/ui/run_widgets.h"
+
+namespace morvane::machine {
+
+DealButtons::DealButtons(DealingRun& run, QWidget* parent)
+    : QWidget(parent),
+      cmdDeal_(NewButton(
+          "cmdDeal", "&Deal", [&run] { run.cmdDeal(); }, this)),
+      Deal_next_(NewButton(
+          "Deal_next", "Deal ne&xt", [&run] { run.Deal_next(); }, this)),
+      cmdBreak_(NewButton(
+          "cmdBreak", "&Break", [&run] { run.cmdBreak(); }, this)) {
+  // The only button left during a run: the focus must not fall onto it, or a second press of the
+  // key that started the deal would break it.
+  cmdBreak_->setFocusPolicy(Qt::ClickFocus);
+  cmdBreak_->setAutoDefault(false);
+  cmdBreak_->setMinimumWidth(kCommandWidth);
+  for (QPushButton* button : {cmdDeal_, Deal_next_}) {
+    button->setFont(Enlarged(button->font(), 1.1));
+    button->setMinimumWidth(4 * kBigButton);
+  }
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kRunSpacing);
+  for (QPushButton* button : {cmdDeal_, Deal_next_, cmdBreak_}) row->addWidget(button);
+}
+
+void DealButtons::Show(const RunControls& now) {
+  cmdDeal_->setEnabled(now.cmdDeal);
+  Deal_next_->setEnabled(now.Deal_next);
+  cmdBreak_->setEnabled(now.cmdBreak);
+}
+
+void DealButtons::TakeDefault(const RunControls& now) {
+  (now.Deal_next ? Deal_next_ : cmdDeal_)->setDefault(true);
+  if (now.cmdDeal && window()->focusWidget() == nullptr) cmdDeal_->setFocus();
+}
+
+void DealButtons::FocusDealNext() { Deal_next_->setFocus(); }
+
+}  // namespace morvane::machine

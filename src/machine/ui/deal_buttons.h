@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+class QPushButton;
+
+namespace morvane::machine {
+
+class DealingRun;
+struct RunControls;
+
+/// `cmdDeal`, `Deal_next` and `cmdBreak`.
+class DealButtons final : public QWidget {
+ public:
+  DealButtons(DealingRun& run, QWidget* parent);
+
+  void Show(const RunControls& now);
+  /// Makes the button that deals next the window's default, and hands it a focus that nothing has.
+  void TakeDefault(const RunControls& now);
+  void FocusDealNext();
+
+ private:
+  QPushButton* cmdDeal_;
+  QPushButton* Deal_next_;
+  QPushButton* cmdBreak_;
+};
+
+}  // namespace morvane::machine

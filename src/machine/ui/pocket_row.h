@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "machine/display_hand.h"
+
+namespace morvane::machine {
+
+class DealingRun;
+class PocketGauge;
+
+/// The four pockets, North to West.
+class PocketRow final : public QWidget {
+ public:
+  explicit PocketRow(QWidget* parent);
+
+  /// Repaints at once what has changed.
+  void ShowCounts(const DealingRun& run);
+  void ShowHcp(const BoardDisplay& display);
+
+ private:
+  std::array<PocketGauge*, kHands + 1> pockets_{};
+};
+
+}  // namespace morvane::machine

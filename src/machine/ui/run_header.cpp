@@ -1,0 +1,127 @@
+#include "machine/ui/run_header.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "machine/dealing_run.h"
+#include "machine/ui/run_widgets.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/shown_text.h"
+
+namespace morvane::machine {
+namespace {
+
+const char* ColourOf(int state) {
+  switch (state) {
+    case Machine::kIdle:
+      return "#2e8b4f";
+    case Machine::kBusy:
+      return "#1f6fb5";
+    case Machine::kError:
+      return "#c0392b";
+    default:
+      return "#6f6f6f";
+  }
+}
+
+const char* Progress(const DealingRun& run) {
+  if (run.Cards().Leaving()) return "Leaving when the machine has stopped ...";
+  const bool fault = run.TheMachine().MachineState == Machine::kError;
+  if (run.Running()) return fault ? "The machine has stopped" : "Dealing ...";
+  switch (run.LastOutcome()) {
+    case DealingRun::Outcome::kDealt:
+      return "Last board dealt";
+    case DealingRun::Outcome::kStopped:
+      return "Last board not finished";
+    case DealingRun::Outcome::kLinkLost:
+      return "Connection lost";
+    default:
+      return run.Options().MachineKnown ? "Ready to deal" : "Waiting for the machine ...";
+  }
+}
+
+/// Events wait while the machine is asked, so a changed text is painted at once.
+void ShowNow(QLabel& label, const QString& text) {
+  if (label.text() == text) return;
+  label.setText(text);
+  label.repaint();
+}
+
+}  // namespace
+
+RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
+  MakeStatus();
+  lblProgress_ = AddLabel("lblProgress");
+  MakeDealTime();
+  txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
+  txtFile_->setFocusPolicy(Qt::ClickFocus);
+  auto* header = new QVBoxLayout(this);
+  header->setContentsMargins(0, 0, 0, 0);
+  header->setSpacing(kRunSpacing / 2);
+  header->addLayout(PlaceState());
+  header->addLayout(PlaceFile());
+}
+
+QLabel* RunHeader::AddLabel(const char* name) {
+  auto* label = new QLabel(this);
+  label->setObjectName(name);
+  return label;
+}
+
+void RunHeader::MakeStatus() {
+  txtStatus_ = AddLabel("txtStatus");
+  txtStatus_->setAccessibleName("State of the machine");
+  txtStatus_->setAlignment(Qt::AlignCenter);
+  txtStatus_->setFont(Enlarged(txtStatus_->font(), 1.2));
+  txtStatus_->setMinimumWidth(txtStatus_->fontMetrics().horizontalAdvance("Illegal (0)") + 24);
+}
+
+void RunHeader::MakeDealTime() {
+  txtDealTime_ = AddLabel("txtDealTime");
+  txtDealTime_->setAccessibleName("Deal time in seconds");
+  txtDealTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  txtDealTime_->setFont(Enlarged(txtDealTime_->font(), 1.4));
+  txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("0000.0"));
+}
+
+QLayout* RunHeader::PlaceState() {
+  auto* lblRun = AddLabel("lblRun");
+  lblRun->setText(" Dealing Boards ");
+  lblRun->setFont(Enlarged(lblRun->font(), 1.4));
+  auto* state = new QHBoxLayout;
+  state->setSpacing(kRunSpacing);
+  state->addWidget(lblRun);
+  state->addWidget(txtStatus_);
+  state->addWidget(lblProgress_);
+  state->addStretch();
+  state->addWidget(new QLabel("Deal Time (s):", this));
+  state->addWidget(txtDealTime_);
+  return state;
+}
+
+QLayout* RunHeader::PlaceFile() {
+  auto* file = new QHBoxLayout;
+  file->addWidget(new QLabel("File Name:", this));
+  file->addWidget(txtFile_);
+  return file;
+}
+
+void RunHeader::ShowState(const DealingRun& run) {
+  ShowStatus(run.TheMachine().MachineState);
+  ShowNow(*txtDealTime_, ToQt(run.Cards().txtDealTime));
+  ShowNow(*lblProgress_, Progress(run));
+}
+
+void RunHeader::ShowStatus(int state) {
+  const QString text = ToQt(StatusText(state));
+  if (txtStatus_->text() == text) return;
+  txtStatus_->setStyleSheet(
+      QString("background:%1; color:white; font-weight:bold; border-radius:4px; padding:4px 12px;")
+          .arg(ColourOf(state)));
+  ShowNow(*txtStatus_, text);
+}
+
+void RunHeader::ShowFile(const std::string& path) { txtFile_->setText(ToQt(path)); }
+
+}  // namespace morvane::machine

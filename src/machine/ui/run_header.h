@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+class QLabel;
+class QLayout;
+
+namespace morvane {
+class ShownText;
+}
+
+namespace morvane::machine {
+
+class DealingRun;
+
+/// How the run stands: `txtStatus`, `lblProgress`, `txtDealTime`; and whose set it deals:
+/// `txtFile`.
+class RunHeader final : public QWidget {
+ public:
+  explicit RunHeader(QWidget* parent);
+
+  /// Repaints at once what has changed.
+  void ShowState(const DealingRun& run);
+  void ShowFile(const std::string& path);
+
+ private:
+  QLabel* AddLabel(const char* name);
+  void MakeStatus();
+  void MakeDealTime();
+  QLayout* PlaceState();
+  QLayout* PlaceFile();
+  void ShowStatus(int state);
+
+  QLabel* txtStatus_ = nullptr;
+  QLabel* lblProgress_ = nullptr;
+  QLabel* txtDealTime_ = nullptr;
+  ShownText* txtFile_ = nullptr;
+};
+
+}  // namespace morvane::machine

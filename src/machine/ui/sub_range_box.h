@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+#include "model/board_set.h"
+
+class QLabel;
+
+namespace morvane {
+class NumberEdit;
+}
+
+namespace morvane::machine {
+
+class DealingRun;
+
+/// Which boards of the set are dealt, `Subfrom` and `Subto`, and which there are: `Subfirst` and
+/// `Sublast`.
+class SubRangeBox final : public QWidget {
+ public:
+  SubRangeBox(DealingRun& run, QWidget* parent);
+  void Show(const BoardSet& set);
+
+ private:
+  QLabel* AddLimit(const char* name);
+  void PlaceControls();
+  void ShowNumbers(const BoardSet& set);
+
+  DealingRun& run_;
+  NumberEdit* Subfrom_;
+  NumberEdit* Subto_;
+  QLabel* Subfirst_;
+  QLabel* Sublast_;
+};
+
+}  // namespace morvane::machine

@@ -1,0 +1,36 @@
+#include "machine/ui/test_panel.h"
+
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "machine/dealing_run.h"
+#include "machine/ui/run_widgets.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane::machine {
+
+TestPanel::TestPanel(DealingRun& run, QWidget* parent)
+    : QWidget(parent),
+      run_(run),
+      Command1_(NewSmallButton(
+          "Command1", "Test", "Asks the machine for its diagnosis text", [&run] { run.Command1(); },
+          this)),
+      TestText_(new QPlainTextEdit(this)) {
+  TestText_->setObjectName("TestText");
+  TestText_->setReadOnly(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kRunSpacing);
+  column->addWidget(Command1_, 0, Qt::AlignLeft);
+  column->addWidget(TestText_, 1);
+  hide();
+}
+
+void TestPanel::Show() {
+  setVisible(run_.Window().Command1Shown);
+  Command1_->setEnabled(run_.Window().Controls.Options);
+  TestText_->setPlainText(ToQt(run_.Window().TestText));
+}
+
+}  // namespace morvane::machine
