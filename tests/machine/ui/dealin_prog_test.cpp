@@ -99,6 +99,20 @@ TEST_F(Opening, EachLetterOfTheCaptionsBelongsToOneButton) {
   EXPECT_TRUE(letters.contains("Alt+D") && letters.contains("Alt+X") && letters.contains("Alt+B"));
 }
 
+TEST_F(Opening, TheTabKeyWalksFromControlToControl) {
+  desk.Store.Set(kDealCopy, "1");
+  desk.Store.Set(kDealSub, "1");
+  desk.Prog.ServiceLevel = 2;
+  Contact();
+  for (const char* name :
+       {"cmdFirst", "cmdPrev", "cmdNext", "cmdLast", "NumberCopies", "Subfrom", "Subto",
+        "National_1", "CardType_1", "Threshold_1", "Card_Index_st", "Start_from_box", "Check_board",
+        "Disp_boards", "Command1", "TestText", "cmdExit", "cmdDeal"}) {
+    test::Press(*window, Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), name);
+  }
+}
+
 TEST_F(Dealing, APressOfCmdDealDealsTheBoard) {
   Contact();
   Click("cmdDeal");

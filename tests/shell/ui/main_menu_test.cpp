@@ -92,6 +92,17 @@ TEST_F(Menu, TheListViewsHaveTheirColumns) {
               ElementsAre("Hand:", "   N   ", "   S   ", "   E   ", "   W   ", "  NS  ", "  EW  "));
 }
 
+TEST_F(Menu, TheTabKeyWalksFromBoxToBox) {
+  desk.Store.Set(kDealShow, "1");
+  Start();
+  for (const char* name : {"txtEventSite", "txtEventDate", "txtFileName", "txtFirstBoard",
+                           "txtLastBoard", "txtCount", "txtCompleted", "ShowStat", "HandStat",
+                           "lbxShapes", "txtMaxFreq", "txtMinFreq", "txtInDeals", "txtEventName"}) {
+    test::Press(*menu, Qt::Key_Tab);
+    EXPECT_EQ(menu->focusWidget()->objectName().toStdString(), name);
+  }
+}
+
 TEST_F(EventTexts, GoIntoTheSetWithEachKey) {
   Start();
   test::Type(*menu, "Spring");
