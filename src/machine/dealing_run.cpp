@@ -267,6 +267,7 @@ void DealingRun::WindUp() {
   Controls().cmdBreak = false;
   Controls().cmdDeal = Controls().cmdExit = Controls().Options = true;
   parts_.TheMachine.MachineState = Machine::kIdle;
+  parts_.View->ShowState();
   ShowAll();
   if (Controls().Deal_next) parts_.View->FocusDealNext();
   DealRotation_ =

@@ -30,7 +30,9 @@ TestPanel::TestPanel(DealingRun& run, QWidget* parent)
 void TestPanel::Show() {
   setVisible(run_.Window().Command1Shown);
   Command1_->setEnabled(run_.Window().Controls.Options);
-  TestText_->setPlainText(ToQt(run_.Window().TestText));
+  // Setting it anew would scroll it back.
+  const QString text = ToQt(run_.Window().TestText);
+  if (TestText_->toPlainText() != text) TestText_->setPlainText(text);
 }
 
 }  // namespace morvane::machine
