@@ -97,7 +97,7 @@ TEST(DamagedLog, ACounterOfNoDigitsIsFound) {
 
 TEST(DamagedLog, AChangedDigitOfEitherSeedIsFound) {
   for (std::size_t line = 0; line < 2; ++line) {
-    for (const std::size_t column : {9, 28, 48}) {
+    for (const std::size_t column : {9U, 28U, 48U}) {
       LogText log(WholeLog());
       char& digit = log[line][column];
       digit = digit == '0' ? '1' : '0';

@@ -75,12 +75,12 @@ TEST(ParseRecord, TakesWhateverStandsInPlaceOfCardsAndDigits) {
 
 TEST(ParseRecord, EachColumnOfItsFormMustBeRight) {
   // Blanks and the colon around number, hands and identity; columns from 0.
-  for (const std::size_t column : {0, 1, 2, 6, 7, 8, 25, 42, 59, 76, 77, 102, 103}) {
+  for (const std::size_t column : {0U, 1U, 2U, 6U, 7U, 8U, 25U, 42U, 59U, 76U, 77U, 102U, 103U}) {
     std::string line = Record("001");
     line[column] = '.';
     EXPECT_FALSE(ParseRecord(line)) << column;
   }
-  for (const std::size_t column : {3, 4, 5}) {
+  for (const std::size_t column : {3U, 4U, 5U}) {
     for (const char c : {' ', ':', '/'}) {
       std::string line = Record("001");
       line[column] = c;

@@ -318,7 +318,10 @@ TEST_F(SerialBridgeTest, APeerThatLeavesWhileNobodyReadsDoesNotKeepTheLoopAwake)
   bool over = false;
   int turns = 0;
   QTimer::singleShot(10, [&] { over = true; });
-  for (; !over; ++turns) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  while (!over) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    ++turns;
+  }
   EXPECT_LT(turns, 30);
   EXPECT_EQ(Read(8), Bytes());
   EXPECT_NE(status_, UsbXpress::kSuccess);

@@ -23,7 +23,7 @@ class QtEnvironment final : public testing::Environment {
   void TearDown() override { application_.reset(); }
 
  private:
-  char name_[13] = "test_windows";
+  char name_[8] = "test_ui";
   char* argv_[2] = {name_, nullptr};
   int argc_ = 1;
   std::unique_ptr<QApplication> application_;
