@@ -76,7 +76,7 @@ double CountingLineEnds(const std::string& path) {
 }
 
 std::string FullSetFile(Desk& desk, const std::string& extension) {
-  const std::string path = desk.Folder / ("set." + extension);
+  std::string path = desk.Folder / ("set." + extension);
   test::FillSet(desk.Prog.Set, 1, kMaxBoards);
   if (extension == "txt") {
     desk.Prog.Log.Boards(desk.Prog.Set, 1, kMaxBoards, true);

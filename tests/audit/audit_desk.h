@@ -44,9 +44,9 @@ struct AuditDesk : test::TestDesk {
                             generate::DealGenerator with) {
     const generate::GenerateRequest request{std::to_string(first), std::to_string(last), true, with,
                                             reject};
-    return generate::GenerateSet(Prog, Gen, History, request, View).End;
+    return generate::GenerateSet(Prog, Gen, History, request, view_).End;
   }
-  NoView View;
+  NoView view_;
 };
 
 /// All that is found in the text of a log.

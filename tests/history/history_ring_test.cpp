@@ -1,67 +1,12 @@
 #include "history/history_ring.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <map>
 
-#include "support/fakes.h"
+#include "history/ring_records.h"
 
 namespace morvane::history {
 namespace {
-
-/// A record by its type and, from byte 1 on, its bytes; blanks behind them.
-std::string Record(int type, const std::string& content) {
-  std::string record(1, static_cast<char>(type));
-  record += content;
-  record.resize(16, ' ');
-  return record;
-}
-
-const std::string kEnd = Record(255, "===============");
-
-std::string Header(const std::string& name, int boards = 1) {
-  return Record(254, std::string{static_cast<char>(boards), '\0'} + name);
-}
-
-/// The three records of a name of up to 13 characters.
-std::string ShortName(const std::string& name, int boards = 1) {
-  return Header(name, boards) + Record(253, "") + Record(252, "");
-}
-
-/// Board `number` in which the cards go round from North: cards 1, 2, 3, 4 to N, E, S, W, ...
-std::string RoundRecord(int number) {
-  return Record(0, std::string{static_cast<char>(number), '\0'} + std::string(13, '\x1B'));
-}
-
-/// Board `number` with all cards in North's hand.
-std::string AllNorthRecord(int number) {
-  return Record(0, std::string{static_cast<char>(number), '\0'} + std::string(13, '\0'));
-}
-
-HistoryRing Loaded(const std::string& bytes) {
-  HistoryRing ring;
-  ring.Load(bytes);
-  return ring;
-}
-
-BoardSet SetOf(int first, int last) {
-  BoardSet set;
-  test::FillSet(set, first, last);
-  return set;
-}
-
-/// A ring into which entries "E1", "E2" ... of `boards` boards were appended, `entries` of them.
-HistoryRing Filled(int entries, int boards) {
-  HistoryRing ring;
-  const BoardSet set = SetOf(1, boards);
-  for (int n = 1; n <= entries; ++n) ring.Append(set, "E" + std::to_string(n));
-  return ring;
-}
-
-std::string Slice(const HistoryRing& ring, std::size_t position, std::size_t records) {
-  return ring.Bytes().substr((position - 1) * 16, records * 16);
-}
 
 TEST(HistoryRing, AnEmptyFileIsAnEmptyRing) {
   const HistoryRing ring = Loaded("");
@@ -170,69 +115,6 @@ TEST(HistoryRing, ANameWithoutPlaceInTheFileIsStillFound) {
   ring.Append(SetOf(1, 1), "Łódź");
   EXPECT_EQ(ring.HistoryName(1), "?ód?");
   EXPECT_EQ(ring.IsInHistory("Łódź"), 1);
-}
-
-TEST(HistorySimilarity, NamesTheMostAlikeBoardOfTheRing) {
-  const HistoryRing ring =
-      Loaded(ShortName("One") + AllNorthRecord(7) + ShortName("Two") + RoundRecord(9) + kEnd);
-  Board candidate = test::RoundBoard(1);
-  std::swap(candidate.Cards[1], candidate.Cards[2]);  // North and East exchange a card
-  const HistoricSimilarity similarity = ring.HistorySimilarity(candidate);
-  // With board 7 each hand shares all thirteen cards: North holds them all there.
-  EXPECT_EQ(similarity.Cards, 13);
-  EXPECT_EQ(similarity.Number, 7);
-  EXPECT_EQ(similarity.File, "One");
-  EXPECT_EQ(similarity.HandC, 'N');
-  EXPECT_EQ(similarity.HandH, 'N');
-}
-
-TEST(HistorySimilarity, ATwelveAgainstTheSecondEntryBeatsFourAgainstTheFirst) {
-  HistoryRing ring;
-  BoardSet set = SetOf(3, 3);
-  set.At(3) = test::SuitBoard(3);
-  AnalyzeBoard(set.At(3));
-  ring.Append(set, "Suits");
-  set.At(3) = test::RoundBoard(3);
-  AnalyzeBoard(set.At(3));
-  ring.Append(set, "Round");
-  Board candidate = test::RoundBoard(1);
-  std::swap(candidate.Cards[1], candidate.Cards[2]);
-  std::swap(candidate.Cards[3], candidate.Cards[4]);
-  const HistoricSimilarity similarity = ring.HistorySimilarity(candidate);
-  EXPECT_EQ(similarity.Cards, 12);
-  EXPECT_EQ(similarity.Number, 3);
-  EXPECT_EQ(similarity.File, "Round");
-  EXPECT_EQ(similarity.HandC, 'N');
-  EXPECT_EQ(similarity.HandH, 'N');
-}
-
-TEST(HistorySimilarity, OfEquallyAlikeBoardsTheOldestCounts) {
-  // The oldest record stands behind the ring's end.
-  const std::string newer = ShortName("Newer") + RoundRecord(2);
-  const std::string older = ShortName("Older") + RoundRecord(1);
-  const HistoryRing ring = Loaded(newer + kEnd + older);
-  const HistoricSimilarity similarity = ring.HistorySimilarity(test::RoundBoard(1));
-  EXPECT_EQ(similarity.Cards, 13);
-  EXPECT_EQ(similarity.File, "Older");
-  EXPECT_EQ(similarity.Number, 1);
-}
-
-TEST(HistorySimilarity, BoardsBehindALostHeaderAreNotCompared) {
-  // The end has overwritten the oldest entry's header; its board stands alone behind it.
-  const HistoryRing ring = Loaded(ShortName("New") + AllNorthRecord(1) + kEnd + RoundRecord(9));
-  Board candidate = test::SuitBoard(1);
-  const HistoricSimilarity similarity = ring.HistorySimilarity(candidate);
-  EXPECT_EQ(similarity.File, "New");
-  EXPECT_EQ(similarity.Number, 1);
-  const HistoryRing lone = Loaded(kEnd + RoundRecord(9));
-  EXPECT_EQ(lone.HistorySimilarity(test::RoundBoard(1)).Cards, 0);
-  EXPECT_EQ(lone.HistorySimilarity(test::RoundBoard(1)).File, "<none>");
-}
-
-TEST(HistorySimilarity, RecordsOfAnUnknownTypeAreNotCompared) {
-  const std::string odd = Record(17, std::string{'\x09', '\0'} + std::string(13, '\x1B'));
-  const HistoryRing ring = Loaded(ShortName("One") + odd + kEnd);
-  EXPECT_EQ(ring.HistorySimilarity(test::RoundBoard(1)).Cards, 0);
 }
 
 TEST(HistoryRing, NamePartsBeforeAnyHeaderArePassedOver) {
@@ -443,44 +325,6 @@ TEST(HistoryRing, LeavesTheBytesOfWritingRecordByRecordAlsoRoundTheEnd) {
     }
   }
   EXPECT_EQ(ring.Bytes().size(), 320000U);
-}
-
-// The older file had one record for a name.
-
-TEST(ConvertedHistory, EachHeaderGetsTwoBlankNameRecords) {
-  EXPECT_EQ(ConvertedHistory(Header("One") + RoundRecord(1) + Header("Two") + kEnd),
-            ShortName("One") + RoundRecord(1) + ShortName("Two") + kEnd);
-}
-
-TEST(ConvertedHistory, BeginsWithTheFirstHeaderBehindTheEnd) {
-  EXPECT_EQ(ConvertedHistory(RoundRecord(8) + Header("New") + RoundRecord(1) + kEnd +
-                             RoundRecord(9) + Header("Old") + RoundRecord(2)),
-            ShortName("Old") + RoundRecord(2) + RoundRecord(8) + ShortName("New") + RoundRecord(1) +
-                kEnd);
-}
-
-TEST(ConvertedHistory, WithoutAnEndBeginsWithTheFirstRecord) {
-  EXPECT_EQ(ConvertedHistory(Header("One") + RoundRecord(1)),
-            ShortName("One") + RoundRecord(1) + kEnd);
-}
-
-TEST(ConvertedHistory, WithoutAHeaderIsAnEmptyRing) {
-  EXPECT_EQ(ConvertedHistory(RoundRecord(1) + kEnd + RoundRecord(2)), kEnd);
-  EXPECT_EQ(ConvertedHistory("short"), kEnd);
-}
-
-TEST(ConvertedHistory, WhatHasNoPlaceInTheRingIsTheOldest) {
-  std::string old;
-  for (int n = 0; n < 9999; ++n) old += Header("E" + std::to_string(n)) + RoundRecord(1);
-  old += Header("Last") + kEnd;
-  // 9999 x 4 + 3 records and the end: 40,000 positions, two rounds.
-  const std::string bytes = ConvertedHistory(old);
-  EXPECT_EQ(bytes.size(), 320000U);
-  const HistoryRing ring = Loaded(bytes);
-  EXPECT_EQ(ring.HistoryUsed(), 20000);
-  EXPECT_EQ(ring.HistoryWritePos(), 20000);
-  EXPECT_EQ(ring.Entries().back().Name, "Last");
-  EXPECT_EQ(ring.Entries().front().Name, "E5000");
 }
 
 }  // namespace

@@ -152,4 +152,20 @@ class Talk {
   UsbXpress::Handle handle_ = -1;
 };
 
+/// Whether the pockets hold exactly the cards of `board`.
+inline testing::AssertionResult LiesAs(const SimulatedMachine& machine, const Board& board) {
+  const auto hands = machine.CardsByHand();
+  for (std::size_t hand = 1; hand <= 4; ++hand) {
+    if (hands[hand].size() != 13) {
+      return testing::AssertionFailure() << "hand " << hand << ": " << hands[hand].size();
+    }
+    for (const int card : hands[hand]) {
+      if (board.Cards[static_cast<std::size_t>(card)] != hand) {
+        return testing::AssertionFailure() << "card " << card << " lies in hand " << hand;
+      }
+    }
+  }
+  return testing::AssertionSuccess();
+}
+
 }  // namespace morvane::simulator

@@ -29,6 +29,6 @@ class QtEnvironment final : public testing::Environment {
   std::unique_ptr<QApplication> application_;
 };
 
-const auto* const environment = testing::AddGlobalTestEnvironment(new QtEnvironment);
+const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new QtEnvironment);
 
 }  // namespace

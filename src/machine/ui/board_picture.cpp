@@ -131,9 +131,9 @@ void BoardPicture::DrawCompass(QPainter& painter) const {
     painter.restore();
   }
   painter.setPen(Qt::white);
-  constexpr std::array<QPointF, kHands + 1> outward{{{}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
+  constexpr std::array<QPointF, kHands + 1> kOutward{{{}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    const QPointF at = outward[static_cast<std::size_t>(hand)] * (half - kEdge / 2);
+    const QPointF at = kOutward[static_cast<std::size_t>(hand)] * (half - kEdge / 2);
     QFont font = painter.font();
     font.setUnderline(hand == display_.DealerNumber);
     painter.setFont(font);
@@ -176,25 +176,25 @@ void BoardPicture::DrawAnalysis(QPainter& painter) const {
     }
     return;
   }
-  constexpr std::array<const char*, 5> strains{"NT", "♠", "♥", "♦", "♣"};
-  constexpr std::array<int, kHands> rows{kNorth, kSouth, kEast, kWest};
-  for (std::size_t strain = 0; strain < strains.size(); ++strain) {
+  constexpr std::array<const char*, 5> kStrains{"NT", "♠", "♥", "♦", "♣"};
+  constexpr std::array<int, kHands> kRows{kNorth, kSouth, kEast, kWest};
+  for (std::size_t strain = 0; strain < kStrains.size(); ++strain) {
     const qreal x = kColumn * static_cast<qreal>(strain + 1);
     painter.setFont(SheetFont(kTextSize, strain == 0));
     painter.setPen(CardColour(strain, true));
-    DrawCentred(painter, kTable + QPointF(x, 0), QString::fromUtf8(strains[strain]));
+    DrawCentred(painter, kTable + QPointF(x, 0), QString::fromUtf8(kStrains[strain]));
     painter.setFont(SheetFont(kTextSize));
     painter.setPen(Qt::black);
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-      const auto result = display_.Tricks[TricksIndex(rows[row], strain)];
+    for (std::size_t row = 0; row < kRows.size(); ++row) {
+      const auto result = display_.Tricks[TricksIndex(kRows[row], strain)];
       DrawCentred(painter, kTable + QPointF(x, kLine * static_cast<qreal>(row + 1)),
                   QString::number(result));
     }
   }
   painter.setFont(SheetFont(kTextSize, true));
-  for (std::size_t row = 0; row < rows.size(); ++row) {
+  for (std::size_t row = 0; row < kRows.size(); ++row) {
     DrawCentred(painter, kTable + QPointF(0, kLine * static_cast<qreal>(row + 1)),
-                QString(QChar(HandLetter(rows[row]))));
+                QString(QChar(HandLetter(kRows[row]))));
   }
 }
 
