@@ -27,7 +27,7 @@ struct AuditDesk : test::TestDesk {
   }
   void LeaveEmpty(int first, int last) {
     generate::GenerateRequest request{std::to_string(first), std::to_string(last), false, {}, {}};
-    generate::GenerateSet(Prog, Gen, History, request, View);
+    generate::GenerateSet(Prog, Gen, History, request, view_);
   }
   [[nodiscard]] std::string Log() const { return test::Content(Prog.Log.Path()); }
 

@@ -8,7 +8,6 @@ namespace {
 
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
 const std::string kSeedr = "00112233445566778899AABBCCDDEEFF01234567";

@@ -50,7 +50,7 @@ TEST(MachineCards, AListIsLookedUpAtThePlaceOfTheCardOnTheWire) {
   const auto place = [](int c) { return (c < 14 ? 14 : c <= 26 ? 40 : c <= 39 ? 66 : 92) - c; };
   for (int card = 1; card <= kCards; ++card) {
     Frame frame{0xA0};
-    frame[static_cast<std::size_t>(7 + place(card))] = 1;
+    frame[7 + static_cast<std::size_t>(place(card))] = 1;
     const CardBytes log = Get<CardLogReply>(frame).Cards;
     for (int other = 1; other <= kCards; ++other) {
       EXPECT_EQ(log[MachineCard::Of(other)] != 0, other == card) << card << " " << other;
