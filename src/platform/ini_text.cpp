@@ -80,13 +80,22 @@ std::string_view LegibleLine(std::string_view line) {
   return section ? kLostSection : std::string_view();
 }
 
-std::string Legible(std::string_view bytes) {
+/// A byte-order mark belongs to no name. In the middle of a damaged file it may begin a line that
+/// comes to stand first when the file is written.
+std::string_view WithoutMarks(std::string_view line) {
   constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  while (true) {
+    const std::size_t first = std::min(line.find_first_not_of(" \t"), line.size());
+    if (!line.substr(first).starts_with(kUtf8Mark)) return line;
+    line.remove_prefix(first + kUtf8Mark.size());
+  }
+}
+
+std::string Legible(std::string_view bytes) {
   std::string text;
   while (!bytes.empty()) {
     const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
-    text.append(LegibleLine(bytes.substr(0, end))).append("\n");
+    text.append(LegibleLine(WithoutMarks(bytes.substr(0, end)))).append("\n");
     bytes.remove_prefix(std::min(end + 1, bytes.size()));
   }
   return text;

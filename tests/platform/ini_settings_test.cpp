@@ -95,6 +95,18 @@ TEST_F(IniSettingsTest, AHandMadeFileIsReadWithItsMarkAndAnyLineEnds) {
   EXPECT_EQ(store_.Get(kOther), "2");
 }
 
+TEST_F(IniSettingsTest, AMarkWithinADamagedFileBelongsToNoName) {
+  // What stands before any section is written first, and a mark there would count as the file's.
+  const std::string file = "[]\n \xEF\xBB\xBF\xEF\xBB\xBF[Init_settings]Text = 1\n[Own]\nA = 3\n";
+  WriteContent(path_, file);
+  const std::string before = store_.Get(kOther);
+  const std::string text = store_.Get(kText);
+  EXPECT_TRUE(store_.Set({"Own", "A", ""}, "4"));
+  EXPECT_EQ(store_.Get(kOther), before);
+  EXPECT_EQ(store_.Get(kText), text);
+  EXPECT_THAT(Content(path_), testing::Not(testing::HasSubstr("\xEF\xBB\xBF")));
+}
+
 TEST_F(IniSettingsTest, CommentsAndUnknownKeysStay) {
   WriteContent(path_, "; of the club\n\n[Setup]\nText = 1\n; why\nMine = here\n\n[Own]\nA = 1\n");
   EXPECT_TRUE(store_.Set(kText, "2"));
