@@ -5,6 +5,7 @@
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
+#include "end_signals.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_sound.h"
@@ -77,6 +78,12 @@ int main(int argc, char** argv) {
   windows.SetMainMenu(mainMenu);
   ui.SetMainWindow(mainMenu.ForUi());
 
+  morvane::QuitOnEndSignals(parts.Loop);
+  // The session ends and asks nobody: what is unsaved is kept for the next start.
+  QObject::connect(
+      &application, &QGuiApplication::commitDataRequest, &application,
+      [&parts](QSessionManager& /*session*/) { parts.Loop.Quit(); }, Qt::DirectConnection);
+  shell.KeepUnsavedSet();
   using morvane::shell::StartOutcome;
   const StartOutcome outcome = shell.StartUp(arguments.CommandLine);
   if (outcome != StartOutcome::kGoesOn) {
@@ -84,5 +91,6 @@ int main(int argc, char** argv) {
   }
   const auto panel = MakePanel(parts.Loop, machine.Simulated);
   parts.Loop.RunUntil([] { return false; });
+  shell.End();
   return 0;
 }

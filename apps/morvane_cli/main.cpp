@@ -1,30 +1,14 @@
 #include <QCoreApplication>
-#include <atomic>
-#include <csignal>
 #include <iostream>
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
 #include "cli/job.h"
+#include "end_signals.h"
 #include "platform/console/console_ui.h"
 #include "system_parts.h"
 
 namespace {
-
-std::atomic<bool> interrupted = false;
-
-/// From now on an interrupt only leaves its mark.
-void CatchInterrupt() {
-  const auto mark = [](int) { interrupted = true; };
-#ifdef _WIN32
-  std::signal(SIGINT, mark);
-#else
-  // Without SA_RESTART, so that a question that waits for its answer ends too.
-  struct sigaction action {};
-  action.sa_handler = mark;
-  sigaction(SIGINT, &action, nullptr);
-#endif
-}
 
 class NoSound final : public morvane::Sound {
  public:
@@ -60,11 +44,9 @@ int main(int argc, char** argv) {
   morvane::Program program(
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
       parts.Paths);
-  // The machine is asked to break before the command ends.
-  if (arguments.Request.Asked->DrivesMachine) CatchInterrupt();
-  morvane::cli::Workplace place{program,           operatorAtTerminal,
-                                terminal,          *machine.Usb,
-                                machine.Simulated, [] { return interrupted.exchange(false); }};
+  morvane::QuitOnEndSignals(parts.Loop);
+  morvane::cli::Workplace place{program, operatorAtTerminal, terminal, *machine.Usb,
+                                machine.Simulated};
   const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
   std::cout.flush();
   if (std::cout) return status;

@@ -11,36 +11,23 @@ namespace morvane::cli {
 namespace {
 
 constexpr int kTickMs = 10;
-constexpr int kWatchMs = 50;
+constexpr int kKeyboardMs = 50;
 
 std::string BoardText(int number) { return "Board " + RightAligned(std::to_string(number), 3); }
 
 }  // namespace
 
 ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
-                       const DealOptions& request, MachineSide side,
-                       std::function<bool()> interrupted, RunReport& report)
+                       const DealOptions& request, MachineSide side, RunReport& report)
     : program_(program),
       terminal_(terminal),
       run_(run),
       request_(request),
       side_(std::move(side)),
-      interrupted_(std::move(interrupted)),
       report_(report),
-      starter_(program.Loop.StartTimer(kTickMs, [this] { Tick(); })),
-      watch_(program.Loop.StartTimer(kWatchMs, [this] { Watch(); })) {}
+      starter_(program.Loop.StartTimer(kTickMs, [this] { Tick(); })) {}
 
-void ConsoleRun::Close() {
-  starter_.reset();
-  watch_.reset();
-}
-
-void ConsoleRun::Watch() {
-  // A second Ctrl-C does not wait for a machine that overhears the break.
-  if (!interrupted_()) return;
-  starter_.reset();
-  run_.Exit();
-}
+void ConsoleRun::Close() { starter_.reset(); }
 
 void ConsoleRun::Tick() {
   if (!run_.Options().MachineKnown || run_.Running()) return;
@@ -144,7 +131,7 @@ void ConsoleRun::Answer(machine::ErrorDialog& dialog) {
   }
   terminal_.Error(prompt + "? ");
   // The dialog goes on polling meanwhile, since the pedal may answer it.
-  const auto keyboard = program_.Loop.StartTimer(kWatchMs, [&] {
+  const auto keyboard = program_.Loop.StartTimer(kKeyboardMs, [&] {
     const auto line = terminal_.ReadLineIfAny();
     if (terminal_.InputEnded()) dialog.PressCancel();
     if (!line) return;

@@ -43,8 +43,7 @@ struct RunReport {
 class ConsoleRun final : public machine::RunView {
  public:
   ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
-             const DealOptions& request, MachineSide side, std::function<bool()> interrupted,
-             RunReport& report);
+             const DealOptions& request, MachineSide side, RunReport& report);
 
   void ShowState() override;
   void ShowBoard() override {}
@@ -54,7 +53,6 @@ class ConsoleRun final : public machine::RunView {
   void Close() override;
 
  private:
-  void Watch();
   void Tick();
   void Prepare();
   void StartBoard();
@@ -69,10 +67,8 @@ class ConsoleRun final : public machine::RunView {
   machine::DealingRun& run_;
   const DealOptions& request_;
   MachineSide side_;
-  std::function<bool()> interrupted_;
   RunReport& report_;
   std::unique_ptr<Timer> starter_;
-  std::unique_ptr<Timer> watch_;  ///< apart from `starter_`, whose tick lasts as long as its board
   std::string progress_;
   bool prepared_ = false;
   bool asked_ = false;  ///< for the board or the pedal

@@ -14,8 +14,7 @@ void ConsoleWindows::ShowLoadNumber(files::LoadNumber& dialog) {
 }
 
 std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::DealingRun& run) {
-  return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, deal_, side_,
-                                      place_.Interrupted, report_);
+  return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, deal_, side_, report_);
 }
 
 }  // namespace morvane::cli

@@ -121,7 +121,6 @@ constinit const Command kDealCommand{
     .Operands = kOperands,
     .Options = kOptions,
     .Summary = "Deals the boards of a set on the machine and shows how each of them went.",
-    .DrivesMachine = true,
     .Prepare = TaskOf<ReadDealOptions, Deal>};
 
 }  // namespace morvane::cli

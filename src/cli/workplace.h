@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "platform/console/console_ui.h"
 #include "platform/console/terminal.h"
 #include "program/program.h"
@@ -23,7 +21,6 @@ struct Workplace {
   Terminal& Screen;
   UsbXpress& Usb;
   simulator::SimulatedMachine* Simulated = nullptr;  ///< when it can be looked into
-  std::function<bool()> Interrupted;                 ///< Ctrl-C was pressed since it was last asked
 };
 
 }  // namespace morvane::cli

@@ -18,6 +18,7 @@ void CardRun::Prepare() {
   seconds_ = 0;
   breakAsked_ = false;
   departure_ = Departure::kNo;
+  quitUntil_.reset();
 }
 
 CardRun::End CardRun::Run(const Plan& plan) {
@@ -98,7 +99,12 @@ void CardRun::ClearCardLog() {
 }
 
 void CardRun::Pump() {
-  if (!loop_.Pump()) departure_ = Departure::kAtOnce;
+  if (loop_.Pump()) return;
+  if (!quitUntil_) {
+    quitUntil_ = time_.Elapsed() + kMomentToBreak;
+    if (departure_ == Departure::kNo) Leave();
+  }
+  if (time_.Elapsed() >= *quitUntil_) departure_ = Departure::kAtOnce;
 }
 
 void CardRun::Leave() {

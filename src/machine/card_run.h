@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "machine/dialog_answer.h"
@@ -47,7 +48,8 @@ class CardRun {
   bool FetchCardLog();
   /// Before each board every card counts as dealt, so that the whole board shows in full colour.
   void ClearCardLog();
-  /// Lets events pass; when the program quits, the run is left at once.
+  /// Lets events pass. When the program quits, the machine is asked to break and has a moment to
+  /// stop; then the run is left.
   void Pump();
 
   /// The break goes out in the place of the next poll: there is never more than one frame
@@ -68,6 +70,8 @@ class CardRun {
  private:
   enum class Departure { kNo, kAfterBreak, kAtOnce };
   static constexpr std::uint8_t kFreshCard = 0x63;
+  /// A program that is told to end has two seconds for all that it leaves behind.
+  static constexpr std::chrono::milliseconds kMomentToBreak{1000};
 
   void Begin();
   bool GoOn(const Plan& plan);
@@ -83,6 +87,7 @@ class CardRun {
   double seconds_ = 0;
   bool breakAsked_ = false;
   Departure departure_ = Departure::kNo;
+  std::optional<std::chrono::microseconds> quitUntil_;  ///< the program quits, and waits no longer
 };
 
 }  // namespace morvane::machine

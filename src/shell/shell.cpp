@@ -17,6 +17,7 @@ Shell::Flow::Flow(Shell& shell) : shell_(shell) {
 
 Shell::Flow::~Flow() {
   shell_.flowActive_ = false;
+  shell_.Keep();
   if (shell_.started_) shell_.EnableTimer2mm();
 }
 
@@ -26,6 +27,8 @@ Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& i
       instance_(instance),
       generator_(program),
       machine_(program.Random, usb) {}
+
+void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 
 StartOutcome Shell::StartUp(const std::string& commandLine) {
   const Flow flow(*this);
@@ -48,6 +51,10 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   }
   program_.Status("Ready");
   LogStart(program_, generator_.Pool, commandLine);
+  if (unsaved_) {
+    unsaved_->Open();
+    keeper_ = program_.Loop.StartTimer(kKeepMs, [this] { Keep(); });
+  }
   if (!files.FirmwareFile.empty()) {
     RefuseFirmware(files.FirmwareFile);
   } else if (!startFile_.empty()) {
@@ -84,10 +91,29 @@ bool Shell::Exit() {
   if (FlowActive()) return false;
   const Flow flow(*this);
   if (!ExitFlow(program_, generator_, history_)) return false;
-  program_.Log.WriteTime(" Exit: ");
-  started_ = false;
+  if (unsaved_) unsaved_->Remove();  // saved or given up
+  WriteExit();
   program_.Loop.Quit();
   return true;
+}
+
+void Shell::End() {
+  if (!started_) return;
+  generator_.Pool.SavePool();
+  Keep();
+  WriteExit();
+}
+
+void Shell::WriteExit() {
+  keeper_.reset();
+  unsaved_.reset();
+  Timer2mm_.reset();
+  program_.Log.WriteTime(" Exit: ");
+  started_ = false;
+}
+
+void Shell::Keep() {
+  if (unsaved_) unsaved_->Keep();
 }
 
 FilteredBox Shell::ChangeEvent(EventText which, FilteredBox box) {
@@ -126,6 +152,10 @@ void Shell::Timer2mmTick() {
   if (request.Pending == LinkRequest::kLoad) {
     startFile_ = request.File;
     MenuLoad();
+  }
+  if (unsaved_ && unsaved_->FailureToTell()) {
+    const Flow flow(*this);
+    unsaved_->TellFailure();
   }
   const Point mouse = program_.Operator.Mouse();
   generator_.Pool.SampleMouse(mouse.X, mouse.Y);

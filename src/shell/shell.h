@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@
 #include "program/program.h"
 #include "shell/flow_windows.h"
 #include "shell/start_up.h"
+#include "shell/unsaved_copy.h"
 #include "text/number_filter.h"
 
 namespace morvane::shell {
@@ -22,10 +24,13 @@ namespace morvane::shell {
 class Shell {
  public:
   static constexpr int kTimer2Ms = 100;
+  static constexpr int kKeepMs = 1000;  ///< as much of the work can be lost
 
   /// `instance` calls `LinkExecute` as long as the event loop runs.
   Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance);
 
+  /// From its start on the program keeps a copy of what is unsaved. Before `StartUp`.
+  void KeepUnsavedSet();
   /// Start-up, in its order; `commandLine` is the raw command line without the program's name. The
   /// program ends unless it `kGoesOn`.
   StartOutcome StartUp(const std::string& commandLine);
@@ -33,6 +38,9 @@ class Shell {
   void Activated();
   /// The close box or `menuExit`. Whether the program ends; the window may go then.
   bool Exit();
+  /// Ends a program whose loop has been told to quit: nothing is asked, an unsaved set stays as its
+  /// copy. Does nothing behind an `Exit`.
+  void End();
 
   void MenuLoad();
   void MenuImport();
@@ -71,6 +79,8 @@ class Shell {
   };
   void EnableTimer2mm();
   void Timer2mmTick();
+  void Keep();
+  void WriteExit();
   void RefuseFirmware(const std::string& path);
 
   Program& program_;
@@ -82,6 +92,8 @@ class Shell {
   machine::RunMemory runMemory_;
   std::string startFile_;
   std::unique_ptr<Timer> Timer2mm_;
+  std::optional<UnsavedCopy> unsaved_;
+  std::unique_ptr<Timer> keeper_;  ///< goes on while a flow is open
   bool flowActive_ = false;
   bool started_ = false;
 };

@@ -11,12 +11,6 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kServiceWords{"", " Service ", " Advance Service"};
 
-std::string DateTimeText(const LocalTime& now) {
-  const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
-  return std::to_string(now.Year) + "-" + two(now.Month) + "-" + two(now.Day) + " " +
-         ClockText(now.Hour, now.Minute, now.Second);
-}
-
 /// The link command that asks for the file; empty without one.
 std::string LinkCommandOf(const StartFiles& files) {
   if (!files.FirmwareFile.empty()) return "2" + files.FirmwareFile;
@@ -24,6 +18,12 @@ std::string LinkCommandOf(const StartFiles& files) {
 }
 
 }  // namespace
+
+std::string DateTimeText(const LocalTime& now) {
+  const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
+  return std::to_string(now.Year) + "-" + two(now.Month) + "-" + two(now.Day) + " " +
+         ClockText(now.Hour, now.Minute, now.Second);
+}
 
 StartFiles ParseCommandLine(std::string_view commandLine) {
   const std::size_t open = commandLine.find('"');

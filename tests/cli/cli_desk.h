@@ -71,7 +71,6 @@ struct CliDesk {
   ConsoleUi Operator;
   Program Prog;
   simulator::SimulatedMachine Machine;
-  bool Interrupted = false;
   const std::string In = Folder / "in.pbn";
   const std::string Out = Folder / "out.pbn";
 
@@ -112,8 +111,7 @@ struct CliDesk {
   template <typename Options>
   ExitStatus DoOn(UsbXpress& usb, simulator::SimulatedMachine* seen,
                   ExitStatus (*command)(Job&, const Options&), const Options& options) {
-    Workplace place{Prog, Operator, Screen,
-                    usb,  seen,     [this] { return std::exchange(Interrupted, false); }};
+    Workplace place{Prog, Operator, Screen, usb, seen};
     return RunJob(place, "", [&](Job& job) { return command(job, options); });
   }
 };

@@ -106,7 +106,7 @@ TEST(DealFault, TheEndOfTheInputCancels) {
 TEST(DealFault, AnInterruptIsAnAnswerToo) {
   DealDesk desk(1, 2, false, WithFault(kDuplicateCard));
   desk.Screen.Person = true;
-  desk.Loop.After(5000, [&] { desk.Interrupted = true; });
+  desk.Loop.After(5000, [&] { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 54"));
   EXPECT_LT(desk.Clock.Elapsed(), std::chrono::seconds(6));
@@ -164,7 +164,7 @@ TEST(WrongBoard, AnUnreadableLabelIsNamedSo) {
 
 TEST(DealInterrupt, InTheMiddleOfABoardHasTheMachineBreak) {
   DealDesk desk(1, 2, false, AtSpeed(1));
-  desk.Loop.After(5000, [&] { desk.Interrupted = true; });
+  desk.Loop.After(5000, [&] { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 57"));
   EXPECT_FALSE(desk.Machine.Busy());
@@ -178,7 +178,7 @@ TEST(DealInterrupt, InTheMiddleOfABoardHasTheMachineBreak) {
 
 TEST(DealInterrupt, KeepsTheBoardsThatWereDone) {
   DealDesk desk(1, 3, false, AtSpeed(1));
-  desk.Loop.After(20'000, [&] { desk.Interrupted = true; });  // a board takes 14.6 s
+  desk.Loop.After(20'000, [&] { desk.Loop.Quit(); });  // a board takes 14.6 s
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_THAT(desk.Screen.Output, HasSubstr("\n1 of 3 boards right.\n"));
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 OK", "  002 : 1,0 0,0,0,0 57"));
@@ -186,7 +186,7 @@ TEST(DealInterrupt, KeepsTheBoardsThatWereDone) {
 
 TEST(DealInterrupt, BeforeTheFirstContactEndsAtOnce) {
   DealDesk desk;
-  desk.Interrupted = true;
+  desk.Loop.Quit();
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_THAT(desk.RunLines(), IsEmpty());
   EXPECT_LT(desk.Clock.Elapsed(), std::chrono::milliseconds(200));
@@ -197,7 +197,7 @@ TEST(DealInterrupt, EndsTheWaitForThePedal) {
   DealDesk desk;
   desk.What.Auto = false;
   desk.Screen.Person = true;
-  desk.Loop.After(8000, [&] { desk.Interrupted = true; });
+  desk.Loop.After(8000, [&] { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_EQ(desk.Screen.Output, "Press Enter to press the machine's pedal for board 1.\n");
   EXPECT_LT(desk.Clock.Elapsed(), std::chrono::milliseconds(8200));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 
 #include "e2e/e2e_fixture.h"
 #include "e2e/paper_peer.h"
@@ -46,7 +47,7 @@ TEST_F(DealEndToEnd, AnInterruptBreaksTheBoardAndEndsSoon) {
   // The board starts with the next event; it takes 14.6 s.
   const auto contact = steady_clock::now();
   process.Until([&] { return steady_clock::now() > contact + std::chrono::milliseconds(400); });
-  process.Interrupt();
+  process.Signal(SIGINT);
   const auto interrupted = steady_clock::now();
   const Outcome outcome = process.Finish();
   EXPECT_EQ(outcome.Status, 1);
@@ -61,7 +62,7 @@ TEST_F(DealEndToEnd, AnInterruptBeforeTheFirstContactEndsAtOnce) {
   SetFile("set.pbn", 1, 1);
   Process process(Deal("simulated,speed=1"), Around());
   ASSERT_TRUE(process.Until([&] { return CountLines(" Deal: ") == 1; }));
-  process.Interrupt();
+  process.Signal(SIGINT);
   EXPECT_EQ(process.Finish().Status, 1);
   EXPECT_EQ(CountLines("  S/N:"), 0);
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
@@ -104,7 +105,7 @@ TEST_F(DealEndToEnd, AnInterruptIsAnAnswerToAQuestion) {
   ASSERT_TRUE(process.Until([&] { return process.Err().ends_with("[c]ancel? "); }));
   // Again and again, for the first may come before the program waits.
   process.Until([&] {
-    process.Interrupt();
+    process.Signal(SIGINT);
     return false;
   });
   EXPECT_EQ(process.Finish().Status, 1);

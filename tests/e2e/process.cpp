@@ -107,8 +107,8 @@ bool Process::Until(const std::function<bool()>& condition) {
   return true;
 }
 
-void Process::Interrupt() const {
-  if (pid_ > 0) kill(pid_, SIGINT);
+void Process::Signal(int number) const {
+  if (pid_ > 0) kill(pid_, number);
 }
 
 Outcome Process::Finish() {

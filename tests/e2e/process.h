@@ -35,7 +35,7 @@ class Process {
   /// Takes in what it writes until `condition` holds. False when it ended without that, or when a
   /// minute has passed.
   bool Until(const std::function<bool()>& condition);
-  void Interrupt() const;
+  void Signal(int number) const;
   /// Ends it without letting it do anything more.
   void Kill();
   /// Waits for its end; fails the test after a minute.

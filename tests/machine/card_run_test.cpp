@@ -116,13 +116,40 @@ TEST_F(CardRunTest, LeavingTwiceWaitsForNothing) {
   EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1"));
 }
 
-TEST_F(CardRunTest, AProgramThatQuitsLeavesAtOnce) {
+TEST_F(CardRunTest, AProgramThatQuitsHasTheMachineBreakAndAsksNobody) {
   OnChange = [this] {
     if (bridge.Sent.size() == 2) desk.Loop.Quit();
   };
-  bridge.Replies = {Accepted(), Busy(), Busy()};
+  bridge.Replies = {Accepted(), Busy(), Busy(), Busy(), Short({0x19, 57})};
+  answers = {kGoOn};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1", "25:0", "25:0"));
+  EXPECT_EQ(run.RunLogLine, " 57");
+}
+
+TEST_F(CardRunTest, AProgramThatQuitsWaitsASecondForAMachineThatOverhearsTheBreak) {
+  // Each poll takes 0.3 s: the fourth one behind the quit is the first that comes too late.
+  OnChange = [this] {
+    if (bridge.Sent.size() < 2) return;
+    desk.Loop.Quit();
+    desk.Clock.Spend(std::chrono::milliseconds(300));
+  };
+  bridge.Replies.assign(20, Busy());
+  bridge.Replies[0] = Accepted();
   EXPECT_EQ(Run(), End::kGivenUp);
-  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1"));
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1", "25:0", "25:0", "25:0", "25:1"));
+}
+
+TEST_F(CardRunTest, AProgramThatQuitsWaitsNoLongerForOneThatIsBeingLeft) {
+  OnChange = [this] {
+    if (bridge.Sent.size() == 2) run.Leave();
+    if (bridge.Sent.size() == 3) desk.Loop.Quit();
+    if (bridge.Sent.size() >= 3) desk.Clock.Spend(std::chrono::milliseconds(600));
+  };
+  bridge.Replies.assign(20, Busy());
+  bridge.Replies[0] = Accepted();
+  EXPECT_EQ(Run(), End::kGivenUp);
+  EXPECT_THAT(Sent(), ElementsAre("53:0", "25:0", "25:1", "25:0", "25:0", "25:1"));
 }
 
 TEST_F(CardRunTest, TheLinkCanBeLostAtEveryExchange) {

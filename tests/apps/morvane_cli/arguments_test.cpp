@@ -316,15 +316,6 @@ TEST(Arguments, HelpTellsOfACommandAndAsksForNothingElse) {
   EXPECT_EQ(Parsed({"help"}).Help, Parsed({"--help"}).Help);
 }
 
-TEST(Arguments, OnlyADealDrivesTheMachine) {
-  EXPECT_TRUE(Parsed({"deal", "/a"}).Request.Asked->DrivesMachine);
-  for (const QStringList& words :
-       {QStringList{"generate", "/a"}, QStringList{"convert", "a", "b"}, QStringList{"show", "a"},
-        QStringList{"history"}, QStringList{"audit", "a"}, QStringList{"help"}}) {
-    EXPECT_FALSE(Parsed(words).Request.Asked->DrivesMachine);
-  }
-}
-
 /// Whether "cli" followed by `word` is text.
 bool IsText(std::string word) {
   std::string program = "cli";

@@ -1,0 +1,59 @@
+#include "end_signals.h"
+
+#include "platform/event_loop.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
+namespace morvane {
+namespace {
+
+/// A signal handler is given nothing but the signal.
+EventLoop* loopToQuit = nullptr;
+
+#ifdef _WIN32
+
+BOOL WINAPI TakeEvent(DWORD /*event*/) {
+  loopToQuit->Quit();
+  return TRUE;
+}
+
+void CatchAll() { SetConsoleCtrlHandler(TakeEvent, TRUE); }
+
+#else
+
+constexpr unsigned kSecondsToEnd = 2;
+
+void TakeSignal(int /*number*/) {
+  loopToQuit->Quit();
+  alarm(kSecondsToEnd);
+}
+
+void Catch(int number) {
+  struct sigaction before {};
+  if (sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) return;
+  // Without SA_RESTART, so that a question that waits for its answer ends too.
+  struct sigaction action {};
+  action.sa_handler = TakeSignal;
+  sigaction(number, &action, nullptr);
+}
+
+void CatchAll() {
+  for (const int number : {SIGTERM, SIGHUP, SIGINT}) Catch(number);
+}
+
+#endif
+
+}  // namespace
+
+void QuitOnEndSignals(EventLoop& loop) {
+  loopToQuit = &loop;
+  CatchAll();
+}
+
+}  // namespace morvane

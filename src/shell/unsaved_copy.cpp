@@ -1,0 +1,138 @@
+#include "shell/unsaved_copy.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "files/unsaved_set.h"
+#include "platform/files.h"
+#include "shell/start_up.h"
+#include "text/box_text.h"
+
+namespace morvane::shell {
+namespace {
+
+constexpr const char* kCaption = "Unsaved Board Set";
+
+bool Exists(const std::string& path) {
+  std::error_code none;
+  return std::filesystem::exists(PathOfUtf8(path), none);
+}
+
+void RemoveFile(const std::string& path) {
+  std::error_code none;
+  std::filesystem::remove(PathOfUtf8(path), none);
+}
+
+std::string InBox(const std::string& line) { return "      " + line + "      \r\n"; }
+
+std::string LineOf(const char* name, const std::string& value) {
+  return value.empty() ? "" : InBox(name + value);
+}
+
+std::string OfferText(const files::UnsavedSet& found) {
+  const BoardSet& set = found.Set;
+  return InBox("The program ended before this Board Set was saved:") + "\r\n" +
+         InBox("Boards: " + std::to_string(set.FirstBoard) + " to " +
+               std::to_string(set.LastBoard)) +
+         LineOf("Last change: ", found.When) + LineOf("Event Name: ", set.EventName) +
+         LineOf("File Name: ", set.BoardSetFile) + "\r\n" + InBox("Do you want to load it?") +
+         InBox("Yes loads it, No deletes it, Cancel leaves it for the next start.");
+}
+
+void TakeSet(Program& program, BoardSet&& set) {
+  program.Set = std::move(set);
+  program.Log.Boards(program.Set, program.Set.FirstBoard, program.Set.LastBoard, false);
+  program.Operator.RefreshSet();
+  program.Status("Unsaved boards loaded: " + std::to_string(program.Set.Count()));
+}
+
+}  // namespace
+
+std::string UnsavedCopy::PathOf(int place) const {
+  return JoinPath(program_.Paths.Data, "Unsaved_" + std::to_string(place) + ".txt");
+}
+
+void UnsavedCopy::Open() {
+  for (int place = 1; place <= kPlaces; ++place) {
+    const std::string path = PathOf(place);
+    if (lock_ && !Exists(path)) continue;
+    auto lock = FileLock::Try(path + ".lock");
+    if (!lock) {
+      if (!lock_) failure_ = RuntimeError::Last();
+      continue;
+    }
+    const Outcome outcome = Exists(path) ? Offer(path) : Outcome::kGone;
+    if (outcome == Outcome::kLeft || (lock_ && outcome == Outcome::kGone)) continue;
+    lock_ = std::move(lock);
+    path_ = path;
+    failure_.reset();
+    if (outcome == Outcome::kTaken) return;
+  }
+}
+
+UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path) {
+  std::string text;
+  if (ReadFile(path, text)) return PutAside(path);
+  auto found = files::ReadUnsavedText(text);
+  if (!found) return PutAside(path);
+  const std::string heading = " Unsaved Board Set of " + found->When + ": ";
+  switch (program_.Ask(OfferText(*found), kYesNoCancelExclamation, kCaption)) {
+    case kYes:
+      program_.Log.WriteLine(heading + "loaded");
+      TakeSet(program_, std::move(found->Set));
+      kept_ = files::UnsavedText(program_.Set, "");
+      return Outcome::kTaken;
+    case kNo:
+      program_.Log.WriteLine(heading + "deleted");
+      RemoveFile(path);
+      return Outcome::kGone;
+    default:
+      program_.Log.WriteLine(heading + "left");
+      return Outcome::kLeft;
+  }
+}
+
+UnsavedCopy::Outcome UnsavedCopy::PutAside(const std::string& path) {
+  std::error_code failure;
+  const std::string aside = path + ".damaged";
+  std::filesystem::rename(PathOfUtf8(path), PathOfUtf8(aside), failure);
+  program_.ShowMessage(InBox("The copy of an unsaved Board Set cannot be read.") +
+                           InBox("File Name: " + (failure ? path : aside)),
+                       kOkCritical, kCaption);
+  return failure ? Outcome::kLeft : Outcome::kGone;
+}
+
+void UnsavedCopy::Keep() {
+  const BoardSet& set = program_.Set;
+  if (!set.Changed()) {
+    Remove();
+    return;
+  }
+  if (!set.Exists()) return;
+  std::string now = files::UnsavedText(set, "");
+  if (now == kept_ || !lock_) return;
+  failure_ = WriteLockedFile(path_, files::UnsavedText(set, DateTimeText(program_.Time.Now())),
+                             NewFile::kPrivate);
+  if (!failure_) kept_ = std::move(now);
+}
+
+void UnsavedCopy::Remove() {
+  if (kept_.empty()) return;
+  RemoveFile(path_);
+  kept_.clear();
+}
+
+bool UnsavedCopy::FailureToTell() const {
+  return failure_ && !failureTold_ && program_.Set.Changed() && program_.Set.Exists();
+}
+
+void UnsavedCopy::TellFailure() {
+  failureTold_ = true;
+  program_.ShowMessage(
+      InBox("The changes of the Board Set cannot be kept in the data folder.") +
+          InBox("Please save the Board Set soon.") +
+          InBox("Error: " + std::to_string(failure_->Number) + ", " + failure_->Description),
+      kOkExclamation, kCaption);
+}
+
+}  // namespace morvane::shell
