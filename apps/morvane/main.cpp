@@ -2,9 +2,11 @@
 #include <QScreen>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
+#include "display_guard.h"
 #include "end_signals.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
@@ -56,7 +58,9 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << arguments.Error << "\nTry 'morvane --help'.\n";
     return kWrongUsage;
   }
+  auto guard = std::make_optional<morvane::DisplayGuard>();
   const QApplication application(argc, argv);
+  guard.reset();
   QApplication::setApplicationName("Morvane");
   QApplication::setWindowIcon(morvane::ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
