@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "shell/version.h"
 #include "text/text.h"
@@ -10,6 +11,13 @@ namespace morvane::shell {
 namespace {
 
 constexpr std::array<std::string_view, 3> kServiceWords{"", " Service ", " Advance Service"};
+
+StartFiles FilesOf(std::string path) {
+  const std::string ending =
+      UpperCase(path.substr(path.size() - std::min<std::size_t>(3, path.size())));
+  if (ending == "ADC") return {"", std::move(path)};
+  return {std::move(path), ""};
+}
 
 /// The link command that asks for the file; empty without one.
 std::string LinkCommandOf(const StartFiles& files) {
@@ -30,12 +38,10 @@ StartFiles ParseCommandLine(std::string_view commandLine) {
   if (open == std::string_view::npos) return {};
   const std::size_t close = commandLine.find('"', open + 1);
   if (close == std::string_view::npos) return {};
-  std::string path(commandLine.substr(open + 1, close - open - 1));
-  const std::string ending =
-      UpperCase(path.substr(path.size() - std::min<std::size_t>(3, path.size())));
-  if (ending == "ADC") return {"", std::move(path)};
-  return {std::move(path), ""};
+  return FilesOf(std::string(commandLine.substr(open + 1, close - open - 1)));
 }
+
+std::string LinkCommandFor(std::string path) { return LinkCommandOf(FilesOf(std::move(path))); }
 
 std::string VersionTextOf(int serviceLevel) {
   return std::string(kVersion) +

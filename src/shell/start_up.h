@@ -21,6 +21,9 @@ struct StartFiles {
 };
 [[nodiscard]] StartFiles ParseCommandLine(std::string_view commandLine);
 
+/// The link command that asks for the file `path`, by the same ending.
+[[nodiscard]] std::string LinkCommandFor(std::string path);
+
 /// Date and time in the form "2026-11-22 3:04:05 PM".
 [[nodiscard]] std::string DateTimeText(const LocalTime& now);
 

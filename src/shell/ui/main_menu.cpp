@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "shell/start_up.h"
 #include "shell/ui/menu_bar.h"
 #include "shell/ui/set_header.h"
 #include "shell/ui/set_numbers.h"
@@ -113,10 +114,11 @@ void MainMenu::dragEnterEvent(QDragEnterEvent* event) {
   if (!shell_.FlowActive() && !DraggedFile(*event).isEmpty()) event->acceptProposedAction();
 }
 
-/// A file that is dropped here is loaded, as one that is opened while the program runs.
+/// A file that is dropped here is taken as one that is opened while the program runs: a board file
+/// is loaded, a firmware file asks for its download.
 void MainMenu::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  shell_.LinkExecute("1" + FromQt(DraggedFile(*event)));
+  shell_.LinkExecute(LinkCommandFor(FromQt(DraggedFile(*event))));
 }
 
 void MainMenu::RestorePlace() {

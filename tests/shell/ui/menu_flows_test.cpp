@@ -132,20 +132,36 @@ bool IsTaken(QWidget& window, const QMimeData& data) {
   return enter.isAccepted();
 }
 
+/// Drags the file over the window and drops it there.
+void DropFile(QWidget& window, const std::string& path) {
+  const auto data = Dragged({QUrl::fromLocalFile(QString::fromStdString(path))});
+  EXPECT_TRUE(IsTaken(window, *data));
+  QDropEvent drop({10, 10}, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &drop);
+  EXPECT_TRUE(drop.isAccepted());
+}
+
 TEST_F(Flows, AFileThatIsDroppedIsLoaded) {
   Start();
   const std::string path = desk.Folder / "evening of May.bri";
   test::WriteContent(path, "");
-  const auto data = Dragged({QUrl::fromLocalFile(QString::fromStdString(path))});
-  EXPECT_TRUE(IsTaken(*menu, *data));
-  QDropEvent drop({10, 10}, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(menu.get(), &drop);
-  EXPECT_TRUE(drop.isAccepted());
+  DropFile(*menu, path);
   EXPECT_THAT(desk.Boxes, SizeIs(0)) << "whoever drags it gets back to his work first";
   desk.When("MessageBox", [](QWidget& box) { box.close(); });
   desk.Loop.WaitMs(Shell::kTimer2Ms);
   ASSERT_THAT(desk.Boxes, SizeIs(1));
   EXPECT_EQ(desk.Boxes[0].Text, "File format error\nFile is empty\n\nLoad operation aborted!");
+}
+
+TEST_F(Flows, AFirmwareFileThatIsDroppedAsksForItsDownload) {
+  Start();
+  DropFile(*menu, "/disk/New.Adc");
+  desk.When("MessageBox", [](QWidget& box) { box.close(); });
+  desk.Loop.WaitMs(Shell::kTimer2Ms);
+  ASSERT_THAT(desk.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Boxes[0].Title, "Download New Firmware");
+  EXPECT_THAT(desk.Boxes[0].Text, ::testing::HasSubstr("Firmware file: /disk/New.Adc"));
+  EXPECT_THAT(desk.Boxes[0].Text, ::testing::Not(::testing::HasSubstr("format")));
 }
 
 TEST_F(Flows, OnlyASingleFileOfThisComputerIsTakenAndNoneWhileACommandRuns) {
