@@ -22,22 +22,43 @@ bool Start(RunParts& run, bool goOn, std::uint8_t rotation) {
   return run.Run.Step();
 }
 
-CardRun::End DealBoard(RunParts& run, std::uint8_t rotation) {
+/// A machine that restarted in the middle of a board is idle without an error, so its card log has
+/// the last word.
+BoardEnd Judge(RunParts& run) {
+  if (run.TheMachine.MachineError != 0) return BoardEnd::kStopped;
+  if (CardsMissing(run.Prog.Set.Current(), run.Run.CardLog) > 0) return BoardEnd::kIncomplete;
+  run.Run.RunLogLine += " OK";
+  return BoardEnd::kDealt;
+}
+
+BoardEnd DealBoard(RunParts& run, std::uint8_t rotation) {
   run.TheMachine.PollLock = true;
   run.Run.RunLogLine += run.Options.Cards.LogText();
-  return RunToIdle(run, {[&](bool goOn) { return Start(run, goOn, rotation); },
-                         [&] { return run.Run.FetchCardLog(); }, [&] { return AnswerFault(run); }});
+  const CardRun::End end =
+      RunToIdle(run, {[&](bool goOn) { return Start(run, goOn, rotation); },
+                      [&] { return run.Run.FetchCardLog(); }, [&] { return AnswerFault(run); }});
+  if (end == CardRun::End::kLinkLost) return BoardEnd::kLinkLost;
+  return end == CardRun::End::kGivenUp ? BoardEnd::kGivenUp : Judge(run);
 }
 
 }  // namespace
 
-CardRun::End DealHand(RunParts& run, std::uint8_t rotation) {
+int CardsMissing(const Board& board, const wire::CardBytes& cardLog) {
+  const wire::CardBytes pockets = HandListOf(board);
+  int missing = 0;
+  for (std::size_t place = 0; place < pockets.Bytes.size(); ++place) {
+    if (pockets.Bytes[place] != 0 && cardLog.Bytes[place] == 0) ++missing;
+  }
+  return missing;
+}
+
+BoardEnd DealHand(RunParts& run, std::uint8_t rotation) {
   const auto digit = [](bool on) { return std::string(on ? "1" : "0"); };
   run.Run.RunLogLine =
       digit(run.Options.AutoStartEnabled) + "," + digit(run.Options.Check_board) + " ";
   const BoardCheck check = run.Options.Check_board ? VerifyInsertedBoard(run) : BoardCheck::kDeal;
-  if (check == BoardCheck::kLinkLost) return CardRun::End::kLinkLost;
-  if (check == BoardCheck::kStop) return CardRun::End::kGivenUp;
+  if (check == BoardCheck::kLinkLost) return BoardEnd::kLinkLost;
+  if (check == BoardCheck::kStop) return BoardEnd::kGivenUp;
   return DealBoard(run, rotation);
 }
 

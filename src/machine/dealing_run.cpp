@@ -230,13 +230,12 @@ void DealingRun::DealHand() {
   running_ = true;
   outcome_ = Outcome::kStopped;
   parts_.Run.Prepare();
-  const CardRun::End end = machine::DealHand(parts_, DealRotation_);
-  if (end == CardRun::End::kLinkLost) LoseLink();
+  const BoardEnd end = machine::DealHand(parts_, DealRotation_);
+  if (end == BoardEnd::kLinkLost) LoseLink();
   WriteRunLine();
-  if (end == CardRun::End::kStopped) {
-    if (parts_.TheMachine.MachineError == 0) FinishBoard();
-    WindUp();
-  }
+  if (end == BoardEnd::kDealt) FinishBoard();
+  if (end == BoardEnd::kIncomplete) TellOfMissingCards();
+  if (end != BoardEnd::kLinkLost && end != BoardEnd::kGivenUp) WindUp();
   EndRun();
 }
 
@@ -254,11 +253,28 @@ void DealingRun::FinishBoard() {
 
 void DealingRun::OfferToStartAgain() {
   const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg060, kYesNoQuestion, "Dealing");
-  // Not 0, so that a press or a board that came behind the box is acknowledged; not 1, so that it
-  // starts nothing: required.
+  ForgetStarts();
+  if (answer == kYes) parts_.Walk.BackToStart();
+}
+
+void DealingRun::TellOfMissingCards() {
+  if (parts_.Run.Leaving()) return;
+  parts_.View->ShowBoard();
+  const int dealt = kCards - CardsMissing(CurrentBoard(), parts_.Run.CardLog);
+  ShowDealingError(
+      parts_.Prog, parts_.TheMachine,
+      "      The machine has stopped without dealing all cards: " + std::to_string(dealt) +
+          " of 52 cards of board " + std::to_string(parts_.Prog.Set.CurrentBoard) +
+          " have been dealt.      \r\n\r\n"
+          "      Please put the cards together and deal the board again.      ");
+  ForgetStarts();
+}
+
+/// What came behind a box: not 0, so that it is acknowledged; not 1, so that it starts nothing.
+/// Required.
+void DealingRun::ForgetStarts() {
   parts_.TheMachine.PedalFlag = 2;
   parts_.TheMachine.BoxFlag = 2;
-  if (answer == kYes) parts_.Walk.BackToStart();
 }
 
 void DealingRun::WindUp() {

@@ -67,6 +67,8 @@ class DealingRun {
   void WriteRunLine();
   void FinishBoard();
   void OfferToStartAgain();
+  void TellOfMissingCards();
+  void ForgetStarts();
   void WindUp();
   void EndRun();
   bool CheckCommLost();

@@ -24,9 +24,7 @@ DialogAnswer AnswerFault(RunParts& run) {
 CardRun::End RunToIdle(RunParts& run, const CardRun::Plan& plan) {
   const CardRun::End end = run.Run.Run(plan);
   if (end != CardRun::End::kStopped) return end;
-  if (!run.Run.Probe()) return CardRun::End::kLinkLost;
-  if (run.TheMachine.MachineError == 0) run.Run.RunLogLine += " OK";
-  return end;
+  return run.Run.Probe() ? end : CardRun::End::kLinkLost;
 }
 
 }  // namespace morvane::machine

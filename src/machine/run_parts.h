@@ -36,7 +36,7 @@ struct RunParts {
 /// A `Plan::AnswerFault`: shows what has been dealt and asks, unless the window is being left.
 [[nodiscard]] DialogAnswer AnswerFault(RunParts& run);
 
-/// Runs `plan` and brings the machine back to idle, after a good run too, which is logged as OK.
+/// Runs `plan` and brings the machine back to idle, after a good run too.
 CardRun::End RunToIdle(RunParts& run, const CardRun::Plan& plan);
 
 }  // namespace morvane::machine

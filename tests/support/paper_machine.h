@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <set>
@@ -28,6 +29,7 @@ class PaperMachine {
   int BusyPolls = 3;
   std::deque<std::uint8_t> Codes;  ///< how the coming stretches end; none left: idle
   std::set<std::uint8_t> Deaf;     ///< commands that get no answer
+  std::size_t CardsLogged = 52;    ///< the first so many cards stand in the card log as dealt
   /// Spoils the wire bytes of reply number n (from 0).
   std::function<Bytes(int n, const Bytes& plain, Bytes wire)> Damage;
   int Exchanges = 0;
@@ -54,7 +56,7 @@ class PaperMachine {
       case 0x19:
         return Status(plain[1]);
       case 0x20:
-        return Long({0xA0});
+        return CardLog();
       default:
         return {};
     }
@@ -73,6 +75,12 @@ class PaperMachine {
     const std::uint8_t state = busy_ > 0 ? 0xFF : code_;
     const std::uint8_t count = state == 0 ? 13 : 5;
     return Short({0x19, state, count, count, count, count, Events});
+  }
+
+  [[nodiscard]] Bytes CardLog() const {
+    Bytes log = Long({0xA0});
+    std::fill_n(log.begin() + 8, CardsLogged, std::uint8_t{1});
+    return log;
   }
 
   int busy_ = 0;

@@ -7,6 +7,7 @@
 namespace morvane::machine {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -241,6 +242,27 @@ TEST_F(Dealing, TheMachineSwitchedOffInTheMiddleClosesTheWindow) {
   EXPECT_EQ(desk.Boxes.at(0).Text, "Lost Communication with Morvane  -  Dealing Aborted!");
   EXPECT_TRUE(run.Closed());
   EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(Dealing, AMachineThatRestartsInTheMiddleOfABoardHasNotDealtIt) {
+  Contact();
+  // A card falls every 0.28 s: 16 after 4.48 s.
+  MeanwhileAt(4600, [this] {
+    simulated.PowerOff();
+    simulated.PowerOn();
+  });
+  desk.AnswerBox(QMessageBox::Ok);
+  Click("cmdDeal");
+  EXPECT_EQ(desk.Boxes.at(0).Title, "Dealing Error");
+  EXPECT_EQ(desk.Boxes.at(0).Text,
+            "The machine has stopped without dealing all cards: "
+            "16 of 52 cards of board 1 have been dealt.\n\n"
+            "Please put the cards together and deal the board again.");
+  EXPECT_THAT(desk.LogLines(), Contains("  001 : 1,0 0,0,0,0"));
+  EXPECT_FALSE(Enabled("Deal_next"));
+  Click("cmdDeal");
+  EXPECT_TRUE(LiesInThePockets(1));
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 OK");
 }
 
 TEST_F(Breaking, CmdBreakStopsTheBoardAndCancelEndsIt) {
