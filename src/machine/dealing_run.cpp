@@ -6,6 +6,18 @@
 #include "text/text.h"
 
 namespace morvane::machine {
+namespace {
+
+/// `which` board of the range was typed as `text`, which is not within `low`..`high`, and is `now`.
+std::string RangeRefusal(const std::string& which, const std::string& text, int low, int high,
+                         int now) {
+  return "      The " + which + " board to deal must be from " + std::to_string(low) + " to " +
+         std::to_string(high) + ", not " + (text.empty() ? "empty" : text) +
+         ".      \r\n\r\n      It is " + std::to_string(now) +
+         " now. Nothing has been dealt.      ";
+}
+
+}  // namespace
 
 DealingRun::DealingRun(Program& program, Machine& machine, RunMemory& memory)
     : parts_(program, machine, memory), memory_(memory) {}
@@ -133,7 +145,7 @@ void DealingRun::StartFromMachine() {
 }
 
 void DealingRun::cmdDeal() {
-  if (!Controls().cmdDeal || running_) return;
+  if (!Controls().cmdDeal || running_ || !TypedIsTaken()) return;
   parts_.Run.ClearCardLog();
   if (CurrentBoard().Status != Board::kComplete) {
     ShowDealingError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg053);
@@ -143,7 +155,11 @@ void DealingRun::cmdDeal() {
 }
 
 void DealingRun::Deal_next() {
-  if (!Controls().Deal_next || running_) return;
+  if (!Controls().Deal_next || running_ || !TypedIsTaken()) return;
+  if (!Controls().Deal_next) {  // the range has moved on to a board that has not been dealt
+    cmdDeal();
+    return;
+  }
   ForgetCards();
   parts_.Walk.NextBoardStep();
   ShowAll();
@@ -162,7 +178,9 @@ void DealingRun::RequestBreak() {
 }
 
 void DealingRun::Walk(BoardWalk::Step step) {
-  if (!Controls().Allows(step) || running_) return;
+  if (running_) return;
+  TakeTyped();
+  if (!Controls().Allows(step)) return;
   ForgetCards();
   parts_.Walk.Take(step);
   if (step == BoardWalk::Step::kPrevCopy || step == BoardWalk::Step::kNextCopy) {
@@ -181,20 +199,46 @@ void DealingRun::SetNumberCopies(const std::string& text) {
 }
 
 void DealingRun::LeaveSubfrom(const std::string& text) {
+  LeaveRangeBox(&BoardWalk::SetFirst, text);
+}
+
+void DealingRun::LeaveSubto(const std::string& text) { LeaveRangeBox(&BoardWalk::SetLast, text); }
+
+void DealingRun::LeaveRangeBox(bool (BoardWalk::*set)(int), const std::string& text) {
   if (Busy()) return;
-  if (parts_.Walk.SetFirst(Val(text))) ForgetCards();
+  if ((parts_.Walk.*set)(Val(text))) ForgetCards();
   Controls().FollowBoard(parts_.Walk);
   ShowAll();
 }
 
-void DealingRun::LeaveSubto(const std::string& text) {
-  if (Busy()) return;
-  if (parts_.Walk.SetLast(Val(text))) ForgetCards();
-  Controls().FollowBoard(parts_.Walk);
-  ShowAll();
+/// What is being typed counts as if its box had been left. Why it could not be taken as it stands;
+/// the range has then been brought into the set.
+std::string DealingRun::TakeTyped() {
+  const auto texts = parts_.View->Range();
+  if (!texts) return "";
+  const RunMemory& range = parts_.Walk.Range();
+  const BoardSet& set = parts_.Prog.Set;
+  const bool first = Val(texts->Subfrom) != range.RunFirst;
+  const bool last = Val(texts->Subto) != range.RunLast;
+  if (first) LeaveSubfrom(texts->Subfrom);
+  if (last) LeaveSubto(texts->Subto);
+  if (first && Val(texts->Subfrom) != range.RunFirst) {
+    return RangeRefusal("first", texts->Subfrom, set.FirstBoard, set.LastBoard, range.RunFirst);
+  }
+  if (last && Val(texts->Subto) != range.RunLast) {
+    return RangeRefusal("last", texts->Subto, range.RunFirst, set.LastBoard, range.RunLast);
+  }
+  return "";
+}
+
+bool DealingRun::TypedIsTaken() {
+  const std::string refusal = TakeTyped();
+  if (!refusal.empty()) ShowDealingError(parts_.Prog, parts_.TheMachine, refusal);
+  return refusal.empty();
 }
 
 void DealingRun::Disp_boards() {
+  if (!running_) TakeTyped();
   parts_.Window.ShowBoards = !parts_.Window.ShowBoards;
   ShowAll();
 }

@@ -32,7 +32,8 @@ class DealingRun {
   void Walk(BoardWalk::Step step);
   void Disp_boards();
 
-  // The number boxes, after their filter. The range is checked when the box is left.
+  // The number boxes, after their filter. The range is checked when the box is left, and before
+  // what a key or the machine starts without leaving it.
   void SetNumberCopies(const std::string& text);
   void LeaveSubfrom(const std::string& text);
   void LeaveSubto(const std::string& text);
@@ -76,6 +77,9 @@ class DealingRun {
   void RequestBreak();
   void Unload();
   bool Busy();
+  void LeaveRangeBox(bool (BoardWalk::*set)(int), const std::string& text);
+  std::string TakeTyped();
+  bool TypedIsTaken();
   void ForgetCards();
   void ShowAll();
   [[nodiscard]] RunControls& Controls() { return parts_.Window.Controls; }

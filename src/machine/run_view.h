@@ -1,8 +1,17 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "machine/error_dialog.h"
 
 namespace morvane::machine {
+
+/// What stands in the boxes of the sub-range, entered or still being typed.
+struct RangeTexts {
+  std::string Subfrom;
+  std::string Subto;
+};
 
 /// What a run needs of its window. Everything shown is read from the run; the calls only
 /// say that it changed.
@@ -15,6 +24,8 @@ class RunView : public FaultView {
   /// Which controls are there, which are enabled, and the texts of the number boxes.
   virtual void ShowControls() = 0;
   virtual void FocusDealNext() = 0;
+  /// Nothing: there are no such boxes.
+  [[nodiscard]] virtual std::optional<RangeTexts> Range() const { return std::nullopt; }
   /// The run is over: the window goes.
   virtual void Close() = 0;
 };

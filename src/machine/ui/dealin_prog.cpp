@@ -141,6 +141,8 @@ void DealinProg::ShowControls() {
 
 void DealinProg::FocusDealNext() { dealing_->FocusDealNext(); }
 
+std::optional<RangeTexts> DealinProg::Range() const { return subRange_->Texts(); }
+
 void DealinProg::ShowError(ErrorDialog& dialog) {
   ErrorDisp window(dialog, this);
   window.open();

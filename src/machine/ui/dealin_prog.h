@@ -33,6 +33,7 @@ class DealinProg final : public QDialog, public RunView {
   void ShowBoard() override;
   void ShowControls() override;
   void FocusDealNext() override;
+  [[nodiscard]] std::optional<RangeTexts> Range() const override;
   void ShowError(ErrorDialog& dialog) override;
   void Close() override;
 

@@ -6,6 +6,7 @@
 #include "machine/dealing_run.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/number_edit.h"
+#include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
 
@@ -51,6 +52,11 @@ void SubRangeBox::Show(const BoardSet& set) {
   Subto_->setEnabled(window.Controls.Options);
   setVisible(window.SubRangeShown);
   ShowNumbers(set);
+}
+
+std::optional<RangeTexts> SubRangeBox::Texts() const {
+  if (!run_.Window().SubRangeShown) return std::nullopt;
+  return RangeTexts{FromQt(Subfrom_->text()), FromQt(Subto_->text())};
 }
 
 void SubRangeBox::ShowNumbers(const BoardSet& set) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
+#include "machine/run_view.h"
 #include "model/board_set.h"
 
 class QLabel;
@@ -20,6 +22,8 @@ class SubRangeBox final : public QWidget {
  public:
   SubRangeBox(DealingRun& run, QWidget* parent);
   void Show(const BoardSet& set);
+  /// As they stand; nothing where the boxes are hidden.
+  [[nodiscard]] std::optional<RangeTexts> Texts() const;
 
  private:
   QLabel* AddLimit(const char* name);

@@ -146,15 +146,15 @@ TEST_F(NumberBoxes, TheRangeIsCheckedWhenTheBoxIsLeft) {
   EXPECT_EQ(memory.RunLast, 2);
 }
 
-TEST_F(NumberBoxes, ABoxThatIsBeingTypedInIsNotLeftByARunThatStarts) {
+TEST_F(NumberBoxes, ABoxThatIsBeingTypedInIsLeftBeforeARunStarts) {
   Enter("Subfrom");
-  test::Type(*window, "3");
+  test::Type(*window, "2");
   simulated.PressPedal();
   MeanwhileAt(3000, [this] { EXPECT_FALSE(Enabled("cmdNext") || Enabled("Subfrom")); });
   desk.Loop.WaitMs(500);
-  EXPECT_TRUE(LiesInThePockets(1));
-  EXPECT_EQ(memory.RunFirst, 1);
-  EXPECT_EQ(Text("Subfrom"), "1");
+  EXPECT_TRUE(LiesInThePockets(2));
+  EXPECT_EQ(memory.RunFirst, 2);
+  EXPECT_EQ(Text("Subfrom"), "2");
 }
 
 TEST_F(RunOptions, ALargeIndexThatTheMachineCannotDealIsRefused) {
