@@ -11,6 +11,8 @@
 
 #include "platform/qt/filtered_edit.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/window_place.h"
 
 namespace morvane::files {
 namespace {
@@ -33,16 +35,18 @@ LoadNumberWindow::LoadNumberWindow(LoadNumber& dialog, QWidget* parent)
   bold.setBold(true);
   loaded->setFont(bold);
 
-  auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  auto* body = new QWidget(this);
+  auto* all = new QVBoxLayout(body);
+  all->setContentsMargins(kMargin, kMargin, kMargin, 0);
   all->setSpacing(kSpacing);
   all->addWidget(loaded);
   all->addWidget(AddLabel("lblFormat", dialog.lblFormat));
   all->addLayout(MakeNumbers());
   all->addWidget(AddLabel("lblChangeBoards", dialog.lblChangeBoards));
   all->addStretch();
-  all->addLayout(MakeButtons());
+  Fill(*this, body, MakeButtons());
   EnterFirstBoard();
+  FitToScreen(*this);
 }
 
 QLabel* LoadNumberWindow::AddLabel(const char* name, const std::string& text) {
@@ -83,7 +87,7 @@ QLayout* LoadNumberWindow::MakeNumbers() {
   return grid;
 }
 
-QLayout* LoadNumberWindow::MakeButtons() {
+QWidget* LoadNumberWindow::MakeButtons() {
   auto* ok = new QPushButton("OK", this);
   ok->setObjectName("Command1");
   ok->setDefault(true);
@@ -94,9 +98,11 @@ QLayout* LoadNumberWindow::MakeButtons() {
       EnterFirstBoard();
     }
   });
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(ok);
+  auto* buttons = new QWidget(this);
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(kMargin, kSpacing, kMargin, kMargin);
+  row->addStretch();
+  row->addWidget(ok);
   return buttons;
 }
 

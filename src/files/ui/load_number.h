@@ -28,7 +28,7 @@ class LoadNumberWindow final : public QDialog {
  private:
   QLabel* AddLabel(const char* name, const std::string& text);
   QLayout* MakeNumbers();
-  QLayout* MakeButtons();
+  QWidget* MakeButtons();
   /// Brings the operator to the number, ready to be typed over.
   void EnterFirstBoard();
 

@@ -12,6 +12,7 @@ namespace {
 
 // The sheet, in units of a pixel at scale 1.
 constexpr QSizeF kSheet{560, 350};
+constexpr qreal kLeastScale = 0.5;
 constexpr qreal kLine = 20;         // one suit below the last
 constexpr qreal kCardStep = 18.67;  // one card right of the last
 constexpr qreal kGlyphStep = 22;
@@ -69,7 +70,7 @@ void DrawCentred(QPainter& painter, QPointF at, const QString& text) {
 
 BoardPicture::BoardPicture(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setMinimumSize((kSheet * 0.6).toSize());
+  setMinimumSize((kSheet * kLeastScale).toSize());
 }
 
 void BoardPicture::Show(BoardDisplay display) {
@@ -77,7 +78,7 @@ void BoardPicture::Show(BoardDisplay display) {
   update();
 }
 
-QSize BoardPicture::sizeHint() const { return kSheet.toSize(); }
+QSize BoardPicture::sizeHint() const { return minimumSize(); }
 
 void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

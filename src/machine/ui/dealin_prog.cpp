@@ -18,6 +18,8 @@
 #include "machine/ui/sub_range_box.h"
 #include "machine/ui/test_panel.h"
 #include "machine/ui/walk_buttons.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
@@ -37,6 +39,7 @@ DealinProg::DealinProg(Program& program, DealingRun& run, QWidget* parent)
   MakeParts();
   PlaceParts();
   resize(sizeHint().expandedTo(kComfortable));
+  FitToScreen(*this);
   show();
 }
 
@@ -63,25 +66,26 @@ void DealinProg::MakeParts() {
   header_ = new RunHeader(this);
 }
 
+/// Where the screen is small, the options scroll first; where that is not enough, everything above
+/// the commands does.
 void DealinProg::PlaceParts() {
+  auto* body = new QWidget(this);
   auto* middle = new QHBoxLayout;
   middle->setSpacing(kRunSpacing);
   middle->addLayout(PlaceBoardSide(), 1);
   middle->addLayout(PlaceSettingsSide());
-  auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  auto* all = new QVBoxLayout(body);
+  all->setContentsMargins(kMargin, kMargin, kMargin, 0);
   all->setSpacing(kRunSpacing);
   all->addWidget(header_);
   all->addLayout(middle, 1);
-  all->addLayout(PlaceCommands());
+  Fill(*this, body, PlaceCommands());
 }
 
 QLayout* DealinProg::PlaceBoardSide() {
-  auto* part = new QHBoxLayout;
-  part->setSpacing(kRunSpacing);
+  auto* part = new QVBoxLayout;
   part->addWidget(copies_);
   part->addWidget(subRange_);
-  part->addStretch();
   auto* side = new QVBoxLayout;
   side->addWidget(Picture1_, 1);
   side->addWidget(walk_);
@@ -90,23 +94,30 @@ QLayout* DealinProg::PlaceBoardSide() {
 }
 
 QLayout* DealinProg::PlaceSettingsSide() {
+  auto* settings = new QWidget(this);
+  auto* column = new QVBoxLayout(settings);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kRunSpacing);
+  column->addWidget(options_);
+  column->addWidget(test_, 1);
+  column->addStretch();
   auto* side = new QVBoxLayout;
   side->setSpacing(kRunSpacing);
   side->addWidget(pockets_);
-  side->addWidget(options_);
-  side->addWidget(test_, 1);
-  side->addStretch();
+  side->addWidget(new ScrollingPart(settings, this), 1);
   return side;
 }
 
-QLayout* DealinProg::PlaceCommands() {
-  auto* row = new QHBoxLayout;
+QWidget* DealinProg::PlaceCommands() {
+  auto* commands = new QWidget(this);
+  auto* row = new QHBoxLayout(commands);
+  row->setContentsMargins(kMargin, kRunSpacing, kMargin, kMargin);
   row->setSpacing(kRunSpacing);
   row->addWidget(dealing_);
   row->addStretch();
   row->addWidget(Disp_boards_);
   row->addWidget(cmdExit_);
-  return row;
+  return commands;
 }
 
 void DealinProg::ShowState() {

@@ -48,7 +48,7 @@ class DealinProg final : public QDialog, public RunView {
   void PlaceParts();
   QLayout* PlaceBoardSide();
   QLayout* PlaceSettingsSide();
-  QLayout* PlaceCommands();
+  QWidget* PlaceCommands();
 
   Program& program_;
   DealingRun& run_;

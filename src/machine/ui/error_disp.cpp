@@ -8,6 +8,8 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_ui.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
@@ -48,20 +50,24 @@ ErrorDisp::ErrorDisp(ErrorDialog& dialog, QWidget* parent) : QDialog(parent), di
   words->addWidget(text);
   words->addWidget(code);
   words->addStretch();
-  auto* top = new QHBoxLayout;
+  auto* body = new QWidget(this);
+  auto* top = new QHBoxLayout(body);
+  top->setContentsMargins(kMargin, kMargin, kMargin, 0);
   top->setSpacing(kMargin);
   top->addWidget(Icon(this));
   top->addLayout(words, 1);
 
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
+  auto* buttons = new QWidget(this);
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  row->addStretch();
   bool first = true;
   const auto addButton = [&](const char* name, const ErrorDialog::Button& button, auto press) {
     auto* control = new QPushButton(ToQt(button.Caption), this);
     control->setObjectName(name);
     control->setVisible(button.Visible);
     connect(control, &QPushButton::clicked, this, press);
-    buttons->addWidget(control);
+    row->addWidget(control);
     if (!button.Visible || !first) return;
     control->setDefault(true);
     control->setFocus();
@@ -71,12 +77,8 @@ ErrorDisp::ErrorDisp(ErrorDialog& dialog, QWidget* parent) : QDialog(parent), di
   addButton("Cancel_button", dialog.Cancel_button, [this] { dialog_.PressCancel(); });
   addButton("Cancel2", dialog.Cancel2, [this] { dialog_.PressCancel2(); });
 
-  auto* all = new QVBoxLayout(this);
-  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  all->setSpacing(kMargin);
-  all->addLayout(top);
-  all->addLayout(buttons);
-  all->setSizeConstraint(QLayout::SetFixedSize);
+  Fill(*this, body, buttons);
+  FitToScreen(*this);
 }
 
 void ErrorDisp::reject() {

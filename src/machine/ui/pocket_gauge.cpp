@@ -72,7 +72,7 @@ PocketGauge::PocketGauge(int hand, QWidget* parent)
   points->addStretch();
 
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(6, 4, 6, 4);
+  column->setContentsMargins(4, 4, 4, 4);
   column->setSpacing(4);
   column->addWidget(title);
   column->addWidget(lblCnt_);

@@ -93,17 +93,17 @@ QLayout* RunHeader::PlaceState() {
   state->setSpacing(kRunSpacing);
   state->addWidget(lblRun);
   state->addWidget(txtStatus_);
-  state->addWidget(lblProgress_);
-  state->addStretch();
-  state->addWidget(new QLabel("Deal Time (s):", this));
-  state->addWidget(txtDealTime_);
+  state->addWidget(lblProgress_, 1);
   return state;
 }
 
 QLayout* RunHeader::PlaceFile() {
   auto* file = new QHBoxLayout;
   file->addWidget(new QLabel("File Name:", this));
-  file->addWidget(txtFile_);
+  file->addWidget(txtFile_, 1);
+  file->addSpacing(kRunSpacing);
+  file->addWidget(new QLabel("Deal Time (s):", this));
+  file->addWidget(txtDealTime_);
   return file;
 }
 

@@ -5,10 +5,10 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QScreen>
 #include <algorithm>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/window_place.h"
 #include "text/box_text.h"
 #include "text/text.h"
 
@@ -124,7 +124,7 @@ std::optional<std::string> QtUi::AskFile(const FileRequest& request) {
 
 void QtUi::Run(QDialog& dialog) {
   dialog.open();
-  dialog.resize(dialog.size().boundedTo(dialog.screen()->availableSize()));
+  FitToScreen(dialog);
   loop_.RunUntil([&dialog] { return !dialog.isVisible(); });
 }
 

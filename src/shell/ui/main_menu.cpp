@@ -6,12 +6,13 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMimeData>
-#include <QScreen>
 #include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/window_place.h"
 #include "shell/start_up.h"
 #include "shell/ui/menu_bar.h"
 #include "shell/ui/set_header.h"
@@ -41,7 +42,7 @@ MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(s
   MakeStatusBar();
   MakeContent();
   RefreshSet();
-  resize(kComfortable.boundedTo(screen()->availableSize()));
+  resize(kComfortable);
   RestorePlace();
 }
 
@@ -69,7 +70,7 @@ void MainMenu::MakeContent() {
   all->addWidget(numbers_);
   all->addWidget(statistics_, 1);
   all->addStretch();
-  setCentralWidget(content);
+  setCentralWidget(new ScrollingPart(content, this));
 }
 
 QtUi::MainWindow MainMenu::ForUi() {
@@ -124,6 +125,8 @@ void MainMenu::dropEvent(QDropEvent* event) {
 void MainMenu::RestorePlace() {
   const std::string place = program_.Store.Get(kMainMenuPlace);
   if (!place.empty()) restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(place)));
+  // The screen may be another one, or a smaller one, than it was.
+  if (!isMaximized() && !isFullScreen()) FitToScreen(*this);
 }
 
 void MainMenu::StorePlace() {

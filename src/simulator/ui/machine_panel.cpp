@@ -13,6 +13,7 @@
 
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -54,7 +55,8 @@ MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
       machine_(machine) {
   setObjectName("MachinePanel");
   setWindowTitle("Morvane - Simulated Machine");
-  auto* all = new QVBoxLayout(this);
+  auto* content = new QWidget(this);
+  auto* all = new QVBoxLayout(content);
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->addLayout(MakeState());
   pedal_ = AddButton("cmdPedal", "Press the &pedal", [this] { machine_.PressPedal(); });
@@ -64,6 +66,7 @@ MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
   all->addWidget(MakeFault());
   all->addWidget(MakePockets());
   all->addStretch();
+  Fill(*this, content);
   ShowFault();
   ShowMachine();
   refresh_ = loop.StartTimer(kRefreshMs, [this] { ShowMachine(); });

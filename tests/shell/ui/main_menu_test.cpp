@@ -258,10 +258,10 @@ TEST_F(Exit, WithUnsavedChangesAndNoItEnds) {
 
 TEST_F(Place, IsRememberedFromOneStartToTheNext) {
   Start();
-  menu->resize(900, 555);
+  menu->resize(750, 555);
   menu->close();
   const MainMenu again(desk.Prog, shell);
-  EXPECT_EQ(again.size(), QSize(900, 555));
+  EXPECT_EQ(again.size(), QSize(750, 555));
 }
 
 TEST_F(Place, ADamagedOneIsIgnored) {

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+
+class QWidget;
+
+namespace morvane {
+
+// Where windows stand; all in the pixels of the desktop, rects with the window's frame.
+
+/// `wanted` moved as little as it takes to stand whole on the screen, with as little as can be of
+/// `keepFree` under it; smaller where the screen is.
+[[nodiscard]] QRect PlaceOnScreen(const QRect& wanted, const QRect& screen,
+                                  const QList<QRect>& keepFree);
+
+struct Docked {
+  QRect Window;
+  QRect Panel;
+};
+/// A panel beside a window: right of it, or else left of it. Where the window leaves no room on
+/// either side, but the screen has room for both, the window gives way to the left. On a smaller
+/// screen the panel covers as little as can be of the window, and least of all its `buttons`.
+[[nodiscard]] Docked DockBeside(const QRect& window, const QList<QRect>& buttons, QSize panel,
+                                const QRect& screen);
+
+/// The window's place with its frame; one that was not shown yet has the frame of the windows of
+/// this desktop.
+[[nodiscard]] QRect FramedPlace(const QWidget& window);
+/// The push buttons of the window that can be seen.
+[[nodiscard]] QList<QRect> ButtonsOf(const QWidget& window);
+
+/// Makes a window no larger than what is `available` of the screen, and moves it there. Its
+/// parent's buttons and the windows beside that are not its parents stay free where there is room.
+/// What does not fit scrolls, a message box's text too.
+void FitToScreen(QWidget& window, const QRect& available);
+/// The same on the screen that the window is to stand on.
+void FitToScreen(QWidget& window);
+/// Puts the panel, not shown yet, beside the window.
+void Dock(QWidget& panel, QWidget& window);
+
+}  // namespace morvane

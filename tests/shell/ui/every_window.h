@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QApplication>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "files/format_table.h"
+#include "files/load_number.h"
+#include "machine/error_dialog.h"
+#include "machine/open_link.h"
+#include "machine/ui/dealin_prog.h"
+#include "platform/qt/window_place.h"
+#include "shell/ui/main_menu_desk.h"
+#include "simulator/ui/machine_panel.h"
+
+namespace morvane::shell {
+
+/// Brings up every window and box of the desktop, one after the other, over a set of three boards
+/// and with all their controls shown.
+class EveryWindow : public MainMenuTest {
+ protected:
+  EveryWindow() {
+    test::FillSet(desk.Prog.Set, 1, 3);
+    desk.Prog.ServiceLevel = 2;
+    desk.Store.Set(kDealCopy, "1");
+    desk.Store.Set(kDealSub, "1");
+  }
+
+  using Look = std::function<void(QWidget&)>;
+  void LookAtAll(const Look& look) {
+    LookAtMainMenu(look);
+    LookAtPanel(look);
+    LookAtLoadNumber(look);
+    LookAtBoxes(look);
+    LookAtFileDialogs(look);
+    LookAtRun(look);
+  }
+
+  void LookAtMainMenu(const Look& look) {
+    Start();
+    for (const bool statistics : {false, true}) {
+      desk.Prog.ShowStatistics = statistics;
+      menu->RefreshSet();
+      desk.Loop.Pump();
+      look(*menu);
+    }
+  }
+
+  void LookAtPanel(const Look& look) {
+    simulator::MachinePanel panel(desk.Loop, simulated);
+    Dock(panel, *menu);
+    panel.show();
+    desk.Loop.Pump();
+    look(panel);
+  }
+
+  void LookAtLoadNumber(const Look& look) {
+    files::LoadNumber dialog(desk.Prog, *files::FindFormat("BRI"));
+    desk.When("Load_number", [&](QWidget& window) {
+      look(window);
+      test::Press(window, Qt::Key_Return);
+    });
+    windows.ShowLoadNumber(dialog);
+  }
+
+  /// A short box, and one with a line for each of 100 boards.
+  void LookAtBoxes(const Look& look) {
+    std::string report = "Boards passed over: 100";
+    for (int line = 1; line <= 100; ++line) {
+      report += "\r\nLine " + std::to_string(line) +
+                ": the hands do not have 13 cards each, or a card is there twice";
+    }
+    for (const std::string& text : {std::string("The set has unsaved changes"), report}) {
+      desk.When("MessageBox", [&](QWidget& window) {
+        look(window);
+        window.close();
+      });
+      desk.Ui.MessageBox(text, kYesNoCancelExclamation, "Box");
+    }
+  }
+
+  void LookAtFileDialogs(const Look& look) {
+    for (const bool saving : {false, true}) {
+      desk.When(saving ? "cdSave" : "cdOpen", [&](QWidget& window) {
+        look(window);
+        window.close();
+      });
+      desk.Ui.AskFile({"Title", "PBN files (*.pbn)|*.pbn", 1, desk.Folder.Path(), saving});
+    }
+  }
+
+  /// The run window, idle, and the error dialog over it in the middle of a board.
+  void LookAtRun(const Look& look) {
+    machine::Machine machine(desk.Random, simulated);
+    machine::RunMemory memory;
+    machine::DealingRun run(desk.Prog, machine, memory);
+    ASSERT_TRUE(machine::OpenLink(desk.Prog, machine.Link, 200));
+    machine::DealinProg window(desk.Prog, run, menu.get());
+    run.Open(window);
+    desk.Loop.WaitMs(machine::DealingRun::kFirstContactMs + 100);
+    if (!run.Window().ShowBoards) test::Click(window, "Disp_boards");
+    look(window);
+    desk.Loop.After(4000, [this] { simulated.CauseFault(25); });
+    desk.When("Error_disp", [&](QWidget& error) {
+      look(error);
+      test::Click(error, "Cancel_button");
+    });
+    test::Click(window, "cmdDeal");
+  }
+};
+
+}  // namespace morvane::shell
