@@ -1,5 +1,5 @@
 #include <QApplication>
-#include <QScreen>
+#include <QTimer>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -12,6 +12,7 @@
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
+#include "platform/qt/window_place.h"
 #include "shell/shell.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
@@ -22,21 +23,18 @@ namespace {
 
 constexpr int kAlreadyRunning = 1;
 constexpr int kWrongUsage = 2;
-
-/// At the right edge of the screen, out of the way of the other windows.
-void PlaceAside(QWidget& panel) {
-  const QRect screen = panel.screen()->availableGeometry();
-  panel.adjustSize();
-  panel.move(screen.right() - panel.frameGeometry().width(), screen.top());
-}
+constexpr int kPlacedMs = 300;  // the desktop has placed the main window by then
 
 std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
-                                   morvane::simulator::SimulatedMachine* machine) {
+                                   morvane::simulator::SimulatedMachine* machine,
+                                   QWidget& mainMenu) {
   if (machine == nullptr) return nullptr;
   auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
   panel->setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
-  PlaceAside(*panel);
-  panel->show();
+  QTimer::singleShot(kPlacedMs, panel.get(), [&panel = *panel, &mainMenu] {
+    morvane::Dock(panel, mainMenu);
+    panel.show();
+  });
   return panel;
 }
 
@@ -93,7 +91,7 @@ int main(int argc, char** argv) {
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
-  const auto panel = MakePanel(parts.Loop, machine.Simulated);
+  const auto panel = MakePanel(parts.Loop, machine.Simulated, mainMenu);
   parts.Loop.RunUntil([] { return false; });
   shell.End();
   return 0;
