@@ -1,5 +1,7 @@
 #include "files/format_frame.h"
 
+#include <cerrno>
+#include <new>
 #include <utility>
 
 #include "files/capability_checks.h"
@@ -12,8 +14,14 @@ std::optional<RuntimeError> ReadUnderHourglass(Program& program, const std::stri
                                                const std::function<void(std::string)>& take) {
   const Hourglass hourglass(program.Operator);
   std::string bytes;
-  auto error = ReadFile(path, bytes);
-  if (!error) take(std::move(bytes));
+  auto error = ReadFile(path, bytes, kLargestSetFile);
+  if (error) return error;
+  // A file decides here how much memory it takes.
+  try {
+    take(std::move(bytes));
+  } catch (const std::bad_alloc&) {
+    error = RuntimeError::OfNumber(ENOMEM);
+  }
   return error;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,10 +11,13 @@ namespace morvane::files {
 
 struct Format;
 
+/// A larger file is no set: 256 MB.
+inline constexpr std::uint64_t kLargestSetFile = std::uint64_t{256} << 20U;
+
 // What every reader and every writer does around its format's bytes.
 
 /// Reads the file and has `take` make something of its bytes, with no box meanwhile. What went
-/// wrong with reading, which nobody has been told; `take` was not called then.
+/// wrong with reading, or that the memory did not do for it (ENOMEM), which nobody has been told.
 [[nodiscard]] std::optional<RuntimeError> ReadUnderHourglass(
     Program& program, const std::string& path, const std::function<void(std::string bytes)>& take);
 

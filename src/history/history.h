@@ -31,8 +31,11 @@ class History {
  private:
   struct Failure {
     const std::string& Text;  ///< of the catalogue
+    std::string Path;         ///< that it names
     RuntimeError Error;
   };
+  static Failure Unreadable(const Program& program, RuntimeError error);
+  static Failure Unwritable(const Program& program, RuntimeError error);
   std::optional<Failure> Read(Program& program);
   static std::optional<Failure> TakeOverOldFile(Program& program, std::string& bytes);
   enum class Known { kAgain, kOnce };

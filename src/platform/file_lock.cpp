@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
+
+#include "platform/private_file.h"
 #endif
 
 namespace morvane {
@@ -40,9 +42,7 @@ void CloseLockFile(std::intptr_t file) { CloseHandle(reinterpret_cast<HANDLE>(fi
 #else
 
 std::intptr_t OpenLockFile(const std::string& path) {
-  const int file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-  // Another user's file can be locked without the right to write it.
-  return file < 0 && errno == EACCES ? open(path.c_str(), O_RDONLY | O_CLOEXEC) : file;
+  return OpenWithRights(path, O_RDWR | O_CREAT, NewFile::kPrivate);
 }
 
 bool LockFile(std::intptr_t file) {
@@ -64,19 +64,24 @@ void CloseLockFile(std::intptr_t file) { close(static_cast<int>(file)); }
 
 std::optional<FileLock> FileLock::Wait(const std::string& path,
                                        std::chrono::milliseconds patience) {
-  // Short: who lets go may take it again at once, and this one must find the gap.
-  constexpr std::chrono::microseconds kPause{50};
+  const auto end = std::chrono::steady_clock::now() + patience;
+  return Wait(path, [end] {
+    if (std::chrono::steady_clock::now() >= end) return false;
+    std::this_thread::sleep_for(kPause);
+    return true;
+  });
+}
+
+std::optional<FileLock> FileLock::Wait(const std::string& path, const std::function<bool()>& goOn) {
   const std::intptr_t file = OpenLockFile(path);
   if (file == kNone) return std::nullopt;
   FileLock lock(file);
-  const auto end = std::chrono::steady_clock::now() + patience;
   while (!LockFile(file)) {
     if (!HeldByAnother()) return std::nullopt;
-    if (std::chrono::steady_clock::now() >= end) {
+    if (!goOn()) {
       errno = ETIMEDOUT;
       return std::nullopt;
     }
-    std::this_thread::sleep_for(kPause);
   }
   return lock;
 }

@@ -4,14 +4,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
-#include <utility>
+#include <new>
 
-#ifdef _WIN32
-#include <io.h>
-#else
+#ifndef _WIN32
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #endif
 
 namespace morvane {
@@ -22,126 +18,28 @@ struct Closer {
 };
 using File = std::unique_ptr<std::FILE, Closer>;
 
-File OpenFile(const std::string& path, const char* mode) {
+File OpenToRead(const std::string& path) {
 #ifdef _WIN32
-  const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-  return File(_wfopen(PathOfUtf8(path).c_str(), wideMode.c_str()));
+  return File(_wfopen(PathOfUtf8(path).c_str(), L"rb"));
 #else
-  return File(std::fopen(path.c_str(), mode));
+  // What has become a pipe meanwhile is not waited for.
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  return File(file < 0 ? nullptr : fdopen(file, "rb"));
 #endif
 }
 
-/// How the system opens a file to write: over what is there, or only where nothing is.
-enum class Opening { kOver, kNew };
-
-#ifdef _WIN32
-
-File OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
-  return OpenFile(path, opening == Opening::kNew ? "wbx" : "wb");
-}
-
-bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
-
-void KeepOwner(std::FILE* /*file*/, const std::string& /*old*/) {}
-
-bool MayWrite(const std::string& path) {
-  constexpr int kToWrite = 2;
-  return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
-}
-
-#else
-
-File OpenToWrite(const std::string& path, Opening opening, NewFile access) {
-  // A pipe that nobody reads is an error, and not waited for.
-  const int flags =
-      O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
-  const int file = open(path.c_str(), flags, access == NewFile::kPrivate ? 0600 : 0666);
-  if (file < 0) return nullptr;
-  fcntl(file, F_SETFL, 0);
-  return File(fdopen(file, "wb"));
-}
-
-bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
-
-/// Gives the file to the owner and the group of `old`, as far as the system lets us.
-void KeepOwner(std::FILE* file, const std::string& old) {
-  struct stat status {};
-  if (stat(old.c_str(), &status) != 0) return;
-  if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
-    [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
+std::optional<RuntimeError> TakeBlocks(std::FILE* file,
+                                       const std::function<void(std::string_view)>& take,
+                                       std::uint64_t most) {
+  std::array<char, 65536> block{};
+  std::uint64_t size = 0;
+  while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
+    size += got;
+    if (size > most) return RuntimeError::OfNumber(EFBIG);
+    take({block.data(), got});
   }
-}
-
-bool MayWrite(const std::string& path) {
-  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
-#endif
-
-/// A file in the folder of `path` under a name that nothing had, which goes to `name`; what stands
-/// there is someone else's. The name is short: the file's own may be as long as names can be.
-File OpenBeside(const std::string& path, NewFile access, std::string& name) {
-  constexpr int kMostNames = 1000;
-  File file;
-  int number = 1;
-  do {
-    name = FolderOf(path) + "morvane.new" + std::to_string(number);
-    file = OpenToWrite(name, Opening::kNew, access);
-  } while (!file && errno == EEXIST && ++number <= kMostNames);
-  return file;
-}
-
-/// The same under the one name that only the holder of the file's lock uses.
-File OpenOwnBeside(const std::string& path, NewFile access, std::string& name) {
-  name = path + ".new";
-  return OpenToWrite(name, Opening::kOver, access);
-}
-
-using BesideOpener = File (*)(const std::string& path, NewFile access, std::string& name);
-
-/// When written bytes count as written: in the system's hands, or where a power cut leaves them.
-enum class Lasting { kUsual, kSafe };
-
-std::optional<RuntimeError> WriteAndClose(File file, std::string_view bytes,
-                                          Lasting lasting = Lasting::kUsual) {
-  if (!file) return RuntimeError::Last();
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
-      std::fflush(file.get()) != 0) {
-    return RuntimeError::Last();
-  }
-  if (lasting == Lasting::kSafe && !Sync(file.get())) return RuntimeError::Last();
-  // A network drive may refuse the bytes only now.
-  if (std::fclose(file.release()) != 0) return RuntimeError::Last();
+  if (std::ferror(file) != 0) return RuntimeError::Last();
   return std::nullopt;
-}
-
-std::optional<RuntimeError> Write(const std::string& path, std::string_view bytes, NewFile access,
-                                  BesideOpener openBeside) {
-  std::error_code failure;
-  const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
-  const bool replaces = std::filesystem::is_regular_file(old);
-  if (!replaces && std::filesystem::exists(old)) {
-    return WriteAndClose(OpenToWrite(path, Opening::kOver, access), bytes);
-  }
-  // Renaming would not ask the old file.
-  if (replaces && !MayWrite(path)) return RuntimeError::Last();
-
-  std::string beside;
-  File file = openBeside(path, replaces ? NewFile::kPrivate : access, beside);
-  if (!file) return RuntimeError::Last();
-  if (replaces) {
-    KeepOwner(file.get(), path);
-    // A file system without permissions may refuse them; the bytes matter more.
-    std::filesystem::permissions(PathOfUtf8(beside),
-                                 old.permissions() & std::filesystem::perms::all, failure);
-  }
-  auto error = WriteAndClose(std::move(file), bytes, Lasting::kSafe);
-  if (!error) {
-    std::filesystem::rename(PathOfUtf8(beside), PathOfUtf8(path), failure);
-    if (failure) error = RuntimeError::Of(failure);
-  }
-  if (error) std::filesystem::remove(PathOfUtf8(beside), failure);
-  return error;
 }
 
 }  // namespace
@@ -184,38 +82,31 @@ std::string FileBehind(const std::string& path) {
   return {text.begin(), text.end()};
 }
 
-std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes) {
+std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes,
+                                     std::uint64_t most) {
   bytes.clear();
-  return ReadBlocks(path, [&bytes](std::string_view block) { bytes.append(block); });
+  return ReadBlocks(
+      path, [&bytes](std::string_view block) { bytes.append(block); }, most);
 }
 
 std::optional<RuntimeError> ReadBlocks(const std::string& path,
-                                       const std::function<void(std::string_view)>& take) {
+                                       const std::function<void(std::string_view)>& take,
+                                       std::uint64_t most) {
   std::error_code failure;
   const auto status = std::filesystem::status(PathOfUtf8(path), failure);
   if (std::filesystem::is_other(status)) return RuntimeError::OfNumber(ENOTSUP);
-  const File file = OpenFile(path, "rb");
+  // What is too large is told before it has been read. Some files say 0 and have more.
+  const std::uint64_t size = std::filesystem::is_regular_file(status)
+                                 ? std::filesystem::file_size(PathOfUtf8(path), failure)
+                                 : 0;
+  if (!failure && size > most) return RuntimeError::OfNumber(EFBIG);
+  const File file = OpenToRead(path);
   if (!file) return RuntimeError::Last();
-  std::array<char, 65536> block{};
-  while (const std::size_t got = std::fread(block.data(), 1, block.size(), file.get())) {
-    take({block.data(), got});
+  try {
+    return TakeBlocks(file.get(), take, most);
+  } catch (const std::bad_alloc&) {
+    return RuntimeError::OfNumber(ENOMEM);
   }
-  if (std::ferror(file.get()) != 0) return RuntimeError::Last();
-  return std::nullopt;
-}
-
-std::optional<RuntimeError> WriteFile(const std::string& name, std::string_view bytes,
-                                      NewFile access) {
-  return Write(FileBehind(name), bytes, access, OpenBeside);
-}
-
-std::optional<RuntimeError> WriteLockedFile(const std::string& name, std::string_view bytes,
-                                            NewFile access) {
-  return Write(FileBehind(name), bytes, access, OpenOwnBeside);
-}
-
-std::optional<RuntimeError> AppendToFile(const std::string& path, std::string_view bytes) {
-  return WriteAndClose(OpenFile(path, "ab"), bytes);
 }
 
 }  // namespace morvane

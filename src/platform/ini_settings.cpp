@@ -1,32 +1,43 @@
 #include "platform/ini_settings.h"
 
+#include <cerrno>
 #include <filesystem>
-#include <optional>
 
-#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/ini_text.h"
+#include "platform/lock_patience.h"
 
 namespace morvane {
 namespace {
 
-/// False when there is something that cannot be read; a missing file is an empty store.
-bool ReadStore(const std::string& path, std::string& content) {
+enum class StoreIs { kText, kNoText, kUnreadable };
+
+/// A missing file is an empty store.
+StoreIs ReadStore(const std::string& path, std::string& content) {
   std::error_code failure;
   const auto status = std::filesystem::status(PathOfUtf8(path), failure);
-  if (status.type() == std::filesystem::file_type::not_found) return true;
-  return std::filesystem::is_regular_file(status) && !ReadFile(path, content);
+  if (status.type() == std::filesystem::file_type::not_found) return StoreIs::kText;
+  if (!std::filesystem::is_regular_file(status)) return StoreIs::kUnreadable;
+  MakePrivate(path);
+  const auto error = ReadFile(path, content, IniSettings::kMostBytes);
+  const bool isText = !error && content.find('\0') == std::string::npos;
+  if (!isText) content.clear();
+  if (isText) return StoreIs::kText;
+  return !error || error->Number == EFBIG ? StoreIs::kNoText : StoreIs::kUnreadable;
 }
 
-std::optional<FileLock> LockOf(const std::string& path) { return FileLock::Wait(path + ".lock"); }
-
 }  // namespace
+
+std::optional<FileLock> IniSettings::LockOf(const std::string& path) const {
+  const std::string lock = path + ".lock";
+  return patience_ != nullptr ? patience_->Lock(lock, "settings") : FileLock::Wait(lock);
+}
 
 std::string IniSettings::Get(const SettingKey& key) const {
   const std::string path = FileBehind(path_);
   const auto lock = LockOf(path);  // a folder that cannot be written can still be read
   std::string content;
-  if (!ReadStore(path, content)) return std::string(key.Default);
+  if (ReadStore(path, content) != StoreIs::kText) return std::string(key.Default);
   return IniValue(content, key).value_or(std::string(key.Default));
 }
 
@@ -35,10 +46,26 @@ bool IniSettings::Set(const SettingKey& key, std::string_view value) {
   std::error_code ignored;  // the lock file tells whether the folder can be written
   std::filesystem::create_directories(PathOfUtf8(FolderOf(path)), ignored);
   const auto lock = LockOf(path);
+  if (!lock) return false;
   std::string content;
-  if (!lock || !ReadStore(path, content)) return false;
+  const StoreIs store = ReadStore(path, content);
+  if (store == StoreIs::kUnreadable) return false;
   const auto changed = WithIniValue(content, key, value);
-  return changed && !WriteLockedFile(path, *changed, NewFile::kPrivate);
+  if (!changed || changed->size() > kMostBytes) return false;
+  if (store == StoreIs::kNoText && !PutAside(path)) return false;
+  return !WriteLockedFile(path, *changed, NewFile::kPrivate);
+}
+
+bool IniSettings::PutAside(const std::string& path) {
+  std::error_code failure;
+  std::string aside = path + ".damaged";
+  for (int n = 2; std::filesystem::exists(PathOfUtf8(aside), failure); ++n) {
+    aside = path + ".damaged" + std::to_string(n);
+  }
+  std::filesystem::rename(PathOfUtf8(path), PathOfUtf8(aside), failure);
+  if (failure) return false;
+  putAside_ = aside;
+  return true;
 }
 
 }  // namespace morvane

@@ -37,6 +37,9 @@ class Ui {
   virtual void RefreshSet() = 0;
   /// The hourglass, on or off.
   virtual void Busy(bool on) = 0;
+  /// What the program waits for, blocked, under the hourglass and in place of the status; empty: it
+  /// goes on.
+  virtual void Waiting(const std::string& /*what*/) {}
   /// The mouse in the main window's client coordinates.
   [[nodiscard]] virtual Point Mouse() const = 0;
 };

@@ -1,23 +1,20 @@
 #include "program/data_folder.h"
 
-#include <filesystem>
-
 #include "platform/files.h"
 
 namespace morvane {
 
 std::optional<RuntimeError> EnterDataFolder(const std::string& folder) {
-  std::error_code failure;
-  const std::filesystem::path path = PathOfUtf8(folder);
-  if (std::filesystem::is_directory(path, failure)) return std::nullopt;
-  failure.clear();
-  std::filesystem::create_directories(path, failure);
-  if (failure) return RuntimeError::Of(failure);
-  return std::nullopt;
+  return MakePrivateFolder(folder);
 }
 
-std::optional<FileLock> LockDataFolder(const std::string& folder) {
-  return FileLock::Wait(JoinPath(folder, "morvane.lock"));
+std::optional<FileLock> LockDataFolder(const std::string& folder, LockPatience& patience) {
+  return patience.Lock(JoinPath(folder, "morvane.lock"), "log and history");
+}
+
+std::string BasePathOf(const std::string& dataFolder) {
+  const std::u8string base = PathOfUtf8(dataFolder).parent_path().u8string();
+  return {base.begin(), base.end()};
 }
 
 }  // namespace morvane

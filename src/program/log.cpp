@@ -50,8 +50,8 @@ void Log::Lines(std::span<const std::string> texts) {
 }
 
 std::optional<RuntimeError> Log::Append(std::string_view bytes) const {
-  const auto lock = LockDataFolder(folder_);
-  return AppendToFile(path_, bytes);
+  const auto lock = LockDataFolder(folder_, locks_);
+  return AppendLines(path_, bytes, NewFile::kPrivate);
 }
 
 void Log::WriteTime(std::string_view text) { WriteLine(std::string(text) + TimeText(clock_)); }

@@ -11,15 +11,16 @@
 
 namespace morvane {
 
+class LockPatience;
 class Ui;
 
 /// The monthly journal "Log_<year>_<month>.txt" in the data folder. Each line, or block of lines
-/// that belong together, is written with one open and one close, so that nothing is lost in a
-/// crash. The first failure tells the operator and turns logging off until the program ends; a
+/// that belong together, is one write, so that nothing is lost in a crash. The file is its user's
+/// alone. The first failure tells the operator and turns logging off until the program ends; a
 /// failing log never stops the work.
 class Log {
  public:
-  Log(Ui& ui, const Clock& clock) : ui_(ui), clock_(clock) {}
+  Log(Ui& ui, const Clock& clock, LockPatience& locks) : ui_(ui), clock_(clock), locks_(locks) {}
 
   /// Turns logging on with a file name fixed for the whole run. False, and the error, when the
   /// folder can't be entered: logging stays off.
@@ -49,6 +50,7 @@ class Log {
 
   Ui& ui_;
   const Clock& clock_;
+  LockPatience& locks_;
   std::string folder_;
   std::string path_;
   bool on_ = false;

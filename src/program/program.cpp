@@ -13,7 +13,12 @@ Program::Program(Ports ports, ProgramPaths paths)
       Speaker(ports.Speaker),
       Paths(std::move(paths)),
       Texts(InitMessages()),
-      Log(ports.Operator, ports.Time) {}
+      Locks(ports.Operator, ports.Loop, ports.Time),
+      Log(ports.Operator, ports.Time, Locks) {
+  Store.UsePatience(&Locks);
+}
+
+Program::~Program() { Store.UsePatience(nullptr); }
 
 void Program::ShowMessage(const std::string& text, int flags, const std::string& title) {
   Operator.MessageBox(text, flags, title);
@@ -25,7 +30,9 @@ int Program::Ask(const std::string& text, int flags, const std::string& title) {
 }
 
 bool Program::StoreSetting(const SettingKey& key, std::string_view value) {
-  if (Store.Set(key, value)) return true;
+  const bool stored = Store.Set(key, value);
+  TellPutAside();
+  if (stored) return true;
   if (!storeFailureShown_) {
     storeFailureShown_ = true;
     ShowMessage(
@@ -34,6 +41,16 @@ bool Program::StoreSetting(const SettingKey& key, std::string_view value) {
         kOkExclamation, "Settings Error");
   }
   return false;
+}
+
+void Program::TellPutAside() {
+  const std::string path = Store.TakePutAside();
+  if (path.empty()) return;
+  ShowMessage(
+      "      The settings file was too large or no text, and begins anew      \r\n"
+      "      What it was is now: " +
+          path + "      ",
+      kOkExclamation, "Settings Error");
 }
 
 }  // namespace morvane

@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/entropy.h"
 #include "platform/event_loop.h"
+#include "platform/lock_patience.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
 #include "platform/ui.h"
@@ -53,6 +54,7 @@ class Program {
   Program(Ports ports, ProgramPaths paths);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
+  ~Program();
 
   Ui& Operator;
   EventLoop& Loop;
@@ -64,6 +66,7 @@ class Program {
 
   BoardSet Set;
   Messages Texts;
+  LockPatience Locks;  ///< of the data folder and the store; each flow renews it
   morvane::Log Log;
   std::string VersionText;
   int ServiceLevel = MORVANE_SERVICE_LEVEL;
@@ -79,10 +82,11 @@ class Program {
   int Ask(const std::string& text, int flags, const std::string& title);
   void Status(const std::string& text) { Operator.Status(text); }
   /// Writes a setting; whether that went well. The operator is told of the first failure only, and
-  /// the work goes on.
+  /// the work goes on; and of a store that had to be put aside.
   bool StoreSetting(const SettingKey& key, std::string_view value);
 
  private:
+  void TellPutAside();
   bool storeFailureShown_ = false;
 };
 

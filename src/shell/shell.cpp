@@ -10,7 +10,8 @@
 
 namespace morvane::shell {
 
-Shell::Flow::Flow(Shell& shell) : shell_(shell) {
+Shell::Flow::Flow(Shell& shell, Waits waits) : shell_(shell) {
+  if (waits == Waits::kAnew) shell_.program_.Locks.Renew();
   shell_.flowActive_ = true;
   shell_.Timer2mm_.reset();
 }
@@ -89,7 +90,8 @@ void Shell::MenuDeal() {
 
 bool Shell::Exit() {
   if (FlowActive()) return false;
-  const Flow flow(*this);
+  // The end is no time to wait again; and a command, which is one flow to its user, ends here.
+  const Flow flow(*this, Flow::Waits::kAsBefore);
   if (!ExitFlow(program_, generator_, history_)) return false;
   if (unsaved_) unsaved_->Remove();  // saved or given up
   WriteExit();

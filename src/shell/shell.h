@@ -69,7 +69,9 @@ class Shell {
   /// outside and no pool update runs inside one.
   class Flow {
    public:
-    explicit Flow(Shell& shell);
+    enum class Waits { kAnew, kAsBefore };
+    /// `waits`: whether locks that an earlier flow waited for in vain are waited for again.
+    explicit Flow(Shell& shell, Waits waits = Waits::kAnew);
     ~Flow();
     Flow(const Flow&) = delete;
     Flow& operator=(const Flow&) = delete;

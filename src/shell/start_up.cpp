@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "program/data_folder.h"
 #include "shell/version.h"
 #include "text/text.h"
 
@@ -68,7 +69,7 @@ StartOutcome BecomeTheRunningOne(Program& program, Instance& instance, const Sta
 void OpenLog(Program& program) {
   RuntimeError error;
   if (program.Log.Start(program.Paths.Data, error)) return;
-  const std::string text = Fill(program.Texts.Msg083, "***", program.Paths.Application);
+  const std::string text = Fill(program.Texts.Msg083, "***", BasePathOf(program.Paths.Data));
   program.ShowMessage(
       Fill(text, "###", "Error: " + std::to_string(error.Number) + ", " + error.Description),
       kOkCritical, "Log Error");

@@ -1,9 +1,13 @@
 #include "history/history.h"
 
+#include <sys/stat.h>
+
+#include <cstdint>
 #include <filesystem>
 
 #include "support/fakes.h"
 #include "support/file_size_limit.h"
+#include "support/plain_user.h"
 
 namespace morvane::history {
 namespace {
@@ -49,10 +53,12 @@ TEST(History, WithoutAFolderTellsTheOperatorAndStaysOff) {
   ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
   EXPECT_EQ(desk.Ui.Boxes[0].Text,
             "      Cannot access or create Morvane_Data directory     \r\n"
-            "      Application Path: /opt/morvane     \r\n"
-            "      Not a directory\r\n"
-            "      Application will continue but logging and history functions will be "
-            "disabled     ");
+            "      Application Path: " +
+                folder.Path() +
+                "     \r\n"
+                "      Not a directory\r\n"
+                "      Application will continue but logging and history functions will be "
+                "disabled     ");
   EXPECT_EQ(desk.Ui.Boxes[0].Flags, kOkCritical);
   EXPECT_EQ(desk.Ui.Boxes[0].Title, "History Error");
   EXPECT_EQ(history.Ring().HistorySimilarity(test::RoundBoard(1)).Cards, 0);
@@ -116,6 +122,56 @@ TEST(History, AFileThatCannotBeReadTurnsItOff) {
   test::FillSet(desk.Prog.Set, 1, 2);
   history.AddToHistory(desk.Prog, "Evening");
   EXPECT_EQ(desk.Ui.Boxes.size(), 1U) << "no further attempt";
+}
+
+/// The box that a history file of this kind brings.
+std::string BoxOf(const std::string& doing, const TestDesk& desk, const std::string& error) {
+  return "      Error during " + doing +
+         " history file    \r\n      Application Path: " + desk.Prog.Paths.Application +
+         "     \r\n      " + error +
+         "\r\n      Application will continue but logging and history functions will be "
+         "disabled     ";
+}
+
+TEST(History, AFileLargerThanAFullRingIsNone) {
+  TestDesk desk;
+  const std::string file = desk.Prog.Paths.Data + "/history1.dat";
+  test::WriteContent(file, std::string(320'000, '\0'));  // 20,000 records of 16 bytes
+  History full;
+  EXPECT_TRUE(full.LoadHistory(desk.Prog));
+  EXPECT_EQ(full.Ring().HistoryUsed(), 20'000);
+  std::filesystem::resize_file(file, std::uintmax_t{1} << 40U);  // no memory would do
+  History history;
+  EXPECT_FALSE(history.LoadHistory(desk.Prog));
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, BoxOf("reading", desk, "File too large"));
+  std::filesystem::resize_file(file, 320'001);
+  EXPECT_FALSE(history.LoadHistory(desk.Prog));
+  EXPECT_EQ(std::filesystem::file_size(file), 320'001U) << "it stays as it is";
+}
+
+TEST(History, APipeInItsPlaceIsAnErrorAndNotWaitedFor) {
+  TestDesk desk;
+  ASSERT_EQ(mkfifo((desk.Prog.Paths.Data + "/history1.dat").c_str(), 0600), 0);
+  History history;
+  EXPECT_FALSE(history.LoadHistory(desk.Prog));
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, BoxOf("reading", desk, "Operation not supported"));
+}
+
+TEST(History, AFolderThatTakesNoFileIsToldAsThat) {
+  HistoryDesk desk;
+  std::filesystem::remove(desk.Prog.Paths.Data + "/morvane.lock");
+  std::filesystem::permissions(desk.Folder.Path(), std::filesystem::perms(0755));
+  std::filesystem::permissions(desk.Prog.Paths.Data, std::filesystem::perms(0555));
+  {
+    const test::PlainUser user;
+    ASSERT_TRUE(user.Ok());
+    desk.History.AddToHistory(desk.Prog, "Evening");
+  }
+  ASSERT_FALSE(desk.Ui.Boxes.empty());
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, BoxOf("saving", desk, "Permission denied"));
+  std::filesystem::permissions(desk.Prog.Paths.Data, std::filesystem::perms(0755));
 }
 
 TEST(History, AFailedWriteTurnsItOffAndEmptiesTheRing) {

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "history/history.h"
+#include "platform/system_clock.h"
 #include "support/fakes.h"
 
 // Several programs on one data folder, and programs that die in the middle.
@@ -17,6 +18,17 @@ namespace {
 using test::SuitBoard;
 using test::TestDesk;
 
+/// The date of the tests, and real time to wait in: the processes do not share a virtual one.
+class RealWaits final : public Clock {
+ public:
+  [[nodiscard]] LocalTime Now() const override { return test::VirtualClock().Now(); }
+  [[nodiscard]] std::chrono::microseconds Elapsed() const override { return real_.Elapsed(); }
+  void Spend(std::chrono::microseconds time) override { real_.Spend(time); }
+
+ private:
+  SystemClock real_;
+};
+
 /// Starts a process that works on the data folder of `owner`. What the desk of the process leaves
 /// on disk goes with the caller's `desk`, however the process ends.
 template <typename Work>
@@ -24,7 +36,8 @@ pid_t InProcess(TestDesk& desk, const TestDesk& owner, Work work) {
   const pid_t child = fork();
   if (child != 0) return child;
   const std::string& folder = owner.Prog.Paths.Data;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
+  RealWaits time;
+  Program program({desk.Ui, desk.Loop, time, desk.Store, desk.Random, desk.Speaker},
                   {desk.Prog.Paths.Application, folder});
   RuntimeError error;
   if (!desk.History.LoadHistory(program) || !program.Log.Start(folder, error)) _exit(1);

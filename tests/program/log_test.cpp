@@ -33,27 +33,24 @@ TEST(Log, EveryLineEndsWithCrLfAndLinesAdd) {
 
 TEST(Log, ALineIsAddedUnderTheFoldersLock) {
   TestDesk desk;
-  const std::string path = desk.Prog.Log.Path();
-  const std::string lock = JoinPath(desk.Prog.Paths.Data, "morvane.lock");
-  std::filesystem::remove(path);
-  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-  // More than a pipe holds: whoever writes it waits in the middle for a reader.
-  const std::string text(std::size_t{1} << 20U, 'x');
-  std::thread writer([&] { desk.Prog.Log.WriteLine(text); });
-  std::ifstream pipe(path, std::ios::binary);
-  bool held = false;
-  EXPECT_FALSE(FileLock::Try(lock, held));
-  EXPECT_TRUE(held);
-  std::stringstream read;
-  read << pipe.rdbuf();
-  writer.join();
-  EXPECT_EQ(read.str(), text + "\r\n");
-  EXPECT_TRUE(FileLock::Try(lock, held));
+  desk.Prog.Log.WriteLine("before");
+  auto held = FileLock::Try(JoinPath(desk.Prog.Paths.Data, "morvane.lock"));
+  ASSERT_TRUE(held);
+  std::vector<std::string> whileHeld;
+  desk.Ui.OnWaiting = [&](const std::string& what) {
+    if (what.empty()) return;
+    whileHeld = desk.LogLines();
+    held.reset();
+  };
+  desk.Prog.Log.WriteLine("behind");
+  EXPECT_THAT(whileHeld, ElementsAre("before"));
+  EXPECT_THAT(desk.LogLines(), ElementsAre("before", "behind"));
+  EXPECT_THAT(desk.Ui.Waits, ElementsAre("Waiting for another program: log and history", ""));
 }
 
 TEST(Log, AFolderThatCannotBeEnteredLeavesItOff) {
   TestDesk desk;
-  Log log(desk.Ui, desk.Clock);
+  Log log(desk.Ui, desk.Clock, desk.Prog.Locks);
   RuntimeError error;
   EXPECT_FALSE(log.Start(desk.Folder / "none", error));
   EXPECT_EQ(error.Number, ENOENT);
@@ -64,7 +61,7 @@ TEST(Log, AFolderThatCannotBeEnteredLeavesItOff) {
 TEST(Log, APlainFileInPlaceOfTheFolderLeavesItOff) {
   TestDesk desk;
   test::WriteContent(desk.Folder / "plain", "x");
-  Log log(desk.Ui, desk.Clock);
+  Log log(desk.Ui, desk.Clock, desk.Prog.Locks);
   RuntimeError error;
   EXPECT_FALSE(log.Start(desk.Folder / "plain", error));
   EXPECT_EQ(error.Number, ENOTDIR);
@@ -106,7 +103,7 @@ TEST(Log, NoLinesAreNoAppend) {
 
 TEST(Log, LinesThatCannotBeWrittenAreOneFailure) {
   TestDesk desk;
-  Log log(desk.Ui, desk.Clock);
+  Log log(desk.Ui, desk.Clock, desk.Prog.Locks);
   RuntimeError error;
   ASSERT_TRUE(log.Start("/proc/self", error));
   log.Lines(std::vector<std::string>{"one", "two"});
@@ -116,7 +113,7 @@ TEST(Log, LinesThatCannotBeWrittenAreOneFailure) {
 
 TEST(Log, TheFirstFailureToWriteTellsTheOperatorAndTurnsItOff) {
   TestDesk desk;
-  Log log(desk.Ui, desk.Clock);
+  Log log(desk.Ui, desk.Clock, desk.Prog.Locks);
   RuntimeError error;
   ASSERT_TRUE(log.Start("/proc/self", error));  // a folder that no one can write into
   log.WriteLine("one");

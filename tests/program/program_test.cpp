@@ -58,5 +58,30 @@ TEST(StoreSetting, AStoreThatCanBeWrittenAgainIsWritten) {
   EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
 }
 
+/// A store that had to be put aside.
+class DamagedSettings final : public Settings {
+ public:
+  [[nodiscard]] std::string Get(const SettingKey& key) const override {
+    return std::string(key.Default);
+  }
+  bool Set(const SettingKey& /*key*/, std::string_view /*value*/) override { return true; }
+  std::string TakePutAside() override { return std::exchange(Aside, {}); }
+  std::string Aside = "/home/me/morvane.exe.ini.damaged";
+};
+
+TEST(StoreSetting, AStoreThatWasPutAsideIsToldOnce) {
+  TestDesk desk;
+  DamagedSettings store;
+  Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
+                  {desk.Folder.Path(), desk.Prog.Paths.Data});
+  EXPECT_TRUE(program.StoreSetting(kNewLastBoard, "36"));
+  EXPECT_TRUE(program.StoreSetting(kNewFirstBoard, "5"));
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{
+                  "      The settings file was too large or no text, and begins anew      \r\n"
+                  "      What it was is now: /home/me/morvane.exe.ini.damaged      ",
+                  48, "Settings Error"}));
+}
+
 }  // namespace
 }  // namespace morvane

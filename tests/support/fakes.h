@@ -36,6 +36,10 @@ class FakeUi final : public Ui {
     HourglassNow = on;
     if (on) ++Hourglasses;
   }
+  void Waiting(const std::string& what) override {
+    Waits.push_back(what);
+    if (OnWaiting) OnWaiting(what);
+  }
   [[nodiscard]] Point Mouse() const override { return MouseNow; }
 
   std::vector<Box> Boxes;
@@ -46,6 +50,8 @@ class FakeUi final : public Ui {
   std::deque<std::optional<std::string>> Files;  ///< answers of the file dialogs; none = cancelled
   std::function<void()> OnBox;                   ///< called while a box is open
   Point MouseNow;
+  std::vector<std::string> Waits;                     ///< what was waited for; "" = no more
+  std::function<void(const std::string&)> OnWaiting;  ///< called with the same
   int Refreshes = 0;
   bool HourglassNow = false;
   int Hourglasses = 0;  ///< how often it was put up
@@ -63,7 +69,8 @@ class MemorySettings final : public Settings {
   std::map<std::string, std::string> values_;
 };
 
-/// Repeatable numbers: the "system's" bytes count up from 1, the pseudo-random source has a seed.
+/// Repeatable numbers: the "system's" bytes count up from `First`, the pseudo-random source has a
+/// seed.
 class FakeEntropy final : public Entropy {
  public:
   Answer SystemRandom(std::span<std::uint8_t> bytes) override;
@@ -71,6 +78,7 @@ class FakeEntropy final : public Entropy {
   double Random() override;
   std::optional<Answer> Failure;
   bool AllZero = false;
+  std::uint8_t First = 1;
 
  private:
   std::mt19937_64 engine_{1};

@@ -22,8 +22,12 @@ namespace {
 
 class Ticker final : public QObject {
  public:
-  Ticker(int intervalMs, std::function<void()> tick, QObject* parent)
-      : QObject(parent), tick_(std::move(tick)), id_(startTimer(intervalMs, Qt::PreciseTimer)) {}
+  /// `held`: no tick meanwhile.
+  Ticker(int intervalMs, std::function<void()> tick, const bool& held, QObject* parent)
+      : QObject(parent),
+        tick_(std::move(tick)),
+        held_(held),
+        id_(startTimer(intervalMs, Qt::PreciseTimer)) {}
 
   void Stop() {
     killTimer(id_);
@@ -33,7 +37,7 @@ class Ticker final : public QObject {
 
  protected:
   void timerEvent(QTimerEvent* /*event*/) override {
-    if (ticking_) return;
+    if (ticking_ || held_) return;
     ticking_ = true;
     tick_();
     ticking_ = false;
@@ -44,6 +48,7 @@ class Ticker final : public QObject {
 
  private:
   std::function<void()> tick_;
+  const bool& held_;
   int id_;
   bool ticking_ = false;
   bool stopped_ = false;
@@ -126,6 +131,13 @@ bool QtEventLoop::Pump() {
   return !quitting_;
 }
 
+void QtEventLoop::Paint() {
+  painting_ = true;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                  QEventLoop::ExcludeSocketNotifiers);
+  painting_ = false;
+}
+
 void QtEventLoop::WaitMs(int ms) {
   bool over = false;
   QTimer timer;
@@ -143,7 +155,8 @@ void QtEventLoop::RunUntil(const std::function<bool()>& done) {
 }
 
 std::unique_ptr<Timer> QtEventLoop::StartTimer(int intervalMs, std::function<void()> tick) {
-  return std::make_unique<QtTimer>(new Ticker(std::max(1, intervalMs), std::move(tick), &tickers_));
+  return std::make_unique<QtTimer>(
+      new Ticker(std::max(1, intervalMs), std::move(tick), painting_, &tickers_));
 }
 
 void QtEventLoop::Quit() {

@@ -18,6 +18,7 @@ class QtEventLoop final : public EventLoop {
   ~QtEventLoop() override;
 
   bool Pump() override;
+  void Paint() override;
   void WaitMs(int ms) override;
   void RunUntil(const std::function<bool()>& done) override;
   /// A tick that lets events through is not run into by its own timer's next one.
@@ -29,6 +30,7 @@ class QtEventLoop final : public EventLoop {
  private:
   class Wake;
   std::atomic<bool> quitting_ = false;
+  bool painting_ = false;
   std::unique_ptr<Wake> wake_;
   QObject tickers_;  ///< parent of the timers, so that one that stopped in its own tick goes too
 };

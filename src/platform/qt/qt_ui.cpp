@@ -95,7 +95,10 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
 
 }  // namespace
 
-QtUi::~QtUi() { Busy(false); }
+QtUi::~QtUi() {
+  Busy(false);
+  Waiting("");
+}
 
 int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   QMessageBox box(Owner());
@@ -136,6 +139,7 @@ QWidget* QtUi::Owner() const {
 }
 
 void QtUi::Status(const std::string& text) {
+  status_ = text;
   if (main_.Status) main_.Status(text);
 }
 
@@ -151,6 +155,18 @@ void QtUi::Busy(bool on) {
   } else {
     QApplication::restoreOverrideCursor();
   }
+}
+
+void QtUi::Waiting(const std::string& what) {
+  if (what.empty() == !waiting_) return;
+  waiting_ = !what.empty();
+  // An hourglass of its own: the flow may have one up already.
+  if (waiting_) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+  if (main_.Status) main_.Status(waiting_ ? what : status_);
 }
 
 Point QtUi::Mouse() const {

@@ -36,6 +36,7 @@ class QtUi final : public Ui {
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override;
   void Busy(bool on) override;
+  void Waiting(const std::string& what) override;
   [[nodiscard]] Point Mouse() const override;
 
  private:
@@ -44,7 +45,9 @@ class QtUi final : public Ui {
 
   EventLoop& loop_;
   MainWindow main_;
+  std::string status_;  ///< what the status bar is to show
   bool busy_ = false;
+  bool waiting_ = false;
 };
 
 }  // namespace morvane

@@ -1,0 +1,133 @@
+#include "platform/file_beside.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <string_view>
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <vector>
+
+#include "platform/private_file.h"
+#endif
+
+namespace morvane {
+namespace {
+
+constexpr std::string_view kStart = "morvane.new.";
+constexpr std::size_t kDigits = 16;
+
+/// "morvane.new." and 16 hexadecimal digits: nobody calls a file of his own so.
+std::string NewName() {
+  static constexpr std::string_view kHex = "0123456789abcdef";
+  auto number = static_cast<std::uint64_t>(
+      std::chrono::high_resolution_clock::now().time_since_epoch().count());
+  std::string name(kStart);
+  for (std::size_t i = 0; i < kDigits; ++i, number >>= 4U) name += kHex[number & 15U];
+  return name;
+}
+
+}  // namespace
+
+#ifdef _WIN32
+
+OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
+  return OpenedFile(_wfopen(PathOfUtf8(path).c_str(), opening == Opening::kNew ? L"wbx" : L"wb"));
+}
+
+namespace {
+
+// Whether the writer lives cannot be told from a file that is closed before it is renamed: what is
+// left stays.
+void ClearLeftBeside(const std::string& /*folder*/) {}
+
+bool SayAlive(FileBeside& /*beside*/) { return true; }
+
+}  // namespace
+
+#else
+
+OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile access) {
+  const int flags = O_WRONLY | O_CREAT | O_NONBLOCK | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
+  const int file = OpenWithRights(path, flags, access);
+  if (file < 0) return nullptr;
+  fcntl(file, F_SETFL, 0);
+  return OpenedFile(fdopen(file, "wb"));
+}
+
+namespace {
+
+bool IsOurs(std::string_view name) {
+  return name.size() == kStart.size() + kDigits && name.starts_with(kStart) &&
+         name.find_first_not_of("0123456789abcdef", kStart.size()) == std::string_view::npos;
+}
+
+/// Removes the file if nobody holds its lock: whoever writes it does, from its first byte until it
+/// has its last name.
+void ClearIfDead(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+  if (file < 0) return;
+  struct stat opened {};
+  struct stat named {};
+  if (fstat(file, &opened) == 0 && S_ISREG(opened.st_mode) && opened.st_uid == geteuid() &&
+      flock(file, LOCK_EX | LOCK_NB) == 0 && lstat(path.c_str(), &named) == 0 &&
+      named.st_ino == opened.st_ino && named.st_dev == opened.st_dev) {
+    unlink(path.c_str());
+  }
+  close(file);
+}
+
+void ClearLeftBeside(const std::string& folder) {
+  std::error_code failure;
+  std::vector<std::string> left;
+  std::filesystem::directory_iterator entry(PathOfUtf8(folder.empty() ? "." : folder), failure);
+  for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+    const std::string name = entry->path().filename().string();
+    if (IsOurs(name)) left.push_back(folder + name);
+  }
+  for (const std::string& path : left) ClearIfDead(path);
+}
+
+/// Takes the file's lock. False when another program has just taken the new file for a dead one's.
+/// Where the file system has no locks, nobody else gets one either.
+bool SayAlive(FileBeside& beside) {
+  const int file = dup(fileno(beside.File.get()));
+  if (file < 0) return true;
+  beside.Alive = std::shared_ptr<void>(nullptr, [file](void*) { close(file); });
+  struct stat status {};
+  if (flock(file, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  return fstat(file, &status) != 0 || status.st_nlink > 0;
+}
+
+}  // namespace
+
+#endif
+
+FileBeside OpenBeside(const std::string& path, NewFile access) {
+  constexpr int kMostNames = 1000;
+  ClearLeftBeside(FolderOf(path));
+  FileBeside beside;
+  for (int i = 0; i < kMostNames; ++i) {
+    beside.Name = FolderOf(path) + NewName();
+    beside.File = OpenToWrite(beside.Name, Opening::kNew, access);
+    if (!beside.File && errno != EEXIST) break;
+    if (beside.File && SayAlive(beside)) break;
+    beside = {};
+  }
+  return beside;
+}
+
+FileBeside OpenOwnBeside(const std::string& path, NewFile access) {
+  FileBeside beside;
+  beside.Name = path + ".new";
+  beside.File = OpenToWrite(beside.Name, Opening::kOver, access);
+  return beside;
+}
+
+}  // namespace morvane

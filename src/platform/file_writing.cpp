@@ -1,0 +1,117 @@
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <utility>
+
+#include "platform/file_beside.h"
+#include "platform/files.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/private_file.h"
+#endif
+
+namespace morvane {
+namespace {
+
+#ifdef _WIN32
+
+bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
+
+void KeepOwner(std::FILE* /*file*/, const std::string& /*old*/) {}
+
+bool MayWrite(const std::string& path) {
+  constexpr int kToWrite = 2;
+  return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
+}
+
+#else
+
+bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
+
+/// Gives the file to the owner and the group of `old`, as far as the system lets us.
+void KeepOwner(std::FILE* file, const std::string& old) {
+  struct stat status {};
+  if (stat(old.c_str(), &status) != 0) return;
+  if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
+    [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
+  }
+}
+
+bool MayWrite(const std::string& path) {
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+#endif
+
+/// When written bytes count as written: in the system's hands, or where a power cut leaves them.
+enum class Lasting { kUsual, kSafe };
+
+std::optional<RuntimeError> WriteAndClose(OpenedFile file, std::string_view bytes,
+                                          Lasting lasting = Lasting::kUsual) {
+  if (!file) return RuntimeError::Last();
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
+      std::fflush(file.get()) != 0) {
+    return RuntimeError::Last();
+  }
+  if (lasting == Lasting::kSafe && !Sync(file.get())) return RuntimeError::Last();
+  // A network drive may refuse the bytes only now.
+  if (std::fclose(file.release()) != 0) return RuntimeError::Last();
+  return std::nullopt;
+}
+
+/// What a replacement has in common with the file `old`, which is there.
+void TakeAfter(const FileBeside& beside, const std::string& old, NewFile access) {
+  KeepOwner(beside.File.get(), old);
+  if (access == NewFile::kPrivate) MakePrivate(old);
+  std::error_code failure;  // a file system without permissions may refuse them
+  const auto rights = std::filesystem::status(PathOfUtf8(old), failure).permissions();
+  if (!failure) {
+    std::filesystem::permissions(PathOfUtf8(beside.Name), rights & std::filesystem::perms::all,
+                                 failure);
+  }
+}
+
+using BesideOpener = FileBeside (*)(const std::string& path, NewFile access);
+
+std::optional<RuntimeError> Write(const std::string& path, std::string_view bytes, NewFile access,
+                                  BesideOpener openBeside) {
+  std::error_code failure;
+  const auto old = std::filesystem::symlink_status(PathOfUtf8(path), failure);
+  const bool replaces = std::filesystem::is_regular_file(old);
+  if (!replaces && std::filesystem::exists(old)) {
+    return WriteAndClose(OpenToWrite(path, Opening::kOver, access), bytes);
+  }
+  // Renaming would not ask the old file.
+  if (replaces && !MayWrite(path)) return RuntimeError::Last();
+
+  FileBeside beside = openBeside(path, replaces ? NewFile::kPrivate : access);
+  if (!beside.File) return RuntimeError::Last();
+  if (replaces) TakeAfter(beside, path, access);
+  auto error = WriteAndClose(std::move(beside.File), bytes, Lasting::kSafe);
+  if (!error) {
+    std::filesystem::rename(PathOfUtf8(beside.Name), PathOfUtf8(path), failure);
+    if (failure) error = RuntimeError::Of(failure);
+  }
+  if (error) std::filesystem::remove(PathOfUtf8(beside.Name), failure);
+  return error;
+}
+
+}  // namespace
+
+std::optional<RuntimeError> WriteFile(const std::string& name, std::string_view bytes,
+                                      NewFile access) {
+  return Write(FileBehind(name), bytes, access, OpenBeside);
+}
+
+std::optional<RuntimeError> WriteLockedFile(const std::string& name, std::string_view bytes,
+                                            NewFile access) {
+  return Write(FileBehind(name), bytes, access, OpenOwnBeside);
+}
+
+}  // namespace morvane

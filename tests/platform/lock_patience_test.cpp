@@ -1,0 +1,119 @@
+#include "platform/lock_patience.h"
+
+#include "platform/runtime_error.h"
+#include "support/fakes.h"
+
+namespace morvane {
+namespace {
+
+using std::chrono::milliseconds;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// An operator and a virtual clock, on which a wait can be measured.
+struct LockDesk {
+  test::TempFolder Folder;
+  test::VirtualClock Clock;
+  test::VirtualEventLoop Loop{Clock};
+  test::FakeUi Ui;
+  LockPatience Patience{Ui, Loop, Clock};
+  const std::string Path = Folder / "lock";
+  std::optional<FileLock> Other = FileLock::Try(Path);  ///< another program's
+
+  bool Lock() { return Patience.Lock(Path, "things").has_value(); }
+  /// How long one attempt takes.
+  milliseconds Wait() {
+    const auto start = Clock.Elapsed();
+    EXPECT_FALSE(Lock());
+    EXPECT_EQ(RuntimeError::Last().Number, ETIMEDOUT);
+    return std::chrono::duration_cast<milliseconds>(Clock.Elapsed() - start);
+  }
+};
+
+TEST(LockPatience, AHolderThatDoesNotLetGoIsWaitedForOnceAFlow) {
+  LockDesk desk;
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  for (int line = 0; line < 14; ++line) EXPECT_EQ(desk.Wait(), milliseconds(0));
+  desk.Patience.Renew();
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  EXPECT_EQ(desk.Wait(), milliseconds(0));
+}
+
+TEST(LockPatience, OnceItCouldBeHadItIsWaitedForAgain) {
+  LockDesk desk;
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  desk.Other.reset();
+  EXPECT_TRUE(desk.Lock());
+  desk.Other = FileLock::Try(desk.Path);
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+}
+
+TEST(LockPatience, AnotherLockIsStillWaitedFor) {
+  LockDesk desk;
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  const auto other = FileLock::Try(desk.Folder / "another");
+  const auto start = desk.Clock.Elapsed();
+  EXPECT_FALSE(desk.Patience.Lock(desk.Folder / "another", "things"));
+  EXPECT_EQ(desk.Clock.Elapsed() - start, milliseconds(10'000));
+}
+
+TEST(LockPatience, ALongWaitIsToldUntilItIsOver) {
+  LockDesk desk;
+  desk.Ui.OnWaiting = [&](const std::string& what) {
+    if (!what.empty()) {
+      EXPECT_EQ(desk.Clock.Elapsed(), milliseconds(200));
+      desk.Other.reset();
+    }
+  };
+  EXPECT_TRUE(desk.Lock());
+  EXPECT_THAT(desk.Ui.Waits, ElementsAre("Waiting for another program: things", ""));
+}
+
+TEST(LockPatience, AWaitInVainIsToldOnceAndOver) {
+  LockDesk desk;
+  desk.Wait();
+  desk.Wait();
+  EXPECT_THAT(desk.Ui.Waits, ElementsAre("Waiting for another program: things", ""));
+}
+
+/// A loop that counts how often the windows may paint.
+class PaintCount final : public test::VirtualEventLoop {
+ public:
+  using VirtualEventLoop::VirtualEventLoop;
+  void Paint() override { ++Paints; }
+  int Paints = 0;
+};
+
+TEST(LockPatience, TheWindowsPaintFiveTimesASecond) {
+  LockDesk desk;
+  PaintCount loop(desk.Clock);
+  LockPatience patience(desk.Ui, loop, desk.Clock);
+  EXPECT_FALSE(patience.Lock(desk.Path, "things"));
+  EXPECT_EQ(loop.Paints, 49);  // from 200 to 9,800 milliseconds
+}
+
+TEST(LockPatience, AFreeLockIsHadWithoutAWord) {
+  LockDesk desk;
+  desk.Other.reset();
+  EXPECT_TRUE(desk.Lock());
+  EXPECT_THAT(desk.Ui.Waits, IsEmpty());
+  EXPECT_EQ(desk.Clock.Elapsed(), milliseconds(0));
+}
+
+TEST(LockPatience, AProgramThatQuitsWaitsForNothing) {
+  LockDesk desk;
+  desk.Ui.OnWaiting = [&](const std::string&) { desk.Loop.Quit(); };
+  EXPECT_EQ(desk.Wait(), milliseconds(200));
+  desk.Patience.Renew();
+  EXPECT_EQ(desk.Wait(), milliseconds(0));
+}
+
+TEST(LockPatience, WhatCannotBeHadAtAllIsNotWaitedForAndSaysWhy) {
+  LockDesk desk;
+  EXPECT_FALSE(desk.Patience.Lock(desk.Folder / "none/lock", "things"));
+  EXPECT_EQ(RuntimeError::Last().Number, ENOENT);
+  EXPECT_EQ(desk.Clock.Elapsed(), milliseconds(0));
+}
+
+}  // namespace
+}  // namespace morvane
