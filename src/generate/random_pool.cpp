@@ -12,6 +12,7 @@ constexpr int kStartBits = 16;
 constexpr int kMouseBits = 8;
 constexpr int kTimeBits = 16;
 constexpr std::size_t kDecoded = 62;
+constexpr int kNoErrorNumber = 999;
 
 /// The value of the digit at `at`; what lies beyond the end of a text that is too short counts 0.
 std::uint8_t DigitAt(std::string_view text, std::size_t at) {
@@ -33,7 +34,7 @@ void RandomPool::InitPool(Point mouse) {
   SeedmCounter =
       static_cast<std::int16_t>(std::min(Val(program_.Store.Get(kSeedmCounter)), kMostBits));
   if (stored.empty()) {
-    FillFromPseudoRandom();
+    MakePool();
     program_.StoreSetting(kSeedm, HexText());
   } else {
     Decode(stored);
@@ -68,10 +69,18 @@ void RandomPool::SavePool() const {
 
 std::string RandomPool::HexText() const { return HexBytes(std::span(Seedm).subspan<1>()); }
 
-void RandomPool::FillFromPseudoRandom() {
+void RandomPool::MakePool() {
+  const Entropy::Answer answer = program_.Random.SystemRandom(std::span(Seedm).subspan<1>());
+  if (answer.Ok) return;
+  // Better than nothing, and never zeros: the mouse and the moments of action come on top.
   for (std::size_t i = 1; i <= kSize; ++i) {
     Seedm[i] = static_cast<std::uint8_t>(program_.Random.Random() * 256);
   }
+  const RuntimeError error = answer.Error.value_or(RuntimeError{kNoErrorNumber, ""});
+  program_.ShowMessage("      Error: " + std::to_string(error.Number) +
+                           " in the system's random source      \r\n      " + error.Description +
+                           "     \r\n      The random pool begins with the clock alone      ",
+                       kOkExclamation, "Random Pool Error");
 }
 
 void RandomPool::Decode(std::string_view text) {

@@ -37,7 +37,7 @@ class RandomPool {
   [[nodiscard]] std::string HexText() const;
 
  private:
-  void FillFromPseudoRandom();
+  void MakePool();
   void Decode(std::string_view text);
   void Shift(std::size_t places);
   void AddBits(int bits);

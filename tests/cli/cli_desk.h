@@ -56,7 +56,7 @@ inline simulator::Options WithFault(simulator::CardFault fault) {
 /// simulated machine is as fast as it is asked unless told otherwise.
 struct CliDesk {
   explicit CliDesk(bool yes = false, const simulator::Options& options = AtSpeed(0))
-      : Operator(Screen, yes),
+      : Operator(Screen, Random, yes),
         Prog({Operator, Loop, Clock, Store, Random, Speaker},
              {Folder.Path(), Folder / "Morvane_Data"}),
         Machine(options, Clock) {}

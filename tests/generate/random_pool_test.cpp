@@ -1,5 +1,6 @@
 #include "generate/random_pool.h"
 
+#include <cerrno>
 #include <numeric>
 
 #include "support/fakes.h"
@@ -9,14 +10,28 @@ namespace {
 
 using test::TestDesk;
 
-/// A pseudo-random source that runs through eighths.
-class Eighths final : public Entropy {
+/// A system source that counts up from 1 and goes on where it stopped, or fails; a pseudo-random
+/// one that runs through eighths.
+class CountingSource final : public Entropy {
  public:
-  Answer SystemRandom(std::span<std::uint8_t> /*bytes*/) override { return {}; }
+  Answer SystemRandom(std::span<std::uint8_t> bytes) override {
+    if (Failure) return *Failure;
+    for (std::uint8_t& byte : bytes) byte = ++Last;
+    return {true, std::nullopt};
+  }
   void Seed(std::uint64_t seed) override { LastSeed = seed; }
   double Random() override { return (Drawn++ % 8) / 8.0; }
+  std::optional<Answer> Failure;
+  std::uint8_t Last = 0;
   int Drawn = 0;
   std::uint64_t LastSeed = 0;
+};
+
+/// A desk with that source in a program of its own.
+struct SourceDesk : TestDesk {
+  CountingSource Source;
+  Program Sourced{{Ui, Loop, Clock, Store, Source, Speaker}, {Folder.Path(), Prog.Paths.Data}};
+  RandomPool Pool{Sourced};
 };
 
 /// Bytes 1..64 hold 1..64.
@@ -28,31 +43,41 @@ std::string Repeated(const std::string& text, int times) {
   return result;
 }
 
-TEST(InitPool, AFirstStartFillsThePoolFromThePseudoRandomSourceAndStoresItAtOnce) {
-  TestDesk desk;
-  Eighths source;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker},
-                  {desk.Folder.Path(), desk.Prog.Paths.Data});
-  RandomPool pool(program);
-  pool.InitPool({0x1234, 0x5678});
-  EXPECT_EQ(source.Drawn, 64);
-  EXPECT_NE(source.LastSeed, 0U);
-  EXPECT_EQ(desk.Store.Get(kSeedm), Repeated("0020406080A0C0E0", 8));
-  EXPECT_EQ(pool.HexText(), Repeated("0020406080A0C0E0", 7) + "00204060" + "80A07834");
+TEST(InitPool, AFirstStartFillsThePoolFromTheSystemsSourceAndStoresItAtOnce) {
+  SourceDesk desk;
+  desk.Pool.InitPool({0x1234, 0x5678});
+  std::string counted;  // 01 to 40
+  for (int byte = 1; byte <= 64; ++byte) {
+    counted += "0123456789ABCDEF"[byte / 16];
+    counted += "0123456789ABCDEF"[byte % 16];
+  }
+  EXPECT_EQ(desk.Store.Get(kSeedm), counted);
+  EXPECT_EQ(desk.Pool.HexText(), counted.substr(0, 124) + "7834");
   EXPECT_FALSE(desk.Store.Has(kSeedmCounter));
+  EXPECT_TRUE(desk.Ui.Boxes.empty());
 }
 
-TEST(InitPool, TheSourceIsSeededFromTheClock) {
-  TestDesk desk;
-  Eighths source;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker},
-                  {desk.Folder.Path(), desk.Prog.Paths.Data});
-  RandomPool pool(program);
-  pool.InitPool({});
-  const std::uint64_t first = source.LastSeed;
+TEST(InitPool, ASystemsSourceThatFailsIsToldAndLeavesNoZeros) {
+  SourceDesk desk;
+  desk.Source.Failure = Entropy::Answer{false, RuntimeError::OfNumber(ENOSYS)};
+  desk.Pool.InitPool({0x1234, 0x5678});
+  EXPECT_THAT(desk.Ui.Boxes, ::testing::ElementsAre(test::FakeUi::Box{
+                                 "      Error: 38 in the system's random source      \r\n"
+                                 "      Function not implemented     \r\n"
+                                 "      The random pool begins with the clock alone      ",
+                                 48, "Random Pool Error"}));
+  EXPECT_EQ(desk.Source.Drawn, 64);
+  EXPECT_NE(desk.Source.LastSeed, 0U);
+  EXPECT_EQ(desk.Store.Get(kSeedm), Repeated("0020406080A0C0E0", 8));
+}
+
+TEST(InitPool, ThePseudoRandomSourceIsSeededFromTheClock) {
+  SourceDesk desk;
+  desk.Pool.InitPool({});
+  const std::uint64_t first = desk.Source.LastSeed;
   desk.Clock.Spend(std::chrono::milliseconds(1));
-  pool.InitPool({});
-  EXPECT_NE(source.LastSeed, first);
+  desk.Pool.InitPool({});
+  EXPECT_NE(desk.Source.LastSeed, first);
 }
 
 TEST(InitPool, TheStoredTextIsReadOneDigitLate) {

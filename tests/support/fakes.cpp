@@ -49,7 +49,7 @@ Entropy::Answer FakeEntropy::SystemRandom(std::span<std::uint8_t> bytes) {
   if (AllZero) {
     std::fill(bytes.begin(), bytes.end(), std::uint8_t{0});
   } else {
-    std::iota(bytes.begin(), bytes.end(), std::uint8_t{1});
+    std::iota(bytes.begin(), bytes.end(), First);
   }
   return {true, std::nullopt};
 }

@@ -1,6 +1,8 @@
 #include "platform/console/console_ui.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <utility>
 
@@ -87,6 +89,22 @@ int ConsoleUi::Ask(int buttons) {
     if (!line) return Cautious(buttons);
     if (const int answer = AnswerOf(*line, buttons); answer != 0) return answer;
   }
+}
+
+void ConsoleUi::Waiting(const std::string& what) {
+  if (!what.empty()) terminal_.Error(Printable(what) + "\n");
+}
+
+Point ConsoleUi::Mouse() const {
+  std::array<std::uint8_t, 4> bytes{};
+  if (random_.SystemRandom(bytes).Ok) {
+    return {bytes[0] * 256 + bytes[1], bytes[2] * 256 + bytes[3]};
+  }
+  if (!failureTold_) {
+    terminal_.Error("The system's random source failed: the random pool gets nothing new.\n");
+  }
+  failureTold_ = true;
+  return {};
 }
 
 }  // namespace morvane

@@ -10,11 +10,12 @@ constexpr const char* kPadded = "      First line      \r\n\r\n      Second line
 constexpr const char* kStripped = "Caption: First line\n\nSecond line.\n";
 
 struct ConsoleDesk {
-  explicit ConsoleDesk(bool yes = false, bool person = false) : Ui(Screen, yes) {
+  explicit ConsoleDesk(bool yes = false, bool person = false) : Ui(Screen, Random, yes) {
     Screen.Person = person;
   }
   int Ask(int flags) { return Ui.MessageBox(kPadded, flags, "Caption"); }
   FakeTerminal Screen;
+  test::FakeEntropy Random;
   ConsoleUi Ui;
 };
 
@@ -145,6 +146,33 @@ TEST(ConsoleUi, OneFileDialogIsAnsweredAndEveryOtherCancelled) {
   desk.Ui.AnswerNextFile("/set.pbn");
   EXPECT_EQ(desk.Ui.AskFile({}), "/set.pbn");
   EXPECT_EQ(desk.Ui.AskFile({}), std::nullopt);
+}
+
+TEST(ConsoleUi, WhereTheMouseWouldBeTheSystemsRandomSourceSays) {
+  ConsoleDesk desk;  // whose source gives 1, 2, 3, 4
+  const Point at = desk.Ui.Mouse();
+  EXPECT_EQ(at.X, 0x0102);
+  EXPECT_EQ(at.Y, 0x0304);
+  EXPECT_EQ(desk.Screen.Errors, "");
+}
+
+TEST(ConsoleUi, ARandomSourceThatFailsIsToldOnce) {
+  ConsoleDesk desk;
+  desk.Random.Failure = Entropy::Answer{false, std::nullopt};
+  for (int n = 0; n < 3; ++n) {
+    const Point at = desk.Ui.Mouse();
+    EXPECT_EQ(at.X, 0);
+    EXPECT_EQ(at.Y, 0);
+  }
+  EXPECT_EQ(desk.Screen.Errors,
+            "The system's random source failed: the random pool gets nothing new.\n");
+}
+
+TEST(ConsoleUi, SaysWhatItWaitsFor) {
+  ConsoleDesk desk;
+  desk.Ui.Waiting("Waiting for another program: settings");
+  desk.Ui.Waiting("");
+  EXPECT_EQ(desk.Screen.Errors, "Waiting for another program: settings\n");
 }
 
 }  // namespace
