@@ -36,13 +36,13 @@ bool AllowsEventTexts(Program& program, const Format& format) {
          AcceptsLoss(program, format, program.Texts.Msg001);
 }
 
-bool AllowsNumbers(Program& program, const Format& format) {
-  return format.BoardNumbers != Format::Numbers::kNone || program.Set.FirstBoard == 1 ||
+bool AllowsNumbers(Program& program, const BoardSet& set, const Format& format) {
+  return format.BoardNumbers != Format::Numbers::kNone || set.FirstBoard == 1 ||
          !program.Store.IsOn(kSaveNumbers) || AcceptsLoss(program, format, program.Texts.Msg006);
 }
 
-bool AllowsCharacters(Program& program, const Format& format) {
-  if (!format.LimitsEventTexts || !HasPbnForbiddenChars(program.Set)) return true;
+bool AllowsCharacters(Program& program, const BoardSet& set, const Format& format) {
+  if (!format.LimitsEventTexts || !HasPbnForbiddenChars(set)) return true;
   program.ShowMessage(program.Texts.Msg033, kOkCritical, "Save Error");
   return false;
 }
@@ -68,10 +68,11 @@ bool HasPbnForbiddenChars(const BoardSet& set) {
   return has(set.EventName) || has(set.EventSite) || has(set.EventDate);
 }
 
-bool MaySave(Program& program, const Format& format, const std::string& incompleteBoards) {
+bool MaySave(Program& program, const BoardSet& set, const Format& format,
+             const std::string& incompleteBoards) {
   return AllowsIncompleteBoards(program, format, incompleteBoards) &&
-         AllowsEventTexts(program, format) && AllowsNumbers(program, format) &&
-         AllowsCharacters(program, format);
+         AllowsEventTexts(program, format) && AllowsNumbers(program, set, format) &&
+         AllowsCharacters(program, set, format);
 }
 
 }  // namespace morvane::files

@@ -14,10 +14,10 @@ namespace morvane::files {
 /// Whether an event text of the set holds a character that PBN can't carry.
 [[nodiscard]] bool HasPbnForbiddenChars(const BoardSet& set);
 
-/// Holds the set, whose `IncompleteBoardList` is `incompleteBoards`, against what `format` can
-/// carry, and asks the operator about each loss in turn,
-/// as the settings want it. False: the set is not to be saved; nothing was written.
-[[nodiscard]] bool MaySave(Program& program, const Format& format,
+/// Holds `set`, whose `IncompleteBoardList` is `incompleteBoards`, against what `format` can carry,
+/// and asks the operator about each loss in turn, as the settings want it. False: the set is not to
+/// be saved; nothing was written.
+[[nodiscard]] bool MaySave(Program& program, const BoardSet& set, const Format& format,
                            const std::string& incompleteBoards);
 
 }  // namespace morvane::files

@@ -36,7 +36,7 @@ bool ReadThrough(Program& program, const std::string& path, const Parse& parse) 
 
 bool WriteThrough(Program& program, const Format& format, const std::string& path,
                   const std::string& incompleteBoards, const Compose& compose) {
-  if (!MaySave(program, format, incompleteBoards)) return false;
+  if (!MaySave(program, program.Set, format, incompleteBoards)) return false;
   std::optional<RuntimeError> error;
   {
     const Hourglass hourglass(program.Operator);

@@ -1,10 +1,12 @@
 #include "files/save_set.h"
 
 #include "files/capability_checks.h"
+#include "files/failure_reports.h"
 #include "files/format_table.h"
 #include "files/last_used.h"
 #include "history/history.h"
 #include "platform/files.h"
+#include "platform/write_check.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -25,6 +27,16 @@ std::string SaveTime(const Clock& clock) {
   constexpr std::size_t kHalfOfDay = 3;  // " AM", " PM"
   std::string time = TimeText(clock);
   return time.insert(time.size() - kHalfOfDay, 1, ':');
+}
+
+/// The format of the file; null when there is none to save in, which the operator has been told.
+const Format* SaveFormat(Program& program, const std::string& path) {
+  const std::string extension = ExtensionOf(FileTitle(path));
+  const Format* const format = FindFormat(extension);
+  if (format != nullptr && format->Write != nullptr) return format;
+  program.Status("Save operation aborted");
+  program.ShowMessage(Fill(program.Texts.Msg010, "***", extension), kOkCritical, "Save Error");
+  return nullptr;
 }
 
 void TakeSavedSet(Program& program, history::History& history, const std::string& path) {
@@ -56,13 +68,8 @@ bool SaveBoardSet(Program& program, history::History& history) {
 
 bool SaveFile(Program& program, history::History& history, const std::string& path) {
   program.Log.WriteLine("  Save: " + path);
-  const std::string extension = ExtensionOf(FileTitle(path));
-  const Format* const format = FindFormat(extension);
-  if (format == nullptr || format->Write == nullptr) {
-    program.Status("Save operation aborted");
-    program.ShowMessage(Fill(program.Texts.Msg010, "***", extension), kOkCritical, "Save Error");
-    return false;
-  }
+  const Format* const format = SaveFormat(program, path);
+  if (format == nullptr) return false;
   if (!format->Write(program, *format, path, IncompleteBoardList(program.Set))) {
     program.Status("Save operation aborted");
     program.Status("Ready");
@@ -70,6 +77,16 @@ bool SaveFile(Program& program, history::History& history, const std::string& pa
   }
   TakeSavedSet(program, history, path);
   return true;
+}
+
+bool MaySaveFile(Program& program, const BoardSet& set, const std::string& path) {
+  const Format* const format = SaveFormat(program, path);
+  if (format == nullptr) return false;
+  if (const auto error = CheckWritable(path)) {
+    ReportSaveFailure(program, *error);
+    return false;
+  }
+  return MaySave(program, set, *format, IncompleteBoardList(set));
 }
 
 }  // namespace morvane::files

@@ -4,7 +4,8 @@
 
 namespace morvane {
 class Program;
-}
+struct BoardSet;
+}  // namespace morvane
 namespace morvane::history {
 class History;
 }
@@ -18,5 +19,10 @@ bool SaveBoardSet(Program& program, history::History& history);
 /// Saves the set, which must exist, to `path` and adds it to the history. False: the file is as it
 /// was, the operator has been told or has answered so.
 bool SaveFile(Program& program, history::History& history, const std::string& path);
+
+/// What `SaveFile` asks before it writes, asked of a set that is still to be made: whether there is
+/// such a format, whether it can hold `set`, and whether the file can be written. False: the
+/// operator has been told or has answered so.
+[[nodiscard]] bool MaySaveFile(Program& program, const BoardSet& set, const std::string& path);
 
 }  // namespace morvane::files

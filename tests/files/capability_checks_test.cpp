@@ -11,7 +11,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 bool Asks(TestDesk& desk, const char* extension, const std::string& incomplete = "") {
-  return MaySave(desk.Prog, *FindFormat(extension), incomplete);
+  return MaySave(desk.Prog, desk.Prog.Set, *FindFormat(extension), incomplete);
 }
 
 /// Boards 1..`last`, of which those in `incomplete` have lost a card.

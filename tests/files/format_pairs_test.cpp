@@ -112,7 +112,7 @@ class FormatPairs : public ::testing::TestWithParam<FormatCase> {
   std::optional<std::string> Save(const FormatCase& format) {
     Desk.Ui.Boxes.clear();
     const Format& own = Own(format);
-    const bool may = MaySave(Desk.Prog, own, IncompleteBoardList(Desk.Prog.Set));
+    const bool may = MaySave(Desk.Prog, Desk.Prog.Set, own, IncompleteBoardList(Desk.Prog.Set));
     EXPECT_EQ(may, format.Incomplete || IsComplete(Desk.Prog.Set));
     EXPECT_THAT(Desk.Ui.Boxes, SizeIs(may ? 0 : 1));
     if (!may) return std::nullopt;
