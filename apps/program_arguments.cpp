@@ -6,6 +6,7 @@
 #include <array>
 
 #include "bridges/machine_choice.h"
+#include "shell/version.h"
 
 namespace morvane {
 
@@ -19,16 +20,21 @@ bool AreText(int argc, char** argv) {
 }
 
 bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
-                          const std::string& usage, ProgramArguments& result) {
+                          const ProgramTexts& texts, ProgramArguments& result) {
   constexpr std::array kNames{"data", "settings", "machine"};
   for (const char* name : kNames) parser.addOption(QCommandLineOption(name, "", "value"));
-  parser.addOption(QCommandLineOption("help"));
+  parser.addOption(QCommandLineOption(QStringList{"h", "help"}));
+  parser.addOption(QCommandLineOption("version"));
   if (!parser.parse(arguments)) {
     result.Error = parser.errorText().toStdString();
     return false;
   }
   if (parser.isSet("help")) {
-    result.Help = usage;
+    result.Help = texts.Usage;
+    return false;
+  }
+  if (parser.isSet("version")) {
+    result.Help = texts.Name + " " + std::string(shell::kVersion) + "\n";
     return false;
   }
   for (const char* name : kNames) {

@@ -12,7 +12,7 @@ struct ProgramArguments {
   std::string Data;      ///< empty: the user's own data folder
   std::string Settings;  ///< empty: the user's own store
   std::string Machine;
-  std::string Help;   ///< not empty: to be shown, and nothing else is asked for
+  std::string Help;   ///< not empty: to be shown (usage or version), and nothing else is asked for
   std::string Error;  ///< not empty: wrong usage, and why
 };
 
@@ -20,9 +20,15 @@ struct ProgramArguments {
 /// opened or saved under.
 [[nodiscard]] bool AreText(int argc, char** argv);
 
+/// What a program says of itself.
+struct ProgramTexts {
+  std::string Name;
+  std::string Usage;
+};
+
 /// Parses `arguments` with `parser`, which has the program's own options, and takes those that
 /// every program has. False: there is nothing more to take, `result` has help or an error.
 [[nodiscard]] bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& arguments,
-                                        const std::string& usage, ProgramArguments& result);
+                                        const ProgramTexts& texts, ProgramArguments& result);
 
 }  // namespace morvane

@@ -16,7 +16,8 @@ std::string Usage() {
          simulator::OptionsUsage(19) +
          " or serial:PATH\n"
          "  --data DIR       the folder of logs and history\n"
-         "  --settings FILE  the settings store\n";
+         "  --settings FILE  the settings store\n"
+         "  --version        say which version this is\n";
 }
 
 /// The path in front, absolute and in double quotes, where start-up looks for it; then the rest, in
@@ -36,8 +37,13 @@ std::string CommandLineOf(const QStringList& arguments, const QStringList& paths
 Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
-  if (!TakeProgramArguments(parser, arguments, Usage(), result)) return result;
+  if (!TakeProgramArguments(parser, arguments, {"morvane", Usage()}, result)) return result;
   const QStringList paths = parser.positionalArguments();
+  // No board file: those have an extension.
+  if (paths == QStringList{"help"}) {
+    result.Help = Usage();
+    return result;
+  }
   if (paths.size() > 1) {
     result.Error = "more than one file";
     return result;

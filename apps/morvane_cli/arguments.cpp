@@ -14,7 +14,7 @@ QString Text(std::string_view text) {
 
 /// The options of all commands: which one has which is seen when the command is known.
 void AddOptions(QCommandLineParser& parser) {
-  parser.addOption(QCommandLineOption("yes"));
+  for (const char* name : {"yes", "overwrite"}) parser.addOption(QCommandLineOption(name));
   QStringList added;
   for (const cli::Command* command : cli::Commands()) {
     for (const cli::Option& option : command->Options) {
@@ -37,14 +37,26 @@ cli::CommandWords WordsOf(const QCommandLineParser& parser, const QStringList& a
   return given;
 }
 
+/// Help that is asked for beside a command is about that one.
+void TellOfCommand(const QCommandLineParser& parser, Arguments& result) {
+  const QStringList words = parser.positionalArguments();
+  const cli::Command* const command =
+      words.isEmpty() ? nullptr : cli::FindCommand(words.front().toStdString());
+  if (command != nullptr) result.Help = cli::CommandHelp(*command);
+}
+
 }  // namespace
 
 Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
   AddOptions(parser);
-  if (!TakeProgramArguments(parser, arguments, cli::UsagePage(), result)) return result;
+  if (!TakeProgramArguments(parser, arguments, {"morvane-cli", cli::UsagePage()}, result)) {
+    if (!result.Help.empty() && parser.isSet("help")) TellOfCommand(parser, result);
+    return result;
+  }
   result.Yes = parser.isSet("yes");
+  result.Overwrite = parser.isSet("overwrite");
   result.Given = WordsOf(parser, arguments);
   result.Request = cli::TakeRequest(result.Given);
   result.Error = result.Request.Error;

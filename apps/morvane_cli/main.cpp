@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
     return morvane::cli::kWrongUsage;
   }
   morvane::StandardTerminal terminal;
-  morvane::ConsoleUi operatorAtTerminal(terminal, parts.Random, arguments.Yes);
+  morvane::ConsoleUi operatorAtTerminal(terminal, parts.Random, arguments.Yes,
+                                        arguments.Overwrite);
   NoSound silence;
   morvane::Program program(
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
@@ -51,5 +52,6 @@ int main(int argc, char** argv) {
   std::cout.flush();
   if (std::cout) return status;
   std::cerr << "morvane-cli: standard output cannot be written\n";
-  return status == morvane::cli::kDone ? morvane::cli::kFailed : status;
+  const bool done = status == morvane::cli::kDone || status == morvane::cli::kPartly;
+  return done ? morvane::cli::kFailed : status;
 }

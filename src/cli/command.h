@@ -11,7 +11,12 @@ struct Job;
 class OptionReader;
 
 /// Exit statuses of the command line.
-enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus : int {
+  kDone = 0,
+  kFailed = 1,  ///< or refused
+  kWrongUsage = 2,
+  kPartly = 3,  ///< done, but not wholly
+};
 
 /// A word behind the command's name that is no option.
 struct Operand {
@@ -23,6 +28,7 @@ struct Operand {
   std::string_view Word;   ///< that stands for it, "IN"
   std::string_view Means;  ///< in a few words
   Kind Is = Kind::kFile;
+  bool Several = false;  ///< more than one may be given
 };
 
 struct Option {

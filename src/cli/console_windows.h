@@ -18,7 +18,10 @@ class ConsoleWindows final : public shell::FlowWindows {
 
   /// What the dialog of board numbers is answered with; without it, or with nothing, the numbers
   /// offered are taken.
-  void AnswerFirstBoard(std::optional<std::string> first) { firstBoard_ = std::move(first); }
+  void AnswerFirstBoard(std::optional<std::string> first) {
+    firstBoard_ = std::move(first);
+    numbersAsked_ = false;
+  }
   [[nodiscard]] bool NumbersAsked() const { return numbersAsked_; }
 
   /// How a run goes from now on, and what can be seen of its machine.

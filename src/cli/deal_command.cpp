@@ -71,6 +71,7 @@ constexpr std::array kOptions{
     Option{"to", "N", "the last board to deal"},
     Option{"copies", "N", "how often each board is dealt, 99 times at most"},
     Option{"auto", "", "start each board at once, without its pedal or board slot"},
+    kImportOption,
 };
 
 }  // namespace
@@ -81,7 +82,8 @@ DealOptions ReadDealOptions(OptionReader& given) {
                       .To = given.Number("to"),
                       .Copies = given.Number("copies"),
                       .Auto = given.Has("auto"),
-                      .Yes = given.Has("yes")};
+                      .Yes = given.Has("yes"),
+                      .Import = given.Has("import")};
   constexpr int kMost = machine::BoardWalk::kMostCopies;
   if (options.Copies && *options.Copies > kMost) {
     given.Refuse("--copies: " + std::to_string(kMost) + " at most");
@@ -109,7 +111,7 @@ Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
 
 ExitStatus Deal(Job& job, const DealOptions& options) {
   Workplace& place = job.Place;
-  if (!Load(job, options.In) || !MayDeal(place, options)) return kFailed;
+  if (!Load(job, options.In, options.Import) || !MayDeal(place, options)) return kFailed;
   job.Windows.DealBy(options, EyesOn(place.Simulated));
   place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
   job.Shell.MenuDeal();

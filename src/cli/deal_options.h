@@ -13,6 +13,7 @@ struct DealOptions {
   std::optional<int> Copies;
   bool Auto = false;
   bool Yes = false;
+  bool Import = false;
 };
 
 }  // namespace morvane::cli

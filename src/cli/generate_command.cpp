@@ -1,10 +1,13 @@
 #include "cli/generate_command.h"
 
+#include <algorithm>
 #include <array>
+#include <memory>
 
 #include "audit/fingerprint.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
+#include "model/tables.h"
 #include "text/text.h"
 
 namespace morvane::cli {
@@ -48,10 +51,24 @@ generate::GenerateRequest WhatToMake(const Settings& store, const GenerateOption
   return make;
 }
 
+/// The set that comes of it, as far as a save asks for it. A range that cannot be is told later.
+std::unique_ptr<BoardSet> ComingSet(const generate::GenerateRequest& make) {
+  auto set = std::make_unique<BoardSet>();
+  set->Clear();
+  const auto number = [](const std::string& text) {
+    return static_cast<std::int16_t>(std::clamp(Val(text), 1, kMaxBoards));
+  };
+  set->FirstBoard = number(make.First);
+  set->LastBoard = number(make.Last);
+  if (!make.Random) return set;
+  for (int n = set->FirstBoard; n <= set->LastBoard; ++n) set->At(n).Status = Board::kComplete;
+  return set;
+}
+
 /// With seeds given, the set can be made again; otherwise they are fresh.
-std::optional<generate::GenerateResult> Run(Job& job, const GenerateOptions& options) {
+std::optional<generate::GenerateResult> Run(Job& job, const GenerateOptions& options,
+                                            const generate::GenerateRequest& make) {
   Program& program = job.Place.Prog;
-  const generate::GenerateRequest make = WhatToMake(program.Store, options);
   generate::Generator& generator = job.Shell.Deals();
   Progress progress(job.Place.Screen);
   if (options.Lfsr || options.Seedr) {
@@ -83,6 +100,12 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
     text += "  most alike: " + pair;
   }
   return text + "\n";
+}
+
+/// Without its lines in the log nobody could prove the set later.
+std::string FingerprintLine(const Program& program) {
+  if (!program.Log.On()) return "This set is not on record: do not publish its SHA-256.\n";
+  return "SHA-256: " + audit::SetFingerprint(program.Set) + "\n";
 }
 
 void CheckTogether(const GenerateOptions& options, OptionReader& given) {
@@ -131,17 +154,19 @@ GenerateOptions ReadGenerateOptions(OptionReader& given) {
 
 ExitStatus Generate(Job& job, const GenerateOptions& options) {
   Terminal& screen = job.Place.Screen;
-  const BoardSet& set = job.Place.Prog.Set;
-  generate::OpenGenerate(job.Place.Prog, job.Shell.Deals());
-  const auto result = Run(job, options);
+  Program& program = job.Place.Prog;
+  const generate::GenerateRequest make = WhatToMake(program.Store, options);
+  if (!MaySave(job, *ComingSet(make), options.Out)) return kFailed;
+  generate::OpenGenerate(program, job.Shell.Deals());
+  const auto result = Run(job, options, make);
   if (!result) {
     screen.Error("The seeds are not hexadecimal numbers of the length asked for.\n");
     return kWrongUsage;
   }
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
   if (!Save(job, options.Out)) return kFailed;
-  screen.Out(Summary(set, *result));
-  if (!options.Empty) screen.Out("SHA-256: " + audit::SetFingerprint(set) + "\n");
+  screen.Out(Summary(program.Set, *result));
+  if (!options.Empty) screen.Out(FingerprintLine(program));
   return kDone;
 }
 

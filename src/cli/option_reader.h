@@ -20,6 +20,8 @@ class OptionReader {
   OptionReader(std::span<const std::string> operands, std::span<const GivenOption> options)
       : operands_(operands), options_(options) {}
 
+  /// How many operands there are.
+  [[nodiscard]] std::size_t Words() const { return operands_.size(); }
   /// The operand that stands there, counted from 0; empty when it was left out.
   [[nodiscard]] std::optional<std::string> Word(std::size_t at) const;
   /// The path that stands there, absolute.

@@ -22,7 +22,8 @@ constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},
     Option{"settings", "FILE", "the settings store"},
     Option{"machine", "M", "the way to the machine; --help has its forms"},
-    Option{"yes", "", "answer Yes to every question"},
+    Option{"yes", "", "answer Yes to every question, but replace no file"},
+    Option{"overwrite", "", "replace a file without asking"},
 };
 
 }  // namespace

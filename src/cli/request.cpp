@@ -21,15 +21,15 @@ std::string CheckOperands(const Command& command, std::span<const std::string> o
   const auto needed =
       std::count_if(command.Operands.begin(), command.Operands.end(),
                     [](const Operand& operand) { return operand.Is == Operand::Kind::kFile; });
+  const bool several = std::any_of(command.Operands.begin(), command.Operands.end(),
+                                   [](const Operand& operand) { return operand.Several; });
   if (operands.size() < static_cast<std::size_t>(needed) ||
-      operands.size() > command.Operands.size()) {
+      (!several && operands.size() > command.Operands.size())) {
     return name + ": wrong number of " + (TakesFiles(command) ? "files" : "commands");
   }
-  for (std::size_t i = 0; i < operands.size(); ++i) {
-    if (operands[i].empty() && command.Operands[i].Is == Operand::Kind::kFile)
-      return name + ": a file without a name";
-  }
-  return "";
+  const bool nameless = std::any_of(operands.begin(), operands.end(),
+                                    [](const std::string& word) { return word.empty(); });
+  return nameless && TakesFiles(command) ? name + ": a file without a name" : "";
 }
 
 /// What is wrong with the words before any value is looked at.

@@ -8,16 +8,16 @@ namespace morvane::cli {
 namespace {
 
 constexpr std::array kOperands{Operand{"IN", "the set to show"}};
-constexpr std::array kOptions{Option{"board", "N", "this board only"}};
+constexpr std::array kOptions{Option{"board", "N", "this board only"}, kImportOption};
 
 }  // namespace
 
 ShowOptions ReadShowOptions(OptionReader& given) {
-  return {.In = given.Path(0), .Board = given.Number("board")};
+  return {.In = given.Path(0), .Board = given.Number("board"), .Import = given.Has("import")};
 }
 
 ExitStatus Show(Job& job, const ShowOptions& options) {
-  if (!Load(job, options.In)) return kFailed;
+  if (!Load(job, options.In, options.Import)) return kFailed;
   const BoardSet& set = job.Place.Prog.Set;
   if (options.Board && !IsInSet(job.Place, *options.Board)) return kFailed;
   const int first = options.Board.value_or(set.FirstBoard);

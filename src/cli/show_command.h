@@ -11,6 +11,7 @@ namespace morvane::cli {
 struct ShowOptions {
   std::string In;
   std::optional<int> Board;  ///< otherwise all
+  bool Import = false;
 };
 
 [[nodiscard]] ShowOptions ReadShowOptions(OptionReader& given);

@@ -63,7 +63,7 @@ std::vector<std::string> Bracketed(std::span<const Option> options) {
 }
 
 std::string TextOf(const Operand& operand) {
-  const std::string word(operand.Word);
+  const std::string word = std::string(operand.Word) + (operand.Several ? "..." : "");
   return operand.Is == Operand::Kind::kFile ? word : "[" + word + "]";
 }
 
@@ -110,9 +110,10 @@ std::vector<Row> RowsOf(const Command& command) {
 }  // namespace
 
 std::string UsagePage() {
-  std::string text = "Usage: morvane-cli";
-  for (const std::string& piece : Bracketed(CommonOptions())) text += " " + piece;
-  text += " COMMAND ...\n\n";
+  const std::string start = "Usage: morvane-cli";
+  std::vector<std::string> pieces = Bracketed(CommonOptions());
+  pieces.insert(pieces.end(), {"COMMAND", "..."});
+  std::string text = Wrapped(start, start.size() + 1, pieces) + "\n";
   for (const Command* command : Commands()) text += UsageLines("  ", *command);
   text += "\nMachines:  " + simulator::OptionsUsage(11) +
           ", serial:PATH\n"
@@ -120,7 +121,12 @@ std::string UsagePage() {
   for (const Command* command : Commands()) {
     if (!command->Note.empty()) text += "\n" + Paragraph(command->Note);
   }
-  return text + "\n'morvane-cli help COMMAND' says what the options of a command mean.\n";
+  return text +
+         "\nThe exit status is 0 when it is done, 1 when it was refused or failed, 2 for wrong\n"
+         "usage, and 3 when it is done, but not wholly: the log or the history was not\n"
+         "written, or an import passed boards over.\n"
+         "\n'morvane-cli help COMMAND' says what the options of a command mean, and\n"
+         "'morvane-cli --version' which version this is.\n";
 }
 
 std::string CommandHelp(const Command& command) {

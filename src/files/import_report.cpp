@@ -28,6 +28,7 @@ void AddRemarks(std::string& text, const std::string& caption, const Remarks& re
 
 std::string Headline(const ImportReport& report) {
   if (report.Taken > 0) return "Boards imported: " + std::to_string(report.Taken);
+  if (!report.IsPbn) return "This is no PBN file";
   return report.Games > 0 ? "No board of this file can be imported" : "This file holds no board";
 }
 

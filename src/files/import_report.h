@@ -23,6 +23,7 @@ struct Remarks {
 /// What an import has made of a file. Every game with a board number or a deal is counted once: as
 /// taken, as repeated or as passed over.
 struct ImportReport {
+  bool IsPbn = true;  ///< it has a tag that says something of a set, or calls itself PBN
   int Games = 0;
   int Taken = 0;  ///< boards of the set; their other games are `Repeated`
   int Repeated = 0;

@@ -23,28 +23,34 @@ FileRequest ImportRequest(const Program& program) {
   return request;
 }
 
-bool Abort(Program& program, const std::string& text) {
+std::nullopt_t Abort(Program& program, const std::string& text) {
   program.Status("Import operation aborted");
   program.ShowMessage(text, kOkCritical, kTitle);
   program.Status("Ready");
   program.Operator.RefreshSet();
-  return false;
+  return std::nullopt;
 }
 
 }  // namespace
 
-bool ImportBoardSet(Program& program, history::History& history) {
+std::optional<ImportReport> ImportBoardSet(Program& program, history::History& history) {
+  std::optional<ImportReport> report;
   SetSource files;
   files.Doing = "Importing";
   files.LogWord = " File-Import: ";
   files.QuestionTitle = kTitle;
   files.ErrorTitle = kTitle;
   files.Request = ImportRequest;
-  files.Take = [&](const std::string& path) { return ImportFile(program, history, path); };
-  return ReplaceSet(program, history, files, {});
+  files.Take = [&](const std::string& path) {
+    report = ImportFile(program, history, path);
+    return report.has_value();
+  };
+  ReplaceSet(program, history, files, {});
+  return report;
 }
 
-bool ImportFile(Program& program, history::History& history, const std::string& path) {
+std::optional<ImportReport> ImportFile(Program& program, history::History& history,
+                                       const std::string& path) {
   program.Log.WriteLine("  Import: " + path);
   auto imported = std::make_unique<BoardSet>();
   imported->Clear();
@@ -61,7 +67,7 @@ bool ImportFile(Program& program, history::History& history, const std::string& 
   program.Set.BoardSetChanged = "0";
   program.ShowMessage(ReportText(report),
                       report.PassedOver.Count > 0 ? kOkExclamation : kOkInformation, kTitle);
-  return true;
+  return report;
 }
 
 }  // namespace morvane::files

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
+
+#include "files/import_report.h"
 
 namespace morvane {
 class Program;
@@ -12,11 +15,12 @@ class History;
 namespace morvane::files {
 
 /// The Import command: the flow of Load with a reader that takes PBN of any program. It ends with a
-/// report. Whether a set was imported.
-bool ImportBoardSet(Program& program, history::History& history);
+/// report, which is given back too; nothing when no set was imported.
+std::optional<ImportReport> ImportBoardSet(Program& program, history::History& history);
 
 /// Imports `path` in place of the current set. Without a board to take the current set stays.
-/// Whether a set was imported; the operator has been told in either case.
-bool ImportFile(Program& program, history::History& history, const std::string& path);
+/// The report of what was imported; the operator has been told in either case.
+std::optional<ImportReport> ImportFile(Program& program, history::History& history,
+                                       const std::string& path);
 
 }  // namespace morvane::files

@@ -156,8 +156,12 @@ class Import {
 };
 
 ImportReport Import::Run() {
+  report_.IsPbn = text_.starts_with("% PBN");
   PbnGames games(text_);
-  while (const PbnGame* const game = games.Next()) TakeGame(*game);
+  while (const PbnGame* const game = games.Next()) {
+    report_.IsPbn = true;
+    TakeGame(*game);
+  }
   Finish();
   return std::move(report_);
 }

@@ -55,8 +55,9 @@ inline simulator::Options WithFault(simulator::CardFault fault) {
 /// Everything that `main` makes for a command, on virtual time, with a folder of its own. The
 /// simulated machine is as fast as it is asked unless told otherwise.
 struct CliDesk {
-  explicit CliDesk(bool yes = false, const simulator::Options& options = AtSpeed(0))
-      : Operator(Screen, Random, yes),
+  explicit CliDesk(bool yes = false, const simulator::Options& options = AtSpeed(0),
+                   bool overwrite = false)
+      : Operator(Screen, Random, yes, overwrite),
         Prog({Operator, Loop, Clock, Store, Random, Speaker},
              {Folder.Path(), Folder / "Morvane_Data"}),
         Machine(options, Clock) {}

@@ -15,13 +15,14 @@ using ::testing::StartsWith;
 const std::vector<std::string> kFormats{"bri", "dge", "dup", "all", "bre", "csv", "pbn"};
 
 struct FormatDesk : CliDesk {
-  explicit FormatDesk(bool yes = false, int first = 1, int last = 3) : CliDesk(yes) {
+  explicit FormatDesk(bool yes = false, int first = 1, int last = 3, bool overwrite = false)
+      : CliDesk(yes, AtSpeed(0), overwrite) {
     test::WriteContent(Folder / "set.pbn", SuitDeals(first, last));
   }
   ExitStatus Convert(const std::string& in, const std::string& out,
                      std::optional<std::string> first = std::nullopt) {
     ConvertOptions request;
-    request.In = Folder / in;
+    request.In = {Folder / in};
     request.Out = Folder / out;
     request.First = std::move(first);
     Screen.Errors.clear();
@@ -44,12 +45,12 @@ struct FormatDesk : CliDesk {
   }
 };
 
-const std::string kRefused =
-    "Incorrect value entered: Incorrect value for First Board number\n"
+constexpr const char* kRefused =
+    ": Incorrect value for First Board number\n"
     "First Board numbers must be between 1 and 638\n\nPlease enter correct value.\n";
 
 TEST(ConvertFormats, EachIntoEachAndBackKeepsTheCards) {
-  FormatDesk desk(true);
+  FormatDesk desk(true, 1, 3, true);
   ASSERT_EQ(desk.Convert("set.pbn", "there.pbn"), kDone);
   const auto before = std::make_unique<BoardSet>(desk.Prog.Set);
   for (const std::string& from : kFormats) {
@@ -93,7 +94,9 @@ TEST(ConvertFirst, ANumberWithoutRoomIsToldOnceAndTheCommandFails) {
     desk.Make("set.bri");
     desk.Screen.Person = true;  // who is not asked again
     EXPECT_EQ(desk.Convert("set.bri", "out.pbn", first), kFailed);
-    EXPECT_EQ(desk.Screen.Errors, kRefused) << first;
+    EXPECT_EQ(desk.Screen.Errors,
+              "Incorrect value entered: " + (desk.Folder / "set.bri") + kRefused)
+        << first;
     EXPECT_FALSE(desk.Exists("out.pbn"));
     EXPECT_FALSE(desk.Prog.Set.Exists());
   }
@@ -111,7 +114,8 @@ TEST(ConvertFirst, WhereTheFilesOwnNumbersStandItFails) {
   desk.Make("set.dup");
   for (const char* name : {"set.pbn", "set.dup"}) {
     EXPECT_EQ(desk.Convert(name, "out.pbn", "33"), kFailed);
-    EXPECT_EQ(desk.Screen.Errors, "--first 33 was not asked for: the set has boards 17 to 19.\n");
+    EXPECT_EQ(desk.Screen.Errors,
+              "--first 33 was not asked for: " + (desk.Folder / name) + " has boards 17 to 19.\n");
     EXPECT_FALSE(desk.Exists("out.pbn"));
     EXPECT_EQ(desk.Convert(name, "out.dup"), kFailed) << "nobody accepts the loss of the events";
     EXPECT_EQ(desk.Range(), "17-19");
@@ -123,7 +127,8 @@ TEST(ConvertFirst, WhereTheDialogIsTurnedOffItFails) {
   desk.Make("set.bri");
   desk.Store.Set(kLoadAllocation, "0");
   EXPECT_EQ(desk.Convert("set.bri", "out.pbn", "33"), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "--first 33 was not asked for: the set has boards 1 to 3.\n");
+  EXPECT_EQ(desk.Screen.Errors,
+            "--first 33 was not asked for: " + (desk.Folder / "set.bri") + " has boards 1 to 3.\n");
   EXPECT_FALSE(desk.Exists("out.pbn"));
 }
 
@@ -138,22 +143,26 @@ TEST(ConvertFormats, ALoadThatFailsWithoutABoxSaysSo) {
   FormatDesk desk;
   test::WriteContent(desk.Folder / "blank.bre", "Evening\r\nHall\r\nToday\r\n\r\n");
   EXPECT_EQ(desk.Convert("blank.bre", "out.pbn"), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "Load operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Errors,
+            "Load Error: " + (desk.Folder / "blank.bre") + ": Load operation aborted!\n");
   EXPECT_FALSE(desk.Exists("out.pbn"));
 }
 
 TEST(ConvertFormats, WhatAFormatCannotHoldIsAskedAtTheTerminal) {
+  FormatDesk desk(false, 3, 4);
+  const std::string about = "Save Boards Set: " + (desk.Folder / "out.bri") + ": ";
   const std::string events =
-      "Save Boards Set: BRI format does not support Event Name, Event Site and Event Date "
+      about +
+      "BRI format does not support Event Name, Event Site and Event Date "
       "Information.\nThis information will not be saved.\nIf you need to save this information "
       "please use PBN or BRE formats.\n\nDo you want to save current Board Set in BRI format "
       "anyway?\n";
   const std::string numbers =
-      "Save Boards Set: First Board for the current Board Set is not board number 1.\nBRI format "
+      about +
+      "First Board for the current Board Set is not board number 1.\nBRI format "
       "does not support board numbers.\nIf you need to save board numbers please use PBN "
       "format.\n\nDo you want to save current Board Set in BRI format anyway?\n";
   const std::string prompt = "[y]es, [n]o? ";
-  FormatDesk desk(false, 3, 4);
   desk.Screen.Person = true;
   desk.Screen.Lines = {"y", "n"};
   EXPECT_EQ(desk.Convert("set.pbn", "out.bri"), kFailed);
@@ -188,7 +197,8 @@ TEST(ConvertFormats, WithYesAnIncompleteBoardIsAnErrorAllTheSame) {
     FormatDesk desk(true);
     test::WriteContent(desk.Folder / "set.pbn", SuitDeals(1, 1) + "[Board \"2\"]\r\n");
     EXPECT_EQ(desk.Convert("set.pbn", name), kFailed) << name;
-    EXPECT_THAT(desk.Screen.Errors, StartsWith("Save Error: Board number: 2 is incomplete.\n"));
+    EXPECT_THAT(desk.Screen.Errors, StartsWith("Save Error: " + (desk.Folder / name) +
+                                               ": Board number: 2 is incomplete.\n"));
     EXPECT_FALSE(desk.Exists(name));
   }
 }

@@ -14,7 +14,7 @@ struct FileDesk : CliDesk {
   ExitStatus Convert(bool import = false) {
     ConvertOptions request;
     request.Import = import;
-    request.In = In;
+    request.In = {In};
     request.Out = Out;
     return Run(request);
   }
@@ -58,19 +58,20 @@ TEST(ConvertCommand, AMissingFileFailsAndWritesNothing) {
   FileDesk desk;
   std::filesystem::remove(desk.In);
   EXPECT_EQ(desk.Convert(), kFailed);
-  EXPECT_EQ(desk.Screen.Errors,
-            "Load Error: Error: 2 during load operation - No such file or directory\n"
-            "Load operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Errors, "Load Error: " + desk.In +
+                                    ": Error: 2 during load operation - No such file or directory\n"
+                                    "Load operation aborted!\n");
   EXPECT_FALSE(std::filesystem::exists(desk.Out));
 }
 
 TEST(ConvertCommand, AnUnknownFormatFails) {
   FileDesk desk;
   ConvertOptions request;
-  request.In = desk.In;
+  request.In = {desk.In};
   request.Out = desk.Folder / "out.doc";
   EXPECT_EQ(desk.Run(request), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "Save Error: Unknow file format: DOC\nSave operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Errors,
+            "Save Error: " + request.Out + ": Unknow file format: DOC\nSave operation aborted!\n");
   EXPECT_FALSE(std::filesystem::exists(request.Out));
 }
 
@@ -79,9 +80,10 @@ TEST(ConvertCommand, AQuestionWithoutAnybodyToAnswerSavesNothing) {
   test::WriteContent(desk.In, "[Board \"1\"]\r\n");
   EXPECT_EQ(desk.Convert(), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
-            "Save Board Set: Board number: 1 is incomplete.\n"
-            "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n"
-            "There is nobody to ask; --yes would answer Yes.\n");
+            "Save Board Set: " + desk.Out +
+                ": Board number: 1 is incomplete.\n"
+                "Incomplete boards can be saved in PBN format.\n\nDo you want to proceed?\n"
+                "There is nobody to ask; --yes would answer Yes.\n");
   EXPECT_FALSE(std::filesystem::exists(desk.Out));
 }
 
@@ -105,19 +107,65 @@ TEST(ConvertCommand, ImportTakesWhatLoadRefusesAndReports) {
   EXPECT_EQ(desk.Convert(), kFailed);
   EXPECT_FALSE(std::filesystem::exists(desk.Out));
   desk.Screen.Errors.clear();
-  EXPECT_EQ(desk.Convert(true), kDone);
+  EXPECT_EQ(desk.Convert(true), kPartly);
   EXPECT_EQ(test::Content(desk.Out), kConverted);
   EXPECT_EQ(desk.Screen.Output, "");
-  EXPECT_EQ(desk.Screen.Errors,
-            "Import PBN: Boards imported: 2\n\nBoards passed over: 1\n"
-            "Line 6: board number \"0\" is not a number from 1 to 640\n");
+  EXPECT_EQ(desk.Screen.Errors, "Import PBN: " + desk.In +
+                                    ": Boards imported: 2\n\nBoards passed over: 1\n"
+                                    "Line 6: board number \"0\" is not a number from 1 to 640\n");
+}
+
+TEST(ConvertCommand, AnImportThatPassesNothingOverIsDone) {
+  FileDesk desk;
+  EXPECT_EQ(desk.Convert(true), kDone);
+  EXPECT_EQ(test::Content(desk.Out), kConverted);
+}
+
+TEST(ConvertCommand, ARefusedPbnFilePointsToTheImport) {
+  FileDesk desk;
+  test::WriteContent(desk.In, SuitDeals(3, 4) + "[Board \"0\"]\r\n");
+  EXPECT_EQ(desk.Convert(), kFailed);
+  EXPECT_THAT(desk.Screen.Errors, EndsWith("\n--import would take 2 boards of " + desk.In + "\n"));
+}
+
+TEST(ConvertCommand, APbnFileOfWhichTheImportTakesNothingDoesNotPointThere) {
+  FileDesk desk;
+  test::WriteContent(desk.In, "[Board \"0\"]\r\n");
+  EXPECT_EQ(desk.Convert(), kFailed);
+  EXPECT_THAT(desk.Screen.Errors, EndsWith("Load operation aborted!\n"));
+}
+
+TEST(ConvertCommand, AFileThatIsNoPbnIsCalledThat) {
+  for (const std::string content : {"Dear Sir,\r\n", "\x89PNG\r\n\x1A\n", ""}) {
+    FileDesk desk;
+    test::WriteContent(desk.In, content);
+    EXPECT_EQ(desk.Convert(), kFailed);
+    EXPECT_THAT(desk.Screen.Errors, EndsWith("aborted!\n" + desk.In + " is no PBN file.\n"));
+  }
+}
+
+TEST(ConvertCommand, AHistoryThatIsOffIsNeitherAskedNorWritten) {
+  FileDesk desk;
+  ConvertOptions request;
+  request.In = {desk.In};
+  request.Out = desk.Out;
+  request.History = false;
+  EXPECT_EQ(desk.Run(request), kDone);
+  EXPECT_FALSE(std::filesystem::exists(desk.Folder / "Morvane_Data/history1.dat"));
+  EXPECT_EQ(test::Content(desk.Out), kConverted);
+  std::filesystem::create_directories(desk.Folder / "Morvane_Data/history1.dat");
+  std::filesystem::remove(desk.Out);
+  EXPECT_EQ(desk.Run(request), kDone) << "nothing that was asked for is left out";
+  request.History = true;
+  std::filesystem::remove(desk.Out);
+  EXPECT_EQ(desk.Run(request), kPartly);
 }
 
 TEST(ConvertCommand, AnImportWithoutABoardFailsAndWritesNothing) {
   FileDesk desk;
   test::WriteContent(desk.In, "<html></html>");
   EXPECT_EQ(desk.Convert(true), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "Import PBN: This file holds no board\n");
+  EXPECT_EQ(desk.Screen.Errors, "Import PBN: " + desk.In + ": This is no PBN file\n");
   EXPECT_FALSE(std::filesystem::exists(desk.Out));
 }
 
@@ -125,7 +173,8 @@ TEST(ConvertCommand, AnImportOfAMissingFileFails) {
   FileDesk desk;
   std::filesystem::remove(desk.In);
   EXPECT_EQ(desk.Convert(true), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "Import PBN: The file cannot be read: No such file or directory\n");
+  EXPECT_EQ(desk.Screen.Errors,
+            "Import PBN: " + desk.In + ": The file cannot be read: No such file or directory\n");
 }
 
 TEST(ShowCommand, ShowsEveryBoardWithALineBetweenThem) {
@@ -140,6 +189,17 @@ TEST(ShowCommand, ShowsEveryBoardWithALineBetweenThem) {
   EXPECT_EQ(desk.Screen.Errors, "");
 }
 
+TEST(ShowCommand, MayImport) {
+  FileDesk desk;
+  test::WriteContent(desk.In, SuitDeals(4, 4) + "[Board \"0\"]\r\n");
+  ShowOptions request;
+  request.In = desk.In;
+  EXPECT_EQ(desk.Run(request), kFailed);
+  request.Import = true;
+  EXPECT_EQ(desk.Run(request), kPartly);
+  EXPECT_THAT(desk.Screen.Output, StartsWith("Board 4   Dealer: West   Vul: All\n"));
+}
+
 TEST(ShowCommand, ShowsTheBoardAskedFor) {
   FileDesk desk;
   EXPECT_EQ(desk.Show(4), kDone);
@@ -152,7 +212,7 @@ TEST(ShowCommand, ABoardOutsideTheSetFails) {
     FileDesk desk;
     EXPECT_EQ(desk.Show(board), kFailed);
     EXPECT_EQ(desk.Screen.Errors,
-              "Board " + std::to_string(board) + " is not in the set, which has 3 to 4.\n");
+              "Board " + std::to_string(board) + " is not in " + desk.In + ", which has 3 to 4.\n");
     EXPECT_EQ(desk.Screen.Output, "");
   }
 }
@@ -168,9 +228,10 @@ TEST(ShowCommand, AFaultInTheFileIsToldWithItsLine) {
   FileDesk desk;
   test::WriteContent(desk.In, "[Board \"1\"]\r\n[Dealer \"X\"]\r\n");
   EXPECT_EQ(desk.Show(), kFailed);
-  EXPECT_EQ(desk.Screen.Errors,
-            "Load Error: File format error\nInvalid string \"X\" in line: 2\n\n"
-            "Load operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Errors, "Load Error: " + desk.In +
+                                    ": File format error\nInvalid string \"X\" in line: 2\n\n"
+                                    "Load operation aborted!\n--import would take 1 board of " +
+                                    desk.In + "\n");
   EXPECT_EQ(desk.Screen.Output, "");
 }
 

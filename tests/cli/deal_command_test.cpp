@@ -115,9 +115,9 @@ TEST(DealCommand, AFileThatCannotBeLoadedStopsItBeforeTheMachine) {
   DealDesk desk;
   desk.What.In = desk.Folder / "missing.pbn";
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_EQ(desk.Screen.Errors,
-            "Load Error: Error: 2 during load operation - No such file or directory\n"
-            "Load operation aborted!\n");
+  EXPECT_EQ(desk.Screen.Errors, "Load Error: " + desk.What.In +
+                                    ": Error: 2 during load operation - No such file or directory\n"
+                                    "Load operation aborted!\n");
   EXPECT_EQ(desk.Machine.BoardsDealt(), 0);
   EXPECT_EQ(desk.Clock.Elapsed().count(), 0);
 }
@@ -239,14 +239,14 @@ TEST(DealCommand, BoardsOutsideTheSetAreRefusedAndNothingIsDealt) {
     std::optional<int> To;
     const char* Words;
   };
-  for (const Row& row : {Row{4, {}, "Board 4 is not in the set, which has 5 to 7.\n"},
-                         Row{{}, 99, "Board 99 is not in the set, which has 5 to 7.\n"},
+  for (const Row& row : {Row{4, {}, "Board 4 is not in IN, which has 5 to 7.\n"},
+                         Row{{}, 99, "Board 99 is not in IN, which has 5 to 7.\n"},
                          Row{7, 5, "--to must not be below --from.\n"}}) {
     DealDesk desk(5, 7);
     desk.What.From = row.From;
     desk.What.To = row.To;
     EXPECT_EQ(desk.Deal(), kFailed);
-    EXPECT_EQ(desk.Screen.Errors, row.Words);
+    EXPECT_EQ(desk.Screen.Errors, Fill(row.Words, "IN", desk.In));
     EXPECT_EQ(desk.Machine.BoardsDealt(), 0);
   }
 }

@@ -21,7 +21,7 @@ TEST(HistoryCommand, SaysHowFullTheHistoryIs) {
 TEST(HistoryCommand, ListsTheFilesThatWereLoadedAndSaved) {
   HistoryDesk desk;
   ConvertOptions convert;
-  convert.In = desk.In;
+  convert.In = {desk.In};
   convert.Out = desk.Folder / "Żółw.pbn";
   ASSERT_EQ(desk.Run(convert), kDone);
   EXPECT_EQ(desk.History(true), kDone);

@@ -38,19 +38,19 @@ Request HelpWith(std::vector<std::string> words) {
 TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
   EXPECT_THAT(
       UsagePage(),
-      StartsWith(
-          "Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--yes] COMMAND ...\n"
-          "\n"
-          "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
-          "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
-          "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
-          "  convert IN OUT [--first N] [--import]\n"
-          "  show IN [--board N]\n"
-          "  deal IN [--from N] [--to N] [--copies N] [--auto]\n"
-          "  history [--list]\n"
-          "  audit LOG [--sha256 HEX64]\n"
-          "  help [COMMAND]\n"
-          "\n"));
+      StartsWith("Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--yes]\n"
+                 "                   [--overwrite] COMMAND ...\n"
+                 "\n"
+                 "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
+                 "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
+                 "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
+                 "  convert IN... OUT [--to FORMAT] [--first N] [--import] [--history on|off]\n"
+                 "  show IN [--board N] [--import]\n"
+                 "  deal IN [--from N] [--to N] [--copies N] [--auto] [--import]\n"
+                 "  history [--list]\n"
+                 "  audit LOG [--sha256 HEX64]\n"
+                 "  help [COMMAND]\n"
+                 "\n"));
 }
 
 TEST(UsagePage, HasEveryCommandOfTheRegistry) {
@@ -63,25 +63,31 @@ TEST(UsagePage, HasEveryCommandOfTheRegistry) {
 TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
   EXPECT_THAT(
       UsagePage(),
-      EndsWith("\n"
-               "Machines:  "
-               "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-               "           fault=BOARD:CARD:CODE], serial:PATH\n"
-               "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
-               "\n"
-               "generate shows the SHA-256 of the deals that it has made: publish it before\n"
-               "play, and the log afterwards.\n"
-               "\n"
-               "audit deals the sets of a log again from their seeds, compares every board, and\n"
-               "shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
-               "status is 0 only when all is the same.\n"
-               "\n"
-               "'morvane-cli help COMMAND' says what the options of a command mean.\n"));
+      EndsWith(
+          "\n"
+          "Machines:  "
+          "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
+          "           fault=BOARD:CARD:CODE], serial:PATH\n"
+          "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
+          "\n"
+          "generate shows the SHA-256 of the deals that it has made: publish it before\n"
+          "play, and the log afterwards.\n"
+          "\n"
+          "audit deals the sets of a log again from their seeds, compares every board, and\n"
+          "shows the SHA-256 of each. With --sha256, one must have that one. The exit\n"
+          "status is 0 only when all is the same.\n"
+          "\n"
+          "The exit status is 0 when it is done, 1 when it was refused or failed, 2 for wrong\n"
+          "usage, and 3 when it is done, but not wholly: the log or the history was not\n"
+          "written, or an import passed boards over.\n"
+          "\n"
+          "'morvane-cli help COMMAND' says what the options of a command mean, and\n"
+          "'morvane-cli --version' which version this is.\n"));
 }
 
 TEST(CommandHelp, OfDeal) {
   EXPECT_EQ(CommandHelp(*FindCommand("deal")),
-            "Usage: morvane-cli deal IN [--from N] [--to N] [--copies N] [--auto]\n"
+            "Usage: morvane-cli deal IN [--from N] [--to N] [--copies N] [--auto] [--import]\n"
             "\n"
             "Deals the boards of a set on the machine and shows how each of them went.\n"
             "\n"
@@ -90,12 +96,14 @@ TEST(CommandHelp, OfDeal) {
             "  --to N      the last board to deal\n"
             "  --copies N  how often each board is dealt, 99 times at most\n"
             "  --auto      start each board at once, without its pedal or board slot\n"
+            "  --import    take PBN as other programs write it, and report\n"
             "\n"
             "Every command takes these too:\n"
             "  --data DIR       the folder of logs and history\n"
             "  --settings FILE  the settings store\n"
             "  --machine M      the way to the machine; --help has its forms\n"
-            "  --yes            answer Yes to every question\n");
+            "  --yes            answer Yes to every question, but replace no file\n"
+            "  --overwrite      replace a file without asking\n");
 }
 
 TEST(CommandHelp, OfGenerateGoesOverSeveralLinesAndEndsWithItsNote) {

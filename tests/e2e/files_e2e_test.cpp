@@ -14,14 +14,15 @@ using ::testing::StartsWith;
 
 class FilesEndToEnd : public EndToEnd {};
 
-std::string LoadError(int number, const std::string& description) {
-  return "Load Error: Error: " + std::to_string(number) + " during load operation - " +
-         description + "\nLoad operation aborted!\n";
+std::string LoadError(const std::string& path, int number, const std::string& description) {
+  return "Load Error: " + path + ": Error: " + std::to_string(number) +
+         " during load operation - " + description + "\nLoad operation aborted!\n";
 }
 
+/// What stands behind the name of the file.
 std::string SaveError(int number, const std::string& description) {
-  return "Save Error: Error: " + std::to_string(number) + " during save operation - " +
-         description + "\nSave operation aborted!\n";
+  return ": Error: " + std::to_string(number) + " during save operation - " + description +
+         "\nSave operation aborted!\n";
 }
 
 /// The set of a PBN file; fails the test when it is none.
@@ -90,23 +91,26 @@ TEST_F(FilesEndToEnd, ADealThatWasSavedDoesNotComeAgainEvenFromItsOwnSeeds) {
 
 TEST_F(FilesEndToEnd, WithoutSeedsNoSetIsLikeAnother) {
   for (const char* generator : {"bigdeal", "morvane"}) {
-    ASSERT_EQ(Run({"--yes", "generate", "a.pbn", "--generator", generator}).Status, 0);
-    ASSERT_EQ(Run({"--yes", "generate", "b.pbn", "--generator", generator}).Status, 0);
+    ASSERT_EQ(Run({"--overwrite", "generate", "a.pbn", "--generator", generator}).Status, 0);
+    ASSERT_EQ(Run({"--overwrite", "generate", "b.pbn", "--generator", generator}).Status, 0);
     EXPECT_NE(test::Content(folder / "a.pbn"), test::Content(folder / "b.pbn"));
   }
 }
 
-TEST_F(FilesEndToEnd, AFileThatIsThereIsReplacedOnlyOnAYes) {
+TEST_F(FilesEndToEnd, AFileThatIsThereIsReplacedOnlyWhenThatIsAskedFor) {
   ASSERT_EQ(Run({"generate", "a.pbn"}).Status, 0);
   const std::string first = test::Content(folder / "a.pbn");
   const Outcome refused = Run({"generate", "a.pbn"});
   EXPECT_EQ(refused.Status, 1);
   EXPECT_EQ(refused.Err,
             "Save Board Set: " + (folder / "a.pbn") +
-                " exists already. Replace it?\nThere is nobody to ask; --yes would answer "
-                "Yes.\nNot replaced.\n");
+                " exists already. Replace it?\nThere is nobody to ask; --overwrite would "
+                "replace it.\nNot replaced.\n");
   EXPECT_EQ(test::Content(folder / "a.pbn"), first);
-  EXPECT_EQ(Run({"--yes", "generate", "a.pbn"}).Status, 0);
+  EXPECT_EQ(Run({"--yes", "generate", "a.pbn"}).Status, 1) << "that is no answer to this one";
+  EXPECT_EQ(test::Content(folder / "a.pbn"), first);
+  EXPECT_EQ(CountLines("  Generate: "), 1) << "nothing was made that could not be saved";
+  EXPECT_EQ(Run({"--overwrite", "generate", "a.pbn"}).Status, 0);
   EXPECT_NE(test::Content(folder / "a.pbn"), first);
 }
 
@@ -135,8 +139,9 @@ TEST_F(FilesEndToEnd, ConvertNumbersTheBoardsOfAFileThatHasNoNumbers) {
   const Outcome refused = Run({"convert", "two.all", "none.pbn", "--first", "640"});
   EXPECT_EQ(refused.Status, 1);
   EXPECT_EQ(refused.Err,
-            "Incorrect value entered: Incorrect value for First Board number\n"
-            "First Board numbers must be between 1 and 639\n\nPlease enter correct value.\n");
+            "Incorrect value entered: " + (folder / "two.all") +
+                ": Incorrect value for First Board number\n"
+                "First Board numbers must be between 1 and 639\n\nPlease enter correct value.\n");
   EXPECT_FALSE(std::filesystem::exists(folder / "none.pbn"));
 }
 
@@ -144,7 +149,7 @@ TEST_F(FilesEndToEnd, ALoadThatFailsWithoutAMessageOfItsOwnSaysSo) {
   test::WriteContent(folder / "blank.bre", "Evening\r\nHall\r\nToday\r\n\r\n");
   const Outcome outcome = Run({"show", "blank.bre"});
   EXPECT_EQ(outcome.Status, 1);
-  EXPECT_EQ(outcome.Err, "Load operation aborted!\n");
+  EXPECT_EQ(outcome.Err, "Load Error: " + (folder / "blank.bre") + ": Load operation aborted!\n");
   EXPECT_EQ(outcome.Out, "");
 }
 
@@ -211,6 +216,40 @@ TEST_F(FilesEndToEnd, HelpEndsWith0) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
+TEST_F(FilesEndToEnd, TheVersionOfEitherProgramEndsWith0) {
+  for (const auto& [program, text] :
+       {std::pair{MORVANE_CLI, "morvane-cli 1.0\n"}, std::pair{MORVANE_DESKTOP, "morvane 1.0\n"}}) {
+    Surroundings around = Around();
+    around.Program = program;
+    const Outcome outcome = Process({"--version"}, around).Finish();
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_EQ(outcome.Out, text);
+    EXPECT_EQ(outcome.Err, "");
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST_F(FilesEndToEnd, ConvertTakesSeveralFilesIntoAFolder) {
+  SetFile("a.pbn", 1, 2);
+  SetFile("b.pbn", 3, 4);
+  std::filesystem::create_directory(folder / "sets");
+  const Outcome outcome =
+      Run({"--yes", "convert", "a.pbn", "none.pbn", "b.pbn", "sets", "--to", "csv"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Out, "2 of 3 files converted.\n");
+  EXPECT_THAT(outcome.Err,
+              HasSubstr(LoadError(folder / "none.pbn", 2, "No such file or directory")));
+  EXPECT_TRUE(std::filesystem::exists(folder / "sets/a.csv"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "sets/b.csv"));
+}
+
+TEST_F(FilesEndToEnd, AnImportThatPassesBoardsOverEndsWith3) {
+  const std::string path = SetFile("set.pbn", 1, 2);
+  test::WriteContent(path, test::Content(path) + "[Board \"0\"]\r\n");
+  EXPECT_EQ(Run({"show", "set.pbn", "--import"}).Status, 3);
+  EXPECT_EQ(Run({"show", "set.pbn"}).Status, 1);
+}
+
 TEST_F(FilesEndToEnd, HelpOfACommandTouchesNothing) {
   const Outcome outcome = Run({"--machine", "toaster", "help", "deal"});
   EXPECT_EQ(outcome.Status, 0);
@@ -225,7 +264,7 @@ TEST_F(FilesEndToEnd, AMissingFileIsTold) {
                                                 {"deal", "missing.pbn", "--auto"}}) {
     const Outcome outcome = Run(words);
     EXPECT_EQ(outcome.Status, 1);
-    EXPECT_EQ(outcome.Err, LoadError(2, "No such file or directory"));
+    EXPECT_EQ(outcome.Err, LoadError(folder / "missing.pbn", 2, "No such file or directory"));
     EXPECT_EQ(outcome.Out, "");
   }
   EXPECT_FALSE(std::filesystem::exists(folder / "out.pbn"));
@@ -236,18 +275,19 @@ TEST_F(FilesEndToEnd, AFileThatCannotBeReadIsTold) {
   std::filesystem::create_symlink("/proc/self/mem", folder / "broken.pbn");
   const Outcome directory = Run({"show", "folder.pbn"});
   EXPECT_EQ(directory.Status, 1);
-  EXPECT_EQ(directory.Err, LoadError(21, "Is a directory"));
+  EXPECT_EQ(directory.Err, LoadError(folder / "folder.pbn", 21, "Is a directory"));
   const Outcome broken = Run({"show", "broken.pbn"});
   EXPECT_EQ(broken.Status, 1);
-  EXPECT_EQ(broken.Err, LoadError(5, "Input/output error"));
+  EXPECT_EQ(broken.Err, LoadError(folder / "broken.pbn", 5, "Input/output error"));
 }
 
 TEST_F(FilesEndToEnd, AFileThatIsNoSetIsTold) {
   test::WriteContent(folder / "letter.pbn", "Dear Sir,\r\n");
   const Outcome outcome = Run({"show", "letter.pbn"});
   EXPECT_EQ(outcome.Status, 1);
-  EXPECT_EQ(outcome.Err,
-            "Load Error: File format error\nFile is empty\n\nLoad operation aborted!\n");
+  EXPECT_EQ(outcome.Err, "Load Error: " + (folder / "letter.pbn") +
+                             ": File format error\nFile is empty\n\nLoad operation aborted!\n" +
+                             (folder / "letter.pbn") + " is no PBN file.\n");
 }
 
 TEST_F(FilesEndToEnd, AFileThatCannotBeWrittenIsTold) {
@@ -264,11 +304,12 @@ TEST_F(FilesEndToEnd, AFileThatCannotBeWrittenIsTold) {
         Target{"full.pbn", SaveError(28, "No space left on device")},
         Target{"no/such.pbn", SaveError(2, "No such file or directory")},
         Target{"/proc/self/set.pbn", SaveError(2, "No such file or directory")},
-        Target{"set.doc", "Save Error: Unknow file format: DOC\nSave operation aborted!\n"},
-        Target{"set", "Save Error: Unknow file format:\nSave operation aborted!\n"}}) {
+        Target{"set.doc", ": Unknow file format: DOC\nSave operation aborted!\n"},
+        Target{"set", ": Unknow file format:\nSave operation aborted!\n"}}) {
     const Outcome outcome = Run({"--yes", "generate", name});
     EXPECT_EQ(outcome.Status, 1) << name;
-    EXPECT_THAT(outcome.Err, ::testing::EndsWith(error));
+    EXPECT_THAT(outcome.Err, ::testing::EndsWith(name + error));
+    EXPECT_THAT(outcome.Err, HasSubstr("Save Error: "));
     EXPECT_EQ(outcome.Out, "");
   }
   EXPECT_TRUE(std::filesystem::is_empty(folder / "folder.pbn"));
@@ -287,7 +328,8 @@ TEST_F(FilesEndToEnd, WithoutADataFolderTheSetIsMadeAllTheSame) {
                                    "evening.pbn", "--last", "4"},
                                   Around())
                               .Finish();
-  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Status, 3);
+  EXPECT_THAT(outcome.Out, HasSubstr("\nThis set is not on record: do not publish its SHA-256.\n"));
   const std::string place =
       "Application Path: " + std::filesystem::canonical(MORVANE_CLI).parent_path().string() + "\n";
   const std::string ending =

@@ -78,7 +78,7 @@ class Operator : public test::TestDesk {
     const std::size_t comma = doing.find(", ");
     if (comma != std::string_view::npos) Prepare(doing.substr(comma + 2));
     if (doing.substr(0, comma) == "Import") {
-      taken_ = ImportFile(Prog, History, path);
+      taken_ = ImportFile(Prog, History, path).has_value();
     } else {
       EXPECT_EQ(doing.substr(0, comma), "Load");
       taken_ = LoadFile(Prog, History, numbers_, path);

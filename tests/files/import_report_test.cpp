@@ -38,6 +38,9 @@ TEST(ImportReport, CutsALongListWithACount) {
 TEST(ImportReport, WithoutABoardSaysWhetherThereWereAny) {
   ImportReport report;
   EXPECT_EQ(ReportText(report), "      This file holds no board      ");
+  report.IsPbn = false;
+  EXPECT_EQ(ReportText(report), "      This is no PBN file      ");
+  report.IsPbn = true;
   report.Games = 1;
   report.PassedOver.Add("Line 1: x");
   EXPECT_EQ(WithoutPadding(ReportText(report)),

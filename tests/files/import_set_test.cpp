@@ -21,7 +21,7 @@ struct ImportDesk : LoadDesk {
                                   std::string(kSuitsPbn) + "\"]\n");
     test::WriteContent(Hopeless, "[Board \"0\"]\n[Deal \"N:A... - - -\"]\n");
   }
-  bool Import() { return ImportBoardSet(Prog, History); }
+  bool Import() { return ImportBoardSet(Prog, History).has_value(); }
   void ExpectOldSet() const {
     EXPECT_EQ(Prog.Set.Count(), 4);
     EXPECT_EQ(Prog.Set.At(2), test::RoundBoard(2, 3));
@@ -149,13 +149,13 @@ TEST(Import, WithoutABoardTheOldSetStays) {
   EXPECT_FALSE(desk.Store.Has(kInitFormat));
 }
 
-TEST(Import, AnEmptyFileHoldsNoBoard) {
+TEST(Import, AFileWithoutAnyTagIsNoPbn) {
   for (const char* content : {"", "\xEF\xBB\xBF", "\xFF\xFE", "PK\x03\x04"}) {
     ImportDesk desk;
     test::WriteContent(desk.Loose, content);
     EXPECT_FALSE(ImportFile(desk.Prog, desk.History, desk.Loose));
     EXPECT_THAT(desk.Ui.Boxes,
-                ElementsAre(FakeUi::Box{"      This file holds no board      ", 16, kTitle}));
+                ElementsAre(FakeUi::Box{"      This is no PBN file      ", 16, kTitle}));
     desk.ExpectOldSet();
   }
 }

@@ -58,11 +58,17 @@ int AnswerOf(const std::string& line, int buttons) {
 }  // namespace
 
 int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string& title) {
-  if (const auto known = answers_.find(text); known != answers_.end()) return known->second;
-  ++boxesShown_;
-  terminal_.Error(Printable(title + ": " + WithoutPadding(text)) + "\n");
+  if (const auto known = KnownAnswer(text)) return *known;
+  const auto file = files_.find(title);
+  Show(title, (file == files_.end() ? "" : file->second + ": ") + WithoutPadding(text));
   const int buttons = flags & kButtons;
   if (buttons == kOnlyOk) return kOk;
+  const int answer = Answer(buttons);
+  Keep(text, answer);
+  return answer;
+}
+
+int ConsoleUi::Answer(int buttons) {
   // "Try again" is no Yes: a script that met a missing machine would ask for ever.
   if (yes_) return buttons == kOkAndCancel ? kCancel : kYes;
   if (terminal_.CanAsk()) return Ask(buttons);
@@ -76,10 +82,38 @@ std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
   if (!path || !request.Saving || !std::filesystem::is_regular_file(PathOfUtf8(*path), none)) {
     return path;
   }
-  const std::string question = *path + " exists already. Replace it?";
-  if (MessageBox(question, kYesNoExclamation, request.Title) == kYes) return path;
+  if (MayReplace(*path, request.Title)) return path;
   terminal_.Error("Not replaced.\n");
   return std::nullopt;
+}
+
+bool ConsoleUi::MayReplace(const std::string& path, const std::string& title) {
+  if (overwrite_) return true;
+  const std::string question = path + " exists already. Replace it?";
+  if (const auto known = KnownAnswer(question)) return *known == kYes;
+  Show(title, question);
+  if (!terminal_.CanAsk()) {
+    terminal_.Error("There is nobody to ask; --overwrite would replace it.\n");
+    return false;
+  }
+  const int answer = Ask(kYesAndNo);
+  Keep(question, answer);
+  return answer == kYes;
+}
+
+std::optional<int> ConsoleUi::KnownAnswer(const std::string& text) const {
+  const auto known = answers_.find(text);
+  if (known == answers_.end()) return std::nullopt;
+  return known->second;
+}
+
+void ConsoleUi::Show(const std::string& title, const std::string& text) {
+  ++boxesShown_;
+  terminal_.Error(Printable(title + ": " + text) + "\n");
+}
+
+void ConsoleUi::Keep(const std::string& text, int answer) {
+  if (keepsConsent_ && answer == kYes) answers_[text] = kYes;
 }
 
 int ConsoleUi::Ask(int buttons) {

@@ -13,20 +13,25 @@ namespace morvane {
 /// The operator at a terminal. Messages go to standard error as the catalogue has them, without
 /// their padding; questions are asked there. With `yes` they are answered Yes, or Cancel where
 /// there is no Yes; without anybody to ask, with the cautious answer: No, or Cancel where there is
-/// one. There is no mouse: where it would be, the system's random source says.
+/// one. Whether a file is replaced is another question: with `overwrite` it is, unasked; otherwise
+/// only on a Yes at the terminal. There is no mouse: where it would be, the system's random source
+/// says.
 class ConsoleUi final : public Ui {
  public:
-  ConsoleUi(Terminal& terminal, Entropy& random, bool yes)
-      : terminal_(terminal), random_(random), yes_(yes) {}
+  ConsoleUi(Terminal& terminal, Entropy& random, bool yes, bool overwrite = false)
+      : terminal_(terminal), random_(random), yes_(yes), overwrite_(overwrite) {}
 
   /// `text` is answered so from now on, without being asked.
   void AnswerAlways(const std::string& text, int answer) { answers_[text] = answer; }
+  /// From now on a question that gets its Yes is not asked again, or no more.
+  void KeepConsent(bool keep) { keepsConsent_ = keep; }
+  /// Boxes of that title say from now on that they are about the file.
+  void NameFile(const std::string& title, std::string path) { files_[title] = std::move(path); }
   /// The next file dialog is answered with `path`; every other is cancelled.
   void AnswerNextFile(std::string path) { nextFile_ = std::move(path); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string&) override {}
-  /// A file that exists is replaced only on a Yes.
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override {}
   void Busy(bool) override {}
@@ -39,13 +44,22 @@ class ConsoleUi final : public Ui {
 
  private:
   int Ask(int buttons);
+  [[nodiscard]] int Answer(int buttons);
+  [[nodiscard]] bool MayReplace(const std::string& path, const std::string& title);
+  [[nodiscard]] std::optional<int> KnownAnswer(const std::string& text) const;
+  void Show(const std::string& title, const std::string& text);
+  void Keep(const std::string& text, int answer);
+
   Terminal& terminal_;
   Entropy& random_;
   bool yes_;
+  bool overwrite_;
+  bool keepsConsent_ = false;
   int boxesShown_ = 0;
   mutable bool failureTold_ = false;
   std::optional<std::string> nextFile_;
-  std::map<std::string, int> answers_;
+  std::map<std::string, int> answers_;        ///< by the question's text
+  std::map<std::string, std::string> files_;  ///< by the title of their boxes
 };
 
 }  // namespace morvane

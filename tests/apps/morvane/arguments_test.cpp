@@ -54,9 +54,21 @@ TEST(DesktopArguments, WrongUsageIsTold) {
 }
 
 TEST(DesktopArguments, HelpIsUsageAndNothingElse) {
-  const Arguments arguments = ParseArguments({"morvane", "--help"});
-  EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane "));
-  EXPECT_EQ(arguments.Error, "");
+  for (const char* word : {"--help", "-h", "help"}) {
+    const Arguments arguments = ParseArguments({"morvane", word});
+    EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane ")) << word;
+    EXPECT_EQ(arguments.Error + arguments.CommandLine, "");
+  }
+}
+
+TEST(DesktopArguments, AFileMayBeCalledHelpWhereverElse) {
+  for (const char* word : {"./help", "help.pbn"}) {
+    EXPECT_EQ(ParseArguments({"morvane", word}).Help, "") << word;
+  }
+}
+
+TEST(DesktopArguments, TheVersionIsTheNameAndItsNumber) {
+  EXPECT_EQ(ParseArguments({"morvane", "--version"}).Help, "morvane 1.0\n");
 }
 
 }  // namespace

@@ -67,7 +67,9 @@ INSTANTIATE_TEST_SUITE_P(
                       WrongUsage{{"generate"}, "generate: wrong number of files"},
                       WrongUsage{{"generate", "a", "b"}, "generate: wrong number of files"},
                       WrongUsage{{"convert", "a"}, "convert: wrong number of files"},
-                      WrongUsage{{"convert", "a", "b", "c"}, "convert: wrong number of files"},
+                      WrongUsage{{"convert", "a", "b", "c"},
+                                 "convert: several files need --to FORMAT and a folder"},
+                      WrongUsage{{"convert", "--to", "pbn", "a"}, "convert: wrong number of files"},
                       WrongUsage{{"show"}, "show: wrong number of files"},
                       WrongUsage{{"deal", "a", "b"}, "deal: wrong number of files"},
                       WrongUsage{{"audit"}, "audit: wrong number of files"},
@@ -90,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"generate", "a", "--from", "1"}, "--from does not belong to generate"},
         WrongUsage{{"convert", "a", "b", "--last", "1"}, "--last does not belong to convert"},
         WrongUsage{{"audit", "a", "--board", "1"}, "--board does not belong to audit"},
-        WrongUsage{{"show", "a", "--import"}, "--import does not belong to show"},
+        WrongUsage{{"generate", "a", "--import"}, "--import does not belong to generate"},
+        WrongUsage{{"show", "a", "--to", "pbn"}, "--to does not belong to show"},
         WrongUsage{{"show", "a", "--first", "1"}, "--first does not belong to show"}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -107,6 +110,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"deal", "a", "--to", "x"}, "--to x: wanted a number above 0"},
         WrongUsage{{"deal", "a", "--copies", "0"}, "--copies 0: wanted a number above 0"},
         WrongUsage{{"deal", "a", "--copies", "100"}, "--copies: 99 at most"},
+        WrongUsage{{"convert", "a", "b", "--to", "txt"},
+                   "--to txt: wanted pbn, bri, dge, dup, all, bre or csv"},
+        WrongUsage{{"convert", "a", "b", "--history", "no"}, "--history no: wanted on or off"},
         WrongUsage{{"generate", "a", "--shapes", "yes"}, "--shapes yes: wanted on or off"},
         WrongUsage{{"generate", "a", "--inner", "1"}, "--inner 1: wanted on or off"},
         WrongUsage{{"generate", "a", "--history", "ON"}, "--history ON: wanted on or off"},
@@ -144,7 +150,7 @@ TEST(Arguments, WithoutOptionsNothingIsSet) {
   EXPECT_EQ(arguments.Data, "");
   EXPECT_EQ(arguments.Settings, "");
   EXPECT_EQ(arguments.Machine, "simulated");
-  EXPECT_FALSE(arguments.Yes);
+  EXPECT_FALSE(arguments.Yes || arguments.Overwrite);
 }
 
 TEST(Arguments, WithoutOptionsACommandHasNone) {
@@ -185,10 +191,34 @@ TEST(Arguments, DealTakesItsOptions) {
   EXPECT_TRUE(what.Yes);
 }
 
+TEST(Arguments, OverwriteBelongsToEveryCommand) {
+  EXPECT_TRUE(Parsed({"generate", "/a", "--overwrite"}).Overwrite);
+  EXPECT_TRUE(Parsed({"--overwrite", "convert", "/a", "/b"}).Overwrite);
+  EXPECT_FALSE(Parsed({"--yes", "convert", "/a", "/b"}).Overwrite);
+}
+
+TEST(Arguments, EveryCommandThatReadsASetMayImport) {
+  EXPECT_TRUE(Show({"/a.pbn", "--import"}).Import);
+  EXPECT_FALSE(Show({"/a.pbn"}).Import);
+  EXPECT_TRUE(Deal({"/a.pbn", "--import"}).Import);
+  EXPECT_FALSE(Deal({"/a.pbn"}).Import);
+}
+
+TEST(Arguments, ConvertTakesSeveralFilesIntoAFolder) {
+  const cli::ConvertOptions what =
+      Convert({"/a.pbn", "/b.bri", "/sets", "--to", "CSV", "--history", "off"});
+  EXPECT_EQ(what.In, (std::vector<std::string>{"/a.pbn", "/b.bri"}));
+  EXPECT_EQ(what.Out, "/sets");
+  EXPECT_EQ(what.To, "csv");
+  EXPECT_FALSE(what.History);
+  EXPECT_EQ(Parsed({"convert", "/a", "", "/sets", "--to", "pbn"}).Error,
+            "convert: a file without a name");
+}
+
 TEST(Arguments, ConvertMayImport) {
   const cli::ConvertOptions what = Convert({"--import", "/a.pbn", "/b.pbn"});
   EXPECT_TRUE(what.Import);
-  EXPECT_EQ(what.In, "/a.pbn");
+  EXPECT_EQ(what.In, std::vector<std::string>{"/a.pbn"});
   EXPECT_EQ(what.Out, "/b.pbn");
   EXPECT_FALSE(Convert({"/a.pbn", "/b.pbn"}).Import);
 }
@@ -228,9 +258,10 @@ TEST(Arguments, AuditTakesALog) {
 
 TEST(Arguments, ConvertTakesTwoFiles) {
   const cli::ConvertOptions what = Convert({"/a.pbn", "/b.pbn"});
-  EXPECT_EQ(what.In, "/a.pbn");
+  EXPECT_EQ(what.In, std::vector<std::string>{"/a.pbn"});
   EXPECT_EQ(what.Out, "/b.pbn");
-  EXPECT_FALSE(what.First);
+  EXPECT_FALSE(what.First || what.To);
+  EXPECT_TRUE(what.History);
   EXPECT_EQ(Convert({"/a.bri", "/b.pbn", "--first", "17"}).First, "17");
 }
 
@@ -281,7 +312,7 @@ TEST(Arguments, TheRegistersStateGoesWithItsOwnGenerator) {
 
 TEST(Arguments, FilesAreMadeAbsolute) {
   const std::string here = std::filesystem::current_path().string();
-  EXPECT_EQ(Convert({"a.pbn", "sub/../b.pbn"}).In, here + "/a.pbn");
+  EXPECT_EQ(Convert({"a.pbn", "sub/../b.pbn"}).In.front(), here + "/a.pbn");
   // Not shortened: "sub" may be a link, and ".." then is another folder.
   EXPECT_EQ(Convert({"a.pbn", "sub/../b.pbn"}).Out, here + "/sub/../b.pbn");
 }
@@ -291,17 +322,33 @@ TEST(Arguments, BehindTwoDashesAFileMayBeginWithThem) {
 }
 
 TEST(Arguments, HelpGoesBeforeEverythingButAnUnknownOption) {
-  for (const QStringList& words : {QStringList{"--help"}, QStringList{"deal", "--help"},
-                                   QStringList{"make", "a", "b", "--help"}}) {
+  for (const QStringList& words :
+       {QStringList{"--help"}, QStringList{"-h"}, QStringList{"make", "a", "b", "--help"}}) {
     const Arguments arguments = Parsed(words);
     EXPECT_EQ(arguments.Error, "");
     EXPECT_THAT(arguments.Help, HasSubstr("Usage: morvane-cli "));
     for (const char* command :
-         {"generate OUT", "convert IN OUT", "show IN", "deal IN", "audit LOG"}) {
+         {"generate OUT", "convert IN... OUT", "show IN", "deal IN", "audit LOG"}) {
       EXPECT_THAT(arguments.Help, HasSubstr(command));
     }
   }
   EXPECT_EQ(Parsed({"--help", "--fast"}).Error, "Unknown option 'fast'.");
+  EXPECT_EQ(Parsed({"deal", "--help", "--fast"}).Help, "");
+}
+
+TEST(Arguments, HelpBesideACommandIsAboutThatOne) {
+  for (const char* option : {"-h", "--help"}) {
+    EXPECT_EQ(Parsed({"deal", option}).Help, Parsed({"help", "deal"}).Help);
+    EXPECT_EQ(Parsed({option, "show", "a.pbn", "--board", "x"}).Help,
+              Parsed({"help", "show"}).Help);
+  }
+}
+
+TEST(Arguments, TheVersionIsTheNameAndItsNumber) {
+  for (const QStringList& words : {QStringList{"--version"}, QStringList{"deal", "--version"}}) {
+    EXPECT_EQ(Parsed(words).Help, "morvane-cli 1.0\n");
+    EXPECT_EQ(Parsed(words).Error, "");
+  }
 }
 
 TEST(Arguments, HelpTellsOfACommandAndAsksForNothingElse) {

@@ -10,9 +10,21 @@ constexpr const char* kPadded = "      First line      \r\n\r\n      Second line
 constexpr const char* kStripped = "Caption: First line\n\nSecond line.\n";
 
 struct ConsoleDesk {
-  explicit ConsoleDesk(bool yes = false, bool person = false) : Ui(Screen, Random, yes) {
+  explicit ConsoleDesk(bool yes = false, bool person = false, bool overwrite = false)
+      : Ui(Screen, Random, yes, overwrite) {
     Screen.Person = person;
   }
+  /// The save dialog's answer for a file that is there.
+  std::optional<std::string> AskToReplace() {
+    test::WriteContent(There, "as it was");
+    FileRequest request;
+    request.Title = "Caption";
+    request.Saving = true;
+    Ui.AnswerNextFile(There);
+    return Ui.AskFile(request);
+  }
+  test::TempFolder Folder;
+  const std::string There = Folder / "there.pbn";
   int Ask(int flags) { return Ui.MessageBox(kPadded, flags, "Caption"); }
   FakeTerminal Screen;
   test::FakeEntropy Random;
@@ -138,6 +150,58 @@ TEST(ConsoleUi, AnAnswerKnownBeforehandIsGivenInSilence) {
     desk.Screen.Lines = {"y"};
     EXPECT_EQ(desk.Ui.MessageBox("Another?", kYesNoQuestion, "Caption"), kYes);
   }
+}
+
+TEST(ConsoleUi, YesReplacesNoFile) {
+  ConsoleDesk desk(true);
+  EXPECT_EQ(desk.AskToReplace(), std::nullopt);
+  EXPECT_EQ(desk.Screen.Errors, "Caption: " + desk.There +
+                                    " exists already. Replace it?\nThere is nobody to ask; "
+                                    "--overwrite would replace it.\nNot replaced.\n");
+}
+
+TEST(ConsoleUi, WithOverwriteAFileIsReplacedUnasked) {
+  for (const bool person : {false, true}) {
+    ConsoleDesk desk(false, person, true);
+    EXPECT_EQ(desk.AskToReplace(), desk.There);
+    EXPECT_EQ(desk.Screen.Errors, "");
+  }
+}
+
+TEST(ConsoleUi, AtTheTerminalAFileIsReplacedOnAYesAlsoBesideTheOption) {
+  for (const bool yes : {false, true}) {
+    for (const bool replace : {false, true}) {
+      ConsoleDesk desk(yes, true);
+      desk.Screen.Lines = {replace ? "y" : "n"};
+      EXPECT_EQ(desk.AskToReplace().has_value(), replace);
+      EXPECT_THAT(desk.Screen.Lines, ::testing::IsEmpty());
+    }
+  }
+}
+
+TEST(ConsoleUi, AConsentThatIsKeptIsNotAskedForAgain) {
+  ConsoleDesk desk(false, true);
+  desk.Screen.Lines = {"n", "y", "y", "y"};
+  desk.Ui.KeepConsent(true);
+  EXPECT_EQ(desk.Ask(kYesNoQuestion), kNo);
+  EXPECT_EQ(desk.Ask(kYesNoQuestion), kYes) << "a No is no consent";
+  EXPECT_EQ(desk.AskToReplace(), desk.There);
+  desk.Ui.KeepConsent(false);
+  const std::string before = desk.Screen.Errors;
+  EXPECT_EQ(desk.Ask(kYesNoQuestion), kYes);
+  EXPECT_EQ(desk.AskToReplace(), desk.There);
+  EXPECT_EQ(desk.Screen.Errors, before);
+  EXPECT_EQ(desk.Ui.MessageBox("Another?", kYesNoQuestion, "Caption"), kYes);
+  EXPECT_THAT(desk.Screen.Lines, ::testing::IsEmpty()) << "another question is asked";
+}
+
+TEST(ConsoleUi, BoxesOfATitleNameTheirFile) {
+  ConsoleDesk desk;
+  desk.Ui.NameFile("Caption", "/old.pbn");
+  desk.Ui.NameFile("Caption", "/set\x1B.pbn");
+  desk.Ask(kOkCritical);
+  desk.Ui.MessageBox("Text", kOkCritical, "Other");
+  EXPECT_EQ(desk.Screen.Errors, "Caption: /set?.pbn: First line\n\nSecond line.\nOther: Text\n");
 }
 
 TEST(ConsoleUi, OneFileDialogIsAnsweredAndEveryOtherCancelled) {
