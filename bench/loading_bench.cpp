@@ -54,7 +54,9 @@ struct Desk : test::TestDesk {
     OfferedNumbers numbers;
     return files::LoadFile(Prog, History, numbers, path);
   }
-  bool Import(const std::string& path) { return files::ImportFile(Prog, History, path); }
+  bool Import(const std::string& path) {
+    return files::ImportFile(Prog, History, path).has_value();
+  }
 };
 
 using Command = bool (Desk::*)(const std::string& path);
