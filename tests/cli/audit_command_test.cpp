@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "audit/fingerprint.h"
@@ -259,6 +261,14 @@ TEST(AuditCommand, APublishedFingerprintMustBeThatOfASet) {
   request.Sha256->front() = request.Sha256->front() == 'a' ? 'b' : 'a';
   EXPECT_EQ(desk.Run(request), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("No set that is the same has the SHA-256 "));
+}
+
+TEST(AuditCommand, APipeIsAnErrorAndNotWaitedFor) {
+  AuditDesk desk;
+  ASSERT_EQ(mkfifo((desk.Folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(desk.Audit(desk.Folder / "pipe"), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "The log cannot be read: error 95, Operation not supported\n" +
+                                    (desk.Folder / "pipe") + "\n");
 }
 
 }  // namespace

@@ -42,5 +42,37 @@ TEST(HistoryCommand, FailsWhereThereIsNoHistory) {
             std::string::npos);
 }
 
+/// A system source whose bytes 3, 7, 11, ... are 0x10, 0x20, ... 0xF0, 0x10, ...: of each place of
+/// the mouse, what is left of it in the pool after the next start.
+class CountedStarts final : public Entropy {
+ public:
+  Answer SystemRandom(std::span<std::uint8_t> bytes) override {
+    for (std::uint8_t& byte : bytes) byte = 0;
+    if (bytes.size() != 4) return {true, std::nullopt};  // the first pool
+    bytes[3] = static_cast<std::uint8_t>(++Starts * 16);
+    return {true, std::nullopt};
+  }
+  void Seed(std::uint64_t /*seed*/) override {}
+  double Random() override { return 0; }
+  int Starts = 0;
+};
+
+TEST(ConsolePool, DoesNotWearDownHoweverManyCommandsShareIt) {
+  constexpr int kStarts = 125;
+  CliDesk desk;
+  CountedStarts source;
+  ConsoleUi ui(desk.Screen, source, false);
+  for (int start = 1; start <= kStarts; ++start) {
+    Program program({ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker}, desk.Prog.Paths);
+    Workplace place{program, ui, desk.Screen, desk.Machine, &desk.Machine, [] { return false; }};
+    EXPECT_EQ(RunJob(place, "", [](Job& job) { return ShowHistory(job, {}); }), kDone);
+  }
+  // A start loses the pool's oldest digit and the three newest, and Y and X of the mouse come behind
+  // the other 124. So of each start the first digit of Y stays.
+  std::string expected;
+  for (int start = 1; start <= kStarts; ++start) expected += "0123456789ABCDEF"[start % 16];
+  EXPECT_EQ(desk.Store.Get(kSeedm).substr(0, 125), expected);
+}
+
 }  // namespace
 }  // namespace morvane::cli

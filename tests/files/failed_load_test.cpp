@@ -156,5 +156,19 @@ TEST(FailedLoad, TheNextLoadWorksAgain) {
   EXPECT_EQ(desk.Prog.Set.Count(), 2);
 }
 
+TEST(FailedLoad, AFileTooLargeForASetIsRefusedInWords) {
+  for (const char* name : {"set.pbn", "set.bri", "set.csv", "set.dup"}) {
+    LoadDesk desk;
+    const std::string path = desk.Folder / name;
+    test::WriteContent(path, "");
+    std::filesystem::resize_file(path,
+                                 268'435'457);  // 256 MB and a byte, of which the disk has none
+    desk.Ui.Files = {path};
+    desk.Load();
+    EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("27", "File too large")));
+    ExpectNoSet(desk.Prog.Set);
+  }
+}
+
 }  // namespace
 }  // namespace morvane::files

@@ -1,6 +1,7 @@
 #include "files/format_frame.h"
 
 #include <filesystem>
+#include <new>
 
 #include "files/file_boxes.h"
 #include "files/load_desk.h"
@@ -67,6 +68,15 @@ TEST(ReadThrough, AFileThatCannotBeReadIsNotParsed) {
     return std::nullopt;
   }));
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("2", "No such file or directory")));
+}
+
+TEST(ReadThrough, MemoryThatDoesNotDoForTheFileIsToldAsAFailedLoad) {
+  FrameDesk desk;
+  EXPECT_FALSE(ReadThrough(
+      desk.Prog, desk.Path,
+      [](const std::string&) -> std::optional<FormatFault> { throw std::bad_alloc(); }));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("12", "Cannot allocate memory")));
+  EXPECT_FALSE(desk.Ui.HourglassNow);
 }
 
 /// A desk on which `WriteThrough` makes a BRI file of a set that starts later, about which it asks

@@ -39,6 +39,15 @@ TEST_F(QtEventLoopTest, PumpLetsPendingEventsThroughAndDoesNotWait) {
   EXPECT_TRUE(loop_.Pump());
 }
 
+TEST_F(QtEventLoopTest, NoTimerTicksWhileTheWindowsPaint) {
+  int ticks = 0;
+  const auto timer = loop_.StartTimer(1, [&] { ++ticks; });
+  std::this_thread::sleep_for(std::chrono::milliseconds(3));
+  for (int i = 0; i < 3; ++i) loop_.Paint();
+  EXPECT_EQ(ticks, 0);
+  loop_.RunUntil([&] { return ticks > 0; });
+}
+
 TEST_F(QtEventLoopTest, TimersTickInTheOrderInWhichTheyFallDue) {
   std::string order;
   const auto late = loop_.StartTimer(7, [&] { order += 'c'; });

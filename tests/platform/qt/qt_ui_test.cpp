@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "files/format_table.h"
+#include "platform/qt/qt_event_loop.h"
 #include "support/qt_desk.h"
 
 namespace morvane {
@@ -352,6 +353,46 @@ TEST_F(FileDialogs, SaveWithANoToOverwritingStaysOpen) {
 TEST_F(FileDialogs, AQuitEndsThemWithoutAFile) {
   desk.When("cdSave", [this](QWidget&) { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Ui.AskFile(Request(true)), std::nullopt);
+}
+
+TEST_F(QtUiTest, WhatIsWaitedForStandsInPlaceOfTheStatusUnderAnHourglassOfItsOwn) {
+  QMainWindow window;
+  std::string shown;
+  desk.Ui.SetMainWindow({&window, [&](const std::string& text) { shown = text; }, {}});
+  desk.Ui.Status("Saving");
+  {
+    const Hourglass flows(desk.Ui);
+    desk.Ui.Waiting("Waiting for another program");
+    EXPECT_EQ(shown, "Waiting for another program");
+    desk.Ui.Waiting("");
+    EXPECT_EQ(shown, "Saving");
+    EXPECT_NE(QApplication::overrideCursor(), nullptr) << "the flow's hourglass is still there";
+  }
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  desk.Ui.Waiting("Waiting for another program");
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  desk.Ui.Waiting("");
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+/// A window that counts how often it has painted.
+class CountingWindow final : public QWidget {
+ public:
+  int Paints = 0;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override { ++Paints; }
+};
+
+TEST_F(QtUiTest, WhileSomethingIsWaitedForTheWindowsPaint) {
+  QtEventLoop loop;
+  CountingWindow window;
+  window.show();
+  loop.Pump();
+  const int before = window.Paints;
+  window.update();
+  loop.Paint();
+  EXPECT_GT(window.Paints, before);
 }
 
 }  // namespace
