@@ -26,6 +26,8 @@ class LockPatience {
 
   /// A new flow or command begins.
   void Renew() { inVain_.clear(); }
+  /// The program has little time left: from now on locks are only tried.
+  void WaitNoMore() { over_ = true; }
 
   /// Nothing where it cannot be had, and `RuntimeError::Last` says why: ETIMEDOUT when another
   /// holds it all the time. `what` it protects is told to the operator.
@@ -37,6 +39,7 @@ class LockPatience {
   Ui& ui_;
   EventLoop& loop_;
   Clock& time_;
+  bool over_ = false;
   std::set<std::string> inVain_;  ///< the paths that were waited for and not had
 };
 

@@ -49,6 +49,7 @@ TEST_F(InstanceLockTest, StandsBesideTheStoreUnderTheUsersNumber) {
   EXPECT_TRUE(lock.Claim());
   EXPECT_TRUE(fs::is_regular_file(store + suffix));
   EXPECT_FALSE(fs::exists(store)) << "the store itself is not touched";
+  EXPECT_EQ(fs::status(store + suffix).permissions(), fs::perms(0600));
 }
 
 TEST_F(InstanceLockTest, IsNotTheLockOfTheStoresValues) {
