@@ -110,7 +110,7 @@ void ConsoleRun::ShowProgress(const std::string& text) {
 
 void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {
   ShowProgress("");
-  terminal_.Error(WithoutPadding(dialog.Error_label) + "\n" + dialog.Error_code + "\n");
+  terminal_.Error(dialog.ErrorText() + "\n" + dialog.Error_code + "\n" + dialog.Error_board + "\n");
   dialog.Open([] {});
   const bool canAsk = !request_.Yes && terminal_.CanAsk();
   const bool board = dialog.ButtonMode == machine::ButtonMode::kBoardError;

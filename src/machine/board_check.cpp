@@ -48,7 +48,7 @@ BoardCheck VerifyInsertedBoard(RunParts& run) {
     if (label.IsRight()) return BoardCheck::kDeal;
     const int read = label.BoardNumberRead();
     DialogAnswer answer = AskAboutError(run.Prog, run.TheMachine, *run.View, kDealAnyway,
-                                        WrongBoard{run.Prog.Set.CurrentBoard, read});
+                                        Fault{.Board = run.Prog.Set.CurrentBoard, .Label = read});
     if (run.Prog.Loop.Quitting()) answer = kStop;
     run.Run.RunLogLine += "64," + std::to_string(read) + "," + std::to_string(int{answer}) + " ";
     run.Run.Pump();

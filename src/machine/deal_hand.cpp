@@ -43,15 +43,6 @@ BoardEnd DealBoard(RunParts& run, std::uint8_t rotation) {
 
 }  // namespace
 
-int CardsMissing(const Board& board, const wire::CardBytes& cardLog) {
-  const wire::CardBytes pockets = HandListOf(board);
-  int missing = 0;
-  for (std::size_t place = 0; place < pockets.Bytes.size(); ++place) {
-    if (pockets.Bytes[place] != 0 && cardLog.Bytes[place] == 0) ++missing;
-  }
-  return missing;
-}
-
 BoardEnd DealHand(RunParts& run, std::uint8_t rotation) {
   const auto digit = [](bool on) { return std::string(on ? "1" : "0"); };
   run.Run.RunLogLine =

@@ -19,7 +19,4 @@ enum class BoardEnd {
 /// link was lost; who walks on, writes the line and tells of the end is the caller.
 BoardEnd DealHand(RunParts& run, std::uint8_t rotation);
 
-/// The cards of `board` that `cardLog` has not as dealt.
-[[nodiscard]] int CardsMissing(const Board& board, const wire::CardBytes& cardLog);
-
 }  // namespace morvane::machine

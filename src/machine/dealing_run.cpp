@@ -2,6 +2,7 @@
 
 #include "machine/deal_hand.h"
 #include "machine/first_contact.h"
+#include "machine/hand_list.h"
 #include "machine/idle_poll.h"
 #include "text/text.h"
 
@@ -31,7 +32,6 @@ void DealingRun::Open(RunView& view) {
   window.CopiesShown = store.IsOn(kDealCopy);
   window.SubRangeShown = store.IsOn(kDealSub);
   window.ShowBoards = store.IsOn(kDealShow);
-  window.TestText = memory_.TestText;
   parts_.Walk.Open(window.CopiesShown, window.SubRangeShown);
   Controls().FollowCopy(parts_.Walk);
   parts_.Options.Load();
@@ -59,6 +59,7 @@ void DealingRun::FirstContact() {
       LoseLink();
       return;
     case Contact::kNoVersion:
+      parts_.View->ShowState();
       parts_.Prog.ShowMessage(parts_.Prog.Texts.Msg047, kOkCritical, "Communication Error");
       Unload();
       return;
@@ -112,6 +113,7 @@ bool DealingRun::CheckCommLost() {
 void DealingRun::LoseLink() {
   CommLost_ = true;
   outcome_ = Outcome::kLinkLost;
+  parts_.View->ShowState();
   ShowDealingError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg048);
   Unload();
 }
@@ -246,7 +248,7 @@ void DealingRun::Disp_boards() {
 void DealingRun::Command1() {
   if (!parts_.Window.Command1Shown || Busy()) return;
   const auto reply = parts_.TheMachine.Exchange(wire::TestCommand{});
-  if (reply) parts_.Window.TestText = memory_.TestText += wire::DiagnosisText(*reply);
+  if (reply) memory_.TestText += wire::DiagnosisText(*reply);
   if (!CheckCommLost()) parts_.View->ShowControls();
 }
 
@@ -272,9 +274,10 @@ void DealingRun::DealHand() {
   if (!parts_.Options.StartGatesPass()) return;
   Timer1_.reset();
   running_ = true;
-  outcome_ = Outcome::kStopped;
+  outcome_ = Outcome::kNone;
   parts_.Run.Prepare();
   const BoardEnd end = machine::DealHand(parts_, DealRotation_);
+  outcome_ = end == BoardEnd::kDealt ? Outcome::kDealt : Outcome::kStopped;
   if (end == BoardEnd::kLinkLost) LoseLink();
   WriteRunLine();
   if (end == BoardEnd::kDealt) FinishBoard();
@@ -289,13 +292,13 @@ void DealingRun::WriteRunLine() {
 }
 
 void DealingRun::FinishBoard() {
-  outcome_ = Outcome::kDealt;
   AnalyzeBoard(parts_.Prog.Set.Current());
   Controls().Deal_next = !parts_.Walk.AtEnd();
   if (parts_.Walk.AtEnd() && !parts_.Run.Leaving()) OfferToStartAgain();
 }
 
 void DealingRun::OfferToStartAgain() {
+  parts_.View->ShowState();
   const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg060, kYesNoQuestion, "Dealing");
   ForgetStarts();
   if (answer == kYes) parts_.Walk.BackToStart();
@@ -303,6 +306,7 @@ void DealingRun::OfferToStartAgain() {
 
 void DealingRun::TellOfMissingCards() {
   if (parts_.Run.Leaving()) return;
+  parts_.View->ShowState();
   parts_.View->ShowBoard();
   const int dealt = kCards - CardsMissing(CurrentBoard(), parts_.Run.CardLog);
   ShowDealingError(

@@ -50,11 +50,12 @@ class DealingRun {
   [[nodiscard]] const RunWindowState& Window() const { return parts_.Window; }
   [[nodiscard]] const RunOptions& Options() const { return parts_.Options; }
   [[nodiscard]] const BoardWalk& Place() const { return parts_.Walk; }
+  [[nodiscard]] const std::string& TestText() const { return memory_.TestText; }
   [[nodiscard]] const CardRun& Cards() const { return parts_.Run; }
   [[nodiscard]] const Machine& TheMachine() const { return parts_.TheMachine; }
   [[nodiscard]] const Board& CurrentBoard() const { return parts_.Prog.Set.Current(); }
   [[nodiscard]] bool Running() const { return running_; }
-  /// How the last board ended; nothing has been dealt yet: `kNone`.
+  /// How the last board ended; `kNone` before the first and while one is under way.
   enum class Outcome { kNone, kDealt, kStopped, kLinkLost };
   [[nodiscard]] Outcome LastOutcome() const { return outcome_; }
 

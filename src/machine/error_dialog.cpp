@@ -1,5 +1,6 @@
 #include "machine/error_dialog.h"
 
+#include "text/box_text.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::machine {
@@ -8,12 +9,21 @@ namespace {
 constexpr int kUnreadableLabel = 64;
 constexpr int kWrongLabel = 65;
 
+std::string PlaceOf(const Fault& fault) {
+  const std::string board = "Board " + std::to_string(fault.Board);
+  if (fault.Card == 0) return board;
+  return board + ", card " + std::to_string(fault.Card) + " of " + std::to_string(kCards);
+}
+
 }  // namespace
 
 ErrorDialog::ErrorDialog(Program& program, Machine& machine, DialogAnswer dialogResult,
-                         const std::optional<WrongBoard>& wrongBoard)
-    : DialogResult(dialogResult), program_(program), machine_(machine) {
-  const int code = wrongBoard ? NameWrongBoard(*wrongBoard) : NameFault();
+                         const Fault& fault)
+    : Error_board(PlaceOf(fault)),
+      DialogResult(dialogResult),
+      program_(program),
+      machine_(machine) {
+  const int code = fault.Label ? NameWrongBoard(fault) : NameFault();
   Error_code = "Error Code: " + std::to_string(code);
   const bool board = ButtonMode == machine::ButtonMode::kBoardError;
   const bool single = ButtonMode == machine::ButtonMode::kSingle;
@@ -29,15 +39,19 @@ int ErrorDialog::NameFault() {
   return machine_.MachineError;
 }
 
-int ErrorDialog::NameWrongBoard(const WrongBoard& wrongBoard) {
+int ErrorDialog::NameWrongBoard(const Fault& fault) {
   ButtonMode = machine::ButtonMode::kBoardError;
-  if (wrongBoard.Read == 0) {
+  if (*fault.Label == 0) {
     Error_label = program_.Texts.Msg077;
     return kUnreadableLabel;
   }
-  Error_label = Fill(Fill(program_.Texts.Msg078, "***", std::to_string(wrongBoard.Expected)), "###",
-                     std::to_string(wrongBoard.Read));
+  Error_label = Fill(Fill(program_.Texts.Msg078, "***", std::to_string(fault.Board)), "###",
+                     std::to_string(*fault.Label));
   return kWrongLabel;
+}
+
+std::string ErrorDialog::ErrorText() const {
+  return ButtonMode == machine::ButtonMode::kBoardError ? WithoutPadding(Error_label) : Error_label;
 }
 
 void ErrorDialog::Open(std::function<void()> closed) {
@@ -65,6 +79,7 @@ void ErrorDialog::Tick() {
   if (machine_.Lost()) {
     // Worded unlike the run's own loss of the link: required.
     Error_Timer1_.reset();
+    if (OnLinkLost) OnLinkLost();
     program_.Ask("            Lost Communication with Dealer  -  Dealing Aborted             ", 0,
                  "Morvane");
     Close(kStop);
@@ -85,8 +100,9 @@ void ErrorDialog::Close(DialogAnswer answer) {
 }
 
 DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
-                           DialogAnswer standing, const std::optional<WrongBoard>& wrongBoard) {
-  ErrorDialog dialog(program, machine, standing, wrongBoard);
+                           DialogAnswer standing, const Fault& fault) {
+  ErrorDialog dialog(program, machine, standing, fault);
+  dialog.OnLinkLost = [&view] { view.ShowState(); };
   view.ShowError(dialog);
   return dialog.DialogResult;
 }

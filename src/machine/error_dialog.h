@@ -15,10 +15,12 @@ namespace morvane::machine {
 /// Which buttons a fault offers.
 enum class ButtonMode : std::uint8_t { kSingle = 0, kGoOnOrStop = 1, kBoardError = 2 };
 
-/// The board in the slot is not the one that is to be dealt.
-struct WrongBoard {
-  int Expected = 0;
-  int Read = 0;  ///< 0 = the label cannot be read
+/// Where a run has come to grief.
+struct Fault {
+  int Board = 0;  ///< the one that is to be dealt
+  int Card = 0;   ///< the how-manieth the machine stopped at, 1..52; 0 = not known
+  /// Another board is in the slot: this one, 0 when it is unreadable.
+  std::optional<int> Label = std::nullopt;
 };
 
 /// The modal dialog `Error_disp`: names the fault, plays the sound, and polls the machine so that
@@ -27,10 +29,9 @@ class ErrorDialog {
  public:
   static constexpr int kPollMs = 100;
 
-  /// About `MachineError`, or about `wrongBoard`. `dialogResult` is the answer that stands until
-  /// one is given.
-  ErrorDialog(Program& program, Machine& machine, DialogAnswer dialogResult,
-              const std::optional<WrongBoard>& wrongBoard = std::nullopt);
+  /// About `MachineError`, or about the wrong board where `fault` has one. `dialogResult` is the
+  /// answer that stands until one is given.
+  ErrorDialog(Program& program, Machine& machine, DialogAnswer dialogResult, const Fault& fault);
 
   struct Button {
     std::string Caption;
@@ -38,11 +39,17 @@ class ErrorDialog {
   };
   std::string Error_label;
   std::string Error_code;
+  std::string Error_board;  ///< "Board 5", with ", card 17 of 52" where that is known
   Button Continue_button;
   Button Cancel_button;
   Button Cancel2;
   morvane::machine::ButtonMode ButtonMode = morvane::machine::ButtonMode::kSingle;
   DialogAnswer DialogResult;
+
+  /// `Error_label` as a window or a terminal shows it: a text of the catalogue without its padding,
+  /// a fault's text to the letter.
+  [[nodiscard]] std::string ErrorText() const;
+  std::function<void()> OnLinkLost;  ///< called before the operator is told of it
 
   /// Starts the polling and the sound; `closed` is called once, when the dialog has its answer.
   void Open(std::function<void()> closed);
@@ -53,7 +60,7 @@ class ErrorDialog {
 
  private:
   int NameFault();
-  int NameWrongBoard(const WrongBoard& wrongBoard);
+  int NameWrongBoard(const Fault& fault);
   void Tick();
   void Close(DialogAnswer answer);
 
@@ -68,13 +75,14 @@ class ErrorDialog {
 class FaultView {
  public:
   virtual ~FaultView() = default;
+  /// State, time and pocket counts; repaints at once, since a run does not wait for paint events.
+  virtual void ShowState() = 0;
   /// Shows the dialog modally; returns when it has its answer.
   virtual void ShowError(ErrorDialog& dialog) = 0;
 };
 
 /// Asks about `MachineError` or the wrong board; `standing` is the answer until one is given.
 [[nodiscard]] DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
-                                         DialogAnswer standing,
-                                         const std::optional<WrongBoard>& wrongBoard = {});
+                                         DialogAnswer standing, const Fault& fault);
 
 }  // namespace morvane::machine

@@ -12,6 +12,15 @@ wire::CardBytes HandListOf(const Board& board) {
   return pockets;
 }
 
+int CardsMissing(const Board& board, const wire::CardBytes& cardLog) {
+  const wire::CardBytes pockets = HandListOf(board);
+  int missing = 0;
+  for (std::size_t place = 0; place < pockets.Bytes.size(); ++place) {
+    if (pockets.Bytes[place] != 0 && cardLog.Bytes[place] == 0) ++missing;
+  }
+  return missing;
+}
+
 void TakeHandList(const wire::CardBytes& pockets, Board& board) {
   for (int card = 1; card <= kCards; ++card) {
     const std::size_t pocket = pockets[MachineCard::Of(card)];

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "machine/board_walk.h"
 
 namespace morvane::machine {
@@ -34,7 +32,6 @@ struct RunWindowState {
   bool SubRangeShown = false;
   bool Command1Shown = false;
   bool ShowBoards = false;
-  std::string TestText;
 };
 
 }  // namespace morvane::machine

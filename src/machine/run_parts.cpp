@@ -1,9 +1,17 @@
 #include "machine/run_parts.h"
 
+#include "machine/hand_list.h"
+
 namespace morvane::machine {
 namespace {
 
 constexpr int kAfterErrorMs = 300;
+
+/// The card at which the machine stopped is known by those that it has dealt.
+Fault FaultOf(const RunParts& run) {
+  const int missing = CardsMissing(run.Prog.Set.Current(), run.Run.CardLog);
+  return {.Board = run.Prog.Set.CurrentBoard, .Card = missing == 0 ? 0 : kCards - missing + 1};
+}
 
 }  // namespace
 
@@ -15,7 +23,8 @@ wire::RunSettings StartSettings(const RunParts& run, std::uint8_t rotation) {
 DialogAnswer AnswerFault(RunParts& run) {
   run.View->ShowBoard();
   if (run.Run.Leaving()) return kStop;
-  const DialogAnswer answer = AskAboutError(run.Prog, run.TheMachine, *run.View, kStop);
+  const DialogAnswer answer =
+      AskAboutError(run.Prog, run.TheMachine, *run.View, kStop, FaultOf(run));
   run.Prog.Loop.WaitMs(kAfterErrorMs);
   run.Run.Pump();
   return answer;

@@ -17,8 +17,6 @@ struct RangeTexts {
 /// say that it changed.
 class RunView : public FaultView {
  public:
-  /// State, time and pocket counts; repaints at once, since a run does not wait for paint events.
-  virtual void ShowState() = 0;
   /// The current board and which of its cards have been dealt (`DisplayHand`).
   virtual void ShowBoard() = 0;
   /// Which controls are there, which are enabled, and the texts of the number boxes.

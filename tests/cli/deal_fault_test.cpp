@@ -13,7 +13,15 @@ using ::testing::IsEmpty;
 
 constexpr simulator::CardFault kDuplicateCard{1, 10, 54};
 constexpr simulator::CardFault kCardJam{1, 10, 9};
-constexpr const char* kDuplicateText = "Duplicate Card Error\nError Code: 54\n";
+constexpr const char* kDuplicateText =
+    "Duplicate Card Error\nError Code: 54\nBoard 1, card 10 of 52\n";
+constexpr const char* kJamText = "Card Jam Error\nError Code: 9\nBoard 1, card 10 of 52\n";
+
+TEST(DealFault, ATextWithABlankBehindItKeepsIt) {
+  DealDesk desk(1, 1, false, WithFault({1, 3, 5}));
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "Extra Card in South \nError Code: 5\nBoard 1, card 3 of 52\n");
+}
 
 TEST(DealFault, WithoutAnybodyToAnswerStopsTheRun) {
   DealDesk desk(1, 3, false, WithFault(kDuplicateCard));
@@ -41,7 +49,7 @@ TEST(DealFault, UnderYesIsContinued) {
 TEST(DealFault, InTheSecondBoardKeepsTheFirst) {
   DealDesk desk(1, 3, false, WithFault({2, 1, 25}));
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_EQ(desk.Screen.Errors, "Card Recognition Error\nError Code: 25\n");
+  EXPECT_EQ(desk.Screen.Errors, "Card Recognition Error\nError Code: 25\nBoard 2, card 1 of 52\n");
   EXPECT_THAT(desk.Screen.Output, EndsWith("      1    0.0 s   N right  E right  S right  W right\n"
                                            "      2    0.0 s   stopped\n\n1 of 3 boards right.\n"));
 }
@@ -50,7 +58,7 @@ TEST(DealFault, OfTheMechanicsIsCancelledUnderYesToo) {
   for (const bool yes : {false, true}) {
     DealDesk desk(1, 2, yes, WithFault(kCardJam));
     EXPECT_EQ(desk.Deal(), kFailed);
-    EXPECT_EQ(desk.Screen.Errors, "Card Jam Error\nError Code: 9\n");
+    EXPECT_EQ(desk.Screen.Errors, kJamText);
     EXPECT_THAT(desk.Screen.Output, HasSubstr("0 of 2 boards right."));
     EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 9"));
   }
@@ -83,7 +91,7 @@ TEST(DealFault, OfTheMechanicsOffersItsOneButton) {
   desk.Screen.Lines = {"1", "2", "3"};
   EXPECT_EQ(desk.Deal(), kFailed);
   const std::string prompt = "3 Cancel  ? ";
-  EXPECT_EQ(desk.Screen.Errors, "Card Jam Error\nError Code: 9\n" + prompt + prompt + prompt);
+  EXPECT_EQ(desk.Screen.Errors, kJamText + prompt + prompt + prompt);
   EXPECT_THAT(desk.Screen.Lines, IsEmpty());
 }
 
@@ -119,7 +127,8 @@ struct CheckDesk : DealDesk {
     Machine.InsertBoard(5);
   }
   static constexpr const char* kText =
-      "Incorrect board inserted\nExpected board no: 1  -  Inserted board no: 5\nError Code: 65\n";
+      "Incorrect board inserted\nExpected board no: 1  -  Inserted board no: 5\nError Code: "
+      "65\nBoard 1\n";
   static constexpr const char* kPrompt = "1 Try again  2 Cancel  3 Deal to the current board  ? ";
 };
 
@@ -159,7 +168,7 @@ TEST(WrongBoard, AnUnreadableLabelIsNamedSo) {
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_EQ(desk.Screen.Errors,
             "Cannot read board number\nPlease check if board has correct Board Number Label\n"
-            "Error Code: 64\n");
+            "Error Code: 64\nBoard 1\n");
 }
 
 TEST(DealInterrupt, InTheMiddleOfABoardHasTheMachineBreak) {

@@ -116,8 +116,10 @@ TEST_F(DealEndToEnd, AFaultIsAnsweredAtTheTerminalAndTheEndOfTheInputCancels) {
   SetFile("set.pbn", 1, 1);
   const bridges::ScriptedPeer terminal;
   const std::string prompt = "1 Continue  2 Cancel  ? ";
-  const std::string first = "Duplicate Card Error\nError Code: 54\n" + prompt;
-  const std::string second = "Card Recognition Error\nError Code: 25\n" + prompt;
+  const std::string first =
+      "Duplicate Card Error\nError Code: 54\nBoard 1, card 10 of 52\n" + prompt;
+  const std::string second =
+      "Card Recognition Error\nError Code: 25\nBoard 1, card 20 of 52\n" + prompt;
   Process process(Deal("simulated,speed=0,fault=1:10:54,fault=1:20:25"),
                   {folder.Path(), terminal.Path()});
   ASSERT_TRUE(process.Until([&] { return process.Err() == first; }));

@@ -1,4 +1,4 @@
-#include "machine/deal_hand.h"
+#include "machine/hand_list.h"
 #include "machine/run_fixture.h"
 
 namespace morvane::machine {

@@ -32,6 +32,25 @@ TEST_F(Errors, SeveralErrorsAreListedEach) {
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 30 55 60 OK");
 }
 
+TEST_F(Errors, EachNamesItsBoardAndTheCardBehindThoseInTheLog) {
+  paper.Codes = {30, 55, 60};
+  paper.CardsLogged = 16;
+  view.Answers = {[this](ErrorDialog& dialog) {
+                    paper.CardsLogged = 0;
+                    dialog.PressContinue();
+                  },
+                  [this](ErrorDialog& dialog) {
+                    paper.CardsLogged = 52;  // all have fallen: it is none of them
+                    dialog.PressContinue();
+                  },
+                  Continue};
+  Contact();
+  run.Walk(BoardWalk::Step::kNext);
+  run.cmdDeal();
+  EXPECT_THAT(view.Places,
+              ElementsAre("Board 2, card 17 of 52", "Board 2, card 1 of 52", "Board 2"));
+}
+
 TEST_F(Errors, CancelStopsTheBoardAndOffersItAgain) {
   paper.Codes = {54};
   view.Answers = {Cancel};

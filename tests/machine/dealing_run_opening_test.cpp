@@ -216,12 +216,11 @@ TEST_F(Opening, TheTestButtonFetchesTheTestText) {
     return plain[0] == 0x1E ? test::OnTheWire(text, 21) : wire;
   };
   run.Command1();
-  EXPECT_EQ(run.Window().TestText.substr(0, 16), "9 200  10 0  11 ");
-  EXPECT_EQ(memory.TestText, run.Window().TestText);
+  EXPECT_EQ(run.TestText().substr(0, 16), "9 200  10 0  11 ");
   DealingRun later(desk.Prog, machine, memory);
   machine.Link.UsbHandle = 7;
   later.Open(view);
-  EXPECT_EQ(later.Window().TestText, memory.TestText) << "it stays until the program ends";
+  EXPECT_EQ(later.TestText(), run.TestText()) << "it stays until the program ends";
 }
 
 }  // namespace

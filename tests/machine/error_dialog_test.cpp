@@ -29,11 +29,11 @@ class ErrorDialogTest : public ::testing::Test {
 
   ErrorDialog Dialog(int code) {
     machine.MachineError = static_cast<std::uint8_t>(code);
-    return {desk.Prog, machine, kStop};
+    return {desk.Prog, machine, kStop, Fault{.Board = 5}};
   }
   /// Board `read` is in the slot in place of board 12.
   ErrorDialog WrongBoardDialog(int read) {
-    return {desk.Prog, machine, kDealAnyway, WrongBoard{12, read}};
+    return {desk.Prog, machine, kDealAnyway, Fault{.Board = 12, .Label = read}};
   }
 
   /// Runs the dialog until it closes; its answer.
@@ -123,6 +123,24 @@ TEST_F(ErrorDialogTest, AnUnreadableLabelIs64AndAWrongBoard65) {
   EXPECT_EQ(wrong.Cancel2.Caption, "Deal to the current board");
   EXPECT_TRUE(wrong.Continue_button.Visible && wrong.Cancel_button.Visible &&
               wrong.Cancel2.Visible);
+}
+
+TEST_F(ErrorDialogTest, NamesTheBoardAndTheCardWhereItIsKnown) {
+  machine.MachineError = 25;
+  const auto place = [this](const Fault& fault) {
+    return ErrorDialog(desk.Prog, machine, kStop, fault).Error_board;
+  };
+  EXPECT_EQ(place({.Board = 5}), "Board 5");
+  EXPECT_EQ(place({.Board = 640, .Card = 17}), "Board 640, card 17 of 52");
+  EXPECT_EQ(WrongBoardDialog(3).Error_board, "Board 12");
+}
+
+TEST_F(ErrorDialogTest, IsReadWithoutThePaddingOfTheCatalogueButWithTheFaultsOwnBlank) {
+  EXPECT_EQ(Dialog(5).ErrorText(), "Extra Card in South ");
+  EXPECT_EQ(Dialog(21).ErrorText(), "Extra Card in South");
+  EXPECT_EQ(WrongBoardDialog(0).ErrorText(),
+            "Cannot read board number\n"
+            "Please check if board has correct Board Number Label");
 }
 
 TEST_F(ErrorDialogTest, ButtonsGiveTheirAnswers) {

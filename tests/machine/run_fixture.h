@@ -16,12 +16,16 @@ class RecordingView final : public RunView {
   explicit RecordingView(test::TestDesk& desk) : desk_(desk) {}
   void ShowState() override {
     if (OnState) OnState();
+    if (OnStatus) OnStatus();
   }
   void ShowBoard() override { ++BoardsShown; }
-  void ShowControls() override {}
+  void ShowControls() override {
+    if (OnStatus) OnStatus();
+  }
   void FocusDealNext() override { ++Focused; }
   void ShowError(ErrorDialog& dialog) override {
     Errors.push_back(dialog.Error_label + "|" + dialog.Error_code);
+    Places.push_back(dialog.Error_board);
     dialog.Open([] {});
     if (!Answers.empty()) {
       const auto answer = Answers.front();
@@ -33,8 +37,10 @@ class RecordingView final : public RunView {
   void Close() override { ++Closings; }
 
   std::function<void()> OnState;
+  std::function<void()> OnStatus;  ///< in each call that shows the state
   std::deque<std::function<void(ErrorDialog&)>> Answers;
   std::vector<std::string> Errors;
+  std::vector<std::string> Places;
   int BoardsShown = 0;
   int Focused = 0;
   int Closings = 0;

@@ -33,22 +33,29 @@ QLabel* Label(const char* name, const std::string& text, QWidget* parent) {
   return label;
 }
 
+/// Continue and Cancel begin with the same letter.
+QString WithLetter(const std::string& caption) {
+  return ToQt(caption == "Cancel" ? "C&ancel" : "&" + caption);
+}
+
 }  // namespace
 
 ErrorDisp::ErrorDisp(ErrorDialog& dialog, QWidget* parent) : QDialog(parent), dialog_(dialog) {
   setObjectName("Error_disp");
   setWindowTitle("Dealing Error");
 
-  auto* text = Label("Error_label", WithoutPadding(dialog.Error_label), this);
+  auto* text = Label("Error_label", dialog.ErrorText(), this);
   QFont large = text->font();
   large.setPointSizeF(large.pointSizeF() * 1.25);
   large.setBold(true);
   text->setFont(large);
   auto* code = Label("Error_code", dialog.Error_code, this);
+  auto* board = Label("Error_board", dialog.Error_board, this);
 
   auto* words = new QVBoxLayout;
   words->addWidget(text);
   words->addWidget(code);
+  words->addWidget(board);
   words->addStretch();
   auto* body = new QWidget(this);
   auto* top = new QHBoxLayout(body);
@@ -63,7 +70,7 @@ ErrorDisp::ErrorDisp(ErrorDialog& dialog, QWidget* parent) : QDialog(parent), di
   row->addStretch();
   bool first = true;
   const auto addButton = [&](const char* name, const ErrorDialog::Button& button, auto press) {
-    auto* control = new QPushButton(ToQt(button.Caption), this);
+    auto* control = new QPushButton(WithLetter(button.Caption), this);
     control->setObjectName(name);
     control->setVisible(button.Visible);
     connect(control, &QPushButton::clicked, this, press);

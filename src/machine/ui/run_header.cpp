@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "machine/dealing_run.h"
+#include "machine/run_status.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
@@ -22,22 +22,6 @@ const char* ColourOf(int state) {
       return "#c0392b";
     default:
       return "#6f6f6f";
-  }
-}
-
-const char* Progress(const DealingRun& run) {
-  if (run.Cards().Leaving()) return "Leaving when the machine has stopped ...";
-  const bool fault = run.TheMachine().MachineState == Machine::kError;
-  if (run.Running()) return fault ? "The machine has stopped" : "Dealing ...";
-  switch (run.LastOutcome()) {
-    case DealingRun::Outcome::kDealt:
-      return "Last board dealt";
-    case DealingRun::Outcome::kStopped:
-      return "Last board not finished";
-    case DealingRun::Outcome::kLinkLost:
-      return "Connection lost";
-    default:
-      return run.Options().MachineKnown ? "Ready to deal" : "Waiting for the machine ...";
   }
 }
 
@@ -110,7 +94,7 @@ QLayout* RunHeader::PlaceFile() {
 void RunHeader::ShowState(const DealingRun& run) {
   ShowStatus(run.TheMachine().MachineState);
   ShowNow(*txtDealTime_, ToQt(run.Cards().txtDealTime));
-  ShowNow(*lblProgress_, Progress(run));
+  ShowNow(*lblProgress_, ToQt(StatusLine(StatusOf(run))));
 }
 
 void RunHeader::ShowStatus(int state) {

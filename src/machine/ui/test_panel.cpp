@@ -31,7 +31,7 @@ void TestPanel::Show() {
   setVisible(run_.Window().Command1Shown);
   Command1_->setEnabled(run_.Window().Controls.Options);
   // Setting it anew would scroll it back.
-  const QString text = ToQt(run_.Window().TestText);
+  const QString text = ToQt(run_.TestText());
   if (TestText_->toPlainText() != text) TestText_->setPlainText(text);
 }
 

@@ -1,4 +1,6 @@
 #include <QPushButton>
+#include <QTest>
+#include <algorithm>
 
 #include "machine/ui/run_window.h"
 
@@ -7,13 +9,14 @@ namespace {
 
 using ErrorDisp = RunWindow;
 
-/// The visible buttons' captions, joined by "|".
+/// The visible buttons' captions as they read, joined by "|".
 std::string Buttons(const QWidget& error) {
   std::string captions;
   for (const char* name : {"Continue_button", "Cancel_button", "Cancel2"}) {
     if (!test::Visible(error, name)) continue;
     captions += (captions.empty() ? "" : "|") + test::TextOf(error, name);
   }
+  captions.erase(std::remove(captions.begin(), captions.end(), '&'), captions.end());
   return captions;
 }
 
@@ -30,6 +33,46 @@ TEST_F(ErrorDisp, ARecognitionErrorCanBeContinuedOrCancelled) {
   Click("cmdDeal");
   EXPECT_TRUE(LiesInThePockets(1));
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 25 OK");
+}
+
+TEST_F(ErrorDisp, NamesTheBoardAndTheCardThatItStoppedAt) {
+  Contact();
+  MeanwhileAt(4600, [this] { simulated.CauseFault(25); });  // a card every 0.28 s: 16 have fallen
+  desk.When("Error_disp", [](QWidget& error) {
+    EXPECT_EQ(test::TextOf(error, "Error_board"), "Board 1, card 17 of 52");
+    test::Click(error, "Cancel_button");
+  });
+  Click("cmdDeal");
+}
+
+TEST_F(ErrorDisp, KeepsTheBlankBehindAText) {
+  Contact();
+  MeanwhileAt(4000, [this] { simulated.CauseFault(5); });
+  desk.When("Error_disp", [](QWidget& error) {
+    EXPECT_EQ(test::TextOf(error, "Error_label"), "Extra Card in South ");
+    test::Click(error, "Cancel2");
+  });
+  Click("cmdDeal");
+}
+
+/// Presses the button's letter in the dialog; it stays down for a moment.
+void PressLetter(QWidget& error, Qt::Key letter, const char* name) {
+  const auto& button = test::Find<QPushButton>(error, name);
+  error.activateWindow();
+  test::Press(error, letter, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !button.isDown(); }));
+}
+
+TEST_F(ErrorDisp, ContinueAndCancelHaveLetters) {
+  Contact();
+  MeanwhileAt(4000, [this] { simulated.CauseFault(25); });
+  desk.When("Error_disp", [this](QWidget& error) {
+    MeanwhileAt(3000, [this] { simulated.CauseFault(54); });
+    PressLetter(error, Qt::Key_C, "Continue_button");
+  });
+  desk.When("Error_disp", [](QWidget& error) { PressLetter(error, Qt::Key_A, "Cancel_button"); });
+  Click("cmdDeal");
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 25 54");
 }
 
 TEST_F(ErrorDisp, EachFaultOfABoardBringsItBack) {
@@ -129,7 +172,8 @@ TEST_F(WrongBoard, IsNamedWithItsThreeAnswers) {
               "Incorrect board inserted\nExpected board no: 1  -  Inserted board no: 3");
     EXPECT_EQ(test::TextOf(error, "Error_code"), "Error Code: 65");
     EXPECT_EQ(Buttons(error), "Try again|Cancel|Deal to the current board");
-    test::Click(error, "Cancel2");
+    EXPECT_EQ(test::TextOf(error, "Error_board"), "Board 1");
+    PressLetter(error, Qt::Key_D, "Cancel2");
   });
   Click("cmdDeal");
   EXPECT_TRUE(LiesInThePockets(1));
@@ -139,7 +183,7 @@ TEST_F(WrongBoard, IsNamedWithItsThreeAnswers) {
 TEST_F(WrongBoard, TryAgainChecksAnew) {
   desk.When("Error_disp", [this](QWidget& error) {
     simulated.InsertBoard(1);
-    test::Click(error, "Continue_button");
+    PressLetter(error, Qt::Key_T, "Continue_button");
   });
   Click("cmdDeal");
   EXPECT_TRUE(LiesInThePockets(1));
