@@ -21,6 +21,10 @@ constexpr UsbXpress::Handle kHandle = 1;
 constexpr std::uint32_t kVersionHigh = 0x00030001;
 constexpr std::uint32_t kVersionLow = 0;
 
+/// Bytes. The longest reply has 136, and a late one may come before it.
+constexpr qint64 kMostUnread = 2048;
+constexpr qint64 kMostHeld = 2 * kMostUnread;
+
 std::string DevicePath(const std::string& path) {
 #ifdef _WIN32
   return path;
@@ -51,6 +55,10 @@ bool Gone(const QSerialPort& port) {
 SerialBridge::SerialBridge(const std::string& path) : path_(DevicePath(path)) {
   port_.setPortName(QString::fromStdString(path_));
   port_.setBaudRate(static_cast<qint32>(kBaudRate));
+  port_.setReadBufferSize(kMostHeld);
+  // Not inside a read, which may wait for just these bytes.
+  QObject::connect(
+      &port_, &QSerialPort::readyRead, &port_, [this] { DropBabble(); }, Qt::QueuedConnection);
   // Left open, a lost device would wake the event loop without end. The port must not be closed
   // inside its own signal.
   QObject::connect(
@@ -73,6 +81,11 @@ bool SerialBridge::Usable(Handle handle) const { return Opened(handle) && port_.
 
 void SerialBridge::CloseWhenGone() {
   if (port_.isOpen() && Gone(port_)) port_.close();
+}
+
+/// A full buffer would block the line in both directions, so it is emptied before.
+void SerialBridge::DropBabble() {
+  if (port_.isOpen() && port_.bytesAvailable() > kMostUnread) port_.readAll();
 }
 
 UsbXpress::Status SerialBridge::GetDllVersion(std::uint32_t& high, std::uint32_t& low) {
@@ -142,6 +155,7 @@ UsbXpress::Status SerialBridge::Write(Handle handle, std::span<const std::uint8_
   written = 0;
   if (!Opened(handle)) return kInvalidHandle;
   if (!port_.isOpen()) return kWriteError;
+  DropBabble();
   const QDeadlineTimer deadline(writeTime_, Qt::PreciseTimer);
   const auto size = static_cast<qint64>(bytes.size());
   if (port_.write(reinterpret_cast<const char*>(bytes.data()), size) != size) return kWriteError;

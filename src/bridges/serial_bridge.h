@@ -11,7 +11,7 @@ namespace morvane::bridges {
 /// The bridge as the operating system's own driver shows it: a serial device, or a pseudo-terminal,
 /// at 115200 8N1. It is the only device of its library. Needs a `QCoreApplication`; no event runs
 /// inside a read or a write. A device that is gone gives short counts at once until it is opened
-/// anew.
+/// anew. A line that babbles costs no memory: what nobody reads is dropped.
 class SerialBridge final : public UsbXpress {
  public:
   /// `path` is a device file or the system's short name of one ("ttyUSB0", "COM3").
@@ -41,6 +41,7 @@ class SerialBridge final : public UsbXpress {
   [[nodiscard]] bool Opened(Handle handle) const;
   [[nodiscard]] bool Usable(Handle handle) const;
   void CloseWhenGone();
+  void DropBabble();
 
   std::string path_;
   QSerialPort port_;

@@ -21,6 +21,16 @@ void ScriptedPeer::Send(const Bytes& bytes) const {
   EXPECT_EQ(write(file_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
+std::size_t ScriptedPeer::SendSome(const Bytes& bytes) const {
+  pollfd ready{file_, POLLOUT, 0};
+  if (poll(&ready, 1, 10) <= 0) return 0;
+  const int flags = fcntl(file_, F_GETFL);
+  fcntl(file_, F_SETFL, flags | O_NONBLOCK);
+  const ssize_t sent = write(file_, bytes.data(), bytes.size());
+  fcntl(file_, F_SETFL, flags);
+  return sent > 0 ? static_cast<std::size_t>(sent) : 0;
+}
+
 Bytes ScriptedPeer::Take(std::size_t count) const { return TakeUpTo(count, 1000); }
 
 Bytes ScriptedPeer::TakeAll(int ms) const {

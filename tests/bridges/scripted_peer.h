@@ -21,6 +21,8 @@ class ScriptedPeer {
   /// The device that the bridge opens.
   [[nodiscard]] const std::string& Path() const { return path_; }
   void Send(const Bytes& bytes) const;
+  /// As many of `bytes` as the line takes within 10 ms.
+  [[nodiscard]] std::size_t SendSome(const Bytes& bytes) const;
   /// Waits for `count` bytes; fewer when nothing comes for a second.
   [[nodiscard]] Bytes Take(std::size_t count) const;
   /// What lies there now and within `ms` of the last byte.

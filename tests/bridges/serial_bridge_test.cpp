@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <numeric>
@@ -423,6 +424,59 @@ TEST(SerialBridge, WhatIsNoDeviceIsNotFound) {
     EXPECT_EQ(handle, kNoHandle);
   }
   EXPECT_EQ(test::Content(folder / "plain"), "x");
+}
+
+/// Sends without a pause until it is stopped.
+class Babble {
+ public:
+  explicit Babble(const ScriptedPeer& peer)
+      : thread_([this, &peer] {
+          const Bytes bytes = CountedBytes(1024);
+          while (!over_) sent_ += peer.SendSome(bytes);
+        }) {}
+  ~Babble() { Stop(); }
+  Babble(const Babble&) = delete;
+  Babble& operator=(const Babble&) = delete;
+  void Stop() {
+    over_ = true;
+    if (thread_.joinable()) thread_.join();
+  }
+  [[nodiscard]] std::size_t Sent() const { return sent_; }
+
+ private:
+  std::atomic<bool> over_ = false;
+  std::atomic<std::size_t> sent_ = 0;
+  std::thread thread_;
+};
+
+TEST_F(SerialBridgeTest, ABabblingLineIsDroppedBehindABoxAndKeepsWorking) {
+  Open(20);
+  constexpr std::size_t kPlenty = 1'000'000;
+  Babble babble(peer_);
+  const auto start = steady_clock::now();
+  // As a box does: nobody reads, events pass.
+  while (babble.Sent() < kPlenty && MsSince(start) < kLongMs) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+  }
+  babble.Stop();
+  EXPECT_GE(babble.Sent(), kPlenty) << "what is not kept must not block the line";
+  std::size_t held = 0;
+  while (status_ != UsbXpress::kReadTimedOut) held += Read(512).size();
+  // The bridge's 4 kB, and what the system keeps for a terminal: 64 kB and 4 kB.
+  EXPECT_LE(held, 72U * 1024U);
+
+  peer_.Send({1, 2, 3, 4, 5, 6, 7, 8});
+  EXPECT_EQ(Read(8), (Bytes{1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+TEST_F(SerialBridgeTest, ABabblingLineLetsCommandsOut) {
+  Open(5, kLongMs);
+  Babble babble(peer_);
+  for (int command = 0; command < 50; ++command) {
+    EXPECT_EQ(Write(CountedBytes(8)), 8U);
+    EXPECT_EQ(Read(8).size(), 8U);
+    QCoreApplication::processEvents();
+  }
 }
 
 }  // namespace
