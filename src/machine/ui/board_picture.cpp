@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "machine/board_words.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
@@ -68,7 +69,8 @@ void DrawCentred(QPainter& painter, QPointF at, const QString& text) {
 
 }  // namespace
 
-BoardPicture::BoardPicture(QWidget* parent) : QWidget(parent) {
+BoardPicture::BoardPicture(QWidget* parent) : QWidget(parent), Spoken(QAccessible::Graphic) {
+  setAccessibleName("Board diagram");
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize((kSheet * kLeastScale).toSize());
 }
@@ -76,7 +78,10 @@ BoardPicture::BoardPicture(QWidget* parent) : QWidget(parent) {
 void BoardPicture::Show(BoardDisplay display) {
   display_ = std::move(display);
   update();
+  Announce(*this);
 }
+
+QString BoardPicture::SpokenText() const { return ToQt(BoardInWords(display_)); }
 
 QSize BoardPicture::sizeHint() const { return minimumSize(); }
 

@@ -33,6 +33,7 @@ void CopiesBox::PlaceControls() {
   label->setBuddy(NumberCopies_);
   for (QPushButton* button : {PrevCopy_, NextCopy_}) {
     button->setFixedWidth(2 * button->sizeHint().height());
+    button->setAccessibleName(button->toolTip());
   }
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);

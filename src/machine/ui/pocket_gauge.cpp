@@ -6,6 +6,7 @@
 
 #include "model/tables.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/shown_value.h"
 
 namespace morvane::machine {
 namespace {
@@ -16,12 +17,17 @@ constexpr const char* kGreen = "#2e8b4f";
 constexpr const char* kRed = "#c0392b";
 constexpr const char* kBlank = "#9a9a9a";
 
+QString NameOf(int hand) { return ToQt(HandName[static_cast<std::size_t>(hand)]); }
+QString Numbered(const char* name, int hand) { return name + ("_" + QString::number(hand)); }
+
 }  // namespace
 
 /// Thirteen cells, one a card.
-class PocketGauge::Bar final : public QWidget {
+class PocketGauge::Bar final : public QWidget, public Spoken {
  public:
-  explicit Bar(QWidget* parent) : QWidget(parent) {
+  Bar(const QString& spokenName, QWidget* parent)
+      : QWidget(parent), Spoken(QAccessible::Indicator) {
+    setAccessibleName(spokenName);
     setFixedHeight(8);
     setMinimumWidth(kFull * 5);
   }
@@ -29,6 +35,10 @@ class PocketGauge::Bar final : public QWidget {
     count_ = count;
     colour_ = colour;
     repaint();
+    Announce(*this);
+  }
+  [[nodiscard]] QString SpokenText() const override {
+    return QString("%1 of %2").arg(count_).arg(kFull);
   }
 
  protected:
@@ -48,21 +58,15 @@ class PocketGauge::Bar final : public QWidget {
 
 PocketGauge::PocketGauge(int hand, QWidget* parent)
     : QFrame(parent),
-      lblCnt_(new QLabel(this)),
-      lblHCP_(new QLabel(this)),
+      lblCnt_(new ShownValue(Numbered("lblCnt", hand), NameOf(hand) + " cards", this)),
+      lblHCP_(new ShownValue(Numbered("lblHCP", hand), NameOf(hand) + " points", this)),
       unit_(new QLabel(this)),
-      bar_(new Bar(this)) {
-  const QString suffix = "_" + QString::number(hand);
-  const QString name = ToQt(HandName[static_cast<std::size_t>(hand)]);
+      bar_(new Bar(NameOf(hand) + " pocket", this)) {
   setFrameShape(QFrame::StyledPanel);
-  auto* title = new QLabel(name, this);
+  auto* title = new QLabel(NameOf(hand), this);
   title->setAlignment(Qt::AlignCenter);
-  lblCnt_->setObjectName("lblCnt" + suffix);
-  lblCnt_->setAccessibleName(name + " cards");
   lblCnt_->setAlignment(Qt::AlignCenter);
   lblCnt_->setMinimumWidth(2 * kCountPixels);
-  lblHCP_->setObjectName("lblHCP" + suffix);
-  lblHCP_->setAccessibleName(name + " points");
   lblHCP_->setToolTip("High-card points");
   lblHCP_->setAlignment(Qt::AlignCenter);
   auto* points = new QHBoxLayout;
@@ -91,13 +95,13 @@ void PocketGauge::ShowCount(std::optional<int> count, Mood mood) {
                                  "font-weight:bold; font-size:%2px;")
                              .arg(colour)
                              .arg(kCountPixels));
-  lblCnt_->setText(text);
+  lblCnt_->Show(text);
   lblCnt_->repaint();
   bar_->Show(count.value_or(0), QColor(colour));
 }
 
 void PocketGauge::ShowHcp(const std::string& points) {
-  lblHCP_->setText(ToQt(points));
+  lblHCP_->Show(ToQt(points));
   unit_->setText(points.empty() ? "" : "HCP");
 }
 

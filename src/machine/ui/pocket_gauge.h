@@ -6,6 +6,10 @@
 
 class QLabel;
 
+namespace morvane {
+class ShownValue;
+}
+
 namespace morvane::machine {
 
 /// One pocket: whose it is, how many cards lie in it (`lblCnt_1` North to `lblCnt_4` West), how far
@@ -21,8 +25,8 @@ class PocketGauge final : public QFrame {
 
  private:
   class Bar;
-  QLabel* lblCnt_;
-  QLabel* lblHCP_;
+  ShownValue* lblCnt_;
+  ShownValue* lblHCP_;
   QLabel* unit_;
   Bar* bar_;
   QString look_;

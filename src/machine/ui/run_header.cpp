@@ -8,6 +8,7 @@
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
+#include "platform/qt/shown_value.h"
 
 namespace morvane::machine {
 namespace {
@@ -26,9 +27,9 @@ const char* ColourOf(int state) {
 }
 
 /// Events wait while the machine is asked, so a changed text is painted at once.
-void ShowNow(QLabel& label, const QString& text) {
+void ShowNow(ShownValue& label, const QString& text) {
   if (label.text() == text) return;
-  label.setText(text);
+  label.Show(text);
   label.repaint();
 }
 
@@ -36,7 +37,7 @@ void ShowNow(QLabel& label, const QString& text) {
 
 RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
   MakeStatus();
-  lblProgress_ = AddLabel("lblProgress");
+  lblProgress_ = new ShownValue("lblProgress", "Progress of the run", this);
   MakeDealTime();
   txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
   txtFile_->setFocusPolicy(Qt::ClickFocus);
@@ -47,31 +48,23 @@ RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
   header->addLayout(PlaceFile());
 }
 
-QLabel* RunHeader::AddLabel(const char* name) {
-  auto* label = new QLabel(this);
-  label->setObjectName(name);
-  return label;
-}
-
 void RunHeader::MakeStatus() {
-  txtStatus_ = AddLabel("txtStatus");
-  txtStatus_->setAccessibleName("State of the machine");
+  txtStatus_ = new ShownValue("txtStatus", "State of the machine", this);
   txtStatus_->setAlignment(Qt::AlignCenter);
   txtStatus_->setFont(Enlarged(txtStatus_->font(), 1.2));
   txtStatus_->setMinimumWidth(txtStatus_->fontMetrics().horizontalAdvance("Illegal (0)") + 24);
 }
 
 void RunHeader::MakeDealTime() {
-  txtDealTime_ = AddLabel("txtDealTime");
-  txtDealTime_->setAccessibleName("Deal time in seconds");
+  txtDealTime_ = new ShownValue("txtDealTime", "Deal time in seconds", this);
   txtDealTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   txtDealTime_->setFont(Enlarged(txtDealTime_->font(), 1.4));
   txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("0000.0"));
 }
 
 QLayout* RunHeader::PlaceState() {
-  auto* lblRun = AddLabel("lblRun");
-  lblRun->setText(" Dealing Boards ");
+  auto* lblRun = new QLabel(" Dealing Boards ", this);
+  lblRun->setObjectName("lblRun");
   lblRun->setFont(Enlarged(lblRun->font(), 1.4));
   auto* state = new QHBoxLayout;
   state->setSpacing(kRunSpacing);
@@ -83,7 +76,9 @@ QLayout* RunHeader::PlaceState() {
 
 QLayout* RunHeader::PlaceFile() {
   auto* file = new QHBoxLayout;
-  file->addWidget(new QLabel("File Name:", this));
+  auto* label = new QLabel("File Name:", this);
+  label->setBuddy(txtFile_);
+  file->addWidget(label);
   file->addWidget(txtFile_, 1);
   file->addSpacing(kRunSpacing);
   file->addWidget(new QLabel("Deal Time (s):", this));

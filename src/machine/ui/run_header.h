@@ -3,12 +3,12 @@
 #include <QWidget>
 #include <string>
 
-class QLabel;
 class QLayout;
 
 namespace morvane {
 class ShownText;
-}
+class ShownValue;
+}  // namespace morvane
 
 namespace morvane::machine {
 
@@ -25,16 +25,15 @@ class RunHeader final : public QWidget {
   void ShowFile(const std::string& path);
 
  private:
-  QLabel* AddLabel(const char* name);
   void MakeStatus();
   void MakeDealTime();
   QLayout* PlaceState();
   QLayout* PlaceFile();
   void ShowStatus(int state);
 
-  QLabel* txtStatus_ = nullptr;
-  QLabel* lblProgress_ = nullptr;
-  QLabel* txtDealTime_ = nullptr;
+  ShownValue* txtStatus_ = nullptr;
+  ShownValue* lblProgress_ = nullptr;
+  ShownValue* txtDealTime_ = nullptr;
   ShownText* txtFile_ = nullptr;
 };
 

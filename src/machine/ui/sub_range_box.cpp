@@ -7,6 +7,7 @@
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/shown_value.h"
 
 namespace morvane::machine {
 
@@ -15,17 +16,11 @@ SubRangeBox::SubRangeBox(DealingRun& run, QWidget* parent)
       run_(run),
       Subfrom_(NewNumberBox("Subfrom", "First board to deal", kMaxBoards, this)),
       Subto_(NewNumberBox("Subto", "Last board to deal", kMaxBoards, this)),
-      Subfirst_(AddLimit("Subfirst")),
-      Sublast_(AddLimit("Sublast")) {
+      Subfirst_(new ShownValue("Subfirst", "First board of the set", this)),
+      Sublast_(new ShownValue("Sublast", "Last board of the set", this)) {
   PlaceControls();
   Subfrom_->OnLeave = [&run](const std::string& text) { run.LeaveSubfrom(text); };
   Subto_->OnLeave = [&run](const std::string& text) { run.LeaveSubto(text); };
-}
-
-QLabel* SubRangeBox::AddLimit(const char* name) {
-  auto* label = new QLabel(this);
-  label->setObjectName(name);
-  return label;
 }
 
 void SubRangeBox::PlaceControls() {
@@ -65,8 +60,8 @@ void SubRangeBox::ShowNumbers(const BoardSet& set) {
   ShowNumberIn(*Subto_, range.RunLast);
   Subfrom_->SetLimit(set.LastBoard);
   Subto_->SetLimit(set.LastBoard);
-  Subfirst_->setText(QString::number(set.FirstBoard));
-  Sublast_->setText(QString::number(set.LastBoard));
+  Subfirst_->Show(QString::number(set.FirstBoard));
+  Sublast_->Show(QString::number(set.LastBoard));
 }
 
 }  // namespace morvane::machine

@@ -6,11 +6,10 @@
 #include "machine/run_view.h"
 #include "model/board_set.h"
 
-class QLabel;
-
 namespace morvane {
 class NumberEdit;
-}
+class ShownValue;
+}  // namespace morvane
 
 namespace morvane::machine {
 
@@ -26,15 +25,14 @@ class SubRangeBox final : public QWidget {
   [[nodiscard]] std::optional<RangeTexts> Texts() const;
 
  private:
-  QLabel* AddLimit(const char* name);
   void PlaceControls();
   void ShowNumbers(const BoardSet& set);
 
   DealingRun& run_;
   NumberEdit* Subfrom_;
   NumberEdit* Subto_;
-  QLabel* Subfirst_;
-  QLabel* Sublast_;
+  ShownValue* Subfirst_;
+  ShownValue* Sublast_;
 };
 
 }  // namespace morvane::machine

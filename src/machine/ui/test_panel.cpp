@@ -18,6 +18,7 @@ TestPanel::TestPanel(DealingRun& run, QWidget* parent)
           this)),
       TestText_(new QPlainTextEdit(this)) {
   TestText_->setObjectName("TestText");
+  TestText_->setAccessibleName("Diagnosis of the machine");
   TestText_->setReadOnly(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

@@ -12,6 +12,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 #include "shell/start_up.h"
 #include "shell/ui/menu_bar.h"
@@ -48,8 +49,7 @@ MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(s
 
 void MainMenu::MakeStatusBar() {
   statusBar()->setObjectName("StatusBar1");
-  panel_ = new QLabel(this);
-  panel_->setObjectName("Panel1");
+  panel_ = new ShownValue("Panel1", "Status", this);
   panel_->setTextFormat(Qt::PlainText);
   lblVersion_ = new QLabel(this);
   lblVersion_->setObjectName("lblVersion");
@@ -78,7 +78,7 @@ QtUi::MainWindow MainMenu::ForUi() {
           [this] { RefreshSet(); }};
 }
 
-void MainMenu::Status(const std::string& text) { panel_->setText(ToQt(WithoutPadding(text))); }
+void MainMenu::Status(const std::string& text) { panel_->Show(ToQt(WithoutPadding(text))); }
 
 void MainMenu::RefreshSet() {
   program_.Set.CountCompleted();

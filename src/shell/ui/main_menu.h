@@ -8,6 +8,10 @@
 
 class QLabel;
 
+namespace morvane {
+class ShownValue;
+}
+
 namespace morvane::shell {
 
 class SetHeader;
@@ -47,7 +51,7 @@ class MainMenu final : public QMainWindow {
   SetNumbers* numbers_ = nullptr;
   StatisticsPanel* statistics_ = nullptr;
   QLabel* lblVersion_ = nullptr;
-  QLabel* panel_ = nullptr;
+  ShownValue* panel_ = nullptr;
   bool activated_ = false;
 };
 

@@ -38,7 +38,9 @@ ShownText* SetNumbers::AddNumber(QGridLayout& grid, int row, int column, const c
   auto* box = new ShownText(name, tip, this);
   box->setFixedWidth(kNumberWidth);
   box->setAlignment(Qt::AlignRight);
-  grid.addWidget(new QLabel(caption, this), row, column);
+  auto* label = new QLabel(caption, this);
+  label->setBuddy(box);
+  grid.addWidget(label, row, column);
   grid.addWidget(box, row, column + 1);
   return box;
 }

@@ -63,6 +63,8 @@ StatisticsPanel::StatisticsPanel(QWidget* parent)
       lbxShapes_(NewListView("lbxShapes", "Actual and expected Hand shapes",
                              {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}},
                              this)) {
+  HandStat_->setAccessibleName("Hand Statistics");
+  lbxShapes_->setAccessibleName("Hand Shapes");
   auto* hands = new QVBoxLayout;
   hands->addWidget(new QLabel("Hand Statistics:", this));
   hands->addWidget(HandStat_, 1);

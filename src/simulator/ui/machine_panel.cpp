@@ -14,6 +14,7 @@
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -87,21 +88,16 @@ QPushButton* MachinePanel::AddButton(const char* name, const char* caption,
   return button;
 }
 
-NumberEdit* MachinePanel::AddNumberBox(const char* name, int limit) {
+NumberEdit* MachinePanel::AddNumberBox(const char* name, const char* spokenName, int limit) {
   auto* box = new NumberEdit(limit, this);
   box->setObjectName(name);
+  box->setAccessibleName(spokenName);
   box->setFixedWidth(box->fontMetrics().horizontalAdvance("0000000"));
   return box;
 }
 
-QLabel* MachinePanel::AddLabel(const char* name) {
-  auto* label = new QLabel(this);
-  label->setObjectName(name);
-  return label;
-}
-
 QLayout* MachinePanel::MakeState() {
-  state_ = AddLabel("lblState");
+  state_ = new ShownValue("lblState", "State of the simulated machine", this);
   QFont font = state_->font();
   font.setBold(true);
   state_->setFont(font);
@@ -117,8 +113,8 @@ QLayout* MachinePanel::MakeState() {
 }
 
 QWidget* MachinePanel::MakeSlot() {
-  slot_ = AddLabel("lblSlot");
-  board_ = AddNumberBox("txtBoard", kMaxBoards);
+  slot_ = new ShownValue("lblSlot", "Slot", this);
+  board_ = AddNumberBox("txtBoard", "Board to insert", kMaxBoards);
   board_->ShowNumber(1);
   auto* insert = AddButton("cmdInsert", "&Insert", [this] { InsertBoard(board_->Number()); });
   auto* next =
@@ -140,10 +136,10 @@ QWidget* MachinePanel::MakeSlot() {
 }
 
 QWidget* MachinePanel::MakeFault() {
-  code_ = AddNumberBox("txtCode", kHighestCode);
+  code_ = AddNumberBox("txtCode", "Code of the fault", kHighestCode);
   code_->ShowNumber(25);
   code_->OnChange = [this](const std::string&) { ShowFault(); };
-  fault_ = AddLabel("lblFault");
+  fault_ = new ShownValue("lblFault", "Text of the fault", this);
   fault_->setWordWrap(true);
   causeFault_ =
       AddButton("cmdFault", "Cause f&ault", [this] { machine_.CauseFault(code_->Number()); });
@@ -161,13 +157,14 @@ QWidget* MachinePanel::MakePockets() {
   grid->setColumnStretch(1, 1);
   for (int hand = kNorth; hand <= kWest; ++hand) {
     const auto at = static_cast<std::size_t>(hand);
-    pockets_[at] = AddLabel(("lblPocket_" + std::to_string(hand)).c_str());
-    grid->addWidget(new QLabel(ToQt(HandName[at]), group), hand, 0);
+    const QString name = ToQt(HandName[at]);
+    pockets_[at] = new ShownValue("lblPocket_" + QString::number(hand), name + " pocket", this);
+    grid->addWidget(new QLabel(name, group), hand, 0);
     grid->addWidget(pockets_[at], hand, 1);
   }
   std::vector<int> longest(kCards / kHands);
   std::iota(longest.begin(), longest.end(), 1);
-  pockets_[kNorth]->setText(PileText(longest));
+  pockets_[kNorth]->Show(PileText(longest));
   pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
   return group;
 }
@@ -195,21 +192,21 @@ void MachinePanel::SwitchPower() {
 void MachinePanel::ShowFault() {
   const int code = code_->Number();
   causeFault_->setEnabled(code > 0);
-  fault_->setText(code > 0 ? ToQt(wire::TextOfError(code).Text).trimmed() : QString());
+  fault_->Show(code > 0 ? ToQt(wire::TextOfError(code).Text).trimmed() : QString());
 }
 
 void MachinePanel::ShowMachine() {
   const std::uint64_t changed = machine_.Changed() * 2 + (machine_.PowerIsOn() ? 1 : 0);
-  state_->setText(ToQt(machine_.StateText()));
+  state_->Show(ToQt(machine_.StateText()));
   power_->setText(machine_.PowerIsOn() ? "Power o&ff" : "Power o&n");
-  slot_->setText(inserted_ == 0 ? QString("The slot is empty")
-                                : QString("Board %1 is in the slot").arg(inserted_));
+  slot_->Show(inserted_ == 0 ? QString("The slot is empty")
+                             : QString("Board %1 is in the slot").arg(inserted_));
   remove_->setEnabled(inserted_ != 0);
   if (changed == shown_) return;
   shown_ = changed;
   const auto piles = machine_.CardsByHand();
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->setText(PileText(piles[hand]));
+    pockets_[hand]->Show(PileText(piles[hand]));
   }
 }
 

@@ -10,13 +10,13 @@
 #include "platform/event_loop.h"
 #include "simulator/simulated_machine.h"
 
-class QLabel;
 class QLayout;
 class QPushButton;
 
 namespace morvane {
 class NumberEdit;
-}
+class ShownValue;
+}  // namespace morvane
 
 namespace morvane::simulator {
 
@@ -32,8 +32,7 @@ class MachinePanel final : public QWidget {
 
  private:
   QPushButton* AddButton(const char* name, const char* caption, std::function<void()> press);
-  NumberEdit* AddNumberBox(const char* name, int limit);
-  QLabel* AddLabel(const char* name);
+  NumberEdit* AddNumberBox(const char* name, const char* spokenName, int limit);
   QLayout* MakeState();
   QWidget* MakeSlot();
   QWidget* MakeFault();
@@ -50,16 +49,16 @@ class MachinePanel final : public QWidget {
   int lastInserted_ = 0;
   std::uint64_t shown_ = ~std::uint64_t{0};
 
-  QLabel* state_ = nullptr;
+  ShownValue* state_ = nullptr;
   QPushButton* power_ = nullptr;
   QPushButton* pedal_ = nullptr;
-  QLabel* slot_ = nullptr;
+  ShownValue* slot_ = nullptr;
   NumberEdit* board_ = nullptr;
   QPushButton* remove_ = nullptr;
   NumberEdit* code_ = nullptr;
-  QLabel* fault_ = nullptr;
+  ShownValue* fault_ = nullptr;
   QPushButton* causeFault_ = nullptr;
-  std::array<QLabel*, kHands + 1> pockets_{};
+  std::array<ShownValue*, kHands + 1> pockets_{};
   std::unique_ptr<Timer> refresh_;
 };
 
