@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "machine/board_words.h"
+#include "machine/ui/run_colours.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
@@ -33,16 +34,11 @@ constexpr qreal kColumn = 30;
 
 constexpr std::array<const char*, kSuits + 1> kGlyphs{"", "♠", "♥", "♦", "♣"};
 
-const QColor kPaper{252, 251, 246};
-const QColor kFrame{176, 172, 158};
-const QColor kSafe{46, 125, 75};
-const QColor kVulnerable{192, 57, 43};
-
 bool IsRed(std::size_t suit) { return suit == 2 || suit == 3; }
 
 QColor CardColour(std::size_t suit, bool dealt) {
-  if (IsRed(suit)) return dealt ? QColor(255, 0, 0) : QColor(255, 128, 128);
-  return dealt ? QColor(0, 0, 0) : QColor(128, 128, 128);
+  if (IsRed(suit)) return dealt ? kRedSuit : kPaleRedSuit;
+  return dealt ? kBlackSuit : kPaleBlackSuit;
 }
 
 QFont SheetFont(qreal size, bool bold = false) {
@@ -88,7 +84,7 @@ QSize BoardPicture::sizeHint() const { return minimumSize(); }
 void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-  painter.setPen(kFrame);
+  painter.setPen(kPaperFrame);
   painter.setBrush(kPaper);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
 
@@ -106,7 +102,7 @@ void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
 void BoardPicture::DrawHeading(QPainter& painter) const {
   QPointF at = kHeading;
   painter.setFont(SheetFont(kTextSize * 1.25, true));
-  painter.setPen(QColor(0, 0, 255));
+  painter.setPen(kBoardNumber);
   DrawLine(painter, at, ToQt(display_.Board).trimmed());
   painter.setFont(SheetFont(kTextSize));
   painter.setPen(Qt::black);
@@ -174,7 +170,7 @@ void BoardPicture::DrawAnalysis(QPainter& painter) const {
   painter.setPen(Qt::black);
   if (!display_.Analyzed) {
     painter.setFont(SheetFont(kTextSize - 3));
-    painter.setPen(QColor(96, 96, 96));
+    painter.setPen(kNote);
     QPointF at = kTable + QPointF(8, kLine);
     for (const char* line : {"Analysis has not", "been completed", "  for this board"}) {
       DrawLine(painter, at, line);

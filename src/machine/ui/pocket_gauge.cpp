@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "machine/ui/run_colours.h"
 #include "model/tables.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_value.h"
@@ -13,9 +14,6 @@ namespace {
 
 constexpr int kFull = kCards / kHands;
 constexpr int kCountPixels = 34;
-constexpr const char* kGreen = "#2e8b4f";
-constexpr const char* kRed = "#c0392b";
-constexpr const char* kBlank = "#9a9a9a";
 
 QString NameOf(int hand) { return ToQt(HandName[static_cast<std::size_t>(hand)]); }
 QString Numbered(const char* name, int hand) { return name + ("_" + QString::number(hand)); }
@@ -87,17 +85,18 @@ PocketGauge::PocketGauge(int hand, QWidget* parent)
 
 void PocketGauge::ShowCount(std::optional<int> count, Mood mood) {
   const QString text = count ? QString::number(*count) : QString();
-  const char* colour = count == kFull ? kGreen : count || mood == Mood::kDealing ? kRed : kBlank;
-  const QString look = text + colour;
+  const bool red = count || mood == Mood::kDealing;
+  const QColor colour = count == kFull ? kGreenGround : red ? kRedGround : kBlank;
+  const QString look = text + colour.name();
   if (look == look_) return;
   look_ = look;
   lblCnt_->setStyleSheet(QString("background:%1; color:white; border-radius:4px; padding:2px;"
                                  "font-weight:bold; font-size:%2px;")
-                             .arg(colour)
+                             .arg(colour.name())
                              .arg(kCountPixels));
   lblCnt_->Show(text);
   lblCnt_->repaint();
-  bar_->Show(count.value_or(0), QColor(colour));
+  bar_->Show(count.value_or(0), colour);
 }
 
 void PocketGauge::ShowHcp(const std::string& points) {

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "machine/run_status.h"
+#include "machine/ui/run_colours.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
@@ -13,16 +14,16 @@
 namespace morvane::machine {
 namespace {
 
-const char* ColourOf(int state) {
+QColor ColourOf(int state) {
   switch (state) {
     case Machine::kIdle:
-      return "#2e8b4f";
+      return kGreenGround;
     case Machine::kBusy:
-      return "#1f6fb5";
+      return kBlueGround;
     case Machine::kError:
-      return "#c0392b";
+      return kRedGround;
     default:
-      return "#6f6f6f";
+      return kGreyGround;
   }
 }
 
@@ -97,7 +98,7 @@ void RunHeader::ShowStatus(int state) {
   if (txtStatus_->text() == text) return;
   txtStatus_->setStyleSheet(
       QString("background:%1; color:white; font-weight:bold; border-radius:4px; padding:4px 12px;")
-          .arg(ColourOf(state)));
+          .arg(ColourOf(state).name()));
   ShowNow(*txtStatus_, text);
 }
 

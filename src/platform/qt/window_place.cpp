@@ -68,12 +68,13 @@ QSize SizeOf(const QWidget& window) {
   return sized ? window.size() : window.sizeHint();
 }
 
-/// A bar beside what scrolls down must not make it scroll sideways too.
-QSize WithBar(QSize size, const QWidget& window, const QSize& room) {
+/// A bar beside what scrolls one way must not make it scroll the other way too.
+QSize WithBars(const QSize& size, const QWidget& window, const QSize& room) {
   const QSize hint = window.sizeHint();
-  if (hint.height() <= room.height()) return size;
   const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &window);
-  return size.expandedTo({hint.width() + bar, 0});
+  const int width = hint.height() > room.height() ? hint.width() + bar : 0;
+  const int height = hint.width() > room.width() ? hint.height() + bar : 0;
+  return size.expandedTo({width, height});
 }
 
 bool IsAbove(const QWidget& other, const QWidget& window) {
@@ -151,7 +152,7 @@ void FitToScreen(QWidget& window, const QRect& available) {
   const QMargins frame = FrameOf(window);
   const QSize room = available.marginsRemoved(frame).size();
   FitBoxText(window, room);
-  const QSize size = WithBar(SizeOf(window), window, room).boundedTo(room);
+  const QSize size = WithBars(SizeOf(window), window, room).boundedTo(room);
   window.resize(size);
   const QWidget* parent = window.parentWidget();
   // A first window stands where the desktop puts it.

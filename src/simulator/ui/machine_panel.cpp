@@ -13,6 +13,7 @@
 
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/readable_colour.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
 #include "wire/machine_errors.h"
@@ -25,11 +26,12 @@ constexpr int kHighestCode = 240;
 constexpr int kMargin = 10;
 constexpr int kPedalHeight = 44;
 constexpr std::array<const char*, kSuits + 1> kSuitMarks{
-    "", "<span>♠</span>", "<span style='color:#c00000'>♥</span>",
-    "<span style='color:#c00000'>♦</span>", "<span>♣</span>"};
+    "", "<span>♠</span>", "<span style='color:%1'>♥</span>", "<span style='color:%1'>♦</span>",
+    "<span>♣</span>"};
+constexpr QColor kRed{192, 0, 0};
 
-/// "13: ♠ AK4 ♥ ..." with the suits in their colours.
-QString PileText(const std::vector<int>& cards) {
+/// "13: ♠ AK4 ♥ ..." with the suits in their colours on the ground of `palette`.
+QString PileText(const std::vector<int>& cards, const QPalette& palette) {
   std::array<QString, kSuits + 1> suits;
   for (int card = 1; card <= kCards; ++card) {
     if (std::find(cards.begin(), cards.end(), card) == cards.end()) continue;
@@ -40,7 +42,7 @@ QString PileText(const std::vector<int>& cards) {
     text += "&nbsp;&nbsp; " + QString::fromUtf8(kSuitMarks[suit]) + "&nbsp;" +
             (suits[suit].isEmpty() ? QString::fromUtf8("–") : suits[suit]);
   }
-  return text;
+  return text.replace("%1", ReadableOn(palette.color(QPalette::Window), kRed).name());
 }
 
 std::array<int, kCards> PackInOrder() {
@@ -74,6 +76,12 @@ MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
 }
 
 MachinePanel::~MachinePanel() = default;
+
+/// The desktop has gone from light to dark or back.
+void MachinePanel::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) shown_ = ~std::uint64_t{0};
+}
 
 void MachinePanel::closeEvent(QCloseEvent* event) { event->ignore(); }
 
@@ -164,7 +172,7 @@ QWidget* MachinePanel::MakePockets() {
   }
   std::vector<int> longest(kCards / kHands);
   std::iota(longest.begin(), longest.end(), 1);
-  pockets_[kNorth]->Show(PileText(longest));
+  pockets_[kNorth]->Show(PileText(longest, palette()));
   pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
   return group;
 }
@@ -206,7 +214,7 @@ void MachinePanel::ShowMachine() {
   shown_ = changed;
   const auto piles = machine_.CardsByHand();
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->Show(PileText(piles[hand]));
+    pockets_[hand]->Show(PileText(piles[hand], palette()));
   }
 }
 

@@ -28,6 +28,7 @@ class MachinePanel final : public QWidget {
   ~MachinePanel() override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "machine/ui/board_picture.h"
+#include "machine/ui/run_colours.h"
 #include "machine/ui/run_window.h"
 #include "model/national_letters.h"
 
@@ -102,6 +103,7 @@ TEST_F(DisplayHandTest, EveryHandHasItsCardsInFullColourBeforeTheDeal) {
   EXPECT_EQ(Letters(display.Hands[kWest][4]), "AKQJT98765432");
   EXPECT_EQ(Letters(display.Hands[kNorth][2]), "");
   EXPECT_THAT(display.lblHCP, ElementsAre("", "10", "10", "10", "10"));
+  EXPECT_GT(Pixels(kRedSuit), 0);
   EXPECT_EQ(Pixels(kPaleRed) + Pixels(kPaleBlack), 0);
 }
 
@@ -119,7 +121,7 @@ TEST_F(DisplayHandTest, HiddenBoardsShowOnlyTheFrame) {
   EXPECT_FALSE(display.HandsShown);
   EXPECT_EQ(Letters(display.Hands[kNorth][1]), "");
   EXPECT_EQ(Text("lblHCP_1") + Text("lblHCP_2") + Text("lblHCP_3") + Text("lblHCP_4"), "");
-  EXPECT_EQ(Pixels(Qt::red), 0);
+  EXPECT_EQ(Pixels(kRedSuit), 0);
   Click("cmdDeal");
   EXPECT_TRUE(LiesInThePockets(1)) << "the run is not affected";
 }
