@@ -1,6 +1,7 @@
 #include "audit/log_audit.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "audit/fingerprint.h"
 
@@ -28,8 +29,25 @@ bool IsWhole(const LoggedSet& set) {
 
 }  // namespace
 
+void LogAudit::End() {
+  finder_.End();
+  GiveLatest();
+}
+
+void LogAudit::OnOtherLine(std::string_view line) {
+  SetOrigin nobodys;
+  if (!origins_.Take(line, latest_ ? latest_->Origin : nobodys)) GiveLatest();
+}
+
+void LogAudit::GiveLatest() {
+  if (latest_) onSet_(*latest_);
+  latest_.reset();
+}
+
 void LogAudit::OnSet(const LoggedSet& set) {
+  GiveLatest();
   SetAudit audit;
+  audit.Origin = origins_.Before();
   audit.Is = KindOf(set);
   audit.Line = set.Line;
   audit.What = set.What;
@@ -38,7 +56,7 @@ void LogAudit::OnSet(const LoggedSet& set) {
   if (audit.Is == SetAudit::kNumber) CheckBoards(set, audit);
   if (audit.IsChecked()) ++checked_;
   if (audit.IsSame()) ++same_;
-  onSet_(audit);
+  latest_ = std::move(audit);
 }
 
 /// A dealt set without any number is the shuffling generator's only where such a seed stands before

@@ -6,6 +6,7 @@
 
 #include "audit/logged_set.h"
 #include "audit/redeal.h"
+#include "audit/set_origin.h"
 
 namespace morvane::audit {
 
@@ -44,6 +45,7 @@ struct SetAudit {
   std::vector<BoardFinding> Findings;
   /// What the tests reject when the set is dealt again; nothing when it cannot be, whole.
   std::optional<generate::RejectCounts> Rejected;
+  SetOrigin Origin;
   std::string Fingerprint;  ///< empty unless each board of the range has one record, and no other
 
   /// Whether anything in it can be proved: it is of the number generator, or nobody knows.

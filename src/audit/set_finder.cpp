@@ -70,10 +70,13 @@ void SetFinder::TakeLine(std::string_view line) {
   if (auto record = ParseRecord(line)) {
     record->Line = line_;
     TakeRecord(std::move(*record));
-  } else if (EndsSet(line)) {
+    return;
+  }
+  if (EndsSet(line)) {
     Close();
     TakeOther(line);
   }
+  if (!set_) listener_.OnOtherLine(line);
 }
 
 void SetFinder::TakeOther(std::string_view line) {

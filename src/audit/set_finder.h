@@ -17,6 +17,8 @@ class SetListener {
   virtual void OnNumberSeeds(LoggedSeeds seeds) = 0;
   virtual void OnShufflingSeed() = 0;
   virtual void OnSet(const LoggedSet& set) = 0;
+  /// Any line that belongs to no set.
+  virtual void OnOtherLine(std::string_view /*line*/) {}
 };
 
 /// Finds the sets in a log of any length, whose bytes come block by block. Lines of other kinds,

@@ -4,6 +4,7 @@
 
 #include "audit/log_audit.h"
 #include "platform/files.h"
+#include "text/printable.h"
 #include "text/text.h"
 
 namespace morvane::cli {
@@ -35,6 +36,21 @@ std::string Heading(const SetAudit& set) {
       return line + Records(set.Records) + " without a Generate line\n";
   }
   return line + "\n";
+}
+
+/// When it was made and where it went, as far as the log tells.
+std::string OriginLines(const audit::SetOrigin& origin) {
+  std::string text;
+  const auto add = [&text](const std::string& what, const std::string& time) {
+    if (!time.empty()) text += (text.empty() ? "  Made: " : ", ") + what + " " + time;
+  };
+  add("File-New", origin.New);
+  add("last start", origin.Started);
+  if (!text.empty()) text += "\n";
+  for (const audit::LoggedSave& save : origin.Saves) {
+    text += "  Save: " + Printable(save.Path) + (save.Failed ? "   (failed)" : "") + "\n";
+  }
+  return text;
 }
 
 std::string SeedLines(const SetAudit& set) {
@@ -91,7 +107,7 @@ std::string RejectedLine(const SetAudit& set) {
 }
 
 std::string SetText(const SetAudit& set) {
-  std::string text = Heading(set);
+  std::string text = Heading(set) + OriginLines(set.Origin);
   if (!set.IsChecked()) text += "  Not a set of the number generator, not checked.\n";
   if (set.Is == SetAudit::kNumber) {
     text += SeedLines(set);
@@ -166,7 +182,8 @@ constinit const Command kAuditCommand{
     .Summary = "Proves that nobody touched the deals of a log.",
     .Note =
         "audit deals the sets of a log again from their seeds, compares every board, and shows "
-        "the SHA-256 of each. With --sha256, one must have that one. The exit status is 0 only "
+        "the SHA-256 of each, with the times before it and the files it was to be saved in. With "
+        "--sha256, one must have that one. The exit status is 0 only "
         "when all is the same.",
     .Prepare = TaskOf<ReadAuditOptions, Audit>};
 

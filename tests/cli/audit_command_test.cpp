@@ -69,8 +69,9 @@ TEST(AuditCommand, ShowsEachSetWithItsSeedsAndFingerprint) {
   EXPECT_EQ(desk.Audit(desk.Prog.Log.Path()), kDone);
   EXPECT_EQ(desk.Screen.Output,
             "Line 8: boards 1 to 2, number generator\n"
-            "  Seedr: " +
-                kSeedr + "\n  Seedo: " + kSeedo +
+            "  Made: File-New 3:04:05 PM, last start 2026-03-03 3:04:05 PM\n"
+            "  Save: " +
+                desk.Out + "\n  Seedr: " + kSeedr + "\n  Seedo: " + kSeedo +
                 "   (line 7)\n"
                 "  2 of 2 boards are the same.\n"
                 "  Rejected: shapes " +
@@ -104,13 +105,16 @@ TEST(AuditCommand, OtherSetsAreToldAndNotChecked) {
                                                   test::Content(second.Prog.Log.Path()) +
                                                   test::Content(third.Prog.Log.Path()));
   EXPECT_EQ(desk.Audit(desk.Folder / "all.txt"), kDone);
-  EXPECT_THAT(desk.Screen.Output, HasSubstr("boards 1 to 3, shuffling generator\n"
-                                            "  Not a set of the number generator, not checked.\n"
-                                            "  SHA-256: " +
-                                            fingerprint + "\nLine "));
-  EXPECT_THAT(desk.Screen.Output, HasSubstr("boards 1 to 4, left empty\n"
-                                            "  Not a set of the number generator, not checked.\n"
-                                            "Line "));
+  const std::string made = "  Made: File-New 3:04:05 PM, last start 2026-03-03 3:04:05 PM\n";
+  EXPECT_THAT(desk.Screen.Output,
+              HasSubstr("boards 1 to 3, shuffling generator\n" + made + "  Save: " + desk.Out +
+                        "\n  Not a set of the number generator, not checked.\n"
+                        "  SHA-256: " +
+                        fingerprint + "\nLine "));
+  EXPECT_THAT(desk.Screen.Output,
+              HasSubstr("boards 1 to 4, left empty\n" + made + "  Save: " + second.Out +
+                        "\n  Not a set of the number generator, not checked.\n"
+                        "Line "));
   EXPECT_THAT(desk.Screen.Output, EndsWith("\n1 of 1 set is the same.\n"));
 }
 
@@ -218,6 +222,23 @@ TEST(AuditCommand, BytesOfADamagedLogAreNotShown) {
   changed.replace(78, 4, "\x1B[2J");
   EXPECT_EQ(desk.AuditChanged(record, changed), kFailed);
   EXPECT_EQ(desk.Screen.Output.find('\x1B'), std::string::npos);
+}
+
+TEST(AuditCommand, TheNameOfAFileInTheLogCommandsNoTerminal) {
+  AuditDesk desk;
+  desk.Generate("3");
+  EXPECT_EQ(desk.AuditChanged("  Save: " + desk.Out, "  Save: /a\x1B[2J\xC2\x9B\x7F.pbn"), kDone);
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\n  Save: /a?[2J??.pbn\n"));
+}
+
+TEST(AuditCommand, ASaveThatFailedIsToldAsThat) {
+  AuditDesk desk;
+  desk.Generate("3");
+  const std::string save = "  Save: " + desk.Out + "\r\n";
+  EXPECT_EQ(desk.AuditChanged(save, save + "    Save Error: Error: 28\r\n  Save: /b.pbn\r\n"),
+            kDone);
+  EXPECT_THAT(desk.Screen.Output,
+              HasSubstr("\n  Save: " + desk.Out + "   (failed)\n  Save: /b.pbn\n  Seedr: "));
 }
 
 TEST(AuditCommand, AFileThatCannotBeReadIsTold) {

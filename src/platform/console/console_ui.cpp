@@ -1,6 +1,5 @@
 #include "platform/console/console_ui.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
@@ -8,6 +7,7 @@
 
 #include "platform/files.h"
 #include "text/box_text.h"
+#include "text/printable.h"
 #include "text/text.h"
 
 namespace morvane {
@@ -25,13 +25,6 @@ const char* PromptOf(int buttons) {
     default:
       return "[y]es, [n]o? ";
   }
-}
-
-/// `text` without what could command a terminal; texts of boxes quote files.
-std::string Printable(std::string text) {
-  const auto commands = [](char c) { return (c >= 0 && c < ' ' && c != '\n') || c == '\x7F'; };
-  std::replace_if(text.begin(), text.end(), commands, '?');
-  return text;
 }
 
 int Cautious(int buttons) { return buttons == kYesAndNo ? kNo : kCancel; }

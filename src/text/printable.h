@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace morvane {
+
+/// UTF-8 `text` without what could command a terminal: a '?' for each control character but LF.
+[[nodiscard]] inline std::string Printable(const std::string& text) {
+  std::string shown;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto c = static_cast<unsigned char>(text[at]);
+    const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
+    const bool secondSet = c == 0xC2 && next >= 0x80 && next < 0xA0;  // U+0080 to U+009F
+    const bool commands = (c < ' ' && c != '\n') || c == 0x7F || secondSet;
+    shown += commands ? '?' : text[at];
+    if (secondSet) ++at;
+  }
+  return shown;
+}
+
+}  // namespace morvane
