@@ -170,7 +170,8 @@ ExitStatus Audit(Job& job, const AuditOptions& options) {
   }
   screen.Out(Summary(log));
   if (!published) {
-    screen.Error("No set that is the same has the SHA-256 " + *options.Sha256 + "\n");
+    screen.Error("No set that is the same has the SHA-256 " + *options.Sha256 + " in the log\n" +
+                 options.Log + "\n");
   }
   return log.Same() == log.Checked() && published ? kDone : kFailed;
 }

@@ -41,7 +41,7 @@ bool Import(Job& job, const std::string& path) {
 
 /// What more there is to say of a file that Load has refused.
 std::string AboutRefused(const std::string& path) {
-  constexpr std::uintmax_t kLargest = 1U << 28U;  // what is larger is no set
+  constexpr std::uintmax_t kLargest = 1U << 24U;  // nobody waits for more only to be told
   std::error_code failure;
   const auto size = std::filesystem::file_size(PathOfUtf8(path), failure);
   std::string bytes;

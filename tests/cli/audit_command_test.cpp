@@ -281,7 +281,8 @@ TEST(AuditCommand, APublishedFingerprintMustBeThatOfASet) {
   EXPECT_EQ(desk.Run(request), kDone) << desk.Screen.Errors;
   request.Sha256->front() = request.Sha256->front() == 'a' ? 'b' : 'a';
   EXPECT_EQ(desk.Run(request), kFailed);
-  EXPECT_THAT(desk.Screen.Errors, HasSubstr("No set that is the same has the SHA-256 "));
+  EXPECT_EQ(desk.Screen.Errors, "No set that is the same has the SHA-256 " + *request.Sha256 +
+                                    " in the log\n" + request.Log + "\n");
 }
 
 TEST(AuditCommand, APipeIsAnErrorAndNotWaitedFor) {

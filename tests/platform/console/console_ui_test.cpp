@@ -181,7 +181,7 @@ TEST(ConsoleUi, AtTheTerminalAFileIsReplacedOnAYesAlsoBesideTheOption) {
 
 TEST(ConsoleUi, AConsentThatIsKeptIsNotAskedForAgain) {
   ConsoleDesk desk(false, true);
-  desk.Screen.Lines = {"n", "y", "y", "y"};
+  desk.Screen.Lines = {"n", "y", "y", "y", "n"};
   desk.Ui.KeepConsent(true);
   EXPECT_EQ(desk.Ask(kYesNoQuestion), kNo);
   EXPECT_EQ(desk.Ask(kYesNoQuestion), kYes) << "a No is no consent";
@@ -192,6 +192,7 @@ TEST(ConsoleUi, AConsentThatIsKeptIsNotAskedForAgain) {
   EXPECT_EQ(desk.AskToReplace(), desk.There);
   EXPECT_EQ(desk.Screen.Errors, before);
   EXPECT_EQ(desk.Ui.MessageBox("Another?", kYesNoQuestion, "Caption"), kYes);
+  EXPECT_EQ(desk.Ui.MessageBox("Another?", kYesNoQuestion, "Caption"), kNo) << "and not kept";
   EXPECT_THAT(desk.Screen.Lines, ::testing::IsEmpty()) << "another question is asked";
 }
 
