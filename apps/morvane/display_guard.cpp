@@ -1,5 +1,6 @@
 #include "display_guard.h"
 
+#include <QString>
 #include <cstdlib>
 #include <iostream>
 #include <string>
