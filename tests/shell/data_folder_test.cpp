@@ -118,6 +118,21 @@ TEST(DataFolder, ALogThatFailsIsToldOnceHoweverMuchIsDone) {
                                             16, "Log Write Error"}));
 }
 
+TEST(DataFolder, ALogThatWasCutInMidLineGoesOnWithALineOfItsOwn) {
+  DataDesk desk;
+  desk.Start();
+  desk.Load();
+  const std::string log = desk.Prog.Paths.Data + "/Log_2026_3.txt";
+  const auto whole = desk.LogLines();
+  ASSERT_THAT(whole.back(), ::testing::StartsWith("   004 : "));
+  std::filesystem::resize_file(log, std::filesystem::file_size(log) - 10);  // as a kill leaves it
+  EXPECT_TRUE(desk.Main.Exit());
+  const auto lines = desk.LogLines();
+  ASSERT_EQ(lines.size(), whole.size() + 1);
+  EXPECT_EQ(lines.end()[-2], whole.back().substr(0, whole.back().size() - 8));
+  EXPECT_EQ(lines.back(), " Exit: 3:04:05 PM");
+}
+
 TEST(DataFolder, APipeInPlaceOfTheLogIsToldAndNotWaitedFor) {
   DataDesk desk;
   ASSERT_EQ(mkfifo((desk.Prog.Paths.Data + "/Log_2026_3.txt").c_str(), 0600), 0);
