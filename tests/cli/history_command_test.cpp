@@ -67,8 +67,8 @@ TEST(ConsolePool, DoesNotWearDownHoweverManyCommandsShareIt) {
     Workplace place{program, ui, desk.Screen, desk.Machine, &desk.Machine};
     EXPECT_EQ(RunJob(place, "", [](Job& job) { return ShowHistory(job, {}); }), kDone);
   }
-  // A start loses the pool's oldest digit and the three newest, and Y and X of the mouse come behind
-  // the other 124. So of each start the first digit of Y stays.
+  // A start loses the pool's oldest digit and the three newest, and Y and X of the mouse come
+  // behind the other 124. So of each start the first digit of Y stays.
   std::string expected;
   for (int start = 1; start <= kStarts; ++start) expected += "0123456789ABCDEF"[start % 16];
   EXPECT_EQ(desk.Store.Get(kSeedm).substr(0, 125), expected);
