@@ -14,7 +14,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 mode_t RightsOf(const std::string& path) {
@@ -42,7 +41,7 @@ struct DataDesk : ShellDesk {
 };
 
 TEST(DataFolder, IsItsUsersAloneWithAllThatAProgramPutsIntoIt) {
-  for (const mode_t mask : {0, 022, 077}) {
+  for (const mode_t mask : {0U, 022U, 077U}) {
     const mode_t old = umask(mask);
     DataDesk desk;
     std::filesystem::remove(desk.Prog.Paths.Data);
