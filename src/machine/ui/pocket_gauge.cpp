@@ -86,7 +86,7 @@ PocketGauge::PocketGauge(int hand, QWidget* parent)
 void PocketGauge::ShowCount(std::optional<int> count, Mood mood) {
   const QString text = count ? QString::number(*count) : QString();
   const bool red = count || mood == Mood::kDealing;
-  const QColor colour = count == kFull ? kGreenGround : red ? kRedGround : kBlank;
+  const QColor colour = count == kFull ? kGreenGround : red ? kRedGround : kGreyGround;
   const QString look = text + colour.name();
   if (look == look_) return;
   look_ = look;

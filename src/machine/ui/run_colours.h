@@ -12,7 +12,6 @@ inline constexpr QColor kGreenGround{39, 128, 69};
 inline constexpr QColor kBlueGround{31, 111, 181};
 inline constexpr QColor kRedGround{192, 57, 43};
 inline constexpr QColor kGreyGround{111, 111, 111};
-inline constexpr QColor kBlank{154, 154, 154};  // of no text
 
 // The sheet that the board is drawn on.
 inline constexpr QColor kPaper{252, 251, 246};

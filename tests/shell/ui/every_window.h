@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <string>
 
 #include "files/format_table.h"
@@ -101,6 +102,10 @@ class EveryWindow : public MainMenuTest {
     desk.Loop.WaitMs(machine::DealingRun::kFirstContactMs + 100);
     if (!run.Window().ShowBoards) test::Click(window, "Disp_boards");
     look(window);
+    // The same cards each time.
+    std::array<int, kCards> pack{};
+    std::iota(pack.begin(), pack.end(), 1);
+    simulated.LoadPack(pack);
     desk.Loop.After(4000, [this] { simulated.CauseFault(25); });
     desk.When("Error_disp", [&](QWidget& error) {
       look(error);

@@ -117,6 +117,7 @@ TEST_F(SpokenWindows, TheStatusIsAnnounced) {
 }
 
 TEST_F(SpokenWindows, TheRunTellsItsStateAndItsCounts) {
+  // The machine takes the cards in their order, ace of spades first: the hands get them in turn.
   LookAtRun([](QWidget& window) {
     if (window.objectName() != "DealinProg") return;
     EXPECT_EQ(Name(test::Find<QWidget>(window, "txtStatus")), "State of the machine");
