@@ -174,6 +174,10 @@ void Dock(QWidget& panel, QWidget& window) {
   const QMargins frame = FrameOf(window);
   panel.resize(panel.sizeHint().boundedTo(screen.marginsRemoved(frame).size()));
   const QSize size = QRect(QPoint(), panel.size()).marginsAdded(frame).size();
+  const int room = screen.width() - size.width() - frame.left() - frame.right();
+  if (window.width() > room && window.sizeHint().width() <= room) {
+    window.resize(room, window.height());
+  }
   const Docked places = DockBeside(FramedPlace(window), ButtonsOf(window), size, screen);
   if (places.Window != FramedPlace(window)) window.move(places.Window.topLeft());
   panel.move(places.Panel.topLeft());

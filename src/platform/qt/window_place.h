@@ -36,7 +36,7 @@ struct Docked {
 void FitToScreen(QWidget& window, const QRect& available);
 /// The same on the screen that the window is to stand on.
 void FitToScreen(QWidget& window);
-/// Puts the panel, not shown yet, beside the window.
+/// Puts the panel, not shown yet, beside the window, which gets narrower where that makes room.
 void Dock(QWidget& panel, QWidget& window);
 
 }  // namespace morvane

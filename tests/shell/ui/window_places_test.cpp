@@ -1,3 +1,5 @@
+#include <QVBoxLayout>
+
 #include "platform/qt/window_place.h"
 #include "shell/ui/every_window.h"
 
@@ -28,6 +30,33 @@ TEST_F(WindowPlaces, ABoxStandsInTheMiddleOfTheMainWindowWhereNoButtonIs) {
     box.close();
   });
   desk.Ui.MessageBox("text", kOkInformation, "title");
+}
+
+TEST_F(WindowPlaces, TheMainWindowGetsNarrowerForThePanel) {
+  Start();
+  desk.Prog.ShowStatistics = false;
+  menu->RefreshSet();
+  QWidget panel;
+  auto* content = new QWidget;
+  content->setFixedSize(menu->screen()->availableSize().width() - menu->sizeHint().width() - 40,
+                        300);
+  (new QVBoxLayout(&panel))->addWidget(content);
+  Dock(panel, *menu);
+  panel.show();
+  EXPECT_FALSE(panel.frameGeometry().intersects(menu->frameGeometry()));
+  EXPECT_LT(menu->width(), 720);
+  EXPECT_GE(menu->width(), menu->sizeHint().width());
+}
+
+// The screen has no room for both side by side: the panel goes as low as it can.
+TEST_F(WindowPlaces, TheDockedPanelLeavesTheButtonFree) {
+  Start();
+  menu->move(0, 0);
+  LookAtPanel([this](QWidget& panel) {
+    const auto& button = test::Find<QWidget>(*menu, "ShowStat");
+    EXPECT_FALSE(panel.frameGeometry().intersects(OnDesktop(button)));
+    EXPECT_TRUE(menu->screen()->availableGeometry().contains(panel.frameGeometry()));
+  });
 }
 
 TEST_F(WindowPlaces, TheRunWindowLeavesThePanelFree) {
