@@ -12,7 +12,8 @@ std::string Usage() {
   return "Usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
          "\n"
          "  PATH             the board file to load\n"
-         "  --machine M      " +
+         "  --machine M      usb (the default),\n"
+         "                   " +
          simulator::OptionsUsage(19) +
          " or serial:PATH\n"
          "  --data DIR       the folder of logs and history\n"

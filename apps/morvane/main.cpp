@@ -75,7 +75,9 @@ int main(int argc, char** argv) {
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
-  morvane::shell::Shell shell(program, *machine.Usb, windows, instance);
+  using morvane::machine::MachineKind;
+  morvane::shell::Shell shell(program, *machine.Usb, windows, instance,
+                              machine.Simulated ? MachineKind::kSimulated : MachineKind::kReal);
   morvane::shell::MainMenu mainMenu(program, shell);
   windows.SetMainMenu(mainMenu);
   ui.SetMainWindow(mainMenu.ForUi());

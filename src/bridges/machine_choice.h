@@ -19,10 +19,10 @@ struct MachineChoice {
   std::string Error;                                 ///< not empty: `Usb` is null
 };
 
-/// "simulated[,key=value...]" or "serial:PATH".
+/// "usb", "simulated[,key=value...]" or "serial:PATH".
 [[nodiscard]] MachineChoice ChooseMachine(const std::string& text, Clock& clock);
 
-/// The machine that is meant where none is named.
-inline constexpr const char* kDefaultMachine = "simulated";
+/// The machine that is meant where none is named: the real one.
+inline constexpr const char* kDefaultMachine = "usb";
 
 }  // namespace morvane::bridges

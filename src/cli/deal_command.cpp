@@ -112,6 +112,7 @@ Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
 ExitStatus Deal(Job& job, const DealOptions& options) {
   Workplace& place = job.Place;
   if (!Load(job, options.In, options.Import) || !MayDeal(place, options)) return kFailed;
+  if (place.Simulated != nullptr) place.Screen.Out("Machine: simulated\n");
   job.Windows.DealBy(options, EyesOn(place.Simulated));
   place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
   job.Shell.MenuDeal();

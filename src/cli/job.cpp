@@ -77,7 +77,9 @@ ExitStatus RunJob(Workplace& place, const std::string& raw,
                   const std::function<ExitStatus(Job& job)>& work) {
   ConsoleWindows windows(place);
   LoneInstance instance;  // a command may run beside the desktop
-  shell::Shell shell(place.Prog, place.Usb, windows, instance);
+  const auto kind =
+      place.Simulated ? machine::MachineKind::kSimulated : machine::MachineKind::kReal;
+  shell::Shell shell(place.Prog, place.Usb, windows, instance, kind);
   shell.StartUp(raw);
   Job job{place, windows, shell};
   const ExitStatus status = work(job);

@@ -115,7 +115,7 @@ std::string UsagePage() {
   pieces.insert(pieces.end(), {"COMMAND", "..."});
   std::string text = Wrapped(start, start.size() + 1, pieces) + "\n";
   for (const Command* command : Commands()) text += UsageLines("  ", *command);
-  text += "\nMachines:  " + simulator::OptionsUsage(11) +
+  text += "\nMachines:  usb (where none is named),\n           " + simulator::OptionsUsage(11) +
           ", serial:PATH\n"
           "Set files: .pbn .bri .dge .dup .all .bre .csv\n";
   for (const Command* command : Commands()) {

@@ -12,6 +12,7 @@ Contact AskMachine(Machine& machine, Log& log) {
   log.WriteLine("  S/N:" + std::to_string(machine.SerialNumber) +
                 " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
                 " Firmware:" + machine.FirmwareVersion());
+  if (machine.IsSimulated()) log.WriteLine(" Machine: simulated");
   return Contact::kMade;
 }
 

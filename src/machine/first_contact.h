@@ -11,7 +11,7 @@ enum class Contact {
   kLinkLost,   ///< any later silence is a lost link
 };
 
-/// Asks the machine what it is and writes its "S/N" line.
+/// Asks the machine what it is and writes its "S/N" line, and another for a simulated one.
 [[nodiscard]] Contact AskMachine(Machine& machine, Log& log);
 
 }  // namespace morvane::machine

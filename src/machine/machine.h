@@ -11,6 +11,9 @@
 
 namespace morvane::machine {
 
+/// Who deals: a machine with cards in it, or one made of code.
+enum class MachineKind : std::uint8_t { kReal, kSimulated };
+
 /// What the polls and the first contact tell of the machine, and the exchange by which anything is
 /// learnt from it.
 class Machine {
@@ -20,7 +23,10 @@ class Machine {
   static constexpr std::int16_t kMostTicks = 10;
 
   /// `random` is the source of the frames' filler.
-  Machine(Entropy& random, UsbXpress& usb) : Link(usb), random_(random) {}
+  Machine(Entropy& random, UsbXpress& usb, MachineKind kind = MachineKind::kReal)
+      : Link(usb), random_(random), kind_(kind) {}
+
+  [[nodiscard]] bool IsSimulated() const { return kind_ == MachineKind::kSimulated; }
 
   MachineLink Link;
   /// A procedure owns the link: no polling timer may start an exchange.
@@ -95,6 +101,7 @@ class Machine {
   void Take(const wire::IdentityReply& reply);
 
   Entropy& random_;
+  MachineKind kind_;
   bool lateReply_ = false;
 };
 

@@ -22,12 +22,13 @@ Shell::Flow::~Flow() {
   if (shell_.started_) shell_.EnableTimer2mm();
 }
 
-Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance)
+Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance,
+             machine::MachineKind kind)
     : program_(program),
       windows_(windows),
       instance_(instance),
       generator_(program),
-      machine_(program.Random, usb) {}
+      machine_(program.Random, usb, kind) {}
 
 void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 

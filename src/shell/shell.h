@@ -27,7 +27,8 @@ class Shell {
   static constexpr int kKeepMs = 1000;  ///< as much of the work can be lost
 
   /// `instance` calls `LinkExecute` as long as the event loop runs.
-  Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance);
+  Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance,
+        machine::MachineKind kind = machine::MachineKind::kReal);
 
   /// From its start on the program keeps a copy of what is unsaved. Before `StartUp`.
   void KeepUnsavedSet();

@@ -14,12 +14,28 @@ MachineChoice Chosen(const std::string& text) {
 }
 
 TEST(ChooseMachine, TheSimulatedMachineCanBeLookedInto) {
-  for (const char* text : {"simulated", "simulated,speed=0,seed=5", kDefaultMachine}) {
+  for (const char* text : {"simulated", "simulated,speed=0,seed=5"}) {
     const MachineChoice choice = Chosen(text);
     ASSERT_NE(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, choice.Usb.get());
     EXPECT_EQ(choice.Error, "");
   }
+}
+
+TEST(ChooseMachine, TheRealOneIsMeantWhereNoneIsNamedAndHasNoDevicesYet) {
+  const MachineChoice choice = Chosen(kDefaultMachine);
+  ASSERT_NE(choice.Usb, nullptr);
+  EXPECT_EQ(choice.Simulated, nullptr);
+  EXPECT_EQ(choice.Error, "");
+  EXPECT_STREQ(kDefaultMachine, "usb");
+  std::uint32_t high = 0;
+  std::uint32_t low = 0;
+  EXPECT_EQ(choice.Usb->GetDllVersion(high, low), UsbXpress::kSuccess);
+  EXPECT_EQ(choice.Usb->GetDriverVersion(high, low), UsbXpress::kSuccess);
+  EXPECT_EQ(high, 0x30001U) << "3.1, which asks for no update";
+  std::uint32_t count = 99;
+  EXPECT_EQ(choice.Usb->GetNumDevices(count), UsbXpress::kDeviceNotFound);
+  EXPECT_EQ(count, 0U);
 }
 
 TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
@@ -30,12 +46,12 @@ TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
 }
 
 TEST(ChooseMachine, WhatIsNoMachineIsTold) {
-  for (const char* text : {"", "usb", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
+  for (const char* text : {"", "usb,", "USB", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
     const MachineChoice choice = Chosen(text);
     EXPECT_EQ(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, nullptr);
     EXPECT_EQ(choice.Error, "unknown machine \"" + std::string(text) +
-                                "\": simulated[,key=value...] or serial:PATH");
+                                "\": usb, simulated[,key=value...] or serial:PATH");
   }
 }
 

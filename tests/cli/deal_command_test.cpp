@@ -56,6 +56,7 @@ TEST(DealCommand, DealsEveryBoardAndShowsTheTable) {
   DealDesk desk;
   EXPECT_EQ(desk.Deal(), kDone);
   EXPECT_EQ(desk.Screen.Output,
+            "Machine: simulated\n"
             "Board   1  0.0 s  OK\n"
             "Board   2  0.0 s  OK\n"
             "Board   3  0.0 s  OK\n"
@@ -74,13 +75,14 @@ TEST(DealCommand, LogsTheRunAsTheDesktopDoes) {
   DealDesk desk;
   ASSERT_EQ(desk.Deal(), kDone);
   const auto lines = desk.LogLines();
-  ASSERT_EQ(lines.size(), 4U + 5U + 5U + 1U);
+  ASSERT_EQ(lines.size(), 4U + 5U + 6U + 1U);
   EXPECT_EQ(lines[9], " Deal: 3:04:05 PM");
   EXPECT_EQ(lines[10], "  S/N:4711 Dealt:0 Firmware:2.90");
-  EXPECT_EQ(lines[11], "  001 : 1,0 0,0,0,0 OK");
-  EXPECT_EQ(lines[12], "  002 : 1,0 0,0,0,0 OK");
-  EXPECT_EQ(lines[13], "  003 : 1,0 0,0,0,0 OK");
-  EXPECT_EQ(lines[14], " Exit: 3:04:07 PM");
+  EXPECT_EQ(lines[11], " Machine: simulated");
+  EXPECT_EQ(lines[12], "  001 : 1,0 0,0,0,0 OK");
+  EXPECT_EQ(lines[13], "  002 : 1,0 0,0,0,0 OK");
+  EXPECT_EQ(lines[14], "  003 : 1,0 0,0,0,0 OK");
+  EXPECT_EQ(lines[15], " Exit: 3:04:07 PM");
 }
 
 TEST(DealCommand, TheLastBoardLiesInThePockets) {
@@ -185,9 +187,11 @@ TEST(DealCommand, WithoutAutoItWaitsForThePedal) {
   });
   desk.Loop.After(kContactMs + 3000, [&] { desk.Machine.PressPedal(); });
   EXPECT_EQ(desk.Deal(), kDone);
-  EXPECT_EQ(beforePedal, "Press Enter to press the machine's pedal for board 1.\n");
+  EXPECT_EQ(beforePedal,
+            "Machine: simulated\nPress Enter to press the machine's pedal for board 1.\n");
   EXPECT_THAT(desk.Screen.Output,
-              ::testing::StartsWith("Press Enter to press the machine's pedal for board 1.\n"
+              ::testing::StartsWith("Machine: simulated\n"
+                                    "Press Enter to press the machine's pedal for board 1.\n"
                                     "Board   1  0.0 s  OK\n"
                                     "Press Enter to press the machine's pedal for board 2.\n"
                                     "Board   2  0.0 s  OK\n\n"));
@@ -263,6 +267,7 @@ TEST(DealCommand, ACopyIsAskedForByItsBoard) {
   EXPECT_THAT(
       desk.Screen.Output,
       ::testing::StartsWith(
+          "Machine: simulated\n"
           "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
           "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
           "Press Enter to press the machine's pedal for board 8.\nBoard   8  0.0 s  OK\n"

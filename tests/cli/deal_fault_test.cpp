@@ -28,6 +28,7 @@ TEST(DealFault, WithoutAnybodyToAnswerStopsTheRun) {
   EXPECT_EQ(desk.Deal(), kFailed);
   EXPECT_EQ(desk.Screen.Errors, kDuplicateText);
   EXPECT_EQ(desk.Screen.Output,
+            "Machine: simulated\n"
             "Board   1  0.0 s  stopped\n"
             "\n"
             "  Board     Time   Pockets\n"
@@ -208,7 +209,8 @@ TEST(DealInterrupt, EndsTheWaitForThePedal) {
   desk.Screen.Person = true;
   desk.Loop.After(8000, [&] { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_EQ(desk.Screen.Output, "Press Enter to press the machine's pedal for board 1.\n");
+  EXPECT_EQ(desk.Screen.Output,
+            "Machine: simulated\nPress Enter to press the machine's pedal for board 1.\n");
   EXPECT_LT(desk.Clock.Elapsed(), std::chrono::milliseconds(8200));
 }
 
@@ -219,7 +221,7 @@ TEST(DealLink, LostInTheMiddleOfABoardFails) {
   EXPECT_EQ(desk.Screen.Errors,
             "Dealing Error: Lost Communication with Morvane  -  Dealing Aborted!\n");
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0"));
-  EXPECT_EQ(desk.Screen.Output, "");
+  EXPECT_EQ(desk.Screen.Output, "Machine: simulated\n");
 }
 
 TEST(DealLink, LostWhileAFaultIsAnsweredFails) {

@@ -65,8 +65,8 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
       UsagePage(),
       EndsWith(
           "\n"
-          "Machines:  "
-          "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
+          "Machines:  usb (where none is named),\n"
+          "           simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
           "           fault=BOARD:CARD:CODE], serial:PATH\n"
           "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
           "\n"

@@ -38,6 +38,8 @@ TEST_F(DealEndToEnd, AGeneratedSetIsDealtWithEveryBoardRight) {
   EXPECT_THAT(outcome.Out, EndsWith("\n32 of 32 boards right.\n"));
   EXPECT_EQ(CountLines("  0", " OK"), 32);
   EXPECT_EQ(CountLines("  S/N:4711 Dealt:0 Firmware:2.90"), 1);
+  EXPECT_THAT(outcome.Out, StartsWith("Machine: simulated\n"));
+  EXPECT_EQ(CountLines(" Machine: simulated"), 1);
 }
 
 TEST_F(DealEndToEnd, AnInterruptBreaksTheBoardAndEndsSoon) {
@@ -52,7 +54,7 @@ TEST_F(DealEndToEnd, AnInterruptBreaksTheBoardAndEndsSoon) {
   const Outcome outcome = process.Finish();
   EXPECT_EQ(outcome.Status, 1);
   EXPECT_LT(steady_clock::now() - interrupted, kSoon);
-  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(outcome.Out, "Machine: simulated\n");
   EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0 57"), 1);
   EXPECT_EQ(CountLines("  0"), 1);
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
@@ -75,6 +77,16 @@ TEST_F(DealEndToEnd, AMissingDeviceIsTold) {
   EXPECT_EQ(outcome.Err, kNoMachine);
   EXPECT_EQ(outcome.Out, "");
   EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
+}
+
+TEST_F(DealEndToEnd, WhereNoMachineIsNamedTheRealOneIsMeantAndIsMissing) {
+  SetFile("set.pbn", 1, 1);
+  const Outcome outcome = Process(Whole({"--yes", "deal", "set.pbn", "--auto"}), Around()).Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, kNoMachine);
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
+  EXPECT_EQ(CountLines("  001 :"), 0);
 }
 
 TEST_F(DealEndToEnd, AFileIsNoDevice) {
@@ -140,6 +152,8 @@ TEST_F(DealEndToEnd, ABoardIsDealtOverASerialLine) {
   peer.Stop();
   EXPECT_EQ(outcome.Status, 0);
   EXPECT_EQ(outcome.Err, "");
+  EXPECT_THAT(outcome.Out, StartsWith("Board   1"));
+  EXPECT_EQ(CountLines(" Machine:"), 0);
   EXPECT_THAT(outcome.Out, EndsWith("   dealt\n\n1 of 1 boards dealt.\n"));
   EXPECT_EQ(CountLines("  S/N:4711 Dealt:258 Firmware:2.90"), 1);
   EXPECT_EQ(CountLines("  001 : 1,0 0,0,0,0 OK"), 1);

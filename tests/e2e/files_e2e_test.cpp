@@ -204,7 +204,8 @@ TEST_F(FilesEndToEnd, WrongUsageEndsWith2AndTouchesNothing) {
   const Outcome machine = Run({"--machine", "toaster", "generate", "a.pbn"});
   EXPECT_EQ(machine.Status, 2);
   EXPECT_EQ(machine.Err,
-            "morvane-cli: unknown machine \"toaster\": simulated[,key=value...] or serial:PATH\n");
+            "morvane-cli: unknown machine \"toaster\": "
+            "usb, simulated[,key=value...] or serial:PATH\n");
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 

@@ -32,7 +32,8 @@ constexpr QSize kComfortable{960, 600};
 DealinProg::DealinProg(Program& program, DealingRun& run, QWidget* parent)
     : QDialog(parent), program_(program), run_(run) {
   setObjectName("DealinProg");
-  setWindowTitle("Morvane - Dealing");
+  setWindowTitle(run.TheMachine().IsSimulated() ? "Morvane - Dealing - Simulated machine"
+                                                : "Morvane - Dealing");
   setWindowModality(Qt::WindowModal);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);

@@ -11,7 +11,7 @@ namespace {
 
 TEST(DesktopArguments, WithoutAnyTheDefaultsStand) {
   const Arguments arguments = ParseArguments({"morvane"});
-  EXPECT_EQ(arguments.Machine, "simulated");
+  EXPECT_EQ(arguments.Machine, "usb");
   EXPECT_EQ(arguments.Data + arguments.Settings + arguments.CommandLine + arguments.Error, "");
 }
 
@@ -57,6 +57,7 @@ TEST(DesktopArguments, HelpIsUsageAndNothingElse) {
   for (const char* word : {"--help", "-h", "help"}) {
     const Arguments arguments = ParseArguments({"morvane", word});
     EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane ")) << word;
+    EXPECT_THAT(arguments.Help, ::testing::HasSubstr("--machine M      usb (the default),\n"));
     EXPECT_EQ(arguments.Error + arguments.CommandLine, "");
   }
 }

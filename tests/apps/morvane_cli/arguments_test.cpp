@@ -149,7 +149,7 @@ TEST(Arguments, WithoutOptionsNothingIsSet) {
   EXPECT_EQ(arguments.Help, "");
   EXPECT_EQ(arguments.Data, "");
   EXPECT_EQ(arguments.Settings, "");
-  EXPECT_EQ(arguments.Machine, "simulated");
+  EXPECT_EQ(arguments.Machine, "usb");
   EXPECT_FALSE(arguments.Yes || arguments.Overwrite);
 }
 

@@ -34,6 +34,22 @@ TEST_F(Opening, NothingCanBePressedUntilTheMachineHasAnswered) {
   }
 }
 
+TEST_F(Opening, TheTitleAndTheLogSayThatTheMachineIsSimulated) {
+  Contact();
+  EXPECT_EQ(window->windowTitle(), "Morvane - Dealing - Simulated machine");
+  const auto lines = desk.LogLines();
+  ASSERT_GE(lines.size(), 2U);
+  EXPECT_THAT(lines[lines.size() - 2], ::testing::StartsWith("  S/N:4711 "));
+  EXPECT_EQ(lines.back(), " Machine: simulated");
+}
+
+TEST_F(Opening, TheTitleOfARealMachinesRunHasNoAddition) {
+  Machine real(desk.Random, simulated);
+  DealingRun realRun(desk.Prog, real, memory);
+  const DealinProg realWindow(desk.Prog, realRun, &mainWindow);
+  EXPECT_EQ(realWindow.windowTitle(), "Morvane - Dealing");
+}
+
 TEST_F(Opening, TwoSecondsLaterTheMachineIsIdleAndTheControlsAreThere) {
   Contact();
   EXPECT_EQ(Text("txtStatus"), "Idle");

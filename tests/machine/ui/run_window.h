@@ -20,7 +20,7 @@ class RunWindow : public ::testing::Test {
 
   test::QtDesk desk;
   simulator::SimulatedMachine simulated;
-  Machine machine{desk.Random, simulated};
+  Machine machine{desk.Random, simulated, MachineKind::kSimulated};
   RunMemory memory;
   DealingRun run{desk.Prog, machine, memory};
   QMainWindow mainWindow;

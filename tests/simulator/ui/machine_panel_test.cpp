@@ -29,6 +29,10 @@ class MachinePanelTest : public machine::RunWindow {
   }
 };
 
+TEST_F(MachinePanelTest, SaysWhatItIs) {
+  EXPECT_EQ(panel.windowTitle(), "Morvane - Simulated Machine");
+}
+
 TEST_F(MachinePanelTest, ThePedalStartsABoardWhileTheRunWindowIsModal) {
   Press("cmdPedal");
   desk.Loop.WaitMs(200);
