@@ -10,9 +10,11 @@ constexpr int kUnreadableLabel = 64;
 constexpr int kWrongLabel = 65;
 
 std::string PlaceOf(const Fault& fault) {
-  const std::string board = "Board " + std::to_string(fault.Board);
-  if (fault.Card == 0) return board;
-  return board + ", card " + std::to_string(fault.Card) + " of " + std::to_string(kCards);
+  std::string place = "Board " + std::to_string(fault.Board);
+  if (fault.Card != 0) {
+    place += ", card " + std::to_string(fault.Card) + " of " + std::to_string(kCards);
+  }
+  return place;
 }
 
 }  // namespace

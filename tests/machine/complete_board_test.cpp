@@ -27,7 +27,7 @@ TEST_F(CompleteBoard, IdleWithoutAnErrorIsNotOkWhileCardsAreMissingFromTheLog) {
   Contact();
   run.cmdDeal();
   EXPECT_EQ(LineBeforeTheBox(), "  001 : 1,0 0,0,0,0");
-  EXPECT_EQ(LastBox(), kSixteenOfBoard1);
+  ASSERT_EQ(LastBox(), kSixteenOfBoard1);
   EXPECT_EQ(desk.Ui.Boxes.back().Title, "Dealing Error");
   EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kStopped);
   EXPECT_EQ(SentCodes().back(), 0x1A) << "the probe brings the machine back to idle";
