@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QRegularExpression>
 
 #include "machine/ui/run_colours.h"

@@ -1,3 +1,6 @@
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 

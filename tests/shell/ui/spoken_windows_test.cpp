@@ -1,4 +1,7 @@
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 

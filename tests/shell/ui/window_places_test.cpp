@@ -1,3 +1,4 @@
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/qt/window_place.h"
