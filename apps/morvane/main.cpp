@@ -31,10 +31,13 @@ std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
   if (machine == nullptr) return nullptr;
   auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
   panel->setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
-  QTimer::singleShot(kPlacedMs, panel.get(), [&panel = *panel, &mainMenu] {
+  auto* placed = new QTimer(panel.get());
+  placed->setSingleShot(true);
+  QObject::connect(placed, &QTimer::timeout, panel.get(), [&panel = *panel, &mainMenu] {
     morvane::Dock(panel, mainMenu);
     panel.show();
   });
+  placed->start(kPlacedMs);
   return panel;
 }
 
