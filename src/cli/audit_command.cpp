@@ -156,7 +156,14 @@ ExitStatus Audit(Job& job, const AuditOptions& options) {
     screen.Out(SetText(set));
     published = published || (set.IsSame() && set.Fingerprint == LowerCase(*options.Sha256));
   });
-  const auto error = ReadBlocks(options.Log, [&log](std::string_view block) { log.Add(block); });
+  const EventLoop& loop = job.Place.Prog.Loop;
+  const auto error = ReadBlocks(options.Log, [&](std::string_view block) {
+    if (!loop.Quitting()) log.Add(block);
+  });
+  if (loop.Quitting()) {
+    screen.Error("Broken off before the end of the log\n" + options.Log + "\n");
+    return kFailed;
+  }
   if (error) {
     screen.Error("The log cannot be read: error " + std::to_string(error->Number) + ", " +
                  error->Description + "\n" + options.Log + "\n");

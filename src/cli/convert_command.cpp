@@ -38,6 +38,10 @@ ExitStatus ConvertAll(Job& job, const ConvertOptions& options) {
   }
   std::map<std::string, std::string> made;  // of which file each was
   for (const std::string& in : options.In) {
+    if (job.Place.Prog.Loop.Quitting()) {
+      screen.Error("Broken off before " + in + "\n");
+      break;
+    }
     const std::string out =
         JoinPath(options.Out, files::NameOf(FileTitle(in)) + "." + options.To.value_or(""));
     if (const auto other = made.find(out); other != made.end()) {

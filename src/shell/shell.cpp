@@ -102,6 +102,7 @@ bool Shell::Exit() {
 
 void Shell::End() {
   if (!started_) return;
+  program_.Locks.WaitNoMore();
   generator_.Pool.SavePool();
   Keep();
   WriteExit();

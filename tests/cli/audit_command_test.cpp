@@ -293,5 +293,15 @@ TEST(AuditCommand, APipeIsAnErrorAndNotWaitedFor) {
                                     (desk.Folder / "pipe") + "\n");
 }
 
+TEST(AuditCommand, ThatIsToldToEndFindsNothing) {
+  AuditDesk desk;
+  desk.Generate("2");
+  const std::string log = desk.Prog.Log.Path();
+  desk.Loop.Quit();
+  EXPECT_EQ(desk.Audit(log), kFailed);
+  EXPECT_EQ(desk.Screen.Output, "");
+  EXPECT_EQ(desk.Screen.Errors, "Broken off before the end of the log\n" + log + "\n");
+}
+
 }  // namespace
 }  // namespace morvane::cli

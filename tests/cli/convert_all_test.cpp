@@ -107,5 +107,14 @@ TEST(ConvertAll, TheFolderMustBeThere) {
   }
 }
 
+TEST(ConvertAll, ThatIsToldToEndNamesTheFileThatItDidNotBegin) {
+  FolderDesk desk;
+  desk.Loop.Quit();
+  EXPECT_EQ(desk.Convert({"a.pbn", "b.PBN"}), kFailed);
+  EXPECT_EQ(desk.Screen.Errors, "Broken off before " + (desk.Folder / "a.pbn") + "\n");
+  EXPECT_EQ(desk.Screen.Output, "0 of 2 files converted.\n");
+  EXPECT_FALSE(desk.Exists("sets/a.csv"));
+}
+
 }  // namespace
 }  // namespace morvane::cli
