@@ -39,8 +39,7 @@ int main(int argc, char** argv) {
     return morvane::cli::kWrongUsage;
   }
   morvane::StandardTerminal terminal;
-  morvane::ConsoleUi operatorAtTerminal(terminal, parts.Random, arguments.Yes,
-                                        arguments.Overwrite);
+  morvane::ConsoleUi operatorAtTerminal(terminal, parts.Random, arguments.Yes, arguments.Overwrite);
   NoSound silence;
   morvane::Program program(
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},

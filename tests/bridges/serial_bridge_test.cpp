@@ -1,72 +1,15 @@
 #include "bridges/serial_bridge.h"
 
-#include <gmock/gmock.h>
-
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QTimer>
-#include <atomic>
-#include <chrono>
 #include <filesystem>
-#include <numeric>
 #include <thread>
 
-#include "bridges/scripted_peer.h"
+#include "bridges/serial_desk.h"
 #include "support/fakes.h"
 
 namespace morvane::bridges {
 namespace {
-
-using std::chrono::steady_clock;
-
-constexpr UsbXpress::Handle kNoHandle = -1;
-/// A test that waits this long has hung in effect.
-constexpr std::uint32_t kLongMs = 5000;
-
-double MsSince(steady_clock::time_point start) {
-  return std::chrono::duration<double, std::milli>(steady_clock::now() - start).count();
-}
-
-/// The bytes 0, 1, 2 ... , so that every value and every control character goes over the line.
-Bytes CountedBytes(std::size_t count) {
-  Bytes bytes(count);
-  std::iota(bytes.begin(), bytes.end(), std::uint8_t{0});
-  return bytes;
-}
-
-class SerialBridgeTest : public testing::Test {
- protected:
-  /// Opens as the program does.
-  void Open(std::uint32_t readMs, std::uint32_t writeMs = 30) {
-    ASSERT_EQ(bridge_.Open(0, handle_), UsbXpress::kSuccess);
-    ASSERT_EQ(bridge_.SetTimeouts(readMs, writeMs), UsbXpress::kSuccess);
-    ASSERT_EQ(bridge_.SetBaudRate(handle_, UsbXpress::kBaudRate), UsbXpress::kSuccess);
-    ASSERT_EQ(bridge_.SetLineControl(handle_, UsbXpress::kEightDataBitsNoParity),
-              UsbXpress::kSuccess);
-    ASSERT_EQ(bridge_.FlushBuffers(handle_, 1, 1), UsbXpress::kSuccess);
-  }
-
-  /// Reads and keeps what came; the status is in `status_`.
-  Bytes Read(std::size_t count) {
-    Bytes bytes(count, 0xEE);
-    std::uint32_t read = 99;
-    status_ = bridge_.Read(handle_, bytes, read);
-    EXPECT_LE(read, count);
-    bytes.resize(read);
-    return bytes;
-  }
-
-  std::uint32_t Write(const Bytes& bytes) {
-    std::uint32_t written = 99;
-    status_ = bridge_.Write(handle_, bytes, written);
-    return written;
-  }
-
-  ScriptedPeer peer_;
-  SerialBridge bridge_{peer_.Path()};
-  UsbXpress::Handle handle_ = kNoHandle;
-  UsbXpress::Status status_ = 99;
-};
 
 TEST_F(SerialBridgeTest, TheVersionsAskForNoUpdate) {
   std::uint32_t high = 0;
@@ -272,76 +215,6 @@ TEST_F(SerialBridgeTest, TheLatchNeedsNoLine) {
   EXPECT_EQ(Read(1), Bytes{1});  // the refusal did no harm
 }
 
-TEST_F(SerialBridgeTest, APeerThatLeavesGivesShortReadsAtOnce) {
-  Open(kLongMs, kLongMs);
-  peer_.Leave();
-  const auto start = steady_clock::now();
-  EXPECT_EQ(Read(8), Bytes());
-  EXPECT_EQ(status_, UsbXpress::kReadError);
-  EXPECT_EQ(Write({1, 2, 3}), 0U);
-  EXPECT_EQ(status_, UsbXpress::kWriteError);
-  EXPECT_EQ(Read(8), Bytes());
-  EXPECT_EQ(status_, UsbXpress::kReadError);
-  EXPECT_EQ(bridge_.FlushBuffers(handle_, 1, 1), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(bridge_.WriteLatch(handle_, 1, 0), UsbXpress::kInvalidHandle);
-  EXPECT_LT(MsSince(start), 1000.0);
-  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
-}
-
-TEST_F(SerialBridgeTest, APeerThatLeavesDuringAReadEndsIt) {
-  Open(kLongMs);
-  peer_.Send({1, 2, 3});
-  EXPECT_EQ(Read(3), (Bytes{1, 2, 3}));
-  const auto start = steady_clock::now();
-  std::thread script([this] {
-    EXPECT_EQ(peer_.Take(1), Bytes{7});
-    peer_.Leave();
-  });
-  EXPECT_EQ(Write({7}), 1U);
-  EXPECT_EQ(Read(8), Bytes());
-  EXPECT_EQ(status_, UsbXpress::kReadError);
-  EXPECT_LT(MsSince(start), 1000.0);
-  script.join();
-}
-
-TEST_F(SerialBridgeTest, AWriteToAPeerThatLeftFailsAtOnce) {
-  Open(kLongMs, kLongMs);
-  peer_.Leave();
-  const auto start = steady_clock::now();
-  EXPECT_EQ(Write(CountedBytes(136)), 0U);
-  EXPECT_EQ(status_, UsbXpress::kWriteError);
-  EXPECT_LT(MsSince(start), 1000.0);
-}
-
-TEST_F(SerialBridgeTest, APeerThatLeavesWhileNobodyReadsDoesNotKeepTheLoopAwake) {
-  Open(kLongMs);
-  peer_.Leave();
-  bool over = false;
-  int turns = 0;
-  QTimer::singleShot(10, [&] { over = true; });
-  while (!over) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    ++turns;
-  }
-  EXPECT_LT(turns, 30);
-  EXPECT_EQ(Read(8), Bytes());
-  EXPECT_NE(status_, UsbXpress::kSuccess);
-  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
-}
-
-TEST_F(SerialBridgeTest, ADeviceThatLeftIsNotFoundAnyMore) {
-  Open(5);
-  peer_.Leave();
-  EXPECT_EQ(Read(8), Bytes());
-  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
-  std::uint32_t count = 99;
-  UsbXpress::ProductString text;
-  EXPECT_EQ(bridge_.GetNumDevices(count), UsbXpress::kDeviceNotFound);
-  EXPECT_EQ(count, 0U);
-  EXPECT_EQ(bridge_.GetProductString(0, text, 0), UsbXpress::kDeviceNotFound);
-  EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceNotFound);
-}
-
 TEST_F(SerialBridgeTest, TheLinkMayBeOpenedAgain) {
   Open(kLongMs);
   EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
@@ -425,60 +298,6 @@ TEST(SerialBridge, WhatIsNoDeviceIsNotFound) {
   }
   EXPECT_EQ(test::Content(folder / "plain"), "x");
 }
-
-/// Sends without a pause until it is stopped.
-class Babble {
- public:
-  explicit Babble(const ScriptedPeer& peer)
-      : thread_([this, &peer] {
-          const Bytes bytes = CountedBytes(1024);
-          while (!over_) sent_ += peer.SendSome(bytes);
-        }) {}
-  ~Babble() { Stop(); }
-  Babble(const Babble&) = delete;
-  Babble& operator=(const Babble&) = delete;
-  void Stop() {
-    over_ = true;
-    if (thread_.joinable()) thread_.join();
-  }
-  [[nodiscard]] std::size_t Sent() const { return sent_; }
-
- private:
-  std::atomic<bool> over_ = false;
-  std::atomic<std::size_t> sent_ = 0;
-  std::thread thread_;
-};
-
-TEST_F(SerialBridgeTest, ABabblingLineIsDroppedBehindABoxAndKeepsWorking) {
-  Open(20);
-  constexpr std::size_t kPlenty = 1'000'000;
-  Babble babble(peer_);
-  const auto start = steady_clock::now();
-  // As a box does: nobody reads, events pass.
-  while (babble.Sent() < kPlenty && MsSince(start) < kLongMs) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-  }
-  babble.Stop();
-  EXPECT_GE(babble.Sent(), kPlenty) << "what is not kept must not block the line";
-  std::size_t held = 0;
-  while (status_ != UsbXpress::kReadTimedOut) held += Read(512).size();
-  // The bridge's 4 kB, and what the system keeps for a terminal: 64 kB and 4 kB.
-  EXPECT_LE(held, 72U * 1024U);
-
-  peer_.Send({1, 2, 3, 4, 5, 6, 7, 8});
-  EXPECT_EQ(Read(8), (Bytes{1, 2, 3, 4, 5, 6, 7, 8}));
-}
-
-TEST_F(SerialBridgeTest, ABabblingLineLetsCommandsOut) {
-  Open(5, kLongMs);
-  Babble babble(peer_);
-  for (int command = 0; command < 50; ++command) {
-    EXPECT_EQ(Write(CountedBytes(8)), 8U);
-    EXPECT_EQ(Read(8).size(), 8U);
-    QCoreApplication::processEvents();
-  }
-}
-
 }  // namespace
 }  // namespace morvane::bridges
 

@@ -113,7 +113,9 @@ struct CliDesk {
   ExitStatus DoOn(UsbXpress& usb, simulator::SimulatedMachine* seen,
                   ExitStatus (*command)(Job&, const Options&), const Options& options) {
     Workplace place{Prog, Operator, Screen, usb, seen};
-    return RunJob(place, "", [&](Job& job) { return command(job, options); });
+    const ExitStatus status = RunJob(place, "", [&](Job& job) { return command(job, options); });
+    Loop.Restart();  // the next command is a program of its own
+    return status;
   }
 };
 

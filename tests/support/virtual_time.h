@@ -33,6 +33,8 @@ class VirtualEventLoop : public EventLoop {
   void RunUntil(const std::function<bool()>& done) override;
   std::unique_ptr<Timer> StartTimer(int intervalMs, std::function<void()> tick) override;
   void Quit() override { quitting_ = true; }
+  /// A new program begins on the same clock.
+  void Restart() { quitting_ = false; }
   [[nodiscard]] bool Quitting() const override { return quitting_; }
 
   /// An event for the next `Pump`, as a click or a key would be.
