@@ -9,13 +9,13 @@
 namespace morvane::machine {
 namespace {
 
-/// `which` board of the range was typed as `text`, which is not within `low`..`high`, and is `now`.
+/// `which` board of the range was typed as `text`, which is not within `low`..`high`, and stays
+/// `now`.
 std::string RangeRefusal(const std::string& which, const std::string& text, int low, int high,
                          int now) {
   return "      The " + which + " board to deal must be from " + std::to_string(low) + " to " +
          std::to_string(high) + ", not " + (text.empty() ? "empty" : text) +
-         ".      \r\n\r\n      It is " + std::to_string(now) +
-         " now. Nothing has been dealt.      ";
+         ".      \r\n\r\n      It stays " + std::to_string(now) + ". Nothing has been dealt.      ";
 }
 
 }  // namespace
@@ -157,11 +157,13 @@ void DealingRun::cmdDeal() {
 }
 
 void DealingRun::Deal_next() {
+  const std::int16_t dealt = parts_.Prog.Set.CurrentBoard;
   if (!Controls().Deal_next || running_ || !TypedIsTaken()) return;
-  if (!Controls().Deal_next) {  // the range has moved on to a board that has not been dealt
+  if (parts_.Prog.Set.CurrentBoard != dealt) {  // the range has moved on to another board
     cmdDeal();
     return;
   }
+  if (!Controls().Deal_next) return;  // it ends with the board just dealt
   ForgetCards();
   parts_.Walk.NextBoardStep();
   ShowAll();
@@ -196,6 +198,7 @@ void DealingRun::Walk(BoardWalk::Step step) {
 void DealingRun::SetNumberCopies(const std::string& text) {
   if (Busy()) return;
   parts_.Walk.SetCopies(Val(text));
+  FollowEnd();
   Controls().FollowCopy(parts_.Walk);
   ShowAll();
 }
@@ -209,34 +212,50 @@ void DealingRun::LeaveSubto(const std::string& text) { LeaveRangeBox(&BoardWalk:
 void DealingRun::LeaveRangeBox(bool (BoardWalk::*set)(int), const std::string& text) {
   if (Busy()) return;
   if ((parts_.Walk.*set)(Val(text))) ForgetCards();
+  FollowEnd();
   Controls().FollowBoard(parts_.Walk);
   ShowAll();
 }
 
-/// What is being typed counts as if its box had been left. Why it could not be taken as it stands;
-/// the range has then been brought into the set.
-std::string DealingRun::TakeTyped() {
+/// What is being typed counts as if its box had been left.
+void DealingRun::TakeTyped() {
+  const auto texts = parts_.View->Range();
+  if (!texts) return;
+  const RunMemory before = parts_.Walk.Range();
+  if (Val(texts->Subfrom) != before.RunFirst) LeaveSubfrom(texts->Subfrom);
+  if (Val(texts->Subto) != before.RunLast) LeaveSubto(texts->Subto);
+}
+
+/// Why what is being typed cannot be taken as it stands; empty when it can.
+std::string DealingRun::RefusalOfTyped() const {
   const auto texts = parts_.View->Range();
   if (!texts) return "";
   const RunMemory& range = parts_.Walk.Range();
   const BoardSet& set = parts_.Prog.Set;
-  const bool first = Val(texts->Subfrom) != range.RunFirst;
-  const bool last = Val(texts->Subto) != range.RunLast;
-  if (first) LeaveSubfrom(texts->Subfrom);
-  if (last) LeaveSubto(texts->Subto);
-  if (first && Val(texts->Subfrom) != range.RunFirst) {
+  const int first = Val(texts->Subfrom);
+  const int last = Val(texts->Subto);
+  const auto isNew = [](int number, int now, int low, int high) {
+    return number != now && (number < low || number > high);
+  };
+  if (isNew(first, range.RunFirst, set.FirstBoard, set.LastBoard)) {
     return RangeRefusal("first", texts->Subfrom, set.FirstBoard, set.LastBoard, range.RunFirst);
   }
-  if (last && Val(texts->Subto) != range.RunLast) {
-    return RangeRefusal("last", texts->Subto, range.RunFirst, set.LastBoard, range.RunLast);
+  if (isNew(last, range.RunLast, first, set.LastBoard)) {
+    return RangeRefusal("last", texts->Subto, first, set.LastBoard, range.RunLast);
   }
   return "";
 }
 
 bool DealingRun::TypedIsTaken() {
-  const std::string refusal = TakeTyped();
-  if (!refusal.empty()) ShowDealingError(parts_.Prog, parts_.TheMachine, refusal);
-  return refusal.empty();
+  const std::string refusal = RefusalOfTyped();
+  if (refusal.empty()) {
+    TakeTyped();
+    return true;
+  }
+  parts_.View->ShowControls();  // the range as it stays
+  ShowDealingError(parts_.Prog, parts_.TheMachine, refusal);
+  ForgetStarts();
+  return false;
 }
 
 void DealingRun::Disp_boards() {
@@ -255,6 +274,11 @@ void DealingRun::Command1() {
 bool DealingRun::Busy() {
   if (running_) parts_.View->ShowControls();  // takes back what the operator has changed
   return running_;
+}
+
+/// A run that ends with the board just dealt has no next one.
+void DealingRun::FollowEnd() {
+  if (parts_.Walk.AtEnd()) Controls().Deal_next = false;
 }
 
 /// What was dealt belongs to another board now.

@@ -79,8 +79,10 @@ class DealingRun {
   void Unload();
   bool Busy();
   void LeaveRangeBox(bool (BoardWalk::*set)(int), const std::string& text);
-  std::string TakeTyped();
+  void TakeTyped();
+  [[nodiscard]] std::string RefusalOfTyped() const;
   bool TypedIsTaken();
+  void FollowEnd();
   void ForgetCards();
   void ShowAll();
   [[nodiscard]] RunControls& Controls() { return parts_.Window.Controls; }

@@ -84,7 +84,7 @@ ErrorDisp::ErrorDisp(ErrorDialog& dialog, QWidget* parent) : QDialog(parent), di
   addButton("Cancel_button", dialog.Cancel_button, [this] { dialog_.PressCancel(); });
   addButton("Cancel2", dialog.Cancel2, [this] { dialog_.PressCancel2(); });
 
-  setAccessibleDescription(text->text() + ". " + code->text());
+  setAccessibleDescription(text->text() + ". " + board->text() + ". " + code->text());
   Fill(*this, body, buttons);
   FitToScreen(*this);
 }

@@ -142,7 +142,7 @@ TEST_F(TypedNumbers, ANumberOutsideTheSetIsRefusedInWordsAndNothingIsDealt) {
   EXPECT_EQ(desk.Boxes.at(0).Title, "Dealing Error");
   EXPECT_EQ(desk.Boxes.at(0).Text,
             "The first board to deal must be from 5 to 9, not 2.\n\n"
-            "It is 5 now. Nothing has been dealt.");
+            "It stays 5. Nothing has been dealt.");
   EXPECT_EQ(Text("Subfrom"), "5");
   EXPECT_EQ(Dealt(), 0);
   AltD();
@@ -159,8 +159,46 @@ TEST_F(TypedNumbers, ThePedalIsRefusedLikeTheKey) {
   desk.Loop.WaitMs(500);
   EXPECT_EQ(desk.Boxes.at(0).Text,
             "The last board to deal must be from 2 to 3, not 1.\n\n"
-            "It is 2 now. Nothing has been dealt.");
+            "It stays 3. Nothing has been dealt.");
+  EXPECT_EQ(Text("Subto"), "3");
   EXPECT_EQ(Dealt(), 0);
+}
+
+TEST_F(TypedNumbers, ThePedalBehindARefusalStartsNothing) {
+  Contact();
+  TypeInto("Subfrom", "");
+  desk.When("MessageBox", [this](QWidget& box) {
+    simulated.PressPedal();
+    desk.Loop.WaitMs(200);
+    test::Press(box, Qt::Key_Return);
+  });
+  AltD();
+  desk.Loop.WaitMs(500);
+  EXPECT_EQ(desk.Boxes.size(), 1U);
+  EXPECT_EQ(Dealt(), 0);
+}
+
+TEST_F(TypedNumbers, ARangeThatEndsWithTheBoardJustDealtHasNoNextOne) {
+  Contact();
+  Click("cmdDeal");
+  EXPECT_TRUE(Enabled("Deal_next"));
+  TypeInto("Subto", "1");
+  AltX();
+  EXPECT_EQ(Dealt(), 1);
+  EXPECT_FALSE(Enabled("Deal_next"));
+  EXPECT_THAT(desk.Boxes, IsEmpty());
+}
+
+TEST_F(TypedNumbers, CopiesThatEndWithTheOneJustDealtHaveNoNextOne) {
+  test::FillSet(desk.Prog.Set, 1, 1);
+  Contact();
+  TypeInto("NumberCopies", "2");
+  AltD();
+  EXPECT_TRUE(Enabled("Deal_next"));
+  TypeInto("NumberCopies", "1");
+  AltX();
+  EXPECT_EQ(Dealt(), 1);
+  EXPECT_FALSE(Enabled("Deal_next"));
 }
 
 TEST_F(TypedNumbers, AnEmptyBoxIsRefusedToo) {
@@ -171,8 +209,9 @@ TEST_F(TypedNumbers, AnEmptyBoxIsRefusedToo) {
   AltX();
   EXPECT_EQ(desk.Boxes.at(0).Text,
             "The last board to deal must be from 1 to 3, not empty.\n\n"
-            "It is 1 now. Nothing has been dealt.");
+            "It stays 3. Nothing has been dealt.");
   EXPECT_EQ(Dealt(), 1);
+  EXPECT_TRUE(Enabled("Deal_next"));
 }
 
 TEST_F(TypedNumbers, SurviveTheButtonsThatStartNothing) {
