@@ -76,6 +76,7 @@ bool LoadStrictly(Job& job, const std::string& path) {
 ExitStatus RunJob(Workplace& place, const std::string& raw,
                   const std::function<ExitStatus(Job& job)>& work) {
   ConsoleWindows windows(place);
+  place.Prog.Locks.BeOneFlow();
   LoneInstance instance;  // a command may run beside the desktop
   const auto kind =
       place.Simulated ? machine::MachineKind::kSimulated : machine::MachineKind::kReal;

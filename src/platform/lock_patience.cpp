@@ -14,6 +14,7 @@ class LockPatience::Waiting {
   Waiting& operator=(const Waiting&) = delete;
   ~Waiting() {
     const int error = errno;  // the caller's reason
+    owner_.left_ -= owner_.time_.Elapsed() - start_;
     if (painted_.count() > 0) owner_.ui_.Waiting("");
     errno = error;
   }
@@ -21,7 +22,7 @@ class LockPatience::Waiting {
   /// Pauses. False when the patience is over.
   bool GoOn() {
     const auto waited = owner_.time_.Elapsed() - start_;
-    if (waited >= FileLock::kPatience || owner_.over_ || owner_.loop_.Quitting()) return false;
+    if (waited >= owner_.left_ || owner_.over_ || owner_.loop_.Quitting()) return false;
     if (waited >= painted_ + kUntold) Show(waited);
     owner_.time_.Spend(FileLock::kPause);
     return true;
@@ -41,17 +42,8 @@ class LockPatience::Waiting {
 };
 
 std::optional<FileLock> LockPatience::Lock(const std::string& path, const std::string& what) {
-  if (inVain_.contains(path)) return Try(path);
   Waiting waiting(*this, what);
-  auto lock = FileLock::Wait(path, [&waiting] { return waiting.GoOn(); });
-  if (!lock && errno == ETIMEDOUT) inVain_.insert(path);
-  return lock;
-}
-
-std::optional<FileLock> LockPatience::Try(const std::string& path) {
-  auto lock = FileLock::Wait(path, [] { return false; });
-  if (lock) inVain_.erase(path);
-  return lock;
+  return FileLock::Wait(path, [&waiting] { return waiting.GoOn(); });
 }
 
 }  // namespace morvane

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <optional>
-#include <set>
 #include <string>
 
 #include "platform/clock.h"
@@ -12,9 +11,9 @@
 
 namespace morvane {
 
-/// Waits for locks on the operator's behalf, once a flow: a lock that did not come within
-/// `FileLock::kPatience` is only tried from then on, until it could be had or the next flow begins.
-/// No lock is waited for when the program is quitting.
+/// Waits for locks on the operator's behalf, `FileLock::kPatience` in all a flow: once that is used
+/// up, locks are only tried until the next flow begins. None is waited for when the program is
+/// quitting.
 class LockPatience {
  public:
   /// A wait as long as this is told, and the windows go on painting.
@@ -25,7 +24,11 @@ class LockPatience {
   LockPatience& operator=(const LockPatience&) = delete;
 
   /// A new flow or command begins.
-  void Renew() { inVain_.clear(); }
+  void Renew() {
+    if (!oneFlow_) left_ = FileLock::kPatience;
+  }
+  /// All that the program does is one flow to its user.
+  void BeOneFlow() { oneFlow_ = true; }
   /// The program has little time left: from now on locks are only tried.
   void WaitNoMore() { over_ = true; }
 
@@ -35,12 +38,12 @@ class LockPatience {
 
  private:
   class Waiting;
-  [[nodiscard]] std::optional<FileLock> Try(const std::string& path);
   Ui& ui_;
   EventLoop& loop_;
   Clock& time_;
   bool over_ = false;
-  std::set<std::string> inVain_;  ///< the paths that were waited for and not had
+  bool oneFlow_ = false;
+  std::chrono::microseconds left_ = FileLock::kPatience;
 };
 
 }  // namespace morvane

@@ -33,7 +33,8 @@ Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& i
 void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 
 StartOutcome Shell::StartUp(const std::string& commandLine) {
-  const Flow flow(*this);
+  // Settings may have been waited for before.
+  const Flow flow(*this, Flow::Waits::kAsBefore);
   const StartFiles files = ParseCommandLine(commandLine);
   const StartOutcome outcome = BecomeTheRunningOne(
       program_, instance_, files, [this](std::string_view command) { LinkExecute(command); });

@@ -39,22 +39,34 @@ TEST(LockPatience, AHolderThatDoesNotLetGoIsWaitedForOnceAFlow) {
   EXPECT_EQ(desk.Wait(), milliseconds(0));
 }
 
-TEST(LockPatience, OnceItCouldBeHadItIsWaitedForAgain) {
+TEST(LockPatience, WhatAWaitThatWasNotInVainHasTakenIsGoneToo) {
   LockDesk desk;
-  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
-  desk.Other.reset();
-  EXPECT_TRUE(desk.Lock());
+  desk.Ui.OnWaiting = [&](const std::string& what) {
+    if (what.empty()) return;
+    desk.Clock.Spend(milliseconds(3800));
+    desk.Other.reset();
+  };
+  EXPECT_TRUE(desk.Lock()) << "after 4 seconds";
+  desk.Ui.OnWaiting = nullptr;
   desk.Other = FileLock::Try(desk.Path);
-  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  EXPECT_EQ(desk.Wait(), milliseconds(5999)) << "it took a pause more";
 }
 
-TEST(LockPatience, AnotherLockIsStillWaitedFor) {
+TEST(LockPatience, IsOneForAllLocksOfAFlow) {
   LockDesk desk;
   EXPECT_EQ(desk.Wait(), milliseconds(10'000));
   const auto other = FileLock::Try(desk.Folder / "another");
   const auto start = desk.Clock.Elapsed();
   EXPECT_FALSE(desk.Patience.Lock(desk.Folder / "another", "things"));
-  EXPECT_EQ(desk.Clock.Elapsed() - start, milliseconds(10'000));
+  EXPECT_EQ(desk.Clock.Elapsed() - start, milliseconds(0));
+}
+
+TEST(LockPatience, IsOneForAProgramThatIsOneFlow) {
+  LockDesk desk;
+  desk.Patience.BeOneFlow();
+  EXPECT_EQ(desk.Wait(), milliseconds(10'000));
+  desk.Patience.Renew();
+  EXPECT_EQ(desk.Wait(), milliseconds(0));
 }
 
 TEST(LockPatience, ALongWaitIsToldUntilItIsOver) {
