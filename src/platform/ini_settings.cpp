@@ -1,16 +1,25 @@
 #include "platform/ini_settings.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
 #include "platform/files.h"
 #include "platform/ini_text.h"
 #include "platform/lock_patience.h"
+#include "platform/put_aside.h"
 
 namespace morvane {
 namespace {
 
 enum class StoreIs { kText, kNoText, kUnreadable };
+
+/// Of any encoding; bytes that stand in no text are those that steer something.
+bool IsText(const std::string& content) {
+  return std::none_of(content.begin(), content.end(), [](char c) {
+    return (c >= 0 && c < ' ' && c != '\t' && c != '\r' && c != '\n') || c == '\x7F';
+  });
+}
 
 /// A missing file is an empty store.
 StoreIs ReadStore(const std::string& path, std::string& content) {
@@ -20,7 +29,7 @@ StoreIs ReadStore(const std::string& path, std::string& content) {
   if (!std::filesystem::is_regular_file(status)) return StoreIs::kUnreadable;
   MakePrivate(path);
   const auto error = ReadFile(path, content, IniSettings::kMostBytes);
-  const bool isText = !error && content.find('\0') == std::string::npos;
+  const bool isText = !error && IsText(content);
   if (!isText) content.clear();
   if (isText) return StoreIs::kText;
   return !error || error->Number == EFBIG ? StoreIs::kNoText : StoreIs::kUnreadable;
@@ -52,20 +61,11 @@ bool IniSettings::Set(const SettingKey& key, std::string_view value) {
   if (store == StoreIs::kUnreadable) return false;
   const auto changed = WithIniValue(content, key, value);
   if (!changed || changed->size() > kMostBytes) return false;
-  if (store == StoreIs::kNoText && !PutAside(path)) return false;
-  return !WriteLockedFile(path, *changed, NewFile::kPrivate);
-}
-
-bool IniSettings::PutAside(const std::string& path) {
-  std::error_code failure;
-  std::string aside = path + ".damaged";
-  for (int n = 2; std::filesystem::exists(PathOfUtf8(aside), failure); ++n) {
-    aside = path + ".damaged" + std::to_string(n);
+  if (store == StoreIs::kNoText) {
+    putAside_ = PutAside(path);
+    if (putAside_.empty()) return false;
   }
-  std::filesystem::rename(PathOfUtf8(path), PathOfUtf8(aside), failure);
-  if (failure) return false;
-  putAside_ = aside;
-  return true;
+  return !WriteLockedFile(path, *changed, NewFile::kPrivate);
 }
 
 }  // namespace morvane

@@ -29,7 +29,6 @@ class IniSettings final : public Settings {
 
  private:
   [[nodiscard]] std::optional<FileLock> LockOf(const std::string& path) const;
-  [[nodiscard]] bool PutAside(const std::string& path);
 
   std::string path_;
   std::string putAside_;

@@ -5,6 +5,7 @@
 
 #include "files/unsaved_set.h"
 #include "platform/files.h"
+#include "platform/put_aside.h"
 #include "shell/start_up.h"
 #include "text/box_text.h"
 
@@ -12,15 +13,19 @@ namespace morvane::shell {
 namespace {
 
 constexpr const char* kCaption = "Unsaved Board Set";
+constexpr const char* kUnreadable = "The copy of an unsaved Board Set cannot be read.";
+constexpr std::uintmax_t kLargestCopy = 1U << 24U;  // 640 boards take 120 kB
 
 bool Exists(const std::string& path) {
   std::error_code none;
   return std::filesystem::exists(PathOfUtf8(path), none);
 }
 
-void RemoveFile(const std::string& path) {
-  std::error_code none;
-  std::filesystem::remove(PathOfUtf8(path), none);
+/// Whether it is gone.
+bool RemoveFile(const std::string& path) {
+  std::error_code failure;
+  std::filesystem::remove(PathOfUtf8(path), failure);
+  return !failure;
 }
 
 std::string InBox(const std::string& line) { return "      " + line + "      \r\n"; }
@@ -39,9 +44,9 @@ std::string OfferText(const files::UnsavedSet& found) {
          InBox("Yes loads it, No deletes it, Cancel leaves it for the next start.");
 }
 
-void TakeSet(Program& program, BoardSet&& set) {
+void TakeSet(Program& program, BoardSet&& set, const std::string& heading) {
   program.Set = std::move(set);
-  program.Log.Boards(program.Set, program.Set.FirstBoard, program.Set.LastBoard, false);
+  program.Log.Boards(program.Set, program.Set.FirstBoard, program.Set.LastBoard, false, heading);
   program.Operator.RefreshSet();
   program.Status("Unsaved boards loaded: " + std::to_string(program.Set.Count()));
 }
@@ -65,6 +70,7 @@ void UnsavedCopy::Open() {
     if (outcome == Outcome::kLeft || (lock_ && outcome == Outcome::kGone)) continue;
     lock_ = std::move(lock);
     path_ = path;
+    RemoveFile(path + ".new");  // of a program that was killed while it wrote
     failure_.reset();
     if (outcome == Outcome::kTaken) return;
   }
@@ -72,14 +78,19 @@ void UnsavedCopy::Open() {
 
 UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path) {
   std::string text;
-  if (ReadFile(path, text)) return PutAside(path);
+  if (const auto error = ReadFile(path, text, kLargestCopy)) {
+    program_.ShowMessage(
+        InBox(kUnreadable) + InBox("File Name: " + path) +
+            InBox("Error: " + std::to_string(error->Number) + ", " + error->Description),
+        kOkCritical, kCaption);
+    return Outcome::kLeft;
+  }
   auto found = files::ReadUnsavedText(text);
-  if (!found) return PutAside(path);
+  if (!found) return TellDamaged(path);
   const std::string heading = " Unsaved Board Set of " + found->When + ": ";
   switch (program_.Ask(OfferText(*found), kYesNoCancelExclamation, kCaption)) {
     case kYes:
-      program_.Log.WriteLine(heading + "loaded");
-      TakeSet(program_, std::move(found->Set));
+      TakeSet(program_, std::move(found->Set), heading + "loaded");
       kept_ = files::UnsavedText(program_.Set, "");
       return Outcome::kTaken;
     case kNo:
@@ -92,14 +103,11 @@ UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path) {
   }
 }
 
-UnsavedCopy::Outcome UnsavedCopy::PutAside(const std::string& path) {
-  std::error_code failure;
-  const std::string aside = path + ".damaged";
-  std::filesystem::rename(PathOfUtf8(path), PathOfUtf8(aside), failure);
-  program_.ShowMessage(InBox("The copy of an unsaved Board Set cannot be read.") +
-                           InBox("File Name: " + (failure ? path : aside)),
+UnsavedCopy::Outcome UnsavedCopy::TellDamaged(const std::string& path) {
+  const std::string aside = PutAside(path);
+  program_.ShowMessage(InBox(kUnreadable) + InBox("File Name: " + (aside.empty() ? path : aside)),
                        kOkCritical, kCaption);
-  return failure ? Outcome::kLeft : Outcome::kGone;
+  return aside.empty() ? Outcome::kLeft : Outcome::kGone;
 }
 
 void UnsavedCopy::Keep() {
@@ -117,9 +125,7 @@ void UnsavedCopy::Keep() {
 }
 
 void UnsavedCopy::Remove() {
-  if (kept_.empty()) return;
-  RemoveFile(path_);
-  kept_.clear();
+  if (!kept_.empty() && RemoveFile(path_)) kept_.clear();
 }
 
 bool UnsavedCopy::FailureToTell() const {

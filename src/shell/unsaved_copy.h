@@ -35,7 +35,7 @@ class UnsavedCopy {
  private:
   enum class Outcome { kTaken, kGone, kLeft };
   [[nodiscard]] Outcome Offer(const std::string& path);
-  [[nodiscard]] Outcome PutAside(const std::string& path);
+  [[nodiscard]] Outcome TellDamaged(const std::string& path);
   [[nodiscard]] std::string PathOf(int place) const;
 
   Program& program_;

@@ -260,6 +260,13 @@ TEST_F(IniSettingsTest, NothingIsLeftBesideButTheLock) {
   EXPECT_THAT(names, testing::UnorderedElementsAre("morvane.exe.ini", "morvane.exe.ini.lock"));
 }
 
+TEST_F(IniSettingsTest, BytesThatAreNoTextArePutAsideWithoutANulToo) {
+  const std::string damaged = "[Setup]\nText = 1\n\x01\x1B\xFFgarbage";
+  WriteContent(path_, damaged);
+  EXPECT_TRUE(store_.Set(kOther, "2"));
+  EXPECT_EQ(Content(path_ + ".damaged"), damaged);
+}
+
 TEST_F(IniSettingsTest, AFileThatIsNoTextIsPutAsideBeforeAValueIsWritten) {
   const std::string damaged("[Setup]\nText = 1\n\0\0\0\0", 21);
   WriteContent(path_, damaged);

@@ -246,6 +246,54 @@ TEST(UnsavedCopy, ThatIsDamagedIsPutAsideAndTold) {
   EXPECT_FALSE(desk.HasCopy());
 }
 
+TEST(UnsavedCopy, ASecondDamagedOneDoesNotTakeTheFirstOnesPlace) {
+  KeepingDesk desk;
+  std::filesystem::create_directories(desk.Prog.Paths.Data);
+  test::WriteContent(desk.Copy() + ".damaged", "first");
+  test::WriteContent(desk.Copy(), "second");
+  desk.Main.StartUp("");
+  EXPECT_EQ(test::Content(desk.Copy() + ".damaged"), "first");
+  EXPECT_EQ(test::Content(desk.Copy() + ".damaged2"), "second");
+}
+
+TEST(UnsavedCopy, ThatCannotBeReadNowStaysForTheNextStart) {
+  KeepingDesk desk;
+  std::filesystem::create_directories(desk.Copy());
+  desk.Main.StartUp("");
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text,
+            "      The copy of an unsaved Board Set cannot be read.      \r\n      File Name: " +
+                desk.Copy() + "      \r\n      Error: 21, Is a directory      \r\n");
+  EXPECT_TRUE(desk.HasCopy());
+  desk.ChangeSet();
+  desk.PassASecond();
+  EXPECT_TRUE(desk.HasCopy(2));
+}
+
+TEST(UnsavedCopy, HalfWrittenByAProgramThatWasKilledGoesAtTheNextStart) {
+  KeepingDesk desk;
+  std::filesystem::create_directories(desk.Prog.Paths.Data);
+  test::WriteContent(desk.Copy() + ".new", "Morvane uns");
+  desk.Main.StartUp("");
+  EXPECT_FALSE(std::filesystem::exists(desk.Copy() + ".new"));
+}
+
+TEST(UnsavedCopy, ThatCouldNotBeRemovedIsRemovedLater) {
+  KeepingDesk desk;
+  desk.Start();
+  desk.ChangeSet();
+  desk.PassASecond();
+  // A folder with something in it cannot be removed.
+  std::filesystem::remove(desk.Copy());
+  std::filesystem::create_directories(desk.Copy() + "/in");
+  desk.Ui.Files = {desk.Folder / "saved.pbn"};
+  desk.Main.MenuSave();
+  EXPECT_TRUE(desk.HasCopy());
+  std::filesystem::remove(desk.Copy() + "/in");
+  desk.PassASecond();
+  EXPECT_FALSE(desk.HasCopy());
+}
+
 TEST(UnsavedCopy, ThatCannotBeWrittenIsToldOnce) {
   KeepingDesk desk;
   desk.Start();
