@@ -1,13 +1,13 @@
 #include "end_signals.h"
 
+#include <csignal>
+
 #include "platform/event_loop.h"
 
 #ifdef _WIN32
 #include <windows.h>
 #else
 #include <unistd.h>
-
-#include <csignal>
 #endif
 
 namespace morvane {
@@ -15,6 +15,7 @@ namespace {
 
 /// A signal handler is given nothing but the signal.
 EventLoop* loopToQuit = nullptr;
+[[maybe_unused]] volatile std::sig_atomic_t told = 0;
 
 #ifdef _WIN32
 
@@ -31,7 +32,9 @@ constexpr unsigned kSecondsToEnd = 2;
 
 void TakeSignal(int /*number*/) {
   loopToQuit->Quit();
-  alarm(kSecondsToEnd);
+  // A further signal does not put the end off.
+  if (told == 0) alarm(kSecondsToEnd);
+  told = 1;
 }
 
 void Catch(int number) {

@@ -20,11 +20,17 @@ struct SystemParts {
       : Paths{ApplicationFolder(argv0), ""},
         SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
         Store(SettingsFile) {
-    Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : AbsolutePath(data);
+    Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : FolderPath(data);
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others
 #endif
   }
+  /// `folder` made absolute, without a separator at its end.
+  static std::string FolderPath(const std::string& folder) {
+    const auto path = (PathOfUtf8(AbsolutePath(folder)) / "").parent_path().u8string();
+    return {path.begin(), path.end()};
+  }
+
   ProgramPaths Paths;
   std::string SettingsFile;
   SystemClock Time;

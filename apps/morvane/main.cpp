@@ -7,6 +7,7 @@
 #include "arguments.h"
 #include "bridges/machine_choice.h"
 #include "display_guard.h"
+#include "end_hook.h"
 #include "end_signals.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
@@ -90,6 +91,10 @@ int main(int argc, char** argv) {
   QObject::connect(
       &application, &QGuiApplication::commitDataRequest, &application,
       [&parts](QSessionManager& /*session*/) { parts.Loop.Quit(); }, Qt::DirectConnection);
+  const morvane::EndHook hook([&] {
+    parts.Loop.Quit();  // nothing is asked any more
+    shell.End();
+  });
   shell.KeepUnsavedSet();
   using morvane::shell::StartOutcome;
   const StartOutcome outcome = shell.StartUp(arguments.CommandLine);

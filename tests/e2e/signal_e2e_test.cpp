@@ -77,6 +77,20 @@ TEST_F(SignalEndToEnd, ABoardUnderWayIsBrokenOffAndLogged) {
   }
 }
 
+TEST_F(SignalEndToEnd, ADesktopWhoseDisplayGoesWritesItsExit) {
+  Process display({"-displayfd", "1", "-noreset"},
+                  {.Folder = folder.Path(), .Program = "/usr/bin/Xvfb"});
+  ASSERT_TRUE(display.Until([&] { return display.Out().ends_with('\n'); })) << display.Err();
+  Surroundings around = Desktop();
+  around.Variables = {"QT_QPA_PLATFORM=xcb",
+                      "DISPLAY=:" + display.Out().substr(0, display.Out().size() - 1)};
+  Process process(Whole({}), around);
+  ASSERT_TRUE(process.Until([&] { return CountLines("   Start up parameters: ") == 1; }));
+  display.Kill();
+  EXPECT_EQ(process.Finish().Status, 1);
+  EXPECT_EQ(CountLines(" Exit: "), 1);
+}
+
 TEST_F(SignalEndToEnd, ASignalThatWasIgnoredStaysSo) {
   SetFile("set.pbn", 1, 1);
   const auto before = std::signal(SIGHUP, SIG_IGN);
