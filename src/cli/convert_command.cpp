@@ -72,7 +72,9 @@ constexpr std::array kOperands{
             .Means = "the file to save, in the format of its extension; with --to the folder"},
 };
 constexpr std::array kOptions{
-    Option{"to", "FORMAT", "save each file under its name in the folder OUT, in this format"},
+    Option{"to", "FORMAT",
+           "save each file under its name in the folder OUT, in this format; what a format "
+           "loses is asked for each, unless --yes is given"},
     Option{"first", "N", "the number of the first board of a file without numbers"},
     kImportOption,
     Option{"history", "on|off",

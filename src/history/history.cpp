@@ -26,14 +26,21 @@ std::optional<RuntimeError> ReadIfThere(const std::string& path, std::string& by
   return error && error->Number == ENOENT ? std::nullopt : error;
 }
 
+/// After a lock that could not be had.
+RuntimeError WhyNotLocked() {
+  RuntimeError error = RuntimeError::Last();
+  if (error.Number == ETIMEDOUT) error.Description = "Another program keeps the history locked";
+  return error;
+}
+
 }  // namespace
 
 History::Failure History::Unreadable(const Program& program, RuntimeError error) {
-  return {program.Texts.Msg084, program.Paths.Application, std::move(error)};
+  return {program.Texts.Msg084, BasePathOf(program.Paths.Data), std::move(error)};
 }
 
 History::Failure History::Unwritable(const Program& program, RuntimeError error) {
-  return {program.Texts.Msg085, program.Paths.Application, std::move(error)};
+  return {program.Texts.Msg085, BasePathOf(program.Paths.Data), std::move(error)};
 }
 
 bool History::LoadHistory(Program& program) {
@@ -93,7 +100,7 @@ void History::Add(Program& program, std::string_view name, Known known) {
 std::optional<History::Failure> History::Append(Program& program, std::string_view name,
                                                 Known known) {
   const auto lock = LockDataFolder(program.Paths.Data, program.Locks);
-  if (!lock) return Unwritable(program, RuntimeError::Last());
+  if (!lock) return Unwritable(program, WhyNotLocked());
   std::string bytes;
   if (auto error = ReadIfThere(RingFile(program), bytes)) {
     return Unreadable(program, *std::move(error));

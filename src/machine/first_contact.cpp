@@ -1,5 +1,8 @@
 #include "machine/first_contact.h"
 
+#include <string>
+#include <vector>
+
 namespace morvane::machine {
 
 Contact AskMachine(Machine& machine, Log& log) {
@@ -9,10 +12,12 @@ Contact AskMachine(Machine& machine, Log& log) {
   }
   const auto boardsDealt = machine.Exchange(wire::CounterCommand{});
   if (!boardsDealt) return Contact::kLinkLost;
-  log.WriteLine("  S/N:" + std::to_string(machine.SerialNumber) +
-                " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
-                " Firmware:" + machine.FirmwareVersion());
-  if (machine.IsSimulated()) log.WriteLine(" Machine: simulated");
+  std::vector<std::string> lines{
+      "  S/N:" + std::to_string(machine.SerialNumber) +
+      " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
+      " Firmware:" + machine.FirmwareVersion()};
+  if (machine.IsSimulated()) lines.emplace_back(" Machine: simulated");
+  log.Lines(lines);
   return Contact::kMade;
 }
 

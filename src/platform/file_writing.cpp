@@ -5,6 +5,7 @@
 
 #include "platform/file_beside.h"
 #include "platform/files.h"
+#include "platform/write_check.h"
 
 #ifdef _WIN32
 #include <io.h>
@@ -25,11 +26,6 @@ bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
 
 void KeepOwner(std::FILE* /*file*/, const std::string& /*old*/) {}
 
-bool MayWrite(const std::string& path) {
-  constexpr int kToWrite = 2;
-  return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
-}
-
 #else
 
 bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
@@ -41,10 +37,6 @@ void KeepOwner(std::FILE* file, const std::string& old) {
   if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
     [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
   }
-}
-
-bool MayWrite(const std::string& path) {
-  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
 #endif

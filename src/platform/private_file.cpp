@@ -102,10 +102,16 @@ std::optional<RuntimeError> MakePrivateFolder(const std::string& path) {
   failure.clear();
   std::filesystem::create_directories(PathOfUtf8(path).parent_path(), failure);
   if (failure) return RuntimeError::Of(failure);
-  if (mkdir(path.c_str(), kOwnFolder) != 0) {
-    return errno == EEXIST ? RuntimeError::OfNumber(ENOTDIR) : RuntimeError::Last();
+  if (mkdir(path.c_str(), kOwnFolder) == 0) {
+    SetRights(path, kOwnFolder);
+    return std::nullopt;
   }
-  SetRights(path, kOwnFolder);
+  if (errno != EEXIST) return RuntimeError::Last();
+  // Another program may have made it just now.
+  if (!std::filesystem::is_directory(PathOfUtf8(path), failure)) {
+    return RuntimeError::OfNumber(ENOTDIR);
+  }
+  MakePrivate(path);
   return std::nullopt;
 }
 

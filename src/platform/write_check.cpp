@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "platform/file_beside.h"
 #include "platform/files.h"
 
 #ifdef _WIN32
@@ -17,6 +18,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Makes a file in the folder of `path` and takes it away: rights alone do not tell.
+std::optional<RuntimeError> TryFolderOf(const std::string& path) {
+  const FileBeside beside = OpenBeside(path, NewFile::kPrivate);
+  if (!beside.File) return RuntimeError::Last();
+  std::error_code failure;
+  fs::remove(PathOfUtf8(beside.Name), failure);
+  return std::nullopt;
+}
+
+}  // namespace
+
 bool MayWrite(const std::string& path) {
 #ifdef _WIN32
   constexpr int kToWrite = 2;
@@ -25,23 +37,6 @@ bool MayWrite(const std::string& path) {
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 #endif
 }
-
-/// Makes an empty file in the folder of `path` and takes it away: rights alone do not tell. One of
-/// that name is left over from a check that was killed, unless it has bytes; nobody loses those.
-std::optional<RuntimeError> TryFolderOf(const std::string& path) {
-  const std::string name = FolderOf(path) + "morvane.try";
-  const fs::path file = PathOfUtf8(name);
-  std::error_code failure;
-  const auto there = fs::symlink_status(file, failure);
-  if (fs::exists(there) && !(fs::is_regular_file(there) && fs::is_empty(file, failure))) {
-    return std::nullopt;
-  }
-  auto error = WriteFile(name, "");
-  fs::remove(file, failure);
-  return error;
-}
-
-}  // namespace
 
 std::optional<RuntimeError> CheckWritable(const std::string& path) {
   const std::string real = FileBehind(path);

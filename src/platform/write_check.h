@@ -12,4 +12,7 @@ namespace morvane {
 /// behind; whether there is room for the bytes is seen when they are written.
 [[nodiscard]] std::optional<RuntimeError> CheckWritable(const std::string& path);
 
+/// Whether the system lets this program write what stands at `path`; `errno` says why not.
+[[nodiscard]] bool MayWrite(const std::string& path);
+
 }  // namespace morvane

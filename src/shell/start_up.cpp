@@ -76,11 +76,10 @@ void OpenLog(Program& program) {
 }
 
 void LogStart(Program& program, const generate::RandomPool& pool, const std::string& commandLine) {
-  program.Log.WriteLine("---");
-  program.Log.WriteLine("Start " + DateTimeText(program.Time.Now()));
-  program.Log.WriteLine("   Start up parameters: " + std::to_string(pool.StartParamDays) + "," +
-                        std::to_string(pool.StartParamMouse) + "  " + program.VersionText + "  " +
-                        commandLine);
+  program.Log.Lines(std::array<std::string, 3>{
+      "---", "Start " + DateTimeText(program.Time.Now()),
+      "   Start up parameters: " + std::to_string(pool.StartParamDays) + "," +
+          std::to_string(pool.StartParamMouse) + "  " + program.VersionText + "  " + commandLine});
 }
 
 }  // namespace morvane::shell

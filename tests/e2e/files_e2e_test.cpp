@@ -341,6 +341,16 @@ TEST_F(FilesEndToEnd, WithoutADataFolderTheSetIsMadeAllTheSame) {
   EXPECT_EQ(SetOf(folder / "evening.pbn")->Count(), 4);
 }
 
+TEST_F(FilesEndToEnd, ADataFolderMayBeNamedWithASeparatorAtItsEnd) {
+  const Outcome outcome =
+      Process({"--data", "new/", "--settings", settings, "generate", "a.pbn"}, Around()).Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_EQ(std::filesystem::status(folder / "new").permissions(),
+            std::filesystem::perms::owner_all);
+  EXPECT_TRUE(std::filesystem::exists(folder / "new/history1.dat"));
+}
+
 TEST_F(FilesEndToEnd, ASettingsStoreThatCannotBeWrittenStopsNothing) {
   const Outcome outcome =
       Process({"--data", data, "--settings", "/proc/self/x.ini", "generate", "evening.pbn"},

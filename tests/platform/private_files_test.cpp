@@ -155,5 +155,13 @@ TEST(PrivateFilesOfTwoUsers, AnotherUserReadsNoneAndHoldsNoLock) {
   EXPECT_FALSE(AnotherUserCan([&] { return FileLock::Try(folder / "data/lock").has_value(); }));
 }
 
+TEST(PrivateFolder, ThatAnotherProgramMakesMeanwhileIsThereAllTheSame) {
+  const test::TempFolder folder;
+  // The folder is there by the time that it is made, as its own parent.
+  EXPECT_EQ(MakePrivateFolder(folder / "new/."), std::nullopt);
+  EXPECT_EQ(std::filesystem::status(folder / "new").permissions(),
+            std::filesystem::perms::owner_all);
+}
+
 }  // namespace
 }  // namespace morvane
