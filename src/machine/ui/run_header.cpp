@@ -10,6 +10,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
 #include "platform/qt/shown_value.h"
+#include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
@@ -39,6 +40,8 @@ void ShowNow(ShownValue& label, const QString& text) {
 RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
   MakeStatus();
   lblProgress_ = new ShownValue("lblProgress", "Progress of the run", this);
+  StayFree(*txtStatus_);
+  StayFree(*lblProgress_);
   MakeDealTime();
   txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
   txtFile_->setFocusPolicy(Qt::ClickFocus);

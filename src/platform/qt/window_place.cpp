@@ -14,6 +14,7 @@ namespace morvane {
 namespace {
 
 constexpr QMargins kUsualFrame{1, 30, 1, 1};
+constexpr const char* kStaysFree = "staysFree";
 
 qint64 Area(const QRect& rect) { return qint64{rect.width()} * rect.height(); }
 
@@ -84,15 +85,66 @@ bool IsAbove(const QWidget& other, const QWidget& window) {
   return false;
 }
 
-/// The windows that stand beside `window` and can be used while it is open.
+/// What a dialog that opens `window` lies over already. The main window itself may lie below.
+QRegion CoveredBelow(const QWidget& window) {
+  const QWidget* dialog = window.parentWidget();
+  if (dialog == nullptr || dialog->window()->parentWidget() == nullptr) return {};
+  return FramedPlace(*dialog->window());
+}
+
+/// What can be seen of the windows that stand beside `window` and can be used while it is open.
 QList<QRect> WindowsBeside(const QWidget& window) {
+  const QRegion covered = CoveredBelow(window);
   QList<QRect> places;
   for (const QWidget* other : QApplication::topLevelWidgets()) {
     const auto type = other->windowType();
     const bool passing = type == Qt::Popup || type == Qt::ToolTip || other->isMinimized();
-    if (other->isVisible() && !passing && !IsAbove(*other, window)) places << FramedPlace(*other);
+    if (!other->isVisible() || passing || IsAbove(*other, window)) continue;
+    for (const QRect& rect : QRegion(FramedPlace(*other)) - covered) places << rect;
   }
   return places;
+}
+
+/// Adds what can be seen of a part of a window.
+void AddSeen(QList<QRect>& places, const QWidget& part) {
+  const QRect seen = part.visibleRegion().boundingRect();
+  if (!seen.isEmpty()) places << seen.translated(part.mapToGlobal(QPoint()));
+}
+
+QList<QRect> FreePartsOf(const QWidget& window) {
+  QList<QRect> places;
+  for (const auto* part : window.findChildren<QWidget*>()) {
+    if (part->window() == &window && part->property(kStaysFree).toBool()) AddSeen(places, *part);
+  }
+  return places;
+}
+
+QSize WithFrame(const QSize& size, const QMargins& frame) {
+  return QRect(QPoint(), size).marginsAdded(frame).size();
+}
+
+/// What the content lacks of its width scrolls, but the row of menus stays whole.
+int LeastWidth(const QWidget& window) {
+  const auto* menus = window.findChild<QMenuBar*>();
+  const int row = menus == nullptr ? 0 : menus->sizeHint().width();
+  return std::max(row, window.minimumSizeHint().width());
+}
+
+/// Both get narrower where that makes room for one beside the other: first the window, then the
+/// panel.
+void ShareWidth(QWidget& panel, QWidget& window, const QRect& available) {
+  const QMargins frame = FrameOf(window);
+  const QSize room = available.marginsRemoved(frame).size();
+  const int both = room.width() - frame.left() - frame.right();
+  const int least = LeastWidth(window);
+  const int high = panel.height() + frame.top() + frame.bottom();
+  const bool below = window.height() + high <= room.height();
+  if (both - panel.width() < least && below) return;
+  const int width = std::min(window.width(), std::max(both - panel.width(), least));
+  const QSize rest(std::min(panel.width(), both - width), panel.height());
+  if (5 * rest.width() < 4 * panel.width()) return;  // too little of it would be seen
+  window.resize(width, window.height());
+  panel.resize(WithBars(rest, panel, {rest.width(), room.height()}).boundedTo(room));
 }
 
 QRect WantedPlace(const QWidget& window, const QSize& size) {
@@ -105,13 +157,14 @@ QRect WantedPlace(const QWidget& window, const QSize& size) {
 
 }  // namespace
 
-QRect PlaceOnScreen(const QRect& wanted, const QRect& screen, const QList<QRect>& keepFree) {
+QRect PlaceOnScreen(const QRect& wanted, const QRect& screen, const QList<QRect>& keepFree,
+                    const QList<QRect>& thenFree) {
   QRect best(QPoint(), wanted.size().boundedTo(screen.size()));
   best.moveTopLeft(wanted.topLeft());
-  const QList<int> xs = Starts(Across(best), Across(screen), SpansOf(keepFree, Across));
-  const QList<int> ys = Starts(Down(best), Down(screen), SpansOf(keepFree, Down));
+  const QList<int> xs = Starts(Across(best), Across(screen), SpansOf(keepFree + thenFree, Across));
+  const QList<int> ys = Starts(Down(best), Down(screen), SpansOf(keepFree + thenFree, Down));
   const auto badness = [&](const QRect& place) {
-    return std::tuple(Covered(place, keepFree),
+    return std::tuple(Covered(place, keepFree), Covered(place, thenFree),
                       (place.topLeft() - wanted.topLeft()).manhattanLength());
   };
   best.moveTo(xs.front(), ys.front());
@@ -142,11 +195,12 @@ QRect FramedPlace(const QWidget& window) { return window.geometry() + FrameOf(wi
 QList<QRect> ButtonsOf(const QWidget& window) {
   QList<QRect> places;
   for (const auto* button : window.findChildren<QPushButton*>()) {
-    const bool own = button->isVisible() && button->window() == &window;
-    if (own) places << QRect(button->mapToGlobal(QPoint()), button->size());
+    if (button->window() == &window && button->isEnabled()) AddSeen(places, *button);
   }
   return places;
 }
+
+void StayFree(QWidget& part) { part.setProperty(kStaysFree, true); }
 
 void FitToScreen(QWidget& window, const QRect& available) {
   const QMargins frame = FrameOf(window);
@@ -158,9 +212,13 @@ void FitToScreen(QWidget& window, const QRect& available) {
   // A first window stands where the desktop puts it.
   if (parent == nullptr && !window.testAttribute(Qt::WA_Moved)) return;
   QList<QRect> keepFree = WindowsBeside(window);
-  if (parent != nullptr) keepFree += ButtonsOf(*parent->window());
-  const QRect wanted = WantedPlace(window, QRect(QPoint(), size).marginsAdded(frame).size());
-  window.move(PlaceOnScreen(wanted, available, keepFree).topLeft());
+  QList<QRect> thenFree;
+  if (parent != nullptr) {
+    keepFree += ButtonsOf(*parent->window());
+    thenFree = FreePartsOf(*parent->window());
+  }
+  const QRect wanted = WantedPlace(window, WithFrame(size, frame));
+  window.move(PlaceOnScreen(wanted, available, keepFree, thenFree).topLeft());
 }
 
 void FitToScreen(QWidget& window) {
@@ -169,18 +227,18 @@ void FitToScreen(QWidget& window) {
   FitToScreen(window, screen->availableGeometry());
 }
 
-void Dock(QWidget& panel, QWidget& window) {
-  const QRect screen = window.screen()->availableGeometry();
+void Dock(QWidget& panel, QWidget& window, const QRect& available) {
   const QMargins frame = FrameOf(window);
-  panel.resize(panel.sizeHint().boundedTo(screen.marginsRemoved(frame).size()));
-  const QSize size = QRect(QPoint(), panel.size()).marginsAdded(frame).size();
-  const int room = screen.width() - size.width() - frame.left() - frame.right();
-  if (window.width() > room && window.sizeHint().width() <= room) {
-    window.resize(room, window.height());
-  }
-  const Docked places = DockBeside(FramedPlace(window), ButtonsOf(window), size, screen);
+  panel.resize(panel.sizeHint().boundedTo(available.marginsRemoved(frame).size()));
+  ShareWidth(panel, window, available);
+  const QSize size = WithFrame(panel.size(), frame);
+  const Docked places = DockBeside(FramedPlace(window), ButtonsOf(window), size, available);
   if (places.Window != FramedPlace(window)) window.move(places.Window.topLeft());
   panel.move(places.Panel.topLeft());
+}
+
+void Dock(QWidget& panel, QWidget& window) {
+  Dock(panel, window, window.screen()->availableGeometry());
 }
 
 }  // namespace morvane

@@ -10,9 +10,9 @@ namespace morvane {
 // Where windows stand; all in the pixels of the desktop, rects with the window's frame.
 
 /// `wanted` moved as little as it takes to stand whole on the screen, with as little as can be of
-/// `keepFree` under it; smaller where the screen is.
+/// `keepFree` under it, and then of `thenFree`; smaller where the screen is.
 [[nodiscard]] QRect PlaceOnScreen(const QRect& wanted, const QRect& screen,
-                                  const QList<QRect>& keepFree);
+                                  const QList<QRect>& keepFree, const QList<QRect>& thenFree = {});
 
 struct Docked {
   QRect Window;
@@ -27,16 +27,22 @@ struct Docked {
 /// The window's place with its frame; one that was not shown yet has the frame of the windows of
 /// this desktop.
 [[nodiscard]] QRect FramedPlace(const QWidget& window);
-/// The push buttons of the window that can be seen.
+/// The push buttons of the window that can be seen and pressed.
 [[nodiscard]] QList<QRect> ButtonsOf(const QWidget& window);
+/// What opens over the window leaves this part of it free where the buttons allow it.
+void StayFree(QWidget& part);
 
 /// Makes a window no larger than what is `available` of the screen, and moves it there. Its
-/// parent's buttons and the windows beside that are not its parents stay free where there is room.
+/// parent's buttons and what is seen of the windows beside that are not its parents stay free where
+/// there is room.
 /// What does not fit scrolls, a message box's text too.
 void FitToScreen(QWidget& window, const QRect& available);
 /// The same on the screen that the window is to stand on.
 void FitToScreen(QWidget& window);
-/// Puts the panel, not shown yet, beside the window, which gets narrower where that makes room.
+/// Puts the panel, not shown yet, beside the window. Where that makes room, the window gets as
+/// narrow as its row of menus, and then the panel up to a fifth narrower.
+void Dock(QWidget& panel, QWidget& window, const QRect& available);
+/// The same on the screen that the window stands on.
 void Dock(QWidget& panel, QWidget& window);
 
 }  // namespace morvane

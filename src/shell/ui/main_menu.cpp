@@ -57,12 +57,13 @@ void MainMenu::MakeStatusBar() {
   statusBar()->addPermanentWidget(lblVersion_);
 }
 
+/// Where the window is small, the statistics scroll first, and the rest stays in sight.
 void MainMenu::MakeContent() {
   auto* content = new QWidget(this);
   header_ = new SetHeader(
       shell_, [this] { ShowTitle(); }, content);
   numbers_ = new SetNumbers([this] { ToggleStatistics(); }, content);
-  statistics_ = new StatisticsPanel(content);
+  statistics_ = new ScrollingPart(new StatisticsPanel(content), content);
   auto* all = new QVBoxLayout(content);
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->setSpacing(kSpacing);

@@ -16,7 +16,6 @@ namespace morvane::shell {
 
 class SetHeader;
 class SetNumbers;
-class StatisticsPanel;
 
 /// The main window: menu, what is known of the set, and the status bar.
 class MainMenu final : public QMainWindow {
@@ -49,7 +48,7 @@ class MainMenu final : public QMainWindow {
 
   SetHeader* header_ = nullptr;
   SetNumbers* numbers_ = nullptr;
-  StatisticsPanel* statistics_ = nullptr;
+  QWidget* statistics_ = nullptr;
   QLabel* lblVersion_ = nullptr;
   ShownValue* panel_ = nullptr;
   bool activated_ = false;

@@ -50,6 +50,15 @@ TEST(PlaceOnScreen, WithoutRoomAsLittleAsCanBeIsCovered) {
             QRect(0, 200, 950, 500));
 }
 
+// Down, by the shortest way, it would stand on the line; so it goes left, to x 0.
+TEST(PlaceOnScreen, ALineIsLeftFreeWhereTheButtonAllowsIt) {
+  const QRect button(300, 150, 100, 30);
+  EXPECT_EQ(PlaceOnScreen({100, 100, 300, 200}, kScreen, {button}, {{100, 350, 300, 400}}),
+            QRect(0, 100, 300, 200));
+  const QList<QRect> lines{{0, 60, 1000, 80}, {0, 370, 1000, 400}};
+  EXPECT_FALSE(PlaceOnScreen({100, 100, 300, 200}, kScreen, {button}, lines).intersects(button));
+}
+
 class DockTest : public ::testing::Test {
  protected:
   static Docked DockAt(const QRect& window, const QRect& screen, const QList<QRect>& buttons = {}) {

@@ -1,3 +1,5 @@
+#include <QDialog>
+#include <QMenuBar>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -39,17 +41,42 @@ TEST_F(WindowPlaces, TheMainWindowGetsNarrowerForThePanel) {
   menu->RefreshSet();
   QWidget panel;
   auto* content = new QWidget;
-  content->setFixedSize(menu->screen()->availableSize().width() - menu->sizeHint().width() - 40,
-                        300);
+  const int least = std::max(menu->sizeHint().width(), menu->menuBar()->sizeHint().width());
+  content->setFixedSize(menu->screen()->availableSize().width() - least - 40, 300);
   (new QVBoxLayout(&panel))->addWidget(content);
   Dock(panel, *menu);
   panel.show();
   EXPECT_FALSE(panel.frameGeometry().intersects(menu->frameGeometry()));
   EXPECT_LT(menu->width(), 720);
-  EXPECT_GE(menu->width(), menu->sizeHint().width());
+  EXPECT_GE(menu->width(), least);
 }
 
-// The screen has no room for both side by side: the panel goes as low as it can.
+// 1366 x 768 and 1280 x 720 at 150 %: what does not fit of the statistics scrolls.
+TEST_F(WindowPlaces, TheMainWindowWithItsStatisticsGetsNarrowerForThePanel) {
+  Start();
+  desk.Prog.ShowStatistics = true;
+  menu->RefreshSet();
+  for (const QRect screen : {QRect(0, 0, 911, 512), QRect(0, 0, 853, 480)}) {
+    menu->resize(720, 480);
+    FitToScreen(*menu, screen);
+    simulator::MachinePanel panel(desk.Loop, simulated);
+    Dock(panel, *menu, screen);
+    panel.show();
+    desk.Loop.Pump();
+    const QRect place = menu->frameGeometry();
+    QMenuBar& menus = *menu->menuBar();
+    EXPECT_LE(menus.width(), menus.sizeHint().width()) << "491 in a font of 9 points";
+    EXPECT_TRUE(screen.contains(panel.frameGeometry()));
+    EXPECT_TRUE(screen.contains(place));
+    EXPECT_FALSE(panel.frameGeometry().intersects(place));
+    for (QAction* entry : menus.actions()) {
+      EXPECT_TRUE(menus.rect().contains(menus.actionGeometry(entry)));
+    }
+    EXPECT_EQ(ButtonsOf(*menu), QList<QRect>{OnDesktop(test::Find<QWidget>(*menu, "ShowStat"))})
+        << "whole, and not scrolled away";
+  }
+}
+
 TEST_F(WindowPlaces, TheDockedPanelLeavesTheButtonFree) {
   Start();
   menu->move(0, 0);
@@ -72,6 +99,50 @@ TEST_F(WindowPlaces, TheRunWindowLeavesThePanelFree) {
           << window.objectName().toStdString();
     });
   });
+}
+
+// The run window takes the whole screen and lies over the panel.
+TEST_F(WindowPlaces, ABoxOverTheRunWindowLeavesItsStateFree) {
+  LookAtPanel([this](QWidget& panel) {
+    Start();
+    panel.move(100, 170);
+    const QWidget* run = nullptr;
+    LookAtRun([&](QWidget& window) {
+      FitToScreen(window, {0, 0, 800, 600});
+      if (run == nullptr) run = &window;
+      if (run == &window) return;
+      ASSERT_TRUE(run->frameGeometry().contains(panel.frameGeometry()));
+      for (const char* name : {"txtStatus", "lblProgress", "cmdBreak"}) {
+        const QRect place = OnDesktop(test::Find<QWidget>(*run, name));
+        EXPECT_FALSE(window.frameGeometry().intersects(place)) << name;
+      }
+    });
+  });
+}
+
+// In the middle it would stand on the buttons below the diagram. The shortest way is up, over the
+// state of the machine; right of them it leaves both free.
+TEST_F(WindowPlaces, AHighBoxLeavesTheRunWindowsStateFree) {
+  LookAtRun([](QWidget& window) {
+    if (window.objectName() != "DealinProg") return;
+    FitToScreen(window, {0, 0, 800, 600});
+    QDialog box(&window);
+    box.resize(290, 420);
+    box.open();
+    FitToScreen(box, {0, 0, 800, 600});
+    for (const char* name : {"txtStatus", "lblProgress", "cmdFirst", "cmdLast", "cmdDeal"}) {
+      const QRect place = OnDesktop(test::Find<QWidget>(window, name));
+      EXPECT_FALSE(FramedPlace(box).intersects(place)) << name;
+    }
+  });
+}
+
+TEST_F(WindowPlaces, AButtonThatCannotBePressedMayBeCovered) {
+  Start();
+  auto& button = test::Find<QWidget>(*menu, "ShowStat");
+  EXPECT_EQ(ButtonsOf(*menu), QList<QRect>{OnDesktop(button)});
+  button.setEnabled(false);
+  EXPECT_EQ(ButtonsOf(*menu), QList<QRect>());
 }
 
 TEST_F(WindowPlaces, AKeptPlaceBeyondTheScreenComesBack) {
