@@ -27,6 +27,13 @@ namespace {
 constexpr int kMargin = 12;
 constexpr QSize kComfortable{960, 600};
 
+/// Nothing moves when it comes up.
+void KeepRoom(QWidget& part) {
+  QSizePolicy policy = part.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  part.setSizePolicy(policy);
+}
+
 }  // namespace
 
 DealinProg::DealinProg(Program& program, DealingRun& run, QWidget* parent)
@@ -105,7 +112,9 @@ QLayout* DealinProg::PlaceSettingsSide() {
   auto* side = new QVBoxLayout;
   side->setSpacing(kRunSpacing);
   side->addWidget(pockets_);
-  side->addWidget(new ScrollingPart(settings, this), 1);
+  settings_ = new ScrollingPart(settings, this);
+  KeepRoom(*settings_);
+  side->addWidget(settings_, 1);
   return side;
 }
 
@@ -142,6 +151,7 @@ void DealinProg::ShowControls() {
   walk_->Show(now);
   copies_->Show();
   subRange_->Show(program_.Set);
+  settings_->setVisible(window.SettingsShown);
   options_->Show();
   Disp_boards_->setEnabled(now.Options);
   Disp_boards_->setText(window.ShowBoards ? "&Hide boards" : "&Show boards");

@@ -61,6 +61,7 @@ class DealinProg final : public QDialog, public RunView {
   SubRangeBox* subRange_ = nullptr;
   PocketRow* pockets_ = nullptr;
   OptionsPanel* options_ = nullptr;
+  QWidget* settings_ = nullptr;  ///< what depends on the machine, and scrolls
   QPushButton* Disp_boards_ = nullptr;
   TestPanel* test_ = nullptr;
   QPushButton* cmdExit_ = nullptr;

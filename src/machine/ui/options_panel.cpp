@@ -17,9 +17,7 @@ OptionsPanel::OptionsPanel(DealingRun& run, QWidget* parent)
                                   &RunOptions::SetStart_from_box)),
       Check_board_(
           AddCheckBox("Check_board", "Chec&k the board number", &RunOptions::SetCheck_board)) {
-  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  policy.setRetainSizeWhenHidden(true);
-  setSizePolicy(policy);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(kRunSpacing);
@@ -37,7 +35,6 @@ QCheckBox* OptionsPanel::AddCheckBox(const char* name, const char* caption,
 }
 
 void OptionsPanel::Show() {
-  setVisible(run_.Window().SettingsShown);
   setEnabled(run_.Window().Controls.Options);
   cards_->Show(run_.Options().Cards);
   Start_from_box_->setChecked(run_.Options().AutoStartEnabled);

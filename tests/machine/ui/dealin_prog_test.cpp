@@ -1,5 +1,7 @@
 #include <QAbstractButton>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <algorithm>
 #include <set>
 
 #include "machine/ui/run_window.h"
@@ -32,6 +34,22 @@ TEST_F(Opening, NothingCanBePressedUntilTheMachineHasAnswered) {
                            "Start_from_box", "Check_board"}) {
     EXPECT_FALSE(Visible(name)) << name;
   }
+}
+
+TEST_F(Opening, NoScrollBarStandsBesideTheOptionsThatAreNotThereYet) {
+  const auto bars = [this] {
+    window->resize(851, 448);
+    desk.Loop.Pump();
+    const auto all = window->findChildren<QScrollBar*>();
+    return std::count_if(all.begin(), all.end(), [](const auto* bar) { return bar->isVisible(); });
+  };
+  Open();
+  EXPECT_EQ(bars(), 0);
+  const auto& picture = test::Find<QWidget>(*window, "Picture1");
+  const int before = picture.width();
+  desk.Loop.WaitMs(DealingRun::kFirstContactMs + 100);
+  EXPECT_EQ(bars(), 1);
+  EXPECT_NEAR(picture.width(), before, 20) << "gives way to the bar alone";
 }
 
 TEST_F(Opening, TheTitleAndTheLogSayThatTheMachineIsSimulated) {
