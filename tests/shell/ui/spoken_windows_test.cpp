@@ -32,6 +32,10 @@ void Hear(QAccessibleEvent* event) {
   } else if (event->type() == QAccessible::TextInserted) {
     const auto& insert = *static_cast<QAccessibleTextInsertEvent*>(event);
     Heard().emplace_back(name, insert.textInserted().toStdString());
+  } else if (event->type() == QAccessible::TableModelChanged) {
+    const auto& change = *static_cast<QAccessibleTableModelChangeEvent*>(event);
+    Heard().emplace_back(name, "cell " + std::to_string(change.firstRow()) + ", " +
+                                   std::to_string(change.firstColumn()));
   }
 }
 
@@ -109,6 +113,30 @@ TEST_F(SpokenWindows, AReadOnlyBoxTellsItsValueAndItsChanges) {
   menu->RefreshSet();
   EXPECT_THAT(Heard(),
               IsSupersetOf({Announcement("txtLastBoard", "5"), Announcement("txtCount", "5")}));
+}
+
+TEST_F(SpokenWindows, TheStatisticsAreReadCellByCell) {
+  desk.Store.Set(kDealShow, "1");
+  Start();
+  const std::vector<std::tuple<const char*, std::string, int, std::string>> lists{
+      {"HandStat", "Hand Statistics", 7, "Hand:"}, {"lbxShapes", "Hand Shapes", 4, "Shape"}};
+  for (const auto& [name, spoken, columns, caption] : lists) {
+    auto& list = test::Find<QTreeWidget>(*menu, name);
+    EXPECT_EQ(Name(list), spoken);
+    QAccessibleTableInterface* table = InterfaceOf(list).tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->columnCount(), columns);
+    EXPECT_EQ(table->columnDescription(0).toStdString(), caption);
+    auto* row = new QTreeWidgetItem(&list, {"4-3-3-3", "   7"});
+    desk.Loop.Pump();
+    ASSERT_EQ(table->rowCount(), 1);
+    EXPECT_EQ(table->cellAt(0, 0)->text(QAccessible::Name), "4-3-3-3");
+    EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Name), "   7");
+    Heard().clear();
+    row->setText(1, "  12");
+    EXPECT_THAT(Heard(), Contains(Announcement(name, "cell 0, 1")));
+    EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Name), "  12") << "read afresh";
+  }
 }
 
 TEST_F(SpokenWindows, TheStatusIsAnnounced) {
