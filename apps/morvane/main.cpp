@@ -42,6 +42,43 @@ std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
   return panel;
 }
 
+/// The program from its windows to its end; its exit status.
+int Run(const QApplication& application, morvane::SystemParts& parts,
+        const morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
+  morvane::QtUi ui(parts.Loop);
+  morvane::QtSound sound;
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
+                           parts.Paths);
+  morvane::shell::QtWindows windows(program);
+  morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
+  using morvane::machine::MachineKind;
+  morvane::shell::Shell shell(program, *machine.Usb, windows, instance,
+                              machine.Simulated ? MachineKind::kSimulated : MachineKind::kReal);
+  morvane::shell::MainMenu mainMenu(program, shell);
+  windows.SetMainMenu(mainMenu);
+  ui.SetMainWindow(mainMenu.ForUi());
+
+  morvane::QuitOnEndSignals(parts.Loop);
+  // The session ends and asks nobody: what is unsaved is kept for the next start.
+  QObject::connect(
+      &application, &QGuiApplication::commitDataRequest, &application,
+      [&parts](QSessionManager& /*session*/) { parts.Loop.Quit(); }, Qt::DirectConnection);
+  const morvane::EndHook hook([&] {
+    parts.Loop.Quit();  // nothing is asked any more
+    shell.End();
+  });
+  shell.KeepUnsavedSet();
+  using morvane::shell::StartOutcome;
+  const StartOutcome outcome = shell.StartUp(commandLine);
+  if (outcome != StartOutcome::kGoesOn) {
+    return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
+  }
+  const auto panel = MakePanel(parts.Loop, machine.Simulated, mainMenu);
+  parts.Loop.RunUntil([] { return false; });
+  shell.End();
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -73,36 +110,5 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;
   }
-  morvane::QtUi ui(parts.Loop);
-  morvane::QtSound sound;
-  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
-                           parts.Paths);
-  morvane::shell::QtWindows windows(program);
-  morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
-  using morvane::machine::MachineKind;
-  morvane::shell::Shell shell(program, *machine.Usb, windows, instance,
-                              machine.Simulated ? MachineKind::kSimulated : MachineKind::kReal);
-  morvane::shell::MainMenu mainMenu(program, shell);
-  windows.SetMainMenu(mainMenu);
-  ui.SetMainWindow(mainMenu.ForUi());
-
-  morvane::QuitOnEndSignals(parts.Loop);
-  // The session ends and asks nobody: what is unsaved is kept for the next start.
-  QObject::connect(
-      &application, &QGuiApplication::commitDataRequest, &application,
-      [&parts](QSessionManager& /*session*/) { parts.Loop.Quit(); }, Qt::DirectConnection);
-  const morvane::EndHook hook([&] {
-    parts.Loop.Quit();  // nothing is asked any more
-    shell.End();
-  });
-  shell.KeepUnsavedSet();
-  using morvane::shell::StartOutcome;
-  const StartOutcome outcome = shell.StartUp(arguments.CommandLine);
-  if (outcome != StartOutcome::kGoesOn) {
-    return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
-  }
-  const auto panel = MakePanel(parts.Loop, machine.Simulated, mainMenu);
-  parts.Loop.RunUntil([] { return false; });
-  shell.End();
-  return 0;
+  return Run(application, parts, machine, arguments.CommandLine);
 }
