@@ -4,7 +4,8 @@
 
 #ifdef _WIN32
 #include <cstdio>
-#include <memory>
+
+#include "platform/file_beside.h"
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -32,13 +33,9 @@ std::optional<RuntimeError> RefuseUnlessPlain(const std::string& path) {
 
 #ifdef _WIN32
 
-struct Closer {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 std::optional<RuntimeError> Append(const std::string& path, std::string_view lines,
                                    NewFile /*access*/) {
-  const std::unique_ptr<std::FILE, Closer> file(_wfopen(PathOfUtf8(path).c_str(), L"a+b"));
+  const OpenedFile file(_wfopen(PathOfUtf8(path).c_str(), L"a+b"));
   if (!file) return RuntimeError::Last();
   int last = EOF;
   if (std::fseek(file.get(), -1, SEEK_END) == 0) last = std::fgetc(file.get());

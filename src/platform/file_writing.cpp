@@ -1,6 +1,5 @@
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 #include <utility>
 
 #include "platform/file_beside.h"
@@ -10,11 +9,8 @@
 #ifdef _WIN32
 #include <io.h>
 #else
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include "platform/private_file.h"
 #endif
 
 namespace morvane {

@@ -3,8 +3,9 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 #include <new>
+
+#include "platform/file_beside.h"
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -13,18 +14,13 @@
 namespace morvane {
 namespace {
 
-struct Closer {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Closer>;
-
-File OpenToRead(const std::string& path) {
+OpenedFile OpenToRead(const std::string& path) {
 #ifdef _WIN32
-  return File(_wfopen(PathOfUtf8(path).c_str(), L"rb"));
+  return OpenedFile(_wfopen(PathOfUtf8(path).c_str(), L"rb"));
 #else
   // What has become a pipe meanwhile is not waited for.
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-  return File(file < 0 ? nullptr : fdopen(file, "rb"));
+  return OpenedFile(file < 0 ? nullptr : fdopen(file, "rb"));
 #endif
 }
 
@@ -100,7 +96,7 @@ std::optional<RuntimeError> ReadBlocks(const std::string& path,
                                  ? std::filesystem::file_size(PathOfUtf8(path), failure)
                                  : 0;
   if (!failure && size > most) return RuntimeError::OfNumber(EFBIG);
-  const File file = OpenToRead(path);
+  const OpenedFile file = OpenToRead(path);
   if (!file) return RuntimeError::Last();
   try {
     return TakeBlocks(file.get(), take, most);
