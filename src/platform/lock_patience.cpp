@@ -22,7 +22,7 @@ class LockPatience::Waiting {
   /// Pauses. False when the patience is over.
   bool GoOn() {
     const auto waited = owner_.time_.Elapsed() - start_;
-    if (waited >= owner_.left_ || owner_.over_ || owner_.loop_.Quitting()) return false;
+    if (waited >= owner_.left_ || owner_.loop_.Quitting()) return false;
     if (waited >= painted_ + kUntold) Show(waited);
     owner_.time_.Spend(FileLock::kPause);
     return true;

@@ -29,8 +29,6 @@ class LockPatience {
   }
   /// All that the program does is one flow to its user.
   void BeOneFlow() { oneFlow_ = true; }
-  /// The program has little time left: from now on locks are only tried.
-  void WaitNoMore() { over_ = true; }
 
   /// Nothing where it cannot be had, and `RuntimeError::Last` says why: ETIMEDOUT when another
   /// holds it all the time. `what` it protects is told to the operator.
@@ -41,7 +39,6 @@ class LockPatience {
   Ui& ui_;
   EventLoop& loop_;
   Clock& time_;
-  bool over_ = false;
   bool oneFlow_ = false;
   std::chrono::microseconds left_ = FileLock::kPatience;
 };

@@ -103,7 +103,6 @@ bool Shell::Exit() {
 
 void Shell::End() {
   if (!started_) return;
-  program_.Locks.WaitNoMore();
   generator_.Pool.SavePool();
   Keep();
   WriteExit();

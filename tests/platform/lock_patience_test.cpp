@@ -120,14 +120,6 @@ TEST(LockPatience, AProgramThatQuitsWaitsForNothing) {
   EXPECT_EQ(desk.Wait(), milliseconds(0));
 }
 
-TEST(LockPatience, AProgramWithLittleTimeLeftWaitsForNothing) {
-  LockDesk desk;
-  desk.Ui.OnWaiting = [&](const std::string&) { desk.Patience.WaitNoMore(); };
-  EXPECT_EQ(desk.Wait(), milliseconds(200));
-  desk.Patience.Renew();
-  EXPECT_EQ(desk.Wait(), milliseconds(0));
-}
-
 TEST(LockPatience, WhatCannotBeHadAtAllIsNotWaitedForAndSaysWhy) {
   LockDesk desk;
   EXPECT_FALSE(desk.Patience.Lock(desk.Folder / "none/lock", "things"));
