@@ -3,12 +3,12 @@
 #include <array>
 #include <string_view>
 
+#include "text/suit_signs.h"
 #include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<std::string_view, 5> kSuitSigns{"", "\u2660", "\u2665", "\u2666", "\u2663"};
 constexpr std::size_t kColumn = 18;
 
 using HandLines = std::array<std::string, 5>;  // the name, then a line a suit
@@ -25,7 +25,7 @@ HandLines LinesOf(const HandCards& hands, std::size_t hand) {
     const auto& cards = hands[hand][suit];
     std::string ranks;
     for (std::size_t i = 1; i <= cards[0]; ++i) ranks += CardLetter(cards[i]);
-    lines[suit] = std::string(kSuitSigns[suit]) + " " + (ranks.empty() ? "-" : ranks);
+    lines[suit] = std::string(SuitSigns[suit]) + " " + (ranks.empty() ? "-" : ranks);
   }
   return lines;
 }

@@ -8,6 +8,7 @@
 #include "machine/board_words.h"
 #include "machine/ui/run_colours.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/suit_text.h"
 
 namespace morvane::machine {
 namespace {
@@ -31,8 +32,6 @@ constexpr std::array<HandPlace, kHands + 1> kPlaces{
 constexpr QPointF kHeading{16, 14};
 constexpr QPointF kTable{8, 240};
 constexpr qreal kColumn = 30;
-
-constexpr std::array<const char*, kSuits + 1> kGlyphs{"", "♠", "♥", "♦", "♣"};
 
 bool IsRed(std::size_t suit) { return suit == 2 || suit == 3; }
 
@@ -152,7 +151,7 @@ void BoardPicture::DrawHand(QPainter& painter, int hand) const {
     const auto& cards = display_.Hands[static_cast<std::size_t>(hand)][suit];
     painter.setFont(SheetFont(kTextSize + 2));
     painter.setPen(CardColour(suit, true));
-    DrawLine(painter, line, QString::fromUtf8(kGlyphs[suit]));
+    DrawLine(painter, line, SuitSign(suit));
     // A suit too long for its place moves closer together.
     const qreal room = (place.Width - kGlyphStep) / static_cast<qreal>(cards.size() + 1);
     const qreal step = std::min(kCardStep, room);
@@ -178,13 +177,12 @@ void BoardPicture::DrawAnalysis(QPainter& painter) const {
     }
     return;
   }
-  constexpr std::array<const char*, 5> kStrains{"NT", "♠", "♥", "♦", "♣"};
   constexpr std::array<int, kHands> kRows{kNorth, kSouth, kEast, kWest};
-  for (std::size_t strain = 0; strain < kStrains.size(); ++strain) {
+  for (std::size_t strain = 0; strain < kDenominations; ++strain) {
     const qreal x = kColumn * static_cast<qreal>(strain + 1);
     painter.setFont(SheetFont(kTextSize, strain == 0));
     painter.setPen(CardColour(strain, true));
-    DrawCentred(painter, kTable + QPointF(x, 0), QString::fromUtf8(kStrains[strain]));
+    DrawCentred(painter, kTable + QPointF(x, 0), strain == 0 ? QString("NT") : SuitSign(strain));
     painter.setFont(SheetFont(kTextSize));
     painter.setPen(Qt::black);
     for (std::size_t row = 0; row < kRows.size(); ++row) {

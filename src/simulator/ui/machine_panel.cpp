@@ -13,9 +13,9 @@
 
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/readable_colour.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
+#include "platform/qt/suit_text.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -25,10 +25,6 @@ constexpr int kRefreshMs = 100;
 constexpr int kHighestCode = 240;
 constexpr int kMargin = 10;
 constexpr int kPedalHeight = 44;
-constexpr std::array<const char*, kSuits + 1> kSuitMarks{
-    "", "<span>♠</span>", "<span style='color:%1'>♥</span>", "<span style='color:%1'>♦</span>",
-    "<span>♣</span>"};
-constexpr QColor kRed{192, 0, 0};
 
 /// "13: ♠ AK4 ♥ ..." with the suits in their colours on the ground of `palette`.
 QString PileText(const std::vector<int>& cards, const QPalette& palette) {
@@ -39,10 +35,10 @@ QString PileText(const std::vector<int>& cards, const QPalette& palette) {
   }
   QString text = "<b>" + QString::number(cards.size()) + "</b>";
   for (std::size_t suit = 1; suit <= kSuits; ++suit) {
-    text += "&nbsp;&nbsp; " + QString::fromUtf8(kSuitMarks[suit]) + "&nbsp;" +
+    text += "&nbsp;&nbsp; " + ColouredSuits(SuitSign(suit), palette) + "&nbsp;" +
             (suits[suit].isEmpty() ? QString::fromUtf8("–") : suits[suit]);
   }
-  return text.replace("%1", ReadableOn(palette.color(QPalette::Window), kRed).name());
+  return text;
 }
 
 std::array<int, kCards> PackInOrder() {
