@@ -2,13 +2,16 @@
 
 #include "files/load_number.h"
 #include "machine/run_dialogs.h"
+#include "shell/preferences.h"
 
 namespace morvane::shell {
 
 /// The windows that the flows open, gathered from the subsystems that declare them, so that a flow
 /// knows none of them. A window is modal to `MainMenu`, is shown when it is made and goes when it
 /// is destroyed.
-class FlowWindows : public files::NumberDialog, public machine::RunDialogs {
+class FlowWindows : public files::NumberDialog,
+                    public machine::RunDialogs,
+                    public PreferencesDialog {
  public:
   /// Shows the main window (`MainMenu`), not modal.
   virtual void ShowMainMenu() = 0;

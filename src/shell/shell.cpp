@@ -90,6 +90,13 @@ void Shell::MenuDeal() {
   DealFlow(program_, machine_, runMemory_, windows_);
 }
 
+void Shell::CmdPref() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  Preferences preferences(program_);
+  windows_.ShowPreferences(preferences);
+}
+
 bool Shell::Exit() {
   if (FlowActive()) return false;
   // The end is no time to wait again; and a command, which is one flow to its user, ends here.

@@ -47,6 +47,7 @@ class Shell {
   void MenuImport();
   void MenuSave();
   void MenuDeal();
+  void CmdPref();
 
   /// The event boxes, after every change. The text that the box is to show.
   enum class EventText { kName, kSite, kDate };

@@ -1,5 +1,6 @@
 #include "platform/qt/filtered_edit.h"
 
+#include <QFocusEvent>
 #include <algorithm>
 #include <utility>
 
@@ -17,6 +18,16 @@ void FilteredEdit::ShowText(const std::string& text) {
   if (shown == this->text()) return;
   setText(shown);
   setCursorPosition(0);
+}
+
+/// Behind the click that brings the focus too, which sets the caret.
+void FilteredEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (!selectsWhole_) return;
+  selectAll();
+  if (event->reason() == Qt::MouseFocusReason) {
+    QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+  }
 }
 
 void FilteredEdit::Edited() { Show(filter_(Box())); }

@@ -17,6 +17,11 @@ class FilteredEdit : public QLineEdit {
   explicit FilteredEdit(Filter filter, QWidget* parent = nullptr);
   /// Shows a text that does not come from the operator.
   void ShowText(const std::string& text);
+  /// From now on the whole text is selected whenever the box gets the focus.
+  void SelectWholeOnFocus() { selectsWhole_ = true; }
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   void Edited();
@@ -24,6 +29,7 @@ class FilteredEdit : public QLineEdit {
   void Show(const FilteredBox& box);
 
   Filter filter_;
+  bool selectsWhole_ = false;
 };
 
 }  // namespace morvane

@@ -16,7 +16,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "menuPrint", "&Print");
   AddMaintenanceMenu(serviceLevel);
   AddEntry(*this, "menuPoker", "Po&ker");
-  AddSetupMenu();
+  AddSetupMenu(shell);
 }
 
 void MenuBar::AddFileMenu(Shell& shell) {
@@ -35,9 +35,10 @@ void MenuBar::AddMaintenanceMenu(int serviceLevel) {
   AddEntry(maintenance, "Read_Service_File", "&Read Service File")->setVisible(serviceLevel > 0);
 }
 
-void MenuBar::AddSetupMenu() {
+void MenuBar::AddSetupMenu(Shell& shell) {
   QMenu& setup = AddMenu("cmdSetup", "&Setup");
-  AddEntry(setup, "cmdPref", "&Preferences");
+  AddEntry(setup, "cmdPref", "&Preferences", Qt::CTRL | Qt::Key_Comma,
+           [&shell] { shell.CmdPref(); });
 }
 
 QMenu& MenuBar::AddMenu(const char* name, const char* caption) {

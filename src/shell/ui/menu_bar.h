@@ -24,7 +24,7 @@ class MenuBar final : public QMenuBar {
                     const QKeySequence& keys = {}, Flow flow = nullptr);
   void AddFileMenu(Shell& shell);
   void AddMaintenanceMenu(int serviceLevel);
-  void AddSetupMenu();
+  void AddSetupMenu(Shell& shell);
 };
 
 }  // namespace morvane::shell

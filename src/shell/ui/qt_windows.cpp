@@ -5,6 +5,7 @@
 #include "files/ui/load_number.h"
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
+#include "shell/ui/preferences.h"
 
 namespace morvane::shell {
 
@@ -27,6 +28,12 @@ void QtWindows::ShowLoadNumber(files::LoadNumber& dialog) {
   files::LoadNumberWindow window(dialog, mainMenu_);
   window.open();
   program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
+}
+
+void QtWindows::ShowPreferences(Preferences& preferences) {
+  PreferencesWindow window(preferences, mainMenu_);
+  window.open();
+  program_.Loop.RunUntil([&preferences] { return preferences.Closed(); });
 }
 
 std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {

@@ -35,6 +35,7 @@ class EveryWindow : public MainMenuTest {
     LookAtLoadNumber(look);
     LookAtBoxes(look);
     LookAtFileDialogs(look);
+    LookAtPreferences(look);
     LookAtRun(look);
   }
 
@@ -89,6 +90,15 @@ class EveryWindow : public MainMenuTest {
       });
       desk.Ui.AskFile({"Title", "PBN files (*.pbn)|*.pbn", 1, desk.Folder.Path(), saving});
     }
+  }
+
+  void LookAtPreferences(const Look& look) {
+    Preferences preferences(desk.Prog);
+    desk.When("Preferences", [&](QWidget& window) {
+      look(window);
+      window.close();
+    });
+    windows.ShowPreferences(preferences);
   }
 
   /// The run window, idle, and the error dialog over it in the middle of a board.

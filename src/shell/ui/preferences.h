@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "shell/preferences.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QLayout;
+
+namespace morvane {
+class FilteredEdit;
+}
+
+namespace morvane::shell {
+
+/// The window of a `Preferences`. It hides when that is closed.
+class PreferencesWindow final : public QDialog {
+ public:
+  PreferencesWindow(Preferences& preferences, QWidget* parent);
+
+  /// Escape and the close box do what `Exit` does.
+  void reject() override { Close(); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QWidget* MakeFrames();
+  QLayout* MakeRange();
+  QLayout* MakeSwitches(Preferences::Frame frame);
+  QLayout* MakeGenerators();
+  QLayout* MakeAnalyzers();
+  QWidget* MakeButtons();
+  FilteredEdit* AddBoardBox(const char* name, bool first);
+  void Show();
+  void Close();
+  void LeaveBox(bool first);
+
+  Preferences& preferences_;
+  FilteredEdit* Setup_New_FirstBoard_ = nullptr;
+  FilteredEdit* Setup_New_LastBoard_ = nullptr;
+  std::array<QCheckBox*, Preferences::kSwitches.size()> switches_{};
+  QButtonGroup* generators_ = nullptr;
+  QButtonGroup* analyzers_ = nullptr;
+  bool telling_ = false;  ///< a refusal is on the screen
+};
+
+}  // namespace morvane::shell
