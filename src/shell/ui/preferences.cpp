@@ -22,6 +22,7 @@ namespace morvane::shell {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr int kColumnGap = 24;
 constexpr int kNumberWidth = 60;
 
 struct Option {
@@ -90,6 +91,7 @@ QWidget* PreferencesWindow::MakeFrames() {
   const auto add = [body, all](const char* caption, std::initializer_list<QLayout*> parts) {
     auto* frame = new QGroupBox(caption, body);
     auto* row = new QHBoxLayout(frame);
+    row->setSpacing(kColumnGap);
     for (QLayout* part : parts) row->addLayout(part);
     row->addStretch();
     all->addWidget(frame);
@@ -135,6 +137,7 @@ QLayout* PreferencesWindow::MakeSwitches(Preferences::Frame frame) {
     if (each.Where != frame) continue;
     switches_[i] = new QCheckBox(each.Caption, this);
     switches_[i]->setObjectName(each.Control);
+    switches_[i]->setToolTip(each.Tip);
     connect(switches_[i], &QCheckBox::clicked, this,
             [this, i](bool on) { preferences_.On[i] = on; });
     column->addWidget(switches_[i]);
