@@ -20,7 +20,6 @@ class Preferences {
     const char* Control;
     const char* Caption;
     Frame Where;
-    const char* Tip = "";
   };
   static constexpr std::array<Switch, 11> kSwitches{{
       {kNewShapes, "Setup_New_Shapes", "Reject Odd Shapes", Frame::kGenerate},
@@ -38,8 +37,7 @@ class Preferences {
        Frame::kSave},
       {kSaveAnalyze, "Setup_Save_Analyze",
        "Save makeable contacts analyze (if available) for PBN format", Frame::kSave},
-      {kDealShow, "Show_boards", "Show Boards and Statistics", Frame::kDeal,
-       "The statistics of the main window follow when Morvane starts again"},
+      {kDealShow, "Show_boards", "Show Boards and Statistics", Frame::kDeal},
       {kDealSub, "Setup_Deal_Sub", "Enable dealing subset of current Board Set", Frame::kDeal},
       {kDealCopy, "Setup_Deal_Copy", "Enable dealing multiple copy of the same board",
        Frame::kDeal},

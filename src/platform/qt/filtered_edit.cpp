@@ -20,14 +20,16 @@ void FilteredEdit::ShowText(const std::string& text) {
   setCursorPosition(0);
 }
 
-/// Behind the click that brings the focus too, which sets the caret.
 void FilteredEdit::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
-  if (!selectsWhole_) return;
-  selectAll();
-  if (event->reason() == Qt::MouseFocusReason) {
-    QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
-  }
+  if (selectsWhole_) selectAll();
+  clickSelects_ = selectsWhole_ && event->reason() == Qt::MouseFocusReason;
+}
+
+/// The click that brings the focus sets the caret too.
+void FilteredEdit::mousePressEvent(QMouseEvent* event) {
+  QLineEdit::mousePressEvent(event);
+  if (std::exchange(clickSelects_, false)) selectAll();
 }
 
 void FilteredEdit::Edited() { Show(filter_(Box())); }

@@ -22,6 +22,7 @@ class FilteredEdit : public QLineEdit {
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   void Edited();
@@ -30,6 +31,7 @@ class FilteredEdit : public QLineEdit {
 
   Filter filter_;
   bool selectsWhole_ = false;
+  bool clickSelects_ = false;
 };
 
 }  // namespace morvane

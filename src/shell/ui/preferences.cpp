@@ -137,7 +137,10 @@ QLayout* PreferencesWindow::MakeSwitches(Preferences::Frame frame) {
     if (each.Where != frame) continue;
     switches_[i] = new QCheckBox(each.Caption, this);
     switches_[i]->setObjectName(each.Control);
-    switches_[i]->setToolTip(each.Tip);
+    if (each.Key.Name == kDealShow.Name) {
+      switches_[i]->setToolTip(
+          "The statistics of the main window follow when Morvane starts again");
+    }
     connect(switches_[i], &QCheckBox::clicked, this,
             [this, i](bool on) { preferences_.On[i] = on; });
     column->addWidget(switches_[i]);
