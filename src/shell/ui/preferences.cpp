@@ -1,5 +1,6 @@
 #include "shell/ui/preferences.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QEvent>
@@ -198,19 +199,19 @@ void PreferencesWindow::Show() {
 /// A number is looked at when its control has been left, not in the middle of that.
 bool PreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
   if (IsLeaving(*event)) {
-    QMetaObject::invokeMethod(
-        this, [this, first = watched == Setup_New_FirstBoard_] { LeaveBox(first); },
-        Qt::QueuedConnection);
+    left_ = static_cast<FilteredEdit*>(watched);
+    QApplication::postEvent(this, new QEvent(QEvent::User));
   }
   return QDialog::eventFilter(watched, event);
 }
 
-void PreferencesWindow::LeaveBox(bool first) {
+void PreferencesWindow::customEvent(QEvent* /*event*/) {
   if (telling_ || preferences_.Closed()) return;
   telling_ = true;
-  const bool fits = first ? preferences_.LeaveFirstBoard() : preferences_.LeaveLastBoard();
+  const bool fits = left_ == Setup_New_FirstBoard_ ? preferences_.LeaveFirstBoard()
+                                                   : preferences_.LeaveLastBoard();
   telling_ = false;
-  if (!fits) Correct(first ? *Setup_New_FirstBoard_ : *Setup_New_LastBoard_);
+  if (!fits) Correct(*left_);
 }
 
 void PreferencesWindow::Close() {

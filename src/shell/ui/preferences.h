@@ -25,6 +25,7 @@ class PreferencesWindow final : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void customEvent(QEvent* event) override;
 
  private:
   QWidget* MakeFrames();
@@ -36,7 +37,6 @@ class PreferencesWindow final : public QDialog {
   FilteredEdit* AddBoardBox(const char* name, bool first);
   void Show();
   void Close();
-  void LeaveBox(bool first);
 
   Preferences& preferences_;
   FilteredEdit* Setup_New_FirstBoard_ = nullptr;
@@ -44,7 +44,8 @@ class PreferencesWindow final : public QDialog {
   std::array<QCheckBox*, Preferences::kSwitches.size()> switches_{};
   QButtonGroup* generators_ = nullptr;
   QButtonGroup* analyzers_ = nullptr;
-  bool telling_ = false;  ///< a refusal is on the screen
+  FilteredEdit* left_ = nullptr;  ///< the box that is to be checked
+  bool telling_ = false;          ///< a refusal is on the screen
 };
 
 }  // namespace morvane::shell
