@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "cli/columns.h"
+#include "text/columns.h"
 #include "platform/console/console_ui.h"
 #include "text/text.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "cli/columns.h"
+#include "text/columns.h"
 #include "simulator/simulated_machine.h"
 #include "text/text.h"
 

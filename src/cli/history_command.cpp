@@ -4,7 +4,7 @@
 #include <array>
 #include <numeric>
 
-#include "cli/columns.h"
+#include "text/columns.h"
 #include "text/text_encoding.h"
 
 namespace morvane::cli {

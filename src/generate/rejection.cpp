@@ -1,28 +1,12 @@
 #include "generate/rejection.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 
 #include "model/shapes.h"
 
 namespace morvane::generate {
-namespace {
-
-constexpr float kTwiceTheHandsOfABoard = 8.0F;
-
-}  // namespace
-
-std::string BestPair::Text() const {
-  if (Cards == 0) return {};
-  return std::to_string(Cards) + ", " + std::to_string(Number) + Hand + ":" +
-         std::to_string(OtherNumber) + OtherHand;
-}
-
-int ShapeLimit(int shape, int k) {
-  const float product = Shapes[shape].Frequency * kTwiceTheHandsOfABoard * static_cast<float>(k);
-  return static_cast<int>(std::nearbyint(product));
-}
+int ShapeLimit(int shape, int k) { return ExpectedHands(shape, 2 * kHands * k); }
 
 bool RejectionTests::Rejects(const Board& candidate, int k) {
   if (switches_.Shape && HasOddShape(candidate, k)) {
@@ -70,7 +54,7 @@ bool RejectionTests::ResemblesSet(const Board& candidate, int k) {
     if (similarity.Cards >= limits_.InnerLimit) return true;
     // Remembered even if a later board or test rejects the candidate: required.
     const int j = first_ + static_cast<int>(at);
-    BestInner = {similarity.Cards, k, similarity.HandB, j, similarity.HandA, {}};
+    BestInner = {{similarity.Cards, k, similarity.HandB, j, similarity.HandA}, {}};
   }
 }
 
@@ -78,7 +62,7 @@ bool RejectionTests::ResemblesHistory(const Board& candidate, int k) {
   const history::HistoricSimilarity similarity = history_.HistorySimilarity(candidate);
   if (similarity.Cards >= limits_.HistoryLimit) return true;
   if (similarity.Cards > BestHistory.Cards) {
-    BestHistory = {similarity.Cards, k, similarity.HandC, similarity.Number, similarity.HandH,
+    BestHistory = {{similarity.Cards, k, similarity.HandC, similarity.Number, similarity.HandH},
                    similarity.File};
   }
   return false;

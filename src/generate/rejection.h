@@ -24,16 +24,8 @@ struct RejectionLimits {
 };
 
 /// The most alike pair of a run: a board of the set, and another board of the set or of history.
-struct BestPair {
-  int Cards = 0;  ///< 0: there is no pair
-  int Number = 0;
-  char Hand = ' ';
-  int OtherNumber = 0;
-  char OtherHand = ' ';
+struct BestPair : AlikePair {
   std::string File;  ///< of a historic board
-
-  /// "9, 12N:5E", the set's board first; empty without a pair.
-  [[nodiscard]] std::string Text() const;
 };
 
 /// The tests that a candidate must pass before it becomes a board of the set, with what they have

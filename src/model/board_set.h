@@ -15,7 +15,7 @@ struct BoardSet {
   std::int16_t FirstBoard = 0;
   std::int16_t LastBoard = 0;
   std::int16_t CurrentBoard = 1;
-  std::int16_t CompletedBoards = 0;   ///< as `CountCompleted` left it
+  std::int16_t CompletedBoards = 0;   ///< as the statistics left it
   std::string BoardSetChanged = "0";  ///< "1" = changes that are not saved; held as text: required
   std::string BoardSetFile;           ///< full path; empty for a new set
   std::string EventName;
@@ -34,9 +34,6 @@ struct BoardSet {
   }
   [[nodiscard]] Board& Current() { return At(CurrentBoard); }
   [[nodiscard]] const Board& Current() const { return At(CurrentBoard); }
-
-  /// Sets `CompletedBoards` to the number of complete boards of the set; 0 without a set.
-  void CountCompleted();
 
   /// Empties boards and event texts: first board 1, last board 0, current board 1. The file name
   /// and `BoardSetChanged` are the caller's.

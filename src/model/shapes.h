@@ -20,6 +20,10 @@ class ShapeTable {
   constexpr void AddShape(std::string_view name, float frequency) {
     shapes_[static_cast<std::size_t>(++count_)] = {name, frequency};
   }
+  /// The row behind the last shape has a name too and is no shape.
+  constexpr void NameRowBehind(std::string_view name) {
+    shapes_[static_cast<std::size_t>(count_ + 1)].Name = name;
+  }
   [[nodiscard]] constexpr int Count() const { return count_; }
   [[nodiscard]] constexpr const Shape& operator[](int index) const {
     return shapes_[static_cast<std::size_t>(index)];
@@ -77,6 +81,7 @@ class ShapeTable {
   table.AddShape("B200", 0.0000001F);
   table.AddShape("C100", 0.000000003F);
   table.AddShape("D000", 0.000000000006F);
+  table.NameRowBehind("****");
   return table;
 }
 
@@ -84,5 +89,9 @@ inline constexpr ShapeTable Shapes = FillShapes();
 
 /// `Shapes.IndexOf(name)`.
 [[nodiscard]] constexpr int ShapeIndex(std::string_view name) { return Shapes.IndexOf(name); }
+
+/// How many of `hands` hands are expected to have the shape: the product in 32 bits, rounded half
+/// to even.
+[[nodiscard]] int ExpectedHands(int shape, int hands);
 
 }  // namespace morvane

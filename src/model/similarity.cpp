@@ -30,4 +30,10 @@ Similarity CompareHands(const Board& a, const Board& b) {
   return CompareHands(MasksOf(a), MasksOf(b));
 }
 
+std::string AlikePair::Text() const {
+  if (Cards == 0) return {};
+  return std::to_string(Cards) + ", " + std::to_string(Number) + Hand + ":" +
+         std::to_string(OtherNumber) + OtherHand;
+}
+
 }  // namespace morvane

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "model/board.h"
 
@@ -31,6 +32,19 @@ struct Similarity {
 
 [[nodiscard]] Similarity CompareHands(const HandMasks& a, const HandMasks& b);
 [[nodiscard]] Similarity CompareHands(const Board& a, const Board& b);
+
+/// A pair of boards with hands that are much alike.
+struct AlikePair {
+  int Cards = 0;  ///< in common; 0: there is no pair
+  int Number = 0;
+  char Hand = ' ';
+  int OtherNumber = 0;
+  char OtherHand = ' ';
+
+  /// "9, 12N:5E"; empty without a pair.
+  [[nodiscard]] std::string Text() const;
+  bool operator==(const AlikePair&) const = default;
+};
 
 /// The index of the first of `boards` that has more than `than` (-1 or more) cards of a hand in
 /// common with a hand of `board`; their number when none has. In the fastest way that this

@@ -3,6 +3,7 @@
 #include "files/load_number.h"
 #include "machine/run_dialogs.h"
 #include "shell/preferences.h"
+#include "shell/refresh_statistics.h"
 
 namespace morvane::shell {
 
@@ -11,7 +12,8 @@ namespace morvane::shell {
 /// is destroyed.
 class FlowWindows : public files::NumberDialog,
                     public machine::RunDialogs,
-                    public PreferencesDialog {
+                    public PreferencesDialog,
+                    public StatisticsView {
  public:
   /// Shows the main window (`MainMenu`), not modal.
   virtual void ShowMainMenu() = 0;

@@ -56,12 +56,14 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   LogStart(program_, generator_.Pool, commandLine);
   if (unsaved_) {
     unsaved_->Open();
+    RefreshStatistics();
     keeper_ = program_.Loop.StartTimer(kKeepMs, [this] { Keep(); });
   }
   if (!files.FirmwareFile.empty()) {
     RefuseFirmware(files.FirmwareFile);
   } else if (!startFile_.empty()) {
     files::LoadBoardSet(program_, history_, windows_, startFile_);
+    RefreshStatistics();
   }
   return outcome;
 }
@@ -70,12 +72,14 @@ void Shell::MenuLoad() {
   if (FlowActive()) return;
   const Flow flow(*this);
   files::LoadBoardSet(program_, history_, windows_, startFile_);
+  RefreshStatistics();
 }
 
 void Shell::MenuImport() {
   if (FlowActive()) return;
   const Flow flow(*this);
   files::ImportBoardSet(program_, history_);
+  RefreshStatistics();
 }
 
 void Shell::MenuSave() {
@@ -137,10 +141,15 @@ FilteredBox Shell::ChangeEvent(EventText which, FilteredBox box) {
   return box;
 }
 
-void Shell::ToggleStatistics() {
+void Shell::ShowStat() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
   program_.ShowStatistics = !program_.ShowStatistics;
   program_.Operator.RefreshSet();
+  RefreshStatistics();
 }
+
+void Shell::RefreshStatistics() { shell::RefreshStatistics(program_, windows_); }
 
 void Shell::EnableTimer2mm() {
   Timer2mm_ = program_.Loop.StartTimer(kTimer2Ms, [this] { Timer2mmTick(); });

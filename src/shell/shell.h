@@ -57,8 +57,8 @@ class Shell {
   /// taken up when no flow is open; the main window comes to the front at once.
   void LinkExecute(std::string_view command);
 
-  /// `ShowStat`: shows or hides the statistics.
-  void ToggleStatistics();
+  /// Shows or hides the statistics.
+  void ShowStat();
 
   [[nodiscard]] bool FlowActive() const { return flowActive_; }
   [[nodiscard]] generate::Generator& Deals() { return generator_; }
@@ -81,6 +81,8 @@ class Shell {
    private:
     Shell& shell_;
   };
+  /// The end of each flow that may have changed the set.
+  void RefreshStatistics();
   void EnableTimer2mm();
   void Timer2mmTick();
   void Keep();

@@ -301,22 +301,6 @@ TEST(HandText, JoinsTheFourSuitsOfAHand) {
   EXPECT_EQ(HandText(board, kWest, ""), "");
 }
 
-TEST(BoardSet, CountsItsCompleteBoardsOnly) {
-  BoardSet set;
-  set.CountCompleted();
-  EXPECT_EQ(set.CompletedBoards, 0);
-  test::FillSet(set, 3, 8);
-  set.At(5) = NumberedBoard(5);
-  set.At(8).Cards[1] = 0;
-  AnalyzeBoard(set.At(8));
-  set.At(2) = set.At(9) = RoundBoard(2);  // outside the set
-  set.CountCompleted();
-  EXPECT_EQ(set.CompletedBoards, 4);  // 3, 4, 6, 7
-  set.LastBoard = 0;
-  set.CountCompleted();
-  EXPECT_EQ(set.CompletedBoards, 0);
-}
-
 TEST(BoardSet, ChangedIsComparedByNumber) {
   BoardSet set;
   EXPECT_FALSE(set.Changed());

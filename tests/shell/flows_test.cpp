@@ -340,14 +340,14 @@ TEST_P(EventBoxTest, CanBeEmptied) {
   EXPECT_EQ(TextOf(desk.Prog.Set, GetParam()), "");
 }
 
-TEST(ToggleStatistics, ShowsAndHidesAndHasTheWindowShowItself) {
+TEST(ShowStat, ShowsAndHidesAndHasTheWindowShowItself) {
   ShellDesk desk;
   desk.Start();
   const int before = desk.Ui.Refreshes;
-  desk.Main.ToggleStatistics();
+  desk.Main.ShowStat();
   EXPECT_TRUE(desk.Prog.ShowStatistics);
   EXPECT_EQ(desk.Ui.Refreshes, before + 1);
-  desk.Main.ToggleStatistics();
+  desk.Main.ShowStat();
   EXPECT_FALSE(desk.Prog.ShowStatistics);
   EXPECT_EQ(desk.Ui.Refreshes, before + 2);
   EXPECT_EQ(desk.Store.Get(kDealShow), "0");

@@ -57,11 +57,18 @@ class FakeWindows final : public FlowWindows {
     return window;
   }
 
+  void ShowStatistics(const StatisticsPage& page) override {
+    Pages.push_back(page);
+    if (OnStatistics) OnStatistics();
+  }
+
   bool HasWindows = true;  ///< otherwise each answers as a program does that lacks it
   int MainMenus = 0;
   int ToFront = 0;
   int LoadNumbers = 0;
   RunWindowNotes Run;
+  std::vector<StatisticsPage> Pages;  ///< of the statistics, as they were shown one after another
+  std::function<void()> OnStatistics;
   std::function<void()> OnMainMenu;
   std::function<void(files::LoadNumber&)> OnLoadNumber;
   std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened

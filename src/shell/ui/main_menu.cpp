@@ -62,14 +62,15 @@ void MainMenu::MakeContent() {
   auto* content = new QWidget(this);
   header_ = new SetHeader(
       shell_, [this] { ShowTitle(); }, content);
-  numbers_ = new SetNumbers([this] { ToggleStatistics(); }, content);
-  statistics_ = new ScrollingPart(new StatisticsPanel(content), content);
+  numbers_ = new SetNumbers([this] { shell_.ShowStat(); }, content);
+  statistics_ = new StatisticsPanel(content);
+  statisticsPart_ = new ScrollingPart(statistics_, content);
   auto* all = new QVBoxLayout(content);
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->setSpacing(kSpacing);
   all->addWidget(header_);
   all->addWidget(numbers_);
-  all->addWidget(statistics_, 1);
+  all->addWidget(statisticsPart_, 1);
   all->addStretch();
   setCentralWidget(new ScrollingPart(content, this));
 }
@@ -82,17 +83,17 @@ QtUi::MainWindow MainMenu::ForUi() {
 void MainMenu::Status(const std::string& text) { panel_->Show(ToQt(WithoutPadding(text))); }
 
 void MainMenu::RefreshSet() {
-  program_.Set.CountCompleted();
   header_->Show(program_.Set);
-  numbers_->Show(program_.Set, program_.ShowStatistics);
+  numbers_->ShowCaption(program_.ShowStatistics);
   lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
-  statistics_->setVisible(program_.ShowStatistics);
+  statisticsPart_->setVisible(program_.ShowStatistics);
+  if (!program_.Set.Exists()) ShowStatistics({});
   ShowTitle();
 }
 
-void MainMenu::ToggleStatistics() {
-  shell_.ToggleStatistics();
-  RefreshSet();
+void MainMenu::ShowStatistics(const StatisticsPage& page) {
+  numbers_->Show(page);
+  statistics_->Show(page);
 }
 
 void MainMenu::ShowTitle() { setWindowModified(program_.Set.Changed()); }

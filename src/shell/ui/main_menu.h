@@ -16,6 +16,7 @@ namespace morvane::shell {
 
 class SetHeader;
 class SetNumbers;
+class StatisticsPanel;
 
 /// The main window: menu, what is known of the set, and the status bar.
 class MainMenu final : public QMainWindow {
@@ -26,8 +27,9 @@ class MainMenu final : public QMainWindow {
   [[nodiscard]] QtUi::MainWindow ForUi();
   /// The first panel of the status bar.
   void Status(const std::string& text);
-  /// Shows the set, its texts and its file name as they are now.
+  /// Shows the set's texts and its file name as they are now; its figures go when there is no set.
   void RefreshSet();
+  void ShowStatistics(const StatisticsPage& page);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -38,7 +40,6 @@ class MainMenu final : public QMainWindow {
  private:
   void MakeStatusBar();
   void MakeContent();
-  void ToggleStatistics();
   void ShowTitle();
   void RestorePlace();
   void StorePlace();
@@ -48,7 +49,8 @@ class MainMenu final : public QMainWindow {
 
   SetHeader* header_ = nullptr;
   SetNumbers* numbers_ = nullptr;
-  QWidget* statistics_ = nullptr;
+  StatisticsPanel* statistics_ = nullptr;
+  QWidget* statisticsPart_ = nullptr;
   QLabel* lblVersion_ = nullptr;
   ShownValue* panel_ = nullptr;
   bool activated_ = false;

@@ -24,6 +24,8 @@ void QtWindows::BringToFront() {
   }
 }
 
+void QtWindows::ShowStatistics(const StatisticsPage& page) { mainMenu_->ShowStatistics(page); }
+
 void QtWindows::ShowLoadNumber(files::LoadNumber& dialog) {
   files::LoadNumberWindow window(dialog, mainMenu_);
   window.open();

@@ -16,6 +16,7 @@ class QtWindows final : public FlowWindows {
 
   void ShowMainMenu() override;
   void BringToFront() override;
+  void ShowStatistics(const StatisticsPage& page) override;
   void ShowLoadNumber(files::LoadNumber& dialog) override;
   void ShowPreferences(Preferences& preferences) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;

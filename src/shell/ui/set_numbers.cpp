@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <utility>
 
+#include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
 
 namespace morvane::shell {
@@ -45,14 +46,14 @@ ShownText* SetNumbers::AddNumber(QGridLayout& grid, int row, int column, const c
   return box;
 }
 
-void SetNumbers::Show(const BoardSet& set, bool statisticsShown) {
-  const auto show = [&set](ShownText* box, int number) {
-    box->setText(set.Exists() ? QString::number(number) : QString());
-  };
-  show(txtFirstBoard_, set.FirstBoard);
-  show(txtLastBoard_, set.LastBoard);
-  show(txtCount_, set.Count());
-  show(txtCompleted_, set.CompletedBoards);
+void SetNumbers::Show(const StatisticsPage& page) {
+  txtFirstBoard_->setText(ToQt(page.FirstBoard));
+  txtLastBoard_->setText(ToQt(page.LastBoard));
+  txtCount_->setText(ToQt(page.Count));
+  txtCompleted_->setText(ToQt(page.Completed));
+}
+
+void SetNumbers::ShowCaption(bool statisticsShown) {
   ShowStat_->setText(statisticsShown ? "&Hide Statistics" : "&Show Statistics");
 }
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "model/board_set.h"
+#include "shell/refresh_statistics.h"
 
 class QGridLayout;
 class QPushButton;
@@ -20,8 +20,8 @@ class SetNumbers final : public QWidget {
  public:
   SetNumbers(std::function<void()> toggleStatistics, QWidget* parent);
 
-  /// The boxes are empty when there is no set.
-  void Show(const BoardSet& set, bool statisticsShown);
+  void Show(const StatisticsPage& page);
+  void ShowCaption(bool statisticsShown);
 
  private:
   ShownText* AddNumber(QGridLayout& grid, int row, int column, const char* caption,

@@ -2,67 +2,53 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
-#include <QTreeWidget>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <initializer_list>
 
+#include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
+#include "shell/ui/statistics_list.h"
 
 namespace morvane::shell {
 namespace {
 
 constexpr int kSpacing = 8;
-constexpr int kTextMargins = 14;  // of a caption in a list header
 
-struct Column {
-  const char* Caption;
-  int Width;
-};
-
-/// A width in which the caption would be cut grows with the font.
-void AddColumns(QTreeWidget& view, std::initializer_list<Column> columns) {
-  QStringList captions;
-  for (const Column& column : columns) captions << column.Caption;
-  view.setHeaderLabels(captions);
-  int at = 0;
-  for (const Column& column : columns) {
-    const int text = view.header()->fontMetrics().horizontalAdvance(column.Caption) + kTextMargins;
-    view.setColumnWidth(at++, std::max(column.Width, text));
+std::vector<QStringList> RowsOf(const std::vector<HandRow>& hands) {
+  std::vector<QStringList> rows;
+  for (const HandRow& hand : hands) {
+    QStringList row{ToQt(hand.Name)};
+    for (const std::string& cell : hand.Cells) row << ToQt(cell);
+    rows.push_back(row);
   }
+  return rows;
 }
 
-/// Wide enough for all its columns.
-QTreeWidget* NewListView(const char* name, const char* tip, std::initializer_list<Column> columns,
-                         QWidget* parent) {
-  auto* view = new QTreeWidget(parent);
-  view->setObjectName(name);
-  view->setToolTip(tip);
-  view->setRootIsDecorated(false);
-  view->header()->setStretchLastSection(false);
-  AddColumns(*view, columns);
-  view->setMinimumWidth(view->header()->length() + 2 * view->frameWidth() + kTextMargins);
-  return view;
+std::vector<QStringList> RowsOf(const std::vector<ShapeRow>& shapes) {
+  std::vector<QStringList> rows;
+  for (const ShapeRow& shape : shapes) {
+    rows.push_back(
+        {ToQt(shape.Shape), ToQt(shape.Actual), ToQt(shape.Expected), ToQt(shape.Difference)});
+  }
+  return rows;
 }
 
 }  // namespace
 
 StatisticsPanel::StatisticsPanel(QWidget* parent)
     : QWidget(parent),
-      HandStat_(NewListView("HandStat", "Hands statistic",
-                            {{"Hand:", 100},
-                             {"   N   ", 30},
-                             {"   S   ", 30},
-                             {"   E   ", 30},
-                             {"   W   ", 30},
-                             {"  NS  ", 30},
-                             {"  EW  ", 30}},
-                            this)),
-      lbxShapes_(NewListView("lbxShapes", "Actual and expected Hand shapes",
-                             {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}},
-                             this)) {
+      HandStat_(new StatisticsList("HandStat", "Hands statistic",
+                                   {{"Hand:", 100},
+                                    {"   N   ", 30},
+                                    {"   S   ", 30},
+                                    {"   E   ", 30},
+                                    {"   W   ", 30},
+                                    {"  NS  ", 30},
+                                    {"  EW  ", 30}},
+                                   this)),
+      lbxShapes_(new StatisticsList(
+          "lbxShapes", "Actual and expected Hand shapes",
+          {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}}, this)) {
   HandStat_->setAccessibleName("Hand Statistics");
   lbxShapes_->setAccessibleName("Hand Shapes");
   auto* hands = new QVBoxLayout;
@@ -84,15 +70,23 @@ QWidget* StatisticsPanel::MakeExtremes() {
   const auto box = [extremes](const char* name, const char* tip) {
     return new ShownText(name, tip, extremes);
   };
+  txtMaxFreq_ = box("txtMaxFreq", "Maximum card frequency for any Hand (ave 25%)");
+  txtMinFreq_ = box("txtMinFreq", "Minimum card frequency for any Hand (ave 25%)");
+  txtInDeals_ = box("txtInDeals", "Board numbers for similar hands within the current set");
   auto* form = new QFormLayout(extremes);
   form->setContentsMargins(0, 0, 0, 0);
-  form->addRow("Max frequency:",
-               box("txtMaxFreq", "Maximum card frequency for any Hand (ave 25%)"));
-  form->addRow("Min frequency:",
-               box("txtMinFreq", "Minimum card frequency for any Hand (ave 25%)"));
-  form->addRow("Inner Similarity:",
-               box("txtInDeals", "Board numbers for similar hands within the current set"));
+  form->addRow("Max frequency:", txtMaxFreq_);
+  form->addRow("Min frequency:", txtMinFreq_);
+  form->addRow("Inner Similarity:", txtInDeals_);
   return extremes;
+}
+
+void StatisticsPanel::Show(const StatisticsPage& page) {
+  HandStat_->Show(RowsOf(page.Hands));
+  lbxShapes_->Show(RowsOf(page.Shapes));
+  txtMaxFreq_->setText(ToQt(page.MaxFreq));
+  txtMinFreq_->setText(ToQt(page.MinFreq));
+  txtInDeals_->setText(ToQt(page.InDeals));
 }
 
 }  // namespace morvane::shell

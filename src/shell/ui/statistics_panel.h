@@ -2,9 +2,15 @@
 
 #include <QWidget>
 
-class QTreeWidget;
+#include "shell/refresh_statistics.h"
+
+namespace morvane {
+class ShownText;
+}
 
 namespace morvane::shell {
+
+class StatisticsList;
 
 /// The statistics of the set: the lists `HandStat` and `lbxShapes`, and `txtMaxFreq`, `txtMinFreq`
 /// and `txtInDeals`.
@@ -12,11 +18,16 @@ class StatisticsPanel final : public QWidget {
  public:
   explicit StatisticsPanel(QWidget* parent);
 
+  void Show(const StatisticsPage& page);
+
  private:
   QWidget* MakeExtremes();
 
-  QTreeWidget* HandStat_;
-  QTreeWidget* lbxShapes_;
+  StatisticsList* HandStat_;
+  StatisticsList* lbxShapes_;
+  ShownText* txtMaxFreq_ = nullptr;
+  ShownText* txtMinFreq_ = nullptr;
+  ShownText* txtInDeals_ = nullptr;
 };
 
 }  // namespace morvane::shell

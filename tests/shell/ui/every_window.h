@@ -44,6 +44,7 @@ class EveryWindow : public MainMenuTest {
     for (const bool statistics : {false, true}) {
       desk.Prog.ShowStatistics = statistics;
       menu->RefreshSet();
+      ShowFigures();
       desk.Loop.Pump();
       look(*menu);
     }

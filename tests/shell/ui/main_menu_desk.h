@@ -30,6 +30,8 @@ class MainMenuTest : public ::testing::Test {
     shell.StartUp(commandLine);
     desk.Loop.Pump();
   }
+  /// As each flow that may have changed the set ends.
+  void ShowFigures() { RefreshStatistics(desk.Prog, windows); }
   void Trigger(const char* entry) { test::Find<QAction>(*menu, entry).trigger(); }
   [[nodiscard]] std::string Text(const char* name) const { return test::TextOf(*menu, name); }
   void Enter(const char* box) { test::Click(*menu, box); }

@@ -153,6 +153,7 @@ TEST_F(TheSet, IsShownWithItsNumbers) {
   AnalyzeBoard(desk.Prog.Set.At(7));
   desk.Prog.Set.BoardSetFile = "/sets/evening.pbn";
   desk.Prog.Operator.RefreshSet();
+  ShowFigures();
   EXPECT_EQ(Text("txtFirstBoard"), "5");
   EXPECT_EQ(Text("txtLastBoard"), "12");
   EXPECT_EQ(Text("txtCount"), "8");

@@ -102,6 +102,7 @@ TEST_F(SpokenWindows, AButtonOfOneSignSaysWhatItDoes) {
 
 TEST_F(SpokenWindows, AReadOnlyBoxTellsItsValueAndItsChanges) {
   Start();
+  ShowFigures();
   EXPECT_EQ(Name(test::Find<QWidget>(*menu, "txtLastBoard")), "Last Board:");
   EXPECT_EQ(Value(test::Find<QWidget>(*menu, "txtLastBoard")), "3");
   EXPECT_EQ(Name(test::Find<QWidget>(*menu, "txtCompleted")), "Completed Boards:");
@@ -110,7 +111,7 @@ TEST_F(SpokenWindows, AReadOnlyBoxTellsItsValueAndItsChanges) {
   EXPECT_TRUE(InterfaceOf(test::Find<QWidget>(*menu, "txtLastBoard")).state().readOnly);
   Heard().clear();
   test::FillSet(desk.Prog.Set, 1, 5);
-  menu->RefreshSet();
+  ShowFigures();
   EXPECT_THAT(Heard(),
               IsSupersetOf({Announcement("txtLastBoard", "5"), Announcement("txtCount", "5")}));
 }

@@ -2,11 +2,11 @@
 
 #include <string>
 
-namespace morvane::cli {
+namespace morvane {
 
 /// `text` behind as many blanks as make it `width` characters; longer ones stay as they are.
 [[nodiscard]] inline std::string RightAligned(const std::string& text, std::size_t width) {
   return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
 }
 
-}  // namespace morvane::cli
+}  // namespace morvane

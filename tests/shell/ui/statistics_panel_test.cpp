@@ -1,0 +1,113 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QTreeWidget>
+
+#include "shell/ui/main_menu_desk.h"
+
+namespace morvane::shell {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class Statistics : public MainMenuTest {
+ protected:
+  Statistics() {
+    desk.Store.Set(kDealShow, "1");
+    for (int n = 1; n <= 3; ++n) desk.Prog.Set.At(n) = test::SuitBoard(n);
+    desk.Prog.Set.FirstBoard = 1;
+    desk.Prog.Set.LastBoard = 3;
+  }
+  /// The rows of a list, cell by cell as they stand there.
+  [[nodiscard]] std::vector<std::string> Rows(const char* list) const {
+    const auto& view = test::Find<QTreeWidget>(*menu, list);
+    std::vector<std::string> rows;
+    for (int row = 0; row < view.topLevelItemCount(); ++row) {
+      QStringList cells;
+      for (int i = 0; i < view.columnCount(); ++i) cells << view.topLevelItem(row)->text(i);
+      rows.push_back(cells.join("|").toStdString());
+    }
+    return rows;
+  }
+};
+
+TEST_F(Statistics, OfTheSetStandInListsAndBoxes) {
+  Start();
+  ShowFigures();
+  EXPECT_THAT(Rows("HandStat"), ElementsAre("Average HCP:|10.00|10.00|10.00|10.00|20.00|20.00",
+                                            "Balanced Hands:|   0|   0|   0|   0|   0|   0",
+                                            "Voids:|   9|   9|   9|   9|  18|  18",
+                                            "Singletons:|   0|   0|   0|   0|   0|   0",
+                                            "Long suits (7+):|   3|   3|   3|   3|   6|   6"));
+  // Of 12 hands: 2.59, 1.86, 1.55, 1.27, 1.26, 0.68, 0.56, and 0.41 of "6331".
+  EXPECT_THAT(Rows("lbxShapes"),
+              ElementsAre("4432|   0|   3| -3", "5332|   0|   2| -2", "5431|   0|   2| -2",
+                          "5422|   0|   1| -1", "4333|   0|   1| -1", "6322|   0|   1| -1",
+                          "6421|   0|   1| -1"));
+  EXPECT_EQ(Text("txtMaxFreq"), "100% A♠ N");
+  EXPECT_EQ(Text("txtMinFreq"), "0% A♥ N");
+  EXPECT_EQ(Text("txtInDeals"), "13, 2N:1N");
+}
+
+TEST_F(Statistics, NumbersStandAtTheRightOfTheirColumns) {
+  Start();
+  ShowFigures();
+  for (const char* list : {"HandStat", "lbxShapes"}) {
+    const QTreeWidgetItem& row = *test::Find<QTreeWidget>(*menu, list).topLevelItem(0);
+    EXPECT_FALSE(row.textAlignment(0) & Qt::AlignRight) << list;
+    for (int i = 1; i < row.columnCount(); ++i) {
+      EXPECT_TRUE(row.textAlignment(i) & Qt::AlignRight) << list << i;
+    }
+  }
+}
+
+TEST_F(Statistics, OfASetThatGoesGoToo) {
+  Start();
+  ShowFigures();
+  desk.Prog.Set.Clear();
+  desk.Prog.Operator.RefreshSet();
+  EXPECT_THAT(Rows("HandStat"), IsEmpty());
+  EXPECT_THAT(Rows("lbxShapes"), IsEmpty());
+  EXPECT_EQ(Text("txtMaxFreq") + Text("txtInDeals") + Text("txtLastBoard"), "");
+}
+
+TEST_F(Statistics, AreCountedWhenTheyAreShown) {
+  desk.Store.Set(kDealShow, "0");
+  Start();
+  test::Click(*menu, "ShowStat");
+  EXPECT_THAT(Rows("HandStat"), SizeIs(5));
+  EXPECT_EQ(Text("txtCompleted"), "3");
+  test::Click(*menu, "ShowStat");
+  EXPECT_THAT(Rows("HandStat"), IsEmpty());
+  EXPECT_EQ(Text("txtCompleted"), "3");
+}
+
+TEST_F(Statistics, ASelectedRowIsCopiedWithTabs) {
+  Start();
+  ShowFigures();
+  test::Click(test::Find<QWidget>(*menu, "HandStat"));
+  auto& list = test::Find<QTreeWidget>(*menu, "HandStat");
+  list.setFocus();
+  test::Press(*menu, Qt::Key_Home);
+  test::Press(*menu, Qt::Key_Down, Qt::ShiftModifier);
+  test::Press(*menu, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
+            "Average HCP:\t10.00\t10.00\t10.00\t10.00\t20.00\t20.00\n"
+            "Balanced Hands:\t0\t0\t0\t0\t0\t0\n");
+}
+
+TEST_F(Statistics, WithoutASelectionAllRowsAreCopied) {
+  Start();
+  ShowFigures();
+  auto& list = test::Find<QTreeWidget>(*menu, "lbxShapes");
+  list.setFocus();
+  list.clearSelection();
+  test::Press(*menu, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_THAT(QApplication::clipboard()->text().split('\n'), SizeIs(8));
+  EXPECT_TRUE(QApplication::clipboard()->text().startsWith("4432\t0\t3\t-3\n"));
+}
+
+}  // namespace
+}  // namespace morvane::shell
