@@ -39,7 +39,8 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
       enabled.push_back(entry->objectName().toStdString());
     }
   }
-  EXPECT_THAT(enabled, ElementsAre("menuLoad", "menuImport", "menuSave", "menuExit", "menuDeal"));
+  EXPECT_THAT(enabled,
+              ElementsAre("menuLoad", "menuImport", "menuSave", "menuExit", "menuDeal", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {
