@@ -1,6 +1,5 @@
 #include "generate/shuffling_dealer.h"
 
-#include <algorithm>
 #include <numeric>
 
 namespace morvane::generate {
@@ -26,7 +25,9 @@ void ShufflingDealer::LfsrStep() {
 }
 
 void ShufflingDealer::NextShuffledDeal(Board& board) {
-  for (int i = 0; i < kRiffles; ++i) Riffle();
+  for (int i = 0; i < kRiffles; ++i) {
+    Riffle(Deck, [this](std::size_t from) { return NextPacket(from); });
+  }
   board = Board{};
   int hand = kNorth;
   for (std::size_t k = 1; k <= kCards; ++k, hand = NextHand(hand)) {
@@ -36,28 +37,9 @@ void ShufflingDealer::NextShuffledDeal(Board& board) {
 
 void ShufflingDealer::NewDeck() { std::iota(Deck.begin(), Deck.end(), std::int8_t{0}); }
 
-void ShufflingDealer::Riffle() {
-  Pile pileA{};
-  Pile pileB{};
-  std::size_t heightA = 0;
-  std::size_t heightB = 0;
-  for (std::size_t i = 1; i <= kCards;) {
-    const std::size_t packetA = MovePacket(i, pileA, heightA);
-    heightA += packetA;
-    i += packetA;
-    const std::size_t packetB = MovePacket(i, pileB, heightB);
-    heightB += packetB;
-    i += packetB;
-  }
-  const auto next = std::copy_n(pileB.begin(), heightB, Deck.begin() + 1);
-  std::copy_n(pileA.begin(), heightA, next);
-}
-
-std::size_t ShufflingDealer::MovePacket(std::size_t from, Pile& pile, std::size_t height) {
+std::uint32_t ShufflingDealer::NextPacket(std::size_t from) {
   for (int i = 0; i < kStepsPerPacket; ++i) LfsrStep();
-  if (ShuffleStep + from > kCards) ShuffleStep = static_cast<std::uint32_t>(kCards + 1 - from);
-  const auto packet = Deck.begin() + static_cast<std::ptrdiff_t>(from);
-  std::copy_n(packet, ShuffleStep, pile.begin() + static_cast<std::ptrdiff_t>(height));
+  ShuffleStep = LimitedPacket(ShuffleStep, from);
   return ShuffleStep;
 }
 

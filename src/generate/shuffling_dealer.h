@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "model/board.h"
-#include "model/tables.h"
+#include "model/riffle.h"
 
 namespace morvane::generate {
 
@@ -20,14 +20,12 @@ class ShufflingDealer {
   /// Puts the deck in order, 1..52.
   void NewDeck();
 
-  std::array<std::uint32_t, 4> LfsrState{};    ///< word 0 is the most significant
-  std::array<std::int8_t, kCards + 1> Deck{};  ///< [1..52]: a card
-  std::uint32_t ShuffleStep = 0;               ///< the current packet size
+  std::array<std::uint32_t, 4> LfsrState{};  ///< word 0 is the most significant
+  CardDeck Deck{};                           ///< the editor's random fill shuffles the same one
+  std::uint32_t ShuffleStep = 0;             ///< the current packet size
 
  private:
-  using Pile = std::array<std::int8_t, kCards>;
-  void Riffle();
-  std::size_t MovePacket(std::size_t from, Pile& pile, std::size_t height);
+  std::uint32_t NextPacket(std::size_t from);
 };
 
 }  // namespace morvane::generate
