@@ -4,7 +4,7 @@
 #include <array>
 #include <memory>
 
-#include "audit/fingerprint.h"
+#include "generate/fingerprint.h"
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
 #include "model/tables.h"
@@ -102,12 +102,6 @@ std::string Summary(const BoardSet& set, const generate::GenerateResult& result)
   return text + "\n";
 }
 
-/// Without its lines in the log nobody could prove the set later.
-std::string FingerprintLine(const Program& program) {
-  if (!program.Log.On()) return "This set is not on record: do not publish its SHA-256.\n";
-  return "SHA-256: " + audit::SetFingerprint(program.Set) + "\n";
-}
-
 void CheckTogether(const GenerateOptions& options, OptionReader& given) {
   if (options.Seedr.has_value() != options.Seedo.has_value()) {
     given.Refuse("--seedr and --seedo go together");
@@ -166,7 +160,7 @@ ExitStatus Generate(Job& job, const GenerateOptions& options) {
   if (result->End != generate::GenerateEnd::kDone) return kFailed;
   if (!Save(job, options.Out)) return kFailed;
   screen.Out(Summary(program.Set, *result));
-  if (!options.Empty) screen.Out(FingerprintLine(program));
+  if (!options.Empty) screen.Out(generate::FingerprintLine(program) + "\n");
   return kDone;
 }
 

@@ -13,11 +13,6 @@ namespace {
 constexpr const char* kTwoBoards =
     "8d5417bc01e60c7a2bebba4ee30545013b5345823cb85b1d0cd50920f27573e3";
 
-// 99 ... ... ... ...
-// 100 AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432
-constexpr const char* kEmptyAndSuits =
-    "91ce7d7c8535c663a9392295b356b56ed8991313b0a82ceb691f6899222ae1dc";
-
 BoardSet TwoBoards() {
   BoardSet set;
   set.FirstBoard = 1;
@@ -25,52 +20,6 @@ BoardSet TwoBoards() {
   set.At(1) = test::SuitBoard(1);
   set.At(2) = test::RoundBoard(2);
   return set;
-}
-
-TEST(SetFingerprint, IsTheSumOfItsBoardsAsLines) {
-  EXPECT_EQ(SetFingerprint(TwoBoards()), kTwoBoards);
-}
-
-TEST(SetFingerprint, NumbersAreWrittenPlainAndAHandWithoutCardsIsThreeDots) {
-  BoardSet set;
-  set.FirstBoard = 99;
-  set.LastBoard = 100;
-  set.At(100) = test::SuitBoard(100);
-  EXPECT_EQ(SetFingerprint(set), kEmptyAndSuits);
-}
-
-TEST(SetFingerprint, DependsOnDealsAndNumbersOnly) {
-  BoardSet set = TwoBoards();
-  set.At(1).Dealer = kWest;
-  set.At(1).Vul = 4;
-  set.At(2).Tricks[3] = 7;
-  set.At(2).DealNumber[5] = 1;
-  set.At(2).DealCounter[3] = 1;
-  set.EventName = "Evening";
-  set.BoardSetFile = "/evening.pbn";
-  set.CurrentBoard = 2;
-  EXPECT_EQ(SetFingerprint(set), kTwoBoards);
-}
-
-TEST(SetFingerprint, TwoCardsThatChangeHandsChangeIt) {
-  BoardSet set = TwoBoards();
-  std::swap(set.At(2).Cards[1], set.At(2).Cards[2]);
-  EXPECT_NE(SetFingerprint(set), kTwoBoards);
-}
-
-TEST(SetFingerprint, BoardsThatChangePlacesChangeIt) {
-  BoardSet set = TwoBoards();
-  std::swap(set.At(1), set.At(2));
-  EXPECT_NE(SetFingerprint(set), kTwoBoards);
-}
-
-TEST(SetFingerprint, TheSameBoardsUnderOtherNumbersHaveAnother) {
-  BoardSet set = TwoBoards();
-  set.FirstBoard = 2;
-  set.LastBoard = 3;
-  set.At(3) = set.At(2);
-  set.At(2) = set.At(1);
-  EXPECT_NE(SetFingerprint(set), kTwoBoards);
 }
 
 TEST(SetFingerprint, OfRecordsIsThatOfTheirSetInWhateverOrderTheyStand) {
