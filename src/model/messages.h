@@ -78,7 +78,7 @@ struct Messages {
   std::string Msg059;  ///< (Firmware download: the file's size or its lengths are wrong)
   std::string Msg060;  ///< Deal: the last copy of the run's last board has been dealt; asks
   std::string Msg061;  ///< (Read: the last board has been read; asks)
-  std::string Msg062;  ///< Exit, Load, Import: the set has changes that are not saved; asks
+  std::string Msg062;  ///< New, Exit, Load, Import: the set has changes that are not saved; asks
   std::string Msg063;  ///< Generate: the first board is above the last
   std::string Msg064;  ///< Generate: the first board is above 640
   std::string Msg065;  ///< Generate: the last board is above 640
@@ -119,7 +119,7 @@ struct Messages {
   std::string Msg100;  ///< (Analysis: the solver answers code 97; *** its error text)
   std::string Msg101;  ///< (Analyze: every board of the set has its tricks)
   std::string Msg102;  ///< (Analyze: the one board has its tricks)
-  std::string Msg103;  ///< Load, Import: refused while an analysis runs
+  std::string Msg103;  ///< New, Load, Import: refused while an analysis runs
   std::string Msg104;  ///< (Analyze: refused while an analysis runs)
   std::string Msg105;  ///< Exit: refused while an analysis runs
   std::string Msg106;  ///< Generate: the first board is below 1. (Preferences: or above 640)

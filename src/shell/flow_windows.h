@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/load_number.h"
+#include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
 #include "shell/preferences.h"
 #include "shell/refresh_statistics.h"
@@ -11,6 +12,7 @@ namespace morvane::shell {
 /// knows none of them. A window is modal to `MainMenu`, is shown when it is made and goes when it
 /// is destroyed.
 class FlowWindows : public files::NumberDialog,
+                    public generate::GenerateDialog,
                     public machine::RunDialogs,
                     public PreferencesDialog,
                     public StatisticsView {

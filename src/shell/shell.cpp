@@ -7,6 +7,7 @@
 #include "files/save_set.h"
 #include "shell/deal_flow.h"
 #include "shell/exit_flow.h"
+#include "shell/new_flow.h"
 
 namespace morvane::shell {
 
@@ -66,6 +67,12 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
     RefreshStatistics();
   }
   return outcome;
+}
+
+void Shell::MenuNew() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  NewFlow(program_, generator_, history_, windows_, [this] { Keep(); });
 }
 
 void Shell::MenuLoad() {

@@ -43,6 +43,7 @@ class Shell {
   /// copy. Does nothing behind an `Exit`.
   void End();
 
+  void MenuNew();
   void MenuLoad();
   void MenuImport();
   void MenuSave();

@@ -10,6 +10,7 @@ using ::testing::IsEmpty;
 /// A request for every flow at once; none may do anything.
 void PressEverything(ShellDesk& desk) {
   EXPECT_TRUE(desk.Main.FlowActive());
+  desk.Main.MenuNew();
   desk.Main.MenuLoad();
   desk.Main.MenuImport();
   desk.Main.MenuSave();

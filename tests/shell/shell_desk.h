@@ -50,6 +50,11 @@ class FakeWindows final : public FlowWindows {
     ++LoadNumbers;
     if (OnLoadNumber) OnLoadNumber(dialog);
   }
+  void ShowGenerate(generate::GenerateForm& form) override {
+    if (!HasWindows) return FlowWindows::ShowGenerate(form);
+    ++Generates;
+    if (OnGenerate) OnGenerate(form);
+  }
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     if (!HasWindows) return FlowWindows::OpenDealinProg(run);
     auto window = std::make_unique<FakeRunWindow>(Run);
@@ -66,11 +71,13 @@ class FakeWindows final : public FlowWindows {
   int MainMenus = 0;
   int ToFront = 0;
   int LoadNumbers = 0;
+  int Generates = 0;
   RunWindowNotes Run;
   std::vector<StatisticsPage> Pages;  ///< of the statistics, as they were shown one after another
   std::function<void()> OnStatistics;
   std::function<void()> OnMainMenu;
   std::function<void(files::LoadNumber&)> OnLoadNumber;
+  std::function<void(generate::GenerateForm&)> OnGenerate;
   std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
 };
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "generate/generate_set.h"
+
+// What the window `Generate` says in words of its own.
+
+namespace morvane::generate {
+
+inline constexpr const char* kShapeWords =
+    "Rejects a deal with a hand shape that the set has had about twice as often as is to be "
+    "expected, so that rare shapes do not pile up.";
+inline constexpr const char* kInnerWords =
+    "Rejects a deal in which a hand has the same 13 cards as a hand of another board of the set. "
+    "Similarity 9, 12N:5E means: North of board 12 and East of board 5 have 9 cards in common, and "
+    "no other pair has more.";
+inline constexpr const char* kHistoryWords =
+    "Rejects a deal in which a hand has the same 13 cards as a hand of a board that was saved or "
+    "loaded here before. The most alike one is shown with its file.";
+inline constexpr const char* kHistoryOffWords =
+    "The history is off until the program ends: this test compares with nothing.";
+inline constexpr const char* kBigDealWords =
+    "BigDeal draws the number of a deal: each of the possible deals is equally likely. The log "
+    "keeps what it takes to prove the set later.";
+inline constexpr const char* kShufflingWords =
+    "The Morvane generator shuffles a pack: 50 riffles before each deal, going on from the last "
+    "one.";
+inline constexpr const char* kEmptyWords =
+    "The boards get their dealer and vulnerability and no cards, to be filled by reading cards or "
+    "by hand.";
+inline constexpr const char* kBitsWords =
+    "Moving the mouse over this window makes the seeds harder to guess.";
+inline constexpr const char* kReplacesWords =
+    "Generating replaces the current Board Set and empties the event texts.";
+
+/// "green" and "red" for who does not see colours.
+[[nodiscard]] std::string SignOf(const RejectCounter& counter);
+
+/// What came of a press, in lines ended by LF; empty when the program is quitting.
+[[nodiscard]] std::string ReportOf(const Program& program, const GenerateRequest& request,
+                                   const GenerateResult& result);
+
+}  // namespace morvane::generate
