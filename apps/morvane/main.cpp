@@ -68,6 +68,7 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
     shell.End();
   });
   shell.KeepUnsavedSet();
+  shell.KeepRecentFiles();
   using morvane::shell::StartOutcome;
   const StartOutcome outcome = shell.StartUp(commandLine);
   if (outcome != StartOutcome::kGoesOn) {

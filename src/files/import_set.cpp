@@ -23,7 +23,8 @@ FileRequest ImportRequest(const Program& program) {
   return request;
 }
 
-std::nullopt_t Abort(Program& program, const std::string& text) {
+std::nullopt_t Abort(Program& program, const std::string& path, const std::string& text) {
+  program.OnFileUsed(path, FileUse::kRefused);
   program.Status("Import operation aborted");
   program.ShowMessage(text, kOkCritical, kTitle);
   program.Status("Ready");
@@ -33,7 +34,8 @@ std::nullopt_t Abort(Program& program, const std::string& text) {
 
 }  // namespace
 
-std::optional<ImportReport> ImportBoardSet(Program& program, history::History& history) {
+std::optional<ImportReport> ImportBoardSet(Program& program, history::History& history,
+                                           const std::string& pending) {
   std::optional<ImportReport> report;
   SetSource files;
   files.Doing = "Importing";
@@ -45,7 +47,7 @@ std::optional<ImportReport> ImportBoardSet(Program& program, history::History& h
     report = ImportFile(program, history, path);
     return report.has_value();
   };
-  ReplaceSet(program, history, files, {});
+  ReplaceSet(program, history, files, pending);
   return report;
 }
 
@@ -59,11 +61,12 @@ std::optional<ImportReport> ImportFile(Program& program, history::History& histo
     report = ImportPbn(DecodeAnyText(std::move(bytes)), *imported);
   });
   if (error) {
-    return Abort(program, "      The file cannot be read: " + error->Description + "      ");
+    return Abort(program, path, "      The file cannot be read: " + error->Description + "      ");
   }
-  if (!imported->Exists()) return Abort(program, ReportText(report));
+  if (!imported->Exists()) return Abort(program, path, ReportText(report));
   program.Set = std::move(*imported);
-  TakeLoadedSet(program, history, path, "Boards imported: " + std::to_string(report.Taken));
+  TakeLoadedSet(program, history, path, FileUse::kImported,
+                "Boards imported: " + std::to_string(report.Taken));
   program.Set.BoardSetChanged = "0";
   program.ShowMessage(ReportText(report),
                       report.PassedOver.Count > 0 ? kOkExclamation : kOkInformation, kTitle);

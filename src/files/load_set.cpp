@@ -55,9 +55,10 @@ bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& 
 }  // namespace
 
 void TakeLoadedSet(Program& program, history::History& history, const std::string& path,
-                   const std::string& status) {
+                   FileUse use, const std::string& status) {
   BoardSet& set = program.Set;
   RememberFile(program, path);
+  program.OnFileUsed(path, use);
   const std::string title = NameOf(FileTitle(path));
   history.AddUnlessKnown(program, FirstCharacters(title, history::kNameCharacters));
   program.Log.Boards(set, set.FirstBoard, set.LastBoard, false);
@@ -108,9 +109,11 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
   FileNotes notes;
   const bool loaded = ReadByExtension(program, dialog, path, notes);
   if (loaded) {
-    TakeLoadedSet(program, history, path, "Boards loaded: " + std::to_string(program.Set.Count()));
+    TakeLoadedSet(program, history, path, FileUse::kLoaded,
+                  "Boards loaded: " + std::to_string(program.Set.Count()));
   } else {
     ClearSet(program);
+    program.OnFileUsed(path, FileUse::kRefused);
     // A file with tags was refused for its form, of which Import asks less.
     program.Status(notes.HasTags ? "Load operation aborted. File - Import PBN may take this file"
                                  : "Ready");

@@ -4,10 +4,8 @@
 #include <string>
 
 #include "platform/ui.h"
+#include "program/program.h"
 
-namespace morvane {
-class Program;
-}
 namespace morvane::history {
 class History;
 }
@@ -52,9 +50,9 @@ struct SetSource {
 bool ReplaceSet(Program& program, history::History& history, const SetSource& source,
                 const std::string& pending);
 
-/// The end of a load that went well: the set, which came from `path`, is remembered, logged and
-/// shown, and `status` stands in the status bar.
+/// The end of a load that went well: the set, which came from `path` by `use`, is remembered,
+/// logged and shown, and `status` stands in the status bar.
 void TakeLoadedSet(Program& program, history::History& history, const std::string& path,
-                   const std::string& status);
+                   FileUse use, const std::string& status);
 
 }  // namespace morvane::files

@@ -43,6 +43,7 @@ void TakeSavedSet(Program& program, history::History& history, const std::string
   // A set saved twice stands there twice: required.
   history.AddToHistory(program, NameOf(FileTitle(path)));
   RememberFile(program, path);
+  program.OnFileUsed(path, FileUse::kSaved);
   program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
   program.Set.BoardSetFile = path;
   program.Set.BoardSetChanged = "0";  // before the refresh, which shows it

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "model/board_set.h"
@@ -46,6 +47,9 @@ struct LinkRequest {
   std::string File;
 };
 
+/// What became of a board file.
+enum class FileUse : std::uint8_t { kLoaded, kImported, kSaved, kRefused };
+
 /// What every procedure may lean on: the ports, the one board set, the texts and the log. `main`
 /// makes one and it outlives everything else; it is passed by reference and never reached
 /// otherwise.
@@ -73,6 +77,9 @@ class Program {
   bool AnalysisRunning = false;  ///< a double-dummy analysis runs beside the main window
   bool ShowStatistics = false;
   LinkRequest Link;
+  /// Hears of each board file that was loaded, imported or saved, or that could not be taken.
+  std::function<void(const std::string& path, FileUse use)> OnFileUsed =
+      [](const std::string& /*path*/, FileUse /*use*/) {};
   std::int32_t ActivateTime = 0;  ///< milliseconds since midnight of the main window's activation
 
   /// A message box with an OK button, and its line in the log. Code that needs an answer asks

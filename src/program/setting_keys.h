@@ -33,6 +33,8 @@ inline constexpr SettingKey kSeedm{kInit, "Seedm", ""};
 inline constexpr SettingKey kSeedmCounter{kInit, "Seedm_counter", "0"};
 inline constexpr SettingKey kInitFormat{kInit, "Init_format", "BRI"};
 inline constexpr SettingKey kInitDirectory{kInit, "Init_directory", "c:"};
+/// The board files used last, in a form of `shell::RecentFiles`.
+inline constexpr SettingKey kRecentFiles{kInit, "Recent_files", ""};
 inline constexpr SettingKey kInitReadMode{kInit, "Init_read_mode", "0"};
 /// The run window's own default is "1": a board pushed in starts its deal unless told otherwise.
 inline constexpr SettingKey kInitStartFromBox{kInit, "Init_start_from_box", "1"};

@@ -33,6 +33,8 @@ Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& i
 
 void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 
+void Shell::KeepRecentFiles() { recent_.emplace(program_); }
+
 StartOutcome Shell::StartUp(const std::string& commandLine) {
   // Settings may have been waited for before.
   const Flow flow(*this, Flow::Waits::kAsBefore);
@@ -93,6 +95,21 @@ void Shell::MenuSave() {
   if (FlowActive()) return;
   const Flow flow(*this);
   files::SaveBoardSet(program_, history_);
+}
+
+void Shell::MenuRecent(const RecentFile& file) {
+  if (FlowActive()) return;
+  if (!file.Imported) {
+    startFile_ = file.Path;
+    MenuLoad();
+    return;
+  }
+  const Flow flow(*this);
+  files::ImportBoardSet(program_, history_, file.Path);
+}
+
+std::vector<RecentFile> Shell::Recent() const {
+  return recent_ ? recent_->List() : std::vector<RecentFile>();
 }
 
 void Shell::MenuDeal() {

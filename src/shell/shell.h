@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "generate/generator.h"
 #include "history/history.h"
@@ -12,6 +13,7 @@
 #include "platform/instance.h"
 #include "program/program.h"
 #include "shell/flow_windows.h"
+#include "shell/recent_files.h"
 #include "shell/start_up.h"
 #include "shell/unsaved_copy.h"
 #include "text/number_filter.h"
@@ -32,6 +34,9 @@ class Shell {
 
   /// From its start on the program keeps a copy of what is unsaved. Before `StartUp`.
   void KeepUnsavedSet();
+  /// From its start on the program keeps a list of the board files that it used last. Before
+  /// `StartUp`.
+  void KeepRecentFiles();
   /// Start-up, in its order; `commandLine` is the raw command line without the program's name. The
   /// program ends unless it `kGoesOn`.
   StartOutcome StartUp(const std::string& commandLine);
@@ -47,6 +52,9 @@ class Shell {
   void MenuLoad();
   void MenuImport();
   void MenuSave();
+  /// The Load flow, or Import's, with a file of `Recent`.
+  void MenuRecent(const RecentFile& file);
+  [[nodiscard]] std::vector<RecentFile> Recent() const;
   void MenuDeal();
   void CmdPref();
 
@@ -100,6 +108,7 @@ class Shell {
   std::string startFile_;
   std::unique_ptr<Timer> Timer2mm_;
   std::optional<UnsavedCopy> unsaved_;
+  std::optional<RecentFiles> recent_;
   std::unique_ptr<Timer> keeper_;  ///< goes on while a flow is open
   bool flowActive_ = false;
   bool started_ = false;

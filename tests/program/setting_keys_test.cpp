@@ -36,6 +36,7 @@ const std::vector<Row> kRows = {
     {kSeedmCounter, "Init_settings", "Seedm_counter", "0"},
     {kInitFormat, "Init_settings", "Init_format", "BRI"},
     {kInitDirectory, "Init_settings", "Init_directory", "c:"},
+    {kRecentFiles, "Init_settings", "Recent_files", ""},
     {kInitReadMode, "Init_settings", "Init_read_mode", "0"},
     {kInitStartFromBox, "Init_settings", "Init_start_from_box", "1"},
     {kNational, "Init_settings", "National", "0"},

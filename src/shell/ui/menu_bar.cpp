@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <utility>
 
+#include "shell/ui/recent_entries.h"
+
 namespace morvane::shell {
 
 MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(parent) {
@@ -25,6 +27,7 @@ void MenuBar::AddFileMenu(Shell& shell) {
   AddEntry(file, "menuLoad", "&Load", QKeySequence::Open, [&shell] { shell.MenuLoad(); });
   AddEntry(file, "menuImport", "&Import PBN", {}, [&shell] { shell.MenuImport(); });
   AddEntry(file, "menuSave", "&Save", QKeySequence::Save, [&shell] { shell.MenuSave(); });
+  new RecentEntries(shell, file);
   file.addSeparator()->setObjectName("div1");
   AddEntry(file, "menuExit", "E&xit", Qt::CTRL | Qt::Key_Q, [this] { window()->close(); });
 }

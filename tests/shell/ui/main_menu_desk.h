@@ -23,6 +23,7 @@ class MainMenuTest : public ::testing::Test {
   std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell);
 
   void SetUp() override {
+    shell.KeepRecentFiles();
     windows.SetMainMenu(*menu);
     desk.Ui.SetMainWindow(menu->ForUi());
   }
