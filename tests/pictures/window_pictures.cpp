@@ -1,0 +1,81 @@
+#include <QDir>
+#include <cstdio>
+#include <random>
+#include <set>
+
+#include "shell/ui/every_window.h"
+
+// No test: window_pictures FOLDER writes a picture of every window into the folder, at the scale
+// that QT_SCALE_FACTOR says. tools/pictures runs it.
+
+namespace morvane::shell {
+namespace {
+
+constexpr QSize kRoomy{1080, 760};
+
+QDir& Folder() {
+  static QDir folder;
+  return folder;
+}
+
+Board DealtBoard(int n, std::mt19937& chance) {
+  Board board = NumberedBoard(n);
+  std::array<std::uint8_t, kCards> hands{};
+  for (int card = 0; card < kCards; ++card) hands[card] = test::RoundBoard(n).Cards[card + 1];
+  std::shuffle(hands.begin(), hands.end(), chance);
+  for (int card = 0; card < kCards; ++card) board.Cards[card + 1] = hands[card];
+  AnalyzeBoard(board);
+  return board;
+}
+
+/// An evening at a club.
+class WindowPictures : public EveryWindow {
+ protected:
+  WindowPictures() {
+    BoardSet& set = desk.Prog.Set;
+    set.Clear();
+    std::mt19937 chance(20261122);
+    for (int n = 1; n <= 32; ++n) set.At(n) = DealtBoard(n, chance);
+    set.FirstBoard = 1;
+    set.LastBoard = 32;
+    set.EventName = "Open Pairs, Second Session";
+    set.EventSite = "Riverside Bridge Club";
+    set.EventDate = "14 May 2026";
+    set.BoardSetFile = "/home/club/sets/Open Pairs 2.pbn";
+    desk.Prog.ServiceLevel = 0;
+  }
+
+  /// Of windows that come up more than once the first state is taken, of the main window the last,
+  /// which has the statistics.
+  void Take(QWidget& window) {
+    const QString name = window.objectName();
+    if (name.startsWith("cd")) return;  // the file dialogs are the toolkit's
+    if (!taken_.insert(name).second && name != "MainMenu") return;
+    if (name == "MainMenu" || name == "DealinProg") window.resize(kRoomy);
+    desk.Loop.Pump();
+    constexpr int kSmallest = 0;
+    const QString path = Folder().filePath(name + ".png");
+    ASSERT_TRUE(window.grab().save(path, "PNG", kSmallest)) << path.toStdString();
+  }
+
+ private:
+  std::set<QString> taken_;
+};
+
+TEST_F(WindowPictures, AreWritten) {
+  LookAtAll([this](QWidget& window) { Take(window); });
+}
+
+}  // namespace
+}  // namespace morvane::shell
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  if (argc != 2 || !QDir().mkpath(argv[1])) {
+    std::fprintf(stderr, "Usage: window_pictures FOLDER\n");
+    return 2;
+  }
+  morvane::shell::Folder() = QDir(argv[1]);
+  return RUN_ALL_TESTS();
+}
