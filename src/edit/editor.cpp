@@ -87,7 +87,9 @@ bool Editor::Can(Command command) const {
 void Editor::Do(Command command) {
   if (closed_ || !Can(command)) return;
   if (AltersSet(command)) {
-    if (!RefusedByAnalysis()) DoToSet(command);
+    if (RefusedByAnalysis()) return;
+    program_.Set.Edited = true;
+    DoToSet(command);
   } else {
     DoToCopy(command);
   }

@@ -23,7 +23,8 @@ class EditView {
 
 /// `Edit` without its looks: a working copy of the current board, and what is done to it and to
 /// whole boards. The set changes only by `kAccept` and by the commands on whole boards. It does not
-/// touch `BoardSetChanged`: required, an edit alone asks for no save.
+/// touch `BoardSetChanged`: required, an edit alone asks for no save. The title and the copy of
+/// unsaved work know of it.
 class Editor {
  public:
   static constexpr int kTimer1Ms = 100;

@@ -67,7 +67,7 @@ std::optional<ImportReport> ImportFile(Program& program, history::History& histo
   program.Set = std::move(*imported);
   TakeLoadedSet(program, history, path, FileUse::kImported,
                 "Boards imported: " + std::to_string(report.Taken));
-  program.Set.BoardSetChanged = "0";
+  program.Set.MarkSaved();
   program.ShowMessage(ReportText(report),
                       report.PassedOver.Count > 0 ? kOkExclamation : kOkInformation, kTitle);
   return report;

@@ -36,7 +36,7 @@ FileRequest OpenRequest(const Program& program) {
 void ClearSet(Program& program) {
   program.Set.Clear();
   program.Set.BoardSetFile.clear();
-  program.Set.BoardSetChanged = "0";  // before the refresh, which shows it
+  program.Set.MarkSaved();  // before the refresh, which shows it
   program.Operator.RefreshSet();
 }
 
@@ -118,7 +118,7 @@ bool LoadFile(Program& program, history::History& history, NumberDialog& dialog,
     program.Status(notes.HasTags ? "Load operation aborted. File - Import PBN may take this file"
                                  : "Ready");
   }
-  program.Set.BoardSetChanged = "0";
+  program.Set.MarkSaved();
   return loaded;
 }
 

@@ -46,7 +46,7 @@ void TakeSavedSet(Program& program, history::History& history, const std::string
   program.OnFileUsed(path, FileUse::kSaved);
   program.Status("Boards Saved: " + std::to_string(program.Set.Count()));
   program.Set.BoardSetFile = path;
-  program.Set.BoardSetChanged = "0";  // before the refresh, which shows it
+  program.Set.MarkSaved();  // before the refresh, which shows it
   program.Operator.RefreshSet();
 }
 

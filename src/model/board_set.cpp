@@ -6,6 +6,11 @@ namespace morvane {
 
 bool BoardSet::Changed() const { return std::strtod(BoardSetChanged.c_str(), nullptr) == 1.0; }
 
+void BoardSet::MarkSaved() {
+  BoardSetChanged = "0";
+  Edited = false;
+}
+
 void BoardSet::Clear() {
   Boards.fill(Board{});
   FirstBoard = 1;

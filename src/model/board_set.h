@@ -17,6 +17,9 @@ struct BoardSet {
   std::int16_t CurrentBoard = 1;
   std::int16_t CompletedBoards = 0;   ///< as the statistics left it
   std::string BoardSetChanged = "0";  ///< "1" = changes that are not saved; held as text: required
+  /// The editor has changed boards since the set was saved, which does not raise the question
+  /// whether to save: required.
+  bool Edited = false;
   std::string BoardSetFile;           ///< full path; empty for a new set
   std::string EventName;
   std::string EventSite;
@@ -28,6 +31,9 @@ struct BoardSet {
   [[nodiscard]] int Count() const { return Exists() ? LastBoard - FirstBoard + 1 : 0; }
   /// Whether `BoardSetChanged` has the numeric value 1.
   [[nodiscard]] bool Changed() const;
+  /// Whether nothing would be lost with this set.
+  [[nodiscard]] bool IsSaved() const { return !Changed() && !Edited; }
+  void MarkSaved();
   [[nodiscard]] Board& At(int number) { return Boards[static_cast<std::size_t>(number)]; }
   [[nodiscard]] const Board& At(int number) const {
     return Boards[static_cast<std::size_t>(number)];

@@ -130,7 +130,9 @@ bool Shell::Exit() {
   // The end is no time to wait again; and a command, which is one flow to its user, ends here.
   const Flow flow(*this, Flow::Waits::kAsBefore);
   if (!ExitFlow(program_, generator_, history_)) return false;
-  if (unsaved_) unsaved_->Remove();  // saved or given up
+  // What was asked about is saved or given up by now. Edits are not asked about: the next start
+  // offers them.
+  if (unsaved_) program_.Set.Changed() ? unsaved_->Remove() : unsaved_->Keep();
   WriteExit();
   program_.Loop.Quit();
   return true;

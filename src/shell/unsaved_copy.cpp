@@ -112,7 +112,7 @@ UnsavedCopy::Outcome UnsavedCopy::TellDamaged(const std::string& path) {
 
 void UnsavedCopy::Keep() {
   const BoardSet& set = program_.Set;
-  if (!set.Changed()) {
+  if (set.IsSaved()) {
     Remove();
     return;
   }
@@ -129,7 +129,7 @@ void UnsavedCopy::Remove() {
 }
 
 bool UnsavedCopy::FailureToTell() const {
-  return failure_ && !failureTold_ && program_.Set.Changed() && program_.Set.Exists();
+  return failure_ && !failureTold_ && !program_.Set.IsSaved() && program_.Set.Exists();
 }
 
 void UnsavedCopy::TellFailure() {

@@ -114,11 +114,13 @@ TEST(Editor, DoesNotTouchTheMarkOfUnsavedChanges) {
     EditDesk desk;
     desk.Open();
     desk.Prog.Set.BoardSetChanged = mark;
-    desk.Do(Command::kClear);
+    for (const auto command : {Command::kClear, Command::kCopy}) desk.Do(command);
+    EXPECT_FALSE(desk.Prog.Set.Edited);
     for (const auto command : {Command::kAccept, Command::kAdd, Command::kCut, Command::kPaste}) {
       desk.Do(command);
     }
-    EXPECT_EQ(desk.NewLines().size(), 4U);
+    EXPECT_TRUE(desk.Prog.Set.Edited);
+    EXPECT_EQ(desk.NewLines().size(), 5U);
     EXPECT_EQ(desk.Prog.Set.BoardSetChanged, mark);
   }
 }

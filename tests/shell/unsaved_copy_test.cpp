@@ -65,6 +65,41 @@ TEST(UnsavedCopy, StandsASecondAfterAChangeAndIsTheUsersAlone) {
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
+TEST(UnsavedCopy, HasWhatTheEditorChangedThoughNobodyIsAskedAboutIt) {
+  KeepingDesk desk;
+  desk.Start();
+  test::FillSet(desk.Prog.Set, 3, 5);
+  desk.Prog.Set.Edited = true;
+  desk.PassASecond();
+  EXPECT_TRUE(desk.HasCopy());
+  EXPECT_TRUE(desk.Main.Exit());
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty()) << "required: an edit alone raises no question";
+  EXPECT_TRUE(desk.HasCopy()) << "the next start offers it";
+}
+
+TEST(UnsavedCopy, OfEditsGoesWithTheAnswerNo) {
+  KeepingDesk desk;
+  desk.Start();
+  desk.ChangeSet();
+  desk.Prog.Set.Edited = true;
+  desk.PassASecond();
+  desk.Ui.Answers = {kNo};
+  EXPECT_TRUE(desk.Main.Exit());
+  EXPECT_FALSE(desk.HasCopy());
+}
+
+TEST(UnsavedCopy, OfEditsGoesWithTheSave) {
+  KeepingDesk desk;
+  desk.Start();
+  test::FillSet(desk.Prog.Set, 3, 5);
+  desk.Prog.Set.Edited = true;
+  desk.PassASecond();
+  desk.Ui.Files = {desk.Folder / "saved.pbn"};
+  desk.Main.MenuSave();
+  EXPECT_FALSE(desk.Prog.Set.Edited);
+  EXPECT_FALSE(desk.HasCopy());
+}
+
 TEST(UnsavedCopy, FollowsEveryChange) {
   KeepingDesk desk;
   desk.Start();

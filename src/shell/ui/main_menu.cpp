@@ -96,7 +96,7 @@ void MainMenu::ShowStatistics(const StatisticsPage& page) {
   statistics_->Show(page);
 }
 
-void MainMenu::ShowTitle() { setWindowModified(program_.Set.Changed()); }
+void MainMenu::ShowTitle() { setWindowModified(!program_.Set.IsSaved()); }
 
 bool MainMenu::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && !activated_) {
