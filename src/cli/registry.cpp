@@ -10,13 +10,14 @@
 #include "cli/help_command.h"
 #include "cli/history_command.h"
 #include "cli/show_command.h"
+#include "cli/stats_command.h"
 
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 7> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kDealCommand,
-    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
+constexpr std::array<const Command*, 8> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand,  &kStatsCommand,
+    &kDealCommand,     &kHistoryCommand, &kAuditCommand, &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

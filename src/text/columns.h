@@ -9,4 +9,9 @@ namespace morvane {
   return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
 }
 
+/// `text` before as many blanks.
+[[nodiscard]] inline std::string LeftAligned(const std::string& text, std::size_t width) {
+  return text + std::string(text.size() < width ? width - text.size() : 0, ' ');
+}
+
 }  // namespace morvane

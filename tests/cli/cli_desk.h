@@ -11,6 +11,7 @@
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "cli/show_command.h"
+#include "cli/stats_command.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
 
@@ -78,6 +79,7 @@ struct CliDesk {
   ExitStatus Run(const GenerateOptions& options) { return Do(Generate, options); }
   ExitStatus Run(const ConvertOptions& options) { return Do(Convert, options); }
   ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
+  ExitStatus Run(const StatsOptions& options) { return Do(Stats, options); }
   ExitStatus Run(const DealOptions& options) { return Do(Deal, options); }
   ExitStatus Run(const HistoryOptions& options) { return Do(ShowHistory, options); }
   ExitStatus Run(const AuditOptions& options) { return Do(Audit, options); }

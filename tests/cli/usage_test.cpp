@@ -46,6 +46,7 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "               [--seedr HEX40 --seedo HEX40] [--lfsr HEX32]\n"
                  "  convert IN... OUT [--to FORMAT] [--first N] [--import] [--history on|off]\n"
                  "  show IN [--board N] [--import]\n"
+                 "  stats IN [--import]\n"
                  "  deal IN [--from N] [--to N] [--copies N] [--auto] [--import]\n"
                  "  history [--list]\n"
                  "  audit LOG [--sha256 HEX64]\n"

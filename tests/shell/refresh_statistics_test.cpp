@@ -1,5 +1,7 @@
 #include "shell/refresh_statistics.h"
 
+#include <filesystem>
+
 #include "shell/shell_desk.h"
 
 namespace morvane::shell {
@@ -143,6 +145,34 @@ TEST(Flows, ThatMayHaveChangedTheSetEndWithItsStatistics) {
     ASSERT_THAT(desk.Desktop.Pages, SizeIs(3));
     EXPECT_EQ(desk.Desktop.Pages.back().Completed, "2");
   }
+}
+
+TEST(Flows, AFileOfTheCommandLineIsCountedAtTheStart) {
+  ShellDesk desk;
+  const std::string path = desk.Folder / "two.pbn";
+  test::WriteContent(path, "[Board \"7\"]\r\n[Board \"8\"]\r\n");
+  desk.Start('"' + path + '"');
+  ASSERT_FALSE(desk.Desktop.Pages.empty());
+  EXPECT_EQ(desk.Desktop.Pages.back().Count, "2");
+  EXPECT_EQ(desk.Desktop.Pages.back().Completed, "0");
+}
+
+TEST(Flows, AnUnsavedSetThatIsTakenIsCountedAtTheStart) {
+  ShellDesk before;
+  before.Main.KeepUnsavedSet();
+  before.Start();
+  test::FillSet(before.Prog.Set, 1, 3);
+  before.Prog.Set.BoardSetChanged = "1";
+  before.Loop.WaitMs(2 * Shell::kKeepMs);
+  const std::string copy = test::Content(before.Prog.Paths.Data + "/Unsaved_1.txt");
+  ShellDesk desk;
+  std::filesystem::create_directories(desk.Prog.Paths.Data);
+  test::WriteContent(desk.Prog.Paths.Data + "/Unsaved_1.txt", copy);
+  desk.Ui.Answers = {kYes};
+  desk.Main.KeepUnsavedSet();
+  desk.Start();
+  ASSERT_FALSE(desk.Desktop.Pages.empty());
+  EXPECT_EQ(desk.Desktop.Pages.back().Completed, "3");
 }
 
 TEST(ShowStat, IsAFlowOfItsOwn) {

@@ -61,8 +61,11 @@ void ScrollingPart::resizeEvent(QResizeEvent* event) {
 void ScrollingPart::BringIntoSight(QWidget* control) {
   if (control == nullptr || !widget()->isAncestorOf(control)) return;
   const QRect place(control->mapTo(widget(), QPoint()), control->size());
-  ensureVisible(place.right(), place.bottom(), kAround, kAround);
-  ensureVisible(place.left(), place.top(), kAround, kAround);
+  const QSize spare = viewport()->size() - control->size();
+  const int across = std::clamp(spare.width() / 2, 0, kAround);
+  const int down = std::clamp(spare.height() / 2, 0, kAround);
+  ensureVisible(place.right(), place.bottom(), across, down);
+  ensureVisible(place.left(), place.top(), across, down);
 }
 
 void ScrollingPart::NoteBars() {

@@ -25,7 +25,7 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
-constexpr QSize kComfortable{720, 480};
+constexpr QSize kComfortable{980, 620};
 
 /// The file that is dragged; empty when it is not a single one of this computer.
 QString DraggedFile(const QDropEvent& event) {

@@ -10,6 +10,7 @@ namespace morvane::shell {
 namespace {
 
 constexpr int kTextMargins = 14;  // of a caption in a list header
+constexpr int kRowMargins = 3;
 constexpr Qt::Alignment kNumbers = Qt::AlignRight | Qt::AlignVCenter;
 
 QString LineOf(const QTreeWidgetItem& row) {
@@ -41,7 +42,9 @@ void StatisticsList::AddColumns(std::initializer_list<Column> columns) {
   for (const Column& column : columns) {
     headerItem()->setText(at, column.Caption);
     if (at > 0) headerItem()->setTextAlignment(at, kNumbers);
-    const int text = header()->fontMetrics().horizontalAdvance(column.Caption) + kTextMargins;
+    const int text = std::max(header()->fontMetrics().horizontalAdvance(column.Caption),
+                              fontMetrics().horizontalAdvance(column.Widest)) +
+                     kTextMargins;
     setColumnWidth(at++, std::max(column.Width, text));
   }
 }
@@ -53,6 +56,11 @@ void StatisticsList::AddCopyEntry() {
   connect(copy, &QAction::triggered, this, [this] { Copy(); });
   addAction(copy);
   setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void StatisticsList::ShowAtLeast(int rows) {
+  const int row = fontMetrics().lineSpacing() + kRowMargins;
+  setMinimumHeight(header()->sizeHint().height() + rows * row + 2 * frameWidth());
 }
 
 void StatisticsList::Show(const std::vector<QStringList>& rows) {

@@ -13,11 +13,14 @@ class StatisticsList final : public QTreeWidget {
  public:
   struct Column {
     const char* Caption;
-    int Width;  ///< a column in which the caption would be cut is wider
+    int Width;                ///< a column in which caption or cells would be cut is wider
+    const char* Widest = "";  ///< of the cells
   };
   StatisticsList(const char* name, const char* tip, std::initializer_list<Column> columns,
                  QWidget* parent);
 
+  /// So many rows are in sight without scrolling.
+  void ShowAtLeast(int rows);
   void Show(const std::vector<QStringList>& rows);
   /// The selected rows, or all when none is.
   void Copy() const;

@@ -1,5 +1,6 @@
 #include "shell/ui/statistics_panel.h"
 
+#include <QBoxLayout>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -7,12 +8,14 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
+#include "shell/ui/bar_chart.h"
 #include "shell/ui/statistics_list.h"
 
 namespace morvane::shell {
 namespace {
 
 constexpr int kSpacing = 8;
+constexpr int kHandRows = 5;
 
 std::vector<QStringList> RowsOf(const std::vector<HandRow>& hands) {
   std::vector<QStringList> rows;
@@ -33,12 +36,18 @@ std::vector<QStringList> RowsOf(const std::vector<ShapeRow>& shapes) {
   return rows;
 }
 
+QString SpokenOf(const std::vector<CountBar>& bars) {
+  QStringList texts;
+  for (const CountBar& bar : bars) texts << ToQt(bar.Text());
+  return texts.join("; ");
+}
+
 }  // namespace
 
 StatisticsPanel::StatisticsPanel(QWidget* parent)
     : QWidget(parent),
       HandStat_(new StatisticsList("HandStat", "Hands statistic",
-                                   {{"Hand:", 100},
+                                   {{"Hand:", 100, "Long suits (7+):"},
                                     {"   N   ", 30},
                                     {"   S   ", 30},
                                     {"   E   ", 30},
@@ -51,18 +60,65 @@ StatisticsPanel::StatisticsPanel(QWidget* parent)
           {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}}, this)) {
   HandStat_->setAccessibleName("Hand Statistics");
   lbxShapes_->setAccessibleName("Hand Shapes");
+  HandStat_->ShowAtLeast(kHandRows);
+  lists_ = MakeLists();
+  bars_ = MakeBars();
+  auto* all = new QBoxLayout(QBoxLayout::LeftToRight, this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->setSpacing(kSpacing);
+  all->addWidget(lists_);
+  all->addWidget(bars_, 1);
+}
+
+QWidget* StatisticsPanel::MakeLists() {
+  auto* lists = new QWidget(this);
   auto* hands = new QVBoxLayout;
-  hands->addWidget(new QLabel("Hand Statistics:", this));
+  hands->addWidget(new QLabel("Hand Statistics:", lists));
   hands->addWidget(HandStat_, 1);
   hands->addWidget(MakeExtremes());
   auto* shapes = new QVBoxLayout;
-  shapes->addWidget(new QLabel("Hand Shapes:", this));
+  shapes->addWidget(new QLabel("Hand Shapes:", lists));
   shapes->addWidget(lbxShapes_, 1);
-  auto* both = new QHBoxLayout(this);
+  auto* both = new QHBoxLayout(lists);
   both->setContentsMargins(0, 0, 0, 0);
   both->setSpacing(kSpacing);
   both->addLayout(hands, 1);
   both->addLayout(shapes);
+  return lists;
+}
+
+QWidget* StatisticsPanel::MakeBars() {
+  auto* bars = new QWidget(this);
+  // The second needs no legend of its own.
+  shapeBars_ = new BarChart("ShapeBars", "Hands of each shape", "Bars of hand shapes",
+                            BarChart::Legend::kShown, bars);
+  pointBars_ = new BarChart("PointBars", "Hands by high-card points", "Bars of high-card points",
+                            BarChart::Legend::kNone, bars);
+  auto* both = new QBoxLayout(QBoxLayout::TopToBottom, bars);
+  both->setContentsMargins(0, 0, 0, 0);
+  both->setSpacing(kSpacing);
+  both->addWidget(shapeBars_, 1);
+  both->addWidget(pointBars_, 1);
+  return bars;
+}
+
+/// As wide as the lists, so that the width says where the bars stand, and not the other way round.
+QSize StatisticsPanel::sizeHint() const {
+  return {lists_->sizeHint().width(), layout()->sizeHint().height()};
+}
+
+QSize StatisticsPanel::minimumSizeHint() const {
+  return {lists_->minimumSizeHint().width(), layout()->minimumSize().height()};
+}
+
+void StatisticsPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int needed = lists_->sizeHint().width() + kSpacing + shapeBars_->minimumSizeHint().width();
+  const bool beside = width() >= needed;
+  static_cast<QBoxLayout*>(layout())->setDirection(beside ? QBoxLayout::LeftToRight
+                                                          : QBoxLayout::TopToBottom);
+  static_cast<QBoxLayout*>(bars_->layout())
+      ->setDirection(beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 QWidget* StatisticsPanel::MakeExtremes() {
@@ -84,8 +140,12 @@ QWidget* StatisticsPanel::MakeExtremes() {
 void StatisticsPanel::Show(const StatisticsPage& page) {
   HandStat_->Show(RowsOf(page.Hands));
   lbxShapes_->Show(RowsOf(page.Shapes));
-  txtMaxFreq_->setText(ToQt(page.MaxFreq));
-  txtMinFreq_->setText(ToQt(page.MinFreq));
+  const auto shapes = ShapeBars(page.Totals);
+  shapeBars_->Show(shapes, shapes.empty() ? "" : "The numbers stand in the list of hand shapes");
+  const auto points = PointBars(page.Totals);
+  pointBars_->Show(points, SpokenOf(points));
+  txtMaxFreq_->ShowSuits(ToQt(page.MaxFreq));
+  txtMinFreq_->ShowSuits(ToQt(page.MinFreq));
   txtInDeals_->setText(ToQt(page.InDeals));
 }
 

@@ -10,17 +10,26 @@ class ShownText;
 
 namespace morvane::shell {
 
+class BarChart;
 class StatisticsList;
 
-/// The statistics of the set: the lists `HandStat` and `lbxShapes`, and `txtMaxFreq`, `txtMinFreq`
-/// and `txtInDeals`.
+/// The statistics of the set: the lists `HandStat` and `lbxShapes`, `txtMaxFreq`, `txtMinFreq` and
+/// `txtInDeals`; and bars of shapes and points, beside the lists where there is room, else below.
 class StatisticsPanel final : public QWidget {
  public:
   explicit StatisticsPanel(QWidget* parent);
 
   void Show(const StatisticsPage& page);
 
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  QWidget* MakeLists();
+  QWidget* MakeBars();
   QWidget* MakeExtremes();
 
   StatisticsList* HandStat_;
@@ -28,6 +37,10 @@ class StatisticsPanel final : public QWidget {
   ShownText* txtMaxFreq_ = nullptr;
   ShownText* txtMinFreq_ = nullptr;
   ShownText* txtInDeals_ = nullptr;
+  BarChart* shapeBars_ = nullptr;
+  BarChart* pointBars_ = nullptr;
+  QWidget* lists_ = nullptr;
+  QWidget* bars_ = nullptr;
 };
 
 }  // namespace morvane::shell

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QTreeWidget>
 
+#include "shell/ui/bar_chart.h"
 #include "shell/ui/main_menu_desk.h"
 
 namespace morvane::shell {
@@ -107,6 +108,72 @@ TEST_F(Statistics, WithoutASelectionAllRowsAreCopied) {
   test::Press(*menu, Qt::Key_C, Qt::ControlModifier);
   EXPECT_THAT(QApplication::clipboard()->text().split('\n'), SizeIs(8));
   EXPECT_TRUE(QApplication::clipboard()->text().startsWith("4432\t0\t3\t-3\n"));
+}
+
+TEST_F(Statistics, CommandsDuringTheirPumpsDoNothingAndBreakNothing) {
+  Start();
+  const std::string path = desk.Folder / "other.pbn";
+  std::vector<std::string> seen;
+  desk.Loop.OnPump = [&, before = desk.Loop.OnPump] {
+    before();
+    if (!shell.FlowActive() || seen.size() == 2) return;
+    seen.push_back(Text("txtFirstBoard"));
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    test::Press(*menu, Qt::Key_O, Qt::ControlModifier);
+    test::Press(*menu, Qt::Key_S, Qt::ControlModifier);
+    test::Press(*menu, Qt::Key_D, Qt::ControlModifier);
+    test::Press(*menu, Qt::Key_Q, Qt::ControlModifier);
+    Trigger("menuImport");
+    test::Click(*menu, "ShowStat");
+    test::Find<QWidget>(*menu, "ShowStat").setFocus();
+    test::Press(*menu, Qt::Key_Space);
+    EXPECT_FALSE(menu->close());
+    shell.LinkExecute("1" + path);
+  };
+  test::Click(*menu, "ShowStat");
+  EXPECT_THAT(seen, ElementsAre("", "1")) << "pumped with everything cleared, and with the lists";
+  EXPECT_THAT(desk.Boxes, IsEmpty());
+  EXPECT_FALSE(desk.Prog.ShowStatistics) << "pressed once";
+  EXPECT_EQ(Text("txtCompleted"), "3");
+  EXPECT_TRUE(menu->isVisible());
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(desk.Prog.Link.File, path) << "the request waits for its timer";
+}
+
+TEST_F(Statistics, BarsStandBesideTheListsWhereThereIsRoomAndElseBelow) {
+  Start();
+  const auto place = [this](const char* name) {
+    const auto& control = test::Find<QWidget>(*menu, name);
+    return QRect(control.mapTo(menu.get(), QPoint()), control.size());
+  };
+  menu->resize(1100, 700);
+  desk.Loop.Pump();
+  EXPECT_GT(place("ShapeBars").left(), place("lbxShapes").right());
+  EXPECT_GT(place("PointBars").top(), place("ShapeBars").bottom());
+  menu->resize(720, 700);
+  desk.Loop.Pump();
+  EXPECT_GT(place("ShapeBars").top(), place("lbxShapes").bottom());
+  EXPECT_GT(place("PointBars").left(), place("ShapeBars").right());
+  menu->resize(1100, 700);
+  desk.Loop.Pump();
+  EXPECT_GT(place("ShapeBars").left(), place("lbxShapes").right());
+}
+
+TEST_F(Statistics, BarsAreOfTheListedShapesAndOfThePoints) {
+  Start();
+  ShowFigures();
+  // 12 hands of one suit each, 10 points in each; 0.0940 + 0.0894 of all hands have 10 or 11.
+  EXPECT_THAT(test::Find<BarChart>(*menu, "PointBars").SpokenText().split("; "), SizeIs(12));
+  EXPECT_TRUE(test::Find<BarChart>(*menu, "PointBars")
+                  .SpokenText()
+                  .contains("; 10-11: 12, expected 2.2; "));
+  // What the list has is not read twice.
+  EXPECT_EQ(test::Find<BarChart>(*menu, "ShapeBars").SpokenText(),
+            "The numbers stand in the list of hand shapes");
+  desk.Prog.Set.Clear();
+  desk.Prog.Operator.RefreshSet();
+  EXPECT_EQ(test::Find<BarChart>(*menu, "PointBars").SpokenText(), "");
+  EXPECT_EQ(test::Find<BarChart>(*menu, "ShapeBars").SpokenText(), "");
 }
 
 }  // namespace
