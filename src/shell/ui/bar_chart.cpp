@@ -33,6 +33,22 @@ int StepFor(double most) {
 
 }  // namespace
 
+/// Where things stand at the present size.
+struct BarChart::Frame {
+  QRect Plot;  ///< between the head, the numbers of the scale and the names of the bars
+  double SlotWidth = 0;
+  double Most = 1;
+  int Step = 1;          ///< of the scale
+  bool Upright = false;  ///< the names, for want of room
+
+  /// Pixels a hand.
+  [[nodiscard]] double Scale() const { return Plot.height() / Most; }
+  [[nodiscard]] double LeftOf(std::size_t bar) const {
+    return Plot.left() + static_cast<double>(bar) * SlotWidth;
+  }
+  [[nodiscard]] double MiddleOf(std::size_t bar) const { return LeftOf(bar) + SlotWidth / 2; }
+};
+
 BarChart::BarChart(const char* name, const char* title, const char* spokenName, Legend legend,
                    QWidget* parent)
     : QWidget(parent), Spoken(QAccessible::Chart), title_(title), legend_(legend) {
@@ -49,10 +65,10 @@ void BarChart::Show(std::vector<CountBar> bars, const QString& spoken) {
 }
 
 QString BarChart::TextAt(const QPoint& place) const {
-  for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
-    if (SlotOf(bar).contains(place)) return ToQt(bars_[bar].Text());
-  }
-  return {};
+  const Frame frame = FrameNow();
+  if (bars_.empty() || place.x() < frame.Plot.left() || place.y() < frame.Plot.top()) return {};
+  const auto bar = static_cast<std::size_t>((place.x() - frame.Plot.left()) / frame.SlotWidth);
+  return bar < bars_.size() ? ToQt(bars_[bar].Text()) : QString();
 }
 
 QSize BarChart::sizeHint() const {
@@ -78,48 +94,30 @@ bool BarChart::event(QEvent* event) {
 
 void BarChart::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  const Frame frame = FrameNow();
   PaintHead(painter);
-  PaintScale(painter);
-  PaintBars(painter);
-  PaintNames(painter);
+  PaintScale(painter, frame);
+  PaintBars(painter, frame);
+  PaintNames(painter, frame);
 }
 
-double BarChart::Most() const {
-  double most = 1;
-  for (const CountBar& bar : bars_) most = std::max({most, double(bar.Actual), bar.Expected});
-  return most;
-}
-
-int BarChart::Step() const { return StepFor(Most()); }
-
-/// Pixels a hand.
-double BarChart::Scale() const { return Plot().height() / Most(); }
-
-int BarChart::WidestName() const {
+BarChart::Frame BarChart::FrameNow() const {
+  const QFontMetrics metrics = fontMetrics();
+  Frame frame;
   int widest = 0;
   for (const CountBar& bar : bars_) {
-    widest = std::max(widest, fontMetrics().horizontalAdvance(ToQt(bar.Name)));
+    frame.Most = std::max({frame.Most, double(bar.Actual), bar.Expected});
+    widest = std::max(widest, metrics.horizontalAdvance(ToQt(bar.Name)));
   }
-  return widest;
-}
-
-bool BarChart::NamesStandUpright() const {
-  return (WidestName() + 2 * kGap) * static_cast<int>(bars_.size()) > width();
-}
-
-/// Between the head, the numbers of the scale and the names of the bars.
-QRect BarChart::Plot() const {
-  const int line = fontMetrics().lineSpacing();
-  const int left = fontMetrics().horizontalAdvance(QString::number(kMostLines * Step())) + kGap;
-  const int names = NamesStandUpright() ? WidestName() : line;
-  return rect().adjusted(left, line + line / 2, 0, -names - kGap);
-}
-
-QRectF BarChart::SlotOf(std::size_t bar) const {
-  const QRect plot = Plot();
-  const double width = plot.width() / static_cast<double>(bars_.size());
-  return {plot.left() + static_cast<double>(bar) * width, double(plot.top()), width,
-          double(height() - plot.top())};
+  frame.Step = StepFor(frame.Most);
+  const auto bars = static_cast<int>(bars_.size());
+  frame.Upright = (widest + 2 * kGap) * bars > width();
+  const int line = metrics.lineSpacing();
+  const int numbers = metrics.horizontalAdvance(QString::number(kMostLines * frame.Step)) + kGap;
+  frame.Plot =
+      rect().adjusted(numbers, line + line / 2, 0, -(frame.Upright ? widest : line) - kGap);
+  frame.SlotWidth = frame.Plot.width() / static_cast<double>(std::max(1, bars));
+  return frame;
 }
 
 void BarChart::PaintHead(QPainter& painter) const {
@@ -143,69 +141,64 @@ void BarChart::PaintLegend(QPainter& painter) const {
   }
 }
 
-void BarChart::PaintScale(QPainter& painter) const {
-  const QRect plot = Plot();
+void BarChart::PaintScale(QPainter& painter, const Frame& frame) const {
   const QColor text = palette().color(QPalette::WindowText);
   QColor line = text;
   line.setAlphaF(0.25F);
-  const int most = bars_.empty() ? 0 : static_cast<int>(Most());
-  for (int count = 0; count <= most; count += Step()) {
-    const int y = plot.bottom() - static_cast<int>(std::lround(count * Scale()));
+  const double most = bars_.empty() ? 0 : frame.Most;
+  for (int count = 0; count <= most; count += frame.Step) {
+    const int y = frame.Plot.bottom() - static_cast<int>(std::lround(count * frame.Scale()));
     painter.setPen(line);
-    painter.drawLine(plot.left(), y, plot.right(), y);
+    painter.drawLine(frame.Plot.left(), y, frame.Plot.right(), y);
     painter.setPen(text);
     const QString number = QString::number(count);
     const int width = fontMetrics().horizontalAdvance(number);
-    painter.drawText(plot.left() - kGap - width, y + fontMetrics().ascent() / 2, number);
+    painter.drawText(frame.Plot.left() - kGap - width, y + fontMetrics().ascent() / 2, number);
   }
 }
 
-void BarChart::PaintBars(QPainter& painter) const {
-  const double foot = Plot().bottom();
+void BarChart::PaintBars(QPainter& painter, const Frame& frame) const {
+  const double foot = frame.Plot.bottom();
+  const double width = frame.SlotWidth * kOfSlot / 2;
   for (std::size_t i = 0; i < bars_.size(); ++i) {
-    const QRectF slot = SlotOf(i);
-    const double width = slot.width() * kOfSlot / 2;
-    const double left = slot.center().x() - width;
-    const double actual = bars_[i].Actual * Scale();
-    const double expected = bars_[i].Expected * Scale();
-    PaintBar(painter, {left, foot - actual, width, actual}, true);
-    PaintBar(painter, {left + width, foot - expected, width, expected}, false);
+    const double middle = frame.MiddleOf(i);
+    const double actual = bars_[i].Actual * frame.Scale();
+    const double expected = bars_[i].Expected * frame.Scale();
+    PaintBar(painter, {middle - width, foot - actual, width, actual}, true);
+    PaintBar(painter, {middle, foot - expected, width, expected}, false);
   }
 }
 
 void BarChart::PaintBar(QPainter& painter, const QRectF& bar, bool actual) const {
   const QColor ground = palette().color(QPalette::Window);
-  const QColor text = palette().color(QPalette::WindowText);
-  painter.save();
   if (actual) {
     painter.fillRect(bar, ReadableOn(ground, palette().color(QPalette::Highlight)));
   } else {
-    painter.setPen(text);
+    painter.setPen(palette().color(QPalette::WindowText));
     painter.drawRect(bar.adjusted(0.5, 0.5, -0.5, -0.5));
   }
-  painter.restore();
 }
 
-void BarChart::PaintNames(QPainter& painter) const {
-  if (bars_.empty()) return;
+/// Every one, or every second, third, ... when they would touch.
+void BarChart::PaintNames(QPainter& painter, const Frame& frame) const {
   painter.setPen(palette().color(QPalette::WindowText));
-  const double needed = NamesStandUpright() ? fontMetrics().height() : 0;
-  const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(needed / SlotOf(0).width())));
-  for (std::size_t bar = 0; bar < bars_.size(); bar += every) PaintName(painter, bar);
+  const double needed = frame.Upright ? fontMetrics().height() : 0;
+  const auto every = static_cast<std::size_t>(std::max(1.0, std::ceil(needed / frame.SlotWidth)));
+  for (std::size_t bar = 0; bar < bars_.size(); bar += every) PaintName(painter, frame, bar);
 }
 
-void BarChart::PaintName(QPainter& painter, std::size_t bar) const {
+void BarChart::PaintName(QPainter& painter, const Frame& frame, std::size_t bar) const {
   const QString name = ToQt(bars_[bar].Name);
   const int width = fontMetrics().horizontalAdvance(name);
-  const double middle = SlotOf(bar).center().x();
-  painter.save();
-  if (NamesStandUpright()) {
-    painter.translate(middle + fontMetrics().ascent() / 2.0 - 1, Plot().bottom() + kGap + width);
-    painter.rotate(-90);
-    painter.drawText(0, 0, name);
-  } else {
+  const double middle = frame.MiddleOf(bar);
+  if (!frame.Upright) {
     painter.drawText(QPointF(middle - width / 2.0, height() - fontMetrics().descent()), name);
+    return;
   }
+  painter.save();
+  painter.translate(middle + fontMetrics().ascent() / 2.0 - 1, frame.Plot.bottom() + kGap + width);
+  painter.rotate(-90);
+  painter.drawText(0, 0, name);
   painter.restore();
 }
 

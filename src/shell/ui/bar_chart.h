@@ -30,20 +30,15 @@ class BarChart final : public QWidget, public Spoken {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] bool NamesStandUpright() const;
-  [[nodiscard]] int WidestName() const;
-  [[nodiscard]] double Most() const;
-  [[nodiscard]] int Step() const;
-  [[nodiscard]] QRect Plot() const;
-  [[nodiscard]] double Scale() const;
-  [[nodiscard]] QRectF SlotOf(std::size_t bar) const;
+  struct Frame;
+  [[nodiscard]] Frame FrameNow() const;
   void PaintHead(QPainter& painter) const;
   void PaintLegend(QPainter& painter) const;
-  void PaintScale(QPainter& painter) const;
-  void PaintBars(QPainter& painter) const;
-  void PaintNames(QPainter& painter) const;
-  void PaintName(QPainter& painter, std::size_t bar) const;
+  void PaintScale(QPainter& painter, const Frame& frame) const;
+  void PaintBars(QPainter& painter, const Frame& frame) const;
   void PaintBar(QPainter& painter, const QRectF& bar, bool actual) const;
+  void PaintNames(QPainter& painter, const Frame& frame) const;
+  void PaintName(QPainter& painter, const Frame& frame, std::size_t bar) const;
 
   QString title_;
   Legend legend_;

@@ -35,7 +35,7 @@ class Bars : public ::testing::Test {
     for (int y = 0; y < image.height() && bottom < 0; ++y) {
       bool found = false;
       for (int x = 0; x < image.width(); ++x) {
-        found |= chart.TextAt({x, y}) == pair && image.pixelColor(x, y) == colour;
+        found |= image.pixelColor(x, y) == colour && chart.TextAt({x, y}) == pair;
       }
       if (found && top < 0) top = y;
       if (!found && top >= 0) bottom = y;
