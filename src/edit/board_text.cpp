@@ -38,6 +38,14 @@ void ParseSuit(Board& board, int box, std::string_view text) {
   }
 }
 
+std::string CountText(int cards) {
+  const std::string count = std::to_string(cards);
+  if (cards == kRanks) return count + " \u2713";
+  const bool few = cards < kRanks;
+  return count + " \u2717 " + std::to_string(few ? kRanks - cards : cards - kRanks) +
+         (few ? " missing" : " too many");
+}
+
 std::string HandLine(const Board& board, int hand) {
   return std::string{HandLetter(hand)} + ": " + HandText(board, hand, ".");
 }

@@ -21,6 +21,8 @@ inline constexpr int kSuitBoxes = kHands * kSuits;
 /// either case; a card that another hand held goes over. Other characters are ignored.
 void ParseSuit(Board& board, int box, std::string_view text);
 
+/// The number of cards in a hand, with a sign that says whether it is right and what is off.
+[[nodiscard]] std::string CountText(int cards);
 /// "N: ", "E: ", "S: " or "W: " and the hand's suits, joined by ".".
 [[nodiscard]] std::string HandLine(const Board& board, int hand);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "edit/editor.h"
 #include "files/load_number.h"
 #include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
@@ -14,6 +15,7 @@ namespace morvane::shell {
 class FlowWindows : public files::NumberDialog,
                     public generate::GenerateDialog,
                     public machine::RunDialogs,
+                    public edit::EditDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

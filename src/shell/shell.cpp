@@ -6,6 +6,7 @@
 #include "files/load_set.h"
 #include "files/save_set.h"
 #include "shell/deal_flow.h"
+#include "shell/edit_flow.h"
 #include "shell/exit_flow.h"
 #include "shell/new_flow.h"
 
@@ -116,6 +117,13 @@ void Shell::MenuDeal() {
   if (FlowActive()) return;
   const Flow flow(*this);
   DealFlow(program_, machine_, runMemory_, windows_);
+}
+
+void Shell::MenuEdit() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  EditFlow(program_, generator_, clip_, windows_,
+           [this](const std::string& path) { RefuseFirmware(path); });
 }
 
 void Shell::CmdPref() {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "edit/clip_memory.h"
 #include "generate/generator.h"
 #include "history/history.h"
 #include "machine/board_walk.h"
@@ -56,6 +57,7 @@ class Shell {
   void MenuRecent(const RecentFile& file);
   [[nodiscard]] std::vector<RecentFile> Recent() const;
   void MenuDeal();
+  void MenuEdit();
   void CmdPref();
 
   /// The event boxes, after every change. The text that the box is to show.
@@ -105,6 +107,7 @@ class Shell {
   history::History history_;
   machine::Machine machine_;
   machine::RunMemory runMemory_;
+  edit::ClipMemory clip_;
   std::string startFile_;
   std::unique_ptr<Timer> Timer2mm_;
   std::optional<UnsavedCopy> unsaved_;

@@ -64,6 +64,12 @@ TEST(ParseSuit, ClearsTheHandsOtherCardsOfTheSuitAlone) {
   EXPECT_EQ(SuitText(board, kWestClubs), "AKQJT98765432");
 }
 
+TEST(CountText, SaysWhatIsOff) {
+  EXPECT_EQ(CountText(13), "13 \u2713");
+  EXPECT_EQ(CountText(0), "0 \u2717 13 missing");
+  EXPECT_EQ(CountText(14), "14 \u2717 1 too many");
+}
+
 TEST(HandLine, IsTheHandBehindItsLetter) {
   Board board;
   ParseSuit(board, kEastSpades, "A2");

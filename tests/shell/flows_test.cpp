@@ -15,6 +15,7 @@ void PressEverything(ShellDesk& desk) {
   desk.Main.MenuImport();
   desk.Main.MenuSave();
   desk.Main.MenuDeal();
+  desk.Main.MenuEdit();
   EXPECT_FALSE(desk.Main.Exit());
 }
 

@@ -50,6 +50,12 @@ class FakeWindows final : public FlowWindows {
     ++LoadNumbers;
     if (OnLoadNumber) OnLoadNumber(dialog);
   }
+  bool ShowEdit(edit::Editor& editor) override {
+    if (!HasWindows) return FlowWindows::ShowEdit(editor);
+    ++Edits;
+    if (OnEdit) OnEdit(editor);
+    return true;
+  }
   void ShowGenerate(generate::GenerateForm& form) override {
     if (!HasWindows) return FlowWindows::ShowGenerate(form);
     ++Generates;
@@ -71,12 +77,14 @@ class FakeWindows final : public FlowWindows {
   int MainMenus = 0;
   int ToFront = 0;
   int LoadNumbers = 0;
+  int Edits = 0;
   int Generates = 0;
   RunWindowNotes Run;
   std::vector<StatisticsPage> Pages;  ///< of the statistics, as they were shown one after another
   std::function<void()> OnStatistics;
   std::function<void()> OnMainMenu;
   std::function<void(files::LoadNumber&)> OnLoadNumber;
+  std::function<void(edit::Editor&)> OnEdit;
   std::function<void(generate::GenerateForm&)> OnGenerate;
   std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
 };

@@ -7,6 +7,7 @@
 
 #include "machine/board_words.h"
 #include "machine/ui/run_colours.h"
+#include "model/ui/compass.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/suit_text.h"
 
@@ -21,7 +22,6 @@ constexpr qreal kCardStep = 18.67;  // one card right of the last
 constexpr qreal kGlyphStep = 22;
 constexpr qreal kTextSize = 16;
 constexpr QRectF kCompass{220, 125, 100, 100};
-constexpr qreal kEdge = 22;  // of the compass
 
 struct HandPlace {
   QPointF Corner;
@@ -45,11 +45,6 @@ QFont SheetFont(qreal size, bool bold = false) {
   font.setPixelSize(static_cast<int>(size));
   font.setBold(bold);
   return font;
-}
-
-bool IsVulnerable(int hand, int vul) {
-  const bool northSouth = hand == kNorth || hand == kSouth;
-  return vul == 4 || vul == (northSouth ? 2 : 3);
 }
 
 /// Text with its left end at `at.x()`, in a line whose top is `at.y()`.
@@ -91,7 +86,8 @@ void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
   painter.translate((width() - kSheet.width() * scale) / 2,
                     (height() - kSheet.height() * scale) / 2);
   painter.scale(scale, scale);
-  DrawCompass(painter);
+  painter.setFont(SheetFont(kTextSize, true));
+  DrawCompass(painter, kCompass, display_.VulNumber, display_.DealerNumber);
   DrawHeading(painter);
   if (!display_.HandsShown) return;
   for (int hand = kNorth; hand <= kWest; ++hand) DrawHand(painter, hand);
@@ -110,38 +106,6 @@ void BoardPicture::DrawHeading(QPainter& painter) const {
     at.ry() += kLine + 2;
     DrawLine(painter, at, ToQt(line).trimmed());
   }
-}
-
-void BoardPicture::DrawCompass(QPainter& painter) const {
-  const QPointF middle = kCompass.center();
-  painter.save();
-  painter.setPen(Qt::NoPen);
-  painter.setFont(SheetFont(kTextSize, true));
-  painter.translate(middle);
-  // Each side is the north side turned round: a trapezium in the colour of its vulnerability.
-  const qreal half = kCompass.width() / 2;
-  const QPolygonF side{{{-half, -half},
-                        {half, -half},
-                        {half - kEdge, -half + kEdge},
-                        {-half + kEdge, -half + kEdge}}};
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    painter.save();
-    painter.rotate(90.0 * (hand - 1));
-    painter.setBrush(IsVulnerable(hand, display_.VulNumber) ? kVulnerable : kSafe);
-    painter.drawPolygon(side);
-    painter.restore();
-  }
-  painter.setPen(Qt::white);
-  constexpr std::array<QPointF, kHands + 1> kOutward{{{}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    const QPointF at = kOutward[static_cast<std::size_t>(hand)] * (half - kEdge / 2);
-    QFont font = painter.font();
-    font.setUnderline(hand == display_.DealerNumber);
-    painter.setFont(font);
-    painter.drawText(QRectF(at.x() - kEdge / 2, at.y() - kEdge / 2, kEdge, kEdge), Qt::AlignCenter,
-                     QString(QChar(HandLetter(hand))));
-  }
-  painter.restore();
 }
 
 void BoardPicture::DrawHand(QPainter& painter, int hand) const {

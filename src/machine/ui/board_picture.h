@@ -25,7 +25,6 @@ class BoardPicture final : public QWidget, public Spoken {
 
  private:
   void DrawHeading(QPainter& painter) const;
-  void DrawCompass(QPainter& painter) const;
   void DrawHand(QPainter& painter, int hand) const;
   void DrawAnalysis(QPainter& painter) const;
 

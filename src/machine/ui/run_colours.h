@@ -20,8 +20,6 @@ inline constexpr QColor kBoardNumber{0, 0, 255};
 inline constexpr QColor kBlackSuit{0, 0, 0};
 inline constexpr QColor kRedSuit{208, 0, 0};
 inline constexpr QColor kNote{96, 96, 96};
-inline constexpr QColor kSafe{46, 125, 75};  // under the compass' white letters
-inline constexpr QColor kVulnerable{192, 57, 43};
 
 // Cards that are not dealt; both required to the number. No ground on which the black of the dealt
 // ones can be read gives these the contrast of text: they are meant to recede.

@@ -29,7 +29,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "menuDeal", "&Deal", Qt::CTRL | Qt::Key_D, [&shell] { shell.MenuDeal(); });
   AddEntry(*this, "menuRead", "&Read");
   AddEntry(*this, "menuSort", "S&ort");
-  AddEntry(*this, "menuEdit", "&Edit");
+  AddEntry(*this, "menuEdit", "&Edit", Qt::CTRL | Qt::Key_E, [&shell] { shell.MenuEdit(); });
   AddEntry(*this, "Analize", "&Analyze");
   AddEntry(*this, "menuPrint", "&Print");
   AddMaintenanceMenu(serviceLevel);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "edit/ui/edit_window.h"
 #include "files/ui/load_number.h"
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
@@ -30,6 +31,13 @@ void QtWindows::ShowLoadNumber(files::LoadNumber& dialog) {
   files::LoadNumberWindow window(dialog, mainMenu_);
   window.open();
   program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
+}
+
+bool QtWindows::ShowEdit(edit::Editor& editor) {
+  edit::EditWindow window(editor, mainMenu_);
+  window.open();
+  program_.Loop.RunUntil([&editor] { return editor.Closed(); });
+  return true;
 }
 
 void QtWindows::ShowPreferences(Preferences& preferences) {

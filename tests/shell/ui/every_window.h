@@ -33,6 +33,7 @@ class EveryWindow : public MainMenuTest {
     LookAtMainMenu(look);
     LookAtPanel(look);
     LookAtLoadNumber(look);
+    LookAtEdit(look);
     LookAtBoxes(look);
     LookAtFileDialogs(look);
     LookAtPreferences(look);
@@ -65,6 +66,17 @@ class EveryWindow : public MainMenuTest {
       test::Press(window, Qt::Key_Return);
     });
     windows.ShowLoadNumber(dialog);
+  }
+
+  /// With a board that has been analysed and is held.
+  void LookAtEdit(const Look& look) {
+    desk.Prog.Set.At(1).Tricks[0] = 3;
+    desk.When("Edit", [&](QWidget& window) {
+      test::Press(window, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+      look(window);
+      test::Press(window, Qt::Key_Escape);
+    });
+    shell.MenuEdit();
   }
 
   /// A short box, and one with a line for each of 100 boards.

@@ -2,6 +2,7 @@
 #include <QRegularExpression>
 
 #include "machine/ui/run_colours.h"
+#include "model/ui/compass.h"
 #include "platform/qt/readable_colour.h"
 #include "shell/ui/every_window.h"
 
@@ -124,7 +125,7 @@ TEST(SheetColours, EveryTextStandsOutFromThePaper) {
 
 TEST(SheetColours, WhiteTextStandsOutFromItsGrounds) {
   for (const QColor& ground : {machine::kGreenGround, machine::kBlueGround, machine::kRedGround,
-                               machine::kGreyGround, machine::kSafe, machine::kVulnerable}) {
+                               machine::kGreyGround, kSafe, kVulnerable}) {
     EXPECT_GE(Contrast(Qt::white, ground), 4.5) << ground.name().toStdString();
   }
 }
