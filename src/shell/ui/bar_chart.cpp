@@ -75,9 +75,13 @@ QSize BarChart::sizeHint() const {
   return {kUsualLetters * fontMetrics().averageCharWidth(), minimumSizeHint().height()};
 }
 
+/// Its head finds room.
 QSize BarChart::minimumSizeHint() const {
-  return {kLeastLetters * fontMetrics().averageCharWidth(),
-          kLeastLines * fontMetrics().lineSpacing()};
+  const QFontMetrics metrics = fontMetrics();
+  const int letters = kLeastLetters * metrics.averageCharWidth();
+  const int head = metrics.horizontalAdvance(title_ + kActual + kExpected) +
+                   2 * metrics.lineSpacing() + 4 * kGap;
+  return {std::max(letters, head), kLeastLines * metrics.lineSpacing()};
 }
 
 bool BarChart::event(QEvent* event) {

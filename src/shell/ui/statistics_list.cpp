@@ -64,6 +64,8 @@ void StatisticsList::ShowAtLeast(int rows) {
 }
 
 void StatisticsList::Show(const std::vector<QStringList>& rows) {
+  if (rows == rows_) return;
+  rows_ = rows;
   clear();
   for (const QStringList& row : rows) {
     auto* item = new QTreeWidgetItem(this, row);

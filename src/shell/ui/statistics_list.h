@@ -21,6 +21,7 @@ class StatisticsList final : public QTreeWidget {
 
   /// So many rows are in sight without scrolling.
   void ShowAtLeast(int rows);
+  /// What is selected stays so when nothing has changed.
   void Show(const std::vector<QStringList>& rows);
   /// The selected rows, or all when none is.
   void Copy() const;
@@ -28,6 +29,8 @@ class StatisticsList final : public QTreeWidget {
  private:
   void AddColumns(std::initializer_list<Column> columns);
   void AddCopyEntry();
+
+  std::vector<QStringList> rows_;
 };
 
 }  // namespace morvane::shell

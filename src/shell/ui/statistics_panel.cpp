@@ -72,18 +72,22 @@ StatisticsPanel::StatisticsPanel(QWidget* parent)
 
 QWidget* StatisticsPanel::MakeLists() {
   auto* lists = new QWidget(this);
-  auto* hands = new QVBoxLayout;
-  hands->addWidget(new QLabel("Hand Statistics:", lists));
-  hands->addWidget(HandStat_, 1);
-  hands->addWidget(MakeExtremes());
-  auto* shapes = new QVBoxLayout;
-  shapes->addWidget(new QLabel("Hand Shapes:", lists));
-  shapes->addWidget(lbxShapes_, 1);
-  auto* both = new QHBoxLayout(lists);
+  auto* hands = new QWidget(lists);
+  auto* inHands = new QVBoxLayout(hands);
+  inHands->setContentsMargins(0, 0, 0, 0);
+  inHands->addWidget(new QLabel("Hand Statistics:", hands));
+  inHands->addWidget(HandStat_, 1);
+  inHands->addWidget(MakeExtremes());
+  auto* shapes = new QWidget(lists);
+  auto* inShapes = new QVBoxLayout(shapes);
+  inShapes->setContentsMargins(0, 0, 0, 0);
+  inShapes->addWidget(new QLabel("Hand Shapes:", shapes));
+  inShapes->addWidget(lbxShapes_, 1);
+  auto* both = new QBoxLayout(QBoxLayout::LeftToRight, lists);
   both->setContentsMargins(0, 0, 0, 0);
   both->setSpacing(kSpacing);
-  both->addLayout(hands, 1);
-  both->addLayout(shapes);
+  both->addWidget(hands, 1);
+  both->addWidget(shapes);
   return lists;
 }
 
@@ -102,23 +106,28 @@ QWidget* StatisticsPanel::MakeBars() {
   return bars;
 }
 
-/// As wide as the lists, so that the width says where the bars stand, and not the other way round.
-QSize StatisticsPanel::sizeHint() const {
-  return {lists_->sizeHint().width(), layout()->sizeHint().height()};
+int StatisticsPanel::WidthOfLists() const {
+  return HandStat_->minimumWidth() + kSpacing + lbxShapes_->minimumWidth();
 }
 
+/// The width says how the parts are arranged, and not the other way round.
+QSize StatisticsPanel::sizeHint() const { return {WidthOfLists(), layout()->sizeHint().height()}; }
+
 QSize StatisticsPanel::minimumSizeHint() const {
-  return {lists_->minimumSizeHint().width(), layout()->minimumSize().height()};
+  return {HandStat_->minimumWidth(), layout()->minimumSize().height()};
 }
 
 void StatisticsPanel::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const int needed = lists_->sizeHint().width() + kSpacing + shapeBars_->minimumSizeHint().width();
-  const bool beside = width() >= needed;
-  static_cast<QBoxLayout*>(layout())->setDirection(beside ? QBoxLayout::LeftToRight
-                                                          : QBoxLayout::TopToBottom);
-  static_cast<QBoxLayout*>(bars_->layout())
-      ->setDirection(beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  const auto arrange = [](QWidget& part, bool sideBySide) {
+    static_cast<QBoxLayout*>(part.layout())
+        ->setDirection(sideBySide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  };
+  const int forBars = kSpacing + shapeBars_->minimumSizeHint().width();
+  const bool barsBeside = width() >= WidthOfLists() + forBars;
+  arrange(*lists_, width() >= WidthOfLists());
+  arrange(*bars_, !barsBeside);
+  arrange(*this, barsBeside);
 }
 
 QWidget* StatisticsPanel::MakeExtremes() {

@@ -14,7 +14,8 @@ class BarChart;
 class StatisticsList;
 
 /// The statistics of the set: the lists `HandStat` and `lbxShapes`, `txtMaxFreq`, `txtMinFreq` and
-/// `txtInDeals`; and bars of shapes and points, beside the lists where there is room, else below.
+/// `txtInDeals`; and bars of shapes and points. What has no room beside the others stands below
+/// them.
 class StatisticsPanel final : public QWidget {
  public:
   explicit StatisticsPanel(QWidget* parent);
@@ -31,6 +32,7 @@ class StatisticsPanel final : public QWidget {
   QWidget* MakeLists();
   QWidget* MakeBars();
   QWidget* MakeExtremes();
+  [[nodiscard]] int WidthOfLists() const;
 
   StatisticsList* HandStat_;
   StatisticsList* lbxShapes_;

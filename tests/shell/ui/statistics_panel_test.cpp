@@ -154,6 +154,9 @@ TEST_F(Statistics, BarsStandBesideTheListsWhereThereIsRoomAndElseBelow) {
   desk.Loop.Pump();
   EXPECT_GT(place("ShapeBars").top(), place("lbxShapes").bottom());
   EXPECT_GT(place("PointBars").left(), place("ShapeBars").right());
+  menu->resize(560, 700);
+  desk.Loop.Pump();
+  EXPECT_GT(place("lbxShapes").top(), place("txtInDeals").bottom()) << "nor for both lists";
   menu->resize(1100, 700);
   desk.Loop.Pump();
   EXPECT_GT(place("ShapeBars").left(), place("lbxShapes").right());
