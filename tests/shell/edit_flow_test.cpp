@@ -12,7 +12,7 @@ TEST(MenuEdit, ShowsTheEditorAndRefreshes) {
   ShellDesk desk;
   desk.Start();
   test::FillSet(desk.Prog.Set, 1, 3);
-  const auto pages = desk.Desktop.Pages.size();
+  desk.Desktop.Pages.clear();
   desk.Desktop.OnEdit = [&](Editor& editor) {
     EXPECT_TRUE(desk.Main.FlowActive());
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Edit Board"));
@@ -25,7 +25,8 @@ TEST(MenuEdit, ShowsTheEditorAndRefreshes) {
   desk.Main.MenuEdit();
   EXPECT_EQ(desk.Desktop.Edits, 1) << "once, though it was asked for twice";
   EXPECT_EQ(desk.Prog.Set.LastBoard, 2);
-  EXPECT_EQ(desk.Desktop.Pages.size(), pages + 1) << "the statistics of what is there now";
+  ASSERT_FALSE(desk.Desktop.Pages.empty());
+  EXPECT_EQ(desk.Desktop.Pages.back().Count, "2") << "the statistics of what is there now";
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Edit Board", "Ready"));
   EXPECT_FALSE(desk.Main.FlowActive());
 }
