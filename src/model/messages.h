@@ -107,9 +107,9 @@ struct Messages {
   std::string Msg088;  ///< (Service file: before it is made; *** its path)
   std::string Msg089;  ///< (Service file: it has been made; *** its path)
   std::string Msg090;  ///< (Analysis: an error that calls for a new installation)
-  std::string Msg091;  ///< (Edit, Print: a firmware download is asked for from outside)
+  std::string Msg091;  ///< Edit: a firmware download is asked for from outside; asks. (Print too)
   std::string Msg092;  ///< Run window: a firmware download is asked for from outside
-  std::string Msg093;  ///< (Edit: closed with changes that were not accepted; asks)
+  std::string Msg093;  ///< Edit: closed with changes that were not accepted; asks
   std::string Msg094;  ///< (Analysis: a hand of the board has not 13 cards)
   std::string Msg095;  ///< (Analysis: the solver answers code 92)
   std::string Msg096;  ///< (Analysis: the solver answers code 93)
@@ -119,7 +119,7 @@ struct Messages {
   std::string Msg100;  ///< (Analysis: the solver answers code 97; *** its error text)
   std::string Msg101;  ///< (Analyze: every board of the set has its tricks)
   std::string Msg102;  ///< (Analyze: the one board has its tricks)
-  std::string Msg103;  ///< New, Load, Import: refused while an analysis runs
+  std::string Msg103;  ///< New, Load, Import, Edit: refused while an analysis runs
   std::string Msg104;  ///< (Analyze: refused while an analysis runs)
   std::string Msg105;  ///< Exit: refused while an analysis runs
   std::string Msg106;  ///< Generate: the first board is below 1. (Preferences: or above 640)

@@ -67,8 +67,9 @@ void EditWindow::MakeParts() {
 QWidget* EditWindow::PlaceBody() {
   auto* body = new QWidget(this);
   auto* table = new QVBoxLayout;
-  table->addLayout(PlaceTable(), 1);
+  table->addLayout(PlaceTable());
   table->addWidget(ranks_);
+  table->addStretch();
   auto* halves = new QHBoxLayout(body);
   halves->setContentsMargins(kMargin, kMargin, kMargin, 0);
   halves->setSpacing(kSpacing);
@@ -82,7 +83,7 @@ QLayout* EditWindow::PlaceTable() {
   grid->setSpacing(kSpacing);
   grid->addWidget(hands_[kNorth], 0, 1);
   grid->addWidget(hands_[kWest], 1, 0);
-  grid->addWidget(middle_, 1, 1, Qt::AlignHCenter);
+  grid->addWidget(middle_, 1, 1, Qt::AlignCenter);
   grid->addWidget(hands_[kEast], 1, 2);
   grid->addWidget(hands_[kSouth], 2, 1);
   auto* frames = new QHBoxLayout;

@@ -30,6 +30,7 @@ void Colour(QWidget& label, const QColor& colour) {
 HandBox::HandBox(Editor& editor, int hand, QWidget* parent)
     : QFrame(parent), editor_(editor), hand_(hand) {
   setFrameShape(QFrame::StyledPanel);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   grid->setSpacing(kSpacing);
