@@ -18,6 +18,7 @@ void EditFlow(Program& program, generate::Generator& generator, edit::ClipMemory
     program.ShowMessage("      This program has no window for the editor.      ", kOkCritical,
                         "Edit Error");
   }
+  program.Operator.RefreshSet();
   RefreshStatistics(program, windows);
   program.Status("Ready");
 }
