@@ -1,3 +1,4 @@
+#include <csignal>
 #include <filesystem>
 #include <memory>
 
@@ -33,6 +34,17 @@ class InstanceEndToEnd : public EndToEnd {
                                                                            << process.Err();
     EXPECT_EQ(CountLines(start), count) << start;
   }
+  /// Waits until `process` has brought up so many windows: this platform complains of each.
+  static void ExpectWindows(Process& process, int count) {
+    const auto windows = [&] {
+      const std::string complaint = "propagateSizeHints";
+      int found = 0;
+      for (std::size_t at = 0; (at = process.Err().find(complaint, at)) != std::string::npos; ++at)
+        ++found;
+      return found;
+    };
+    EXPECT_TRUE(process.Until([&] { return windows() >= count; })) << process.Err();
+  }
   static void ExpectSilentEnd(Process& process) {
     const Outcome outcome = process.Finish();
     EXPECT_EQ(outcome.Status, 0);
@@ -55,6 +67,43 @@ TEST_F(InstanceEndToEnd, ASecondStartHandsItsFileToTheRunningProgramAndEnds) {
   EXPECT_EQ(CountLines("---"), 1);
   EXPECT_FALSE(fs::exists(folder / "other"));
   EXPECT_FALSE(fs::exists(folder / "elsewhere/.config"));
+}
+
+TEST_F(InstanceEndToEnd, ASecondStartWithoutAFileIsToldAndEnds) {
+  const auto first = Start();
+  ExpectLines(*first, "   Start up parameters: ", 1);
+  const auto second = Start();
+  ExpectWindows(*second, 1);
+  second->Signal(SIGTERM);  // the box answers itself
+  EXPECT_EQ(second->Finish().Status, 1);
+  EXPECT_EQ(CountLines("---"), 1);
+  SetFile("evening.pbn", 1, 1);
+  ExpectSilentEnd(*Start({"evening.pbn"}));
+  ExpectLines(*first, "  Load: " + (folder / "evening.pbn"), 1);
+}
+
+TEST_F(InstanceEndToEnd, ASecondStartHandsItsFirmwareFileOverInAnyCase) {
+  const auto first = Start();
+  ExpectLines(*first, "   Start up parameters: ", 1);
+  ExpectSilentEnd(*Start({"new firmware.Adc"}));
+  ExpectWindows(*first, 2);  // the main window, and the box that refuses it
+  EXPECT_EQ(CountLines("  Load: "), 0);
+}
+
+TEST_F(InstanceEndToEnd, WhatComesWhileABoxIsOpenIsNotLoadedUnderIt) {
+  SetFile("evening.pbn", 1, 1);
+  SetFile("late.pbn", 1, 1);
+  const auto first = Start();
+  ExpectLines(*first, "   Start up parameters: ", 1);
+  ExpectSilentEnd(*Start({"firmware.adc"}));
+  ExpectWindows(*first, 2);  // the main window, and the box that refuses it
+  // The box stays; the program takes each request, keeps the first one for later and drops others.
+  ExpectSilentEnd(*Start({"evening.pbn"}));
+  ExpectSilentEnd(*Start({"late.pbn"}));
+  EXPECT_EQ(CountLines("  Load: "), 0);
+  first->Signal(SIGTERM);
+  EXPECT_EQ(first->Finish().Status, 0);
+  EXPECT_EQ(CountLines("  Load: "), 0) << "nor while the program ends";
 }
 
 TEST_F(InstanceEndToEnd, OneAfterTheOtherIsTakenByTheSameProgram) {
