@@ -11,11 +11,14 @@ void DropNoise(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const 
   std::fprintf(stderr, "%s\n", qPrintable(text));
 }
 
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+constexpr const char* kNoDisplay = "offscreen";  // perhaps with a screen of another size
+
 /// One application for all window tests, on no display.
 class QtEnvironment final : public testing::Environment {
  public:
   void SetUp() override {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qgetenv(kPlatform).startsWith(kNoDisplay)) qputenv(kPlatform, kNoDisplay);
     qInstallMessageHandler(DropNoise);
     application_ = std::make_unique<QApplication>(argc_, argv_);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -72,6 +73,13 @@ INSTANTIATE_TEST_SUITE_P(Sizes, SmallScreen,
 INSTANTIATE_TEST_SUITE_P(Sizes, SmallScreenAtUsualFont,
                          Combine(Values(QSize(800, 600), QSize(911, 512), QSize(853, 480)),
                                  Values(100)));
+
+// The tests of all windows run once more as processes with another scale.
+TEST(Scale, IsTheOneThatTheTestsAreRunWith) {
+  const QString asked = qEnvironmentVariable("QT_SCALE_FACTOR", "1");
+  EXPECT_EQ(qApp->devicePixelRatio(), asked.toDouble());
+  EXPECT_EQ(QApplication::primaryScreen()->size(), QSize(800, 800)) << "in the windows' pixels";
+}
 
 TEST_P(SmallScreen, NothingOfAnyWindowIsCutOff) {
   LookAtAll([this](QWidget& window) {
