@@ -17,6 +17,10 @@ std::string NumberOf(const Settings& store, const SettingKey& key) {
   return box.Text;
 }
 
+bool ChangedTheSet(GenerateEnd end) {
+  return end == GenerateEnd::kDone || end == GenerateEnd::kCannotGenerate;
+}
+
 template <typename Box>
 void TakeInto(Box& box, const std::optional<typename Box::value_type>& value) {
   if (value) box = value;
@@ -28,11 +32,8 @@ void TakeInto(std::string& box, const std::optional<std::string>& value) {
 }  // namespace
 
 GenerateForm::GenerateForm(Program& program, Generator& generator, const history::History& history,
-                           std::function<void()> generated)
-    : program_(program),
-      generator_(generator),
-      history_(history),
-      generated_(std::move(generated)) {
+                           std::function<void()> changed)
+    : program_(program), generator_(generator), history_(history), changed_(std::move(changed)) {
   const Settings& store = program.Store;
   state_.txtFirstBoard = NumberOf(store, kNewFirstBoard);
   state_.txtLastBoard = NumberOf(store, kNewLastBoard);
@@ -128,7 +129,7 @@ void GenerateForm::Press(FormControl button) {
   view_->Show();
   const auto press = button == FormControl::kBigDeal ? PressBigDeal : PressCmdDeal;
   const GenerateResult result = press(program_, generator_, history_.Ring(), Request(), *this);
-  generated_();
+  if (ChangedTheSet(result.End)) changed_();
   // What was pressed meanwhile finds everything off.
   program_.Loop.Pump();
   state_.Running = false;

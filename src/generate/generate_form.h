@@ -58,9 +58,9 @@ class GenerateForm final : private GenerateView {
   static constexpr int kTimer1Ms = 50;
   static constexpr int kTypedLimit = 999;
 
-  /// `generated` is called after each press, when the set is what it is going to be.
+  /// `changed` is called when a press has changed the set, before anything can be pressed again.
   GenerateForm(Program& program, Generator& generator, const history::History& history,
-               std::function<void()> generated);
+               std::function<void()> changed);
 
   /// The window has come up; `view` stays until the form is closed.
   void Open(GenerateFormView& view);
@@ -98,7 +98,7 @@ class GenerateForm final : private GenerateView {
   Program& program_;
   Generator& generator_;
   const history::History& history_;
-  std::function<void()> generated_;
+  std::function<void()> changed_;
   GenerateFormView* view_ = nullptr;
   GenerateFormState state_;
   std::string offered_;  ///< the setting `Generator`

@@ -21,11 +21,10 @@ inline constexpr const char* kHistoryWords =
 inline constexpr const char* kHistoryOffWords =
     "The history is off until the program ends: this test compares with nothing.";
 inline constexpr const char* kBigDealWords =
-    "BigDeal draws the number of a deal: each of the possible deals is equally likely. The log "
-    "keeps what it takes to prove the set later.";
+    "Draws the number of a deal: every possible deal is equally likely. The log keeps what proves "
+    "the set later.";
 inline constexpr const char* kShufflingWords =
-    "The Morvane generator shuffles a pack: 50 riffles before each deal, going on from the last "
-    "one.";
+    "Shuffles a pack: 50 riffles before each deal, going on from the last one.";
 inline constexpr const char* kEmptyWords =
     "The boards get their dealer and vulnerability and no cards, to be filled by reading cards or "
     "by hand.";

@@ -18,7 +18,7 @@ bool AskAboutUnsaved(Program& program, history::History& history) {
 }  // namespace
 
 void NewFlow(Program& program, generate::Generator& generator, history::History& history,
-             generate::GenerateDialog& dialog, const std::function<void()>& keep) {
+             FlowWindows& windows, const std::function<void()>& keep) {
   if (program.AnalysisRunning) {
     program.ShowMessage(program.Texts.Msg103, kOkCritical, "New Error");
     return;
@@ -27,10 +27,10 @@ void NewFlow(Program& program, generate::Generator& generator, history::History&
   if (AskAboutUnsaved(program, history)) {
     generate::GenerateForm form(program, generator, history, [&] {
       keep();
-      program.Operator.RefreshSet();
+      RefreshStatistics(program, windows);
     });
-    dialog.ShowGenerate(form);
-    program.Operator.RefreshSet();
+    windows.ShowGenerate(form);
+    RefreshStatistics(program, windows);
   }
   program.Status("Ready");
 }

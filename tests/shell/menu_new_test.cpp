@@ -62,7 +62,6 @@ TEST(MenuNew, IsRefusedWhileAnAnalysisRuns) {
 TEST(MenuNew, WithNothingUnsavedOpensTheWindowAtOnce) {
   NewDesk desk;
   desk.Start();
-  const int refreshes = desk.Ui.Refreshes;
   desk.InWindow = [&](generate::GenerateForm& form) {
     EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Generate"));
     EXPECT_EQ(desk.LastLine(), " File-New: 3:04:05 PM");
@@ -72,7 +71,7 @@ TEST(MenuNew, WithNothingUnsavedOpensTheWindowAtOnce) {
   EXPECT_EQ(desk.Desktop.Generates, 1);
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Generate", "Ready"));
-  EXPECT_GT(desk.Ui.Refreshes, refreshes);
+  EXPECT_EQ(desk.Desktop.Pages.back().LastBoard, "");
   EXPECT_FALSE(desk.Main.FlowActive());
 }
 
@@ -215,9 +214,12 @@ TEST(MenuNew, TheMainWindowShowsWhatWasGeneratedWhileTheWindowIsStillOpen) {
   NewDesk desk;
   desk.Start();
   desk.InWindow = [&](generate::GenerateForm& form) {
-    const int before = desk.Ui.Refreshes;
     form.cmdDeal();
-    EXPECT_EQ(desk.Ui.Refreshes, before + 2) << "emptied, then filled";
+    EXPECT_EQ(desk.Desktop.Pages.back().LastBoard, "32");
+    EXPECT_EQ(desk.Desktop.Pages.back().Completed, "32");
+    desk.Main.Deals().Limits.InnerLimit = 0;
+    form.bigdeal();
+    EXPECT_EQ(desk.Desktop.Pages.back().LastBoard, "") << "there is no set";
   };
   desk.Main.MenuNew();
 }

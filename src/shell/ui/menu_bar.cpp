@@ -39,7 +39,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
 
 void MenuBar::AddFileMenu(Shell& shell) {
   QMenu& file = AddMenu("menuFile", "&File");
-  AddEntry(file, "menuNew", "&New", QKeySequence::New);
+  AddEntry(file, "menuNew", "&New", QKeySequence::New, [&shell] { shell.MenuNew(); });
   AddEntry(file, "menuLoad", "&Load", QKeySequence::Open, [&shell] { shell.MenuLoad(); });
   AddEntry(file, "menuImport", "&Import PBN", {}, [&shell] { shell.MenuImport(); });
   AddEntry(file, "menuSave", "&Save", QKeySequence::Save, [&shell] { shell.MenuSave(); });

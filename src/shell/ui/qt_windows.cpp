@@ -4,6 +4,7 @@
 
 #include "edit/ui/edit_window.h"
 #include "files/ui/load_number.h"
+#include "generate/ui/generate.h"
 #include "machine/ui/dealin_prog.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/preferences.h"
@@ -38,6 +39,14 @@ bool QtWindows::ShowEdit(edit::Editor& editor) {
   window.open();
   program_.Loop.RunUntil([&editor] { return editor.Closed(); });
   return true;
+}
+
+void QtWindows::ShowGenerate(generate::GenerateForm& form) {
+  generate::GenerateWindow window(form, mainMenu_);
+  window.open();
+  form.Open(window);
+  program_.Loop.RunUntil([&form] { return form.Closed(); });
+  form.cmdExit();  // the program may be quitting
 }
 
 void QtWindows::ShowPreferences(Preferences& preferences) {

@@ -8,6 +8,7 @@
 
 #include "files/format_table.h"
 #include "files/load_number.h"
+#include "generate/generate_form.h"
 #include "machine/error_dialog.h"
 #include "machine/open_link.h"
 #include "machine/ui/dealin_prog.h"
@@ -37,6 +38,7 @@ class EveryWindow : public MainMenuTest {
     LookAtBoxes(look);
     LookAtFileDialogs(look);
     LookAtPreferences(look);
+    LookAtGenerate(look);
     LookAtRun(look);
   }
 
@@ -103,6 +105,24 @@ class EveryWindow : public MainMenuTest {
       });
       desk.Ui.AskFile({"Title", "PBN files (*.pbn)|*.pbn", 1, desk.Folder.Path(), saving});
     }
+  }
+
+  /// `Generate` with results, and for empty boards.
+  void LookAtGenerate(const Look& look) {
+    const auto before = std::make_unique<BoardSet>(desk.Prog.Set);
+    desk.Store.Set(kNewShapes, "1");
+    generate::GenerateForm form(desk.Prog, shell.Deals(), shell.History(), [] {});
+    desk.When("Generate", [&](QWidget& window) {
+      form.bigdeal();
+      desk.Loop.Pump();
+      look(window);
+      form.ChooseRandom(false);
+      desk.Loop.Pump();
+      look(window);
+      window.close();
+    });
+    windows.ShowGenerate(form);
+    desk.Prog.Set = *before;
   }
 
   void LookAtPreferences(const Look& look) {

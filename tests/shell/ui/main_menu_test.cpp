@@ -42,8 +42,8 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
       enabled.push_back(entry->objectName().toStdString());
     }
   }
-  EXPECT_THAT(enabled, ElementsAre("menuLoad", "menuImport", "menuSave", "menuExit", "menuDeal",
-                                   "menuEdit", "cmdPref"));
+  EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
+                                   "menuDeal", "menuEdit", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {
