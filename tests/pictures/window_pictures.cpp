@@ -1,4 +1,5 @@
 #include <QDir>
+#include <algorithm>
 #include <cstdio>
 #include <random>
 #include <set>
@@ -19,11 +20,8 @@ QDir& Folder() {
 }
 
 Board DealtBoard(int n, std::mt19937& chance) {
-  Board board = NumberedBoard(n);
-  std::array<std::uint8_t, kCards> hands{};
-  for (int card = 0; card < kCards; ++card) hands[card] = test::RoundBoard(n).Cards[card + 1];
-  std::shuffle(hands.begin(), hands.end(), chance);
-  for (int card = 0; card < kCards; ++card) board.Cards[card + 1] = hands[card];
+  Board board = test::RoundBoard(n);
+  std::shuffle(board.Cards.begin() + 1, board.Cards.end(), chance);
   AnalyzeBoard(board);
   return board;
 }

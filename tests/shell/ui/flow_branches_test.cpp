@@ -9,7 +9,6 @@
 namespace morvane::shell {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
