@@ -1,5 +1,6 @@
 // A run in `Generate`: what is refused, what is shown meanwhile, and what is pressed meanwhile.
 
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QLineEdit>
+#include <QTest>
 #include <functional>
 #include <string>
 

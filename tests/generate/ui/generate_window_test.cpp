@@ -4,6 +4,8 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -165,7 +167,7 @@ TEST_F(GenerateWindowTest, EachCheckBoxShowsAndHidesTheResultsOfItsFrame) {
 }
 
 TEST_F(GenerateWindowTest, ACleanRunShowsResultsAndEnterLeaves) {
-  Open([this](QWidget& window) {
+  Open([](QWidget& window) {
     test::Click(window, "Reject_history");
     Range(window, "3", "6");
     test::Click(window, "bigdeal");

@@ -1,4 +1,5 @@
 #include <QFileDialog>
+#include <QLineEdit>
 
 #include "shell/ui/main_menu_desk.h"
 
