@@ -6,7 +6,6 @@ namespace morvane::edit {
 namespace {
 
 using Command = Editor::Command;
-using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

@@ -4,7 +4,6 @@ namespace morvane::edit {
 namespace {
 
 using Command = Editor::Command;
-using ::testing::IsEmpty;
 
 struct EditorUndo : ::testing::Test, EditDesk {
   void Undo() { Do(Command::kUndo); }

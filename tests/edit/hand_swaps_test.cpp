@@ -14,7 +14,7 @@ std::string HoldersAfter(int swap) {
   Swap(board, swap);
   EXPECT_EQ(board.Cards[52], 0);
   std::string holders;
-  for (const std::size_t ace : {1, 14, 27, 40}) holders += HandLetter(board.Cards[ace]);
+  for (const std::size_t ace : {1U, 14U, 27U, 40U}) holders += HandLetter(board.Cards[ace]);
   return holders;
 }
 

@@ -54,7 +54,7 @@ const Row& RowOf(Command command) {
 }
 
 QString TipOf(const Row& row) {
-  const QString tip = row.Tip;
+  QString tip = row.Tip;
   if (row.Keys[0] == nullptr) return tip;
   return tip + " (" + QKeySequence(row.Keys[0]).toString(QKeySequence::NativeText) + ")";
 }

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
+#include <QTest>
 #include <map>
 
 #include "edit/ui/edit_window_desk.h"

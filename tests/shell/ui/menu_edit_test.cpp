@@ -7,7 +7,6 @@ namespace morvane::shell {
 namespace {
 
 using edit::Editor;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
