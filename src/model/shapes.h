@@ -22,7 +22,7 @@ class ShapeTable {
   }
   /// The row behind the last shape has a name too and is no shape.
   constexpr void NameRowBehind(std::string_view name) {
-    shapes_[static_cast<std::size_t>(count_ + 1)].Name = name;
+    shapes_[static_cast<std::size_t>(count_) + 1].Name = name;
   }
   [[nodiscard]] constexpr int Count() const { return count_; }
   [[nodiscard]] constexpr const Shape& operator[](int index) const {
