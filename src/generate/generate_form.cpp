@@ -138,7 +138,8 @@ void GenerateForm::Press(FormControl button) {
 }
 
 void GenerateForm::Take(const GenerateResult& result, FormControl button) {
-  lastPressed_ = button;
+  // An empty set says nothing about the generator for the next deals.
+  if (state_.generate_yes) lastPressed_ = button;
   TakeInto(state_.txtShpRejects, result.ShpRejects);
   TakeInto(state_.txtInnRejects, result.InnRejects);
   TakeInto(state_.txtHisRejects, result.HisRejects);

@@ -121,6 +121,20 @@ TEST(GeneratePresses, EmptyBoardsAreMadeWithoutTestsOrResults) {
   EXPECT_EQ(desk.LogLines().back(), "  Generate: 3,7");
 }
 
+TEST(GeneratePresses, BehindAnEmptySetEnterDealsByTheGeneratorOfBefore) {
+  FormDesk desk;
+  desk.Open();
+  desk.Form->ChooseRandom(false);
+  desk.Form->cmdDeal();
+  desk.Form->ChooseRandom(true);
+  EXPECT_EQ(desk.Now().Default, FormControl::kBigDeal);
+  desk.Form->cmdDeal();
+  desk.Form->ChooseRandom(false);
+  desk.Form->cmdDeal();
+  desk.Form->ChooseRandom(true);
+  EXPECT_EQ(desk.Now().Default, FormControl::kCmdDeal);
+}
+
 TEST(GeneratePresses, Board640AloneIsGenerated) {
   FormDesk desk;
   desk.Open();
