@@ -48,7 +48,9 @@ void GenerateForm::Open(GenerateFormView& view) {
   view.Focus(FormControl::kLastBoard);
   view.Focus(FormControl::kFirstBoard);
   view.SelectNumbers();
+  state_.Running = true;  // the log's box may come up
   OpenGenerate(program_, generator_);
+  state_.Running = false;
   view.ShowBits();
   EnableTimer1big();
 }

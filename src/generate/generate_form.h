@@ -24,7 +24,7 @@ struct GenerateFormState {
   bool bigdealVisible = true;
   bool cmdDealVisible = true;
   FormControl Default = FormControl::kBigDeal;  ///< what Enter presses
-  bool Running = false;                         ///< nothing can be used
+  bool Running = false;                         ///< nothing can be used, as in a run
   std::optional<RejectCounter> txtShpRejects;   ///< empty until there is a result
   std::optional<RejectCounter> txtInnRejects;
   std::optional<RejectCounter> txtHisRejects;

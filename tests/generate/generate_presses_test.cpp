@@ -1,5 +1,6 @@
 // The buttons of the window `Generate`, and what is pressed while a run goes on.
 
+#include <filesystem>
 #include <utility>
 
 #include "generate/form_desk.h"
@@ -250,6 +251,22 @@ TEST(GeneratePresses, WhatIsPressedWhileABoxIsOpenDoesNothing) {
   desk.Form->bigdeal();
   EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
   EXPECT_FALSE(desk.Form->Closed());
+}
+
+TEST(GeneratePresses, WhatIsPressedWhileTheLogsBoxIsOpenAtTheStartDoesNothing) {
+  FormDesk desk;
+  std::filesystem::create_directory(desk.Prog.Log.Path());
+  desk.Form.emplace(desk.Prog, desk.Gen, desk.History, [] {});
+  desk.Window.emplace(*desk.Form);
+  desk.Ui.OnBox = [&] { desk.PressEverything(); };
+  desk.Form->Open(*desk.Window);
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Log Write Error");
+  EXPECT_FALSE(desk.Form->Closed());
+  EXPECT_FALSE(desk.Prog.Set.Exists());
+  EXPECT_EQ(desk.Now().txtFirstBoard, "1");
+  EXPECT_TRUE(desk.Now().generate_yes);
+  EXPECT_FALSE(desk.Now().Running);
 }
 
 TEST(GeneratePresses, AllIsOffBeforeTheFirstBoardAndOnWithTheResults) {
