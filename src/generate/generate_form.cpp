@@ -149,7 +149,7 @@ void GenerateForm::Take(const GenerateResult& result, FormControl button) {
   TakeInto(state_.txtOuSim, result.OuSim);
   TakeInto(state_.txtOuDeals, result.OuDeals);
   if (result.End != GenerateEnd::kDone) state_.BoardsToMake = 0;
-  state_.Result = ReportOf(program_, Request(), result);
+  state_.Result = ReportOf(program_, Request(), result, HistoryIsOn());
   const bool exits = result.Focus == GenerateFocus::kExit;
   state_.Default = exits ? FormControl::kExit : button;
   view_->Show();

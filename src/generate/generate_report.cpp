@@ -24,11 +24,16 @@ std::string HistoricPair(const GenerateResult& result) {
   return pair.empty() ? "" : pair + " of " + result.OuDeals.value_or("");
 }
 
-std::string DealtReport(const Program& program, const GenerateResult& result) {
+std::string HistoryLine(const GenerateResult& result, bool historyIsOn) {
+  if (result.HisRejects && !historyIsOn)
+    return "The history is off: nothing was compared with it.\n";
+  return TestLine("History rejected", result.HisRejects, HistoricPair(result));
+}
+
+std::string DealtReport(const Program& program, const GenerateResult& result, bool historyIsOn) {
   return BoardsLine(program.Set, "generated") + TestLine("Shapes rejected", result.ShpRejects, "") +
          TestLine("Inner similarity rejected", result.InnRejects, result.InnSim.value_or("")) +
-         TestLine("History rejected", result.HisRejects, HistoricPair(result)) +
-         FingerprintLine(program) + "\n";
+         HistoryLine(result, historyIsOn) + FingerprintLine(program) + "\n";
 }
 
 }  // namespace
@@ -38,10 +43,11 @@ std::string SignOf(const RejectCounter& counter) {
 }
 
 std::string ReportOf(const Program& program, const GenerateRequest& request,
-                     const GenerateResult& result) {
+                     const GenerateResult& result, bool historyIsOn) {
   switch (result.End) {
     case GenerateEnd::kDone:
-      return request.Random ? DealtReport(program, result) : BoardsLine(program.Set, "left empty");
+      return request.Random ? DealtReport(program, result, historyIsOn)
+                            : BoardsLine(program.Set, "left empty");
     case GenerateEnd::kCannotGenerate:
       return "There is no Board Set: the attempts for one board ran out.\n";
     case GenerateEnd::kQuit:

@@ -33,11 +33,14 @@ inline constexpr const char* kBitsWords =
 inline constexpr const char* kReplacesWords =
     "Generating replaces the current Board Set and empties the event texts.";
 
+/// Beside the count of a test that had nothing to compare with.
+inline constexpr const char* kOffSign = "\u25B2 off";
+
 /// "green" and "red" for who does not see colours.
 [[nodiscard]] std::string SignOf(const RejectCounter& counter);
 
 /// What came of a press, in lines ended by LF; empty when the program is quitting.
 [[nodiscard]] std::string ReportOf(const Program& program, const GenerateRequest& request,
-                                   const GenerateResult& result);
+                                   const GenerateResult& result, bool historyIsOn);
 
 }  // namespace morvane::generate

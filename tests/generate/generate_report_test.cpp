@@ -16,7 +16,7 @@ TEST(GenerateReport, TellsWhatWasRejectedWhatIsMostAlikeAndTheFingerprint) {
   result.InnSim = "9, 7N:5E";
   result.OuSim = "8, 6S:12W";
   result.OuDeals = "Friday";
-  EXPECT_EQ(ReportOf(desk.Prog, Plain("5", "8"), result),
+  EXPECT_EQ(ReportOf(desk.Prog, Plain("5", "8"), result, true),
             "Boards 5 to 8 generated: 4\n"
             "Shapes rejected: 2\n"
             "Inner similarity rejected: 1, most alike: 9, 7N:5E\n"
@@ -28,10 +28,23 @@ TEST(GenerateReport, TellsWhatWasRejectedWhatIsMostAlikeAndTheFingerprint) {
 TEST(GenerateReport, SaysNothingOfTestsThatWereOffAndOfPairsThatAreNot) {
   GenerateDesk desk;
   GenerateResult result = desk.RunSeeded(1, 1, kUsualTests);
-  EXPECT_EQ(ReportOf(desk.Prog, Plain("1", "1"), result),
+  EXPECT_EQ(ReportOf(desk.Prog, Plain("1", "1"), result, true),
             "Boards 1 to 1 generated: 1\nInner similarity rejected: 0\nHistory rejected: 0\n"
             "SHA-256: " +
                 SetFingerprint(desk.Prog.Set) + "\n");
+}
+
+TEST(GenerateReport, AHistoryThatIsOffHasRejectedNothingBecauseNothingWasCompared) {
+  GenerateDesk desk;
+  GenerateResult result = desk.RunSeeded(1, 1, {.History = true});
+  const std::string sha = "SHA-256: " + SetFingerprint(desk.Prog.Set) + "\n";
+  EXPECT_EQ(
+      ReportOf(desk.Prog, Plain("1", "1"), result, false),
+      "Boards 1 to 1 generated: 1\nThe history is off: nothing was compared with it.\n" + sha);
+  result.HisRejects.reset();
+  EXPECT_EQ(ReportOf(desk.Prog, Plain("1", "1"), result, false),
+            "Boards 1 to 1 generated: 1\n" + sha)
+      << "the test was not asked for";
 }
 
 TEST(GenerateReport, KeepsTheFingerprintBackWhereTheLogIsOff) {
@@ -39,7 +52,7 @@ TEST(GenerateReport, KeepsTheFingerprintBackWhereTheLogIsOff) {
   const GenerateResult result = desk.RunSeeded(1, 4, kNoTests);
   RuntimeError noFolder;
   ASSERT_FALSE(desk.Prog.Log.Start("", noFolder));
-  EXPECT_EQ(ReportOf(desk.Prog, Plain("1", "4"), result),
+  EXPECT_EQ(ReportOf(desk.Prog, Plain("1", "4"), result, true),
             "Boards 1 to 4 generated: 4\n"
             "This set is not on record: do not publish its SHA-256.\n");
 }

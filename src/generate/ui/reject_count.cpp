@@ -25,10 +25,10 @@ RejectCount::RejectCount(const char* name, const char* tip, QWidget* parent)
   row->addWidget(sign_, 1);
 }
 
-void RejectCount::Show(const std::optional<RejectCounter>& counter) {
+void RejectCount::Show(const std::optional<RejectCounter>& counter, bool isOff) {
   shown_ = counter;
   box_->setText(counter ? QString::number(counter->Count) : QString());
-  sign_->Show(counter ? ToQt(SignOf(*counter)) : QString());
+  sign_->Show(counter ? ToQt(isOff ? kOffSign : SignOf(*counter)) : QString());
   Colour();
 }
 

@@ -18,7 +18,8 @@ class RejectCount final : public QWidget {
   /// `name` is the box's; the sign is called "<name>_sign".
   RejectCount(const char* name, const char* tip, QWidget* parent);
 
-  void Show(const std::optional<RejectCounter>& counter);
+  /// `isOff`: the test had nothing to compare with.
+  void Show(const std::optional<RejectCounter>& counter, bool isOff = false);
   [[nodiscard]] ShownText* Box() const { return box_; }
 
  protected:

@@ -121,7 +121,7 @@ void TestFrames::Show() {
   showFrame(history_, now.Reject.History);
   txtShpRejects_->Show(now.txtShpRejects);
   txtInnRejects_->Show(now.txtInnRejects);
-  txtHisRejects_->Show(now.txtHisRejects);
+  txtHisRejects_->Show(now.txtHisRejects, !form_.HistoryIsOn());
   txtInnSim_->setText(ToQt(now.txtInnSim));
   txtOuSim_->setText(ToQt(now.txtOuSim));
   txtOuDeals_->setText(ToQt(now.txtOuDeals));

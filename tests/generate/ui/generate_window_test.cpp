@@ -99,6 +99,11 @@ TEST_F(GenerateWindowTest, SaysThatAHistoryThatIsOffComparesWithNothing) {
       told = told || label->text().contains("The history is off");
     }
     EXPECT_TRUE(told);
+    test::Click(window, "bigdeal");
+    EXPECT_EQ(Text(window, "txtHisRejects"), "0");
+    EXPECT_EQ(Text(window, "txtHisRejects_sign"), "\xE2\x96\xB2 off") << "not good";
+    EXPECT_EQ(Text(window, "txtInnRejects_sign"), "\xE2\x9C\x93 good");
+    EXPECT_THAT(ResultOf(window), HasSubstr("nothing was compared"));
     window.close();
   });
   windows.ShowGenerate(form);
