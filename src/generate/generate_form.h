@@ -81,6 +81,8 @@ class GenerateForm final : private GenerateView {
   [[nodiscard]] int Bits() const { return generator_.Pool.SeedmCounter; }
   /// Whether the history test has deals to compare with.
   [[nodiscard]] bool HistoryIsOn() const { return history_.HistoryEnabled(); }
+  /// The program, as the words of the window tell of it.
+  [[nodiscard]] const Program& Prog() const { return program_; }
   [[nodiscard]] bool Closed() const { return closed_; }
 
  private:

@@ -38,6 +38,19 @@ std::string DealtReport(const Program& program, const GenerateResult& result, bo
 
 }  // namespace
 
+std::string BigDealWords(const Program& program) {
+  return std::string("Draws the number of a deal: every possible deal is equally likely. ") +
+         (program.Log.On() ? "The log keeps what proves the set later."
+                           : "The log is off: nothing will prove the set later.");
+}
+
+std::string ReplacesWords(const BoardSet& set) {
+  const bool unsaved = set.Exists() && !set.IsSaved();
+  // As long as each other, so that nothing in the window moves.
+  return std::string("Generating replaces the ") + (unsaved ? "unsaved" : "current") +
+         " Board Set and empties the event texts.";
+}
+
 std::string SignOf(const RejectCounter& counter) {
   return counter.Colour == CounterColour::kGreen ? "\u2713 good" : "\u25B2 too many";
 }

@@ -20,9 +20,6 @@ inline constexpr const char* kHistoryWords =
     "loaded here before. The most alike one is shown with its file.";
 inline constexpr const char* kHistoryOffWords =
     "The history is off until the program ends: this test compares with nothing.";
-inline constexpr const char* kBigDealWords =
-    "Draws the number of a deal: every possible deal is equally likely. The log keeps what proves "
-    "the set later.";
 inline constexpr const char* kShufflingWords =
     "Shuffles a pack: 50 riffles before each deal, going on from the last one.";
 inline constexpr const char* kEmptyWords =
@@ -30,8 +27,11 @@ inline constexpr const char* kEmptyWords =
     "by hand.";
 inline constexpr const char* kBitsWords =
     "Moving the mouse over this window makes the seeds harder to guess.";
-inline constexpr const char* kReplacesWords =
-    "Generating replaces the current Board Set and empties the event texts.";
+
+/// Of the number generator.
+[[nodiscard]] std::string BigDealWords(const Program& program);
+/// What becomes of the current set.
+[[nodiscard]] std::string ReplacesWords(const BoardSet& set);
 
 /// Beside the count of a test that had nothing to compare with.
 inline constexpr const char* kOffSign = "\u25B2 off";

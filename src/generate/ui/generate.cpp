@@ -5,7 +5,6 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -80,7 +79,8 @@ QLayout* GenerateWindow::MakeChoice() {
   row->setSpacing(4 * kGap);
   row->addLayout(options);
   row->addLayout(range);
-  row->addWidget(NewWords("lblReplaces", kReplacesWords, inputs_), 1);
+  lblReplaces_ = AddWords("lblReplaces", "What becomes of the current Board Set");
+  row->addWidget(lblReplaces_, 1);
   return row;
 }
 
@@ -106,11 +106,10 @@ QLineEdit* GenerateWindow::AddNumber(const char* name,
 /// Each generator's words stand beside its button.
 QWidget* GenerateWindow::MakeButtons() {
   bigdeal_ = AddButton("bigdeal", "&Generate Boards using BigDeal", &GenerateForm::bigdeal);
-  lblBigDeal_ = NewWords("lblBigDeal", kBigDealWords, this);
+  lblBigDeal_ = AddWords("lblBigDeal", "What BigDeal does");
   cmdDeal_ = AddButton("cmdDeal", kShufflingCaption, &GenerateForm::cmdDeal);
   cmdDeal_->setMinimumWidth(cmdDeal_->sizeHint().width());
-  lblMorvane_ = new ShownValue("lblMorvane", "What the button makes", this);
-  MakeWords(*lblMorvane_);
+  lblMorvane_ = AddWords("lblMorvane", "What the button makes");
   cmdExit_ = AddButton("cmdExit", "E&xit", &GenerateForm::cmdExit);
   auto* buttons = new QWidget(this);
   auto* grid = new QGridLayout(buttons);
@@ -123,6 +122,12 @@ QWidget* GenerateWindow::MakeButtons() {
   grid->addWidget(cmdExit_, 1, 2);
   grid->setColumnStretch(1, 1);
   return buttons;
+}
+
+ShownValue* GenerateWindow::AddWords(const char* name, const char* spokenName) {
+  auto* words = new ShownValue(name, spokenName, this);
+  MakeWords(*words);
+  return words;
 }
 
 QPushButton* GenerateWindow::AddButton(const char* name, const char* caption,
@@ -144,6 +149,7 @@ void GenerateWindow::Show() {
   if (now.Running && focusWidget() != nullptr) focusWidget()->clearFocus();
   inputs_->setEnabled(!now.Running);
   (now.generate_yes ? generate_yes_ : generate_no_)->setChecked(true);
+  lblReplaces_->Show(ToQt(ReplacesWords(form_.Prog().Set)));
   tests_->Show();
   result_->Show();
   ShowButtons();
@@ -153,6 +159,7 @@ void GenerateWindow::ShowButtons() {
   const GenerateFormState& now = form_.State();
   bigdeal_->setVisible(now.bigdealVisible);
   lblBigDeal_->setVisible(now.bigdealVisible);
+  lblBigDeal_->Show(ToQt(BigDealWords(form_.Prog())));
   cmdDeal_->setVisible(now.cmdDealVisible);
   lblMorvane_->setVisible(now.cmdDealVisible);
   lblMorvane_->Show(now.generate_yes ? kShufflingWords : kEmptyWords);

@@ -4,7 +4,6 @@
 
 #include "generate/generate_form.h"
 
-class QLabel;
 class QLayout;
 class QLineEdit;
 class QPushButton;
@@ -43,6 +42,7 @@ class GenerateWindow final : public QDialog, public GenerateFormView {
   QRadioButton* AddOption(const char* name, const char* caption);
   QLineEdit* AddNumber(const char* name, FilteredBox (GenerateForm::*change)(FilteredBox));
   QWidget* MakeButtons();
+  ShownValue* AddWords(const char* name, const char* spokenName);
   QPushButton* AddButton(const char* name, const char* caption, void (GenerateForm::*press)());
   [[nodiscard]] QWidget* ControlOf(FormControl control) const;
   void ShowButtons();
@@ -53,10 +53,11 @@ class GenerateWindow final : public QDialog, public GenerateFormView {
   QRadioButton* generate_no_ = nullptr;
   QLineEdit* txtFirstBoard_ = nullptr;
   QLineEdit* txtLastBoard_ = nullptr;
+  ShownValue* lblReplaces_ = nullptr;
   TestFrames* tests_ = nullptr;
   RunResult* result_ = nullptr;
   QPushButton* bigdeal_ = nullptr;
-  QLabel* lblBigDeal_ = nullptr;
+  ShownValue* lblBigDeal_ = nullptr;
   QPushButton* cmdDeal_ = nullptr;
   ShownValue* lblMorvane_ = nullptr;
   QPushButton* cmdExit_ = nullptr;

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <filesystem>
 #include <set>
 
 #include "generate/fingerprint.h"
@@ -86,6 +87,36 @@ TEST_F(GenerateWindowTest, SaysInWordsWhatTheTestsAndTheGeneratorsDo) {
       EXPECT_THAT(all, HasSubstr(words));
     }
     EXPECT_THAT(all, Not(HasSubstr("history is off")));
+  });
+}
+
+TEST_F(GenerateWindowTest, SaysWhetherWhatItReplacesIsUnsaved) {
+  const std::string saved =
+      "Generating replaces the current Board Set and empties the event texts.";
+  const std::string unsaved =
+      "Generating replaces the unsaved Board Set and empties the event texts.";
+  Open([&](QWidget& window) {
+    EXPECT_EQ(Text(window, "lblReplaces"), saved) << "there is none";
+    test::Click(window, "bigdeal");
+    EXPECT_EQ(Text(window, "lblReplaces"), unsaved);
+  });
+  desk.Prog.Set.MarkSaved();
+  Open([&](QWidget& window) { EXPECT_EQ(Text(window, "lblReplaces"), saved); });
+  desk.Prog.Set.Edited = true;  // no question is asked about edits
+  Open([&](QWidget& window) { EXPECT_EQ(Text(window, "lblReplaces"), unsaved); });
+}
+
+TEST_F(GenerateWindowTest, ClaimsNoProofWhereTheLogIsOff) {
+  Open([this](QWidget& window) {
+    EXPECT_THAT(Text(window, "lblBigDeal"), HasSubstr("The log keeps what proves the set later."));
+    const std::string log = desk.Prog.Log.Path();
+    std::filesystem::remove(log);
+    std::filesystem::create_directory(log);
+    desk.AnswerBox(QMessageBox::Ok);
+    test::Click(window, "bigdeal");
+    EXPECT_EQ(desk.Boxes.at(0).Title, "Log Write Error");
+    EXPECT_THAT(Text(window, "lblBigDeal"), HasSubstr("nothing will prove the set later"));
+    EXPECT_THAT(ResultOf(window), HasSubstr("not on record"));
   });
 }
 
