@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -27,6 +28,14 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kComfortableCharacters = 128;  // its width
 constexpr const char* kShufflingCaption = "&Generate Boards using Morvane generator";
+
+/// One press generates. If the key is held down, it must not go on to what the run has made the
+/// default: Exit, or the next set.
+bool IsHeldEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+}
 
 }  // namespace
 
@@ -134,6 +143,7 @@ QPushButton* GenerateWindow::AddButton(const char* name, const char* caption,
                                        void (GenerateForm::*press)()) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
+  button->installEventFilter(this);
   connect(button, &QPushButton::clicked, this, [this, press] { (form_.*press)(); });
   return button;
 }
@@ -197,6 +207,14 @@ void GenerateWindow::Focus(FormControl control) {
 void GenerateWindow::SelectNumbers() {
   txtLastBoard_->selectAll();
   txtFirstBoard_->selectAll();
+}
+
+void GenerateWindow::keyPressEvent(QKeyEvent* event) {
+  if (!IsHeldEnter(*event)) QDialog::keyPressEvent(event);
+}
+
+bool GenerateWindow::eventFilter(QObject* button, QEvent* event) {
+  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
 }
 
 void GenerateWindow::closeEvent(QCloseEvent* event) {

@@ -35,6 +35,8 @@ class GenerateWindow final : public QDialog, public GenerateFormView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* button, QEvent* event) override;
 
  private:
   QWidget* MakeBody();

@@ -1,5 +1,7 @@
 // A run in `Generate`: what is refused, what is shown meanwhile, and what is pressed meanwhile.
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -112,6 +114,43 @@ TEST_F(GenerateRunTest, ASecondClickBeforeTheFirstIsServedMakesOneSet) {
   EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
                           [](const std::string& line) { return line.starts_with("  Generate: "); }),
             1);
+}
+
+/// Enter goes down and stays down for so many repeats.
+void HoldEnter(QWidget& window, int repeats) {
+  for (int press = 0; press <= repeats && window.isVisible(); ++press) {
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", press > 0);
+    QApplication::sendEvent(window.windowHandle(), &event);
+  }
+  QKeyEvent up(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(window.windowHandle(), &up);
+}
+
+TEST_F(GenerateRunTest, EnterHeldDownGeneratesOnceAndDoesNotLeave) {
+  Open([](QWidget& window) {
+    Range(window, "1", "2");
+    HoldEnter(window, 5);
+    EXPECT_TRUE(window.isVisible()) << "the result is still to be read";
+    EXPECT_EQ(Focus(window), "cmdExit");
+    test::Press(window, Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_EQ(desk.Prog.Set.LastBoard, 2);
+}
+
+TEST_F(GenerateRunTest, EnterHeldDownBehindRejectionsGeneratesOnce) {
+  Start();
+  shell.Deals().Limits.InnerLimit = 8;
+  Open([](QWidget& window) {
+    HoldEnter(window, 5);
+    EXPECT_NE(Text(window, "txtInnRejects"), "0");
+    EXPECT_EQ(Focus(window), "bigdeal");
+    HoldEnter(window, 5);
+  });
+  const auto lines = desk.LogLines();
+  EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                          [](const std::string& line) { return line.starts_with("  Generate: "); }),
+            2);
 }
 
 TEST_F(GenerateRunTest, ARangeThatCannotBeGoesBackToTheBoxNamed) {
