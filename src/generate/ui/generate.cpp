@@ -162,6 +162,8 @@ void GenerateWindow::Show() {
   lblReplaces_->Show(ToQt(ReplacesWords(form_.Prog().Set)));
   tests_->Show();
   result_->Show();
+  // On a small screen it is below what can be seen.
+  if (now.Running) findChild<QScrollArea*>()->ensureWidgetVisible(result_);
   ShowButtons();
 }
 

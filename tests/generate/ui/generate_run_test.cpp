@@ -116,6 +116,35 @@ TEST_F(GenerateRunTest, ASecondClickBeforeTheFirstIsServedMakesOneSet) {
             1);
 }
 
+/// In all its height.
+bool InSight(const QWidget& window, const char* name) {
+  const auto& control = test::Find<QWidget>(window, name);
+  return control.visibleRegion().boundingRect().height() == control.height();
+}
+
+TEST_F(GenerateRunTest, OnASmallScreenProgressAndResultComeIntoSight) {
+  for (const char* choice : {"generate_yes", "generate_no"}) {
+    Open([this, choice](QWidget& window) {
+      window.resize(640, 440);
+      desk.Loop.Pump();
+      test::Click(window, choice);
+      desk.Loop.Pump();
+      ASSERT_FALSE(InSight(window, "BoardsGen") || InSight(window, "Result"));
+      InEachPump(window, "cmdDeal", [&] { EXPECT_TRUE(InSight(window, "BoardsGen")); });
+      EXPECT_TRUE(InSight(window, "BoardsGen")) << choice;
+      EXPECT_TRUE(InSight(window, "Progress")) << choice;
+      EXPECT_TRUE(InSight(window, "Result")) << choice;
+      Range(window, "9", "8");
+      desk.AnswerBox(QMessageBox::Ok);
+      test::Click(window, "cmdDeal");
+      window.activateWindow();  // as window managers do behind a box
+      desk.Loop.Pump();
+      EXPECT_TRUE(InSight(window, "txtFirstBoard")) << "it is to be corrected";
+    });
+    desk.Prog.Set.MarkSaved();
+  }
+}
+
 /// Enter goes down and stays down for so many repeats.
 void HoldEnter(QWidget& window, int repeats) {
   for (int press = 0; press <= repeats && window.isVisible(); ++press) {
