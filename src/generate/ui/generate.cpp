@@ -172,9 +172,11 @@ void GenerateWindow::ShowButtons() {
   bigdeal_->setVisible(now.bigdealVisible);
   lblBigDeal_->setVisible(now.bigdealVisible);
   lblBigDeal_->Show(ToQt(BigDealWords(form_.Prog())));
+  bigdeal_->setAccessibleDescription(lblBigDeal_->text());
   cmdDeal_->setVisible(now.cmdDealVisible);
   lblMorvane_->setVisible(now.cmdDealVisible);
   lblMorvane_->Show(now.generate_yes ? kShufflingWords : kEmptyWords);
+  cmdDeal_->setAccessibleDescription(lblMorvane_->text());
   cmdDeal_->setText(now.generate_yes ? kShufflingCaption : "&Generate Empty Board Set");
   for (QPushButton* button : {bigdeal_, cmdDeal_, cmdExit_}) button->setEnabled(!now.Running);
   static_cast<QPushButton*>(ControlOf(now.Default))->setDefault(true);

@@ -72,6 +72,7 @@ TestFrames::Frame TestFrames::AddFrame(const char* name, const char* title, cons
   box->setObjectName(name);
   Frame frame{new QCheckBox(caption, box), new QWidget(box)};
   frame.Check->setObjectName(checkName);
+  frame.Check->setAccessibleDescription(ToQt(words));
   connect(frame.Check, &QCheckBox::clicked, this, [this] { Changed(); });
   NewResults(*frame.Results);
   auto* left = new QVBoxLayout;

@@ -90,6 +90,23 @@ TEST_F(GenerateWindowTest, SaysInWordsWhatTheTestsAndTheGeneratorsDo) {
   });
 }
 
+TEST_F(GenerateWindowTest, TheWordsAreSpokenWithTheirControls) {
+  const auto spoken = [](const QWidget& window, const char* name) {
+    return test::Find<QWidget>(window, name).accessibleDescription().toStdString();
+  };
+  Open([&](QWidget& window) {
+    for (const auto& [name, words] : {std::pair("Reject_shape", "hand shape"),
+                                      {"Reject_inner", "another board of the set"},
+                                      {"Reject_history", "saved or loaded"},
+                                      {"bigdeal", "equally likely"},
+                                      {"cmdDeal", "riffles"}}) {
+      EXPECT_THAT(spoken(window, name), HasSubstr(words));
+    }
+    test::Click(window, "generate_no");
+    EXPECT_THAT(spoken(window, "cmdDeal"), HasSubstr("no cards"));
+  });
+}
+
 TEST_F(GenerateWindowTest, SaysWhetherWhatItReplacesIsUnsaved) {
   const std::string saved =
       "Generating replaces the current Board Set and empties the event texts.";
