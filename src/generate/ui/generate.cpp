@@ -104,7 +104,7 @@ QLineEdit* GenerateWindow::AddNumber(const char* name,
   auto* box = new FilteredEdit(
       [this, change](FilteredBox typed) { return (form_.*change)(std::move(typed)); }, inputs_);
   box->setObjectName(name);
-  box->setFixedWidth(kNumberWidth);
+  box->setFixedWidth(NumberWidth(*box));
   box->setAlignment(Qt::AlignRight);
   box->SelectWholeOnFocus();
   const GenerateFormState& now = form_.State();

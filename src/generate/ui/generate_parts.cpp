@@ -1,10 +1,16 @@
 #include "generate/ui/generate_parts.h"
 
 #include <QLabel>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 
 namespace morvane::generate {
+
+int NumberWidth(const QWidget& box) {
+  constexpr int kLeast = 60;  // pixels
+  return std::max(kLeast, box.fontMetrics().horizontalAdvance("0000000"));
+}
 
 void MakeWords(QLabel& label) {
   label.setTextFormat(Qt::PlainText);

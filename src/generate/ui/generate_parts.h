@@ -10,7 +10,9 @@ class QWidget;
 namespace morvane::generate {
 
 inline constexpr int kGap = 8;  // all in pixels
-inline constexpr int kNumberWidth = 60;
+
+/// Of a box for a number; a counter has up to five digits.
+[[nodiscard]] int NumberWidth(const QWidget& box);
 
 /// Makes the label an explanation: plain, and in as many lines as it takes.
 void MakeWords(QLabel& label);

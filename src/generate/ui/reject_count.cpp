@@ -15,7 +15,7 @@ RejectCount::RejectCount(const char* name, const char* tip, QWidget* parent)
     : QWidget(parent),
       box_(new ShownText(name, tip, this)),
       sign_(new ShownValue(QString(name) + "_sign", tip, this)) {
-  box_->setFixedWidth(kNumberWidth);
+  box_->setFixedWidth(NumberWidth(*box_));
   box_->setAlignment(Qt::AlignRight);
   box_->setFocusPolicy(Qt::ClickFocus);
   sign_->setTextFormat(Qt::PlainText);

@@ -33,7 +33,7 @@ void KeepRoom(QWidget& part) {
 QFormLayout* NewResults(QWidget& results) {
   KeepRoom(results);
   const QFontMetrics metrics = results.fontMetrics();
-  results.setFixedWidth(metrics.horizontalAdvance(kWidestCaption) + kNumberWidth +
+  results.setFixedWidth(metrics.horizontalAdvance(kWidestCaption) + NumberWidth(results) +
                         metrics.horizontalAdvance(ToQt(SignOf({1, CounterColour::kRed}))) +
                         4 * kGap);
   auto* rows = new QFormLayout(&results);

@@ -107,6 +107,21 @@ TEST_F(GenerateWindowTest, TheWordsAreSpokenWithTheirControls) {
   });
 }
 
+TEST_F(GenerateWindowTest, CountersOfFiveDigitsFitLargeLettersToo) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPointSizeF(2 * before.pointSizeF());
+  QApplication::setFont(large);
+  Open([](QWidget& window) {
+    for (const char* name : {"txtShpRejects", "txtInnRejects", "txtHisRejects"}) {
+      auto& box = test::Find<QLineEdit>(window, name);
+      const int frame = box.width() - box.contentsRect().width();
+      EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance("31360") + frame) << name;
+    }
+  });
+  QApplication::setFont(before);
+}
+
 TEST_F(GenerateWindowTest, SaysWhetherWhatItReplacesIsUnsaved) {
   const std::string saved =
       "Generating replaces the current Board Set and empties the event texts.";
