@@ -85,10 +85,12 @@ void Shell::MenuLoad() {
   RefreshStatistics();
 }
 
-void Shell::MenuImport() {
+void Shell::MenuImport() { Import({}); }
+
+void Shell::Import(const std::string& path) {
   if (FlowActive()) return;
   const Flow flow(*this);
-  files::ImportBoardSet(program_, history_);
+  files::ImportBoardSet(program_, history_, path);
   RefreshStatistics();
 }
 
@@ -100,13 +102,9 @@ void Shell::MenuSave() {
 
 void Shell::MenuRecent(const RecentFile& file) {
   if (FlowActive()) return;
-  if (!file.Imported) {
-    startFile_ = file.Path;
-    MenuLoad();
-    return;
-  }
-  const Flow flow(*this);
-  files::ImportBoardSet(program_, history_, file.Path);
+  if (file.Imported) return Import(file.Path);
+  startFile_ = file.Path;
+  MenuLoad();
 }
 
 std::vector<RecentFile> Shell::Recent() const {

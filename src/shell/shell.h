@@ -92,6 +92,8 @@ class Shell {
    private:
     Shell& shell_;
   };
+  /// Import's flow; with a `path` no file is asked for.
+  void Import(const std::string& path);
   /// The end of each flow that may have changed the set.
   void RefreshStatistics();
   void EnableTimer2mm();

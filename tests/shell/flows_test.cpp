@@ -10,6 +10,13 @@ using ::testing::IsEmpty;
 /// A request for every flow at once; none may do anything.
 void PressEverything(ShellDesk& desk) {
   EXPECT_TRUE(desk.Main.FlowActive());
+  const bool statistics = desk.Prog.ShowStatistics;
+  desk.Main.ShowStat();
+  EXPECT_EQ(desk.Prog.ShowStatistics, statistics);
+  desk.Main.CmdPref();
+  EXPECT_EQ(desk.Desktop.PreferencesShown, 0);
+  desk.Main.MenuRecent({desk.Folder / "recent.pbn", false});
+  desk.Main.MenuRecent({desk.Folder / "recent.pbn", true});
   desk.Main.MenuNew();
   desk.Main.MenuLoad();
   desk.Main.MenuImport();

@@ -230,5 +230,17 @@ TEST(MenuRecent, AFileThatIsGoneStaysInTheListWhenItsLoadIsCancelled) {
   EXPECT_THAT(desk.Main.Recent(), ElementsAre(Loaded(a)));
 }
 
+TEST(MenuRecent, EndsInTheStatisticsOfWhatIsThereNow) {
+  for (const bool imported : {false, true}) {
+    RecentDesk desk;
+    const std::string path = desk.Write("a.pbn");
+    desk.Desktop.Pages.clear();
+    desk.Main.MenuRecent({path, imported});
+    ASSERT_FALSE(desk.Desktop.Pages.empty()) << imported;
+    EXPECT_EQ(desk.Desktop.Pages.back().FirstBoard, "7") << imported;
+    EXPECT_EQ(desk.Desktop.Pages.back().Count, "1") << imported;
+  }
+}
+
 }  // namespace
 }  // namespace morvane::shell

@@ -61,6 +61,7 @@ class FakeWindows final : public FlowWindows {
     ++Generates;
     if (OnGenerate) OnGenerate(form);
   }
+  void ShowPreferences(Preferences& /*preferences*/) override { ++PreferencesShown; }
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
     if (!HasWindows) return FlowWindows::OpenDealinProg(run);
     auto window = std::make_unique<FakeRunWindow>(Run);
@@ -79,6 +80,7 @@ class FakeWindows final : public FlowWindows {
   int LoadNumbers = 0;
   int Edits = 0;
   int Generates = 0;
+  int PreferencesShown = 0;
   RunWindowNotes Run;
   std::vector<StatisticsPage> Pages;  ///< of the statistics, as they were shown one after another
   std::function<void()> OnStatistics;
