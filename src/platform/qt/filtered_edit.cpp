@@ -36,8 +36,13 @@ void FilteredEdit::Edited() { Show(filter_(Box())); }
 
 // The caret counts characters, Qt's counts UTF-16 units.
 
+/// What is pasted with line ends becomes one line; those at its end, as of a table's cell, go.
 FilteredBox FilteredEdit::Box() const {
-  return {FromQt(text()), static_cast<int>(text().left(cursorPosition()).toUcs4().size())};
+  QString before = text().left(cursorPosition());
+  while (before.endsWith('\n') || before.endsWith('\r')) before.chop(1);
+  QString line = before + text().mid(cursorPosition());
+  line.replace('\n', ' ').replace('\r', ' ');
+  return {FromQt(line), static_cast<int>(before.toUcs4().size())};
 }
 
 void FilteredEdit::Show(const FilteredBox& box) {

@@ -1,3 +1,5 @@
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 
 #include "shell/ui/main_menu_desk.h"
@@ -71,6 +73,19 @@ TEST_P(EventBoxes, AreEmptiedWithTheKeys) {
   test::Press(*menu, Qt::Key_Delete);
   EXPECT_EQ(InSet(), "");
   EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+}
+
+TEST_P(EventBoxes, WhatIsPastedIsOneLine) {
+  Begin(3, Qt::Key_End);
+  QGuiApplication::clipboard()->setText("Open\nPairs\r\n");  // a cell of a table ends so
+  test::Press(*menu, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(InSet(), "aaaOpen Pairs");
+  EXPECT_EQ(Box().text(), "aaaOpen Pairs");
+  EXPECT_EQ(Box().cursorPosition(), 13);
+  test::Press(*menu, Qt::Key_Home);
+  test::Press(*menu, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(InSet(), "Open PairsaaaOpen Pairs");
+  EXPECT_EQ(Box().cursorPosition(), 10);
 }
 
 using FirstFocus = MainMenuTest;
