@@ -13,21 +13,40 @@ namespace {
 /// Names compare without regard to case, as in the registry.
 using Ini = CSimpleIniTempl<char, SI_GenericNoCase<char>, SI_ConvertA<char>>;
 
-// A value that the file's plain form would lose (blanks at its ends, line ends, an opening quote)
-// stands in double quotes, with these escapes.
+// A value that the file's plain form would lose (blanks at its ends, line ends, an opening quote),
+// or that would make it look like no text, stands in double quotes, with these escapes. Any other
+// character that steers something is "\x" and its two digits.
 struct Escape {
   char Plain;
   char Letter;
 };
 constexpr Escape kEscapes[] = {{'\\', '\\'}, {'"', '"'}, {'\n', 'n'}, {'\r', 'r'}, {'\0', '0'}};
 
+constexpr std::string_view kDigits = "0123456789ABCDEF";
+
+bool Steers(char c) { return (c >= 0 && c < ' ' && c != '\t') || c == '\x7F'; }
+
+std::string Numbered(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return {'\\', 'x', kDigits[code / 16], kDigits[code % 16]};
+}
+
+/// The character that a "\x" with two digits at the front of `text` stands for.
+std::optional<char> CharacterOf(std::string_view text) {
+  if (text.size() < 4 || !text.starts_with("\\x")) return std::nullopt;
+  const std::size_t high = kDigits.find(text[2]);
+  const std::size_t low = kDigits.find(text[3]);
+  if (high >= 8 || low == std::string_view::npos) return std::nullopt;
+  const char c = static_cast<char>(high * 16 + low);
+  return Steers(c) ? std::optional(c) : std::nullopt;
+}
+
 bool NeedsQuotes(std::string_view value) {
   if (value.empty()) return false;
   constexpr std::string_view kBlanks = " \t";
-  constexpr std::string_view kLineEnds("\r\n\0", 3);
   return kBlanks.find(value.front()) != std::string_view::npos ||
          kBlanks.find(value.back()) != std::string_view::npos || value.front() == '"' ||
-         value.find_first_of(kLineEnds) != std::string_view::npos;
+         std::any_of(value.begin(), value.end(), Steers);
 }
 
 std::string Quoted(std::string_view value) {
@@ -37,10 +56,10 @@ std::string Quoted(std::string_view value) {
     const auto* escape =
         std::find_if(std::begin(kEscapes), std::end(kEscapes),
                      [c](const Escape& candidate) { return candidate.Plain == c; });
-    if (escape == std::end(kEscapes)) {
-      text += c;
-    } else {
+    if (escape != std::end(kEscapes)) {
       text.append({'\\', escape->Letter});
+    } else {
+      text += Steers(c) ? Numbered(c) : std::string(1, c);
     }
   }
   return text + '"';
@@ -55,7 +74,11 @@ std::string Unquoted(std::string_view text) {
     const auto* escape =
         std::find_if(std::begin(kEscapes), std::end(kEscapes),
                      [letter](const Escape& candidate) { return candidate.Letter == letter; });
-    if (escape == std::end(kEscapes)) {
+    const auto numbered = CharacterOf(text.substr(i));
+    if (numbered) {
+      value += *numbered;
+      i += 3;
+    } else if (escape == std::end(kEscapes)) {
       value += text[i];
     } else {
       value += escape->Plain;

@@ -80,12 +80,12 @@ INSTANTIATE_TEST_SUITE_P(IniSettings, AnyText,
                                          "C:\\Bridge\\new\\", "C:\\ends in a blank\\ ", "<<<END",
                                          "two\nlines", "two\r\nlines\r\n", "back\\slash\nline",
                                          "żółć ♠♥♦♣", " ü ", "\xFF\xFE not UTF-8",
-                                         std::string("a\0b", 3), std::string(128, 'F'),
-                                         std::string(100000, 'x')));
+                                         std::string("a\0b", 3), "/disk/\x1B[1m\x01\x7F", "\x1F",
+                                         std::string(128, 'F'), std::string(100000, 'x')));
 
 TEST_F(IniSettingsTest, AQuotedPathOfAHandMadeFileKeepsItsBackslashes) {
-  WriteContent(path_, "[Setup]\r\nText=\"C:\\Deals\\x \"\r\n");
-  EXPECT_EQ(store_.Get(kText), "C:\\Deals\\x ");
+  WriteContent(path_, "[Setup]\r\nText=\"C:\\Deals\\x64\\x \"\r\n");
+  EXPECT_EQ(store_.Get(kText), "C:\\Deals\\x64\\x ");
 }
 
 TEST_F(IniSettingsTest, AHandMadeFileIsReadWithItsMarkAndAnyLineEnds) {
