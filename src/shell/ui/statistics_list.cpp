@@ -42,10 +42,11 @@ void StatisticsList::AddColumns(std::initializer_list<Column> columns) {
   for (const Column& column : columns) {
     headerItem()->setText(at, column.Caption);
     if (at > 0) headerItem()->setTextAlignment(at, kNumbers);
-    const int text = std::max(header()->fontMetrics().horizontalAdvance(column.Caption),
-                              fontMetrics().horizontalAdvance(column.Widest)) +
-                     kTextMargins;
-    setColumnWidth(at++, std::max(column.Width, text));
+    int text = header()->fontMetrics().horizontalAdvance(column.Caption);
+    for (const QString& cell : column.Cells) {
+      text = std::max(text, fontMetrics().horizontalAdvance(cell));
+    }
+    setColumnWidth(at++, std::max(column.Width, text + kTextMargins));
   }
 }
 

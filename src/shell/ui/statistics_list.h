@@ -13,8 +13,8 @@ class StatisticsList final : public QTreeWidget {
  public:
   struct Column {
     const char* Caption;
-    int Width;                ///< a column in which caption or cells would be cut is wider
-    const char* Widest = "";  ///< of the cells
+    int Width;          ///< a column in which caption or cells would be cut is wider
+    QStringList Cells;  ///< those among which the widest is
   };
   StatisticsList(const char* name, const char* tip, std::initializer_list<Column> columns,
                  QWidget* parent);

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
@@ -15,7 +16,15 @@ namespace morvane::shell {
 namespace {
 
 constexpr int kSpacing = 8;
+constexpr int kBarsGap = 24;  // the legend of one chart is not to be read with the next one's title
 constexpr int kHandRows = 5;
+constexpr const char* kWidestFigure = "00.00";
+
+QStringList HandRowNames() {
+  QStringList names;
+  for (const HandRow& row : HandRows(SetTotals())) names << ToQt(row.Name);
+  return names;
+}
 
 std::vector<QStringList> RowsOf(const std::vector<HandRow>& hands) {
   std::vector<QStringList> rows;
@@ -47,17 +56,20 @@ QString SpokenOf(const std::vector<CountBar>& bars) {
 StatisticsPanel::StatisticsPanel(QWidget* parent)
     : QWidget(parent),
       HandStat_(new StatisticsList("HandStat", "Hands statistic",
-                                   {{"Hand:", 100, "Long suits (7+):"},
-                                    {"   N   ", 30},
-                                    {"   S   ", 30},
-                                    {"   E   ", 30},
-                                    {"   W   ", 30},
-                                    {"  NS  ", 30},
-                                    {"  EW  ", 30}},
+                                   {{"Hand:", 100, HandRowNames()},
+                                    {"   N   ", 30, {kWidestFigure}},
+                                    {"   S   ", 30, {kWidestFigure}},
+                                    {"   E   ", 30, {kWidestFigure}},
+                                    {"   W   ", 30, {kWidestFigure}},
+                                    {"  NS  ", 30, {kWidestFigure}},
+                                    {"  EW  ", 30, {kWidestFigure}}},
                                    this)),
-      lbxShapes_(new StatisticsList(
-          "lbxShapes", "Actual and expected Hand shapes",
-          {{"Shape", 34}, {"Actual", 34}, {"Expected", 52}, {"Diffrence", 52}}, this)) {
+      lbxShapes_(new StatisticsList("lbxShapes", "Actual and expected Hand shapes",
+                                    {{"Shape", 34, {"4432"}},
+                                     {"Actual", 34, {}},
+                                     {"Expected", 52, {}},
+                                     {"Diffrence", 52, {}}},
+                                    this)) {
   HandStat_->setAccessibleName("Hand Statistics");
   lbxShapes_->setAccessibleName("Hand Shapes");
   HandStat_->ShowAtLeast(kHandRows);
@@ -68,6 +80,7 @@ StatisticsPanel::StatisticsPanel(QWidget* parent)
   all->setSpacing(kSpacing);
   all->addWidget(lists_);
   all->addWidget(bars_, 1);
+  setTabOrder(txtInDeals_, lbxShapes_);  // column by column, however the columns are arranged
 }
 
 QWidget* StatisticsPanel::MakeLists() {
@@ -123,10 +136,13 @@ void StatisticsPanel::resizeEvent(QResizeEvent* event) {
     static_cast<QBoxLayout*>(part.layout())
         ->setDirection(sideBySide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   };
-  const int forBars = kSpacing + shapeBars_->minimumSizeHint().width();
-  const bool barsBeside = width() >= WidthOfLists() + forBars;
+  const int shapes = shapeBars_->minimumSizeHint().width();
+  const int points = pointBars_->minimumSizeHint().width();
+  const bool barsBeside = width() >= WidthOfLists() + kSpacing + shapes;
+  const bool barsAbreast = !barsBeside && width() >= 2 * std::max(shapes, points) + kBarsGap;
   arrange(*lists_, width() >= WidthOfLists());
-  arrange(*bars_, !barsBeside);
+  arrange(*bars_, barsAbreast);
+  bars_->layout()->setSpacing(barsAbreast ? kBarsGap : kSpacing);
   arrange(*this, barsBeside);
 }
 

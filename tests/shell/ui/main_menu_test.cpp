@@ -101,7 +101,7 @@ TEST_F(Menu, TheTabKeyWalksFromBoxToBox) {
   Start();
   for (const char* name : {"txtEventSite", "txtEventDate", "txtFileName", "txtFirstBoard",
                            "txtLastBoard", "txtCount", "txtCompleted", "ShowStat", "HandStat",
-                           "lbxShapes", "txtMaxFreq", "txtMinFreq", "txtInDeals", "txtEventName"}) {
+                           "txtMaxFreq", "txtMinFreq", "txtInDeals", "lbxShapes", "txtEventName"}) {
     test::Press(*menu, Qt::Key_Tab);
     EXPECT_EQ(menu->focusWidget()->objectName().toStdString(), name);
   }

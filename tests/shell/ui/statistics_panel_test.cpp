@@ -1,6 +1,9 @@
+#include "shell/ui/statistics_panel.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QStyle>
 #include <QTreeWidget>
 
 #include "shell/ui/bar_chart.h"
@@ -85,6 +88,22 @@ TEST_F(Statistics, AreCountedWhenTheyAreShown) {
   EXPECT_EQ(Text("txtCompleted"), "3");
 }
 
+TEST_F(Statistics, TheTabKeyGoesOnBelowWhereTheListsStandBelowOneAnother) {
+  Start();
+  menu->resize(560, 700);
+  desk.Loop.Pump();
+  test::Find<QWidget>(*menu, "HandStat").setFocus();
+  const auto& part = *test::Find<QWidget>(*menu, "HandStat").parentWidget()->parentWidget();
+  int last = -1;
+  for (const char* name : {"HandStat", "txtMaxFreq", "txtMinFreq", "txtInDeals", "lbxShapes"}) {
+    EXPECT_EQ(menu->focusWidget()->objectName().toStdString(), name);
+    const int y = menu->focusWidget()->mapTo(&part, QPoint()).y();
+    EXPECT_GT(y, last) << name;
+    last = y;
+    test::Press(*menu, Qt::Key_Tab);
+  }
+}
+
 TEST_F(Statistics, ASelectedRowIsCopiedWithTabs) {
   Start();
   ShowFigures();
@@ -160,6 +179,46 @@ TEST_F(Statistics, BarsStandBesideTheListsWhereThereIsRoomAndElseBelow) {
   menu->resize(1100, 700);
   desk.Loop.Pump();
   EXPECT_GT(place("ShapeBars").left(), place("lbxShapes").right());
+}
+
+TEST_F(Statistics, NoChartIsNarrowerThanItsHead) {
+  Start();
+  for (int width = 420; width <= 1300; width += 20) {
+    menu->resize(width, 700);
+    desk.Loop.Pump();
+    for (const char* name : {"ShapeBars", "PointBars"}) {
+      const auto& chart = test::Find<QWidget>(*menu, name);
+      EXPECT_GE(chart.width(), chart.minimumSizeHint().width()) << name << " " << width;
+    }
+  }
+}
+
+TEST_F(Statistics, NoCellIsCutWhateverTheFont) {
+  const QFont before = QApplication::font();
+  for (const double scale : {1.0, 1.5, 2.0}) {
+    QFont font = before;
+    font.setPointSizeF(before.pointSizeF() * scale);
+    QApplication::setFont(font);
+    StatisticsPage page;
+    page.Totals.CompletedBoards = 1;
+    page.Totals.HcpTotal = {0, 37, 37, 37, 37};
+    page.Hands = HandRows(page.Totals);
+    page.Shapes = ShapeRows(page.Totals);
+    StatisticsPanel panel(nullptr);
+    panel.Show(page);
+    for (const char* name : {"HandStat", "lbxShapes"}) {
+      const auto& list = test::Find<QTreeWidget>(panel, name);
+      const int margins = 2 * (list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+      for (int row = 0; row < list.topLevelItemCount(); ++row) {
+        for (int i = 0; i < list.columnCount(); ++i) {
+          const QString cell = list.topLevelItem(row)->text(i);
+          EXPECT_LE(list.fontMetrics().horizontalAdvance(cell) + margins, list.columnWidth(i))
+              << cell.toStdString() << " at " << scale;
+        }
+      }
+    }
+  }
+  QApplication::setFont(before);
 }
 
 TEST_F(Statistics, BarsAreOfTheListedShapesAndOfThePoints) {
