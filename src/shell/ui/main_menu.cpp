@@ -84,11 +84,18 @@ void MainMenu::Status(const std::string& text) { panel_->Show(ToQt(WithoutPaddin
 
 void MainMenu::RefreshSet() {
   header_->Show(program_.Set);
-  numbers_->ShowCaption(program_.ShowStatistics);
   lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
-  statisticsPart_->setVisible(program_.ShowStatistics);
+  ShowOrHideStatistics();
   if (!program_.Set.Exists()) ShowStatistics({});
   ShowTitle();
+}
+
+/// A focus that is hidden would go to the event's name, which the next key would change.
+void MainMenu::ShowOrHideStatistics() {
+  const bool shown = program_.ShowStatistics;
+  numbers_->ShowCaption(shown);
+  if (!shown && statisticsPart_->isAncestorOf(focusWidget())) numbers_->FocusButton();
+  statisticsPart_->setVisible(shown);
 }
 
 void MainMenu::ShowStatistics(const StatisticsPage& page) {

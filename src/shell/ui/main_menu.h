@@ -41,6 +41,7 @@ class MainMenu final : public QMainWindow {
   void MakeStatusBar();
   void MakeContent();
   void ShowTitle();
+  void ShowOrHideStatistics();
   void RestorePlace();
   void StorePlace();
 

@@ -30,6 +30,7 @@ SetNumbers::SetNumbers(std::function<void()> toggleStatistics, QWidget* parent) 
   grid->setColumnStretch(5, 1);
   ShowStat_ = new QPushButton(this);
   ShowStat_->setObjectName("ShowStat");
+  ShowStat_->setAutoDefault(true);  // outside a dialog Enter presses no button else
   connect(ShowStat_, &QPushButton::clicked, this, std::move(toggleStatistics));
   grid->addWidget(ShowStat_, 1, 6);
 }
@@ -56,5 +57,7 @@ void SetNumbers::Show(const StatisticsPage& page) {
 void SetNumbers::ShowCaption(bool statisticsShown) {
   ShowStat_->setText(statisticsShown ? "&Hide Statistics" : "&Show Statistics");
 }
+
+void SetNumbers::FocusButton() { ShowStat_->setFocus(); }
 
 }  // namespace morvane::shell

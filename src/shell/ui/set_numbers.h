@@ -22,6 +22,7 @@ class SetNumbers final : public QWidget {
 
   void Show(const StatisticsPage& page);
   void ShowCaption(bool statisticsShown);
+  void FocusButton();
 
  private:
   ShownText* AddNumber(QGridLayout& grid, int row, int column, const char* caption,

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QStyle>
 #include <QTreeWidget>
+#include <utility>
 
 #include "shell/ui/bar_chart.h"
 #include "shell/ui/main_menu_desk.h"
@@ -88,6 +89,16 @@ TEST_F(Statistics, AreCountedWhenTheyAreShown) {
   EXPECT_EQ(Text("txtCompleted"), "3");
 }
 
+TEST_F(Statistics, EnterAndTheSpaceKeyPressTheirButton) {
+  Start();
+  test::Find<QWidget>(*menu, "ShowStat").setFocus();
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    const bool before = desk.Prog.ShowStatistics;
+    test::Press(*menu, key);
+    EXPECT_NE(desk.Prog.ShowStatistics, before) << key;
+  }
+}
+
 TEST_F(Statistics, TheTabKeyGoesOnBelowWhereTheListsStandBelowOneAnother) {
   Start();
   menu->resize(560, 700);
@@ -138,7 +149,9 @@ TEST_F(Statistics, CommandsDuringTheirPumpsDoNothingAndBreakNothing) {
     if (!shell.FlowActive() || seen.size() == 2) return;
     seen.push_back(Text("txtFirstBoard"));
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    test::Press(*menu, Qt::Key_N, Qt::ControlModifier);
     test::Press(*menu, Qt::Key_O, Qt::ControlModifier);
+    test::Press(*menu, Qt::Key_E, Qt::ControlModifier);
     test::Press(*menu, Qt::Key_S, Qt::ControlModifier);
     test::Press(*menu, Qt::Key_D, Qt::ControlModifier);
     test::Press(*menu, Qt::Key_Q, Qt::ControlModifier);
@@ -219,6 +232,20 @@ TEST_F(Statistics, NoCellIsCutWhateverTheFont) {
     }
   }
   QApplication::setFont(before);
+}
+
+TEST_F(Statistics, AFocusInThemGoesToTheirButtonWhenTheyAreHidden) {
+  Start();
+  ShowFigures();
+  for (const auto& [from, to] : {std::pair("lbxShapes", "ShowStat"),
+                                 {"txtInDeals", "ShowStat"},
+                                 {"txtEventSite", "txtEventSite"}}) {
+    test::Find<QWidget>(*menu, from).setFocus();
+    shell.ShowStat();
+    EXPECT_EQ(menu->focusWidget()->objectName(), to) << from;
+    shell.ShowStat();
+    EXPECT_EQ(menu->focusWidget()->objectName(), to) << from;
+  }
 }
 
 TEST_F(Statistics, BarsAreOfTheListedShapesAndOfThePoints) {
