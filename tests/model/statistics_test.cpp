@@ -119,7 +119,8 @@ TEST(ListedShapes, OfOneBoardAreThree) {
 TEST(ListedShapes, OfNoBoardAreNone) { EXPECT_EQ(ListedShapes(0), 0); }
 
 TEST(ListedShapes, GrowWithTheBoards) {
-  // 0.0035 of 32 boards' 128 hands: "7411" (0.00392) is expected 0.50 times and rounds to 1.
+  // Of the 128 hands of 32 boards: "7411" (0.00392) is expected 0.502 times, which rounds to 1, and
+  // "7420" (0.00362) 0.463 times.
   EXPECT_EQ(ListedShapes(32), 18);
   // Of 2560 hands: "9310" 0.257 rounds to 0, "9211" 0.456 too, "8410" 1.157 to 1.
   EXPECT_EQ(ListedShapes(640), 26);
