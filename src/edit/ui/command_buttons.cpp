@@ -53,6 +53,12 @@ const Row& RowOf(Command command) {
                        [command](const Row& row) { return row.Does == command; });
 }
 
+/// A key that is held must not cut or paste board after board; these can be taken back.
+bool MayRepeat(Command command) {
+  return command == Command::kPrev || command == Command::kNext || command == Command::kUndo ||
+         command == Command::kRedo;
+}
+
 QString TipOf(const Row& row) {
   QString tip = row.Tip;
   if (row.Keys[0] == nullptr) return tip;
@@ -82,6 +88,7 @@ QPushButton* CommandButtons::Make(Command command) {
   for (const char* key : row.Keys) {
     if (key == nullptr) continue;
     auto* shortcut = new QShortcut(QKeySequence(key), window_);
+    shortcut->setAutoRepeat(MayRepeat(command));
     connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
   }
   return buttons_[command] = button;

@@ -7,17 +7,9 @@
 namespace morvane::edit {
 
 /// A button that leaves the focus where it is when it is clicked, and Enter to the window. It is
-/// spoken as its tip.
-[[nodiscard]] inline QPushButton* NewEditButton(const QString& name, const QString& caption,
-                                                const QString& tip, QWidget* parent) {
-  auto* button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setAccessibleName(tip);
-  button->setAutoDefault(false);
-  button->setFocusPolicy(Qt::TabFocus);
-  return button;
-}
+/// spoken as its tip. Alt and its letter press it once, at once.
+[[nodiscard]] QPushButton* NewEditButton(const QString& name, const QString& caption,
+                                         const QString& tip, QWidget* parent);
 
 /// The margins and gaps of groups, in pixels.
 inline constexpr int kGroupMargin = 6;

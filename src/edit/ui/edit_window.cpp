@@ -216,6 +216,7 @@ void EditWindow::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
     return;
   }
+  if (event->isAutoRepeat()) return;
   if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
   editor_.EnterKey();
 }
