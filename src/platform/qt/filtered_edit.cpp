@@ -22,7 +22,8 @@ void FilteredEdit::ShowText(const std::string& text) {
 
 void FilteredEdit::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
-  if (selectsWhole_) selectAll();
+  // What its own menu is to work on stays selected.
+  if (selectsWhole_ && event->reason() != Qt::PopupFocusReason) selectAll();
   clickSelects_ = selectsWhole_ && event->reason() == Qt::MouseFocusReason;
 }
 

@@ -78,6 +78,22 @@ TEST_F(EditKeys, AClickSelectsTheWholeSuit) {
   EXPECT_EQ(editor.ActiveSuitBox(), 5);
 }
 
+TEST_F(EditKeys, TheMenuOfABoxWorksOnWhatIsSelected) {
+  desk.Prog.Set.At(1) = test::RoundBoard(1, kEast);
+  Open();
+  Click("txtSuit5");
+  ASSERT_EQ(Cards(5), "J73");
+  Suit(5).setSelection(1, 1);
+  QTest::mouseClick(window->windowHandle(), Qt::RightButton, {},
+                    Suit(5).mapTo(window.get(), QPoint(8, 8)));
+  QWidget* menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  QTest::keyClick(menu, Qt::Key_T);
+  desk.Loop.Pump();
+  EXPECT_EQ(Cards(5), "J3") << "Cut";
+  EXPECT_EQ(QApplication::clipboard()->text(), "7");
+}
+
 TEST_F(EditKeys, ACardButtonLeavesTheFocusInTheBox) {
   desk.Prog.Set.At(1) = test::RoundBoard(1, kEast);
   Open();
