@@ -51,8 +51,9 @@ bool Editor::Accepted() const { return CompareBoards(EditBoard_, program_.Set.Cu
 
 bool Editor::Analyzed() const {
   const auto isSet = [](std::uint8_t level) { return level != 0; };
-  return CompareBoards(EditBoard_, program_.Set.Current()) != 0 &&
-         std::any_of(EditBoard_.Tricks.begin(), EditBoard_.Tricks.end(), isSet);
+  const Board& stored = program_.Set.Current();
+  return CompareBoards(EditBoard_, stored) != 0 &&
+         std::any_of(stored.Tricks.begin(), stored.Tricks.end(), isSet);
 }
 
 bool Editor::Can(Command command) const {
@@ -156,15 +157,15 @@ void Editor::DoToCopy(Command command) {
 }
 
 /// The board keeps its own number, also when the working copy was cleared. What an analysis or the
-/// generator said of it spoke of other cards, where these have changed.
+/// generator said of it spoke of other cards, where these have changed. Undo may have brought the
+/// working copy what was said of cards before: only what the set says counts.
 void Editor::Accept() {
   Board& stored = program_.Set.Current();
   EditBoard_.Number = program_.Set.CurrentBoard;
-  if (CompareBoards(EditBoard_, stored) == 0) {
-    EditBoard_.Tricks = {};
-    EditBoard_.DealNumber = {};
-    EditBoard_.DealCounter = {};
-  }
+  const Board said = CompareBoards(EditBoard_, stored) == 0 ? Board{} : stored;
+  EditBoard_.Tricks = said.Tricks;
+  EditBoard_.DealNumber = said.DealNumber;
+  EditBoard_.DealCounter = said.DealCounter;
   stored = EditBoard_;
   history_.EndTyping();
   Refresh();

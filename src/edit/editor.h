@@ -83,7 +83,7 @@ class Editor {
   [[nodiscard]] int ActiveSuitBox() const { return ActiveSuitBox_; }
   /// Whether the working copy is the set's board, to the last field that an edit changes.
   [[nodiscard]] bool Accepted() const;
-  /// Whether `Tricks` speak of the cards that are shown.
+  /// Whether the `Tricks` of the set's board are known and speak of the cards that are shown.
   [[nodiscard]] bool Analyzed() const;
   [[nodiscard]] const BoardSet& Set() const { return program_.Set; }
   [[nodiscard]] const ClipMemory& Clip() const { return clip_; }

@@ -108,6 +108,26 @@ TEST(Editor, AcceptKeepsWhatWasSaidOfTheSameCards) {
   EXPECT_EQ(stored.DealNumber[11], 1);
 }
 
+TEST(Editor, CardsThatAreTypedAgainKeepWhatWasSaidOfThem) {
+  EditDesk desk;
+  desk.Open();
+  Board& stored = desk.Prog.Set.At(1);
+  stored.Tricks[3] = 4;
+  stored.DealNumber[11] = 1;
+  stored.DealCounter[3] = 1;
+  desk.Edit.DisplayBoard();
+  std::vector<std::string> cards;
+  for (int box = 0; box < kSuitBoxes; ++box) cards.push_back(desk.Text(box));
+  desk.Do(Command::kClear);
+  EXPECT_FALSE(desk.Edit.Analyzed());
+  for (int box = 0; box < kSuitBoxes; ++box) desk.Type(box, cards[static_cast<std::size_t>(box)]);
+  EXPECT_TRUE(desk.Edit.Analyzed());
+  desk.Do(Command::kAccept);
+  EXPECT_EQ(stored.Tricks[3], 4);
+  EXPECT_EQ(stored.DealNumber[11], 1);
+  EXPECT_EQ(stored.DealCounter[3], 1);
+}
+
 TEST(Editor, DoesNotTouchTheMarkOfUnsavedChanges) {
   for (const char* mark : {"0", "1"}) {
     EditDesk desk;

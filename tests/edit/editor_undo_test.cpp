@@ -79,6 +79,23 @@ TEST_F(EditorUndo, ReachesBehindAccept) {
   EXPECT_EQ(Prog.Set.At(1).Status, Board::kEmpty) << "the set changes by Accept alone";
 }
 
+TEST_F(EditorUndo, BringsNoResultsOfOtherCardsBack) {
+  Open();
+  Prog.Set.At(1).Tricks[3] = 4;
+  Edit.DisplayBoard();
+  Type(0, "AKQ");
+  Edit.cmdSwap(0);
+  Edit.cmdSwap(0);
+  Do(Command::kAccept);
+  Undo();
+  Undo();
+  EXPECT_TRUE(Edit.Accepted()) << "the cards that were accepted";
+  EXPECT_FALSE(Edit.Analyzed()) << "the results were those of the board before";
+  Prog.Set.At(1).Dealer = kWest;
+  Do(Command::kAccept);
+  EXPECT_EQ(Prog.Set.At(1).Tricks, Board{}.Tricks);
+}
+
 TEST_F(EditorUndo, ReachesBehindRestore) {
   Open();
   Type(0, "AKQ");

@@ -52,7 +52,7 @@ void TricksTable::Show() {
     headings_[suit]->setText(ColouredSuits(SuitSign(suit), palette()));
   }
   for (std::size_t index = 0; index < kResults; ++index) {
-    DF_NR_[index]->Show(QString::number(editor_.EditBoard().Tricks[index]));
+    DF_NR_[index]->Show(QString::number(editor_.Set().Current().Tricks[index]));
   }
 }
 
