@@ -260,6 +260,7 @@ void Editor::EnterSuit(int box) {
 }
 
 void Editor::EnterKey() {
+  if (closed_) return;
   Timer3_ = program_.Loop.StartTimer(kTimer3Ms, [this] {
     Timer3_.reset();
     if (view_ != nullptr) view_->FocusSuitBox();

@@ -185,6 +185,7 @@ TEST_F(EditorLimits, NothingHappensAfterClosing) {
   Edit.cmdExit();
   Prog.Link = {LinkRequest::kDownload, "a.adc"};
   Do(Command::kDelete);
+  Edit.EnterKey();
   Loop.WaitMs(1000);
   EXPECT_EQ(View.Focused, 0);
   EXPECT_EQ(Prog.Set.LastBoard, 3);
