@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -199,19 +200,23 @@ void PreferencesWindow::Show() {
 /// A number is looked at when its control has been left, not in the middle of that.
 bool PreferencesWindow::eventFilter(QObject* watched, QEvent* event) {
   if (IsLeaving(*event)) {
-    left_ = static_cast<FilteredEdit*>(watched);
+    left_.push_back(static_cast<FilteredEdit*>(watched));
     QApplication::postEvent(this, new QEvent(QEvent::User));
   }
   return QDialog::eventFilter(watched, event);
 }
 
 void PreferencesWindow::customEvent(QEvent* /*event*/) {
+  // Keys that come at once leave both boxes before this comes up.
+  const auto left = std::exchange(left_, {});
   if (telling_ || preferences_.Closed()) return;
   telling_ = true;
-  const bool fits = left_ == Setup_New_FirstBoard_ ? preferences_.LeaveFirstBoard()
-                                                   : preferences_.LeaveLastBoard();
+  const auto wrong = std::find_if(left.begin(), left.end(), [this](const FilteredEdit* box) {
+    return !(box == Setup_New_FirstBoard_ ? preferences_.LeaveFirstBoard()
+                                          : preferences_.LeaveLastBoard());
+  });
   telling_ = false;
-  if (!fits) Correct(*left_);
+  if (wrong != left.end()) Correct(**wrong);
 }
 
 void PreferencesWindow::Close() {

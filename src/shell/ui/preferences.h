@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <array>
+#include <vector>
 
 #include "shell/preferences.h"
 
@@ -44,8 +45,8 @@ class PreferencesWindow final : public QDialog {
   std::array<QCheckBox*, Preferences::kSwitches.size()> switches_{};
   QButtonGroup* generators_ = nullptr;
   QButtonGroup* analyzers_ = nullptr;
-  FilteredEdit* left_ = nullptr;  ///< the box that is to be checked
-  bool telling_ = false;          ///< a refusal is on the screen
+  std::vector<FilteredEdit*> left_;  ///< the boxes that are to be checked
+  bool telling_ = false;             ///< a refusal is on the screen
 };
 
 }  // namespace morvane::shell

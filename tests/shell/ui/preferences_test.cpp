@@ -244,5 +244,41 @@ TEST_F(PreferencesWindowTest, TheTabKeyGoesThroughItAsTheEyeDoes) {
   });
 }
 
+TEST_F(PreferencesWindowTest, TheTabKeyComesBackToTheOptionThatIsSetNow) {
+  Open([](QWidget& window) {
+    test::Find<QWidget>(window, "Gen2").setFocus();
+    test::Press(window, Qt::Key_Up);
+    EXPECT_TRUE(Checked(window, "Gen1"));
+    test::Press(window, Qt::Key_Tab);
+    test::Press(window, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Focus(window), "Gen1");
+    test::Click(window, "Gen0");
+    test::Press(window, Qt::Key_Tab);
+    test::Press(window, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Focus(window), "Gen0");
+    test::Click(window, "Restore");
+    test::Press(window, Qt::Key_Tab);
+    EXPECT_EQ(Focus(window), "Gen2") << "set by the defaults, and next to where the focus was";
+    test::Click(window, "Exit");
+  });
+}
+
+TEST_F(PreferencesWindowTest, OfKeysThatComeAtOnceTheFirstWrongNumberIsRefused) {
+  Open([this](QWidget& window) {
+    test::Type(window, "641");
+    ExpectBox();
+    for (int n = 1; n <= 2; ++n) {  // both before the window comes to look
+      QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, {});
+      QApplication::sendEvent(window.focusWidget(), &tab);
+    }
+    desk.Loop.Pump();
+    ASSERT_THAT(desk.Boxes, SizeIs(1));
+    EXPECT_THAT(desk.Boxes[0].Text, ::testing::StartsWith("First Board number"));
+    EXPECT_EQ(Focus(window), "Setup_New_FirstBoard");
+    test::Type(window, "1");
+    test::Click(window, "Exit");
+  });
+}
+
 }  // namespace
 }  // namespace morvane::shell
