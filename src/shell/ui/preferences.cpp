@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kColumnGap = 24;
+constexpr int kRowGap = 4;  // otherwise the columns' gap counts for the rows within them too
 constexpr int kNumberWidth = 60;
 
 struct Option {
@@ -35,12 +36,14 @@ struct Option {
 /// Options one below the other, of which one is set; their numbers count from 0.
 QLayout* MakeOptions(QButtonGroup& group, QWidget* parent, std::initializer_list<Option> options) {
   auto* column = new QVBoxLayout;
+  column->setSpacing(kRowGap);
   for (const Option& option : options) {
     auto* button = new QRadioButton(option.Caption, parent);
     button->setObjectName(option.Name);
     group.addButton(button, static_cast<int>(group.buttons().size()));
     column->addWidget(button);
   }
+  column->addStretch();
   return column;
 }
 
@@ -112,6 +115,7 @@ QLayout* PreferencesWindow::MakeRange() {
   Setup_New_FirstBoard_ = AddBoardBox("Setup_New_FirstBoard", true);
   Setup_New_LastBoard_ = AddBoardBox("Setup_New_LastBoard", false);
   auto* form = new QFormLayout;
+  form->setVerticalSpacing(kRowGap);
   form->addRow("First Board in Set:", Setup_New_FirstBoard_);
   form->addRow("Last Board in Set:", Setup_New_LastBoard_);
   return form;
@@ -134,6 +138,7 @@ FilteredEdit* PreferencesWindow::AddBoardBox(const char* name, bool first) {
 
 QLayout* PreferencesWindow::MakeSwitches(Preferences::Frame frame) {
   auto* column = new QVBoxLayout;
+  column->setSpacing(kRowGap);
   for (std::size_t i = 0; i < Preferences::kSwitches.size(); ++i) {
     const Preferences::Switch& each = Preferences::kSwitches[i];
     if (each.Where != frame) continue;

@@ -5,8 +5,10 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 
+#include "platform/qt/window_place.h"
 #include "shell/ui/main_menu_desk.h"
 
 namespace morvane::shell {
@@ -240,6 +242,15 @@ TEST_F(PreferencesWindowTest, TheTabKeyGoesThroughItAsTheEyeDoes) {
                            "Setup_Save_Event", "Setup_Save_Incomplete", "Setup_Save_Numbers",
                            "Setup_Save_Analyze", "Show_boards", "Setup_Deal_Sub", "Setup_Deal_Copy",
                            "Analize1", "Restore", "Exit"));
+    test::Click(window, "Exit");
+  });
+}
+
+TEST_F(PreferencesWindowTest, ASmallScreenHoldsItWithoutScrolling) {
+  Open([this](QWidget& window) {
+    FitToScreen(window, QRect(0, 0, 800, 600));
+    desk.Loop.Pump();
+    for (const auto* bar : window.findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible());
     test::Click(window, "Exit");
   });
 }
