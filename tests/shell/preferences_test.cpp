@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "platform/ini_settings.h"
 #include "support/fakes.h"
 
 namespace morvane::shell {
@@ -149,6 +150,34 @@ TEST_F(PreferencesTest, ClosingWritesEveryControl) {
   EXPECT_FALSE(desk.Store.Has(kDealNumberCopies));
 }
 
+TEST_F(PreferencesTest, WhatWasWrittenIsReadFromTheFileByTheNextProgram) {
+  const std::string path = desk.Folder / "settings.ini";
+  const auto withProgram = [&](const auto& act) {
+    IniSettings store(path);
+    Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
+                    {desk.Folder.Path(), desk.Folder.Path()});
+    Preferences preferences(program);
+    act(preferences);
+  };
+  std::array<bool, Preferences::kSwitches.size()> written{};
+  withProgram([&](Preferences& preferences) {
+    preferences.ChangeFirstBoard({"5", 1});
+    preferences.ChangeLastBoard({"640", 3});
+    for (bool& on : preferences.On) on = !on;
+    written = preferences.On;
+    preferences.Generator = 1;
+    preferences.Analyzer = 1;
+    EXPECT_EQ(preferences.Close(), Preferences::Wrong::kNone);
+  });
+  withProgram([&](const Preferences& preferences) {
+    EXPECT_EQ(preferences.Setup_New_FirstBoard, "5");
+    EXPECT_EQ(preferences.Setup_New_LastBoard, "640");
+    EXPECT_EQ(preferences.On, written);
+    EXPECT_EQ(preferences.Generator, 1);
+    EXPECT_EQ(preferences.Analyzer, 1);
+  });
+}
+
 TEST_F(PreferencesTest, AWrongNumberKeepsTheWindowOpenAndWritesNothing) {
   Preferences preferences(desk.Prog);
   preferences.ChangeFirstBoard({"", 0});
@@ -184,7 +213,9 @@ TEST_F(PreferencesTest, RestoreWritesEveryDefaultButDealSub) {
   EXPECT_TRUE(Switch(again, "Setup_Deal_Sub"));
   EXPECT_FALSE(Switch(again, "Setup_Deal_Copy"));
 
-  EXPECT_EQ(again.Close(), Preferences::Wrong::kNone);
+  desk.Store.Set(kGenerator, "0");
+  desk.Store.Set(kAnalyzer, "1");
+  EXPECT_EQ(again.Close(), Preferences::Wrong::kNone) << "which writes them once more";
   EXPECT_EQ(Stored(kGenerator), "2");
   EXPECT_EQ(Stored(kAnalyzer), "0");
 }
