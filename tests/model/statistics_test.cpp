@@ -245,7 +245,8 @@ TEST(PointFrequency, IsThatOfCountingTheHonoursOut) {
     for (int k = 0; k <= 4; ++k) {
       for (int q = 0; q <= 4; ++q) {
         for (int j = 0; j <= 4 && a + k + q + j <= 13; ++j) {
-          frequency[static_cast<std::size_t>(4 * a + 3 * k + 2 * q + j)] +=
+          const int points = 4 * a + 3 * k + 2 * q + j;
+          frequency[static_cast<std::size_t>(points)] +=
               choices(4, a) * choices(4, k) * choices(4, q) * choices(4, j) *
               choices(36, 13 - a - k - q - j) / static_cast<double>(test::kAllHands);
         }

@@ -69,8 +69,9 @@ void StatisticsList::Show(const std::vector<QStringList>& rows) {
   rows_ = rows;
   clear();
   for (const QStringList& row : rows) {
-    auto* item = new QTreeWidgetItem(this, row);
+    auto* item = new QTreeWidgetItem(row);
     for (int column = 1; column < columnCount(); ++column) item->setTextAlignment(column, kNumbers);
+    addTopLevelItem(item);
   }
 }
 

@@ -28,6 +28,7 @@ QStringList HandRowNames() {
 
 std::vector<QStringList> RowsOf(const std::vector<HandRow>& hands) {
   std::vector<QStringList> rows;
+  rows.reserve(hands.size());
   for (const HandRow& hand : hands) {
     QStringList row{ToQt(hand.Name)};
     for (const std::string& cell : hand.Cells) row << ToQt(cell);
@@ -38,6 +39,7 @@ std::vector<QStringList> RowsOf(const std::vector<HandRow>& hands) {
 
 std::vector<QStringList> RowsOf(const std::vector<ShapeRow>& shapes) {
   std::vector<QStringList> rows;
+  rows.reserve(shapes.size());
   for (const ShapeRow& shape : shapes) {
     rows.push_back(
         {ToQt(shape.Shape), ToQt(shape.Actual), ToQt(shape.Expected), ToQt(shape.Difference)});
