@@ -12,6 +12,7 @@
 #include "generate/seeds.h"
 #include "history/history_ring.h"
 #include "model/similarity.h"
+#include "support/counted_similarity.h"
 #include "support/fakes.h"
 
 namespace {
@@ -23,18 +24,6 @@ constexpr int kBoards = 20000;
 constexpr double kWantedFactor = 5;
 constexpr double kWantedSeconds = 1;
 constexpr int kRuns = 15;
-
-/// The definition of similarity: 52 steps a pair.
-int ByCounting(const Board& a, const Board& b) {
-  std::array<int, 16> counters{};
-  for (std::size_t card = 1; card <= kCards; ++card) {
-    const unsigned inA = a.Cards[card];
-    const unsigned inB = b.Cards[card];
-    if (inA < 1 || inA > 4 || inB < 1 || inB > 4) continue;
-    ++counters[(inA - 1) * 4 + inB - 1];
-  }
-  return *std::max_element(counters.begin(), counters.end());
-}
 
 std::vector<Board> RandomDeals(int count) {
   generate::NumberDealer dealer;
@@ -57,9 +46,12 @@ bool CompareMethods(const std::vector<Board>& deals) {
   int most = 0;
   const double counting = Milliseconds(kRuns, [&] {
     most = 0;
-    for (const Board& board : boards) most = std::max(most, ByCounting(candidate, board));
+    for (const Board& board : boards)
+      most = std::max(most, test::CountedSimilarity(candidate, board).Cards);
   });
-  const auto isMost = [&](const Board& board) { return ByCounting(candidate, board) == most; };
+  const auto isMost = [&](const Board& board) {
+    return test::CountedSimilarity(candidate, board).Cards == most;
+  };
   const auto firstMost =
       static_cast<std::size_t>(std::find_if(boards.begin(), boards.end(), isMost) - boards.begin());
   std::printf("A candidate against %d boards:\n", kBoards);

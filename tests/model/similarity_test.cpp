@@ -7,20 +7,10 @@
 #include <random>
 #include <vector>
 
+#include "support/counted_similarity.h"
+
 namespace morvane {
 namespace {
-
-/// The definition, card by card.
-Similarity ByCounting(const Board& a, const Board& b) {
-  std::array<int, 16> counters{};
-  for (std::size_t card = 1; card <= 52; ++card) {
-    if (a.Cards[card] < 1 || a.Cards[card] > 4 || b.Cards[card] < 1 || b.Cards[card] > 4) continue;
-    ++counters[(a.Cards[card] - 1U) * 4U + b.Cards[card] - 1U];
-  }
-  const auto best = std::max_element(counters.begin(), counters.end());
-  const auto index = static_cast<std::size_t>(best - counters.begin());
-  return {*best, "NESW"[index / 4], "NESW"[index % 4]};
-}
 
 Board RandomBoard(std::mt19937& random) {
   std::array<std::uint8_t, 52> order{};
@@ -63,7 +53,7 @@ TEST(CompareHands, AgreesWithCountingCardByCard) {
   const std::vector<Board> boards = ManyBoards();
   for (std::size_t i = 1; i < boards.size(); ++i) {
     for (std::size_t j = i - 1; j < i; --j) {
-      const Similarity counted = ByCounting(boards[i], boards[j]);
+      const Similarity counted = test::CountedSimilarity(boards[i], boards[j]);
       const Similarity similarity = CompareHands(boards[i], boards[j]);
       ASSERT_EQ(similarity.Cards, counted.Cards) << i << " " << j;
       ASSERT_EQ(similarity.HandA, counted.HandA) << i << " " << j;
@@ -81,7 +71,7 @@ TEST(FirstMoreAlike, EveryMethodFindsTheSameBoard) {
     for (std::size_t candidate = 0; candidate < 40; ++candidate) {
       for (int than = -1; than <= 13; ++than) {
         const auto expected = std::find_if(boards.begin(), boards.end(), [&](const Board& other) {
-          return ByCounting(boards[candidate], other).Cards > than;
+          return test::CountedSimilarity(boards[candidate], other).Cards > than;
         });
         ASSERT_EQ(method.FirstMoreAlike(masks[candidate], masks, than),
                   static_cast<std::size_t>(expected - boards.begin()))
