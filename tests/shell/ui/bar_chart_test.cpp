@@ -50,7 +50,7 @@ TEST_F(Bars, AreAsHighAsTheirNumbers) {
   const int ten = Height("one: 10, expected 5.0", Filled());
   EXPECT_GT(ten, 100);
   EXPECT_EQ(Height("two: 0, expected 10.0", Filled()), 0);
-  EXPECT_NEAR(Height("one: 10, expected 5.0", outline), ten / 2, 2);
+  EXPECT_NEAR(Height("one: 10, expected 5.0", outline), ten / 2.0, 2);
   EXPECT_NEAR(Height("two: 0, expected 10.0", outline), ten, 2);
 }
 
