@@ -221,7 +221,7 @@ TEST(HistoryTest, ASimilarityOfAtLeastTheLimitRejects) {
 }
 
 TEST(BestPair, NamesBothBoardsWithTheirHands) {
-  const BestPair pair{9, 12, 'N', 5, 'E', "evening"};
+  const BestPair pair{{9, 12, 'N', 5, 'E'}, "evening"};
   EXPECT_EQ(pair.Text(), "9, 12N:5E");
 }
 
