@@ -50,30 +50,30 @@ void FillSet(BoardSet& set) {
 /// The desktop but for its `main`, on no display.
 struct Desktop {
   Desktop() {
-    windows.SetMainMenu(menu);
-    desk.Ui.SetMainWindow(menu.ForUi());
-    static_cast<void>(main.StartUp(""));
-    FillSet(desk.Prog.Set);
-    desk.Prog.ShowStatistics = true;
-    menu.RefreshSet();
+    Windows.SetMainMenu(Menu);
+    Desk.Ui.SetMainWindow(Menu.ForUi());
+    static_cast<void>(Main.StartUp(""));
+    FillSet(Desk.Prog.Set);
+    Desk.Prog.ShowStatistics = true;
+    Menu.RefreshSet();
   }
-  test::QtDesk desk;
-  simulator::SimulatedMachine machine{simulator::Options(), desk.Clock};
-  shell::QtWindows windows{desk.Prog};
-  LoneInstance alone;
-  shell::Shell main{desk.Prog, machine, windows, alone};
-  shell::MainMenu menu{desk.Prog, main};
+  test::QtDesk Desk;
+  simulator::SimulatedMachine Machine{simulator::Options(), Desk.Clock};
+  shell::QtWindows Windows{Desk.Prog};
+  LoneInstance Alone;
+  shell::Shell Main{Desk.Prog, Machine, Windows, Alone};
+  shell::MainMenu Menu{Desk.Prog, Main};
 };
 
 /// From the first step to the last figure painted.
 bool RefreshIsQuick(Desktop& desktop) {
   const double taken = Milliseconds(kRuns, [&] {
-    shell::RefreshStatistics(desktop.desk.Prog, desktop.windows);
-    desktop.desk.Loop.Pump();
+    shell::RefreshStatistics(desktop.Desk.Prog, desktop.Windows);
+    desktop.Desk.Loop.Pump();
   });
   std::printf("RefreshStatistics of %s boards, in the main window, most alike %s:\n",
-              test::TextOf(desktop.menu, "txtCompleted").c_str(),
-              test::TextOf(desktop.menu, "txtInDeals").c_str());
+              test::TextOf(desktop.Menu, "txtCompleted").c_str(),
+              test::TextOf(desktop.Menu, "txtInDeals").c_str());
   std::printf("  %8.3f ms (wanted: under %.0f ms)\n", taken, kWantedMs);
   return taken < kWantedMs;
 }
@@ -98,6 +98,6 @@ int main(int argc, char** argv) {
   Desktop desktop;
   std::printf("Number dealer, block 01 02 03 04 05\n");
   const bool quick = RefreshIsQuick(desktop);
-  const bool faster = PairIsFoundFaster(desktop.desk.Prog.Set);
+  const bool faster = PairIsFoundFaster(desktop.Desk.Prog.Set);
   return quick && faster ? 0 : 1;
 }

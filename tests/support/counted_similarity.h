@@ -9,7 +9,7 @@ namespace morvane::test {
 
 /// The definition of the likeness of two boards, card by card: 52 steps.
 inline Similarity CountedSimilarity(const Board& a, const Board& b) {
-  std::array<int, kHands * kHands> counters{};
+  std::array<int, 16> counters{};  // of each hand of the one with each of the other
   for (std::size_t card = 1; card <= kCards; ++card) {
     const unsigned inA = a.Cards[card];
     const unsigned inB = b.Cards[card];
