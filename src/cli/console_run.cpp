@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
-#include "text/columns.h"
 #include "platform/console/console_ui.h"
+#include "text/columns.h"
 #include "text/text.h"
 
 namespace morvane::cli {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "text/columns.h"
 #include "simulator/simulated_machine.h"
+#include "text/columns.h"
 #include "text/text.h"
 
 namespace morvane::cli {

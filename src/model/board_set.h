@@ -20,7 +20,7 @@ struct BoardSet {
   /// The editor has changed boards since the set was saved, which does not raise the question
   /// whether to save: required.
   bool Edited = false;
-  std::string BoardSetFile;           ///< full path; empty for a new set
+  std::string BoardSetFile;  ///< full path; empty for a new set
   std::string EventName;
   std::string EventSite;
   std::string EventDate;
