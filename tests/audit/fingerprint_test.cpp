@@ -1,26 +1,13 @@
 #include "audit/fingerprint.h"
 
 #include "audit/audit_desk.h"
+#include "support/two_boards.h"
 
 namespace morvane::audit {
 namespace {
 
-// The expected values are what `sha256sum` says of the lines in the comments, each ended with LF;
-// `openssl dgst -sha256` says the same.
-
-// 1 AKQJT98765432... .AKQJT98765432.. ..AKQJT98765432. ...AKQJT98765432
-// 2 AT62.J73.Q84.K95 K95.AT62.J73.Q84 Q84.K95.AT62.J73 J73.Q84.K95.AT62
-constexpr const char* kTwoBoards =
-    "8d5417bc01e60c7a2bebba4ee30545013b5345823cb85b1d0cd50920f27573e3";
-
-BoardSet TwoBoards() {
-  BoardSet set;
-  set.FirstBoard = 1;
-  set.LastBoard = 2;
-  set.At(1) = test::SuitBoard(1);
-  set.At(2) = test::RoundBoard(2);
-  return set;
-}
+using test::kTwoBoards;
+using test::TwoBoards;
 
 TEST(SetFingerprint, OfRecordsIsThatOfTheirSetInWhateverOrderTheyStand) {
   const BoardSet set = TwoBoards();
