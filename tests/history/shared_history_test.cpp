@@ -65,6 +65,7 @@ TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
     children.push_back(InProcess(helper, desk, [&](Program& program, History& history) {
       test::FillSet(program.Set, process + 1, process + 2);
       for (int n = 1; n <= kEntries; ++n) {
+        program.Locks.Renew();  // each is a flow of its own
         history.AddToHistory(program, std::to_string(process) + " " + std::to_string(n));
         program.Log.WriteLine("line " + std::to_string(process) + " " + std::to_string(n));
       }
