@@ -17,7 +17,7 @@ std::string BoardText(int number) { return "Board " + RightAligned(std::to_strin
 
 }  // namespace
 
-ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
+ConsoleRun::ConsoleRun(Program& program, Terminal& terminal, machine::BoardRun& run,
                        const DealOptions& request, MachineSide side, RunReport& report)
     : program_(program),
       terminal_(terminal),
@@ -77,7 +77,7 @@ void ConsoleRun::EndBoard() {
   asked_ = false;
   const DealtBoard board{program_.Set.CurrentBoard, run_.Place().CurrentCopy(),
                          run_.Cards().Seconds(),
-                         run_.LastOutcome() == machine::DealingRun::Outcome::kDealt,
+                         run_.LastOutcome() == machine::BoardRun::Outcome::kDone,
                          side_.Judge ? side_.Judge(program_.Set.Current()) : Verdict{}};
   ShowProgress("");
   terminal_.Out(BoardText(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +

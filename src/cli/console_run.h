@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cli/deal_options.h"
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "platform/console/terminal.h"
 #include "program/program.h"
 
@@ -42,7 +42,7 @@ struct RunReport {
 /// has faults answered on the terminal, and leaves after the last board.
 class ConsoleRun final : public machine::RunView {
  public:
-  ConsoleRun(Program& program, Terminal& terminal, machine::DealingRun& run,
+  ConsoleRun(Program& program, Terminal& terminal, machine::BoardRun& run,
              const DealOptions& request, MachineSide side, RunReport& report);
 
   void ShowState() override;
@@ -64,7 +64,7 @@ class ConsoleRun final : public machine::RunView {
 
   Program& program_;
   Terminal& terminal_;
-  machine::DealingRun& run_;
+  machine::BoardRun& run_;
   const DealOptions& request_;
   MachineSide side_;
   RunReport& report_;

@@ -13,7 +13,7 @@ void ConsoleWindows::ShowLoadNumber(files::LoadNumber& dialog) {
   dialog.Command1();
 }
 
-std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::DealingRun& run) {
+std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::BoardRun& run) {
   return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, deal_, side_, report_);
 }
 

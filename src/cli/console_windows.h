@@ -32,7 +32,7 @@ class ConsoleWindows final : public shell::FlowWindows {
   void BringToFront() override {}
   /// A number that is refused is not asked for again: the load ends there.
   void ShowLoadNumber(files::LoadNumber& dialog) override;
-  std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
+  std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
 
  private:
   Workplace& place_;

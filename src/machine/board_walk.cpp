@@ -18,6 +18,16 @@ void BoardWalk::BackToStart() {
   copy_ = 1;
 }
 
+bool BoardWalk::Grow() {
+  if (memory_.RunLast >= kMaxBoards) return false;
+  ++memory_.RunLast;
+  if (memory_.RunLast > set_.LastBoard) {
+    set_.LastBoard = memory_.RunLast;
+    set_.At(set_.LastBoard) = NumberedBoard(set_.LastBoard);
+  }
+  return true;
+}
+
 void BoardWalk::Take(Step step) {
   switch (step) {
     case Step::kFirst:

@@ -27,6 +27,10 @@ class BoardWalk {
   /// Takes range and copies from the last opening where they are in use, otherwise the whole set
   /// and one copy, and goes to the first board.
   void Open(bool copies, bool subRange);
+  /// There is no copy of a board that is read.
+  void WithoutCopies() { memory_.NumberOfCopies = 0; }
+  /// One board more, an empty one where the set has none; false when there can be none.
+  bool Grow();
 
   /// One button of the walk; it stays within range and copies.
   void Take(Step step);

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "model/national_letters.h"
 
 namespace morvane::machine {
 
-BoardDisplay DisplayHand(const DealingRun& run, int number) {
+BoardDisplay DisplayHand(const BoardRun& run, int number) {
   const Board& board = run.CurrentBoard();
   BoardDisplay display;
   display.Board = " Board: " + std::to_string(number);

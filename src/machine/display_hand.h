@@ -10,7 +10,7 @@
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
 
 /// What `Picture1` shows of the current board.
 struct BoardDisplay {
@@ -34,6 +34,6 @@ struct BoardDisplay {
 };
 
 /// `number` is the current board's number.
-[[nodiscard]] BoardDisplay DisplayHand(const DealingRun& run, int number);
+[[nodiscard]] BoardDisplay DisplayHand(const BoardRun& run, int number);
 
 }  // namespace morvane::machine

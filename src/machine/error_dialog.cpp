@@ -10,6 +10,7 @@ constexpr int kUnreadableLabel = 64;
 constexpr int kWrongLabel = 65;
 
 std::string PlaceOf(const Fault& fault) {
+  if (fault.Board == 0) return "";
   std::string place = "Board " + std::to_string(fault.Board);
   if (fault.Card != 0) {
     place += ", card " + std::to_string(fault.Card) + " of " + std::to_string(kCards);

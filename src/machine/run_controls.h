@@ -12,10 +12,12 @@ struct RunControls {
   bool cmdLast = false;
   bool cmdDeal = false;
   bool Deal_next = false;
-  bool cmdBreak = false;
+  bool cmdBreak = false;  ///< and `cmdSortBreak`
   bool cmdExit = false;
   bool PrevCopy = false;
   bool NextCopy = false;
+  bool cmdClear = false;
+  bool cmdSort = false;
   bool Options = false;  ///< card settings, behaviour and number boxes
 
   [[nodiscard]] bool Allows(BoardWalk::Step step) const;
@@ -29,6 +31,7 @@ struct RunWindowState {
   RunControls Controls;
   bool SettingsShown = false;  ///< what depends on the machine hides until it has answered
   bool CopiesShown = false;
+  bool ReadModesShown = false;
   bool SubRangeShown = false;
   bool Command1Shown = false;
   bool ShowBoards = false;

@@ -6,7 +6,8 @@
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
+class SortingRun;
 
 /// The windows in which the machine runs.
 class RunDialogs {
@@ -14,7 +15,10 @@ class RunDialogs {
   virtual ~RunDialogs() = default;
   /// Shows the run's window and gives it away; it goes when it is destroyed. Nothing: this program
   /// has no such window.
-  [[nodiscard]] virtual std::unique_ptr<RunView> OpenDealinProg(DealingRun& /*run*/) {
+  [[nodiscard]] virtual std::unique_ptr<RunView> OpenDealinProg(BoardRun& /*run*/) {
+    return nullptr;
+  }
+  [[nodiscard]] virtual std::unique_ptr<RunView> OpenSortProg(SortingRun& /*run*/) {
     return nullptr;
   }
 };

@@ -8,6 +8,7 @@ void RunOptions::Load() {
   Cards = CardSettings::Load(program_.Store);
   Check_board = program_.Store.IsOn(kCheckBoard);
   AutoStartEnabled = program_.Store.IsOn(kInitStartFromBox);
+  ReadMode = program_.Store.Get(kInitReadMode) == "1" ? kPlayedBoards : kSimulateDealing;
   MachineKnown = false;
 }
 
@@ -34,7 +35,7 @@ bool RunOptions::StartGatesPass() {
 
 bool RunOptions::Refused(const VersionGate& gate) {
   if (Passes(machine_, gate)) return false;
-  ShowDealingError(program_, machine_, GateText(machine_, program_.Texts, gate));
+  ShowRunError(program_, machine_, GateText(machine_, program_.Texts, gate));
   return true;
 }
 
@@ -57,7 +58,7 @@ void RunOptions::SetCardIndex(int cardIndex) {
   if (!MachineKnown) return;
   const std::string refusal = WhyNotIndex(cardIndex);
   Cards.CardIndex = refusal.empty() ? cardIndex : CardSettings::kStandardIndex;
-  if (!refusal.empty()) ShowDealingError(program_, machine_, refusal);
+  if (!refusal.empty()) ShowRunError(program_, machine_, refusal);
   Store(kCardIndex, Cards.CardIndex);
 }
 
@@ -75,7 +76,7 @@ void RunOptions::SetCheck_board(bool on) {
   if (!MachineKnown) return;
   const std::string refusal = on ? WhyNotCheck_board() : "";
   Check_board = on && refusal.empty();
-  if (!refusal.empty()) ShowDealingError(program_, machine_, refusal);
+  if (!refusal.empty()) ShowRunError(program_, machine_, refusal);
   Store(kCheckBoard, Check_board ? 1 : 0);
 }
 
@@ -90,14 +91,20 @@ void RunOptions::SetStart_from_box(bool on) {
   Store(kInitStartFromBox, on ? 1 : 0);
 }
 
+void RunOptions::SetReadMode(int readMode) {
+  ReadMode = readMode;
+  Store(kInitReadMode, readMode);
+}
+
 void RunOptions::Store(const SettingKey& key, int value) {
   const LinkHold hold(machine_);  // a failure shows a box
   program_.StoreSetting(key, std::to_string(value));
 }
 
-void ShowDealingError(Program& program, Machine& machine, const std::string& text) {
+void ShowRunError(Program& program, Machine& machine, const std::string& text,
+                  std::string_view title) {
   const LinkHold hold(machine);
-  program.ShowMessage(text, kOkCritical, "Dealing Error");
+  program.ShowMessage(text, kOkCritical, std::string(title));
 }
 
 }  // namespace morvane::machine

@@ -16,6 +16,9 @@ class RunOptions {
   RunOptions(Program& program, Machine& machine) : program_(program), machine_(machine) {}
 
   CardSettings Cards;
+  /// What the cards of a read run are: dealt by hand one by one, or a board that was played.
+  enum ReadModes { kSimulateDealing = 0, kPlayedBoards = 1 };
+  int ReadMode = kSimulateDealing;  ///< `read_mode1`, `read_mode2`
   bool Check_board = false;
   bool AutoStartEnabled = false;  ///< `Start_from_box` is ticked
   /// The machine has answered; before, what it must be asked about cannot be changed.
@@ -34,6 +37,7 @@ class RunOptions {
   void SetCardIndex(int cardIndex);
   void SetCheck_board(bool on);
   void SetStart_from_box(bool on);
+  void SetReadMode(int readMode);
 
  private:
   [[nodiscard]] std::string WhyNotIndex(int cardIndex) const;
@@ -45,7 +49,8 @@ class RunOptions {
   Machine& machine_;
 };
 
-/// A box "Dealing Error"; nothing starts behind it.
-void ShowDealingError(Program& program, Machine& machine, const std::string& text);
+/// A box; nothing starts behind it.
+void ShowRunError(Program& program, Machine& machine, const std::string& text,
+                  std::string_view title = "Dealing Error");
 
 }  // namespace morvane::machine

@@ -1,17 +1,11 @@
 #include "machine/run_parts.h"
 
-#include "machine/hand_list.h"
+#include <algorithm>
 
 namespace morvane::machine {
 namespace {
 
 constexpr int kAfterErrorMs = 300;
-
-/// The card at which the machine stopped is known by those that it has dealt.
-Fault FaultOf(const RunParts& run) {
-  const int missing = CardsMissing(run.Prog.Set.Current(), run.Run.CardLog);
-  return {.Board = run.Prog.Set.CurrentBoard, .Card = missing == 0 ? 0 : kCards - missing + 1};
-}
 
 }  // namespace
 
@@ -20,20 +14,33 @@ wire::RunSettings StartSettings(const RunParts& run, std::uint8_t rotation) {
   return {cards.CardConfig(), rotation, cards.CardConfigExtra()};
 }
 
-DialogAnswer AnswerFault(RunParts& run) {
+void ShowBreakOnly(RunParts& run) {
+  run.Window.Controls = {};
+  run.Window.Controls.cmdBreak = true;
+  run.View->ShowControls();
+}
+
+Fault PlaceOfStop(const RunParts& run) {
+  const auto& log = run.Run.CardLog.Bytes;
+  const auto undealt = std::count(log.begin(), log.begin() + kCards, 0);
+  const int fallen = kCards - static_cast<int>(undealt);
+  return {.Board = run.Prog.Set.CurrentBoard, .Card = fallen == kCards ? 0 : fallen + 1};
+}
+
+DialogAnswer AnswerFault(RunParts& run, const Fault& fault) {
   run.View->ShowBoard();
   if (run.Run.Leaving()) return kStop;
-  const DialogAnswer answer =
-      AskAboutError(run.Prog, run.TheMachine, *run.View, kStop, FaultOf(run));
+  const DialogAnswer answer = AskAboutError(run.Prog, run.TheMachine, *run.View, kStop, fault);
   run.Prog.Loop.WaitMs(kAfterErrorMs);
   run.Run.Pump();
   return answer;
 }
 
-CardRun::End RunToIdle(RunParts& run, const CardRun::Plan& plan) {
+RunEnd RunToIdle(RunParts& run, const CardRun::Plan& plan) {
   const CardRun::End end = run.Run.Run(plan);
-  if (end != CardRun::End::kStopped) return end;
-  return run.Run.Probe() ? end : CardRun::End::kLinkLost;
+  if (end == CardRun::End::kGivenUp) return RunEnd::kGivenUp;
+  if (end == CardRun::End::kLinkLost || !run.Run.Probe()) return RunEnd::kLinkLost;
+  return run.TheMachine.MachineError == 0 ? RunEnd::kDone : RunEnd::kStopped;
 }
 
 }  // namespace morvane::machine

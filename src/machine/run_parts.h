@@ -28,15 +28,30 @@ struct RunParts {
   CardRun Run;
 };
 
+/// How one run of cards ended.
+enum class RunEnd {
+  kDone,        ///< no fault stands, and all cards came through as far as the machine can tell
+  kIncomplete,  ///< no fault stands, but cards are missing; nobody has been told yet
+  kStopped,     ///< by a fault that was not continued
+  kGivenUp,     ///< nobody waits for the machine any more
+  kLinkLost,    ///< nobody has been told yet
+};
+
 // What reading, dealing and sorting share.
 
 /// Byte 2 to 6 of a start frame; `rotation` is 0..3.
 [[nodiscard]] wire::RunSettings StartSettings(const RunParts& run, std::uint8_t rotation);
 
-/// A `Plan::AnswerFault`: shows what has been dealt and asks, unless the window is being left.
-[[nodiscard]] DialogAnswer AnswerFault(RunParts& run);
+/// While cards run nothing but the break can be used.
+void ShowBreakOnly(RunParts& run);
+
+/// The current board, and the card at which the machine stopped by those that are in its log.
+[[nodiscard]] Fault PlaceOfStop(const RunParts& run);
+
+/// A `Plan::AnswerFault`: shows what has come and asks, unless the window is being left.
+[[nodiscard]] DialogAnswer AnswerFault(RunParts& run, const Fault& fault);
 
 /// Runs `plan` and brings the machine back to idle, after a good run too.
-CardRun::End RunToIdle(RunParts& run, const CardRun::Plan& plan);
+RunEnd RunToIdle(RunParts& run, const CardRun::Plan& plan);
 
 }  // namespace morvane::machine

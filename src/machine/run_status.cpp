@@ -1,34 +1,48 @@
 #include "machine/run_status.h"
 
+#include <cctype>
+
 namespace morvane::machine {
 namespace {
 
-std::string_view IdleLine(const RunStatus& now) {
+std::string Last(const RunWords& words, std::string_view how) {
+  return "Last " + std::string(words.Unit) + " " + std::string(how);
+}
+
+std::string UnderWay(const RunWords& words) {
+  std::string text(words.Unit);
+  text[0] = static_cast<char>(std::toupper(text[0]));
+  return text + " under way ...";
+}
+
+std::string IdleLine(const RunStatus& now) {
   if (!now.MachineKnown) return "Waiting for the machine ...";
+  const RunWords& words = WordsOf(now.Kind);
   switch (now.LastOutcome) {
-    case DealingRun::Outcome::kDealt:
-      return "Last board dealt";
-    case DealingRun::Outcome::kStopped:
-      return "Last board not finished";
+    case MachineRun::Outcome::kDone:
+      return Last(words, words.Dealt);
+    case MachineRun::Outcome::kStopped:
+      return Last(words, "not finished");
     default:
       // Under way too: its label is read, its first frame is on its way, its card log is fetched.
-      return now.Running ? "Board under way ..." : "Ready to deal";
+      return now.Running ? UnderWay(words) : "Ready to " + std::string(words.Deal);
   }
 }
 
 }  // namespace
 
-RunStatus StatusOf(const DealingRun& run) {
+RunStatus StatusOf(const MachineRun& run) {
   return {
+      .Kind = run.Kind(),
       .MachineState = run.TheMachine().MachineState,
-      .LinkLost = run.TheMachine().Lost() || run.LastOutcome() == DealingRun::Outcome::kLinkLost,
+      .LinkLost = run.TheMachine().Lost() || run.LastOutcome() == MachineRun::Outcome::kLinkLost,
       .MachineKnown = run.Options().MachineKnown,
       .Running = run.Running(),
       .Leaving = run.Cards().Leaving(),
       .LastOutcome = run.LastOutcome()};
 }
 
-std::string_view StatusLine(const RunStatus& now) {
+std::string StatusLine(const RunStatus& now) {
   const bool busy = now.MachineState == Machine::kBusy;
   if (now.LinkLost) {
     return now.MachineKnown ? "Lost communication with the machine" : "The machine does not answer";
@@ -38,7 +52,7 @@ std::string_view StatusLine(const RunStatus& now) {
     case Machine::kIdle:
       return IdleLine(now);
     case Machine::kBusy:
-      return now.Running ? "Dealing ..." : "The machine is busy";
+      return now.Running ? std::string(WordsOf(now.Kind).Dealing) + " ..." : "The machine is busy";
     case Machine::kError:
       return "The machine has stopped";
     default:

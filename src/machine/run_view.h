@@ -18,10 +18,10 @@ struct RangeTexts {
 class RunView : public FaultView {
  public:
   /// The current board and which of its cards have been dealt (`DisplayHand`).
-  virtual void ShowBoard() = 0;
+  virtual void ShowBoard() {}
   /// Which controls are there, which are enabled, and the texts of the number boxes.
   virtual void ShowControls() = 0;
-  virtual void FocusDealNext() = 0;
+  virtual void FocusDealNext() {}
   /// Nothing: there are no such boxes.
   [[nodiscard]] virtual std::optional<RangeTexts> Range() const { return std::nullopt; }
   /// The run is over: the window goes.

@@ -5,10 +5,10 @@
 #include "files/import_set.h"
 #include "files/load_set.h"
 #include "files/save_set.h"
-#include "shell/deal_flow.h"
 #include "shell/edit_flow.h"
 #include "shell/exit_flow.h"
 #include "shell/new_flow.h"
+#include "shell/run_flows.h"
 
 namespace morvane::shell {
 
@@ -115,6 +115,18 @@ void Shell::MenuDeal() {
   if (FlowActive()) return;
   const Flow flow(*this);
   DealFlow(program_, machine_, runMemory_, windows_);
+}
+
+void Shell::MenuRead() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  ReadFlow(program_, machine_, runMemory_, history_, windows_);
+}
+
+void Shell::MenuSort() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  SortFlow(program_, machine_, runMemory_, windows_);
 }
 
 void Shell::MenuEdit() {

@@ -57,6 +57,8 @@ class Shell {
   void MenuRecent(const RecentFile& file);
   [[nodiscard]] std::vector<RecentFile> Recent() const;
   void MenuDeal();
+  void MenuRead();
+  void MenuSort();
   void MenuEdit();
   void CmdPref();
 

@@ -18,7 +18,7 @@ TEST_F(OneBoard, ItsFramesComeInOrder) {
   Contact();
   run.cmdDeal();
   EXPECT_THAT(SentCodes(), ElementsAre(0x98, 0x19, 0x19, 0x19, 0x20, 0x1A));
-  EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kDealt);
+  EXPECT_EQ(run.LastOutcome(), DealingRun::Outcome::kDone);
 }
 
 TEST_F(OneBoard, TheStartFrameIsTheOneWorkedByHand) {

@@ -16,8 +16,8 @@ std::vector<RunStatus> AllStatuses() {
   for (std::int32_t state = 1; state <= 6; ++state) {
     for (unsigned bits = 0; bits < 16; ++bits) {
       for (const Outcome outcome :
-           {Outcome::kNone, Outcome::kDealt, Outcome::kStopped, Outcome::kLinkLost}) {
-        all.push_back({state, (bits & 1U) != 0, (bits & 2U) != 0, (bits & 4U) != 0,
+           {Outcome::kNone, Outcome::kDone, Outcome::kStopped, Outcome::kLinkLost}) {
+        all.push_back({RunKind::kDeal, state, (bits & 1U) != 0, (bits & 2U) != 0, (bits & 4U) != 0,
                        (bits & 8U) != 0, outcome});
       }
     }
@@ -51,11 +51,11 @@ TEST(StatusLine, SaysWhatTheRunIsAt) {
   EXPECT_EQ(line(Machine::kIdle, true, Outcome::kNone), "Board under way ...");
   EXPECT_EQ(line(Machine::kBusy, true, Outcome::kNone), "Dealing ...");
   EXPECT_EQ(line(Machine::kError, true, Outcome::kNone), "The machine has stopped");
-  EXPECT_EQ(line(Machine::kIdle, true, Outcome::kDealt), "Last board dealt");
-  EXPECT_EQ(line(Machine::kIdle, false, Outcome::kDealt), "Last board dealt");
+  EXPECT_EQ(line(Machine::kIdle, true, Outcome::kDone), "Last board dealt");
+  EXPECT_EQ(line(Machine::kIdle, false, Outcome::kDone), "Last board dealt");
   EXPECT_EQ(line(Machine::kIdle, false, Outcome::kStopped), "Last board not finished");
-  EXPECT_EQ(line(Machine::kBusy, false, Outcome::kDealt), "The machine is busy");
-  EXPECT_EQ(line(Machine::kError, false, Outcome::kDealt), "The machine has stopped");
+  EXPECT_EQ(line(Machine::kBusy, false, Outcome::kDone), "The machine is busy");
+  EXPECT_EQ(line(Machine::kError, false, Outcome::kDone), "The machine has stopped");
   EXPECT_EQ(StatusLine({.MachineState = Machine::kNotConnected}), "Waiting for the machine ...");
   EXPECT_EQ(StatusLine({.MachineState = Machine::kBusy, .Running = true, .Leaving = true}),
             "Leaving when the machine has stopped ...");

@@ -141,7 +141,7 @@ TEST(Flow, AnotherOneInsideAPumpDoesNothing) {
   desk.Start();
   test::FillSet(desk.Prog.Set, 1, 1);
   int presses = 0;
-  desk.Desktop.OnRun = [&](machine::DealingRun& run) {
+  desk.Desktop.OnRun = [&](machine::BoardRun& run) {
     desk.Loop.OnPump = [&] {
       ++presses;
       PressEverything(desk);

@@ -4,14 +4,14 @@
 namespace morvane::shell {
 namespace {
 
-using machine::DealingRun;
+using machine::BoardRun;
 using test::FakeUi;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr int kAfterContact = DealingRun::kFirstContactMs + 100;
+constexpr int kAfterContact = BoardRun::kFirstContactMs + 100;
 
 /// A running program with boards 1 to 3, and the machine on paper.
 struct DealDesk : ShellDesk {
@@ -20,8 +20,8 @@ struct DealDesk : ShellDesk {
     test::FillSet(Prog.Set, 1, 3);
   }
   /// Does `action` with the run window this long after it has been opened.
-  void InTheWindow(int ms, std::function<void(DealingRun&)> action) {
-    Desktop.OnRun = [this, ms, action = std::move(action)](DealingRun& run) {
+  void InTheWindow(int ms, std::function<void(BoardRun&)> action) {
+    Desktop.OnRun = [this, ms, action = std::move(action)](BoardRun& run) {
       Loop.After(ms, [&run, action] { action(run); });
     };
   }
@@ -87,7 +87,7 @@ TEST(MenuDeal, WithoutALinkOpensNoWindow) {
 
 TEST(MenuDeal, OpensTheLinkWith200MillisecondsAndReturnsWhenTheWindowIsLeft) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) { run.Exit(); });
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) { run.Exit(); });
   desk.Main.MenuDeal();
   desk.ExpectBack();
   EXPECT_THAT(desk.Bridge.Calls, Contains("SetTimeouts 200 200"));
@@ -97,7 +97,7 @@ TEST(MenuDeal, OpensTheLinkWith200MillisecondsAndReturnsWhenTheWindowIsLeft) {
 
 TEST(MenuDeal, DealsABoard) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) {
     run.cmdDeal();
     run.Exit();
   });
@@ -113,7 +113,7 @@ TEST(MenuDeal, DealsABoard) {
 
 TEST(MenuDeal, ThePoolIsNotFedDuringTheRunAndIsAgainAfterIt) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [&](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [&](BoardRun& run) {
     desk.MoveMouse();
     EXPECT_EQ(desk.Bits(), 16);
     run.cmdDeal();
@@ -130,7 +130,7 @@ TEST(MenuDeal, ThePoolIsNotFedDuringTheRunAndIsAgainAfterIt) {
 TEST(MenuDeal, TheWindowIsLeftInTheMiddleOfABoard) {
   DealDesk desk;
   desk.Paper.BusyPolls = 1'000'000;
-  desk.InTheWindow(kAfterContact, [&](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [&](BoardRun& run) {
     desk.Loop.Post([&run] { run.Exit(); });
     run.cmdDeal();
   });
@@ -141,7 +141,7 @@ TEST(MenuDeal, TheWindowIsLeftInTheMiddleOfABoard) {
 
 TEST(MenuDeal, ALostLinkBringsTheOperatorBack) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [&](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [&](BoardRun& run) {
     desk.Paper.Powered = false;
     run.cmdDeal();
   });
@@ -158,7 +158,7 @@ TEST(MenuDeal, ALostLinkBringsTheOperatorBack) {
 
 TEST(MenuDeal, CanBeChosenAgain) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) { run.Exit(); });
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) { run.Exit(); });
   desk.Main.MenuDeal();
   desk.Main.MenuDeal();
   EXPECT_EQ(desk.Desktop.Run.Opened, 2);
@@ -170,13 +170,13 @@ TEST(MenuDeal, WhatWasSetInTheWindowStaysForTheNextOne) {
   DealDesk desk;
   desk.Store.Set(kDealCopy, "1");
   desk.Store.Set(kDealSub, "1");
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) {
     run.SetNumberCopies("4");
     run.LeaveSubfrom("2");
     run.Exit();
   });
   desk.Main.MenuDeal();
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) {
     EXPECT_EQ(run.Place().Range().NumberOfCopies, 4);
     EXPECT_EQ(run.Place().Range().RunFirst, 2);
     EXPECT_EQ(run.Place().Range().RunLast, 3);
@@ -189,7 +189,7 @@ TEST(MenuDeal, WhatWasSetInTheWindowStaysForTheNextOne) {
 TEST(MenuDeal, AnalysisDoesNotStandInItsWay) {
   DealDesk desk;
   desk.Prog.AnalysisRunning = true;
-  desk.InTheWindow(kAfterContact, [](DealingRun& run) { run.Exit(); });
+  desk.InTheWindow(kAfterContact, [](BoardRun& run) { run.Exit(); });
   desk.Main.MenuDeal();
   desk.ExpectBack();
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
@@ -197,14 +197,14 @@ TEST(MenuDeal, AnalysisDoesNotStandInItsWay) {
 
 TEST(MenuDeal, AProgramThatQuitsBetweenTwoBoardsLeavesTheWindow) {
   DealDesk desk;
-  desk.InTheWindow(kAfterContact, [&](DealingRun&) { desk.Loop.Quit(); });
+  desk.InTheWindow(kAfterContact, [&](BoardRun&) { desk.Loop.Quit(); });
   desk.Main.MenuDeal();
   desk.ExpectBack();
 }
 
 TEST(MenuDeal, AProgramThatQuitsBeforeTheFirstContactLeavesTheWindow) {
   DealDesk desk;
-  desk.InTheWindow(500, [&](DealingRun&) { desk.Loop.Quit(); });
+  desk.InTheWindow(500, [&](BoardRun&) { desk.Loop.Quit(); });
   desk.Main.MenuDeal();
   desk.ExpectBack();
   EXPECT_THAT(desk.Bridge.Sent, IsEmpty());
@@ -213,7 +213,7 @@ TEST(MenuDeal, AProgramThatQuitsBeforeTheFirstContactLeavesTheWindow) {
 TEST(MenuDeal, AProgramThatQuitsInTheMiddleOfABoardBreaksItAndLeaves) {
   DealDesk desk;
   desk.Paper.BusyPolls = 1'000'000;
-  desk.InTheWindow(kAfterContact, [&](DealingRun& run) {
+  desk.InTheWindow(kAfterContact, [&](BoardRun& run) {
     desk.Loop.Post([&] { desk.Loop.Quit(); });
     run.cmdDeal();
     EXPECT_TRUE(run.Closed());
@@ -232,7 +232,7 @@ TEST(MenuDeal, AProgramThatQuitsLeavesASimulatedMachineBroken) {
   Shell main(desk.Prog, machine, desk.Desktop, desk.Programs);
   main.StartUp("");
   test::FillSet(desk.Prog.Set, 1, 3);
-  desk.Desktop.OnRun = [&](DealingRun& run) {
+  desk.Desktop.OnRun = [&](BoardRun& run) {
     desk.Loop.After(kAfterContact, [&] {
       int pumps = 0;
       desk.Loop.OnPump = [&] {

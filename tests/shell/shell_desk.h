@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
+#include "machine/sorting_run.h"
 #include "shell/shell.h"
 #include "support/fakes.h"
 #include "support/paper_machine.h"
@@ -62,10 +63,17 @@ class FakeWindows final : public FlowWindows {
     if (OnGenerate) OnGenerate(form);
   }
   void ShowPreferences(Preferences& /*preferences*/) override { ++PreferencesShown; }
-  std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override {
+  std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override {
     if (!HasWindows) return FlowWindows::OpenDealinProg(run);
     auto window = std::make_unique<FakeRunWindow>(Run);
     if (OnRun) OnRun(run);
+    return window;
+  }
+
+  std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override {
+    if (!HasWindows) return FlowWindows::OpenSortProg(run);
+    auto window = std::make_unique<FakeRunWindow>(Run);
+    if (OnSort) OnSort(run);
     return window;
   }
 
@@ -88,7 +96,8 @@ class FakeWindows final : public FlowWindows {
   std::function<void(files::LoadNumber&)> OnLoadNumber;
   std::function<void(edit::Editor&)> OnEdit;
   std::function<void(generate::GenerateForm&)> OnGenerate;
-  std::function<void(machine::DealingRun&)> OnRun;  ///< the window has been opened
+  std::function<void(machine::BoardRun&)> OnRun;  ///< the window has been opened
+  std::function<void(machine::SortingRun&)> OnSort;
 };
 
 /// Another program that runs or not, and takes a command or not.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <functional>
 #include <set>
@@ -27,9 +28,11 @@ class PaperMachine {
   std::uint8_t Label = 0;
   std::uint8_t Events = 0;  ///< byte 6 of the next status replies; acknowledged bits go
   int BusyPolls = 3;
-  std::deque<std::uint8_t> Codes;  ///< how the coming stretches end; none left: idle
-  std::set<std::uint8_t> Deaf;     ///< commands that get no answer
-  std::size_t CardsLogged = 52;    ///< the first so many cards stand in the card log as dealt
+  std::deque<std::uint8_t> Codes;       ///< how the coming stretches end; none left: idle
+  std::set<std::uint8_t> Deaf;          ///< commands that get no answer
+  std::uint8_t FinalCount = 13;         ///< the cards in each pocket when it is idle
+  std::array<std::uint8_t, 52> Read{};  ///< the pockets of a board that was read, in wire order
+  std::size_t CardsLogged = 52;         ///< the first so many cards stand in the card log as dealt
   /// Spoils the wire bytes of reply number n (from 0).
   std::function<Bytes(int n, const Bytes& plain, Bytes wire)> Damage;
   int Exchanges = 0;
@@ -49,7 +52,11 @@ class PaperMachine {
         return Long({0xB3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2});
       case 0x1B:
         return Short({0x1B, 4, Label});
+      case 0x1D:
+        return BoardRead();
+      case 0x35:
       case 0x98:
+      case 0x9C:
         busy_ = BusyPolls;
         code_ = 0;
         return Short({0x18});
@@ -73,8 +80,14 @@ class PaperMachine {
       Codes.pop_front();
     }
     const std::uint8_t state = busy_ > 0 ? 0xFF : code_;
-    const std::uint8_t count = state == 0 ? 13 : 5;
+    const std::uint8_t count = state == 0 ? FinalCount : std::uint8_t{5};
     return Short({0x19, state, count, count, count, count, Events});
+  }
+
+  [[nodiscard]] Bytes BoardRead() const {
+    Bytes board = Long({0x9D});
+    std::copy(Read.begin(), Read.end(), board.begin() + 8);
+    return board;
   }
 
   [[nodiscard]] Bytes CardLog() const {

@@ -7,11 +7,11 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "machine/dealing_run.h"
+#include "machine/machine_run.h"
 
 namespace morvane::machine {
 
-CardOptions::CardOptions(DealingRun& run, QWidget* parent) : QWidget(parent) {
+CardOptions::CardOptions(MachineRun& run, QWidget* parent) : QWidget(parent) {
   auto* national =
       AddGroup("National Settings:",
                {{"National_1", "Standard (AKQJ)"},

@@ -10,13 +10,13 @@ class QGroupBox;
 
 namespace morvane::machine {
 
-class DealingRun;
+class MachineRun;
 
 /// The cards that the machine is set up for: `National_1` to `National_7`, `CardType_1`,
 /// `CardType_2`, `Threshold_1` to `Threshold_3`, `Card_Index_st`, `Card_Index_j`, `Card_Index_sm`.
 class CardOptions final : public QWidget {
  public:
-  CardOptions(DealingRun& run, QWidget* parent);
+  CardOptions(MachineRun& run, QWidget* parent);
   void Show(const CardSettings& cards);
 
  private:

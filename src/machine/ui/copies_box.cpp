@@ -4,13 +4,13 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/number_edit.h"
 
 namespace morvane::machine {
 
-CopiesBox::CopiesBox(DealingRun& run, QWidget* parent)
+CopiesBox::CopiesBox(BoardRun& run, QWidget* parent)
     : QWidget(parent),
       run_(run),
       NumberCopies_(NewNumberBox("NumberCopies", "Copies to deal of each board",

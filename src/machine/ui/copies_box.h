@@ -10,20 +10,20 @@ class NumberEdit;
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
 
 /// How many copies of each board are dealt, `NumberCopies`, and from copy to copy: `PrevCopy` and
 /// `NextCopy`.
 class CopiesBox final : public QWidget {
  public:
-  CopiesBox(DealingRun& run, QWidget* parent);
+  CopiesBox(BoardRun& run, QWidget* parent);
   void Show();
 
  private:
   void PlaceControls();
   void ShowNumber();
 
-  DealingRun& run_;
+  BoardRun& run_;
   NumberEdit* NumberCopies_;
   QPushButton* PrevCopy_;
   QPushButton* NextCopy_;

@@ -3,17 +3,19 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "machine/ui/run_widgets.h"
 
 namespace morvane::machine {
 
-DealButtons::DealButtons(DealingRun& run, QWidget* parent)
+DealButtons::DealButtons(BoardRun& run, QWidget* parent)
     : QWidget(parent),
       cmdDeal_(NewButton(
-          "cmdDeal", "&Deal", [&run] { run.cmdDeal(); }, this)),
+          "cmdDeal", run.Kind() == RunKind::kRead ? "&Read" : "&Deal", [&run] { run.cmdDeal(); },
+          this)),
       Deal_next_(NewButton(
-          "Deal_next", "Deal ne&xt", [&run] { run.Deal_next(); }, this)),
+          "Deal_next", run.Kind() == RunKind::kRead ? "Read ne&xt" : "Deal ne&xt",
+          [&run] { run.Deal_next(); }, this)),
       cmdBreak_(NewButton(
           "cmdBreak", "&Break", [&run] { run.cmdBreak(); }, this)) {
   // The only button left during a run: the focus must not fall onto it, or a second press of the

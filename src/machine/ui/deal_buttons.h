@@ -6,13 +6,13 @@ class QPushButton;
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
 struct RunControls;
 
 /// `cmdDeal`, `Deal_next` and `cmdBreak`.
 class DealButtons final : public QWidget {
  public:
-  DealButtons(DealingRun& run, QWidget* parent);
+  DealButtons(BoardRun& run, QWidget* parent);
 
   void Show(const RunControls& now);
   /// Makes the button that deals next the window's default, and hands it a focus that nothing has.

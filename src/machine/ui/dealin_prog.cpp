@@ -18,6 +18,7 @@
 #include "machine/ui/sub_range_box.h"
 #include "machine/ui/test_panel.h"
 #include "machine/ui/walk_buttons.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/window_place.h"
 
@@ -36,11 +37,11 @@ void KeepRoom(QWidget& part) {
 
 }  // namespace
 
-DealinProg::DealinProg(Program& program, DealingRun& run, QWidget* parent)
+DealinProg::DealinProg(Program& program, BoardRun& run, QWidget* parent)
     : QDialog(parent), program_(program), run_(run) {
   setObjectName("DealinProg");
-  setWindowTitle(run.TheMachine().IsSimulated() ? "Morvane - Dealing - Simulated machine"
-                                                : "Morvane - Dealing");
+  setWindowTitle(ToQt("Morvane - " + std::string(run.Words().Title) +
+                      (run.TheMachine().IsSimulated() ? " - Simulated machine" : "")));
   setWindowModality(Qt::WindowModal);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -71,7 +72,7 @@ void DealinProg::MakeParts() {
   cmdExit_ = NewButton(
       "cmdExit", "&Exit", [this] { run_.Exit(); }, this);
   cmdExit_->setMinimumWidth(kCommandWidth);
-  header_ = new RunHeader(this);
+  header_ = new RunHeader(ToQt(run_.Words().Status), this);
 }
 
 /// Where the screen is small, the options scroll first; where that is not enough, everything above

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "machine/run_view.h"
 #include "program/program.h"
 
@@ -24,7 +24,7 @@ class WalkButtons;
 /// The window of a dealing run, put together from its parts.
 class DealinProg final : public QDialog, public RunView {
  public:
-  DealinProg(Program& program, DealingRun& run, QWidget* parent);
+  DealinProg(Program& program, BoardRun& run, QWidget* parent);
   DealinProg(const DealinProg&) = delete;
   DealinProg& operator=(const DealinProg&) = delete;
   ~DealinProg() override;
@@ -51,7 +51,7 @@ class DealinProg final : public QDialog, public RunView {
   QWidget* PlaceCommands();
 
   Program& program_;
-  DealingRun& run_;
+  BoardRun& run_;
 
   RunHeader* header_ = nullptr;
   BoardPicture* Picture1_ = nullptr;

@@ -3,13 +3,13 @@
 #include <QCheckBox>
 #include <QVBoxLayout>
 
-#include "machine/dealing_run.h"
+#include "machine/machine_run.h"
 #include "machine/ui/card_options.h"
 #include "machine/ui/run_widgets.h"
 
 namespace morvane::machine {
 
-OptionsPanel::OptionsPanel(DealingRun& run, QWidget* parent)
+OptionsPanel::OptionsPanel(MachineRun& run, QWidget* parent)
     : QWidget(parent),
       run_(run),
       cards_(new CardOptions(run, this)),

@@ -3,14 +3,14 @@
 #include <QHBoxLayout>
 #include <optional>
 
-#include "machine/dealing_run.h"
+#include "machine/machine_run.h"
 #include "machine/ui/pocket_gauge.h"
 #include "machine/ui/run_widgets.h"
 
 namespace morvane::machine {
 namespace {
 
-std::optional<int> CountOf(const DealingRun& run, std::size_t hand) {
+std::optional<int> CountOf(const MachineRun& run, std::size_t hand) {
   if (!run.Cards().CountsShown) return std::nullopt;
   return run.TheMachine().CardCount[PocketOfHand[hand]];
 }
@@ -27,7 +27,7 @@ PocketRow::PocketRow(QWidget* parent) : QWidget(parent) {
   }
 }
 
-void PocketRow::ShowCounts(const DealingRun& run) {
+void PocketRow::ShowCounts(const MachineRun& run) {
   const auto mood = run.Running() ? PocketGauge::Mood::kDealing : PocketGauge::Mood::kWaiting;
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
     pockets_[hand]->ShowCount(CountOf(run, hand), mood);

@@ -7,7 +7,7 @@
 
 namespace morvane::machine {
 
-class DealingRun;
+class MachineRun;
 class PocketGauge;
 
 /// The four pockets, North to West.
@@ -16,7 +16,7 @@ class PocketRow final : public QWidget {
   explicit PocketRow(QWidget* parent);
 
   /// Repaints at once what has changed.
-  void ShowCounts(const DealingRun& run);
+  void ShowCounts(const MachineRun& run);
   void ShowHcp(const BoardDisplay& display);
 
  private:

@@ -37,7 +37,7 @@ void ShowNow(ShownValue& label, const QString& text) {
 
 }  // namespace
 
-RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
+RunHeader::RunHeader(const QString& status, QWidget* parent) : QWidget(parent) {
   MakeStatus();
   lblProgress_ = new ShownValue("lblProgress", "Progress of the run", this);
   StayFree(*txtStatus_);
@@ -48,7 +48,7 @@ RunHeader::RunHeader(QWidget* parent) : QWidget(parent) {
   auto* header = new QVBoxLayout(this);
   header->setContentsMargins(0, 0, 0, 0);
   header->setSpacing(kRunSpacing / 2);
-  header->addLayout(PlaceState());
+  header->addLayout(PlaceState(status));
   header->addLayout(PlaceFile());
 }
 
@@ -66,8 +66,8 @@ void RunHeader::MakeDealTime() {
   txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("0000.0"));
 }
 
-QLayout* RunHeader::PlaceState() {
-  auto* lblRun = new QLabel(" Dealing Boards ", this);
+QLayout* RunHeader::PlaceState(const QString& status) {
+  auto* lblRun = new QLabel(status, this);
   lblRun->setObjectName("lblRun");
   lblRun->setFont(Enlarged(lblRun->font(), 1.4));
   auto* state = new QHBoxLayout;
@@ -90,7 +90,7 @@ QLayout* RunHeader::PlaceFile() {
   return file;
 }
 
-void RunHeader::ShowState(const DealingRun& run) {
+void RunHeader::ShowState(const MachineRun& run) {
   ShowStatus(run.TheMachine().MachineState);
   ShowNow(*txtDealTime_, ToQt(run.Cards().txtDealTime));
   ShowNow(*lblProgress_, ToQt(StatusLine(StatusOf(run))));

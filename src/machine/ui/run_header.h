@@ -12,22 +12,23 @@ class ShownValue;
 
 namespace morvane::machine {
 
-class DealingRun;
+class MachineRun;
 
 /// How the run stands: `txtStatus`, `lblProgress`, `txtDealTime`; and whose set it deals:
 /// `txtFile`.
 class RunHeader final : public QWidget {
  public:
-  explicit RunHeader(QWidget* parent);
+  /// `status`: what the run is for.
+  RunHeader(const QString& status, QWidget* parent);
 
   /// Repaints at once what has changed.
-  void ShowState(const DealingRun& run);
+  void ShowState(const MachineRun& run);
   void ShowFile(const std::string& path);
 
  private:
   void MakeStatus();
   void MakeDealTime();
-  QLayout* PlaceState();
+  QLayout* PlaceState(const QString& status);
   QLayout* PlaceFile();
   void ShowStatus(int state);
 

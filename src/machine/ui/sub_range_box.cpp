@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/number_edit.h"
 #include "platform/qt/qt_text.h"
@@ -11,7 +11,7 @@
 
 namespace morvane::machine {
 
-SubRangeBox::SubRangeBox(DealingRun& run, QWidget* parent)
+SubRangeBox::SubRangeBox(BoardRun& run, QWidget* parent)
     : QWidget(parent),
       run_(run),
       Subfrom_(NewNumberBox("Subfrom", "First board to deal", kMaxBoards, this)),

@@ -13,13 +13,13 @@ class ShownValue;
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
 
 /// Which boards of the set are dealt, `Subfrom` and `Subto`, and which there are: `Subfirst` and
 /// `Sublast`.
 class SubRangeBox final : public QWidget {
  public:
-  SubRangeBox(DealingRun& run, QWidget* parent);
+  SubRangeBox(BoardRun& run, QWidget* parent);
   void Show(const BoardSet& set);
   /// As they stand; nothing where the boxes are hidden.
   [[nodiscard]] std::optional<RangeTexts> Texts() const;
@@ -28,7 +28,7 @@ class SubRangeBox final : public QWidget {
   void PlaceControls();
   void ShowNumbers(const BoardSet& set);
 
-  DealingRun& run_;
+  BoardRun& run_;
   NumberEdit* Subfrom_;
   NumberEdit* Subto_;
   ShownValue* Subfirst_;

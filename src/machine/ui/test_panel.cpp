@@ -4,13 +4,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "machine/dealing_run.h"
+#include "machine/machine_run.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
 
-TestPanel::TestPanel(DealingRun& run, QWidget* parent)
+TestPanel::TestPanel(MachineRun& run, QWidget* parent)
     : QWidget(parent),
       run_(run),
       Command1_(NewSmallButton(

@@ -7,16 +7,16 @@ class QPushButton;
 
 namespace morvane::machine {
 
-class DealingRun;
+class MachineRun;
 
 /// The machine's diagnosis: `Command1` asks for it, `TestText` shows it.
 class TestPanel final : public QWidget {
  public:
-  TestPanel(DealingRun& run, QWidget* parent);
+  TestPanel(MachineRun& run, QWidget* parent);
   void Show();
 
  private:
-  DealingRun& run_;
+  MachineRun& run_;
   QPushButton* Command1_;
   QPlainTextEdit* TestText_;
 };

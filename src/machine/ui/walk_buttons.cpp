@@ -3,12 +3,12 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include "machine/dealing_run.h"
+#include "machine/board_run.h"
 #include "machine/ui/run_widgets.h"
 
 namespace morvane::machine {
 
-WalkButtons::WalkButtons(DealingRun& run, QWidget* parent) : QWidget(parent) {
+WalkButtons::WalkButtons(BoardRun& run, QWidget* parent) : QWidget(parent) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kRunSpacing);

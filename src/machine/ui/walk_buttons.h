@@ -6,13 +6,13 @@ class QPushButton;
 
 namespace morvane::machine {
 
-class DealingRun;
+class BoardRun;
 struct RunControls;
 
 /// `cmdFirst`, `cmdPrev`, `cmdNext` and `cmdLast`: from board to board.
 class WalkButtons final : public QWidget {
  public:
-  WalkButtons(DealingRun& run, QWidget* parent);
+  WalkButtons(BoardRun& run, QWidget* parent);
   void Show(const RunControls& now);
 
  private:

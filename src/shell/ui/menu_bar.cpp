@@ -27,8 +27,8 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   setStyle(&style_);
   AddFileMenu(shell);
   AddEntry(*this, "menuDeal", "&Deal", Qt::CTRL | Qt::Key_D, [&shell] { shell.MenuDeal(); });
-  AddEntry(*this, "menuRead", "&Read");
-  AddEntry(*this, "menuSort", "S&ort");
+  AddEntry(*this, "menuRead", "&Read", Qt::CTRL | Qt::Key_R, [&shell] { shell.MenuRead(); });
+  AddEntry(*this, "menuSort", "S&ort", Qt::CTRL | Qt::Key_T, [&shell] { shell.MenuSort(); });
   AddEntry(*this, "menuEdit", "&Edit", Qt::CTRL | Qt::Key_E, [&shell] { shell.MenuEdit(); });
   AddEntry(*this, "Analize", "&Analyze");
   AddEntry(*this, "menuPrint", "&Print");

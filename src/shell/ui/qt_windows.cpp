@@ -55,7 +55,7 @@ void QtWindows::ShowPreferences(Preferences& preferences) {
   program_.Loop.RunUntil([&preferences] { return preferences.Closed(); });
 }
 
-std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::DealingRun& run) {
+std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::BoardRun& run) {
   return std::make_unique<machine::DealinProg>(program_, run, mainMenu_);
 }
 

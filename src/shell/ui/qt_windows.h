@@ -21,7 +21,7 @@ class QtWindows final : public FlowWindows {
   bool ShowEdit(edit::Editor& editor) override;
   void ShowGenerate(generate::GenerateForm& form) override;
   void ShowPreferences(Preferences& preferences) override;
-  [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::DealingRun& run) override;
+  [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
 
  private:
   Program& program_;

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "machine/dealing_run.h"
 #include "machine/machine.h"
 #include "machine/open_link.h"
 #include "machine/ui/dealin_prog.h"

@@ -9,6 +9,7 @@
 #include "files/format_table.h"
 #include "files/load_number.h"
 #include "generate/generate_form.h"
+#include "machine/dealing_run.h"
 #include "machine/error_dialog.h"
 #include "machine/open_link.h"
 #include "machine/ui/dealin_prog.h"

@@ -248,7 +248,7 @@ TEST_F(DealBranches, OpensTheRunWindowAlsoWhileAnalysisRuns) {
   desk.Prog.AnalysisRunning = true;
   desk.When("DealinProg", [this](QWidget& window) {
     EXPECT_EQ(Text("Panel1"), "Dealing");
-    desk.Loop.WaitMs(machine::DealingRun::kFirstContactMs + 100);
+    desk.Loop.WaitMs(machine::BoardRun::kFirstContactMs + 100);
     test::Click(window, "cmdExit");
   });
   Control(Qt::Key_D);

@@ -43,7 +43,7 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
     }
   }
   EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
-                                   "menuDeal", "menuEdit", "cmdPref"));
+                                   "menuDeal", "menuRead", "menuSort", "menuEdit", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {

@@ -9,7 +9,7 @@
 namespace morvane::shell {
 namespace {
 
-constexpr const char* kNoReading = "Read is not available in this version yet";
+constexpr const char* kNoPrinting = "Print is not available in this version yet";
 
 /// What the operator is told of an entry, reached by mouse or keys.
 class MenuTips : public MainMenuTest {
@@ -48,8 +48,8 @@ TEST_F(MenuTips, EveryEntryThatCannotBeUsedSaysWhy) {
 
 TEST_F(MenuTips, OneInTheBarSaysItWhileTheMouseIsOverIt) {
   Start();
-  PointAt("menuRead");
-  EXPECT_EQ(Message(), kNoReading);
+  PointAt("menuPrint");
+  EXPECT_EQ(Message(), kNoPrinting);
   PointAt("menuDeal");
   EXPECT_EQ(Message(), "");
   EXPECT_TRUE(test::Visible(*menu, "Panel1"));
@@ -65,13 +65,14 @@ TEST_F(MenuTips, OneInTheBarIsReachedWithTheKeysAndSaysIt) {
   Start();
   test::Press(*menu, Qt::Key_Alt);
   std::vector<std::string> reached;
-  for (const char* name : {"menuDeal", "menuRead", "menuSort"}) {
+  for (const char* name : {"menuDeal", "menuRead", "menuSort", "menuEdit", "Analize", "menuPrint"}) {
     test::Press(*menu, Qt::Key_Right);
     EXPECT_EQ(Bar().activeAction(), &Entry(name)) << name;
     reached.push_back(Message());
   }
   EXPECT_THAT(reached,
-              ::testing::ElementsAre("", kNoReading, "Sort is not available in this version yet"));
+              ::testing::ElementsAre("", "", "", "", "Analyze is not available in this version yet",
+                                     kNoPrinting));
   test::Press(*menu, Qt::Key_Escape);
   EXPECT_EQ(Message(), "");
   EXPECT_EQ(Text("Panel1"), "Ready");
@@ -79,8 +80,8 @@ TEST_F(MenuTips, OneInTheBarIsReachedWithTheKeysAndSaysIt) {
 
 TEST_F(MenuTips, ItsLetterStartsNothingAndBringsUpTheToolTip) {
   Start();
-  test::Press(*menu, Qt::Key_R, Qt::AltModifier);
-  EXPECT_EQ(QToolTip::text().toStdString(), kNoReading);
+  test::Press(*menu, Qt::Key_P, Qt::AltModifier);
+  EXPECT_EQ(QToolTip::text().toStdString(), kNoPrinting);
   EXPECT_FALSE(shell.FlowActive());
   EXPECT_EQ(Text("Panel1"), "Ready");
 }
@@ -91,7 +92,7 @@ TEST_F(MenuTips, OneInTheBarHasAToolTip) {
     return ToolTipAt(Bar(), Bar().actionGeometry(&Entry(entry)).center());
   };
   EXPECT_EQ(tipOf("menuDeal"), "") << "no caption twice";
-  EXPECT_EQ(tipOf("menuRead"), kNoReading);
+  EXPECT_EQ(tipOf("menuPrint"), kNoPrinting);
 }
 
 TEST_F(MenuTips, OneInAMenuSaysItInTheStatusBarAndInAToolTip) {

@@ -1,0 +1,207 @@
+#include "machine/machine_run.h"
+
+#include <utility>
+
+#include "machine/first_contact.h"
+#include "machine/idle_poll.h"
+
+namespace morvane::machine {
+
+MachineRun::MachineRun(Program& program, Machine& machine, RunMemory& memory, RunKind kind,
+                       const VersionGate* gate)
+    : parts_(program, machine, memory), memory_(memory), kind_(kind), gate_(gate) {}
+
+// Opening, the first contact, and leaving.
+
+void MachineRun::Open(RunView& view) {
+  parts_.View = &view;
+  OpenParts();
+  parts_.Options.Load();
+  parts_.Run.ClearCardLog();
+  Machine& machine = parts_.TheMachine;
+  machine.MachineState = Machine::kNotConnected;
+  machine.Link.MachineLatchOn();
+  machine.BoxInTicks = 0;
+  machine.BoxOutTicks = 0;
+  parts_.Prog.Log.WriteTime(Words().Log);
+  Timer3d_ = parts_.Prog.Loop.StartTimer(kFirstContactMs, [this] { FirstContact(); });
+  ShowAll();
+}
+
+void MachineRun::FirstContact() {
+  const auto once = std::move(Timer3d_);
+  Machine& machine = parts_.TheMachine;
+  machine.Link.FlushLink();
+  machine.VersionProbe();
+  ShowContact();
+  machine.PollLock = false;
+  machine.PedalFlag = 0;
+  switch (AskMachine(machine, parts_.Prog.Log)) {
+    case Contact::kLinkLost:
+      LoseLink();
+      return;
+    case Contact::kNoVersion:
+      parts_.View->ShowState();
+      parts_.Prog.ShowMessage(parts_.Prog.Texts.Msg047, kOkCritical, "Communication Error");
+      Unload();
+      return;
+    case Contact::kMade:
+      if (!GatePasses()) return;
+      parts_.Options.ApplySilentGates();
+      parts_.View->ShowControls();
+      StartPolling();
+  }
+}
+
+void MachineRun::ShowContact() {
+  EnableAtContact();
+  Controls().cmdExit = Controls().Options = true;
+  parts_.Window.SettingsShown = true;
+  parts_.Window.Command1Shown = parts_.Prog.ServiceLevel == 2;
+  ShowAll();
+}
+
+/// A machine that cannot do this kind of run: the operator is told and the window goes.
+bool MachineRun::GatePasses() {
+  if (gate_ == nullptr || Passes(parts_.TheMachine, *gate_)) return true;
+  ShowRunError(parts_.Prog, parts_.TheMachine,
+               GateText(parts_.TheMachine, parts_.Prog.Texts, *gate_), Words().Error);
+  Unload();
+  return false;
+}
+
+void MachineRun::Exit() {
+  if (!running_) {
+    Unload();
+    return;
+  }
+  parts_.Run.Leave();
+  RequestBreak();
+}
+
+void MachineRun::Unload() {
+  if (closed_) return;
+  closed_ = true;
+  Controls() = {};
+  Timer1_.reset();
+  Timer3d_.reset();
+  Machine& machine = parts_.TheMachine;
+  if (!CommLost_) machine.Link.MachineLatchOff();
+  machine.BoxFlag = 0;
+  machine.PedalFlag = 0;
+  machine.Link.CloseLink();
+  parts_.View->Close();
+}
+
+bool MachineRun::CheckCommLost() {
+  if (!parts_.TheMachine.Lost()) return false;
+  LoseLink();
+  return true;
+}
+
+void MachineRun::LoseLink() {
+  CommLost_ = true;
+  outcome_ = Outcome::kLinkLost;
+  parts_.View->ShowState();
+  ShowRunError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg048);
+  Unload();
+}
+
+// Between two runs of cards: the polling that lets the pedal or an inserted board start the next.
+
+void MachineRun::StartPolling() {
+  Timer1_ = parts_.Prog.Loop.StartTimer(kPollMs, [this] { Timer1Tick(); });
+}
+
+void MachineRun::Timer1Tick() {
+  TellOfDownload();
+  if (closed_ || parts_.TheMachine.PollLock) return;
+  const IdlePoll poll = PollBetweenRuns(parts_.TheMachine, parts_.Options.AutoStartEnabled);
+  if (CheckCommLost()) return;
+  parts_.View->ShowState();
+  if (poll == IdlePoll::kStart) StartFromMachine();
+}
+
+void MachineRun::TellOfDownload() {
+  Program& program = parts_.Prog;
+  if (program.Link.Pending != LinkRequest::kDownload) return;
+  program.Link = {};
+  const LinkHold hold(parts_.TheMachine);
+  program.ShowMessage(program.Texts.Msg092, kOkExclamation, "Download New Firmware");
+}
+
+void MachineRun::cmdBreak() {
+  if (!Controls().cmdBreak) return;
+  parts_.Run.Break();
+  RequestBreak();
+}
+
+void MachineRun::RequestBreak() {
+  Controls().cmdBreak = false;
+  parts_.View->ShowControls();
+}
+
+void MachineRun::Command1() {
+  if (!parts_.Window.Command1Shown || Busy()) return;
+  const auto reply = parts_.TheMachine.Exchange(wire::TestCommand{});
+  if (reply) memory_.TestText += wire::DiagnosisText(*reply);
+  if (!CheckCommLost()) parts_.View->ShowControls();
+}
+
+bool MachineRun::Busy() {
+  if (running_) parts_.View->ShowControls();
+  return running_;
+}
+
+void MachineRun::ShowAll() {
+  parts_.View->ShowControls();
+  parts_.View->ShowBoard();
+}
+
+// One run of cards.
+
+void MachineRun::RunCards() {
+  Timer1_.reset();
+  running_ = true;
+  outcome_ = Outcome::kNone;
+  parts_.Run.Prepare();
+  const RunEnd end = RunOnce();
+  outcome_ = end == RunEnd::kDone ? Outcome::kDone : Outcome::kStopped;
+  if (end == RunEnd::kLinkLost) LoseLink();
+  parts_.Prog.Log.WriteLine("  " + LogHead() + parts_.Run.RunLogLine);
+  Finish(end);
+  if (end != RunEnd::kLinkLost && end != RunEnd::kGivenUp) WindUp();
+  EndRun();
+}
+
+/// What came behind a box: not 0, so that it is acknowledged; not 1, so that it starts nothing.
+/// Required.
+void MachineRun::ForgetStarts() {
+  parts_.TheMachine.PedalFlag = 2;
+  parts_.TheMachine.BoxFlag = 2;
+}
+
+void MachineRun::WindUp() {
+  EnableAfterRun();
+  Controls().cmdBreak = false;
+  Controls().cmdExit = Controls().Options = true;
+  parts_.TheMachine.MachineState = Machine::kIdle;
+  parts_.View->ShowState();
+  ShowAll();
+  if (Controls().Deal_next) parts_.View->FocusDealNext();
+  DealRotation_ =
+      static_cast<std::uint8_t>((DealRotation_ + 1U) % wire::RunSettings::RotationTableA.size());
+}
+
+void MachineRun::EndRun() {
+  running_ = false;
+  parts_.TheMachine.PollLock = false;
+  if (closed_) return;
+  if (parts_.Run.Leaving()) {
+    Unload();
+    return;
+  }
+  StartPolling();
+}
+
+}  // namespace morvane::machine

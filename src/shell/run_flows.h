@@ -1,0 +1,23 @@
+#pragma once
+
+#include "history/history.h"
+#include "machine/board_walk.h"
+#include "machine/machine.h"
+#include "program/program.h"
+#include "shell/flow_windows.h"
+
+namespace morvane::shell {
+
+/// `menuDeal`: a run over the set, from opening the link until the run window has gone.
+void DealFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
+              machine::RunDialogs& dialogs);
+
+/// `menuRead`: the same the other way round, from packs into the set.
+void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
+              history::History& history, FlowWindows& windows);
+
+/// `menuSort`: needs no set.
+void SortFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
+              machine::RunDialogs& dialogs);
+
+}  // namespace morvane::shell

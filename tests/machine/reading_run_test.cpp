@@ -1,0 +1,142 @@
+#include "machine/reading_run.h"
+
+#include "machine/run_fixture.h"
+#include "model/tables.h"
+
+namespace morvane::machine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A reading run over the empty boards 1 to 3 on the paper machine.
+class Reading : public RunFixture {
+ protected:
+  ReadingRun reading{desk.Prog, machine, memory, [this] { ++saves; }};
+  int saves = 0;
+
+  void SetUp() override {
+    RunFixture::SetUp();
+    for (int n = 1; n <= 3; ++n) desk.Prog.Set.At(n) = NumberedBoard(n);
+    // Spades lie in pocket 1, hearts in 2, diamonds in 3, clubs in 4.
+    for (std::size_t place = 0; place < 52; ++place) {
+      paper.Read[place] = static_cast<std::uint8_t>(place / 13 + 1);
+    }
+  }
+  void Contact() {
+    reading.Open(view);
+    desk.Loop.WaitMs(MachineRun::kFirstContactMs);
+    bridge.Sent.clear();
+  }
+  Board& At(int n) { return desk.Prog.Set.At(n); }
+};
+
+TEST_F(Reading, ABoardIsStoredLoggedAndOfferedForTheNext) {
+  Contact();
+  reading.cmdDeal();
+  EXPECT_THAT(SentCodes(), ElementsAre(0x9C, 0x19, 0x19, 0x19, 0x1D, 0x20, 0x1A));
+  EXPECT_EQ(At(1).Status, Board::kComplete);
+  EXPECT_EQ(At(1).Cards[1], kSouth);
+  EXPECT_EQ(At(1).Cards[14], kWest);
+  EXPECT_EQ(At(1).Cards[27], kEast);
+  EXPECT_EQ(At(1).Cards[40], kNorth);
+  EXPECT_EQ(LastLine(),
+            "  001 : 1,0 0,0,0,0 OK  ...AKQJT98765432 ..AKQJT98765432. AKQJT98765432... "
+            ".AKQJT98765432.. ");
+  EXPECT_TRUE(reading.Window().Controls.Deal_next);
+  EXPECT_TRUE(reading.Window().Controls.cmdClear);
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "1");
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Reading, HandDealingBeginsWithTheDealerAndGoesRoundOppositeToTheDeal) {
+  Contact();
+  reading.cmdDeal();
+  const test::Bytes& frame = bridge.Sent.front();
+  EXPECT_EQ(test::Bytes(frame.begin() + 8, frame.begin() + 14), (test::Bytes{4, 2, 1, 3, 4, 2}));
+  EXPECT_EQ(frame[59], 3);
+}
+
+TEST_F(Reading, APlayedBoardSendsOnePlaceMoreThanThereAreCards) {
+  desk.Store.Set(kInitReadMode, "1");
+  Contact();
+  reading.cmdDeal();
+  const test::Bytes& frame = bridge.Sent.front();
+  for (std::size_t byte = 8; byte <= 59; ++byte) EXPECT_EQ(frame[byte], (byte - 8) / 13 + 1);
+  EXPECT_EQ(frame[60], 4);
+}
+
+TEST_F(Reading, ABoardThatIsNotEmptyIsRefused) {
+  Contact();
+  At(1) = test::SuitBoard(1);
+  reading.cmdDeal();
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{desk.Prog.Texts.Msg054, 16, "Reading Error"}));
+}
+
+TEST_F(Reading, ClearAsksAndEmptiesTheBoard) {
+  Contact();
+  reading.cmdDeal();
+  desk.Ui.Answers = {kNo, kYes};
+  reading.cmdClear();
+  EXPECT_EQ(At(1).Status, Board::kComplete);
+  reading.cmdClear();
+  EXPECT_EQ(At(1), NumberedBoard(1));
+  EXPECT_FALSE(reading.Window().Controls.cmdClear);
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Clear Board");
+}
+
+TEST_F(Reading, TheLastBoardOffersToSave) {
+  memory = {};
+  desk.Prog.Set.LastBoard = 1;
+  desk.Ui.Answers = {kYes};
+  Contact();
+  reading.cmdDeal();
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg061);
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Reading");
+  EXPECT_EQ(saves, 1);
+  EXPECT_FALSE(reading.Window().Controls.Deal_next);
+}
+
+TEST_F(Reading, TheNextButtonGoesOnPastTheEndAndTheSetGrows) {
+  desk.Prog.Set.LastBoard = 1;
+  Contact();
+  reading.Walk(BoardWalk::Step::kFirst);
+  ASSERT_TRUE(reading.Window().Controls.Deal_next);
+  reading.Deal_next();
+  EXPECT_EQ(desk.Prog.Set.LastBoard, 2);
+  EXPECT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_EQ(At(1), NumberedBoard(1));
+  EXPECT_EQ(At(2).Status, Board::kComplete);
+}
+
+TEST_F(Reading, ACardThatWasNotRecognisedLeavesTheBoardIncompleteAndIsTold) {
+  paper.Read[12] = 0;  // the ace of spades
+  Contact();
+  reading.cmdDeal();
+  EXPECT_EQ(At(1).Status, Board::kIncomplete);
+  EXPECT_EQ(LastBox(),
+            "      Not all cards were recognised: 51 of 52 cards of board 1 have been read.      "
+            "\r\n\r\n      Please clear the board and read it again, or complete it in the editor."
+            "      ");
+}
+
+TEST_F(Reading, AMachineThatStoppedShortIsNotLoggedOk) {
+  paper.FinalCount = 12;
+  Contact();
+  reading.cmdDeal();
+  EXPECT_EQ(desk.LogLines().at(desk.LogLines().size() - 2), "  001 : 1,0 0,0,0,0");
+  EXPECT_EQ(reading.LastOutcome(), MachineRun::Outcome::kStopped);
+}
+
+TEST_F(Reading, AnOldFirmwareCannotReadAndTheWindowGoes) {
+  paper.Minor = 0x22;
+  Contact();
+  EXPECT_TRUE(reading.Closed());
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Reading Error");
+  EXPECT_THAT(LastBox(), ::testing::HasSubstr("Current Firmware version is 2.22"));
+}
+
+}  // namespace
+}  // namespace morvane::machine
