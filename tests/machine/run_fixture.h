@@ -70,6 +70,11 @@ class RunFixture : public ::testing::Test {
     machine.Link.SetLinkTimeouts(200);
   }
 
+  void TearDown() override {
+    EXPECT_EQ(bridge.Overlaps, 0) << "more than one frame outstanding";
+    EXPECT_EQ(bridge.Malformed, 0);
+  }
+
   void Open() { run.Open(view); }
   /// Opens and goes through the first contact.
   void Contact() {

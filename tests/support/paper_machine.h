@@ -23,6 +23,7 @@ class PaperMachine {
   }
 
   bool Powered = true;
+  std::uint8_t Major = 2;
   std::uint8_t Minor = 0x90;
   std::uint8_t Hardware = 0x0C;
   std::uint8_t Label = 0;
@@ -44,7 +45,7 @@ class PaperMachine {
       case 0x1A:
         busy_ = 0;
         code_ = 0;
-        return Short({0x1A, 2, Minor, 1, 0, 0});
+        return Short({0x1A, Major, Minor, 1, 0, 0});
       case 0x12:
         return plain[1] == 1 ? Short({0x12, 1, 0x12, 0x67, 0, Hardware})
                              : Short({0x12, 2, 3, 4, 7, 0xEA});

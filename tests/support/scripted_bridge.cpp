@@ -95,10 +95,19 @@ UsbXpress::Status ScriptedBridge::FlushBuffers(Handle, std::uint8_t transmit,
   return Note("FlushBuffers", std::to_string(transmit) + " " + std::to_string(receive));
 }
 
+void ScriptedBridge::CheckFrame(const Bytes& wire, const Bytes& plain) {
+  if (awaited_) ++Overlaps;
+  awaited_ = true;
+  const std::size_t size = (plain[0] & 0x80) != 0 ? 136 : 8;
+  if (wire.size() != size || wire != OnTheWire(plain, 23)) ++Malformed;
+}
+
 UsbXpress::Status ScriptedBridge::Write(Handle, std::span<const std::uint8_t> bytes,
                                         std::uint32_t& written) {
   written = static_cast<std::uint32_t>(bytes.size());
-  const Bytes plain = OffTheWire({bytes.begin(), bytes.end()}, 23);
+  const Bytes wire(bytes.begin(), bytes.end());
+  const Bytes plain = OffTheWire(wire, 23);
+  CheckFrame(wire, plain);
   Sent.push_back(plain);
   Bytes answer;
   if (Answer) {
@@ -112,6 +121,7 @@ UsbXpress::Status ScriptedBridge::Write(Handle, std::span<const std::uint8_t> by
 }
 
 UsbXpress::Status ScriptedBridge::Read(Handle, std::span<std::uint8_t> bytes, std::uint32_t& read) {
+  awaited_ = false;
   const std::size_t count = std::min(bytes.size(), Unread.size());
   std::copy_n(Unread.begin(), count, bytes.begin());
   Unread.erase(Unread.begin(), Unread.begin() + static_cast<std::ptrdiff_t>(count));

@@ -31,6 +31,8 @@ class ScriptedBridge final : public UsbXpress {
 
   std::vector<std::string> Calls;  ///< names with arguments, reads and writes left out
   std::vector<Bytes> Sent;         ///< plain frames, in order
+  int Overlaps = 0;   ///< frames written before the reply to the one before had been read
+  int Malformed = 0;  ///< frames whose size does not go with their code, or whose check fails
   std::vector<std::string> Devices{"0001"};
   std::uint32_t DriverVersion = 0x30001;
   std::string FailingCall;  ///< the name of a call that answers `FailureStatus`
@@ -58,8 +60,10 @@ class ScriptedBridge final : public UsbXpress {
 
  private:
   Status Note(const std::string& name, const std::string& arguments = "");
+  void CheckFrame(const Bytes& wire, const Bytes& plain);
   Clock& clock_;
   std::uint32_t readMs_ = 0;
+  bool awaited_ = false;  ///< a frame is out whose reply nobody has read
 };
 
 }  // namespace morvane::test
