@@ -38,6 +38,12 @@ class PaperMachine {
   std::function<Bytes(int n, const Bytes& plain, Bytes wire)> Damage;
   int Exchanges = 0;
 
+  /// Switched off and on again: it knows of no run.
+  void Restart() {
+    busy_ = 0;
+    code_ = 0;
+  }
+
  private:
   Bytes Reply(const Bytes& plain) {
     if (!Powered || Deaf.contains(plain[0])) return {};
