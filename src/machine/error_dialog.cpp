@@ -1,5 +1,6 @@
 #include "machine/error_dialog.h"
 
+#include "machine/error_sound.h"
 #include "text/box_text.h"
 #include "wire/machine_errors.h"
 
@@ -60,7 +61,7 @@ std::string ErrorDialog::ErrorText() const {
 void ErrorDialog::Open(std::function<void()> closed) {
   onClosed_ = std::move(closed);
   Error_Timer1_ = program_.Loop.StartTimer(kPollMs, [this] { Tick(); });
-  program_.Speaker.Play(program_.Paths.Application + "/Dealing_Error.wav");
+  SoundAFault(program_);
 }
 
 void ErrorDialog::PressCancel2() {

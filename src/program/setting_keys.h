@@ -28,6 +28,7 @@ inline constexpr SettingKey kDealSub{kSetup, "Deal_Sub", "0"};
 inline constexpr SettingKey kDealCopy{kSetup, "Deal_Copy", "0"};
 inline constexpr SettingKey kDealNumberCopies{kSetup, "Deal_NumberCopies", ""};
 inline constexpr SettingKey kAnalyzer{kSetup, "Analyzer", "0"};
+inline constexpr SettingKey kErrorSound{kSetup, "Error_sound", "1"};
 
 inline constexpr SettingKey kSeedm{kInit, "Seedm", ""};
 inline constexpr SettingKey kSeedmCounter{kInit, "Seedm_counter", "0"};

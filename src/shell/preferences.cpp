@@ -1,5 +1,6 @@
 #include "shell/preferences.h"
 
+#include "machine/error_sound.h"
 #include "text/text.h"
 
 namespace morvane::shell {
@@ -62,6 +63,8 @@ void Preferences::Restore() {
   program_.StoreSetting(kDealNumberCopies, "1");
   Read();
 }
+
+void Preferences::Hear() { machine::PlayErrorSound(program_); }
 
 Preferences::Wrong Preferences::Close() {
   if (!LeaveFirstBoard()) return Wrong::kFirstBoard;

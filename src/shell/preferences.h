@@ -13,7 +13,7 @@ namespace morvane::shell {
 /// closes and not before.
 class Preferences {
  public:
-  enum class Frame : std::uint8_t { kGenerate, kLoad, kSave, kDeal };
+  enum class Frame : std::uint8_t { kGenerate, kLoad, kSave, kDeal, kSound };
   /// A check box that is "1" or "0" in the store.
   struct Switch {
     SettingKey Key;
@@ -21,7 +21,7 @@ class Preferences {
     const char* Caption;
     Frame Where;
   };
-  static constexpr std::array<Switch, 11> kSwitches{{
+  static constexpr std::array<Switch, 12> kSwitches{{
       {kNewShapes, "Setup_New_Shapes", "Reject Odd Shapes", Frame::kGenerate},
       {kNewInner, "Setup_New_Inner", "Check Inner Similarity", Frame::kGenerate},
       {kNewHistory, "Setup_New_History", "Check History File", Frame::kGenerate},
@@ -41,6 +41,8 @@ class Preferences {
       {kDealSub, "Setup_Deal_Sub", "Enable dealing subset of current Board Set", Frame::kDeal},
       {kDealCopy, "Setup_Deal_Copy", "Enable dealing multiple copy of the same board",
        Frame::kDeal},
+      {kErrorSound, "Setup_Error_sound", "Play a sound when the machine stops on a fault",
+       Frame::kSound},
   }};
 
   explicit Preferences(Program& program);
@@ -61,6 +63,9 @@ class Preferences {
   /// `Restore`: the defaults of the whole section are written at once and shown, but for
   /// `Deal_Sub`, which stays as it stands: required.
   void Restore();
+
+  /// `Hear`: plays the sound of a fault, whether it is switched on or not.
+  void Hear();
 
   enum class Wrong : std::uint8_t { kNone, kFirstBoard, kLastBoard };
   /// `Exit`, Escape and the close box: writes all and closes. Or the box whose number was refused.

@@ -249,6 +249,14 @@ TEST_F(ErrorDialogTest, ItPlaysTheSoundOfTheProgramsFolder) {
   EXPECT_THAT(desk.Speaker.Played, ElementsAre(desk.Prog.Paths.Application + "/Dealing_Error.wav"));
 }
 
+TEST_F(ErrorDialogTest, ItIsSilentWhereTheSoundIsSwitchedOff) {
+  desk.Store.Set(kErrorSound, "0");
+  ErrorDialog dialog = Dialog(57);
+  desk.Loop.Post([&] { dialog.PressCancel(); });
+  Run(dialog);
+  EXPECT_THAT(desk.Speaker.Played, IsEmpty());
+}
+
 TEST_F(ErrorDialogTest, APressAfterItClosedChangesNothing) {
   ErrorDialog dialog = Dialog(57);
   dialog.Open([] {});

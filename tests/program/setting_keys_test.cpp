@@ -32,6 +32,7 @@ const std::vector<Row> kRows = {
     {kDealCopy, "Setup", "Deal_Copy", "0"},
     {kDealNumberCopies, "Setup", "Deal_NumberCopies", ""},
     {kAnalyzer, "Setup", "Analyzer", "0"},
+    {kErrorSound, "Setup", "Error_sound", "1"},
     {kSeedm, "Init_settings", "Seedm", ""},
     {kSeedmCounter, "Init_settings", "Seedm_counter", "0"},
     {kInitFormat, "Init_settings", "Init_format", "BRI"},

@@ -46,7 +46,7 @@ TEST_F(PreferencesTest, AnEmptyStoreGivesEveryDefault) {
       {"Setup_Save_Event", true},   {"Setup_Save_Incomplete", true},
       {"Setup_Save_Numbers", true}, {"Setup_Save_Analyze", true},
       {"Show_boards", false},       {"Setup_Deal_Sub", false},
-      {"Setup_Deal_Copy", false}};
+      {"Setup_Deal_Copy", false},   {"Setup_Error_sound", true}};
   EXPECT_EQ(defaults.size(), Preferences::kSwitches.size());
   for (const auto& [control, on] : defaults) EXPECT_EQ(Switch(preferences, control), on) << control;
   EXPECT_EQ(preferences.Generator, 2);
@@ -145,6 +145,7 @@ TEST_F(PreferencesTest, ClosingWritesEveryControl) {
   EXPECT_EQ(Stored(kDealShow), "1");
   EXPECT_EQ(Stored(kDealSub), "1");
   EXPECT_EQ(Stored(kDealCopy), "1");
+  EXPECT_EQ(Stored(kErrorSound), "0");
   EXPECT_EQ(Stored(kGenerator), "0");
   EXPECT_EQ(Stored(kAnalyzer), "1");
   EXPECT_FALSE(desk.Store.Has(kDealNumberCopies));
@@ -202,9 +203,10 @@ TEST_F(PreferencesTest, RestoreWritesEveryDefaultButDealSub) {
   ASSERT_TRUE(Switch(again, "Setup_Deal_Sub"));
   again.Restore();
   EXPECT_FALSE(again.Closed());
-  for (const SettingKey& key : {kNewFirstBoard, kNewLastBoard, kNewShapes, kNewInner, kNewHistory,
-                                kGenerator, kLoadAllocation, kSaveEvent, kSaveIncomplete,
-                                kSaveNumbers, kSaveAnalyze, kDealShow, kDealCopy, kAnalyzer}) {
+  for (const SettingKey& key :
+       {kNewFirstBoard, kNewLastBoard, kNewShapes, kNewInner, kNewHistory, kGenerator,
+        kLoadAllocation, kSaveEvent, kSaveIncomplete, kSaveNumbers, kSaveAnalyze, kDealShow,
+        kDealCopy, kErrorSound, kAnalyzer}) {
     EXPECT_EQ(Stored(key), key.Default) << key.Name;
   }
   EXPECT_EQ(Stored(kDealNumberCopies), "1");
@@ -225,6 +227,13 @@ TEST_F(PreferencesTest, TheFilterKnowsTheDefaultsAfterRestore) {
   preferences.ChangeFirstBoard({"5", 1});
   preferences.Restore();
   EXPECT_EQ(preferences.ChangeFirstBoard({"1x", 2}).Text, "1");
+}
+
+TEST_F(PreferencesTest, TheSoundIsHeardOnRequestEvenWhereItIsSwitchedOff) {
+  desk.Store.Set(kErrorSound, "0");
+  Preferences(desk.Prog).Hear();
+  EXPECT_THAT(desk.Speaker.Played,
+              testing::ElementsAre(desk.Prog.Paths.Application + "/Dealing_Error.wav"));
 }
 
 TEST_F(PreferencesTest, TheStatisticsStayAsTheyAre) {

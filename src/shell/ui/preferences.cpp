@@ -105,7 +105,7 @@ QWidget* PreferencesWindow::MakeFrames() {
   add("Generate New BoardSet", {MakeRange(), MakeSwitches(Frame::kGenerate), MakeGenerators()});
   add("Load Boardset", {MakeSwitches(Frame::kLoad)});
   add("Save Boardset", {MakeSwitches(Frame::kSave)});
-  add("Deal and Main Menu", {MakeSwitches(Frame::kDeal)});
+  add("Deal and Main Menu", {MakeSwitches(Frame::kDeal), MakeSwitches(Frame::kSound)});
   add("Analyze", {MakeAnalyzers()});
   all->addStretch();
   return body;
@@ -152,8 +152,18 @@ QLayout* PreferencesWindow::MakeSwitches(Preferences::Frame frame) {
             [this, i](bool on) { preferences_.On[i] = on; });
     column->addWidget(switches_[i]);
   }
+  if (frame == Preferences::Frame::kSound) column->addWidget(MakeHear(), 0, Qt::AlignLeft);
   column->addStretch();
   return column;
+}
+
+QPushButton* PreferencesWindow::MakeHear() {
+  auto* hear = new QPushButton("Hear it", this);
+  hear->setObjectName("Hear");
+  hear->setAutoDefault(false);
+  hear->setToolTip("Plays the sound of a fault now");
+  connect(hear, &QPushButton::clicked, this, [this] { preferences_.Hear(); });
+  return hear;
 }
 
 QLayout* PreferencesWindow::MakeGenerators() {

@@ -9,6 +9,7 @@
 class QButtonGroup;
 class QCheckBox;
 class QLayout;
+class QPushButton;
 
 namespace morvane {
 class FilteredEdit;
@@ -32,6 +33,7 @@ class PreferencesWindow final : public QDialog {
   QWidget* MakeFrames();
   QLayout* MakeRange();
   QLayout* MakeSwitches(Preferences::Frame frame);
+  QPushButton* MakeHear();
   QLayout* MakeGenerators();
   QLayout* MakeAnalyzers();
   QWidget* MakeButtons();

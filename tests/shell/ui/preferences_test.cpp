@@ -221,6 +221,17 @@ TEST_F(PreferencesWindowTest, RestoreShowsTheDefaultsAndLeavesDealSub) {
   EXPECT_EQ(Stored(kDealSub), "1");
 }
 
+TEST_F(PreferencesWindowTest, TheSoundOfAFaultCanBeHeardAndSwitchedOff) {
+  Open([this](QWidget& window) {
+    EXPECT_TRUE(Checked(window, "Setup_Error_sound"));
+    test::Click(window, "Hear");
+    EXPECT_THAT(desk.Speaker.Played, SizeIs(1));
+    test::Click(window, "Setup_Error_sound");
+    test::Press(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(Stored(kErrorSound), "0");
+}
+
 TEST_F(PreferencesWindowTest, AProgramThatEndsWritesNothing) {
   Open([this](QWidget& window) {
     test::Type(window, "5");
@@ -241,7 +252,7 @@ TEST_F(PreferencesWindowTest, TheTabKeyGoesThroughItAsTheEyeDoes) {
                            "Setup_New_Inner", "Setup_New_History", "Gen2", "Setup_Load_Allocation",
                            "Setup_Save_Event", "Setup_Save_Incomplete", "Setup_Save_Numbers",
                            "Setup_Save_Analyze", "Show_boards", "Setup_Deal_Sub", "Setup_Deal_Copy",
-                           "Analize1", "Restore", "Exit"));
+                           "Setup_Error_sound", "Hear", "Analize1", "Restore", "Exit"));
     test::Click(window, "Exit");
   });
 }
