@@ -5,11 +5,15 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <string_view>
 
 #include "platform/files.h"
 
 #ifndef _WIN32
 #include <poll.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 #endif
 
 namespace morvane::bridges {
@@ -48,6 +52,24 @@ bool Gone(const QSerialPort& port) {
   pollfd file{port.handle(), POLLIN, 0};
   return poll(&file, 1, 0) > 0 && (file.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 #endif
+}
+
+#ifndef _WIN32
+/// A pseudo-terminal stays barred behind a program that died, for as long as its other end lives.
+void UnbarPseudoTerminal(int file) {
+  const char* const name = ttyname(file);
+  if (name != nullptr && std::string_view(name).starts_with("/dev/pts/")) ioctl(file, TIOCNXCL);
+}
+#endif
+
+/// Takes the device for this program alone, by whatever name another asks for it. The system's own
+/// bar does not stop its administrator.
+bool TakeAlone([[maybe_unused]] const QSerialPort& port) {
+#ifndef _WIN32
+  if (flock(port.handle(), LOCK_EX | LOCK_NB) != 0) return false;
+  UnbarPseudoTerminal(port.handle());
+#endif
+  return true;
 }
 
 }  // namespace
@@ -115,7 +137,14 @@ UsbXpress::Status SerialBridge::GetProductString(std::uint32_t index, ProductStr
 
 UsbXpress::Status SerialBridge::Open(std::uint32_t index, Handle& handle) {
   if (opened_) return kInvalidParameter;
-  if (index != 0 || !Attached() || !port_.open(QIODevice::ReadWrite)) return kDeviceNotFound;
+  if (index != 0 || !Attached()) return kDeviceNotFound;
+  if (!port_.open(QIODevice::ReadWrite)) {
+    return port_.error() == QSerialPort::PermissionError ? kDeviceIoFailed : kDeviceNotFound;
+  }
+  if (!TakeAlone(port_)) {
+    port_.close();
+    return kDeviceIoFailed;
+  }
   opened_ = true;
   handle = kHandle;
   return kSuccess;
@@ -199,6 +228,8 @@ UsbXpress::Status SerialBridge::WriteLatch(Handle handle, std::uint8_t mask, std
 
 UsbXpress::Status SerialBridge::Close(Handle handle) {
   if (!Opened(handle)) return kInvalidHandle;
+  // A system may hold a program up here until the line has taken everything.
+  if (port_.isOpen()) port_.clear(QSerialPort::Output);
   port_.close();
   opened_ = false;
   return kSuccess;

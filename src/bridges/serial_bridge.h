@@ -24,6 +24,7 @@ class SerialBridge final : public UsbXpress {
   Status GetNumDevices(std::uint32_t& count) override;
   /// The last part of the path.
   Status GetProductString(std::uint32_t index, ProductString& text, std::uint32_t option) override;
+  /// `kDeviceIoFailed`: another program has the device, or it may not be used by this user.
   Status Open(std::uint32_t index, Handle& handle) override;
   Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) override;
   Status SetBaudRate(Handle handle, std::uint32_t rate) override;
@@ -34,6 +35,7 @@ class SerialBridge final : public UsbXpress {
   Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) override;
   /// Line 0 is the data-terminal-ready line; the bridge's other lines do not exist here.
   Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override;
+  /// What the line has not taken yet is dropped, so that closing never waits.
   Status Close(Handle handle) override;
 
  private:

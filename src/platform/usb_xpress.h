@@ -20,6 +20,9 @@ class UsbXpress {
   static constexpr Status kReadError = 0x02;
   static constexpr Status kWriteError = 0x04;
   static constexpr Status kInvalidParameter = 0x06;
+  /// The device is there and the system refuses it: another program has it, or it is another
+  /// user's.
+  static constexpr Status kDeviceIoFailed = 0x08;
   static constexpr Status kReadTimedOut = 0x0D;
   static constexpr Status kDriverMissing = 12;
 

@@ -223,15 +223,11 @@ TEST_F(SerialBridgeTest, TheLinkMayBeOpenedAgain) {
   EXPECT_EQ(Read(1), Bytes{1});
 }
 
-TEST_F(SerialBridgeTest, ASecondOpeningIsRefusedAndLeavesTheFirst) {
-  Open(kLongMs);
-  UsbXpress::Handle second = kNoHandle;
-  EXPECT_NE(bridge_.Open(0, second), UsbXpress::kSuccess);
-  EXPECT_EQ(second, kNoHandle);
-  SerialBridge other(peer_.Path());  // another program would meet the same
-  EXPECT_NE(other.Open(0, second), UsbXpress::kSuccess);
-  peer_.Send({1});
-  EXPECT_EQ(Read(1), Bytes{1});
+TEST_F(SerialBridgeTest, WhatTheLineHasNotTakenIsDroppedWithTheLink) {
+  Open(5);
+  EXPECT_EQ(Write(Bytes(8000, 0x55)), 8000U);
+  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
+  EXPECT_LT(peer_.TakeAll(5).size(), 8000U);
 }
 
 TEST_F(SerialBridgeTest, AClosedHandleIsGoodForNothing) {

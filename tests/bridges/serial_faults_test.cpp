@@ -1,9 +1,9 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
-#include <atomic>
 #include <thread>
 
+#include "bridges/babble.h"
 #include "bridges/serial_desk.h"
 
 // Peers that leave, and lines that babble.
@@ -80,29 +80,6 @@ TEST_F(SerialBridgeTest, ADeviceThatLeftIsNotFoundAnyMore) {
   EXPECT_EQ(bridge_.GetProductString(0, text, 0), UsbXpress::kDeviceNotFound);
   EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceNotFound);
 }
-
-/// Sends without a pause until it is stopped.
-class Babble {
- public:
-  explicit Babble(const ScriptedPeer& peer)
-      : thread_([this, &peer] {
-          const Bytes bytes = CountedBytes(1024);
-          while (!over_) sent_ += peer.SendSome(bytes);
-        }) {}
-  ~Babble() { Stop(); }
-  Babble(const Babble&) = delete;
-  Babble& operator=(const Babble&) = delete;
-  void Stop() {
-    over_ = true;
-    if (thread_.joinable()) thread_.join();
-  }
-  [[nodiscard]] std::size_t Sent() const { return sent_; }
-
- private:
-  std::atomic<bool> over_ = false;
-  std::atomic<std::size_t> sent_ = 0;
-  std::thread thread_;
-};
 
 TEST_F(SerialBridgeTest, ABabblingLineIsDroppedBehindABoxAndKeepsWorking) {
   Open(20);

@@ -25,6 +25,7 @@ class PaperPeer {
   test::ScriptedBridge Bridge{clock_};
   test::PaperMachine Paper{Bridge};
   std::size_t LeavesAfter = std::numeric_limits<std::size_t>::max();  ///< frames, then it is gone
+  std::size_t SilentAfter = std::numeric_limits<std::size_t>::max();  ///< frames, the line stays
   std::vector<test::Bytes> Heard;                                     ///< plain frames
   int BadChecks = 0;
 
@@ -56,7 +57,7 @@ class PaperPeer {
     const int sum = std::accumulate(plain.begin(), plain.end(), 0) & 255;
     if (sum != 255 - wire[7]) ++BadChecks;
     Heard.push_back(plain);
-    peer_.Send(Bridge.Answer(plain));
+    if (Heard.size() <= SilentAfter) peer_.Send(Bridge.Answer(plain));
   }
 
   test::VirtualClock clock_;

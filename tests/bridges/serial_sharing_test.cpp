@@ -1,0 +1,100 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "bridges/serial_desk.h"
+#include "support/fakes.h"
+#include "support/plain_user.h"
+
+// A device that somebody else has, or that is not this user's.
+
+namespace morvane::bridges {
+namespace {
+
+/// The device as a program that is none of ours has it.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const std::string& path)
+      : file_(open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+    EXPECT_GE(file_, 0);
+  }
+  ~OtherProgram() { close(file_); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+  [[nodiscard]] bool Lock() const { return flock(file_, LOCK_EX | LOCK_NB) == 0; }
+  [[nodiscard]] bool Barred() const {
+    int barred = -1;
+    EXPECT_EQ(ioctl(file_, TIOCGEXCL, &barred), 0);
+    return barred != 0;
+  }
+
+ private:
+  int file_;
+};
+
+TEST_F(SerialBridgeTest, ASecondOpeningIsRefusedAndLeavesTheFirst) {
+  Open(kLongMs);
+  UsbXpress::Handle second = kNoHandle;
+  EXPECT_EQ(bridge_.Open(0, second), UsbXpress::kInvalidParameter);
+  SerialBridge other(peer_.Path());  // another program would meet the same
+  EXPECT_EQ(other.Open(0, second), UsbXpress::kDeviceIoFailed);
+  EXPECT_EQ(second, kNoHandle);
+  EXPECT_EQ(other.Close(0), UsbXpress::kInvalidHandle);
+  peer_.Send(CountedBytes(256));
+  EXPECT_EQ(Read(256), CountedBytes(256)) << "every control character passes as before";
+}
+
+TEST_F(SerialBridgeTest, ASecondNameOfTheDeviceOpensItNoMore) {
+  Open(kLongMs);
+  test::TempFolder folder;
+  std::filesystem::create_symlink(peer_.Path(), folder / "machine");
+  SerialBridge other(folder / "machine");
+  UsbXpress::Handle second = kNoHandle;
+  EXPECT_EQ(other.Open(0, second), UsbXpress::kDeviceIoFailed);
+  EXPECT_EQ(second, kNoHandle);
+  peer_.Send(CountedBytes(256));
+  EXPECT_EQ(Read(256), CountedBytes(256));
+  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
+  EXPECT_EQ(other.Open(0, second), UsbXpress::kSuccess);
+}
+
+TEST_F(SerialBridgeTest, ADeviceThatAnotherProgramHoldsIsRefusedUntilItLetsGo) {
+  {
+    const OtherProgram other(peer_.Path());
+    ASSERT_TRUE(other.Lock());
+    EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceIoFailed);
+    EXPECT_EQ(handle_, kNoHandle);
+  }
+  EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kSuccess);
+}
+
+TEST_F(SerialBridgeTest, WhatIsOpenIsHeldAgainstOtherPrograms) {
+  const OtherProgram other(peer_.Path());
+  Open(5);
+  EXPECT_FALSE(other.Lock());
+  EXPECT_EQ(bridge_.Close(handle_), UsbXpress::kSuccess);
+  EXPECT_TRUE(other.Lock());
+}
+
+TEST_F(SerialBridgeTest, APseudoTerminalIsNotBarredForGoodShouldTheProgramDie) {
+  const OtherProgram other(peer_.Path());
+  Open(5);
+  EXPECT_FALSE(other.Barred());
+}
+
+TEST_F(SerialBridgeTest, ADeviceThatIsNotThisUsersIsRefused) {
+  ASSERT_EQ(chmod(peer_.Path().c_str(), geteuid() == 0 ? S_IRUSR | S_IWUSR : 0), 0);
+  const test::PlainUser user;
+  ASSERT_TRUE(user.Ok());
+  std::uint32_t count = 0;
+  EXPECT_EQ(bridge_.GetNumDevices(count), UsbXpress::kSuccess) << "it is there";
+  EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceIoFailed);
+  EXPECT_EQ(handle_, kNoHandle);
+}
+
+}  // namespace
+}  // namespace morvane::bridges
