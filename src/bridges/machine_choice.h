@@ -19,6 +19,7 @@ struct MachineChoice {
   std::string Error;                                 ///< not empty: `Usb` is null
 };
 
+/// Reads the file of the simulated machine's `pack=`.
 /// "usb", "simulated[,key=value...]" or "serial:PATH".
 [[nodiscard]] MachineChoice ChooseMachine(const std::string& text, Clock& clock);
 

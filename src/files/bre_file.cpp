@@ -3,9 +3,8 @@
 #include <utility>
 
 #include "files/dge_records.h"
-#include "files/format_frame.h"
 #include "files/placed_boards.h"
-#include "program/program.h"
+#include "text/box_text.h"
 #include "text/number_filter.h"
 #include "text/text_encoding.h"
 #include "text/text_lines.h"
@@ -80,13 +79,6 @@ std::string BreBytes(const BoardSet& set) {
     bytes.append(FormatDgeHands(set.At(n))).append(kCrLf);
   }
   return bytes;
-}
-
-bool ReadBreFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNotes& /*notes*/) {
-  return ReadThrough(program, path, [&](const std::string& bytes) {
-    return ParseBre(bytes, program.Set, program.Texts);
-  });
 }
 
 }  // namespace morvane::files

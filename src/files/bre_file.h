@@ -21,5 +21,4 @@ namespace morvane::files {
 /// The set as the bytes of a BRE file.
 [[nodiscard]] std::string BreBytes(const BoardSet& set);
 
-bool ReadBreFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 }  // namespace morvane::files

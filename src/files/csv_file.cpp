@@ -4,9 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "files/format_frame.h"
 #include "model/hand_text.h"
-#include "program/program.h"
+#include "text/box_text.h"
 #include "text/text_encoding.h"
 #include "text/text_lines.h"
 
@@ -112,13 +111,6 @@ std::string CsvText(const BoardSet& set) {
   std::string text;
   for (int n = set.FirstBoard; n <= set.LastBoard; ++n) AppendLine(text, set.At(n), n);
   return text;
-}
-
-bool ReadCsvFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNotes& /*notes*/) {
-  return ReadThrough(program, path, [&](std::string bytes) {
-    return ParseCsv(DecodeText(std::move(bytes)), program.Set, program.Texts);
-  });
 }
 
 }  // namespace morvane::files

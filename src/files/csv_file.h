@@ -27,5 +27,4 @@ namespace morvane::files {
 /// The set as the text of a CSV file, which is ASCII.
 [[nodiscard]] std::string CsvText(const BoardSet& set);
 
-bool ReadCsvFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
 }  // namespace morvane::files

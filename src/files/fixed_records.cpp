@@ -8,9 +8,7 @@
 #include "files/deal305_records.h"
 #include "files/dge_records.h"
 #include "files/dup_records.h"
-#include "files/format_frame.h"
 #include "files/placed_boards.h"
-#include "program/program.h"
 
 namespace morvane::files {
 namespace {
@@ -67,13 +65,6 @@ std::optional<FormatFault> ParseFixedRecords(std::string_view bytes, std::string
     if (!AppendBoard(set, board)) return FormatFault{texts.Msg012, number, kRecords};
   }
   return std::nullopt;
-}
-
-bool ReadFixedRecordFile(Program& program, const Format& format, const std::string& path,
-                         FileNotes& notes) {
-  return ReadThrough(program, path, [&](const std::string& bytes) {
-    return ParseFixedRecords(bytes, format.Name, program.Set, notes.Numbers, program.Texts);
-  });
 }
 
 }  // namespace morvane::files

@@ -20,7 +20,4 @@ namespace morvane::files {
                                                            BoardSet& set, FileNumbers& numbers,
                                                            const Messages& texts);
 
-bool ReadFixedRecordFile(Program& program, const Format& format, const std::string& path,
-                         FileNotes& notes);
-
 }  // namespace morvane::files

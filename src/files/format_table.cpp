@@ -1,6 +1,7 @@
 #include "files/format_table.h"
 
 #include <array>
+#include <utility>
 
 #include "files/bre_file.h"
 #include "files/bri_records.h"
@@ -15,9 +16,39 @@
 #include "files/pbn_writer.h"
 #include "program/program.h"
 #include "text/text.h"
+#include "text/text_encoding.h"
 
 namespace morvane::files {
 namespace {
+
+std::optional<FormatFault> ParsePbnFile(std::string bytes, const Format& /*format*/, BoardSet& set,
+                                        FileNotes& notes, const Messages& texts) {
+  const std::string text = DecodeText(std::move(bytes));
+  notes.HasTags = text.find('[') != std::string::npos;
+  return ParsePbn(text, set, texts);
+}
+
+std::optional<FormatFault> ParseCsvFile(std::string bytes, const Format& /*format*/, BoardSet& set,
+                                        FileNotes& /*notes*/, const Messages& texts) {
+  return ParseCsv(DecodeText(std::move(bytes)), set, texts);
+}
+
+std::optional<FormatFault> ParseBreFile(std::string bytes, const Format& /*format*/, BoardSet& set,
+                                        FileNotes& /*notes*/, const Messages& texts) {
+  return ParseBre(bytes, set, texts);
+}
+
+std::optional<FormatFault> ParseRecordFile(std::string bytes, const Format& format, BoardSet& set,
+                                           FileNotes& notes, const Messages& texts) {
+  return ParseFixedRecords(bytes, format.Name, set, notes.Numbers, texts);
+}
+
+/// The reader of every format that has a `Parser`.
+bool ReadParsed(Program& program, const Format& format, const std::string& path, FileNotes& notes) {
+  return ReadThrough(program, path, [&](std::string bytes) {
+    return format.Parse(std::move(bytes), format, program.Set, notes, program.Texts);
+  });
+}
 
 /// Writes the set as the bytes that `Bytes` makes of it.
 template <std::string (*Bytes)(const BoardSet& set)>
@@ -34,24 +65,39 @@ constexpr Writer WriteBreFile = WriteSet<BreBytes>;
 constexpr Writer WriteCsvFile = WriteSet<CsvText>;
 
 constexpr std::array<Format, 8> kFormats{{
-    {.Extension = "BRI", .Name = "BRI", .Read = ReadFixedRecordFile, .Write = WriteBriFile},
-    {.Extension = "DGE", .Name = "DGE", .Read = ReadFixedRecordFile, .Write = WriteDgeFile},
+    {.Extension = "BRI",
+     .Name = "BRI",
+     .Parse = ParseRecordFile,
+     .Read = ReadParsed,
+     .Write = WriteBriFile},
+    {.Extension = "DGE",
+     .Name = "DGE",
+     .Parse = ParseRecordFile,
+     .Read = ReadParsed,
+     .Write = WriteDgeFile},
     {.Extension = "DUP",
      .Name = "DUP",
      .BoardNumbers = Format::Numbers::kFirstAndLast,
-     .Read = ReadFixedRecordFile,
+     .Parse = ParseRecordFile,
+     .Read = ReadParsed,
      .Write = WriteDupFile},
-    {.Extension = "ALL", .Name = "DEAL305", .Read = ReadFixedRecordFile, .Write = WriteDeal305File},
+    {.Extension = "ALL",
+     .Name = "DEAL305",
+     .Parse = ParseRecordFile,
+     .Read = ReadParsed,
+     .Write = WriteDeal305File},
     {.Extension = "BRE",
      .Name = "BRE",
      .EventTexts = true,
      .IncompleteBoards = true,
-     .Read = ReadBreFile,
+     .Parse = ParseBreFile,
+     .Read = ReadParsed,
      .Write = WriteBreFile},
     {.Extension = "CSV",
      .Name = "CSV",
      .BoardNumbers = Format::Numbers::kEachBoard,
-     .Read = ReadCsvFile,
+     .Parse = ParseCsvFile,
+     .Read = ReadParsed,
      .Write = WriteCsvFile},
     {.Extension = "PBN",
      .Name = "PBN",
@@ -59,7 +105,8 @@ constexpr std::array<Format, 8> kFormats{{
      .LimitsEventTexts = true,
      .BoardNumbers = Format::Numbers::kEachBoard,
      .IncompleteBoards = true,
-     .Read = ReadPbnFile,
+     .Parse = ParsePbnFile,
+     .Read = ReadParsed,
      .Write = WritePbnFile},
     {.Extension = "TXT",
      .Name = "LOG",

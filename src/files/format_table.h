@@ -1,15 +1,19 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace morvane {
 class Program;
-}
+struct BoardSet;
+struct Messages;
+}  // namespace morvane
 
 namespace morvane::files {
 
 struct Format;
+struct FormatFault;
 
 /// The first and last board number that a file gives for its whole set; 0 = none.
 struct FileNumbers {
@@ -23,6 +27,11 @@ struct FileNotes {
   bool HasTags = false;  ///< a "[" stands in it, so Import may take what Load refuses
 };
 
+/// Fills `set`, which is clear, from the bytes of a file and asks nobody; the first fault in them.
+/// After one the set holds what came before it.
+using Parser = std::optional<FormatFault> (*)(std::string bytes, const Format& format,
+                                              BoardSet& set, FileNotes& notes,
+                                              const Messages& texts);
 /// Fills the set, which is clear, from the file. False: the operator has been told why.
 using Reader = bool (*)(Program& program, const Format& format, const std::string& path,
                         FileNotes& notes);
@@ -41,6 +50,7 @@ struct Format {
   bool LimitsEventTexts = false;  ///< some characters can't stand in them
   Numbers BoardNumbers = Numbers::kNone;
   bool IncompleteBoards = false;
+  Parser Parse = nullptr;  ///< none: the operator has to be asked
   Reader Read = nullptr;
   Writer Write = nullptr;  ///< none: this format can't be saved
 };

@@ -2,9 +2,8 @@
 
 #include <array>
 
-#include "files/format_frame.h"
 #include "files/pbn_values.h"
-#include "program/program.h"
+#include "text/box_text.h"
 #include "text/text.h"
 #include "text/text_encoding.h"
 #include "text/text_lines.h"
@@ -185,15 +184,6 @@ std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set, const 
   }
   if (!SetLimits(set)) return FormatFault{texts.Msg013, number};
   return std::nullopt;
-}
-
-bool ReadPbnFile(Program& program, const Format& /*format*/, const std::string& path,
-                 FileNotes& notes) {
-  return ReadThrough(program, path, [&](std::string bytes) {
-    const std::string text = DecodeText(std::move(bytes));
-    notes.HasTags = text.find('[') != std::string::npos;
-    return ParsePbn(text, program.Set, program.Texts);
-  });
 }
 
 }  // namespace morvane::files

@@ -32,6 +32,4 @@ struct PbnReading {
 [[nodiscard]] std::optional<FormatFault> ParsePbn(std::string_view text, BoardSet& set,
                                                   const Messages& texts);
 
-bool ReadPbnFile(Program& program, const Format& format, const std::string& path, FileNotes& notes);
-
 }  // namespace morvane::files

@@ -43,13 +43,24 @@ void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
 void CardWay::Load() {
   switch (kind_) {
     case RunKind::Read:
-      feeder_.LoadForReading(boardToRead_, handList_);
+      LoadForReading();
       break;
     case RunKind::Sort:
       feeder_.LoadFourPacks();
       break;
     default:
       feeder_.LoadPack();
+  }
+}
+
+void CardWay::LoadForReading() {
+  if (boards_.Empty()) {
+    feeder_.LoadForReading({}, handList_);
+  } else if (boards_.UsedUp()) {
+    feeder_.Empty();
+    boards_.PutBack();  // who goes on, or reads again, has done that
+  } else {
+    feeder_.LoadForReading(boards_.TakeUp(), handList_);
   }
 }
 
@@ -60,6 +71,7 @@ void CardWay::GoOn(Time now) {
     return;
   }
   if (!wire::TextOfError(state_).CanGoOn) return;
+  if (feeder_.Loaded() == 0) Load();
   SetState(StatusReply::kBusy);
   nextCardAt_ = now + cardTime_;
 }
@@ -96,6 +108,10 @@ void CardWay::Polled() {
 void CardWay::FallOne() {
   if (const std::uint8_t code = DueFault()) {
     Stop(code);
+    return;
+  }
+  if (feeder_.Left() == 0) {
+    Stop(wire::kCardFeeding);
     return;
   }
   const std::size_t pocket = PocketOfFront();
@@ -137,6 +153,7 @@ std::size_t CardWay::PocketOfFront() const {
 
 void CardWay::Finish() {
   if (kind_ == RunKind::Deal) ++boardsDealt_;
+  if (kind_ == RunKind::Read) boards_.Finished();
   if (kind_ != RunKind::Sort) ++boardsFinished_;
   SetState(StatusReply::kIdle);
 }

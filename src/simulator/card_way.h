@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/board.h"
+#include "simulator/board_pile.h"
 #include "simulator/deck.h"
 #include "simulator/options.h"
 #include "wire/replies.h"
@@ -44,8 +44,9 @@ class CardWay {
 
   /// The machine stops with `code` before the next card falls.
   void CauseFault(std::uint8_t code) { nextFault_ = code; }
-  /// The cards that the next reading run is to find.
-  void LayBoard(const Board& board) { boardToRead_ = board; }
+  /// The boards that reading runs find. Without any they read a shuffled pack.
+  [[nodiscard]] BoardPile& Boards() { return boards_; }
+  [[nodiscard]] const BoardPile& Boards() const { return boards_; }
   [[nodiscard]] Feeder& Cards() { return feeder_; }
 
   [[nodiscard]] RunKind Kind() const { return kind_; }
@@ -64,6 +65,7 @@ class CardWay {
 
  private:
   void Load();
+  void LoadForReading();
   void FallOne();
   void Finish();
   void SetState(std::uint8_t state);
@@ -77,7 +79,7 @@ class CardWay {
   wire::CardBytes handList_{};
   std::array<Pile, 5> pockets_;
   wire::CardBytes cardLog_;
-  Board boardToRead_;
+  BoardPile boards_;
   std::uint8_t state_ = wire::StatusReply::kIdle;
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};

@@ -7,7 +7,9 @@ namespace morvane::simulator {
 namespace {
 
 constexpr std::string_view kName = "simulated";
-constexpr std::string_view kKeys = "speed, firmware, hardware, serial, noise, seed, fault";
+constexpr std::string_view kKeys = "speed, firmware, hardware, serial, noise, seed, fault, pack";
+/// The key whose value may have commas.
+constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
 constexpr int kLastErrorCode = 240;
 
@@ -90,13 +92,18 @@ bool TakeFault(std::string_view value, Options& options) {
   return true;
 }
 
+bool TakePack(std::string_view value, Options& options) {
+  options.Pack = value;
+  return !value.empty();
+}
+
 struct Key {
   std::string_view Name;
   bool (*Take)(std::string_view value, Options& options);
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 7> kKeyTable{{
+constexpr std::array<Key, 8> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"hardware", TakeHardware, "a number from 0 to 65535, such as 0x7F"},
@@ -104,7 +111,14 @@ constexpr std::array<Key, 7> kKeyTable{{
     {"noise", TakeNoise, "a chance from 0 to 1, such as 0.001"},
     {"seed", TakeSeed, "a whole number of at most 64 bits"},
     {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 52 and code 1 to 240"},
+    {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
+
+/// The pair that `text` begins with.
+std::string_view FirstPair(std::string_view text) {
+  const bool isPack = text.starts_with(kPack) && text.substr(kPack.size()).starts_with('=');
+  return isPack ? text : text.substr(0, text.find(','));
+}
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
@@ -131,9 +145,9 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
   Options read = options;
   while (!rest.empty()) {
     rest.remove_prefix(1);
-    const std::size_t comma = rest.find(',');
-    if (auto error = TakePair(rest.substr(0, comma), read)) return error;
-    rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma);
+    const std::string_view pair = FirstPair(rest);
+    if (auto error = TakePair(pair, read)) return error;
+    rest.remove_prefix(pair.size());
   }
   options = read;
   return std::nullopt;
@@ -141,7 +155,7 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 
 std::string OptionsUsage(std::size_t indent) {
   return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n" +
-         std::string(indent, ' ') + "fault=BOARD:CARD:CODE]";
+         std::string(indent, ' ') + "fault=BOARD:CARD:CODE,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

@@ -27,6 +27,7 @@ struct Options {
   double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
   std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
   std::vector<CardFault> Faults;
+  std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
   bool operator==(const Options&) const = default;
 };
 

@@ -99,6 +99,7 @@ std::string RunOrgan::StateText() const {
   const std::string place =
       " card " + std::to_string(run_.Fallen() + 1) + " of " + std::to_string(run_.Loaded());
   if (run_.State() == StatusReply::kIdle) return "idle";
+  if (run_.Loaded() == 0) return "the feeder is empty";
   if (!run_.Busy()) return "stopped at" + place + " with code " + std::to_string(run_.State());
   switch (run_.Kind()) {
     case RunKind::Read:

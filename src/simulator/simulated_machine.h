@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/board.h"
@@ -41,8 +42,12 @@ class SimulatedMachine final : public UsbXpress {
   /// The next deal feeds these program cards 1..52, first one first. False, and nothing changes,
   /// unless each is there once.
   bool LoadPack(const std::array<int, kCards>& cards);
-  /// The cards that the next reading runs are to find, hand by hand.
-  void LayBoard(const Board& board) { firmware_.Run().LayBoard(board); }
+  /// The cards that every reading run to come finds, hand by hand.
+  void LayBoard(const Board& board) { firmware_.Run().Boards().LayForGood(board); }
+  /// The complete boards that the reading runs to come find, one after the other: one that is read
+  /// to its end makes room for the next. Behind the last one the feeder is empty, which stops the
+  /// run with code 55; then the boards are put back.
+  void LayBoards(std::vector<Board> boards) { firmware_.Run().Boards().Lay(std::move(boards)); }
   /// Off, the machine hears and says nothing; on again, it has forgotten its run.
   void PowerOff();
   void PowerOn() { powered_ = true; }
@@ -59,6 +64,8 @@ class SimulatedMachine final : public UsbXpress {
   [[nodiscard]] Board DealtBoard() const;
   /// Boards dealt to the end since the machine was made.
   [[nodiscard]] int BoardsDealt() const { return static_cast<int>(firmware_.Run().BoardsDealt()); }
+  /// Boards that lie ready to be read.
+  [[nodiscard]] std::size_t BoardsToRead() const { return firmware_.Run().Boards().Left(); }
   [[nodiscard]] bool Busy() const { return firmware_.Run().Busy(); }
   [[nodiscard]] bool LatchOn() const { return latch_; }
   [[nodiscard]] bool PowerIsOn() const { return powered_; }

@@ -143,7 +143,8 @@ TEST(DupFile, AReaderGetsTheBoardsFrom1OnAndTheNumbersAside) {
   ASSERT_TRUE(SaveFile(desk.Prog, desk.History, desk.Folder / "set.dup"));
   desk.Prog.Set.Clear();
   FileNotes notes;
-  EXPECT_TRUE(ReadFixedRecordFile(desk.Prog, *FindFormat("DUP"), desk.Folder / "set.dup", notes));
+  EXPECT_TRUE(
+      FindFormat("DUP")->Read(desk.Prog, *FindFormat("DUP"), desk.Folder / "set.dup", notes));
   EXPECT_EQ(notes.Numbers.First, 9);
   EXPECT_EQ(notes.Numbers.Last, 10);
   EXPECT_EQ(desk.Prog.Set.FirstBoard, 1);

@@ -35,6 +35,14 @@ TEST(Options, EveryKeyIsTaken) {
   EXPECT_EQ(options.Faults, (std::vector<CardFault>{{3, 20, 30}, {4, 52, 240}}));
 }
 
+TEST(Options, APackTakesTheRestOfTheTextForItsPath) {
+  const Options options = Parsed("simulated,speed=0,pack=/home/a, b/x=1,seed=7.pbn");
+  EXPECT_EQ(options.Speed, 0.0);
+  EXPECT_EQ(options.Pack, "/home/a, b/x=1,seed=7.pbn");
+  EXPECT_FALSE(options.Seed);
+  EXPECT_EQ(Parsed("simulated").Pack, "");
+}
+
 TEST(Options, NumbersReachTheirEnds) {
   EXPECT_EQ(Parsed("simulated,speed=0").Speed, 0.0);
   EXPECT_EQ(Parsed("simulated,speed=1000").Speed, 1000.0);
@@ -82,6 +90,9 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,fault=1:1:241",
                                       "simulated,fault=1:1:1:1",
                                       "simulated,fault=",
+                                      "simulated,pack",
+                                      "simulated,pack=",
+                                      "simulated,packs=a.pbn",
                                       "simulated,colour=red",
                                       "simulated,,speed=1",
                                       "simulated,speed=1,",
@@ -103,7 +114,7 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
             "card 1 to 52 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, hardware, "
-            "serial, noise, seed, fault");
+            "serial, noise, seed, fault, pack");
   EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
 }
 
@@ -117,9 +128,11 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   };
   give("seed=N", "seed=7");
   give("BOARD:CARD:CODE", "1:2:3");
+  give("pack=FILE", "pack=set.pbn");
   Options expected;
   expected.Seed = 7;
   expected.Faults = {{1, 2, 3}};
+  expected.Pack = "set.pbn";
   EXPECT_EQ(Parsed(usage), expected);
 }
 

@@ -17,6 +17,18 @@ Bytes ReadFrame(int first = kNorth) {
   return plain;
 }
 
+/// A plain CmdRead for the cards of a hand one after the other, with one byte too many.
+Bytes ReadByHands() {
+  Bytes plain(136);
+  plain[0] = 0x9C;
+  plain[4] = 11;
+  plain[5] = 36;
+  for (std::size_t k = 0; k < 53; ++k) {
+    plain[8 + k] = static_cast<std::uint8_t>(std::min<std::size_t>(k / 13 + 1, 4));
+  }
+  return plain;
+}
+
 /// The hand of each card in a plain 0x9D: pocket 1 South, 2 West, 3 East, 4 North.
 std::array<std::uint8_t, 53> HandsIn(const Bytes& reply) {
   constexpr std::array<std::uint8_t, 5> kHands{0, 3, 4, 2, 1};
@@ -44,16 +56,79 @@ TEST(Reading, APileByHandsWithOneByteTooManyIsReadToo) {
   Talk talk;
   const Board board = RandomBoard(8);
   talk.Machine.LayBoard(board);
-  Bytes plain(136);
-  plain[0] = 0x9C;
-  plain[4] = 11;
-  plain[5] = 36;
-  for (std::size_t k = 0; k < 53; ++k) {
-    plain[8 + k] = static_cast<std::uint8_t>(std::min<std::size_t>(k / 13 + 1, 4));
-  }
-  ASSERT_TRUE(talk.Accepted(plain));
+  ASSERT_TRUE(talk.Accepted(ReadByHands()));
   ASSERT_EQ(talk.PollToEnd(), 0);
   EXPECT_EQ(HandsIn(talk.Ask({0x1D})), board.Cards);
+}
+
+class ReadingAPile : public testing::Test {
+ protected:
+  Talk talk;
+  const std::vector<Board> boards{RandomBoard(1), RandomBoard(2), RandomBoard(3)};
+
+  void SetUp() override { talk.Machine.LayBoards(boards); }
+  /// Reads to the end; the cards that were found, empty when the machine stopped.
+  std::array<std::uint8_t, 53> Found(const Bytes& start = ReadFrame()) {
+    EXPECT_TRUE(talk.Accepted(start));
+    if (talk.PollToEnd() != 0) return {};
+    return HandsIn(talk.Ask({0x1D}));
+  }
+};
+
+TEST_F(ReadingAPile, EachRunFindsTheNextBoardInEitherMode) {
+  EXPECT_EQ(Found(ReadFrame(kNorth)), boards[0].Cards);
+  EXPECT_EQ(Found(ReadByHands()), boards[1].Cards);
+  EXPECT_EQ(Found(ReadFrame(kWest)), boards[2].Cards);
+}
+
+TEST_F(ReadingAPile, ARunThatIsBegunAgainFindsTheSameBoard) {
+  ASSERT_TRUE(talk.Accepted(ReadFrame()));
+  for (int poll = 1; poll <= 30; ++poll) talk.Status();
+  EXPECT_EQ(talk.Status(1).at(1), 57);
+  EXPECT_EQ(Found(), boards[0].Cards) << "begun again";
+  talk.Machine.CauseFault(25);
+  ASSERT_TRUE(talk.Accepted(ReadFrame()));
+  EXPECT_EQ(talk.PollToEnd(), 25);
+  Bytes goOn = ReadFrame();
+  goOn[1] = 1;
+  EXPECT_EQ(Found(goOn), boards[1].Cards) << "gone on with";
+  EXPECT_EQ(Found(), boards[2].Cards);
+}
+
+TEST_F(ReadingAPile, BehindTheLastBoardTheFeederIsEmptyAndGoingOnFindsThemPutBack) {
+  for (const Board& board : boards) EXPECT_EQ(Found(), board.Cards);
+  ASSERT_TRUE(talk.Accepted(ReadFrame()));
+  EXPECT_EQ(talk.PollToEnd(), 55);
+  EXPECT_EQ(talk.Machine.StateText(), "the feeder is empty");
+  const Bytes reply = talk.Ask({0x1D});
+  EXPECT_EQ(std::count(reply.begin() + 8, reply.begin() + 60, 0), 52);
+  Bytes goOn = ReadFrame();
+  goOn[1] = 1;
+  EXPECT_EQ(Found(goOn), boards[0].Cards);
+  EXPECT_EQ(Found(), boards[1].Cards);
+}
+
+TEST_F(ReadingAPile, BoardsLaidInTheMiddleOfARunAreAllThere) {
+  ASSERT_TRUE(talk.Accepted(ReadFrame()));
+  for (int poll = 1; poll <= 30; ++poll) talk.Status();
+  talk.Machine.LayBoards({boards[2], boards[1]});
+  EXPECT_EQ(talk.PollToEnd(), 0);
+  EXPECT_EQ(HandsIn(talk.Ask({0x1D})), boards[0].Cards) << "these cards were in the feeder";
+  EXPECT_EQ(Found(), boards[2].Cards);
+  EXPECT_EQ(Found(), boards[1].Cards);
+}
+
+TEST_F(ReadingAPile, DealingAndSortingTakeNothingFromIt) {
+  ASSERT_TRUE(talk.Accepted(DealFrame(boards[2])));
+  EXPECT_EQ(talk.PollToEnd(), 0);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  EXPECT_EQ(talk.PollToEnd(), 0);
+  EXPECT_EQ(Found(), boards[0].Cards);
+}
+
+TEST_F(ReadingAPile, ABoardLaidForGoodIsFoundByEveryRun) {
+  talk.Machine.LayBoard(boards[1]);
+  for (int run = 1; run <= 3; ++run) EXPECT_EQ(Found(), boards[1].Cards);
 }
 
 TEST(Reading, WithoutABoardTheShuffledPackIsRead) {
