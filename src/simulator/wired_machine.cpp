@@ -1,0 +1,154 @@
+#include "simulator/wired_machine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "platform/usb_xpress.h"
+#include "wire/board_labels.h"
+#include "wire/replies.h"
+
+namespace morvane::simulator {
+namespace {
+
+using namespace wire;
+
+constexpr double kByteMicroseconds = 10.0 * 1'000'000.0 / UsbXpress::kBaudRate;
+/// How long a real machine thinks about a command.
+constexpr double kThinkingMicroseconds = 2000.0;
+
+std::uint64_t NoiseSeed(const Options& options) {
+  constexpr std::uint64_t kOwnSeries = 0x9E3779B97F4A7C15U;
+  return options.Seed ? *options.Seed ^ kOwnSeries : std::uint64_t{std::random_device{}()};
+}
+
+WiredMachine::Time ThinkingTimeAt(double speed) {
+  return WiredMachine::Time(speed > 0.0 ? std::lround(kThinkingMicroseconds / speed) : 0);
+}
+
+}  // namespace
+
+WiredMachine::WiredMachine(const Options& options)
+    : firmware_(options),
+      noise_(options.Noise, NoiseSeed(options)),
+      thinkingTime_(ThinkingTimeAt(options.Speed)) {}
+
+WiredMachine::Time WiredMachine::WireTime(std::size_t bytes) {
+  return Time(std::lround(static_cast<double>(bytes) * kByteMicroseconds));
+}
+
+void WiredMachine::InsertBoard(int number) { firmware_.InsertBoard(LabelOfBoard(number)); }
+
+void WiredMachine::CauseFault(int code) {
+  if (code < 1 || code > StatusReply::kLastError) return;
+  firmware_.Run().CauseFault(static_cast<std::uint8_t>(code));
+}
+
+bool WiredMachine::LoadPack(const std::array<int, kCards>& cards) {
+  std::array<std::uint8_t, kCards> pack{};
+  for (std::size_t i = 0; i < cards.size(); ++i) {
+    if (cards[i] < 1 || cards[i] > kCards) return false;
+    pack[i] = static_cast<std::uint8_t>(MachineCard::Of(cards[i]).Number());
+  }
+  return firmware_.Run().Cards().Prepare(pack);
+}
+
+void WiredMachine::PowerOff() {
+  powered_ = false;
+  heardCount_ = 0;
+  firmware_.Restart();
+}
+
+WiredMachine::CardPiles WiredMachine::CardsByPocket() const {
+  CardPiles piles;
+  for (std::size_t pocket = 1; pocket <= kHands; ++pocket) {
+    const Pile& pile = firmware_.Run().Pocket(pocket);
+    for (std::size_t i = 0; i < pile.Count(); ++i) {
+      piles[pocket].push_back(MachineCard(pile[i]).Card());
+    }
+  }
+  return piles;
+}
+
+WiredMachine::CardPiles WiredMachine::CardsByHand() const {
+  CardPiles piles = CardsByPocket();
+  CardPiles hands;
+  for (std::size_t hand = 1; hand <= kHands; ++hand) {
+    hands[hand] = std::move(piles[PocketOfHand[hand]]);
+  }
+  return hands;
+}
+
+Board WiredMachine::DealtBoard() const {
+  Board board;
+  const CardPiles hands = CardsByHand();
+  for (std::size_t hand = 1; hand <= kHands; ++hand) {
+    for (const int card : hands[hand]) {
+      board.Cards[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(hand);
+    }
+  }
+  AnalyzeBoard(board);
+  return board;
+}
+
+std::string WiredMachine::StateText() const { return powered_ ? firmware_.StateText() : "off"; }
+
+void WiredMachine::TakeLatch(bool on) {
+  latch_ = on;
+  ++changes_;
+}
+
+// The first eight bytes tell how long the frame is.
+std::optional<WiredMachine::Saying> WiredMachine::Hear(std::uint8_t byte, Time now) {
+  if (now - heardAt_ >= kSilence) {
+    heardCount_ = 0;
+    deaf_ = false;
+  }
+  heardAt_ = now;
+  noise_.Pass({&byte, 1});
+  if (!powered_ || deaf_) return std::nullopt;
+  heard_[heardCount_++] = byte;
+  if (heardCount_ < kShortFrame) return std::nullopt;
+  if (heardCount_ < SizeOnTheWire(std::span(heard_).first(kShortFrame))) return std::nullopt;
+  return TakeFrame(std::exchange(heardCount_, 0), now);
+}
+
+std::optional<WiredMachine::Saying> WiredMachine::TakeFrame(std::size_t size, Time now) {
+  Frame command = heard_;
+  const std::span<std::uint8_t> wire = std::span(command).first(size);
+  bool good = Unscramble(wire, kStepToMachine);
+  const LinkFault fault = faults_.Next(good ? CodeOf(command) : -1);
+  if (fault.What == LinkFault::Kind::LoseCommand) return std::nullopt;
+  if (fault.What == LinkFault::Kind::CorruptCommand) {
+    command = heard_;
+    command[fault.Place % size] =
+        static_cast<std::uint8_t>(command[fault.Place % size] ^ fault.Mask);
+    good = Unscramble(wire, kStepToMachine);
+  }
+  if (!good) {
+    deaf_ = true;
+    return std::nullopt;
+  }
+  const std::size_t replySize = firmware_.Answer(command, now, reply_);
+  if (replySize == 0) return std::nullopt;
+  return Say(replySize, fault);
+}
+
+std::optional<WiredMachine::Saying> WiredMachine::Say(std::size_t size, const LinkFault& fault) {
+  using Kind = LinkFault::Kind;
+  if (fault.What == Kind::LoseReply) return std::nullopt;
+  if (fault.What == Kind::ReplaceCode) {
+    SetCode(reply_, fault.Place);
+    size = FrameSize(fault.Place);
+  }
+  std::span<std::uint8_t> wire = std::span(reply_).first(size);
+  Scramble(wire, kStepFromMachine);
+  if (fault.What == Kind::CorruptReply) {
+    wire[fault.Place % size] = static_cast<std::uint8_t>(wire[fault.Place % size] ^ fault.Mask);
+  }
+  noise_.Pass(wire);
+  if (fault.What == Kind::CutReply) wire = wire.first(std::min<std::size_t>(fault.Place, size));
+  return Saying{wire, fault.What};
+}
+
+}  // namespace morvane::simulator
