@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simulator/line/paced_line.h"
+
+namespace morvane {
+
+/// The command line of `morvane-machine`.
+struct MachineArguments {
+  std::string Machine = "simulated";
+  simulator::Pace Pace = simulator::Pace::kWire;
+  std::string Link;   ///< where a link to the device is to stand; empty: none
+  std::string Help;   ///< not empty: to be shown, and nothing else is asked for
+  std::string Error;  ///< not empty: wrong usage, and why
+};
+
+/// `words` without the program's name.
+[[nodiscard]] MachineArguments ParseMachineArguments(const std::vector<std::string>& words);
+
+}  // namespace morvane

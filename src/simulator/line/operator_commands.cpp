@@ -1,0 +1,121 @@
+#include "simulator/line/operator_commands.h"
+
+#include <array>
+#include <charconv>
+#include <optional>
+
+#include "text/text.h"
+#include "wire/machine_errors.h"
+#include "wire/replies.h"
+
+namespace morvane::simulator {
+namespace {
+
+struct Command {
+  std::string_view Word;
+  int Highest;  ///< of the number behind it, which begins at 1; 0 = there is none
+  std::string_view Means;
+  std::string (*Do)(WiredMachine& machine, int number);
+};
+
+std::string Board(WiredMachine& machine, int number) {
+  machine.InsertBoard(number);
+  return "Board " + std::to_string(number) + " is in the slot.\n";
+}
+
+std::string Remove(WiredMachine& machine, int /*number*/) {
+  machine.RemoveBoard();
+  return "The slot is empty.\n";
+}
+
+std::string Pedal(WiredMachine& machine, int /*number*/) {
+  machine.PressPedal();
+  return "The pedal was pressed.\n";
+}
+
+std::string Fault(WiredMachine& machine, int code) {
+  machine.CauseFault(code);
+  return "At the next card: " + Trim(wire::TextOfError(code).Text) + ".\n";
+}
+
+std::string Off(WiredMachine& machine, int /*number*/) {
+  machine.PowerOff();
+  return "The power is off.\n";
+}
+
+std::string On(WiredMachine& machine, int /*number*/) {
+  machine.PowerOn();
+  return "The power is on.\n";
+}
+
+std::string State(WiredMachine& machine, int /*number*/) { return machine.StateText() + "\n"; }
+
+std::string Help(WiredMachine& /*machine*/, int /*number*/) { return OperatorCommandsHelp(); }
+
+std::string Nothing(WiredMachine& /*machine*/, int /*number*/) { return ""; }
+
+constexpr std::string_view kQuit = "quit";
+
+constexpr std::array<Command, 9> kCommands{{
+    {"pedal", 0, "press the pedal", Pedal},
+    {"board", kMaxBoards, "push board N into the slot", Board},
+    {"remove", 0, "take the board out", Remove},
+    {"fault", wire::StatusReply::kLastError, "stop with error code N at the next card", Fault},
+    {"off", 0, "switch the machine off", Off},
+    {"on", 0, "switch it on", On},
+    {"state", 0, "what it is doing", State},
+    {"help", 0, "this list", Help},
+    {kQuit, 0, "end", Nothing},
+}};
+
+const Command* Find(std::string_view word) {
+  for (const Command& command : kCommands) {
+    if (command.Word == word) return &command;
+  }
+  return nullptr;
+}
+
+/// The number that the whole `text` is, 0 without one; nothing where it is none of the command's.
+std::optional<int> NumberFor(const Command& command, std::string_view text) {
+  if (command.Highest == 0) return text.empty() ? std::optional(0) : std::nullopt;
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  if (number < 1 || number > command.Highest) return std::nullopt;
+  return number;
+}
+
+std::string Expected(const Command& command) {
+  const std::string word(command.Word);
+  if (command.Highest == 0) return word + " takes nothing behind it.\n";
+  return word + " takes a number from 1 to " + std::to_string(command.Highest) + ".\n";
+}
+
+}  // namespace
+
+std::string Obey(WiredMachine& machine, std::string_view line, bool& quit) {
+  const std::string text = Trim(line);
+  if (text.empty()) return "";
+  const std::size_t blank = text.find(' ');
+  const Command* const command = Find(text.substr(0, blank));
+  if (command == nullptr) return "No such command; help lists them.\n";
+  const auto number =
+      NumberFor(*command, blank == std::string::npos ? "" : Trim(text.substr(blank)));
+  if (!number) return Expected(*command);
+  quit = quit || command->Word == kQuit;
+  return command->Do(machine, *number);
+}
+
+std::string OperatorCommandsHelp() {
+  constexpr std::size_t kColumn = 11;
+  std::string text;
+  for (const Command& command : kCommands) {
+    std::string row = "  " + std::string(command.Word) + (command.Highest > 0 ? " N" : "");
+    row.resize(kColumn, ' ');
+    text += row + std::string(command.Means) + "\n";
+  }
+  return text;
+}
+
+}  // namespace morvane::simulator

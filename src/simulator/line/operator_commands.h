@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "simulator/wired_machine.h"
+
+namespace morvane::simulator {
+
+/// What a person types does at the machine what hands would do: "pedal", "board 5", "fault 54". The
+/// answer, whole lines; `quit` is set when it is to end.
+[[nodiscard]] std::string Obey(WiredMachine& machine, std::string_view line, bool& quit);
+
+/// A line for each command, behind two blanks.
+[[nodiscard]] std::string OperatorCommandsHelp();
+
+}  // namespace morvane::simulator

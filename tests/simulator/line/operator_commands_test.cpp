@@ -1,0 +1,82 @@
+#include "simulator/line/operator_commands.h"
+
+#include <gmock/gmock.h>
+
+#include "simulator/talk.h"
+
+namespace morvane::simulator {
+namespace {
+
+class OperatorCommands : public testing::Test {
+ protected:
+  Talk talk;
+  bool quit = false;
+
+  std::string Type(const std::string& line) { return Obey(talk.Machine, line, quit); }
+};
+
+TEST_F(OperatorCommands, ThePedalIsReportedInTheNextPoll) {
+  EXPECT_EQ(Type("pedal"), "The pedal was pressed.\n");
+  EXPECT_EQ(talk.Status().at(6), 0x08);
+}
+
+TEST_F(OperatorCommands, ABoardGoesInAndOut) {
+  EXPECT_EQ(Type("board 3"), "Board 3 is in the slot.\n");
+  EXPECT_EQ(talk.Ask({0x1B, 4}).at(2), 27) << "the label of board 3";
+  EXPECT_EQ(talk.Status().at(6), 0x14);
+  EXPECT_EQ(Type("remove"), "The slot is empty.\n");
+  EXPECT_EQ(talk.Ask({0x1B, 4}).at(2), 0);
+}
+
+TEST_F(OperatorCommands, AFaultStopsTheRunAtTheNextCard) {
+  EXPECT_EQ(Type("fault 54"), "At the next card: Duplicate Card Error.\n");
+  ASSERT_TRUE(talk.Accepted(DealFrame(RandomBoard(1))));
+  EXPECT_EQ(talk.PollToEnd(), 54);
+  EXPECT_EQ(Type("state"), "stopped at card 1 of 52 with code 54\n");
+}
+
+TEST_F(OperatorCommands, ThePowerGoesOffAndOn) {
+  EXPECT_EQ(Type("off"), "The power is off.\n");
+  EXPECT_TRUE(talk.Status().empty());
+  EXPECT_EQ(Type("state"), "off\n");
+  EXPECT_EQ(Type("on"), "The power is on.\n");
+  EXPECT_EQ(talk.Status().size(), 8U);
+}
+
+TEST_F(OperatorCommands, OnlyQuitEnds) {
+  for (const char* line : {"pedal", "board 1", "remove", "off", "on", "state", "help", "", "x"}) {
+    Type(line);
+    EXPECT_FALSE(quit) << line;
+  }
+  EXPECT_EQ(Type("quit"), "");
+  EXPECT_TRUE(quit);
+}
+
+TEST_F(OperatorCommands, HelpListsEveryCommand) {
+  EXPECT_EQ(Type("help"), OperatorCommandsHelp());
+  for (const char* word :
+       {"pedal", "board N", "remove", "fault N", "off", "on", "state", "help", "quit"}) {
+    EXPECT_THAT(OperatorCommandsHelp(), testing::HasSubstr("  " + std::string(word) + " ")) << word;
+  }
+}
+
+TEST_F(OperatorCommands, BlanksAroundTheWordsDoNotMatter) {
+  EXPECT_EQ(Type("  board   640 \r"), "Board 640 is in the slot.\n");
+  EXPECT_EQ(Type(" \t"), "");
+}
+
+TEST_F(OperatorCommands, WhatIsNoCommandIsToldAndDoesNothing) {
+  const std::uint64_t before = talk.Machine.Changed();
+  EXPECT_EQ(Type("peddal"), "No such command; help lists them.\n");
+  EXPECT_EQ(Type("Pedal"), "No such command; help lists them.\n");
+  for (const char* line : {"board", "board 0", "board 641", "board -1", "board 3 4", "board x"}) {
+    EXPECT_EQ(Type(line), "board takes a number from 1 to 640.\n") << line;
+  }
+  EXPECT_EQ(Type("fault 241"), "fault takes a number from 1 to 240.\n");
+  EXPECT_EQ(Type("pedal 2"), "pedal takes nothing behind it.\n");
+  EXPECT_EQ(talk.Machine.Changed(), before);
+  EXPECT_FALSE(quit);
+}
+
+}  // namespace
+}  // namespace morvane::simulator
