@@ -5,10 +5,19 @@
 namespace morvane::machine {
 namespace {
 
+using test::Bytes;
 using test::FramesAre;
 using ::testing::IsEmpty;
 
-using FramesOfAStart = RunFixture;
+class FramesOfAStart : public RunFixture {
+ protected:
+  /// Presses the pedal when command `at` from now has come, before it is answered.
+  void PressAtExchange(int at) {
+    paper.OnCommand = [this, left = at](const Bytes&) mutable {
+      if (left-- == 0) paper.Events = 8;
+    };
+  }
+};
 
 const std::string kStart = "98 00 00 00 0B 24 00" + kBoard1;
 const std::string kPedalSeen = "19 02 .. .. .. .. ..";
@@ -91,6 +100,44 @@ TEST_F(FramesOfAStart, ThePedalDealsTheNextBoardWhereThereIsOne) {
   bridge.Sent.clear();
   paper.Events = 8;
   desk.Loop.WaitMs(100);
+  EXPECT_TRUE(FramesAre(bridge.Sent, {kPoll, "98 00 00 01 3D 56 00" + kBoard2, kPedalSeen,
+                                      kPoll + " x2", kCardLog, kProbe}));
+}
+
+/// When the pedal is pressed, and how the first two polls behind the board go out.
+struct LatePress {
+  int At;  ///< with this of the board's exchanges, from 0
+  std::vector<std::string> Behind;
+};
+
+TEST_F(FramesOfAStart, ThePedalDuringABoardStartsTheNextOnlyWhereThePollsBehindItReportIt) {
+  const std::vector<std::string> none{kPoll + " x2"};
+  // The start, three polls, card log, probe. What a poll of the run reports is acknowledged by the
+  // next, behind the last one by the first poll that follows.
+  const std::vector<LatePress> rows{{0, none}, {2, none}, {3, {kPedalSeen, kPoll}}};
+  for (const LatePress& row : rows) {
+    SCOPED_TRACE(row.At);
+    RunMemory freshMemory;
+    RecordingView freshView(desk);
+    DealingRun fresh(desk.Prog, machine, freshMemory);
+    machine.Link.UsbHandle = 7;
+    fresh.Open(freshView);
+    desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+    PressAtExchange(row.At);
+    fresh.cmdDeal();
+    bridge.Sent.clear();
+    desk.Loop.WaitMs(250);
+    EXPECT_TRUE(FramesAre(bridge.Sent, row.Behind));
+    fresh.Exit();
+  }
+}
+
+TEST_F(FramesOfAStart, ThePedalWhileTheCardLogIsFetchedStartsTheNextBoard) {
+  Contact();
+  PressAtExchange(4);
+  run.cmdDeal();
+  bridge.Sent.clear();
+  desk.Loop.WaitMs(150);
   EXPECT_TRUE(FramesAre(bridge.Sent, {kPoll, "98 00 00 01 3D 56 00" + kBoard2, kPedalSeen,
                                       kPoll + " x2", kCardLog, kProbe}));
 }

@@ -10,6 +10,7 @@
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
 #include "simulator/simulated_machine.h"
+#include "support/bridge_tap.h"
 #include "support/fakes.h"
 #include "text/text.h"
 
@@ -23,56 +24,6 @@ constexpr std::int16_t kTimeoutMs = 200;
 constexpr int kThinkingMs = 250;  ///< until a dialog is answered; it polls meanwhile
 constexpr int kBetweenMs = 250;   ///< from board to board
 constexpr int kAttemptsABoard = 20;
-
-/// The bridge in front of the machine, with a count of what goes out.
-class CountingBridge final : public UsbXpress {
- public:
-  explicit CountingBridge(UsbXpress& behind) : behind_(behind) {}
-
-  const machine::MachineLink* Link = nullptr;  ///< the one that writes; tells which try it is at
-  std::int64_t Frames = 0;
-  std::int64_t Repeats = 0;
-
-  Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override {
-    return behind_.GetDllVersion(high, low);
-  }
-  Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override {
-    return behind_.GetDriverVersion(high, low);
-  }
-  Status GetNumDevices(std::uint32_t& count) override { return behind_.GetNumDevices(count); }
-  Status GetProductString(std::uint32_t index, ProductString& text, std::uint32_t option) override {
-    return behind_.GetProductString(index, text, option);
-  }
-  Status Open(std::uint32_t index, Handle& handle) override { return behind_.Open(index, handle); }
-  Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) override {
-    return behind_.SetTimeouts(readMs, writeMs);
-  }
-  Status SetBaudRate(Handle handle, std::uint32_t rate) override {
-    return behind_.SetBaudRate(handle, rate);
-  }
-  Status SetLineControl(Handle handle, std::uint16_t control) override {
-    return behind_.SetLineControl(handle, control);
-  }
-  Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) override {
-    return behind_.FlushBuffers(handle, transmit, receive);
-  }
-  Status Write(Handle handle, std::span<const std::uint8_t> bytes,
-               std::uint32_t& written) override {
-    ++Frames;
-    if (Link->CommErrorCount != 0) ++Repeats;
-    return behind_.Write(handle, bytes, written);
-  }
-  Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) override {
-    return behind_.Read(handle, bytes, read);
-  }
-  Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override {
-    return behind_.WriteLatch(handle, mask, value);
-  }
-  Status Close(Handle handle) override { return behind_.Close(handle); }
-
- private:
-  UsbXpress& behind_;
-};
 
 /// The lines that a log has got since the last look.
 class LogTail {
@@ -113,7 +64,10 @@ class NoisyDealing::Desk final : public machine::RunView {
  public:
   Desk(NoisyDealing& owner, double noise, std::uint64_t seed)
       : owner_(owner), simulated_(MachineOptions(noise, seed), desk_.Clock) {
-    bridge_.Link = &machine_.Link;
+    bridge_.OnFrame = [this] {
+      ++tally_.Frames;
+      if (machine_.Link.CommErrorCount != 0) ++tally_.Repeats;  // a second try
+    };
     desk_.Ui.Default = kNo;
     desk_.Random.Seed(seed);
     dealer_.Seedo = {static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
@@ -131,11 +85,7 @@ class NoisyDealing::Desk final : public machine::RunView {
     return true;
   }
 
-  [[nodiscard]] const DealingTally& Tally() {
-    tally_.Frames = bridge_.Frames;
-    tally_.Repeats = bridge_.Repeats;
-    return tally_;
-  }
+  [[nodiscard]] const DealingTally& Tally() const { return tally_; }
 
   void ShowState() override { TakeLog(); }
   void ShowBoard() override {}
@@ -189,7 +139,7 @@ class NoisyDealing::Desk final : public machine::RunView {
 
   void Attempt(DealingRun& run) {
     faultShown_ = false;
-    repeatsBefore_ = bridge_.Repeats;
+    repeatsBefore_ = tally_.Repeats;
     run.Window().Controls.Deal_next ? run.Deal_next() : run.cmdDeal();
   }
 
@@ -207,9 +157,9 @@ class NoisyDealing::Desk final : public machine::RunView {
 
   void TakeDone(int number) {
     ++tally_.Ok;
-    ++(faultShown_                         ? tally_.AfterFaults
-       : bridge_.Repeats != repeatsBefore_ ? tally_.AfterRepeats
-                                           : tally_.AtOnce);
+    ++(faultShown_                        ? tally_.AfterFaults
+       : tally_.Repeats != repeatsBefore_ ? tally_.AfterRepeats
+                                          : tally_.AtOnce);
     Board pockets = simulated_.DealtBoard();
     if (owner_.OnPockets) owner_.OnPockets(pockets);
     if (pockets.Cards != desk_.Prog.Set.At(number).Cards) ++tally_.Wrong;
@@ -237,7 +187,7 @@ class NoisyDealing::Desk final : public machine::RunView {
   NoisyDealing& owner_;
   TestDesk desk_;
   simulator::SimulatedMachine simulated_;
-  CountingBridge bridge_{simulated_};
+  BridgeTap bridge_{simulated_};
   machine::Machine machine_{desk_.Random, bridge_};
   LogTail log_{desk_.Prog.Log.Path()};
   generate::NumberDealer dealer_;

@@ -16,6 +16,7 @@ class PaperMachine {
  public:
   explicit PaperMachine(ScriptedBridge& bridge) {
     bridge.Answer = [this](const Bytes& plain) {
+      if (OnCommand) OnCommand(plain);
       const Bytes reply = Reply(plain);
       const Bytes wire = reply.empty() ? Bytes{} : OnTheWire(reply, 21);
       return Damage ? Damage(Exchanges++, plain, wire) : wire;
@@ -34,6 +35,7 @@ class PaperMachine {
   std::uint8_t FinalCount = 13;         ///< the cards in each pocket when it is idle
   std::array<std::uint8_t, 52> Read{};  ///< the pockets of a board that was read, in wire order
   std::size_t CardsLogged = 52;         ///< the first so many cards stand in the card log as dealt
+  std::function<void(const Bytes& plain)> OnCommand;  ///< before it is answered
   /// Spoils the wire bytes of reply number n (from 0).
   std::function<Bytes(int n, const Bytes& plain, Bytes wire)> Damage;
   int Exchanges = 0;
