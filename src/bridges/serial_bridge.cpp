@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 #include <QSerialPortInfo>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <filesystem>
 #include <limits>
@@ -78,9 +79,7 @@ SerialBridge::SerialBridge(const std::string& path) : path_(DevicePath(path)) {
   port_.setPortName(QString::fromStdString(path_));
   port_.setBaudRate(static_cast<qint32>(kBaudRate));
   port_.setReadBufferSize(kMostHeld);
-  // Not inside a read, which may wait for just these bytes.
-  QObject::connect(
-      &port_, &QSerialPort::readyRead, &port_, [this] { DropBabble(); }, Qt::QueuedConnection);
+  QObject::connect(&port_, &QSerialPort::readyRead, &port_, [this] { DropBabble(); });
   // Left open, a lost device would wake the event loop without end. The port must not be closed
   // inside its own signal.
   QObject::connect(
@@ -185,6 +184,7 @@ UsbXpress::Status SerialBridge::Write(Handle handle, std::span<const std::uint8_
   if (!Opened(handle)) return kInvalidHandle;
   if (!port_.isOpen()) return kWriteError;
   DropBabble();
+  const QSignalBlocker quiet(port_);
   const QDeadlineTimer deadline(writeTime_, Qt::PreciseTimer);
   const auto size = static_cast<qint64>(bytes.size());
   if (port_.write(reinterpret_cast<const char*>(bytes.data()), size) != size) return kWriteError;
@@ -204,6 +204,7 @@ UsbXpress::Status SerialBridge::Read(Handle handle, std::span<std::uint8_t> byte
                                      std::uint32_t& read) {
   read = 0;
   if (!Opened(handle)) return kInvalidHandle;
+  const QSignalBlocker quiet(port_);  // the bytes are waited for here
   const QDeadlineTimer deadline(readTime_, Qt::PreciseTimer);
   while (port_.isOpen()) {
     const auto rest = bytes.subspan(read);
