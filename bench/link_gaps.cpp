@@ -87,9 +87,9 @@ void DealAtTerminal(Parts& parts, const BoardSet& set) {
   cli::Workplace place{program, ui, terminal, parts.Gaps};
   cli::RunJob(place, "", [&](cli::Job& job) {
     program.Set = set;
-    cli::DealOptions options;
-    options.Auto = true;
-    job.Windows.DealBy(options, {});
+    cli::RunRequest request;
+    request.Auto = true;
+    job.Windows.RunBy(request, {});
     job.Shell.MenuDeal();
     return cli::kDone;
   });

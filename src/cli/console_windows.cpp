@@ -1,9 +1,12 @@
 #include "cli/console_windows.h"
 
+#include "cli/console_boards.h"
+#include "cli/console_sort.h"
+
 namespace morvane::cli {
 
-void ConsoleWindows::DealBy(const DealOptions& options, MachineSide side) {
-  deal_ = options;
+void ConsoleWindows::RunBy(const RunRequest& request, MachineSide side) {
+  request_ = request;
   side_ = std::move(side);
 }
 
@@ -14,7 +17,12 @@ void ConsoleWindows::ShowLoadNumber(files::LoadNumber& dialog) {
 }
 
 std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::BoardRun& run) {
-  return std::make_unique<ConsoleRun>(place_.Prog, place_.Screen, run, deal_, side_, report_);
+  return std::make_unique<ConsoleBoards>(place_.Prog, place_.Screen, run, request_, side_, report_);
+}
+
+std::unique_ptr<machine::RunView> ConsoleWindows::OpenSortProg(machine::SortingRun& run) {
+  return std::make_unique<ConsoleSort>(place_.Prog.Loop, place_.Screen, run, request_, side_,
+                                       report_);
 }
 
 }  // namespace morvane::cli

@@ -4,8 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "cli/console_run.h"
-#include "cli/deal_options.h"
+#include "cli/run_request.h"
 #include "cli/workplace.h"
 #include "shell/flow_windows.h"
 
@@ -25,7 +24,7 @@ class ConsoleWindows final : public shell::FlowWindows {
   [[nodiscard]] bool NumbersAsked() const { return numbersAsked_; }
 
   /// How a run goes from now on, and what can be seen of its machine.
-  void DealBy(const DealOptions& options, MachineSide side);
+  void RunBy(const RunRequest& request, MachineSide side);
   [[nodiscard]] const RunReport& Report() const { return report_; }
 
   void ShowMainMenu() override {}
@@ -33,12 +32,13 @@ class ConsoleWindows final : public shell::FlowWindows {
   /// A number that is refused is not asked for again: the load ends there.
   void ShowLoadNumber(files::LoadNumber& dialog) override;
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
+  std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
 
  private:
   Workplace& place_;
   std::optional<std::string> firstBoard_;
   bool numbersAsked_ = false;
-  DealOptions deal_;
+  RunRequest request_;
   MachineSide side_;
   RunReport report_;
 };

@@ -3,30 +3,27 @@
 #include <algorithm>
 #include <array>
 
-#include "simulator/simulated_machine.h"
-#include "text/columns.h"
-#include "text/text.h"
+#include "cli/machine_side.h"
+#include "cli/run_table.h"
+#include "machine/board_walk.h"
 
 namespace morvane::cli {
 namespace {
 
-bool SameHand(const Board& a, const Board& b, int hand) {
-  for (std::size_t card = 1; card <= kCards; ++card) {
-    if ((a.Cards[card] == hand) != (b.Cards[card] == hand)) return false;
-  }
-  return true;
+bool LiesRight(const RunBoard& board) { return board.Ok && board.Pockets.Right; }
+
+std::string VerdictOn(const RunBoard& board) {
+  if (!board.Ok) return "stopped";
+  return board.Pockets.Text.empty() ? "dealt" : board.Pockets.Text;
 }
 
-bool LiesRight(const DealtBoard& board) { return board.Ok && board.Pockets.Right; }
-
-std::string RowOf(const DealtBoard& board) {
-  std::string number = std::to_string(board.Number);
-  if (board.Copy > 1) number += "/" + std::to_string(board.Copy);
-  const std::string verdict = !board.Ok                    ? "stopped"
-                              : board.Pockets.Text.empty() ? "dealt"
-                                                           : board.Pockets.Text;
-  return RightAligned(number, 7) + RightAligned(FixedPoint(board.Seconds, 1) + " s", 9) + "   " +
-         verdict + "\n";
+RunRequest RequestOf(const DealOptions& options) {
+  return {.From = options.From,
+          .To = options.To,
+          .Copies = options.Copies,
+          .ReadMode = {},
+          .Auto = options.Auto,
+          .Yes = options.Yes};
 }
 
 /// How many boards `options` asks for, every copy counted.
@@ -45,11 +42,7 @@ bool MayDeal(Workplace& place, const DealOptions& options) {
     place.Screen.Error("--to must not be below --from.\n");
     return false;
   }
-  if (place.Simulated != nullptr && !options.Auto && !place.Screen.CanAsk()) {
-    place.Screen.Error("Nobody is there to press the simulated machine's pedal: use --auto.\n");
-    return false;
-  }
-  return true;
+  return CanBeStarted(place, RequestOf(options));
 }
 
 /// The closing table. Done only when all `asked` boards were dealt and lie right as far as can be
@@ -58,7 +51,7 @@ ExitStatus ShowReport(Workplace& place, const RunReport& report, int asked) {
   if (report.Boards.empty()) return kFailed;
   const auto right = std::count_if(report.Boards.begin(), report.Boards.end(), LiesRight);
   std::string text = "\n  Board     Time   Pockets\n";
-  for (const DealtBoard& board : report.Boards) text += RowOf(board);
+  for (const RunBoard& board : report.Boards) text += RowOf(board, VerdictOn(board));
   text += "\n" + std::to_string(right) + " of " + std::to_string(asked) + " boards " +
           (place.Simulated != nullptr ? "right" : "dealt") + ".\n";
   place.Screen.Out(text);
@@ -91,29 +84,11 @@ DealOptions ReadDealOptions(OptionReader& given) {
   return options;
 }
 
-MachineSide EyesOn(simulator::SimulatedMachine* simulated) {
-  if (simulated == nullptr) return {};
-  return {
-      [simulated](const Board& board) { return VerdictOfPockets(board, simulated->DealtBoard()); },
-      [simulated] { simulated->PressPedal(); }};
-}
-
-Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
-  Verdict verdict;
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    const bool same = SameHand(board, pockets, hand);
-    if (!same) verdict.Right = false;
-    if (hand != kNorth) verdict.Text += "  ";
-    verdict.Text += std::string(1, HandLetter(hand)) + (same ? " right" : " WRONG");
-  }
-  return verdict;
-}
-
 ExitStatus Deal(Job& job, const DealOptions& options) {
   Workplace& place = job.Place;
   if (!Load(job, options.In, options.Import) || !MayDeal(place, options)) return kFailed;
-  if (place.Simulated != nullptr) place.Screen.Out("Machine: simulated\n");
-  job.Windows.DealBy(options, EyesOn(place.Simulated));
+  SayWhichMachine(place);
+  job.Windows.RunBy(RequestOf(options), EyesOn(place.Simulated));
   place.Operator.AnswerAlways(place.Prog.Texts.Msg060, kNo);
   job.Shell.MenuDeal();
   return ShowReport(place, job.Windows.Report(), BoardsAsked(place.Prog.Set, options));

@@ -1,13 +1,23 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "cli/console_run.h"
-#include "cli/deal_options.h"
 #include "cli/job.h"
 #include "cli/option_reader.h"
 
 namespace morvane::cli {
+
+/// What `deal` takes. A number that was not given is empty, and means what the set says.
+struct DealOptions {
+  std::string In;
+  std::optional<int> From;
+  std::optional<int> To;
+  std::optional<int> Copies;
+  bool Auto = false;
+  bool Yes = false;
+  bool Import = false;
+};
 
 [[nodiscard]] DealOptions ReadDealOptions(OptionReader& given);
 
@@ -15,12 +25,5 @@ namespace morvane::cli {
 ExitStatus Deal(Job& job, const DealOptions& options);
 
 extern const Command kDealCommand;
-
-/// What can be seen and done at the machine: at the simulated one everything, elsewhere nothing.
-[[nodiscard]] MachineSide EyesOn(simulator::SimulatedMachine* simulated);
-
-/// The four pockets against the board: "N right  E right  S right  W right", with "WRONG" for a
-/// pocket that holds other cards than the board's hand.
-[[nodiscard]] Verdict VerdictOfPockets(const Board& board, const Board& pockets);
 
 }  // namespace morvane::cli

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 #include "generate/fingerprint.h"
 #include "generate/generate_set.h"
@@ -34,36 +33,6 @@ class Progress final : public generate::GenerateView {
   Terminal& terminal_;
   bool shown_ = false;
 };
-
-generate::GenerateRequest WhatToMake(const Settings& store, const GenerateOptions& options) {
-  generate::GenerateRequest make;
-  make.First = options.First.value_or(store.Get(kNewFirstBoard));
-  make.Last = options.Last.value_or(store.Get(kNewLastBoard));
-  make.Random = !options.Empty;
-  const bool shufflingAsked =
-      options.Generator ? *options.Generator == "morvane" : store.Get(kGenerator) == "1";
-  // An empty set is the shuffling generator's button.
-  const bool shuffling = options.Empty || options.Lfsr || (shufflingAsked && !options.Seedr);
-  make.With = shuffling ? DealGenerator::kShuffling : DealGenerator::kNumber;
-  make.Reject = {options.Shapes.value_or(store.IsOn(kNewShapes)),
-                 options.Inner.value_or(store.IsOn(kNewInner)),
-                 options.History.value_or(store.IsOn(kNewHistory))};
-  return make;
-}
-
-/// The set that comes of it, as far as a save asks for it. A range that cannot be is told later.
-std::unique_ptr<BoardSet> ComingSet(const generate::GenerateRequest& make) {
-  auto set = std::make_unique<BoardSet>();
-  set->Clear();
-  const auto number = [](const std::string& text) {
-    return static_cast<std::int16_t>(std::clamp(Val(text), 1, kMaxBoards));
-  };
-  set->FirstBoard = number(make.First);
-  set->LastBoard = number(make.Last);
-  if (!make.Random) return set;
-  for (int n = set->FirstBoard; n <= set->LastBoard; ++n) set->At(n).Status = Board::kComplete;
-  return set;
-}
 
 /// With seeds given, the set can be made again; otherwise they are fresh.
 std::optional<generate::GenerateResult> Run(Job& job, const GenerateOptions& options,
@@ -129,6 +98,35 @@ constexpr std::array kOptions{
 };
 
 }  // namespace
+
+generate::GenerateRequest WhatToMake(const Settings& store, const GenerateOptions& options) {
+  generate::GenerateRequest make;
+  make.First = options.First.value_or(store.Get(kNewFirstBoard));
+  make.Last = options.Last.value_or(store.Get(kNewLastBoard));
+  make.Random = !options.Empty;
+  const bool shufflingAsked =
+      options.Generator ? *options.Generator == "morvane" : store.Get(kGenerator) == "1";
+  // An empty set is the shuffling generator's button.
+  const bool shuffling = options.Empty || options.Lfsr || (shufflingAsked && !options.Seedr);
+  make.With = shuffling ? DealGenerator::kShuffling : DealGenerator::kNumber;
+  make.Reject = {options.Shapes.value_or(store.IsOn(kNewShapes)),
+                 options.Inner.value_or(store.IsOn(kNewInner)),
+                 options.History.value_or(store.IsOn(kNewHistory))};
+  return make;
+}
+
+std::unique_ptr<BoardSet> ComingSet(const generate::GenerateRequest& make) {
+  auto set = std::make_unique<BoardSet>();
+  set->Clear();
+  const auto number = [](const std::string& text) {
+    return static_cast<std::int16_t>(std::clamp(Val(text), 1, kMaxBoards));
+  };
+  set->FirstBoard = number(make.First);
+  set->LastBoard = number(make.Last);
+  if (!make.Random) return set;
+  for (int n = set->FirstBoard; n <= set->LastBoard; ++n) set->At(n).Status = Board::kComplete;
+  return set;
+}
 
 GenerateOptions ReadGenerateOptions(OptionReader& given) {
   GenerateOptions options{.Out = given.Path(0),

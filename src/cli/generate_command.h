@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "cli/job.h"
 #include "cli/option_reader.h"
+#include "generate/generate_set.h"
 
 namespace morvane::cli {
 
@@ -22,6 +24,12 @@ struct GenerateOptions {
   std::optional<std::string> Seedo;
   std::optional<std::string> Lfsr;
 };
+
+/// What is to be made by the options and the settings.
+[[nodiscard]] generate::GenerateRequest WhatToMake(const Settings& store,
+                                                   const GenerateOptions& options);
+/// The set that comes of it, as far as a save asks for it. A range that cannot be is told later.
+[[nodiscard]] std::unique_ptr<BoardSet> ComingSet(const generate::GenerateRequest& make);
 
 [[nodiscard]] GenerateOptions ReadGenerateOptions(OptionReader& given);
 

@@ -9,15 +9,17 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/read_command.h"
 #include "cli/show_command.h"
+#include "cli/sort_command.h"
 #include "cli/stats_command.h"
 
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 8> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand,  &kStatsCommand,
-    &kDealCommand,     &kHistoryCommand, &kAuditCommand, &kHelpCommand};
+constexpr std::array<const Command*, 10> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand,    &kStatsCommand, &kDealCommand,
+    &kReadCommand,     &kSortCommand,    &kHistoryCommand, &kAuditCommand, &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

@@ -124,7 +124,7 @@ std::string UsagePage() {
   return text +
          "\nThe exit status is 0 when it is done, 1 when it was refused or failed, 2 for wrong\n"
          "usage, and 3 when it is done, but not wholly: the log or the history was not\n"
-         "written, or an import passed boards over.\n"
+         "written, an import passed boards over, or cards that were read not recognised.\n"
          "\n'morvane-cli help COMMAND' says what the options of a command mean, and\n"
          "'morvane-cli --version' which version this is.\n";
 }

@@ -38,6 +38,8 @@ class RunOptions {
   void SetCheck_board(bool on);
   void SetStart_from_box(bool on);
   void SetReadMode(int readMode);
+  /// For this run alone: nothing is stored.
+  void UseReadMode(int readMode) { ReadMode = readMode; }
 
  private:
   [[nodiscard]] std::string WhyNotIndex(int cardIndex) const;

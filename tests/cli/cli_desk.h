@@ -10,7 +10,9 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/read_command.h"
 #include "cli/show_command.h"
+#include "cli/sort_command.h"
 #include "cli/stats_command.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
@@ -21,7 +23,7 @@ namespace morvane::cli {
 class FakeTerminal final : public Terminal {
  public:
   void Out(const std::string& text) override { Output += text; }
-  void Error(const std::string& text) override { Errors += text; }
+  void Error(const std::string& text) override { (Shared ? Output : Errors) += text; }
   [[nodiscard]] bool CanAsk() const override { return Person; }
   [[nodiscard]] bool ShowsProgress() const override { return Progress; }
   std::optional<std::string> ReadLine() override {
@@ -35,6 +37,7 @@ class FakeTerminal final : public Terminal {
 
   bool Person = false;  ///< there is somebody to ask
   bool Progress = false;
+  bool Shared = false;  ///< both go to one screen, `Output`
   bool Ended = false;
   std::deque<std::string> Lines;
   std::string Output;
@@ -81,11 +84,16 @@ struct CliDesk {
   ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
   ExitStatus Run(const StatsOptions& options) { return Do(Stats, options); }
   ExitStatus Run(const DealOptions& options) { return Do(Deal, options); }
+  ExitStatus Run(const ReadOptions& options) { return Do(Read, options); }
+  ExitStatus Run(const SortOptions& options) { return Do(Sort, options); }
   ExitStatus Run(const HistoryOptions& options) { return Do(ShowHistory, options); }
   ExitStatus Run(const AuditOptions& options) { return Do(Audit, options); }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
   ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const DealOptions& options) {
     return DoOn(usb, seen, Deal, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const ReadOptions& options) {
+    return DoOn(usb, nullptr, Read, options);
   }
   [[nodiscard]] std::vector<std::string> LogLines() const {
     std::vector<std::string> lines;

@@ -1,6 +1,7 @@
 #include "cli/deal_command.h"
 
 #include "cli/cli_desk.h"
+#include "cli/machine_side.h"
 #include "support/paper_machine.h"
 
 namespace morvane::cli {

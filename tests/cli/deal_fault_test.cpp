@@ -190,7 +190,8 @@ TEST(DealInterrupt, KeepsTheBoardsThatWereDone) {
   DealDesk desk(1, 3, false, AtSpeed(1));
   desk.Loop.After(20'000, [&] { desk.Loop.Quit(); });  // a board takes 14.6 s
   EXPECT_EQ(desk.Deal(), kFailed);
-  EXPECT_THAT(desk.Screen.Output, HasSubstr("\n1 of 3 boards right.\n"));
+  EXPECT_THAT(desk.Screen.Output,
+              HasSubstr("\n      2    3.4 s   stopped\n\n1 of 3 boards right.\n"));
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 OK", "  002 : 1,0 0,0,0,0 57"));
 }
 
@@ -221,7 +222,35 @@ TEST(DealLink, LostInTheMiddleOfABoardFails) {
   EXPECT_EQ(desk.Screen.Errors,
             "Dealing Error: Lost Communication with Morvane  -  Dealing Aborted!\n");
   EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0"));
-  EXPECT_EQ(desk.Screen.Output, "Machine: simulated\n");
+  EXPECT_EQ(desk.Screen.Output,
+            "Machine: simulated\n"
+            "Board   1  3.0 s  stopped\n"
+            "\n"
+            "  Board     Time   Pockets\n"
+            "      1    3.0 s   stopped\n"
+            "\n"
+            "0 of 2 boards right.\n");
+}
+
+TEST(DealLink, LostBetweenTwoBoardsKeepsTheFirst) {
+  DealDesk desk(1, 2);
+  desk.What.Auto = false;
+  desk.Screen.Person = true;
+  desk.Loop.After(3000, [&] { desk.Machine.PressPedal(); });
+  desk.Loop.After(5000, [&] { desk.Machine.PowerOff(); });
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_THAT(desk.RunLines(), ElementsAre("  001 : 1,0 0,0,0,0 OK"));
+  EXPECT_THAT(desk.Screen.Output, EndsWith("      1    0.0 s   N right  E right  S right  W right\n"
+                                           "\n1 of 2 boards right.\n"));
+}
+
+TEST(DealLink, TheBoxOfALostLinkStandsOnALineOfItsOwn) {
+  DealDesk desk(1, 1, true, AtSpeed(1));
+  desk.Screen.Progress = true;
+  desk.Screen.Shared = true;
+  desk.Loop.After(5000, [&] { desk.Machine.PowerOff(); });
+  EXPECT_EQ(desk.Deal(), kFailed);
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\r" + std::string(32, ' ') + "\rDealing Error: Lost"));
 }
 
 TEST(DealLink, LostWhileAFaultIsAnsweredFails) {

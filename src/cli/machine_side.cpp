@@ -1,0 +1,45 @@
+#include "cli/machine_side.h"
+
+#include "simulator/simulated_machine.h"
+
+namespace morvane::cli {
+namespace {
+
+bool SameHand(const Board& a, const Board& b, int hand) {
+  for (std::size_t card = 1; card <= kCards; ++card) {
+    if ((a.Cards[card] == hand) != (b.Cards[card] == hand)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+MachineSide EyesOn(simulator::SimulatedMachine* simulated) {
+  if (simulated == nullptr) return {};
+  return {
+      [simulated](const Board& board) { return VerdictOfPockets(board, simulated->DealtBoard()); },
+      [simulated] { simulated->PressPedal(); }};
+}
+
+Verdict VerdictOfPockets(const Board& board, const Board& pockets) {
+  Verdict verdict;
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    const bool same = SameHand(board, pockets, hand);
+    if (!same) verdict.Right = false;
+    if (hand != kNorth) verdict.Text += "  ";
+    verdict.Text += std::string(1, HandLetter(hand)) + (same ? " right" : " WRONG");
+  }
+  return verdict;
+}
+
+bool CanBeStarted(Workplace& place, const RunRequest& request) {
+  if (place.Simulated == nullptr || request.Auto || place.Screen.CanAsk()) return true;
+  place.Screen.Error("Nobody is there to press the simulated machine's pedal: use --auto.\n");
+  return false;
+}
+
+void SayWhichMachine(Workplace& place) {
+  if (place.Simulated != nullptr) place.Screen.Out("Machine: simulated\n");
+}
+
+}  // namespace morvane::cli
