@@ -1,4 +1,4 @@
-#include "support/noisy_dealing.h"
+#include "support/noisy_runs.h"
 
 #include <algorithm>
 #include <fstream>
@@ -9,6 +9,7 @@
 #include "generate/number_dealer.h"
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
+#include "machine/reading_run.h"
 #include "simulator/simulated_machine.h"
 #include "support/bridge_tap.h"
 #include "support/fakes.h"
@@ -17,8 +18,12 @@
 namespace morvane::test {
 namespace {
 
+using machine::BoardRun;
 using machine::DealingRun;
 using machine::ErrorDialog;
+using machine::MachineRun;
+using machine::ReadingRun;
+using machine::RunKind;
 
 constexpr std::int16_t kTimeoutMs = 200;
 constexpr int kThinkingMs = 250;  ///< until a dialog is answered; it polls meanwhile
@@ -45,7 +50,7 @@ class LogTail {
   std::ifstream file_;
 };
 
-/// "  007 : ..." is the line of a board that was dealt or not.
+/// "  007 : ..." is the line of a board that came through or not.
 bool IsRunLine(std::string_view line) {
   return line.size() > 8 && line.starts_with("  ") && line.substr(5, 3) == " : ";
 }
@@ -60,10 +65,10 @@ simulator::Options MachineOptions(double noise, std::uint64_t seed) {
 
 }  // namespace
 
-class NoisyDealing::Desk final : public machine::RunView {
+class NoisyRuns::Desk final : public machine::RunView {
  public:
-  Desk(NoisyDealing& owner, double noise, std::uint64_t seed)
-      : owner_(owner), simulated_(MachineOptions(noise, seed), desk_.Clock) {
+  Desk(NoisyRuns& owner, RunKind kind, double noise, std::uint64_t seed)
+      : owner_(owner), kind_(kind), simulated_(MachineOptions(noise, seed), desk_.Clock) {
     bridge_.OnFrame = [this] {
       ++tally_.Frames;
       if (machine_.Link.CommErrorCount != 0) ++tally_.Repeats;  // a second try
@@ -73,7 +78,7 @@ class NoisyDealing::Desk final : public machine::RunView {
     dealer_.Seedo = {static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32U)};
   }
 
-  bool Deal(int boards) {
+  bool Run(int boards) {
     int attempts = 0;
     while (tally_.Ok < boards) {
       MakeSet(std::min(boards - tally_.Ok, kMaxBoards));
@@ -85,7 +90,7 @@ class NoisyDealing::Desk final : public machine::RunView {
     return true;
   }
 
-  [[nodiscard]] const DealingTally& Tally() const { return tally_; }
+  [[nodiscard]] const RunTally& Tally() const { return tally_; }
 
   void ShowState() override { TakeLog(); }
   void ShowBoard() override {}
@@ -109,21 +114,32 @@ class NoisyDealing::Desk final : public machine::RunView {
     set.Clear();
     set.FirstBoard = 1;
     set.LastBoard = static_cast<std::int16_t>(boards);
-    for (int n = 1; n <= boards; ++n) {
-      dealer_.NextNumberDeal(set.At(n));
-      AnalyzeBoard(set.At(n));
-    }
+    for (int n = 1; n <= boards; ++n) MakeBoard(n);
     firstUndone_ = 1;
+  }
+  void MakeBoard(int n) {
+    Board& board = desk_.Prog.Set.At(n);
+    board = NumberedBoard(n);  // empty, to be read
+    if (kind_ == RunKind::kDeal) dealer_.NextNumberDeal(board);
+    AnalyzeBoard(board);
   }
   [[nodiscard]] bool AllDone() const { return firstUndone_ > desk_.Prog.Set.LastBoard; }
 
-  /// Opens the run window and deals until all is done or the link is lost. How many attempts.
+  std::unique_ptr<BoardRun> MakeRun(machine::RunMemory& memory) {
+    if (kind_ == RunKind::kDeal) {
+      return std::make_unique<DealingRun>(desk_.Prog, machine_, memory);
+    }
+    return std::make_unique<ReadingRun>(desk_.Prog, machine_, memory, [] {});
+  }
+
+  /// Opens the run window and runs boards until all is done or the link is lost. How many attempts.
   int RunOnce() {
     machine::OpenLink(desk_.Prog, machine_.Link, kTimeoutMs);
     machine::RunMemory memory;
-    DealingRun run(desk_.Prog, machine_, memory);
+    const std::unique_ptr<BoardRun> made = MakeRun(memory);
+    BoardRun& run = *made;
     run.Open(*this);
-    desk_.Loop.WaitMs(DealingRun::kFirstContactMs + kBetweenMs);
+    desk_.Loop.WaitMs(MachineRun::kFirstContactMs + kBetweenMs);
     Judge(run);
     if (!run.Closed()) run.LeaveSubfrom(std::to_string(firstUndone_));
     int attempts = 1;
@@ -137,17 +153,25 @@ class NoisyDealing::Desk final : public machine::RunView {
     return attempts;
   }
 
-  void Attempt(DealingRun& run) {
+  void Attempt(BoardRun& run) {
+    if (kind_ == RunKind::kRead && !run.Window().Controls.Deal_next) Clear(run);
     faultShown_ = false;
     repeatsBefore_ = tally_.Repeats;
     run.Window().Controls.Deal_next ? run.Deal_next() : run.cmdDeal();
+  }
+
+  /// What half a reading has left of the board.
+  void Clear(BoardRun& run) {
+    desk_.Ui.Answers = {kYes};
+    run.cmdClear();
+    desk_.Ui.Answers.clear();
   }
 
   /// At once when the line is written, while the cards still lie where the run has put them.
   void TakeLog() {
     for (const std::string& line : log_.NewLines()) {
       if (!IsRunLine(line)) continue;
-      if (line.ends_with(" OK")) {
+      if (line.find(" OK") != std::string::npos) {
         TakeDone(Val(std::string_view(line).substr(2, 3)));
       } else {
         stopped_ = true;
@@ -162,15 +186,27 @@ class NoisyDealing::Desk final : public machine::RunView {
                                           : tally_.AtOnce);
     Board pockets = simulated_.DealtBoard();
     if (owner_.OnPockets) owner_.OnPockets(pockets);
-    if (pockets.Cards != desk_.Prog.Set.At(number).Cards) ++tally_.Wrong;
+    Compare(desk_.Prog.Set.At(number), pockets);
     firstUndone_ = std::max(firstUndone_, number + 1);
   }
 
-  void Judge(const DealingRun& run) {
+  void Compare(const Board& board, const Board& pockets) {
+    bool wrong = false;
+    bool unknown = false;
+    for (std::size_t card = 1; card <= kCards; ++card) {
+      const bool nobodys = kind_ == RunKind::kRead && board.Cards[card] == 0;
+      unknown |= nobodys;
+      wrong |= !nobodys && board.Cards[card] != pockets.Cards[card];
+    }
+    tally_.Wrong += wrong ? 1 : 0;
+    tally_.Unknown += unknown ? 1 : 0;
+  }
+
+  void Judge(const BoardRun& run) {
     TakeLog();
-    const bool lost = run.LastOutcome() == DealingRun::Outcome::kLinkLost;
+    const bool lost = run.LastOutcome() == MachineRun::Outcome::kLinkLost;
     if (stopped_) {
-      ++(lost ? tally_.LinkLost : tally_.Cancelled);
+      ++(lost ? tally_.LinkLost : tally_.Stopped);
     } else if (run.Closed()) {
       ++tally_.LostBetween;
     }
@@ -179,29 +215,32 @@ class NoisyDealing::Desk final : public machine::RunView {
 
   void NoteBoxes() {
     for (const auto& box : desk_.Ui.Boxes) {
-      if (box.Text != desk_.Prog.Texts.Msg060) ++tally_.Shown[Trim(OneLine(box.Text))];
+      // The questions behind the last board and before clearing are none of the line's.
+      if ((box.Flags & kYesNoQuestion) == kYesNoQuestion) continue;
+      ++tally_.Shown[Trim(OneLine(box.Text))];
     }
     desk_.Ui.Boxes.clear();
   }
 
-  NoisyDealing& owner_;
+  NoisyRuns& owner_;
+  RunKind kind_;
   TestDesk desk_;
   simulator::SimulatedMachine simulated_;
   BridgeTap bridge_{simulated_};
   machine::Machine machine_{desk_.Random, bridge_};
   LogTail log_{desk_.Prog.Log.Path()};
   generate::NumberDealer dealer_;
-  DealingTally tally_;
+  RunTally tally_;
   int firstUndone_ = 1;
   bool faultShown_ = false;
   bool stopped_ = false;  ///< a board has ended without OK since the last look
   std::int64_t repeatsBefore_ = 0;
 };
 
-NoisyDealing::NoisyDealing(double noise, std::uint64_t seed)
-    : desk_(std::make_unique<Desk>(*this, noise, seed)) {}
-NoisyDealing::~NoisyDealing() = default;
-bool NoisyDealing::Deal(int boards) { return desk_->Deal(boards); }
-const DealingTally& NoisyDealing::Tally() const { return desk_->Tally(); }
+NoisyRuns::NoisyRuns(RunKind kind, double noise, std::uint64_t seed)
+    : desk_(std::make_unique<Desk>(*this, kind, noise, seed)) {}
+NoisyRuns::~NoisyRuns() = default;
+bool NoisyRuns::Run(int boards) { return desk_->Run(boards); }
+const RunTally& NoisyRuns::Tally() const { return desk_->Tally(); }
 
 }  // namespace morvane::test
