@@ -49,32 +49,6 @@ TEST_F(Reading, ABoardIsStoredLoggedAndOfferedForTheNext) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
-TEST_F(Reading, HandDealingBeginsWithTheDealerAndGoesRoundOppositeToTheDeal) {
-  Contact();
-  reading.cmdDeal();
-  const test::Bytes& frame = bridge.Sent.front();
-  EXPECT_EQ(test::Bytes(frame.begin() + 8, frame.begin() + 14), (test::Bytes{4, 2, 1, 3, 4, 2}));
-  EXPECT_EQ(frame[59], 3);
-}
-
-TEST_F(Reading, APlayedBoardSendsOnePlaceMoreThanThereAreCards) {
-  desk.Store.Set(kInitReadMode, "1");
-  Contact();
-  reading.cmdDeal();
-  const test::Bytes& frame = bridge.Sent.front();
-  for (std::size_t byte = 8; byte <= 59; ++byte) EXPECT_EQ(frame[byte], (byte - 8) / 13 + 1);
-  EXPECT_EQ(frame[60], 4);
-}
-
-TEST_F(Reading, ABoardThatIsNotEmptyIsRefused) {
-  Contact();
-  At(1) = test::SuitBoard(1);
-  reading.cmdDeal();
-  EXPECT_THAT(bridge.Sent, IsEmpty());
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(test::FakeUi::Box{desk.Prog.Texts.Msg054, 16, "Reading Error"}));
-}
-
 TEST_F(Reading, ClearAsksAndEmptiesTheBoard) {
   Contact();
   reading.cmdDeal();
@@ -85,18 +59,6 @@ TEST_F(Reading, ClearAsksAndEmptiesTheBoard) {
   EXPECT_EQ(At(1), NumberedBoard(1));
   EXPECT_FALSE(reading.Window().Controls.cmdClear);
   EXPECT_EQ(desk.Ui.Boxes.back().Title, "Clear Board");
-}
-
-TEST_F(Reading, TheLastBoardOffersToSave) {
-  memory = {};
-  desk.Prog.Set.LastBoard = 1;
-  desk.Ui.Answers = {kYes};
-  Contact();
-  reading.cmdDeal();
-  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg061);
-  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Reading");
-  EXPECT_EQ(saves, 1);
-  EXPECT_FALSE(reading.Window().Controls.Deal_next);
 }
 
 TEST_F(Reading, TheNextButtonGoesOnPastTheEndAndTheSetGrows) {
@@ -128,14 +90,6 @@ TEST_F(Reading, AMachineThatStoppedShortIsNotLoggedOk) {
   reading.cmdDeal();
   EXPECT_EQ(desk.LogLines().at(desk.LogLines().size() - 2), "  001 : 1,0 0,0,0,0");
   EXPECT_EQ(reading.LastOutcome(), MachineRun::Outcome::kStopped);
-}
-
-TEST_F(Reading, AnOldFirmwareCannotReadAndTheWindowGoes) {
-  paper.Minor = 0x22;
-  Contact();
-  EXPECT_TRUE(reading.Closed());
-  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Reading Error");
-  EXPECT_THAT(LastBox(), ::testing::HasSubstr("Current Firmware version is 2.22"));
 }
 
 }  // namespace
