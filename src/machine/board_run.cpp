@@ -171,6 +171,19 @@ void BoardRun::ForgetCards() {
 
 std::string BoardRun::LogHead() const { return ThreeDigits(parts_.Prog.Set.CurrentBoard) + " : "; }
 
+std::string BoardRun::Name() const {
+  const std::string board = "Board " + std::to_string(parts_.Prog.Set.CurrentBoard);
+  if (!parts_.Window.CopiesShown || parts_.Walk.Range().NumberOfCopies < 2) return board;
+  return board + ", copy " + std::to_string(parts_.Walk.CurrentCopy());
+}
+
+int BoardRun::Left() const {
+  const int behind =
+      LeftBehind(parts_.Walk.Range(), parts_.Prog.Set.CurrentBoard, parts_.Walk.CurrentCopy());
+  const bool done = LastOutcome() == Outcome::kDone && History().HasJustDone(Name());
+  return done ? behind : behind + 1;
+}
+
 void BoardRun::Finish(RunEnd end) {
   if (end == RunEnd::kDone) FinishBoard();
   if (end == RunEnd::kIncomplete) TellOfMissingCards();

@@ -26,6 +26,7 @@ class BoardRun : public MachineRun {
   // What the window shows.
   [[nodiscard]] const BoardWalk& Place() const { return parts_.Walk; }
   [[nodiscard]] const Board& CurrentBoard() const { return parts_.Prog.Set.Current(); }
+  [[nodiscard]] int Left() const override;
 
  protected:
   using MachineRun::MachineRun;
@@ -35,6 +36,7 @@ class BoardRun : public MachineRun {
   void EnableAfterRun() override;
   void StartFromMachine() override;
   [[nodiscard]] std::string LogHead() const override;
+  [[nodiscard]] std::string Name() const override;
   void Finish(RunEnd end) override;
 
   /// Why the current board cannot be started; empty when it can.

@@ -66,4 +66,8 @@ std::string BoardInWords(const BoardDisplay& display) {
   return words + " " + Analysis(display);
 }
 
+std::string BoardUnderWayInWords(const BoardDisplay& display) {
+  return Heading(display) + (display.HandsShown ? " The cards are under way, face down." : "");
+}
+
 }  // namespace morvane::machine

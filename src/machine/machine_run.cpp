@@ -1,11 +1,32 @@
 #include "machine/machine_run.h"
 
+#include <chrono>
 #include <utility>
 
 #include "machine/first_contact.h"
 #include "machine/idle_poll.h"
+#include "text/text.h"
+#include "wire/machine_errors.h"
 
 namespace morvane::machine {
+namespace {
+
+std::string OutcomeInWords(RunEnd end, const RunWords& words, int error) {
+  switch (end) {
+    case RunEnd::kDone:
+      return std::string(words.Dealt);
+    case RunEnd::kIncomplete:
+      return "stopped: cards are missing";
+    case RunEnd::kStopped:
+      return "stopped: " + Trim(wire::TextOfError(error).Text);
+    case RunEnd::kLinkLost:
+      return "stopped: communication lost";
+    default:
+      return "not started";
+  }
+}
+
+}  // namespace
 
 MachineRun::MachineRun(Program& program, Machine& machine, RunMemory& memory, RunKind kind,
                        const VersionGate* gate)
@@ -169,9 +190,26 @@ void MachineRun::RunCards() {
   outcome_ = end == RunEnd::kDone ? Outcome::kDone : Outcome::kStopped;
   if (end == RunEnd::kLinkLost) LoseLink();
   parts_.Prog.Log.WriteLine("  " + LogHead() + parts_.Run.RunLogLine);
+  Note(end);
   Finish(end);
   if (end != RunEnd::kLinkLost && end != RunEnd::kGivenUp) WindUp();
   EndRun();
+}
+
+CardFlow MachineRun::Flow() const {
+  const Machine& machine = parts_.TheMachine;
+  if (running_ && machine.MachineState == Machine::kBusy) return CardFlow::kFalling;
+  const bool anyPile = kind_ == RunKind::kSort && machine.MachineError == 0;
+  return anyPile ? CardFlow::kOver : CardFlow::kStopped;
+}
+
+void MachineRun::Note(RunEnd end) {
+  const double now = std::chrono::duration<double>(parts_.Prog.Time.Elapsed()).count();
+  history_.Add({.What = Name(),
+                .Seconds = parts_.Run.Seconds(),
+                .Outcome = OutcomeInWords(end, Words(), parts_.TheMachine.MachineError),
+                .Good = end == RunEnd::kDone},
+               now);
 }
 
 /// What came behind a box: not 0, so that it is acknowledged; not 1, so that it starts nothing.
@@ -201,6 +239,7 @@ void MachineRun::EndRun() {
     Unload();
     return;
   }
+  parts_.View->ShowControls();  // the history, also of a board that was not started
   StartPolling();
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "machine/gates.h"
+#include "machine/pocket_state.h"
+#include "machine/run_history.h"
 #include "machine/run_kind.h"
 #include "machine/run_parts.h"
 
@@ -53,6 +55,10 @@ class MachineRun {
   /// The cards that a pocket takes: its count is on target then.
   [[nodiscard]] int CountTarget() const { return kind_ == RunKind::kSort ? kCards : kFullHand; }
   [[nodiscard]] bool Running() const { return running_; }
+  [[nodiscard]] CardFlow Flow() const;
+  [[nodiscard]] const RunHistory& History() const { return history_; }
+  /// How many boards and copies are still to be done, with the current one.
+  [[nodiscard]] virtual int Left() const { return 0; }
   /// How the last run of cards ended; `kNone` before the first and while one is under way.
   enum class Outcome { kNone, kDone, kStopped, kLinkLost };
   [[nodiscard]] Outcome LastOutcome() const { return outcome_; }
@@ -75,6 +81,8 @@ class MachineRun {
   virtual RunEnd RunOnce() = 0;
   /// What the log has before the line of a run.
   [[nodiscard]] virtual std::string LogHead() const = 0;
+  /// What the history calls it: "Board 7".
+  [[nodiscard]] virtual std::string Name() const = 0;
   /// What follows from how the run ended.
   virtual void Finish(RunEnd /*end*/) {}
 
@@ -101,6 +109,7 @@ class MachineRun {
   void StartPolling();
   void Timer1Tick();
   void TellOfDownload();
+  void Note(RunEnd end);
   void WindUp();
   void EndRun();
   bool CheckCommLost();
@@ -112,6 +121,7 @@ class MachineRun {
   const VersionGate* const gate_;
   std::unique_ptr<Timer> Timer1_;
   std::unique_ptr<Timer> Timer3d_;
+  RunHistory history_;
   std::uint8_t DealRotation_ = 0;
   Outcome outcome_ = Outcome::kNone;
   bool CommLost_ = false;

@@ -2,11 +2,12 @@
 
 namespace morvane::machine {
 
-PocketState PocketStateOf(std::optional<int> count, int target, bool falling) {
+PocketState PocketStateOf(std::optional<int> count, int target, CardFlow flow) {
   if (!count) return PocketState::kWaiting;
   if (*count == target) return PocketState::kFull;
   if (*count > target) return PocketState::kTooMany;
-  return falling ? PocketState::kFilling : PocketState::kStoppedShort;
+  if (flow == CardFlow::kOver) return PocketState::kNotFull;
+  return flow == CardFlow::kFalling ? PocketState::kFilling : PocketState::kStoppedShort;
 }
 
 std::string_view PocketWord(PocketState state) {
@@ -17,6 +18,8 @@ std::string_view PocketWord(PocketState state) {
       return "full";
     case PocketState::kStoppedShort:
       return "stopped short";
+    case PocketState::kNotFull:
+      return "not full";
     case PocketState::kTooMany:
       return "too many";
     default:

@@ -20,6 +20,9 @@ class SortingRun final : public MachineRun {
   void StartFromMachine() override { cmdSort(); }
   RunEnd RunOnce() override;
   [[nodiscard]] std::string LogHead() const override { return "Sort: "; }
+  [[nodiscard]] std::string Name() const override {
+    return "Sort " + std::to_string(History().Count() + 1);
+  }
 };
 
 }  // namespace morvane::machine

@@ -5,8 +5,8 @@
 namespace morvane::machine {
 namespace {
 
-constexpr bool kFalling = true;
-constexpr bool kStopped = false;
+constexpr CardFlow kFalling = CardFlow::kFalling;
+constexpr CardFlow kStopped = CardFlow::kStopped;
 
 TEST(PocketState, WaitsUntilTheMachineHasReportedACount) {
   EXPECT_EQ(PocketStateOf(std::nullopt, 13, kFalling), PocketState::kWaiting);
@@ -27,6 +27,12 @@ TEST(PocketState, IsFullOnTargetWhetherTheMachineHasStoppedOrNot) {
   EXPECT_EQ(PocketStateOf(52, 52, kFalling), PocketState::kFull);
 }
 
+TEST(PocketState, IsNoneThatHasStoppedShortWhenASortIsThroughItsPile) {
+  EXPECT_EQ(PocketStateOf(13, 52, CardFlow::kOver), PocketState::kNotFull);
+  EXPECT_EQ(PocketStateOf(52, 52, CardFlow::kOver), PocketState::kFull);
+  EXPECT_EQ(PocketStateOf(13, 52, kStopped), PocketState::kStoppedShort) << "by a fault";
+}
+
 TEST(PocketState, HasTooManyBeyondTheTarget) {
   EXPECT_EQ(PocketStateOf(14, 13, kFalling), PocketState::kTooMany);
   EXPECT_EQ(PocketStateOf(63, 52, kStopped), PocketState::kTooMany);
@@ -37,6 +43,7 @@ TEST(PocketWord, SaysEachStateInWords) {
   EXPECT_EQ(PocketWord(PocketState::kFilling), "filling");
   EXPECT_EQ(PocketWord(PocketState::kFull), "full");
   EXPECT_EQ(PocketWord(PocketState::kStoppedShort), "stopped short");
+  EXPECT_EQ(PocketWord(PocketState::kNotFull), "not full");
   EXPECT_EQ(PocketWord(PocketState::kTooMany), "too many");
 }
 

@@ -43,17 +43,30 @@ class WindowPictures : public EveryWindow {
     desk.Prog.ServiceLevel = 0;
   }
 
-  /// Of windows that come up more than once the first state is taken, of the main window the last,
-  /// which has the statistics.
+  /// Of a state that comes up more than once the first is taken, of the main window the last, which
+  /// has the statistics.
   void Take(QWidget& window) {
-    const QString name = window.objectName();
-    if (name.startsWith("cd")) return;  // the file dialogs are the toolkit's
+    if (window.objectName().startsWith("cd")) return;  // the file dialogs are the toolkit's
+    const QString name = NameOf(window);
     if (!taken_.insert(name).second && name != "MainMenu") return;
-    if (name == "MainMenu" || name == "DealinProg") window.resize(kRoomy);
+    if (window.objectName() == "MainMenu" || window.objectName() == "DealinProg") {
+      window.resize(kRoomy);
+    }
     desk.Loop.Pump();
     constexpr int kSmallest = 0;
     const QString path = Folder().filePath(name + ".png");
     ASSERT_TRUE(window.grab().save(path, "PNG", kSmallest)) << path.toStdString();
+  }
+
+  /// The window's name; of a run also what it does and how it stands.
+  static QString NameOf(const QWidget& window) {
+    QString name = window.objectName();
+    if (name != "DealinProg") return name;
+    if (window.windowTitle().contains("Reading")) name += "_read";
+    if (window.windowTitle().contains("Sorting")) name += "_sort";
+    const std::string state = test::TextOf(window, "lblProgress");
+    if (state.ends_with("ing ...")) return name + "_busy";
+    return state.starts_with("Last") ? name + "_stopped" : name;
   }
 
  private:

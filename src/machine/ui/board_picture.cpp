@@ -1,6 +1,6 @@
 #include "machine/ui/board_picture.h"
 
-#include <QFontDatabase>
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 #include <utility>
@@ -16,7 +16,7 @@ namespace {
 
 // The sheet, in units of a pixel at scale 1.
 constexpr QSizeF kSheet{560, 350};
-constexpr qreal kLeastScale = 0.5;
+constexpr qreal kLeastScale = 0.36;
 constexpr qreal kLine = 20;         // one suit below the last
 constexpr qreal kCardStep = 18.67;  // one card right of the last
 constexpr qreal kGlyphStep = 22;
@@ -29,9 +29,15 @@ struct HandPlace {
 };
 constexpr std::array<HandPlace, kHands + 1> kPlaces{
     {{}, {{205, 16}, 340}, {{340, 135}, 208}, {{205, 254}, 340}, {{16, 135}, 200}}};
+constexpr QSizeF kBack{34, 50};  // of a face-down card
+constexpr qreal kBackStep = 13;  // one face-down card right of the last
 constexpr QPointF kHeading{16, 14};
 constexpr QPointF kTable{8, 240};
 constexpr qreal kColumn = 30;
+
+QRectF PlaceOf(std::size_t hand) {
+  return {kPlaces[hand].Corner, QSizeF(kPlaces[hand].Width, kSuits * kLine)};
+}
 
 bool IsRed(std::size_t suit) { return suit == 2 || suit == 3; }
 
@@ -71,26 +77,58 @@ void BoardPicture::Show(BoardDisplay display) {
   Announce(*this);
 }
 
-QString BoardPicture::SpokenText() const { return ToQt(BoardInWords(display_)); }
+void BoardPicture::ShowFallen(const Fallen& fallen) {
+  if (fallen == fallen_ || !display_.HandsShown) {
+    fallen_ = fallen;
+    return;
+  }
+  const bool turned = fallen.has_value() != fallen_.has_value();
+  const Fallen before = std::exchange(fallen_, fallen);
+  if (turned) {
+    update();
+    Announce(*this);
+    return;
+  }
+  for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
+    if ((*before)[hand] != (*fallen)[hand])
+      update(ToPixels().mapRect(PlaceOf(hand)).toAlignedRect());
+  }
+}
+
+QString BoardPicture::SpokenText() const {
+  return ToQt(fallen_ ? BoardUnderWayInWords(display_) : BoardInWords(display_));
+}
 
 QSize BoardPicture::sizeHint() const { return minimumSize(); }
 
-void BoardPicture::paintEvent(QPaintEvent* /*event*/) {
+QTransform BoardPicture::ToPixels() const {
+  const qreal scale = std::min(width() / kSheet.width(), height() / kSheet.height());
+  return QTransform::fromTranslate((width() - kSheet.width() * scale) / 2,
+                                   (height() - kSheet.height() * scale) / 2)
+      .scale(scale, scale);
+}
+
+void BoardPicture::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   painter.setPen(kPaperFrame);
   painter.setBrush(kPaper);
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
 
-  const qreal scale = std::min(width() / kSheet.width(), height() / kSheet.height());
-  painter.translate((width() - kSheet.width() * scale) / 2,
-                    (height() - kSheet.height() * scale) / 2);
-  painter.scale(scale, scale);
+  painter.setTransform(ToPixels(), true);
   painter.setFont(SheetFont(kTextSize, true));
   DrawCompass(painter, kCompass, display_.VulNumber, display_.DealerNumber);
   DrawHeading(painter);
   if (!display_.HandsShown) return;
-  for (int hand = kNorth; hand <= kWest; ++hand) DrawHand(painter, hand);
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    const QRectF place = ToPixels().mapRect(PlaceOf(static_cast<std::size_t>(hand)));
+    if (!place.intersects(event->rect())) continue;
+    if (fallen_) {
+      DrawFallen(painter, hand);
+    } else {
+      DrawHand(painter, hand);
+    }
+  }
   DrawAnalysis(painter);
 }
 
@@ -126,6 +164,18 @@ void BoardPicture::DrawHand(QPainter& painter, int hand) const {
       DrawLine(painter, at, ToQt(card.Letter));
       at.rx() += card.Letter.size() > 1 ? step * 1.35 : step;
     }
+  }
+}
+
+void BoardPicture::DrawFallen(QPainter& painter, int hand) const {
+  const QRectF place = PlaceOf(static_cast<std::size_t>(hand));
+  const int count = (*fallen_)[static_cast<std::size_t>(hand)];
+  const qreal step = std::min(kBackStep, (place.width() - kBack.width()) / std::max(count - 1, 1));
+  const QPointF first(place.x() + 1, place.center().y() - kBack.height() / 2);
+  painter.setPen(kPaper);
+  painter.setBrush(kBlueGround);
+  for (int card = 0; card < count; ++card) {
+    painter.drawRoundedRect(QRectF(first + QPointF(card * step, 0), kBack), 3, 3);
   }
 }
 

@@ -16,13 +16,12 @@ DealButtons::DealButtons(BoardRun& run, QWidget* parent)
       Deal_next_(NewButton(
           "Deal_next", run.Kind() == RunKind::kRead ? "Read ne&xt" : "Deal ne&xt",
           [&run] { run.Deal_next(); }, this)),
-      cmdBreak_(NewButton(
-          "cmdBreak", "&Break", [&run] { run.cmdBreak(); }, this)) {
-  // The only button left during a run: the focus must not fall onto it, or a second press of the
-  // key that started the deal would break it.
-  cmdBreak_->setFocusPolicy(Qt::ClickFocus);
-  cmdBreak_->setAutoDefault(false);
-  cmdBreak_->setMinimumWidth(kCommandWidth);
+      cmdBreak_(NewBreakButton(
+          "cmdBreak", [&run] { run.cmdBreak(); }, this)),
+      cmdClear_(NewButton(
+          "cmdClear", "&Clear", [&run] { run.cmdClear(); }, this)) {
+  cmdClear_->setVisible(run.Kind() == RunKind::kRead);
+  cmdClear_->setAutoDefault(false);
   for (QPushButton* button : {cmdDeal_, Deal_next_}) {
     button->setFont(Enlarged(button->font(), 1.1));
     button->setMinimumWidth(4 * kBigButton);
@@ -30,13 +29,14 @@ DealButtons::DealButtons(BoardRun& run, QWidget* parent)
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kRunSpacing);
-  for (QPushButton* button : {cmdDeal_, Deal_next_, cmdBreak_}) row->addWidget(button);
+  for (QPushButton* button : {cmdDeal_, Deal_next_, cmdBreak_, cmdClear_}) row->addWidget(button);
 }
 
 void DealButtons::Show(const RunControls& now) {
   cmdDeal_->setEnabled(now.cmdDeal);
   Deal_next_->setEnabled(now.Deal_next);
   cmdBreak_->setEnabled(now.cmdBreak);
+  cmdClear_->setEnabled(now.cmdClear);
 }
 
 void DealButtons::TakeDefault(const RunControls& now) {

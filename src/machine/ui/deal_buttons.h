@@ -9,7 +9,7 @@ namespace morvane::machine {
 class BoardRun;
 struct RunControls;
 
-/// `cmdDeal`, `Deal_next` and `cmdBreak`.
+/// `cmdDeal`, `Deal_next`, `cmdBreak` and, where boards are read, `cmdClear`.
 class DealButtons final : public QWidget {
  public:
   DealButtons(BoardRun& run, QWidget* parent);
@@ -23,6 +23,7 @@ class DealButtons final : public QWidget {
   QPushButton* cmdDeal_;
   QPushButton* Deal_next_;
   QPushButton* cmdBreak_;
+  QPushButton* cmdClear_;
 };
 
 }  // namespace morvane::machine

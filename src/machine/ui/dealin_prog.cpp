@@ -2,17 +2,18 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "machine/display_hand.h"
-#include "machine/ui/board_picture.h"
 #include "machine/ui/copies_box.h"
 #include "machine/ui/deal_buttons.h"
 #include "machine/ui/error_disp.h"
+#include "machine/ui/history_box.h"
 #include "machine/ui/options_panel.h"
-#include "machine/ui/pocket_row.h"
+#include "machine/ui/read_modes.h"
 #include "machine/ui/run_header.h"
 #include "machine/ui/run_widgets.h"
 #include "machine/ui/sub_range_box.h"
@@ -20,13 +21,13 @@
 #include "machine/ui/walk_buttons.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_text.h"
 #include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
 
-constexpr int kMargin = 12;
-constexpr QSize kComfortable{960, 600};
+constexpr QSize kComfortable{960, 680};
 
 /// Nothing moves when it comes up.
 void KeepRoom(QWidget& part) {
@@ -39,12 +40,7 @@ void KeepRoom(QWidget& part) {
 
 DealinProg::DealinProg(Program& program, BoardRun& run, QWidget* parent)
     : QDialog(parent), program_(program), run_(run) {
-  setObjectName("DealinProg");
-  setWindowTitle(ToQt("Morvane - " + std::string(run.Words().Title) +
-                      (run.TheMachine().IsSimulated() ? " - Simulated machine" : "")));
-  setWindowModality(Qt::WindowModal);
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  PrepareRunWindow(*this, run);
   MakeParts();
   PlaceParts();
   resize(sizeHint().expandedTo(kComfortable));
@@ -59,11 +55,12 @@ void DealinProg::MakeParts() {
   // In the order in which the tab key walks through them.
   Picture1_ = new BoardPicture(this);
   Picture1_->setObjectName("Picture1");
+  if (run_.Kind() == RunKind::kRead) readModes_ = new ReadModes(run_, this);
   dealing_ = new DealButtons(run_, this);
   walk_ = new WalkButtons(run_, this);
   copies_ = new CopiesBox(run_, this);
   subRange_ = new SubRangeBox(run_, this);
-  pockets_ = new PocketRow(this);
+  history_ = new HistoryBox(run_, this);
   options_ = new OptionsPanel(run_, this);
   Disp_boards_ = NewButton(
       "Disp_boards", "&Hide boards", [this] { run_.Disp_boards(); }, this);
@@ -72,7 +69,9 @@ void DealinProg::MakeParts() {
   cmdExit_ = NewButton(
       "cmdExit", "&Exit", [this] { run_.Exit(); }, this);
   cmdExit_->setMinimumWidth(kCommandWidth);
-  header_ = new RunHeader(ToQt(run_.Words().Status), this);
+  header_ = new RunHeader(run_, this);
+  txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
+  txtFile_->setFocusPolicy(Qt::ClickFocus);
 }
 
 /// Where the screen is small, the options scroll first; where that is not enough, everything above
@@ -84,9 +83,10 @@ void DealinProg::PlaceParts() {
   middle->addLayout(PlaceBoardSide(), 1);
   middle->addLayout(PlaceSettingsSide());
   auto* all = new QVBoxLayout(body);
-  all->setContentsMargins(kMargin, kMargin, kMargin, 0);
+  all->setContentsMargins(kRunMargin, kRunMargin, kRunMargin, 0);
   all->setSpacing(kRunSpacing);
   all->addWidget(header_);
+  if (readModes_ != nullptr) all->addWidget(readModes_);
   all->addLayout(middle, 1);
   Fill(*this, body, PlaceCommands());
 }
@@ -112,17 +112,27 @@ QLayout* DealinProg::PlaceSettingsSide() {
   column->addStretch();
   auto* side = new QVBoxLayout;
   side->setSpacing(kRunSpacing);
-  side->addWidget(pockets_);
+  side->addLayout(PlaceFile());
+  side->addWidget(history_);
   settings_ = new ScrollingPart(settings, this);
   KeepRoom(*settings_);
   side->addWidget(settings_, 1);
   return side;
 }
 
+QLayout* DealinProg::PlaceFile() {
+  auto* label = new QLabel("File Name:", this);
+  label->setBuddy(txtFile_);
+  auto* file = new QHBoxLayout;
+  file->addWidget(label);
+  file->addWidget(txtFile_, 1);
+  return file;
+}
+
 QWidget* DealinProg::PlaceCommands() {
   auto* commands = new QWidget(this);
   auto* row = new QHBoxLayout(commands);
-  row->setContentsMargins(kMargin, kRunSpacing, kMargin, kMargin);
+  row->setContentsMargins(kRunMargin, kRunSpacing, kRunMargin, kRunMargin);
   row->setSpacing(kRunSpacing);
   row->addWidget(dealing_);
   row->addStretch();
@@ -132,13 +142,23 @@ QWidget* DealinProg::PlaceCommands() {
 }
 
 void DealinProg::ShowState() {
-  header_->ShowState(run_);
-  pockets_->ShowCounts(run_);
+  header_->ShowState();
+  Picture1_->ShowFallen(Fallen());
+}
+
+/// The counts are all that the machine tells of a board while its cards fall.
+BoardPicture::Fallen DealinProg::Fallen() const {
+  if (run_.Flow() != CardFlow::kFalling) return std::nullopt;
+  std::array<int, kHands + 1> counts{};
+  for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
+    counts[hand] = run_.TheMachine().CardCount[PocketOfHand[hand]];
+  }
+  return counts;
 }
 
 void DealinProg::ShowBoard() {
   BoardDisplay display = DisplayHand(run_, program_.Set.CurrentBoard);
-  pockets_->ShowHcp(display);
+  header_->ShowBoard(program_.Set.CurrentBoard, display);
   Picture1_->Show(std::move(display));
 }
 
@@ -157,7 +177,9 @@ void DealinProg::ShowControls() {
   Disp_boards_->setEnabled(now.Options);
   Disp_boards_->setText(window.ShowBoards ? "&Hide boards" : "&Show boards");
   test_->Show();
-  header_->ShowFile(program_.Set.BoardSetFile);
+  txtFile_->setText(ToQt(program_.Set.BoardSetFile));
+  history_->Show();
+  if (readModes_ != nullptr) readModes_->Show();
   dealing_->TakeDefault(now);
   ShowState();
 }
@@ -166,12 +188,7 @@ void DealinProg::FocusDealNext() { dealing_->FocusDealNext(); }
 
 std::optional<RangeTexts> DealinProg::Range() const { return subRange_->Texts(); }
 
-void DealinProg::ShowError(ErrorDialog& dialog) {
-  ErrorDisp window(dialog, this);
-  window.open();
-  dialog.Open([&window] { window.hide(); });
-  program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
-}
+void DealinProg::ShowError(ErrorDialog& dialog) { ShowErrorDisp(program_, dialog, this); }
 
 void DealinProg::Close() { hide(); }
 

@@ -4,24 +4,29 @@
 
 #include "machine/board_run.h"
 #include "machine/run_view.h"
+#include "machine/ui/board_picture.h"
 #include "program/program.h"
 
 class QLayout;
 class QPushButton;
 
+namespace morvane {
+class ShownText;
+}
+
 namespace morvane::machine {
 
-class BoardPicture;
 class CopiesBox;
 class DealButtons;
+class HistoryBox;
 class OptionsPanel;
-class PocketRow;
+class ReadModes;
 class RunHeader;
 class SubRangeBox;
 class TestPanel;
 class WalkButtons;
 
-/// The window of a dealing run, put together from its parts.
+/// The window of a run that deals or reads boards, put together from its parts.
 class DealinProg final : public QDialog, public RunView {
  public:
   DealinProg(Program& program, BoardRun& run, QWidget* parent);
@@ -48,7 +53,9 @@ class DealinProg final : public QDialog, public RunView {
   void PlaceParts();
   QLayout* PlaceBoardSide();
   QLayout* PlaceSettingsSide();
+  QLayout* PlaceFile();
   QWidget* PlaceCommands();
+  [[nodiscard]] BoardPicture::Fallen Fallen() const;
 
   Program& program_;
   BoardRun& run_;
@@ -59,7 +66,9 @@ class DealinProg final : public QDialog, public RunView {
   WalkButtons* walk_ = nullptr;
   CopiesBox* copies_ = nullptr;
   SubRangeBox* subRange_ = nullptr;
-  PocketRow* pockets_ = nullptr;
+  HistoryBox* history_ = nullptr;
+  ReadModes* readModes_ = nullptr;  ///< only where boards are read
+  ShownText* txtFile_ = nullptr;
   OptionsPanel* options_ = nullptr;
   QWidget* settings_ = nullptr;  ///< what depends on the machine, and scrolls
   QPushButton* Disp_boards_ = nullptr;

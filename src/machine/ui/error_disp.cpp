@@ -93,4 +93,11 @@ void ErrorDisp::reject() {
   if (!dialog_.Closed()) dialog_.PressCancel();
 }
 
+void ShowErrorDisp(Program& program, ErrorDialog& dialog, QWidget* over) {
+  ErrorDisp window(dialog, over);
+  window.open();
+  dialog.Open([&window] { window.hide(); });
+  program.Loop.RunUntil([&dialog] { return dialog.Closed(); });
+}
+
 }  // namespace morvane::machine

@@ -19,4 +19,7 @@ class ErrorDisp final : public QDialog {
   ErrorDialog& dialog_;
 };
 
+/// Shows the dialog over the window; returns when it has its answer.
+void ShowErrorDisp(Program& program, ErrorDialog& dialog, QWidget* over);
+
 }  // namespace morvane::machine

@@ -24,6 +24,9 @@ OptionsPanel::OptionsPanel(MachineRun& run, QWidget* parent)
   column->addWidget(cards_);
   column->addWidget(Start_from_box_);
   column->addWidget(Check_board_);
+  // A sort has no board. What starts it stays as it is set.
+  Start_from_box_->setVisible(run.Kind() != RunKind::kSort);
+  Check_board_->setVisible(run.Kind() != RunKind::kSort);
 }
 
 QCheckBox* OptionsPanel::AddCheckBox(const char* name, const char* caption,

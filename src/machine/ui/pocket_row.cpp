@@ -6,9 +6,20 @@
 #include "machine/machine_run.h"
 #include "machine/ui/pocket_gauge.h"
 #include "machine/ui/run_widgets.h"
+#include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
 namespace {
+
+PocketGauge::Kind KindOf(const MachineRun& run, std::size_t hand) {
+  const QString name = ToQt(HandName[hand]);
+  if (run.Kind() == RunKind::kSort) {
+    const QChar letter(HandLetter(static_cast<int>(hand)));
+    return {run.CountTarget(), name, QString("Sort") + letter, QString("Lsort") + letter, ""};
+  }
+  const QString number = QString::number(hand);
+  return {run.CountTarget(), name, "lblCnt_" + number, "lblHand_" + number, "lblHCP_" + number};
+}
 
 std::optional<int> CountOf(const MachineRun& run, std::size_t hand) {
   if (!run.Cards().CountsShown) return std::nullopt;
@@ -17,20 +28,18 @@ std::optional<int> CountOf(const MachineRun& run, std::size_t hand) {
 
 }  // namespace
 
-PocketRow::PocketRow(QWidget* parent) : QWidget(parent) {
+PocketRow::PocketRow(const MachineRun& run, QWidget* parent) : QWidget(parent), run_(run) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kRunSpacing);
-  for (int hand = kNorth; hand <= kWest; ++hand) {
-    auto*& pocket = pockets_[static_cast<std::size_t>(hand)];
-    row->addWidget(pocket = new PocketGauge(hand, this));
+  for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
+    row->addWidget(pockets_[hand] = new PocketGauge(KindOf(run, hand), this));
   }
 }
 
-void PocketRow::ShowCounts(const MachineRun& run) {
-  const auto mood = run.Running() ? PocketGauge::Mood::kDealing : PocketGauge::Mood::kWaiting;
+void PocketRow::ShowCounts() {
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->ShowCount(CountOf(run, hand), mood);
+    pockets_[hand]->ShowCount(CountOf(run_, hand), run_.Running(), run_.Flow());
   }
 }
 

@@ -13,13 +13,14 @@ class PocketGauge;
 /// The four pockets, North to West.
 class PocketRow final : public QWidget {
  public:
-  explicit PocketRow(QWidget* parent);
+  PocketRow(const MachineRun& run, QWidget* parent);
 
   /// Repaints at once what has changed.
-  void ShowCounts(const MachineRun& run);
+  void ShowCounts();
   void ShowHcp(const BoardDisplay& display);
 
  private:
+  const MachineRun& run_;
   std::array<PocketGauge*, kHands + 1> pockets_{};
 };
 

@@ -1,14 +1,16 @@
 #include "machine/ui/run_header.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
 #include "machine/run_status.h"
+#include "machine/ui/board_number.h"
+#include "machine/ui/pocket_row.h"
 #include "machine/ui/run_colours.h"
 #include "machine/ui/run_widgets.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/shown_text.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
@@ -37,74 +39,92 @@ void ShowNow(ShownValue& label, const QString& text) {
 
 }  // namespace
 
-RunHeader::RunHeader(const QString& status, QWidget* parent) : QWidget(parent) {
+RunHeader::RunHeader(const MachineRun& run, QWidget* parent)
+    : QWidget(parent),
+      run_(run),
+      number_(new BoardNumber(this)),
+      pockets_(new PocketRow(run, this)) {
   MakeStatus();
-  lblProgress_ = new ShownValue("lblProgress", "Progress of the run", this);
+  MakeProgress();
+  MakeDealTime();
+  if (run.Kind() == RunKind::kSort) number_->hide();
+  StayFree(*number_);
   StayFree(*txtStatus_);
   StayFree(*lblProgress_);
-  MakeDealTime();
-  txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
-  txtFile_->setFocusPolicy(Qt::ClickFocus);
-  auto* header = new QVBoxLayout(this);
-  header->setContentsMargins(0, 0, 0, 0);
-  header->setSpacing(kRunSpacing / 2);
-  header->addLayout(PlaceState(status));
-  header->addLayout(PlaceFile());
+  // The line below has the room of both: it is the longest text.
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(kRunSpacing);
+  grid->setVerticalSpacing(2);
+  const bool board = run.Kind() != RunKind::kSort;
+  if (board) grid->addWidget(number_, 0, 0);
+  grid->addLayout(PlaceState(), 0, board ? 1 : 0, 1, board ? 1 : 2);
+  grid->addWidget(lblProgress_, 1, 0, 1, 2);
+  grid->addWidget(pockets_, 0, 2, 2, 1);
+  grid->setColumnStretch(1, 1);
+  if (!board) grid->setColumnStretch(2, 2);
+  grid->setRowStretch(0, 1);
 }
 
 void RunHeader::MakeStatus() {
   txtStatus_ = new ShownValue("txtStatus", "State of the machine", this);
   txtStatus_->setAlignment(Qt::AlignCenter);
-  txtStatus_->setFont(Enlarged(txtStatus_->font(), 1.2));
-  txtStatus_->setMinimumWidth(txtStatus_->fontMetrics().horizontalAdvance("Illegal (0)") + 24);
+  txtStatus_->setFont(Enlarged(txtStatus_->font(), 2));
+  txtStatus_->setMinimumWidth(txtStatus_->fontMetrics().horizontalAdvance("Illegal (0)") + 16);
+}
+
+void RunHeader::MakeProgress() {
+  lblProgress_ = new ShownValue("lblProgress", "Progress of the run", this);
+  lblProgress_->setFont(Enlarged(lblProgress_->font(), 1.1));
 }
 
 void RunHeader::MakeDealTime() {
   txtDealTime_ = new ShownValue("txtDealTime", "Deal time in seconds", this);
   txtDealTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  txtDealTime_->setFont(Enlarged(txtDealTime_->font(), 1.4));
-  txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("0000.0"));
+  txtDealTime_->setFont(Enlarged(txtDealTime_->font(), 1.2));
+  txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("000.0"));
 }
 
-QLayout* RunHeader::PlaceState(const QString& status) {
-  auto* lblRun = new QLabel(status, this);
-  lblRun->setObjectName("lblRun");
-  lblRun->setFont(Enlarged(lblRun->font(), 1.4));
-  auto* state = new QHBoxLayout;
-  state->setSpacing(kRunSpacing);
-  state->addWidget(lblRun);
-  state->addWidget(txtStatus_);
-  state->addWidget(lblProgress_, 1);
+QLayout* RunHeader::PlaceState() {
+  auto* state = new QVBoxLayout;
+  state->setSpacing(4);
+  state->addLayout(PlaceRun());
+  state->addWidget(txtStatus_, 1);
   return state;
 }
 
-QLayout* RunHeader::PlaceFile() {
-  auto* file = new QHBoxLayout;
-  auto* label = new QLabel("File Name:", this);
-  label->setBuddy(txtFile_);
-  file->addWidget(label);
-  file->addWidget(txtFile_, 1);
-  file->addSpacing(kRunSpacing);
-  file->addWidget(new QLabel("Deal Time (s):", this));
-  file->addWidget(txtDealTime_);
-  return file;
+QLayout* RunHeader::PlaceRun() {
+  auto* lblRun = new QLabel(ToQt(run_.Words().Status), this);
+  lblRun->setObjectName("lblRun");
+  lblRun->setFont(Enlarged(lblRun->font(), 1.1));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(3);
+  row->addWidget(lblRun);
+  row->addStretch();
+  row->addWidget(txtDealTime_);
+  row->addWidget(new QLabel("s", this));
+  return row;
 }
 
-void RunHeader::ShowState(const MachineRun& run) {
-  ShowStatus(run.TheMachine().MachineState);
-  ShowNow(*txtDealTime_, ToQt(run.Cards().txtDealTime));
-  ShowNow(*lblProgress_, ToQt(StatusLine(StatusOf(run))));
+void RunHeader::ShowState() {
+  ShowStatus(run_.TheMachine().MachineState);
+  ShowNow(*txtDealTime_, ToQt(run_.Cards().txtDealTime));
+  ShowNow(*lblProgress_, ToQt(StatusLine(StatusOf(run_))));
+  pockets_->ShowCounts();
+}
+
+void RunHeader::ShowBoard(int number, const BoardDisplay& display) {
+  number_->Show(number, display.Copy);
+  pockets_->ShowHcp(display);
 }
 
 void RunHeader::ShowStatus(int state) {
   const QString text = ToQt(StatusText(state));
   if (txtStatus_->text() == text) return;
   txtStatus_->setStyleSheet(
-      QString("background:%1; color:white; font-weight:bold; border-radius:4px; padding:4px 12px;")
+      QString("background:%1; color:white; font-weight:bold; border-radius:4px; padding:0px 8px;")
           .arg(ColourOf(state).name()));
   ShowNow(*txtStatus_, text);
 }
-
-void RunHeader::ShowFile(const std::string& path) { txtFile_->setText(ToQt(path)); }
 
 }  // namespace morvane::machine

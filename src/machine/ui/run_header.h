@@ -1,41 +1,45 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
+
+#include "machine/display_hand.h"
 
 class QLayout;
 
 namespace morvane {
-class ShownText;
 class ShownValue;
-}  // namespace morvane
+}
 
 namespace morvane::machine {
 
+class BoardNumber;
 class MachineRun;
+class PocketRow;
 
-/// How the run stands: `txtStatus`, `lblProgress`, `txtDealTime`; and whose set it deals:
-/// `txtFile`.
+/// How the run stands, to be read across the room: the board, `txtStatus` and `lblProgress`, the
+/// pockets; and `txtDealTime`.
 class RunHeader final : public QWidget {
  public:
-  /// `status`: what the run is for.
-  RunHeader(const QString& status, QWidget* parent);
+  RunHeader(const MachineRun& run, QWidget* parent);
 
   /// Repaints at once what has changed.
-  void ShowState(const MachineRun& run);
-  void ShowFile(const std::string& path);
+  void ShowState();
+  void ShowBoard(int number, const BoardDisplay& display);
 
  private:
   void MakeStatus();
+  void MakeProgress();
   void MakeDealTime();
-  QLayout* PlaceState(const QString& status);
-  QLayout* PlaceFile();
+  QLayout* PlaceState();
+  QLayout* PlaceRun();
   void ShowStatus(int state);
 
+  const MachineRun& run_;
+  BoardNumber* number_;
   ShownValue* txtStatus_ = nullptr;
   ShownValue* lblProgress_ = nullptr;
   ShownValue* txtDealTime_ = nullptr;
-  ShownText* txtFile_ = nullptr;
+  PocketRow* pockets_;
 };
 
 }  // namespace morvane::machine

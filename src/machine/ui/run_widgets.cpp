@@ -1,11 +1,23 @@
 #include "machine/ui/run_widgets.h"
 
+#include <QDialog>
 #include <QPushButton>
 #include <utility>
 
+#include "machine/machine_run.h"
 #include "platform/qt/number_edit.h"
+#include "platform/qt/qt_text.h"
 
 namespace morvane::machine {
+
+void PrepareRunWindow(QDialog& window, const MachineRun& run) {
+  window.setObjectName("DealinProg");
+  window.setWindowTitle(ToQt("Morvane - " + std::string(run.Words().Title) +
+                             (run.TheMachine().IsSimulated() ? " - Simulated machine" : "")));
+  window.setWindowModality(Qt::WindowModal);
+  window.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  window.setWindowFlag(Qt::WindowMaximizeButtonHint);
+}
 
 QFont Enlarged(QFont font, qreal by) {
   font.setPointSizeF(font.pointSizeF() * by);
@@ -19,6 +31,14 @@ QPushButton* NewButton(const char* name, const char* caption, std::function<void
   button->setObjectName(name);
   button->setMinimumHeight(kBigButton);
   QObject::connect(button, &QPushButton::clicked, button, std::move(press));
+  return button;
+}
+
+QPushButton* NewBreakButton(const char* name, std::function<void()> press, QWidget* parent) {
+  auto* button = NewButton(name, "&Break", std::move(press), parent);
+  button->setFocusPolicy(Qt::ClickFocus);
+  button->setAutoDefault(false);
+  button->setMinimumWidth(kCommandWidth);
   return button;
 }
 

@@ -6,6 +6,7 @@
 #include "files/ui/load_number.h"
 #include "generate/ui/generate.h"
 #include "machine/ui/dealin_prog.h"
+#include "machine/ui/sort_prog.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/preferences.h"
 
@@ -57,6 +58,10 @@ void QtWindows::ShowPreferences(Preferences& preferences) {
 
 std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::BoardRun& run) {
   return std::make_unique<machine::DealinProg>(program_, run, mainMenu_);
+}
+
+std::unique_ptr<machine::RunView> QtWindows::OpenSortProg(machine::SortingRun& run) {
+  return std::make_unique<machine::SortProg>(program_, run, mainMenu_);
 }
 
 }  // namespace morvane::shell

@@ -22,6 +22,7 @@ class QtWindows final : public FlowWindows {
   void ShowGenerate(generate::GenerateForm& form) override;
   void ShowPreferences(Preferences& preferences) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
+  [[nodiscard]] std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
 
  private:
   Program& program_;

@@ -164,8 +164,9 @@ TEST_F(RunOptions, ALargeIndexThatTheMachineCannotDealIsRefused) {
   Machine machineOfPlain(desk.Random, plain);
   ASSERT_TRUE(OpenLink(desk.Prog, machineOfPlain.Link, 200));
   DealingRun plainRun(desk.Prog, machineOfPlain, memory);
-  window = std::make_unique<DealinProg>(desk.Prog, plainRun, &mainWindow);
-  plainRun.Open(*window);
+  auto plainWindow = std::make_unique<DealinProg>(desk.Prog, plainRun, &mainWindow);
+  plainRun.Open(*plainWindow);
+  window = std::move(plainWindow);
   desk.Loop.WaitMs(2100);
   desk.AnswerBox(QMessageBox::Ok);
   Click("Card_Index_j");

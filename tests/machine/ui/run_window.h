@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDialog>
 #include <QMainWindow>
 #include <memory>
 
@@ -12,20 +13,19 @@
 
 namespace morvane::machine {
 
-/// `DealinProg` over boards 1 to 3 on a simulated machine that takes its real time: a board is
+/// A run window over boards 1 to 3 on a simulated machine that takes its real time: a board is
 /// dealt in about 15 s.
-class RunWindow : public ::testing::Test {
+class RunDesk : public ::testing::Test {
  protected:
-  explicit RunWindow(const simulator::Options& options = Options())
+  explicit RunDesk(const simulator::Options& options = Options())
       : simulated(options, desk.Clock) {}
 
   test::QtDesk desk;
   simulator::SimulatedMachine simulated;
   Machine machine{desk.Random, simulated, MachineKind::kSimulated};
   RunMemory memory;
-  DealingRun run{desk.Prog, machine, memory};
   QMainWindow mainWindow;
-  std::unique_ptr<DealinProg> window;
+  std::unique_ptr<QDialog> window;
 
   static simulator::Options Options() {
     simulator::Options options;
@@ -39,19 +39,18 @@ class RunWindow : public ::testing::Test {
     mainWindow.show();
   }
 
-  void Open() {
+  template <typename Window, typename Run>
+  void OpenWindow(Run& run) {
     ASSERT_TRUE(OpenLink(desk.Prog, machine.Link, 200));
-    window = std::make_unique<DealinProg>(desk.Prog, run, &mainWindow);
-    run.Open(*window);
+    auto made = std::make_unique<Window>(desk.Prog, run, &mainWindow);
+    Window& view = *made;
+    window = std::move(made);
+    run.Open(view);
+    window->activateWindow();
     desk.Loop.Pump();
   }
-
-  /// Opens the window and lets the machine answer.
-  void Contact() {
-    Open();
-    desk.Loop.WaitMs(DealingRun::kFirstContactMs + 100);
-    ASSERT_FALSE(!run.Options().MachineKnown);
-  }
+  /// Lets the machine answer.
+  void WaitForContact() { desk.Loop.WaitMs(MachineRun::kFirstContactMs + 100); }
 
   void Click(const char* name) { test::Click(*window, name); }
   [[nodiscard]] std::string Text(const char* name) const { return test::TextOf(*window, name); }
@@ -86,6 +85,21 @@ class RunWindow : public ::testing::Test {
 
  private:
   int toCome_ = 0;
+};
+
+/// `DealinProg` of a dealing run.
+class RunWindow : public RunDesk {
+ protected:
+  using RunDesk::RunDesk;
+  DealingRun run{desk.Prog, machine, memory};
+  ~RunWindow() override { window.reset(); }  // before the run that it shows
+
+  void Open() { OpenWindow<DealinProg>(run); }
+  void Contact() {
+    Open();
+    WaitForContact();
+    ASSERT_FALSE(!run.Options().MachineKnown);
+  }
 };
 
 }  // namespace morvane::machine

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <functional>
 #include <memory>
@@ -12,7 +13,10 @@
 #include "machine/dealing_run.h"
 #include "machine/error_dialog.h"
 #include "machine/open_link.h"
+#include "machine/reading_run.h"
+#include "machine/sorting_run.h"
 #include "machine/ui/dealin_prog.h"
+#include "machine/ui/sort_prog.h"
 #include "platform/qt/window_place.h"
 #include "shell/ui/main_menu_desk.h"
 #include "simulator/ui/machine_panel.h"
@@ -40,7 +44,7 @@ class EveryWindow : public MainMenuTest {
     LookAtFileDialogs(look);
     LookAtPreferences(look);
     LookAtGenerate(look);
-    LookAtRun(look);
+    LookAtRuns(look);
   }
 
   void LookAtMainMenu(const Look& look) {
@@ -137,26 +141,63 @@ class EveryWindow : public MainMenuTest {
 
   /// The run window, idle, and the error dialog over it in the middle of a board.
   void LookAtRun(const Look& look) {
-    machine::Machine machine(desk.Random, simulated);
-    machine::RunMemory memory;
-    machine::DealingRun run(desk.Prog, machine, memory);
-    ASSERT_TRUE(machine::OpenLink(desk.Prog, machine.Link, 200));
-    machine::DealinProg window(desk.Prog, run, menu.get());
+    machine::DealingRun run(desk.Prog, machine_, memory_);
+    LookAtRunWindow<machine::DealinProg>(run, "cmdDeal", look, [](QWidget&) {});
+  }
+
+  /// The window of each kind of run: idle, in the middle of a board, with the error dialog over it,
+  /// and behind that.
+  void LookAtRuns(const Look& look) {
+    machine::DealingRun run(desk.Prog, machine_, memory_);
+    LookAtRunWindow<machine::DealinProg>(run, "cmdDeal", look, look);
+    LookAtRead(look);
+    LookAtSort(look);
+  }
+
+  /// A board that is there already is read from the pack into an empty one.
+  void LookAtRead(const Look& look) {
+    const auto before = std::make_unique<BoardSet>(desk.Prog.Set);
+    simulated.LayBoard(desk.Prog.Set.At(2));
+    desk.Prog.Set.At(1) = NumberedBoard(1);
+    machine::ReadingRun run(desk.Prog, machine_, memory_, [] {});
+    LookAtRunWindow<machine::DealinProg>(run, "cmdDeal", look, look);
+    desk.Prog.Set = *before;
+  }
+
+  void LookAtSort(const Look& look) {
+    machine::SortingRun run(desk.Prog, machine_, memory_);
+    LookAtRunWindow<machine::SortProg>(run, "cmdSort", look, look);
+  }
+
+ private:
+  template <typename Window, typename Run>
+  void LookAtRunWindow(Run& run, const char* start, const Look& look, const Look& later) {
+    ASSERT_TRUE(machine::OpenLink(desk.Prog, machine_.Link, 200));
+    Window window(desk.Prog, run, menu.get());
     run.Open(window);
-    desk.Loop.WaitMs(machine::DealingRun::kFirstContactMs + 100);
-    if (!run.Window().ShowBoards) test::Click(window, "Disp_boards");
+    desk.Loop.WaitMs(machine::MachineRun::kFirstContactMs + 100);
+    auto* boards = window.template findChild<QAbstractButton*>("Disp_boards");
+    if (boards != nullptr && !run.Window().ShowBoards) test::Click(*boards);
+    window.activateWindow();  // as window managers do behind a box
     look(window);
     // The same cards each time.
     std::array<int, kCards> pack{};
     std::iota(pack.begin(), pack.end(), 1);
     simulated.LoadPack(pack);
-    desk.Loop.After(4000, [this] { simulated.CauseFault(25); });
+    desk.Loop.After(4000, [&] { later(window); });
+    desk.Loop.After(6000, [this] { simulated.CauseFault(25); });
     desk.When("Error_disp", [&](QWidget& error) {
       look(error);
       test::Click(error, "Cancel_button");
     });
-    test::Click(window, "cmdDeal");
+    test::Click(window, start);
+    window.activateWindow();
+    later(window);
+    run.Exit();
   }
+
+  machine::Machine machine_{desk.Random, simulated};
+  machine::RunMemory memory_;
 };
 
 }  // namespace morvane::shell

@@ -287,6 +287,40 @@ TEST_F(Flows, DealOpensTheRunWindowOverTheMainWindow) {
   EXPECT_FALSE(shell.FlowActive());
 }
 
+TEST_F(Flows, ReadTakesABoardUpIntoTheSetAndItsStatistics) {
+  Start();
+  for (int n = 1; n <= 2; ++n) desk.Prog.Set.At(n) = NumberedBoard(n);
+  desk.Prog.Set.FirstBoard = 1;
+  desk.Prog.Set.LastBoard = 2;
+  simulated.LayBoard(test::SuitBoard(1));
+  desk.When("DealinProg", [this](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "Morvane - Reading");
+    EXPECT_EQ(Text("Panel1"), "Reading");
+    desk.Loop.WaitMs(2100);
+    test::Click(window, "cmdDeal");
+    test::Click(window, "cmdExit");
+  });
+  Trigger("menuRead");
+  EXPECT_EQ(desk.Prog.Set.At(1).Cards, test::SuitBoard(1).Cards);
+  EXPECT_TRUE(menu->isWindowModified());
+  EXPECT_EQ(Text("Panel1"), "Ready");
+}
+
+TEST_F(Flows, SortNeedsNoSet) {
+  Start();
+  desk.When("DealinProg", [this](QWidget& window) {
+    EXPECT_EQ(window.windowTitle(), "Morvane - Sorting");
+    EXPECT_EQ(Text("Panel1"), "Sorting");
+    desk.Loop.WaitMs(2100);
+    test::Click(window, "cmdSort");
+    EXPECT_EQ(desk.LogLines().back(), "  Sort: 0,0,0,0 OK");
+    test::Click(window, "cmdExit");
+  });
+  Trigger("menuSort");
+  EXPECT_EQ(test::TopWindow("DealinProg"), nullptr);
+  EXPECT_EQ(Text("Panel1"), "Ready");
+}
+
 TEST_F(Flows, ASecondFlowAndTheExitDoNothingWhileOneRuns) {
   Start();
   test::FillSet(desk.Prog.Set, 1, 2);

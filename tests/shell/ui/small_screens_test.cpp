@@ -45,6 +45,14 @@ bool IsInSight(const QWidget& control) {
   return control.isVisible() && rest.size() == room;
 }
 
+bool CardsRun(const QWidget& window) {
+  for (const char* name : {"cmdBreak", "cmdSortBreak"}) {
+    const auto* button = window.findChild<QWidget*>(name);
+    if (button != nullptr && button->isEnabled()) return true;
+  }
+  return false;
+}
+
 /// The screen and how large the font is, in percent.
 class SmallScreen : public EveryWindow,
                     public ::testing::WithParamInterface<std::tuple<QSize, int>> {
@@ -103,6 +111,7 @@ TEST_P(SmallScreen, WhatTheTabKeyReachesIsInSight) {
     for (;;) {
       test::Press(window, Qt::Key_Tab);
       const QWidget* focus = window.focusWidget();
+      if (CardsRun(window)) return;  // then only a letter or a click does something
       ASSERT_NE(focus, nullptr) << NameOf(window);
       if (!reached.insert(focus).second) break;
       EXPECT_TRUE(IsInSight(*focus)) << NameOf(*focus);
