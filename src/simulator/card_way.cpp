@@ -27,7 +27,10 @@ std::uint64_t SeedOf(const Options& options) {
 }  // namespace
 
 CardWay::CardWay(const Options& options)
-    : cardTime_(CardTimeAt(options.Speed)), feeder_(SeedOf(options)), faults_(options.Faults) {}
+    : cardTime_(CardTimeAt(options.Speed)),
+      feeder_(SeedOf(options)),
+      faults_(options.Faults),
+      packsToSort_(options.Packs) {}
 
 void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
@@ -46,7 +49,7 @@ void CardWay::Load() {
       LoadForReading();
       break;
     case RunKind::Sort:
-      feeder_.LoadFourPacks();
+      feeder_.LoadPacks(packsToSort_);
       break;
     default:
       feeder_.LoadPack();
@@ -131,9 +134,9 @@ std::uint8_t CardWay::DueFault() {
   if (nextFault_ != 0) return std::exchange(nextFault_, std::uint8_t{0});
   const int card = static_cast<int>(Fallen()) + 1;
   const auto due = std::find_if(faults_.begin(), faults_.end(), [&](const CardFault& fault) {
-    return fault.Board == boardsFinished_ + 1 && fault.Card == card;
+    return fault.Board == runsFinished_ + 1 && fault.Card == card;
   });
-  if (due == faults_.end() || kind_ == RunKind::Sort) return 0;
+  if (due == faults_.end()) return 0;
   const std::uint8_t code = due->Code;
   faults_.erase(due);
   return code;
@@ -154,7 +157,7 @@ std::size_t CardWay::PocketOfFront() const {
 void CardWay::Finish() {
   if (kind_ == RunKind::Deal) ++boardsDealt_;
   if (kind_ == RunKind::Read) boards_.Finished();
-  if (kind_ != RunKind::Sort) ++boardsFinished_;
+  ++runsFinished_;
   SetState(StatusReply::kIdle);
 }
 

@@ -48,6 +48,7 @@ class CardWay {
   [[nodiscard]] BoardPile& Boards() { return boards_; }
   [[nodiscard]] const BoardPile& Boards() const { return boards_; }
   [[nodiscard]] Feeder& Cards() { return feeder_; }
+  [[nodiscard]] const Feeder& Cards() const { return feeder_; }
 
   [[nodiscard]] RunKind Kind() const { return kind_; }
   /// As the status reply has it: 0 idle, 0xFF busy, otherwise the code of the error.
@@ -75,6 +76,7 @@ class CardWay {
   Time cardTime_;  ///< 0 = a card a poll
   Feeder feeder_;
   std::vector<CardFault> faults_;
+  int packsToSort_;
   RunKind kind_ = RunKind::None;
   wire::CardBytes handList_{};
   std::array<Pile, 5> pockets_;
@@ -84,7 +86,7 @@ class CardWay {
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};
   std::uint32_t boardsDealt_ = 0;
-  int boardsFinished_ = 0;  ///< dealt or read since the power came on first
+  int runsFinished_ = 0;  ///< dealt, read or sorted since the power came on first
   std::uint64_t changes_ = 0;
 };
 

@@ -16,9 +16,9 @@ void Feeder::LoadPack() {
   Shuffle();
 }
 
-void Feeder::LoadFourPacks() {
+void Feeder::LoadPacks(int packs) {
   Empty();
-  for (int pack = 1; pack <= 4; ++pack) {
+  for (int pack = 1; pack <= packs; ++pack) {
     for (int card = 1; card <= kCards; ++card) cards_.Add(card);
   }
   Shuffle();

@@ -39,8 +39,8 @@ class Feeder {
 
   /// One pack: that of `Prepare` when there is one, otherwise a shuffled one.
   void LoadPack();
-  /// Four packs shuffled together.
-  void LoadFourPacks();
+  /// So many packs, four at most, shuffled together.
+  void LoadPacks(int packs);
   /// A pack in which the card at place k of the feeder belongs to the hand of pocket element k of
   /// `pockets`, as far as `board` has such a card; the others lie as shuffled.
   void LoadForReading(const Board& board, const wire::CardBytes& pockets);
@@ -54,6 +54,8 @@ class Feeder {
   [[nodiscard]] std::size_t Loaded() const { return cards_.Count(); }
   /// The card in front of the camera; there must be one.
   [[nodiscard]] int Front() const { return cards_[fed_]; }
+  /// The card that comes `at` cards behind it.
+  [[nodiscard]] int Waiting(std::size_t at) const { return cards_[fed_ + at]; }
   void Feed() { ++fed_; }
 
  private:

@@ -7,11 +7,13 @@ namespace morvane::simulator {
 namespace {
 
 constexpr std::string_view kName = "simulated";
-constexpr std::string_view kKeys = "speed, firmware, hardware, serial, noise, seed, fault, pack";
+constexpr std::string_view kKeys =
+    "speed, firmware, hardware, serial, noise, seed, fault, packs, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
 constexpr int kLastErrorCode = 240;
+constexpr int kMostCards = 208;  // of a sort
 
 /// The number that the whole text is, within `low`..`high`.
 template <typename Number>
@@ -85,11 +87,17 @@ bool TakeFault(std::string_view value, Options& options) {
   const std::size_t second = value.find(':', first + 1);
   if (first == std::string_view::npos || second == std::string_view::npos) return false;
   const auto board = NumberIn<int>(value.substr(0, first), 1, 1'000'000);
-  const auto card = NumberIn<int>(value.substr(first + 1, second - first - 1), 1, 52);
+  const auto card = NumberIn<int>(value.substr(first + 1, second - first - 1), 1, kMostCards);
   const auto code = NumberIn<int>(value.substr(second + 1), 1, kLastErrorCode);
   if (!board || !card || !code) return false;
   options.Faults.push_back({*board, *card, static_cast<std::uint8_t>(*code)});
   return true;
+}
+
+bool TakePacks(std::string_view value, Options& options) {
+  const auto packs = NumberIn<int>(value, 1, 4);
+  if (packs) options.Packs = *packs;
+  return packs.has_value();
 }
 
 bool TakePack(std::string_view value, Options& options) {
@@ -103,14 +111,15 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 8> kKeyTable{{
+constexpr std::array<Key, 9> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"hardware", TakeHardware, "a number from 0 to 65535, such as 0x7F"},
     {"serial", TakeSerial, "a number from 0 to 65535"},
     {"noise", TakeNoise, "a chance from 0 to 1, such as 0.001"},
     {"seed", TakeSeed, "a whole number of at most 64 bits"},
-    {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 52 and code 1 to 240"},
+    {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 208 and code 1 to 240"},
+    {"packs", TakePacks, "a number from 1 to 4"},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
 
@@ -155,7 +164,7 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 
 std::string OptionsUsage(std::size_t indent) {
   return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n" +
-         std::string(indent, ' ') + "fault=BOARD:CARD:CODE,pack=FILE]";
+         std::string(indent, ' ') + "fault=BOARD:CARD:CODE,packs=4,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

@@ -8,8 +8,9 @@
 
 namespace morvane::simulator {
 
-/// The machine stops with `Code` (1..240) before card `Card` (1..52) of board `Board` falls: the
-/// n-th board that it deals or reads to the end, however often that one is begun. It happens once.
+/// The machine stops with `Code` (1..240) before card `Card` (1..208, which only a sort has) of
+/// board `Board` falls: the n-th that it deals or reads to the end, or pile that it sorts, however
+/// often that one is begun. It happens once.
 struct CardFault {
   int Board = 1;
   int Card = 1;
@@ -27,6 +28,7 @@ struct Options {
   double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
   std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
   std::vector<CardFault> Faults;
+  int Packs = 4;     ///< 1..4, how many a sort finds
   std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
   bool operator==(const Options&) const = default;
 };

@@ -91,6 +91,15 @@ Board WiredMachine::DealtBoard() const {
   return board;
 }
 
+std::vector<int> WiredMachine::NextCards(std::size_t most) const {
+  const Feeder& feeder = firmware_.Run().Cards();
+  std::vector<int> cards;
+  for (std::size_t at = 0; at < std::min(most, feeder.Left()); ++at) {
+    cards.push_back(MachineCard(feeder.Waiting(at)).Card());
+  }
+  return cards;
+}
+
 std::string WiredMachine::StateText() const { return powered_ ? firmware_.StateText() : "off"; }
 
 void WiredMachine::TakeLatch(bool on) {
@@ -127,16 +136,18 @@ std::optional<WiredMachine::Saying> WiredMachine::TakeFrame(std::size_t size, Ti
   }
   if (!good) {
     deaf_ = true;
+    frames_.Note(command, reply_, FrameLog::Ending::kBad);
     return std::nullopt;
   }
   const std::size_t replySize = firmware_.Answer(command, now, reply_);
-  if (replySize == 0) return std::nullopt;
+  const bool said = replySize != 0 && fault.What != LinkFault::Kind::LoseReply;
+  frames_.Note(command, reply_, said ? FrameLog::Ending::kAnswered : FrameLog::Ending::kSilent);
+  if (!said) return std::nullopt;
   return Say(replySize, fault);
 }
 
-std::optional<WiredMachine::Saying> WiredMachine::Say(std::size_t size, const LinkFault& fault) {
+WiredMachine::Saying WiredMachine::Say(std::size_t size, const LinkFault& fault) {
   using Kind = LinkFault::Kind;
-  if (fault.What == Kind::LoseReply) return std::nullopt;
   if (fault.What == Kind::ReplaceCode) {
     SetCode(reply_, fault.Place);
     size = FrameSize(fault.Place);
@@ -148,7 +159,7 @@ std::optional<WiredMachine::Saying> WiredMachine::Say(std::size_t size, const Li
   }
   noise_.Pass(wire);
   if (fault.What == Kind::CutReply) wire = wire.first(std::min<std::size_t>(fault.Place, size));
-  return Saying{wire, fault.What};
+  return {wire, fault.What};
 }
 
 }  // namespace morvane::simulator

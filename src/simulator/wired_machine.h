@@ -11,6 +11,7 @@
 #include "model/board.h"
 #include "simulator/fault_plan.h"
 #include "simulator/firmware.h"
+#include "simulator/frame_log.h"
 #include "simulator/line_noise.h"
 #include "simulator/options.h"
 #include "wire/frame.h"
@@ -78,7 +79,13 @@ class WiredMachine {
   [[nodiscard]] bool PowerIsOn() const { return powered_; }
   /// "off", "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".
   [[nodiscard]] std::string StateText() const;
-  /// Goes up with every change of what can be seen.
+  /// Those that a run has loaded and not fed yet.
+  [[nodiscard]] std::size_t CardsInFeeder() const { return firmware_.Run().Cards().Left(); }
+  /// The next `most` program cards that it feeds, the first one first.
+  [[nodiscard]] std::vector<int> NextCards(std::size_t most) const;
+  /// The exchanges as it sees them.
+  [[nodiscard]] const FrameLog& Frames() const { return frames_; }
+  /// Goes up with every change of what can be seen but the frames.
   [[nodiscard]] std::uint64_t Changed() const { return changes_ + firmware_.Changes(); }
 
   // The line.
@@ -98,10 +105,11 @@ class WiredMachine {
 
  private:
   std::optional<Saying> TakeFrame(std::size_t size, Time now);
-  std::optional<Saying> Say(std::size_t size, const LinkFault& fault);
+  Saying Say(std::size_t size, const LinkFault& fault);
 
   Firmware firmware_;
   FaultPlan faults_;
+  FrameLog frames_;
   LineNoise noise_;
   Time thinkingTime_;
   bool latch_ = false;

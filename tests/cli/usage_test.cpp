@@ -70,7 +70,7 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
           "\n"
           "Machines:  usb (where none is named),\n"
           "           simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-          "           fault=BOARD:CARD:CODE,pack=FILE], serial:PATH\n"
+          "           fault=BOARD:CARD:CODE,packs=4,pack=FILE], serial:PATH\n"
           "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
           "\n"
           "generate shows the SHA-256 of the deals that it has made: publish it before\n"

@@ -24,7 +24,9 @@ TEST(Options, WithoutKeysIsARealMachine) {
 TEST(Options, EveryKeyIsTaken) {
   const Options options = Parsed(
       "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
-      "fault=3:20:30,fault=4:52:240");
+      "fault=3:20:30,fault=4:208:240,packs=3");
+  EXPECT_EQ(options.Packs, 3);
+  EXPECT_EQ(Options{}.Packs, 4);
   EXPECT_EQ(options.Speed, 0.5);
   EXPECT_EQ(options.FirmwareMajor, 3);
   EXPECT_EQ(options.FirmwareMinor, 0x07);
@@ -32,7 +34,7 @@ TEST(Options, EveryKeyIsTaken) {
   EXPECT_EQ(options.Serial, 123);
   EXPECT_EQ(options.Noise, 0.001);
   EXPECT_EQ(options.Seed, 99U);
-  EXPECT_EQ(options.Faults, (std::vector<CardFault>{{3, 20, 30}, {4, 52, 240}}));
+  EXPECT_EQ(options.Faults, (std::vector<CardFault>{{3, 20, 30}, {4, 208, 240}}));
 }
 
 TEST(Options, APackTakesTheRestOfTheTextForItsPath) {
@@ -85,7 +87,7 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,fault=1:1:",
                                       "simulated,fault=0:1:1",
                                       "simulated,fault=1:0:1",
-                                      "simulated,fault=1:53:1",
+                                      "simulated,fault=1:209:1",
                                       "simulated,fault=1:1:0",
                                       "simulated,fault=1:1:241",
                                       "simulated,fault=1:1:1:1",
@@ -93,6 +95,8 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,pack",
                                       "simulated,pack=",
                                       "simulated,packs=a.pbn",
+                                      "simulated,packs=0",
+                                      "simulated,packs=5",
                                       "simulated,colour=red",
                                       "simulated,,speed=1",
                                       "simulated,speed=1,",
@@ -109,12 +113,12 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
 
 TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
   Options options;
-  EXPECT_EQ(ParseOptions("simulated,seed=1,fault=1:53:1", options),
-            "simulated machine: \"fault=1:53:1\": fault= takes BOARD:CARD:CODE with board from 1, "
-            "card 1 to 52 and code 1 to 240");
+  EXPECT_EQ(ParseOptions("simulated,seed=1,fault=1:209:1", options),
+            "simulated machine: \"fault=1:209:1\": fault= takes BOARD:CARD:CODE with board from 1, "
+            "card 1 to 208 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, hardware, "
-            "serial, noise, seed, fault, pack");
+            "serial, noise, seed, fault, packs, pack");
   EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
 }
 

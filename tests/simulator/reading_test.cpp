@@ -183,5 +183,70 @@ TEST(Sorting, GoesOnAfterABreak) {
   EXPECT_EQ(talk.PollToEnd(), 0);
 }
 
+TEST(Sorting, StopsAtTheCardOfAFaultAndGoesOn) {
+  Options options = Talk::Fast();
+  options.Faults = {{1, 150, 25}, {2, 1, 56}};
+  Talk talk(options);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  EXPECT_EQ(talk.PollToEnd(), 25);
+  EXPECT_EQ(talk.Machine.StateText(), "stopped at card 150 of 208 with code 25");
+  const Bytes stopped = talk.Status();
+  EXPECT_EQ(std::accumulate(stopped.begin() + 2, stopped.begin() + 6, 0), 149);
+  ASSERT_TRUE(talk.Accepted({0x35, 1, 0, 0, 11, 36, 0}));
+  EXPECT_EQ(talk.PollToEnd(), 0);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 1, 61, 86, 0}));
+  EXPECT_EQ(talk.PollToEnd(), 56) << "the second pile";
+}
+
+TEST(Sorting, ABoardPulledOrAFaultByHandStopsIt) {
+  Talk talk;
+  talk.Machine.InsertBoard(1);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  talk.Status();
+  talk.Machine.RemoveBoard();
+  EXPECT_EQ(talk.PollToEnd(), 58);
+  ASSERT_TRUE(talk.Accepted({0x35, 1, 0, 0, 11, 36, 0}));
+  talk.Machine.CauseFault(54);
+  EXPECT_EQ(talk.PollToEnd(), 54);
+}
+
+TEST(Sorting, TakesAsManyPacksAsItIsGiven) {
+  Options options = Talk::Fast();
+  options.Packs = 2;
+  Talk talk(options);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  EXPECT_EQ(talk.Machine.StateText(), "sorting card 1 of 104");
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  const Bytes reply = talk.Status();
+  EXPECT_EQ(Bytes(reply.begin() + 2, reply.begin() + 6), (Bytes{26, 26, 26, 26}));
+}
+
+TEST(Sorting, AtARealPaceItTakesFourTimesAsLongAsABoard) {
+  Options options = Talk::Fast();
+  options.Speed = 1.0;
+  Talk talk(options);
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  const auto began = talk.Clock.Elapsed();
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  const auto took = talk.Clock.Elapsed() - began;
+  // 208 cards of 0.28 s; the end shows in the poll behind it.
+  EXPECT_GE(took, std::chrono::milliseconds(58'230));
+  EXPECT_LE(took, std::chrono::milliseconds(58'250));
+}
+
+TEST(Feeder, WhatItFeedsNextCanBeSeen) {
+  Talk talk;
+  EXPECT_EQ(talk.Machine.CardsInFeeder(), 0U);
+  EXPECT_TRUE(talk.Machine.NextCards(5).empty());
+  std::array<int, 52> pack{};
+  std::iota(pack.rbegin(), pack.rend(), 1);
+  ASSERT_TRUE(talk.Machine.LoadPack(pack));
+  ASSERT_TRUE(talk.Accepted(DealFrame(RandomBoard(3))));
+  EXPECT_EQ(talk.Machine.NextCards(3), (std::vector<int>{52, 51, 50}));
+  for (int poll = 1; poll <= 50; ++poll) talk.Status();
+  EXPECT_EQ(talk.Machine.CardsInFeeder(), 2U);
+  EXPECT_EQ(talk.Machine.NextCards(5), (std::vector<int>{2, 1}));
+}
+
 }  // namespace
 }  // namespace morvane::simulator

@@ -1,0 +1,150 @@
+#include "wire/frame_text.h"
+
+#include <array>
+
+#include "text/text.h"
+#include "wire/board_labels.h"
+#include "wire/commands.h"
+#include "wire/replies.h"
+
+namespace morvane::wire {
+namespace {
+
+std::string Hex(unsigned number) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  return {kDigits[number >> 4U & 15U], kDigits[number & 15U]};
+}
+
+// What stands behind the names.
+
+std::string OfNothing(const Frame& /*frame*/) { return ""; }
+
+std::string OfPoll(const Frame& command) {
+  const std::uint8_t flags = Get<StatusCommand>(command).Flags;
+  std::string text;
+  if ((flags & StatusCommand::kBreak) != 0) text += " break";
+  if ((flags & StatusCommand::kPedalAck) != 0) text += " pedal seen";
+  if ((flags & StatusCommand::kBoxAck) != 0) text += " board seen";
+  return text;
+}
+
+std::string OfStart(const Frame& command) {
+  return Get<StartCommand>(command).Continue ? " go on" : " begin";
+}
+
+std::string OfPage(const Frame& command) {
+  return " page " + std::to_string(Get<IdentityCommand>(command).Page);
+}
+
+std::string OfCounter(const Frame& command) {
+  return " " + std::to_string(Get<CounterCommand>(command).Counter);
+}
+
+std::string OfSensor(const Frame& command) {
+  const std::uint8_t selector = Get<SensorCommand>(command).Selector;
+  return selector == SensorCommand::kBoardLabel ? " label" : " " + std::to_string(selector);
+}
+
+std::string StateText(std::uint8_t state) {
+  if (state == StatusReply::kIdle) return "idle";
+  return state > StatusReply::kLastError ? "busy" : "code " + std::to_string(state);
+}
+
+std::string OfStatus(const Frame& reply) {
+  const auto status = Get<StatusReply>(reply);
+  std::string text = ": " + StateText(status.State) + ",";
+  for (std::size_t pocket = 1; pocket < status.Pocket.size(); ++pocket) {
+    text += " " + std::to_string(status.Pocket[pocket]);
+  }
+  if (status.SlotActive) text += ", slot";
+  if (status.Pedal) text += ", pedal";
+  if (status.BoardInserted) text += ", board";
+  return text;
+}
+
+std::string OfVersion(const Frame& reply) {
+  const auto version = Get<VersionReply>(reply);
+  return ": " + std::to_string(version.FirmwareMajor) + "." + Hex(version.FirmwareMinor);
+}
+
+std::string OfIdentity(const Frame& reply) {
+  const auto identity = Get<IdentityReply>(reply);
+  if (identity.Page != 1) return ": page " + std::to_string(identity.Page);
+  return ": " + std::to_string(identity.High) + ", hardware 0x" + Hex(identity.Low >> 8U) +
+         Hex(identity.Low);
+}
+
+std::string OfValue(const Frame& reply) {
+  return ": " + std::to_string(Get<CounterReply>(reply).Value);
+}
+
+std::string OfLabel(const Frame& reply) {
+  const auto sensor = Get<SensorReply>(reply);
+  const std::string raw = ": 0x" + Hex(sensor.Value);
+  const int board = BoardLabelTable[sensor.Value];
+  if (sensor.Selector != SensorCommand::kBoardLabel || board == 0) return raw;
+  return raw + ", board " + std::to_string(board);
+}
+
+struct Row {
+  std::uint8_t Code;
+  std::string_view Name;
+  std::string (*Says)(const Frame& frame);
+};
+
+constexpr std::array<Row, 12> kCommands{{{CmdIdentity, "CmdIdentity", OfPage},
+                                         {CmdStatus, "CmdStatus", OfPoll},
+                                         {CmdVersion, "CmdVersion", OfNothing},
+                                         {CmdSensor, "CmdSensor", OfSensor},
+                                         {CmdFetchBoard, "CmdFetchBoard", OfNothing},
+                                         {CmdTest, "CmdTest", OfNothing},
+                                         {CmdFetchLog, "CmdFetchLog", OfNothing},
+                                         {CmdCounter, "CmdCounter", OfCounter},
+                                         {CmdSort, "CmdSort", OfStart},
+                                         {CmdDeal, "CmdDeal", OfStart},
+                                         {CmdRead, "CmdRead", OfStart},
+                                         {CmdRoute, "CmdRoute", OfNothing}}};
+
+constexpr std::array<Row, 10> kReplies{{{StatusReply::Code, "status", OfStatus},
+                                        {StatusReply::LongCode, "status", OfStatus},
+                                        {AcceptedReply::Code, "accepted", OfNothing},
+                                        {VersionReply::Code, "version", OfVersion},
+                                        {IdentityReply::Code, "identity", OfIdentity},
+                                        {CounterReply::Code, "counter", OfValue},
+                                        {SensorReply::Code, "sensor", OfLabel},
+                                        {BoardReply::Code, "board", OfNothing},
+                                        {CardLogReply::Code, "card log", OfNothing},
+                                        {TestReply::Code, "test text", OfNothing}}};
+
+template <std::size_t N>
+const Row* Find(const std::array<Row, N>& rows, std::uint8_t code) {
+  for (const Row& row : rows) {
+    if (row.Code == code) return &row;
+  }
+  return nullptr;
+}
+
+std::string TextOf(const Row* row, const Frame& frame) {
+  if (row == nullptr) return "frame 0x" + Hex(CodeOf(frame));
+  return std::string(row->Name) + row->Says(frame);
+}
+
+}  // namespace
+
+std::string_view CommandName(std::uint8_t code) {
+  const Row* const row = Find(kCommands, code);
+  return row != nullptr ? row->Name : std::string_view();
+}
+
+std::string_view ReplyName(std::uint8_t code) {
+  const Row* const row = Find(kReplies, code);
+  return row != nullptr ? row->Name : std::string_view();
+}
+
+std::string CommandText(const Frame& command) {
+  return TextOf(Find(kCommands, CodeOf(command)), command);
+}
+
+std::string ReplyText(const Frame& reply) { return TextOf(Find(kReplies, CodeOf(reply)), reply); }
+
+}  // namespace morvane::wire

@@ -1,0 +1,87 @@
+#include "simulator/frame_log.h"
+
+#include "simulator/talk.h"
+
+namespace morvane::simulator {
+namespace {
+
+class FrameLogTest : public testing::Test {
+ protected:
+  Talk talk;
+
+  [[nodiscard]] std::vector<std::string> Lines() const {
+    std::vector<std::string> lines;
+    const FrameLog& log = talk.Machine.Frames();
+    for (std::size_t at = 0; at < log.Count(); ++at) lines.push_back(log.Text(at));
+    return lines;
+  }
+  using Texts = std::vector<std::string>;
+};
+
+TEST_F(FrameLogTest, EveryExchangeStandsThereByName) {
+  EXPECT_EQ(Lines(), Texts{});
+  talk.Ask({0x1A, 0});
+  talk.Accepted(DealFrame(RandomBoard(1)));
+  talk.Ask({0x20});
+  EXPECT_EQ(Lines(), (Texts{"CmdVersion -> version: 2.90", "CmdDeal begin -> accepted",
+                            "CmdFetchLog -> card log"}));
+  EXPECT_EQ(talk.Machine.Frames().Exchanges(), 3U);
+}
+
+TEST_F(FrameLogTest, PollsThatTellTheSameButForTheCountsAreOneLine) {
+  ASSERT_TRUE(talk.Accepted({0x35, 0, 0, 0, 11, 36, 0}));
+  Bytes last;
+  for (int poll = 1; poll <= 54; ++poll) last = talk.Status();
+  const auto count = [&last](std::size_t at) { return " " + std::to_string(last.at(at)); };
+  EXPECT_EQ(Lines(),
+            (Texts{"CmdSort begin -> accepted",
+                   "54 x CmdStatus -> status: busy," + count(2) + count(3) + count(4) + count(5)}));
+  EXPECT_EQ(talk.Machine.Frames().Exchanges(), 55U);
+}
+
+TEST_F(FrameLogTest, APollWithAnotherFlagOrAnotherAnswerIsALineOfItsOwn) {
+  talk.Status();
+  talk.Status();
+  talk.Machine.PressPedal();
+  talk.Status();
+  talk.Status(2);
+  talk.Status();
+  EXPECT_EQ(Lines(), (Texts{"2 x CmdStatus -> status: idle, 0 0 0 0",
+                            "CmdStatus -> status: idle, 0 0 0 0, pedal",
+                            "CmdStatus pedal seen -> status: idle, 0 0 0 0",
+                            "CmdStatus -> status: idle, 0 0 0 0"}));
+}
+
+TEST_F(FrameLogTest, OtherCommandsAreNotFolded) {
+  talk.Ask({0x1A, 0});
+  talk.Ask({0x1A, 0});
+  EXPECT_EQ(Lines(), (Texts{"CmdVersion -> version: 2.90", "CmdVersion -> version: 2.90"}));
+}
+
+TEST_F(FrameLogTest, WhatIsNotAnsweredIsSaid) {
+  talk.Ask({0x77});
+  Bytes bad = ToWire({0x1A, 0, 0, 0, 0, 0, 0, 0});
+  bad[3] ^= 1;
+  talk.Write(bad);
+  talk.Clock.Spend(std::chrono::milliseconds(30));
+  talk.Machine.Faults().AtCommand(0x1A, 1, LinkFault::LoseReply());
+  talk.Ask({0x1A, 0});
+  EXPECT_EQ(Lines(), (Texts{"frame 0x77 -> no answer", "bytes with a bad check",
+                            "CmdVersion -> no answer"}));
+}
+
+TEST_F(FrameLogTest, TheOldestGoWhereThereIsNoRoom) {
+  for (int i = 0; i < 63; ++i) talk.Ask({0x12, 1});
+  talk.Ask({0x1A, 0});
+  talk.Ask({0x20});
+  talk.Ask({0x1D});
+  const auto lines = Lines();
+  ASSERT_EQ(lines.size(), FrameLog::kCapacity);
+  EXPECT_EQ(FrameLog::kCapacity, 64U);
+  EXPECT_EQ(lines.front(), "CmdIdentity page 1 -> identity: 4711, hardware 0x007F");
+  EXPECT_EQ(lines.at(61), "CmdVersion -> version: 2.90");
+  EXPECT_EQ(lines.back(), "CmdFetchBoard -> board");
+}
+
+}  // namespace
+}  // namespace morvane::simulator

@@ -1,0 +1,66 @@
+#include "wire/frame_text.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace morvane::wire {
+namespace {
+
+/// A plain frame that begins with these bytes.
+Frame Of(std::initializer_list<std::uint8_t> bytes) {
+  Frame frame{};
+  std::copy(bytes.begin(), bytes.end(), frame.begin());
+  return frame;
+}
+
+TEST(FrameText, EveryCommandHasItsNameAndWhatItAsks) {
+  EXPECT_EQ(CommandText(Of({0x19, 0})), "CmdStatus");
+  EXPECT_EQ(CommandText(Of({0x19, 1})), "CmdStatus break");
+  EXPECT_EQ(CommandText(Of({0x19, 6})), "CmdStatus pedal seen board seen");
+  EXPECT_EQ(CommandText(Of({0x1A, 0})), "CmdVersion");
+  EXPECT_EQ(CommandText(Of({0x12, 1})), "CmdIdentity page 1");
+  EXPECT_EQ(CommandText(Of({0x33, 0, 0})), "CmdCounter 0");
+  EXPECT_EQ(CommandText(Of({0x1B, 4})), "CmdSensor label");
+  EXPECT_EQ(CommandText(Of({0x1B, 2})), "CmdSensor 2");
+  EXPECT_EQ(CommandText(Of({0x98, 0})), "CmdDeal begin");
+  EXPECT_EQ(CommandText(Of({0x98, 1})), "CmdDeal go on");
+  EXPECT_EQ(CommandText(Of({0x9C, 0})), "CmdRead begin");
+  EXPECT_EQ(CommandText(Of({0x35, 1})), "CmdSort go on");
+  EXPECT_EQ(CommandText(Of({0x9F})), "CmdRoute");
+  EXPECT_EQ(CommandText(Of({0x1D})), "CmdFetchBoard");
+  EXPECT_EQ(CommandText(Of({0x20})), "CmdFetchLog");
+  EXPECT_EQ(CommandText(Of({0x1E})), "CmdTest");
+}
+
+TEST(FrameText, EveryReplyHasItsNameAndWhatItSays) {
+  EXPECT_EQ(ReplyText(Of({0x19, 0xFF, 3, 2, 4, 1, 0})), "status: busy, 3 2 4 1");
+  EXPECT_EQ(ReplyText(Of({0x9C, 0xF1, 0, 0, 0, 0, 0})), "status: busy, 0 0 0 0");
+  EXPECT_EQ(ReplyText(Of({0x19, 0xF0, 13, 13, 0x4D, 12, 0})), "status: code 240, 13 13 13 12")
+      << "six bits count";
+  EXPECT_EQ(ReplyText(Of({0x19, 0, 0, 0, 0, 0, 0x1C})),
+            "status: idle, 0 0 0 0, slot, pedal, board");
+  EXPECT_EQ(ReplyText(Of({0x18})), "accepted");
+  EXPECT_EQ(ReplyText(Of({0x1A, 2, 0x90})), "version: 2.90");
+  EXPECT_EQ(ReplyText(Of({0x1A, 2, 0x04})), "version: 2.04");
+  EXPECT_EQ(ReplyText(Of({0x12, 1, 0x12, 0x67, 0x00, 0x7F})), "identity: 4711, hardware 0x007F");
+  EXPECT_EQ(ReplyText(Of({0x12, 2, 14, 6, 7, 0xE3})), "identity: page 2");
+  EXPECT_EQ(ReplyText(Of({0xB3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2})), "counter: 258");
+  EXPECT_EQ(ReplyText(Of({0x1B, 4, 27})), "sensor: 0x1B, board 3");
+  EXPECT_EQ(ReplyText(Of({0x1B, 4, 0})), "sensor: 0x00");
+  EXPECT_EQ(ReplyText(Of({0x9D})), "board");
+  EXPECT_EQ(ReplyText(Of({0xA0})), "card log");
+  EXPECT_EQ(ReplyText(Of({0x9E})), "test text");
+}
+
+TEST(FrameText, ACodeWithoutANameIsShownAsANumber) {
+  EXPECT_EQ(CommandText(Of({0x77})), "frame 0x77");
+  EXPECT_EQ(ReplyText(Of({0xEF})), "frame 0xEF");
+  EXPECT_EQ(CommandName(0x77), "");
+  EXPECT_EQ(ReplyName(0x98), "");
+  EXPECT_EQ(CommandName(0x98), "CmdDeal");
+  EXPECT_EQ(ReplyName(0x9C), "status");
+}
+
+}  // namespace
+}  // namespace morvane::wire
