@@ -1,5 +1,6 @@
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
+#include "machine/reading_run.h"
 #include "simulator/simulated_machine.h"
 #include "support/bridge_tap.h"
 #include "support/fakes.h"
@@ -15,15 +16,16 @@ class Table final : public RunView {
  public:
   using Mishap = std::function<void(SimulatedMachine&)>;
 
-  Table() {
+  explicit Table(RunKind kind) : Kind(kind) {
     test::FillSet(Desk.Prog.Set, 1, 1);
+    if (kind == RunKind::kRead) Desk.Prog.Set.At(1) = NumberedBoard(1);
     Desk.Ui.Default = kNo;
     Simulated.InsertBoard(1);
     Contact();
   }
 
-  /// Deals the board with `mishap` before frame `at`, counted from 1.
-  void Deal(int at, const Mishap& mishap) {
+  /// Deals or reads the board with `mishap` before frame `at`, counted from 1.
+  void Play(int at, const Mishap& mishap) {
     Frames = 0;
     Tap.OnFrame = [=, this] {
       if (++Frames == at) mishap(Simulated);
@@ -35,13 +37,33 @@ class Table final : public RunView {
   void Contact() {
     Run.reset();
     OpenLink(Desk.Prog, TheMachine.Link, 200);
-    Run = std::make_unique<DealingRun>(Desk.Prog, TheMachine, Memory);
+    if (Kind == RunKind::kDeal) {
+      Run = std::make_unique<DealingRun>(Desk.Prog, TheMachine, Memory);
+    } else {
+      Run = std::make_unique<ReadingRun>(Desk.Prog, TheMachine, Memory, [] {});
+    }
     Run->Open(*this);
-    Desk.Loop.WaitMs(DealingRun::kFirstContactMs);
+    Desk.Loop.WaitMs(MachineRun::kFirstContactMs);
   }
-  [[nodiscard]] bool IsLoggedOk() const { return Desk.LogLines().back().ends_with(" OK"); }
+  /// What a stopped reading has left is cleared first.
+  void PlayAgain() {
+    Desk.Ui.Answers = {kYes};
+    Run->cmdClear();
+    Desk.Ui.Answers.clear();
+    Play(0, nullptr);
+  }
+  /// Of the board's own line; a box may stand behind it.
+  [[nodiscard]] bool IsLoggedOk() const {
+    const auto lines = Desk.LogLines();
+    const auto line = std::find_if(lines.rbegin(), lines.rend(), [](const std::string& text) {
+      return text.starts_with("  001 : ");
+    });
+    return line != lines.rend() && line->find(" OK") != std::string::npos;
+  }
+  /// All cards, and as they are in the set.
   [[nodiscard]] bool LiesRight() const {
-    return Simulated.DealtBoard().Cards == Desk.Prog.Set.At(1).Cards;
+    return Simulated.DealtBoard().Cards == Desk.Prog.Set.At(1).Cards &&
+           Desk.Prog.Set.At(1).Status == Board::kComplete;
   }
 
   void ShowState() override {}
@@ -66,12 +88,13 @@ class Table final : public RunView {
     options.Seed = 7;
     return options;
   }
+  RunKind Kind;
   test::TestDesk Desk;
   SimulatedMachine Simulated{Fast(), Desk.Clock};
   test::BridgeTap Tap{Simulated};
   Machine TheMachine{Desk.Random, Tap};
   RunMemory Memory;
-  std::unique_ptr<DealingRun> Run;
+  std::unique_ptr<BoardRun> Run;
   std::vector<std::string> Errors;
   int Frames = 0;
 };
@@ -83,74 +106,92 @@ void Restart(SimulatedMachine& machine) {
 }
 void PullBoard(SimulatedMachine& machine) { machine.RemoveBoard(); }
 
-/// The start, a poll for each card and one behind the last, the card log, the probe.
-constexpr int kFrames = 55;
+/// What a board takes: the start, a poll for each card and one behind the last, the board where it
+/// is read, the card log, the probe.
+struct Interrupted {
+  RunKind Kind;
+  const char* Name;
+  int Frames;
+  /// Restarts before these leave a board that is OK: before the start there is nothing to forget,
+  /// behind the last poll every card has fallen.
+  std::vector<int> RestartsThatDoNoHarm;
+};
 constexpr int kFirstCard = 2;
-constexpr int kCardLog = 54;
+constexpr int kBehindTheLastPoll = 54;
 
-TEST(InterruptedDeal, ABoardLeftAloneTakesSoManyFrames) {
-  Table table;
-  table.Deal(0, SwitchOff);
-  EXPECT_EQ(table.Frames, kFrames);
+class InterruptedRun : public ::testing::TestWithParam<Interrupted> {
+ protected:
+  [[nodiscard]] static int Frames() { return GetParam().Frames; }
+};
+
+TEST_P(InterruptedRun, ABoardLeftAloneTakesSoManyFrames) {
+  Table table(GetParam().Kind);
+  table.Play(0, nullptr);
+  EXPECT_EQ(table.Frames, Frames());
   EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight());
 }
 
-TEST(InterruptedDeal, PowerOffAtAnyFrameIsALostLinkAndNoOk) {
-  for (int at = 1; at <= kFrames; ++at) {
+TEST_P(InterruptedRun, PowerOffAtAnyFrameIsALostLinkAndNoOk) {
+  for (int at = 1; at <= Frames(); ++at) {
     SCOPED_TRACE(at);
-    Table table;
-    table.Deal(at, SwitchOff);
+    Table table(GetParam().Kind);
+    table.Play(at, SwitchOff);
     EXPECT_EQ(table.Frames, at + 1) << "one more try, and nothing behind it";
     EXPECT_FALSE(table.IsLoggedOk());
-    EXPECT_EQ(table.Run->LastOutcome(), DealingRun::Outcome::kLinkLost);
+    EXPECT_EQ(table.Run->LastOutcome(), MachineRun::Outcome::kLinkLost);
     EXPECT_EQ(table.Desk.Ui.Boxes.back().Text, table.Desk.Prog.Texts.Msg048);
     EXPECT_TRUE(table.Run->Closed());
   }
 }
 
-TEST(InterruptedDeal, AfterPowerOffTheBoardIsDealtFromTheBeginning) {
-  for (const int at : {1, kFirstCard, 30, kCardLog, kFrames}) {
+TEST_P(InterruptedRun, AfterPowerOffTheBoardBeginsAgain) {
+  for (const int at : {1, kFirstCard, 30, kBehindTheLastPoll, Frames()}) {
     SCOPED_TRACE(at);
-    Table table;
-    table.Deal(at, SwitchOff);
+    Table table(GetParam().Kind);
+    table.Play(at, SwitchOff);
     table.Simulated.PowerOn();
     table.Contact();
-    table.Deal(0, SwitchOff);
-    EXPECT_EQ(table.Frames, kFrames);
+    table.PlayAgain();
+    EXPECT_EQ(table.Frames, Frames());
     EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight());
   }
 }
 
-TEST(InterruptedDeal, ARestartAtAnyFrameIsOkOnlyWhereTheBoardLiesRight) {
+TEST_P(InterruptedRun, ARestartAtAnyFrameIsOkOnlyWhereTheBoardLiesRight) {
   std::vector<int> ok;
-  for (int at = 1; at <= kFrames; ++at) {
+  for (int at = 1; at <= Frames(); ++at) {
     SCOPED_TRACE(at);
-    Table table;
-    table.Deal(at, Restart);
+    Table table(GetParam().Kind);
+    table.Play(at, Restart);
     EXPECT_FALSE(table.Run->Closed()) << "it answers";
     EXPECT_TRUE(!table.IsLoggedOk() || table.LiesRight());
     if (table.IsLoggedOk()) ok.push_back(at);
     if (table.IsLoggedOk()) continue;
-    EXPECT_EQ(table.Run->LastOutcome(), DealingRun::Outcome::kStopped);
-    table.Deal(0, Restart);
-    EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight()) << "dealt again";
+    EXPECT_EQ(table.Run->LastOutcome(), MachineRun::Outcome::kStopped);
+    table.PlayAgain();
+    EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight()) << "from the beginning";
   }
-  // Before the start it has nothing to forget, from the card log on every card has fallen.
-  EXPECT_THAT(ok, ::testing::ElementsAre(1, kCardLog, kFrames));
+  EXPECT_EQ(ok, GetParam().RestartsThatDoNoHarm);
 }
 
-TEST(InterruptedDeal, APulledBoardIs58AndGoesOnWhenItIsBack) {
-  for (int at = 1; at <= kFrames; ++at) {
+TEST_P(InterruptedRun, APulledBoardIs58AndGoesOnWhenItIsBack) {
+  for (int at = 1; at <= Frames(); ++at) {
     SCOPED_TRACE(at);
-    Table table;
-    table.Deal(at, PullBoard);
-    const bool inTheMiddle = at >= kFirstCard && at < kCardLog;
+    Table table(GetParam().Kind);
+    table.Play(at, PullBoard);
+    const bool inTheMiddle = at >= kFirstCard && at < kBehindTheLastPoll;
     EXPECT_EQ(table.Errors, inTheMiddle ? std::vector<std::string>{"Error Code: 58"}
                                         : std::vector<std::string>{});
     EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight());
-    EXPECT_EQ(table.Desk.LogLines().back().ends_with(" 58 OK"), inTheMiddle);
+    EXPECT_EQ(table.Desk.LogLines().back().find(" 58 OK") != std::string::npos, inTheMiddle);
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Every, InterruptedRun,
+                         ::testing::Values(Interrupted{RunKind::kDeal, "deal", 55, {1, 54, 55}},
+                                           Interrupted{
+                                               RunKind::kRead, "read", 56, {1, 54, 55, 56}}),
+                         [](const auto& run) { return std::string(run.param.Name); });
 
 }  // namespace
 }  // namespace morvane::machine
