@@ -83,6 +83,7 @@ void ErrorDialog::Tick() {
   if (machine_.Lost()) {
     // Worded unlike the run's own loss of the link: required.
     Error_Timer1_.reset();
+    machine_.MachineState = Machine::kNotConnected;
     if (OnLinkLost) OnLinkLost();
     program_.Ask("            Lost Communication with Dealer  -  Dealing Aborted             ", 0,
                  "Morvane");

@@ -123,6 +123,7 @@ bool MachineRun::CheckCommLost() {
 void MachineRun::LoseLink() {
   CommLost_ = true;
   outcome_ = Outcome::kLinkLost;
+  parts_.TheMachine.MachineState = Machine::kNotConnected;  // shown behind the box
   parts_.View->ShowState();
   ShowRunError(parts_.Prog, parts_.TheMachine, parts_.Prog.Texts.Msg048);
   Unload();

@@ -103,14 +103,14 @@ TEST_F(ShownStatus, BehindTheBoxesOfALostLinkSaysSo) {
     if (++polls == 2) paper.Powered = false;
   };
   run.cmdDeal();
-  EXPECT_THAT(atBoxes, ElementsAre(std::string("Busy | ") + kLost));
+  EXPECT_THAT(atBoxes, ElementsAre(std::string("Down | ") + kLost));
 }
 
 TEST_F(ShownStatus, BehindTheBoxOfALinkLostBetweenTwoBoardsSaysSo) {
   Contact();
   paper.Powered = false;
   desk.Loop.WaitMs(100);
-  EXPECT_THAT(atBoxes, ElementsAre(std::string("Idle | ") + kLost));
+  EXPECT_THAT(atBoxes, ElementsAre(std::string("Down | ") + kLost));
 }
 
 TEST_F(ShownStatus, BehindBothBoxesOfALinkLostInTheErrorDialogSaysSo) {
@@ -119,7 +119,7 @@ TEST_F(ShownStatus, BehindBothBoxesOfALinkLostInTheErrorDialogSaysSo) {
   Contact();
   run.cmdDeal();
   EXPECT_THAT(atBoxes,
-              ElementsAre(std::string("Error | ") + kLost, std::string("Down | ") + kLost));
+              ElementsAre(std::string("Down | ") + kLost, std::string("Down | ") + kLost));
 }
 
 TEST_F(ShownStatus, BehindTheBoxOfASilentMachineSaysSo) {
