@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "arguments.h"
+#include "bridges/file_packs.h"
 #include "bridges/machine_choice.h"
 #include "display_guard.h"
 #include "end_hook.h"
@@ -28,9 +29,9 @@ constexpr int kPlacedMs = 300;  // the desktop has placed the main window by the
 
 std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
                                    morvane::simulator::SimulatedMachine* machine,
-                                   QWidget& mainMenu) {
+                                   morvane::simulator::PackSource& packs, QWidget& mainMenu) {
   if (machine == nullptr) return nullptr;
-  auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine);
+  auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine, packs);
   panel->setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
   auto* placed = new QTimer(panel.get());
   placed->setSingleShot(true);
@@ -74,7 +75,8 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
-  const auto panel = MakePanel(parts.Loop, machine.Simulated, mainMenu);
+  morvane::bridges::FilePacks packs(program);
+  const auto panel = MakePanel(parts.Loop, machine.Simulated, packs, mainMenu);
   parts.Loop.RunUntil([] { return false; });
   shell.End();
   return 0;

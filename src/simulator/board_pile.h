@@ -24,6 +24,7 @@ class BoardPile {
   }
 
   [[nodiscard]] bool Empty() const { return boards_.empty(); }
+  [[nodiscard]] std::size_t Count() const { return boards_.size(); }
   /// How many have not been read to their end.
   [[nodiscard]] std::size_t Left() const { return boards_.size() - next_; }
   [[nodiscard]] bool UsedUp() const { return Left() == 0; }

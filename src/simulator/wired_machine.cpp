@@ -53,6 +53,11 @@ bool WiredMachine::LoadPack(const std::array<int, kCards>& cards) {
   return firmware_.Run().Cards().Prepare(pack);
 }
 
+void WiredMachine::LayBoards(std::vector<Board> boards) {
+  firmware_.Run().Boards().Lay(std::move(boards));
+  ++changes_;
+}
+
 void WiredMachine::PowerOff() {
   powered_ = false;
   heardCount_ = 0;

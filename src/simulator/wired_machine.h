@@ -55,7 +55,7 @@ class WiredMachine {
   /// The complete boards that the reading runs to come find, one after the other: one that is read
   /// to its end makes room for the next. Behind the last one the feeder is empty, which stops the
   /// run with code 55; then the boards are put back.
-  void LayBoards(std::vector<Board> boards) { firmware_.Run().Boards().Lay(std::move(boards)); }
+  void LayBoards(std::vector<Board> boards);
   /// Off, the machine hears and says nothing; on again, it has forgotten its run.
   void PowerOff();
   void PowerOn() { powered_ = true; }
@@ -74,7 +74,11 @@ class WiredMachine {
   [[nodiscard]] int BoardsDealt() const { return static_cast<int>(firmware_.Run().BoardsDealt()); }
   /// Boards that lie ready to be read.
   [[nodiscard]] std::size_t BoardsToRead() const { return firmware_.Run().Boards().Left(); }
+  /// Those and the ones that have been read, until they are put back.
+  [[nodiscard]] std::size_t BoardsLaid() const { return firmware_.Run().Boards().Count(); }
   [[nodiscard]] bool Busy() const { return firmware_.Run().Busy(); }
+  /// The kind of the run that is carried out or has stopped, of the last one otherwise.
+  [[nodiscard]] RunKind Run() const { return firmware_.Run().Kind(); }
   [[nodiscard]] bool LatchOn() const { return latch_; }
   [[nodiscard]] bool PowerIsOn() const { return powered_; }
   /// "off", "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".

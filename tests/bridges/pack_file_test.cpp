@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "bridges/file_packs.h"
 #include "bridges/machine_choice.h"
 #include "files/format_table.h"
 #include "simulator/simulated_machine.h"
@@ -82,6 +83,25 @@ TEST_F(PackFile, TheChosenMachineHasItsBoardsToRead) {
   ASSERT_NE(choice.Simulated, nullptr) << choice.Error;
   EXPECT_EQ(choice.Simulated->BoardsToRead(), 1U);
   EXPECT_EQ(ChooseMachine("simulated", desk.Clock).Simulated->BoardsToRead(), 0U);
+}
+
+TEST_F(PackFile, TheOperatorChoosesOne) {
+  FilePacks packs(desk.Prog);
+  EXPECT_FALSE(packs.Ask()) << "cancelled";
+  ASSERT_EQ(desk.Ui.FileRequests.size(), 1U);
+  EXPECT_EQ(desk.Ui.FileRequests[0].Title, "Load boards for reading");
+  EXPECT_FALSE(desk.Ui.FileRequests[0].Saving);
+  ASSERT_EQ(Error("set.pbn", kSuits), "");
+  desk.Ui.Files = {desk.Folder / "set.pbn", desk.Folder / "none.pbn"};
+  const auto chosen = packs.Ask();
+  ASSERT_TRUE(chosen);
+  ASSERT_EQ(chosen->size(), 1U);
+  EXPECT_EQ(chosen->front().Cards, test::SuitBoard(5).Cards);
+  EXPECT_TRUE(desk.Ui.Boxes.empty());
+  EXPECT_FALSE(packs.Ask());
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0],
+            (test::FakeUi::Box{"none.pbn: No such file or directory", kOkCritical, "Load Error"}));
 }
 
 TEST_F(PackFile, ABadOneIsNoMachine) {

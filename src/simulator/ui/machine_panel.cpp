@@ -6,8 +6,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -16,6 +18,8 @@
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/suit_text.h"
+#include "simulator/ui/feeder_box.h"
+#include "simulator/ui/frame_box.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -26,32 +30,35 @@ constexpr int kHighestCode = 240;
 constexpr int kMargin = 10;
 constexpr int kPedalHeight = 44;
 
+/// "AK4", or how many they are where a sort has put them: "×52".
+QString RanksText(const std::vector<int>& cards, std::size_t suit, bool counted) {
+  std::vector<int> ranks;
+  std::copy_if(cards.begin(), cards.end(), std::back_inserter(ranks),
+               [suit](int card) { return static_cast<std::size_t>(CardSuit(card)) == suit; });
+  if (ranks.empty()) return QString::fromUtf8("–");
+  if (counted) return QString::fromUtf8("×%1").arg(ranks.size());
+  std::sort(ranks.begin(), ranks.end());
+  QString text;
+  for (const int card : ranks) text += QChar(CardLetter(card));
+  return text;
+}
+
 /// "13: ♠ AK4 ♥ ..." with the suits in their colours on the ground of `palette`.
-QString PileText(const std::vector<int>& cards, const QPalette& palette) {
-  std::array<QString, kSuits + 1> suits;
-  for (int card = 1; card <= kCards; ++card) {
-    if (std::find(cards.begin(), cards.end(), card) == cards.end()) continue;
-    suits[static_cast<std::size_t>(CardSuit(card))] += QChar(CardLetter(card));
-  }
+QString PileText(const std::vector<int>& cards, bool counted, const QPalette& palette) {
   QString text = "<b>" + QString::number(cards.size()) + "</b>";
   for (std::size_t suit = 1; suit <= kSuits; ++suit) {
     text += "&nbsp;&nbsp; " + ColouredSuits(SuitSign(suit), palette) + "&nbsp;" +
-            (suits[suit].isEmpty() ? QString::fromUtf8("–") : suits[suit]);
+            RanksText(cards, suit, counted);
   }
   return text;
 }
 
-std::array<int, kCards> PackInOrder() {
-  std::array<int, kCards> pack{};
-  std::iota(pack.begin(), pack.end(), 1);
-  return pack;
-}
-
 }  // namespace
 
-MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
+MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine, PackSource& packs)
     : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      machine_(machine) {
+      machine_(machine),
+      packs_(packs) {
   setObjectName("MachinePanel");
   setWindowTitle("Morvane - Simulated Machine");
   auto* content = new QWidget(this);
@@ -63,8 +70,7 @@ MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine)
   all->addWidget(pedal_);
   all->addWidget(MakeSlot());
   all->addWidget(MakeFault());
-  all->addWidget(MakePockets());
-  all->addStretch();
+  all->addWidget(MakeTabs(), 1);
   Fill(*this, content);
   ShowFault();
   ShowMachine();
@@ -124,18 +130,13 @@ QWidget* MachinePanel::MakeSlot() {
   auto* next =
       AddButton("cmdInsertNext", "Insert &next", [this] { InsertBoard(lastInserted_ + 1); });
   remove_ = AddButton("cmdRemove", "&Remove", [this] { RemoveBoard(); });
-  auto* pack = AddButton("cmdLoadPack", "Load a pack in &order",
-                         [this] { machine_.LoadPack(PackInOrder()); });
-  pack->setToolTip("The next board is dealt from this pack; otherwise every pack is shuffled");
-
-  auto* group = new QGroupBox("Board and cards", this);
+  auto* group = new QGroupBox("Board", this);
   auto* grid = new QGridLayout(group);
   grid->addWidget(slot_, 0, 0, 1, 4);
   grid->addWidget(board_, 1, 0);
   grid->addWidget(insert, 1, 1);
   grid->addWidget(next, 1, 2);
   grid->addWidget(remove_, 1, 3);
-  grid->addWidget(pack, 2, 0, 1, 4);
   return group;
 }
 
@@ -155,8 +156,19 @@ QWidget* MachinePanel::MakeFault() {
   return group;
 }
 
+QWidget* MachinePanel::MakeTabs() {
+  feeder_ = new FeederBox(machine_, packs_, this);
+  frames_ = new FrameBox(machine_.Frames(), this);
+  auto* tabs = new QTabWidget(this);
+  tabs->setObjectName("tabs");
+  tabs->addTab(MakePockets(), "Poc&kets");
+  tabs->addTab(feeder_, "Fee&der");
+  tabs->addTab(frames_, "Fra&mes");
+  return tabs;
+}
+
 QWidget* MachinePanel::MakePockets() {
-  auto* group = new QGroupBox("Cards in the pockets", this);
+  auto* group = new QWidget(this);
   auto* grid = new QGridLayout(group);
   grid->setColumnStretch(1, 1);
   for (int hand = kNorth; hand <= kWest; ++hand) {
@@ -168,7 +180,7 @@ QWidget* MachinePanel::MakePockets() {
   }
   std::vector<int> longest(kCards / kHands);
   std::iota(longest.begin(), longest.end(), 1);
-  pockets_[kNorth]->Show(PileText(longest, palette()));
+  pockets_[kNorth]->Show(PileText(longest, false, palette()));
   pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
   return group;
 }
@@ -206,11 +218,14 @@ void MachinePanel::ShowMachine() {
   slot_->Show(inserted_ == 0 ? QString("The slot is empty")
                              : QString("Board %1 is in the slot").arg(inserted_));
   remove_->setEnabled(inserted_ != 0);
+  frames_->ShowFrames();
   if (changed == shown_) return;
   shown_ = changed;
+  feeder_->ShowMachine();
   const auto piles = machine_.CardsByHand();
+  const bool counted = machine_.Run() == RunKind::Sort;
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->Show(PileText(piles[hand], palette()));
+    pockets_[hand]->Show(PileText(piles[hand], counted, palette()));
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "model/tables.h"
 #include "platform/event_loop.h"
+#include "simulator/pack_source.h"
 #include "simulator/simulated_machine.h"
 
 class QLayout;
@@ -20,11 +21,14 @@ class ShownValue;
 
 namespace morvane::simulator {
 
+class FeederBox;
+class FrameBox;
+
 /// The front of the simulated machine: what a person can do to it and see of it. A window of its
 /// own that no other blocks; it stays as long as the program does.
 class MachinePanel final : public QWidget {
  public:
-  MachinePanel(EventLoop& loop, SimulatedMachine& machine);
+  MachinePanel(EventLoop& loop, SimulatedMachine& machine, PackSource& packs);
   ~MachinePanel() override;
 
  protected:
@@ -37,6 +41,7 @@ class MachinePanel final : public QWidget {
   QLayout* MakeState();
   QWidget* MakeSlot();
   QWidget* MakeFault();
+  QWidget* MakeTabs();
   QWidget* MakePockets();
 
   void InsertBoard(int number);
@@ -46,6 +51,7 @@ class MachinePanel final : public QWidget {
   void ShowMachine();
 
   SimulatedMachine& machine_;
+  PackSource& packs_;
   int inserted_ = 0;  ///< the board in the slot, 0 when it is empty
   int lastInserted_ = 0;
   std::uint64_t shown_ = ~std::uint64_t{0};
@@ -60,6 +66,8 @@ class MachinePanel final : public QWidget {
   ShownValue* fault_ = nullptr;
   QPushButton* causeFault_ = nullptr;
   std::array<ShownValue*, kHands + 1> pockets_{};
+  FeederBox* feeder_ = nullptr;
+  FrameBox* frames_ = nullptr;
   std::unique_ptr<Timer> refresh_;
 };
 

@@ -19,6 +19,7 @@
 #include "machine/ui/sort_prog.h"
 #include "platform/qt/window_place.h"
 #include "shell/ui/main_menu_desk.h"
+#include "simulator/ui/fake_packs.h"
 #include "simulator/ui/machine_panel.h"
 
 namespace morvane::shell {
@@ -59,7 +60,8 @@ class EveryWindow : public MainMenuTest {
   }
 
   void LookAtPanel(const Look& look) {
-    simulator::MachinePanel panel(desk.Loop, simulated);
+    test::FakePacks packs;
+    simulator::MachinePanel panel(desk.Loop, simulated, packs);
     Dock(panel, *menu);
     panel.show();
     desk.Loop.Pump();

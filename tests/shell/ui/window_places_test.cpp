@@ -59,7 +59,8 @@ TEST_F(WindowPlaces, TheMainWindowWithItsStatisticsGetsNarrowerForThePanel) {
   for (const QRect screen : {QRect(0, 0, 911, 512), QRect(0, 0, 853, 480)}) {
     menu->resize(720, 480);
     FitToScreen(*menu, screen);
-    simulator::MachinePanel panel(desk.Loop, simulated);
+    test::FakePacks packs;
+    simulator::MachinePanel panel(desk.Loop, simulated, packs);
     Dock(panel, *menu, screen);
     panel.show();
     desk.Loop.Pump();

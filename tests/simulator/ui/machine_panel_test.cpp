@@ -1,8 +1,14 @@
 #include "simulator/ui/machine_panel.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
 
 #include "machine/ui/run_window.h"
+#include "simulator/ui/fake_packs.h"
+#include "wire/commands.h"
 
 namespace morvane::simulator {
 namespace {
@@ -12,7 +18,8 @@ using ::testing::StartsWith;
 
 class MachinePanelTest : public machine::RunWindow {
  protected:
-  MachinePanel panel{desk.Loop, simulated};
+  test::FakePacks packs;
+  MachinePanel panel{desk.Loop, simulated, packs};
 
   void SetUp() override {
     RunWindow::SetUp();
@@ -21,6 +28,11 @@ class MachinePanelTest : public machine::RunWindow {
   }
   void Press(const char* name) { test::Click(panel, name); }
   [[nodiscard]] std::string Shown(const char* name) const { return test::TextOf(panel, name); }
+  /// Clicks on the tab at `index`: 0 pockets, 1 feeder, 2 frames.
+  void Turn(int index) {
+    QTabBar& bar = *test::Find<QTabWidget>(panel, "tabs").tabBar();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
+  }
   void Enter(const char* box, const std::string& text) {
     auto& edit = test::Find<QLineEdit>(panel, box);
     test::Click(edit);
@@ -114,6 +126,7 @@ TEST_F(MachinePanelTest, ShowsWhatLiesInThePockets) {
 
 TEST_F(MachinePanelTest, APackInOrderIsDealtInOrder) {
   desk.Prog.Set.At(1) = test::SuitBoard(1);
+  Turn(1);
   Press("cmdLoadPack");
   MeanwhileAt(2500, [this] {
     EXPECT_NE(Text("lblCnt_1"), "0");
@@ -121,6 +134,55 @@ TEST_F(MachinePanelTest, APackInOrderIsDealtInOrder) {
         << "the spades come first";
   });
   Click("cmdDeal");
+}
+
+TEST_F(MachinePanelTest, TheFeederShowsTheCardsToCome) {
+  EXPECT_EQ(Shown("lblFeeder"), "No card waits to be fed");
+  Turn(1);
+  Press("cmdLoadPack");
+  MeanwhileAt(5000, [this] {
+    const std::size_t left = simulated.CardsInFeeder();
+    EXPECT_THAT(Shown("lblFeeder"), StartsWith(std::to_string(left) + " cards to come: "));
+    EXPECT_THAT(Shown("lblFeeder"), HasSubstr("\u2665")) << "the spades have gone";
+  });
+  Click("cmdDeal");
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblFeeder"), "No card waits to be fed");
+}
+
+TEST_F(MachinePanelTest, BoardsForReadingComeFromTheirSource) {
+  Turn(1);
+  EXPECT_EQ(Shown("lblBoardsToRead"), "A read run finds a shuffled pack");
+  Press("cmdLoadBoards");
+  EXPECT_EQ(packs.Asked, 1);
+  EXPECT_EQ(simulated.BoardsToRead(), 0U) << "none was chosen";
+  packs.Chosen = {test::SuitBoard(1), test::RoundBoard(2)};
+  Press("cmdLoadBoards");
+  EXPECT_EQ(simulated.BoardsToRead(), 2U);
+  EXPECT_EQ(Shown("lblBoardsToRead"), "2 of 2 boards lie ready to be read");
+}
+
+TEST_F(MachinePanelTest, TheFramesPassByName) {
+  const auto frames = [this] {
+    return test::Find<QPlainTextEdit>(panel, "txtFrames").toPlainText().toStdString();
+  };
+  Turn(2);
+  desk.Loop.WaitMs(1000);
+  EXPECT_THAT(frames(), StartsWith("CmdVersion -> version: 2.90\n"));
+  EXPECT_THAT(frames(), testing::EndsWith(" x CmdStatus -> status: idle, 0 0 0 0"));
+  Click("cmdDeal");
+  desk.Loop.WaitMs(200);
+  EXPECT_THAT(frames(), HasSubstr("\nCmdDeal begin -> accepted\n"));
+  EXPECT_THAT(frames(), HasSubstr("\nCmdStatus -> status: idle, 13 13 13 13\n"));
+}
+
+TEST_F(MachinePanelTest, ASortShowsHowManyCardsLieInEachPocket) {
+  wire::SortCommand sort;
+  ASSERT_TRUE(machine.Exchange(sort));
+  desk.Loop.WaitMs(65'000);
+  EXPECT_EQ(Shown("lblState"), "idle");
+  EXPECT_THAT(Shown("lblPocket_1"), StartsWith("<b>52</b>"));
+  EXPECT_THAT(Shown("lblPocket_1"), HasSubstr("\u00D752"));
 }
 
 TEST_F(MachinePanelTest, StaysWhenItIsClosed) {

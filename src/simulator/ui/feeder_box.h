@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+#include "simulator/pack_source.h"
+#include "simulator/wired_machine.h"
+
+class QPushButton;
+
+namespace morvane {
+class ShownValue;
+}
+
+namespace morvane::simulator {
+
+/// What the machine is fed with: the cards of the run, and the boards that lie ready to be read.
+class FeederBox final : public QWidget {
+ public:
+  FeederBox(WiredMachine& machine, PackSource& packs, QWidget* parent);
+
+  void ShowMachine();
+
+ private:
+  void LoadInOrder();
+  void LoadBoards();
+
+  WiredMachine& machine_;
+  PackSource& packs_;
+  ShownValue* cards_;
+  ShownValue* boards_;
+  QPushButton* load_;
+};
+
+}  // namespace morvane::simulator
