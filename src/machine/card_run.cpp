@@ -99,7 +99,7 @@ void CardRun::ClearCardLog() {
 }
 
 void CardRun::Pump() {
-  if (loop_.Pump()) return;
+  if (loop_.PumpOften()) return;
   if (!quitUntil_) {
     quitUntil_ = time_.Elapsed() + kMomentToBreak;
     if (departure_ == Departure::kNo) Leave();

@@ -18,6 +18,8 @@ class EventLoop {
   virtual ~EventLoop() = default;
   /// Lets pending events and due timers through. False once the program is quitting.
   virtual bool Pump() = 0;
+  /// The same for who asks a thousand times a second: events may wait some milliseconds for it.
+  virtual bool PumpOften() { return Pump(); }
   /// Lets the windows paint, and nothing else: no click, no key, no timer.
   virtual void Paint() {}
   /// Waits `ms` milliseconds while events go on; ends early when the program is quitting.

@@ -20,6 +20,9 @@
 namespace morvane {
 namespace {
 
+/// An operator does not feel it; between two frames on the wire it would count.
+constexpr int kPumpMs = 10;
+
 class Ticker final : public QObject {
  public:
   /// `held`: no tick meanwhile.
@@ -127,8 +130,14 @@ QtEventLoop::QtEventLoop() : wake_(std::make_unique<Wake>()) {}
 QtEventLoop::~QtEventLoop() = default;
 
 bool QtEventLoop::Pump() {
+  sincePump_.start();
   QCoreApplication::processEvents(QEventLoop::AllEvents);
   return !quitting_;
+}
+
+bool QtEventLoop::PumpOften() {
+  const bool soonEnough = sincePump_.isValid() && !sincePump_.hasExpired(kPumpMs);
+  return soonEnough ? !quitting_ : Pump();
 }
 
 void QtEventLoop::Paint() {

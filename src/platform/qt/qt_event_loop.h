@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <atomic>
 #include <memory>
@@ -18,6 +19,7 @@ class QtEventLoop final : public EventLoop {
   ~QtEventLoop() override;
 
   bool Pump() override;
+  bool PumpOften() override;
   void Paint() override;
   void WaitMs(int ms) override;
   void RunUntil(const std::function<bool()>& done) override;
@@ -31,6 +33,7 @@ class QtEventLoop final : public EventLoop {
   class Wake;
   std::atomic<bool> quitting_ = false;
   bool painting_ = false;
+  QElapsedTimer sincePump_;
   std::unique_ptr<Wake> wake_;
   QObject tickers_;  ///< parent of the timers, so that one that stopped in its own tick goes too
 };

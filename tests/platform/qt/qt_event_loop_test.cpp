@@ -30,6 +30,23 @@ class QtEventLoopTest : public testing::Test {
   QtEventLoop loop_;
 };
 
+TEST_F(QtEventLoopTest, WhoPumpsOftenLetsEventsThroughSoonAndNotEachTime) {
+  loop_.Pump();
+  int events = 0;
+  Post([&] { ++events; });
+  const auto start = steady_clock::now();
+  int calls = 0;
+  while (events == 0 && MsSince(start) < 1000) {
+    ++calls;
+    EXPECT_TRUE(loop_.PumpOften());
+  }
+  EXPECT_EQ(events, 1);
+  EXPECT_GE(MsSince(start), 9.0);
+  EXPECT_GT(calls, 1);
+  loop_.Quit();
+  EXPECT_FALSE(loop_.PumpOften()) << "told at once";
+}
+
 TEST_F(QtEventLoopTest, PumpLetsPendingEventsThroughAndDoesNotWait) {
   int events = 0;
   Post([&] { ++events; });
