@@ -172,7 +172,7 @@ void BoardRun::ForgetCards() {
 std::string BoardRun::LogHead() const { return ThreeDigits(parts_.Prog.Set.CurrentBoard) + " : "; }
 
 std::string BoardRun::Name() const {
-  const std::string board = "Board " + std::to_string(parts_.Prog.Set.CurrentBoard);
+  std::string board = "Board " + std::to_string(parts_.Prog.Set.CurrentBoard);
   if (!parts_.Window.CopiesShown || parts_.Walk.Range().NumberOfCopies < 2) return board;
   return board + ", copy " + std::to_string(parts_.Walk.CurrentCopy());
 }

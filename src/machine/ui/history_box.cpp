@@ -2,6 +2,7 @@
 
 #include <QListWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "machine/machine_run.h"
 #include "machine/ui/run_widgets.h"
@@ -12,7 +13,7 @@ namespace morvane::machine {
 namespace {
 
 constexpr int kLeastLines = 3;
-constexpr int kComfortableLines = 6;
+constexpr int kComfortableLines = 4;
 
 /// A list as high as these lines at most, which gives way where the window is low.
 class Lines final : public QListWidget {

@@ -15,6 +15,11 @@
 #include "platform/qt/window_place.h"
 
 namespace morvane::machine {
+namespace {
+
+constexpr QSize kComfortable{860, 560};
+
+}  // namespace
 
 SortProg::SortProg(Program& program, SortingRun& run, QWidget* parent)
     : QDialog(parent),
@@ -27,7 +32,7 @@ SortProg::SortProg(Program& program, SortingRun& run, QWidget* parent)
   PrepareRunWindow(*this, run);
   MakeButtons();
   Fill(*this, PlaceBody(), PlaceCommands());
-  resize(sizeHint());
+  resize(sizeHint().expandedTo(kComfortable));
   FitToScreen(*this);
   show();
 }

@@ -17,6 +17,7 @@ constexpr int kMidPile = 5000;  // milliseconds
 /// `SortProg`, with no set.
 class SortWindow : public RunDesk {
  protected:
+  using RunDesk::RunDesk;
   SortingRun run{desk.Prog, machine, memory};
 
   void SetUp() override {
@@ -91,6 +92,50 @@ TEST_F(SortWindow, TheCountsRiseInTheirBoxes) {
   ASSERT_EQ(history.count(), 1);
   EXPECT_THAT(history.item(0)->text().toStdString(),
               ::testing::MatchesRegex("Sort 1   5[0-9]\\.[0-9] s   done"));
+}
+
+class SortOfOnePack : public SortWindow {
+ protected:
+  SortOfOnePack() : SortWindow(OnePack()) {}
+  static simulator::Options OnePack() {
+    simulator::Options options = Options();
+    options.Packs = 1;
+    return options;
+  }
+};
+
+TEST_F(SortOfOnePack, APileThatFillsNoPocketHasNotStoppedShort) {
+  Contact();
+  Click("cmdSort");
+  int cards = 0;
+  for (const char* box : {"SortN", "SortE", "SortS", "SortW"}) {
+    cards += std::stoi(Text(box));
+    EXPECT_EQ(Ground(box), kRed) << "only 52 are green";
+    EXPECT_EQ(Text((std::string(box) + "_word").c_str()), "not full");
+  }
+  EXPECT_EQ(cards, 52);
+  EXPECT_EQ(Text("lblProgress"), "Last sort done");
+}
+
+TEST_F(SortWindow, ABoxIsPaintedOnlyWhenItsNumberHasChanged) {
+  class Watch final : public QObject {
+   public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      Paints += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+    int Paints = 0;
+  } watch;
+  Contact();
+  auto& box = test::Find<QWidget>(*window, "SortN");
+  MeanwhileAt(kMidPile, [&] { box.installEventFilter(&watch); });
+  int before = 0;
+  MeanwhileAt(kMidPile + 1, [&] { before = std::stoi(Text("SortN")); });
+  Click("cmdSort");
+  box.removeEventFilter(&watch);
+  const int changes = std::stoi(Text("SortN")) - before;
+  EXPECT_GE(watch.Paints, changes);
+  EXPECT_LE(watch.Paints, changes + 4) << "of several hundred polls; its ground turns green, too";
 }
 
 TEST_F(SortWindow, KeysAndThePedalSort) {
