@@ -80,7 +80,7 @@ std::string OfValue(const Frame& reply) {
 
 std::string OfLabel(const Frame& reply) {
   const auto sensor = Get<SensorReply>(reply);
-  const std::string raw = ": 0x" + Hex(sensor.Value);
+  std::string raw = ": 0x" + Hex(sensor.Value);
   const int board = BoardLabelTable[sensor.Value];
   if (sensor.Selector != SensorCommand::kBoardLabel || board == 0) return raw;
   return raw + ", board " + std::to_string(board);
