@@ -48,13 +48,20 @@ bool PseudoTerminal::OpenEnds() {
 }
 
 std::optional<RuntimeError> PseudoTerminal::Link(const std::string& path) {
-  std::error_code failure;
-  const bool leadsNowhere =
-      std::filesystem::is_symlink(path, failure) && !std::filesystem::exists(path, failure);
-  if (leadsNowhere) unlink(path.c_str());
+  if (IsLeftLink(path)) unlink(path.c_str());
   if (symlink(path_.c_str(), path.c_str()) != 0) return RuntimeError::Last();
+  std::error_code failure;
   link_ = std::filesystem::absolute(path, failure).string();
   return std::nullopt;
+}
+
+/// One that was killed has left it. Its device is gone, unless the system has given the name to
+/// ours.
+bool PseudoTerminal::IsLeftLink(const std::string& path) const {
+  std::error_code failure;
+  const std::string target = std::filesystem::read_symlink(path, failure).string();
+  if (!target.starts_with("/dev/pts/")) return false;
+  return target == path_ || !std::filesystem::exists(target, failure);
 }
 
 /// Somebody may have put another one in its place.

@@ -20,11 +20,13 @@ class PseudoTerminal {
 
   /// Once. What the system did not do.
   [[nodiscard]] std::optional<RuntimeError> Open();
-  /// Makes `path` a link to the device; it goes with this object. A link to nothing, which one that
-  /// was killed has left, is replaced; anything else that stands there is EEXIST.
+  /// Makes `path` a link to the device; it goes with this object. The link of one that was killed
+  /// is replaced; anything else that stands there is EEXIST.
   [[nodiscard]] std::optional<RuntimeError> Link(const std::string& path);
 
   [[nodiscard]] const std::string& Path() const { return path_; }
+  /// What other programs find it by, wherever they run: the link, where there is one.
+  [[nodiscard]] const std::string& Name() const { return link_.empty() ? path_ : link_; }
   /// Can be read from when bytes have come.
   [[nodiscard]] int Bytes() const { return ours_; }
   /// Can be read from when a program has closed the device.
@@ -40,6 +42,7 @@ class PseudoTerminal {
 
  private:
   [[nodiscard]] bool OpenEnds();
+  [[nodiscard]] bool IsLeftLink(const std::string& path) const;
   [[nodiscard]] bool IsOurLink() const;
 
   std::string path_;

@@ -127,12 +127,54 @@ TEST_F(PseudoTerminalLink, LeadsToTheDeviceAndGoesWithIt) {
   EXPECT_FALSE(std::filesystem::is_symlink(link));
 }
 
-TEST_F(PseudoTerminalLink, OneThatLeadsNowhereIsReplaced) {
-  std::filesystem::create_symlink(folder / "gone", link);
+TEST_F(PseudoTerminalLink, IsItsNameWhereverItIsAskedFrom) {
+  PseudoTerminal terminal;
+  ASSERT_FALSE(terminal.Open());
+  EXPECT_EQ(terminal.Name(), terminal.Path());
+  const std::string relative = std::filesystem::relative(link).string();
+  ASSERT_FALSE(terminal.Link(relative));
+  EXPECT_TRUE(std::filesystem::path(terminal.Name()).is_absolute());
+  EXPECT_TRUE(std::filesystem::equivalent(terminal.Name(), terminal.Path()));
+}
+
+TEST_F(PseudoTerminalLink, TheOneOfAMachineThatIsGoneIsReplaced) {
+  std::filesystem::create_symlink("/dev/pts/999999", link);
   PseudoTerminal terminal;
   ASSERT_FALSE(terminal.Open());
   EXPECT_FALSE(terminal.Link(link));
   EXPECT_EQ(std::filesystem::read_symlink(link), terminal.Path());
+}
+
+TEST_F(PseudoTerminalLink, TheOneThatIsLeftIsReplacedAlsoWhenItsDeviceIsOursNow) {
+  PseudoTerminal terminal;
+  ASSERT_FALSE(terminal.Open());
+  std::filesystem::create_symlink(terminal.Path(), link);
+  EXPECT_FALSE(terminal.Link(link));
+  EXPECT_EQ(std::filesystem::read_symlink(link), terminal.Path());
+}
+
+TEST_F(PseudoTerminalLink, TheOneOfAMachineAtWorkStays) {
+  PseudoTerminal first;
+  ASSERT_FALSE(first.Open());
+  ASSERT_FALSE(first.Link(link));
+  PseudoTerminal second;
+  ASSERT_FALSE(second.Open());
+  const auto error = second.Link(link);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number, EEXIST);
+  EXPECT_EQ(std::filesystem::read_symlink(link), first.Path());
+}
+
+TEST_F(PseudoTerminalLink, SomebodysLinkToWhatIsNotThereNowStays) {
+  std::filesystem::create_symlink(folder / "unmounted", link);
+  {
+    PseudoTerminal terminal;
+    ASSERT_FALSE(terminal.Open());
+    const auto error = terminal.Link(link);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number, EEXIST);
+  }
+  EXPECT_EQ(std::filesystem::read_symlink(link), folder / "unmounted");
 }
 
 TEST_F(PseudoTerminalLink, WhatStandsThereStays) {
