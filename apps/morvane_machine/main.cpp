@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
@@ -23,6 +24,13 @@ int EndSignals() {
   return signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
 }
 
+/// A standard file that is closed would be taken by the line, and what is said there told to it.
+void HoldStandardFiles() {
+  int file = 0;
+  while (file >= 0 && file <= STDERR_FILENO) file = open("/dev/null", O_RDWR);
+  if (file >= 0) close(file);
+}
+
 int Fail(int status, const std::string& why) {
   std::cerr << "morvane-machine: " << why << "\n";
   return status;
@@ -31,6 +39,7 @@ int Fail(int status, const std::string& why) {
 int Serve(const morvane::MachineArguments& arguments, morvane::bridges::SimulatedChoice choice) {
   using namespace morvane::simulator;
   const int endSignals = EndSignals();
+  std::signal(SIGPIPE, SIG_IGN);  // whoever has read the first line may be gone
   PseudoTerminal terminal;
   if (const auto error = terminal.Open()) {
     return Fail(kFailed, "no pseudo-terminal: " + error->Description);
@@ -42,8 +51,8 @@ int Serve(const morvane::MachineArguments& arguments, morvane::bridges::Simulate
   }
   WiredMachine machine(choice.Kind);
   machine.LayBoards(std::move(choice.Boards));
-  std::cout << "serial:" << (arguments.Link.empty() ? terminal.Path() : arguments.Link)
-            << std::endl;
+  std::cout << "serial:" << terminal.Name() << std::endl;
+  if (!std::cout) return Fail(kFailed, "standard output cannot be written");
   if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
   morvane::SystemClock clock;
   LineServer server(machine, terminal, clock, arguments.Pace, std::cout);
@@ -54,6 +63,7 @@ int Serve(const morvane::MachineArguments& arguments, morvane::bridges::Simulate
 }  // namespace
 
 int main(int argc, char** argv) {
+  HoldStandardFiles();
   const auto arguments = morvane::ParseMachineArguments({argv + 1, argv + argc});
   if (!arguments.Help.empty()) {
     std::cout << arguments.Help;

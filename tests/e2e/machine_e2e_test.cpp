@@ -69,7 +69,7 @@ TEST_F(MachineEndToEnd, AfterAProgramWasKilledTheNextOneIsServed) {
 TEST_F(MachineEndToEnd, EndSignalsEndItAndTakeItsLinkAway) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     const auto machine = Start({"--link", "machine"});
-    EXPECT_EQ(Named(*machine), "serial:machine");
+    EXPECT_EQ(Named(*machine), "serial:" + (folder / "machine")) << "as other programs take it";
     EXPECT_TRUE(std::filesystem::is_character_file(folder / "machine"));
     machine->Signal(signal);
     const Outcome outcome = machine->Finish();
@@ -77,6 +77,57 @@ TEST_F(MachineEndToEnd, EndSignalsEndItAndTakeItsLinkAway) {
     EXPECT_EQ(outcome.Err, "");
     EXPECT_FALSE(std::filesystem::is_symlink(folder / "machine"));
   }
+}
+
+TEST_F(MachineEndToEnd, OneThatWasKilledLeavesItsLinkToTheNext) {
+  for (int start = 1; start <= 3; ++start) {
+    const auto machine = Start({"--link", "machine"});
+    EXPECT_EQ(Named(*machine), "serial:" + (folder / "machine"));
+    EXPECT_TRUE(std::filesystem::is_character_file(folder / "machine"));
+    machine->Kill();
+  }
+}
+
+TEST_F(MachineEndToEnd, TheLastWordNeedsNoLineEnd) {
+  test::WriteContent(folder / "words", "state\nquit");
+  const Outcome outcome = Start({}, folder / "words")->Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_THAT(outcome.Out, EndsWith("\nidle\n"));
+}
+
+TEST_F(MachineEndToEnd, WithoutStandardFilesTheLineIsItsOwn) {
+  SetFile("set.pbn", 1, 1);
+  Process machine({"-c", "exec " MORVANE_MACHINE
+                         " --machine simulated,speed=0 --pace fast --link machine <&- >&- 2>files"},
+                  {.Folder = folder.Path(), .Program = "/bin/sh"});
+  ASSERT_TRUE(machine.Until([&] { return std::filesystem::exists(folder / "machine"); }));
+  for (const char* file : {"0", "1"}) {
+    EXPECT_EQ(
+        std::filesystem::read_symlink("/proc/" + std::to_string(machine.Pid()) + "/fd/" + file),
+        "/dev/null");
+  }
+  EXPECT_EQ(Deal("serial:" + (folder / "machine")).Status, 0);
+  machine.Signal(SIGTERM);
+  EXPECT_EQ(machine.Finish().Status, 0);
+}
+
+TEST_F(MachineEndToEnd, WhoReadsTheFirstLineOnlyDoesNotEndIt) {
+  test::WriteContent(folder / "words", "state\nstate\nquit\n");
+  Process machine({"-c", "{ sleep 1; cat words; } | { " MORVANE_MACHINE
+                         " --link machine; echo ended $? >&2; } | head -n 1"},
+                  {.Folder = folder.Path(), .Program = "/bin/sh"});
+  const Outcome outcome = machine.Finish();
+  EXPECT_EQ(outcome.Err, "ended 0\n");
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "machine"));
+}
+
+TEST_F(MachineEndToEnd, ANameThatCannotBeToldIsAFailure) {
+  Process machine({"-c", "exec " MORVANE_MACHINE " --link machine > /dev/full"},
+                  {.Folder = folder.Path(), .Program = "/bin/sh"});
+  const Outcome outcome = machine.Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, "morvane-machine: standard output cannot be written\n");
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "machine"));
 }
 
 TEST_F(MachineEndToEnd, ThePedalIsTypedAtItsTerminal) {

@@ -66,11 +66,9 @@ void LineServer::Carry() {
 void LineServer::TakeWords(int words) {
   std::array<char, 1024> bytes{};
   const ssize_t got = read(words, bytes.data(), bytes.size());
-  if (got <= 0) {
-    wordsOver_ = true;
-    return;
-  }
-  typed_.append(bytes.data(), static_cast<std::size_t>(got));
+  wordsOver_ = got <= 0;
+  if (!wordsOver_) typed_.append(bytes.data(), static_cast<std::size_t>(got));
+  if (wordsOver_ && !typed_.empty()) typed_ += '\n';  // the last line may have no end
   for (std::size_t end = 0; (end = typed_.find('\n')) != std::string::npos;) {
     answers_ << Obey(machine_, typed_.substr(0, end), over_);
     typed_.erase(0, end + 1);
