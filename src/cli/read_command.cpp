@@ -4,6 +4,7 @@
 #include <array>
 #include <numeric>
 
+#include "cli/diagram.h"
 #include "cli/generate_command.h"
 #include "cli/machine_side.h"
 #include "cli/run_table.h"
@@ -83,6 +84,19 @@ void AcceptIncomplete(Job& job, const std::string& path) {
   }
 }
 
+/// Of what no file has: the log, or where there is none either, as on a full disk, the terminal.
+void SayWhereItStands(Job& job) {
+  const Program& program = job.Place.Prog;
+  if (program.Log.On()) {
+    job.Place.Screen.Error("The boards that were read stand in the log: " + program.Log.Path() +
+                           "\n");
+    return;
+  }
+  for (const RunBoard& board : job.Windows.Report().Boards) {
+    job.Place.Screen.Out(BoardDiagram(program.Set.At(board.Number), board.Number) + "\n");
+  }
+}
+
 /// What was read is kept, also when the run ended early.
 bool Keep(Job& job, const std::string& path) {
   const BoardSet& set = job.Place.Prog.Set;
@@ -93,10 +107,7 @@ bool Keep(Job& job, const std::string& path) {
   if (!any) return false;
   AcceptIncomplete(job, path);
   if (Save(job, path)) return true;
-  if (job.Place.Prog.Log.On()) {
-    job.Place.Screen.Error(
-        "The boards that were read stand in the log: " + job.Place.Prog.Log.Path() + "\n");
-  }
+  SayWhereItStands(job);
   return false;
 }
 

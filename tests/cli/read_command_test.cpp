@@ -1,6 +1,7 @@
 #include "cli/read_command.h"
 
 #include "cli/cli_desk.h"
+#include "support/file_size_limit.h"
 #include "support/paper_machine.h"
 
 namespace morvane::cli {
@@ -224,6 +225,21 @@ TEST(ReadSave, AFormatThatCannotHoldTheRestNamesTheLog) {
       EndsWith("The boards that were read stand in the log: " + desk.Prog.Log.Path() + "\n"));
   EXPECT_THAT(desk.Screen.Output, EndsWith("\n1 of 2 boards read, nothing saved.\n"));
   EXPECT_FALSE(std::filesystem::exists(desk.What.Out));
+}
+
+TEST(ReadSave, OnAFullDiskTheBoardsAreShown) {
+  ReadDesk desk;
+  {
+    const test::FileSizeLimit full(0);
+    EXPECT_EQ(desk.Read(), kFailed);
+  }
+  EXPECT_FALSE(desk.Prog.Log.On());
+  EXPECT_FALSE(desk.Saved());
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("Board 1   Dealer: North   Vul: None\n"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr(" AKQJT98765432\n"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("Board 2   Dealer: East   Vul: NS\n"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr(" AT62\n"));
+  EXPECT_THAT(desk.Screen.Output, EndsWith("\n2 of 2 boards read, nothing saved.\n"));
 }
 
 TEST(ReadCommand, CardsThatWereNotRecognisedAreToldAndSavedAsDoneNotWholly) {
