@@ -6,7 +6,11 @@
 namespace morvane::cli {
 namespace {
 
-std::string BoardText(int number) { return "Board " + RightAligned(std::to_string(number), 3); }
+/// The first copy needs no number.
+std::string BoardText(int number, int copy) {
+  const std::string text = "Board " + RightAligned(std::to_string(number), 3);
+  return copy > 1 ? text + "/" + std::to_string(copy) : text;
+}
 
 }  // namespace
 
@@ -27,13 +31,16 @@ void ConsoleBoards::Start() {
 
 std::string ConsoleBoards::Coming() const {
   // The run moves on only when the next board is started.
-  const bool movesOn = More() && run_.Place().AtLastCopy();
-  return "board " + std::to_string(set_.CurrentBoard + (movesOn ? 1 : 0));
+  const machine::BoardWalk& place = run_.Place();
+  if (!More()) return "board " + std::to_string(set_.CurrentBoard);
+  if (place.AtLastCopy()) return "board " + std::to_string(set_.CurrentBoard + 1);
+  return "board " + std::to_string(set_.CurrentBoard) + ", copy " +
+         std::to_string(place.CurrentCopy() + 1);
 }
 
 std::string ConsoleBoards::Progress() const {
-  return BoardText(set_.CurrentBoard) + "  " + std::to_string(CardsFallen()) + " of 52 cards  " +
-         run_.Cards().txtDealTime + " s";
+  return BoardText(set_.CurrentBoard, run_.Place().CurrentCopy()) + "  " +
+         std::to_string(CardsFallen()) + " of 52 cards  " + run_.Cards().txtDealTime + " s";
 }
 
 void ConsoleBoards::Note(bool ok) {
@@ -42,7 +49,7 @@ void ConsoleBoards::Note(bool ok) {
                        .Seconds = run_.Cards().Seconds(),
                        .Ok = ok,
                        .Pockets = side_.Judge ? side_.Judge(run_.CurrentBoard()) : Verdict{}};
-  terminal_.Out(BoardText(board.Number) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
+  terminal_.Out(BoardText(board.Number, board.Copy) + "  " + FixedPoint(board.Seconds, 1) + " s  " +
                 (ok ? "OK" : "stopped") + "\n");
   report_.Boards.push_back(board);
 }

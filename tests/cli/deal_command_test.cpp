@@ -270,9 +270,10 @@ TEST(DealCommand, ACopyIsAskedForByItsBoard) {
       ::testing::StartsWith(
           "Machine: simulated\n"
           "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
-          "Press Enter to press the machine's pedal for board 7.\nBoard   7  0.0 s  OK\n"
+          "Press Enter to press the machine's pedal for board 7, copy 2.\nBoard   7/2  0.0 s  OK\n"
           "Press Enter to press the machine's pedal for board 8.\nBoard   8  0.0 s  OK\n"
-          "Press Enter to press the machine's pedal for board 8.\nBoard   8  0.0 s  OK\n\n"));
+          "Press Enter to press the machine's pedal for board 8, copy 2.\n"
+          "Board   8/2  0.0 s  OK\n\n"));
 }
 
 TEST(DealCommand, WithoutAutoAnInsertedBoardStartsItsDeal) {
