@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QListWidget>
 #include <QPaintEvent>
 
