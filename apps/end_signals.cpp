@@ -16,6 +16,7 @@ namespace {
 /// A signal handler is given nothing but the signal.
 EventLoop* loopToQuit = nullptr;
 [[maybe_unused]] volatile std::sig_atomic_t told = 0;
+[[maybe_unused]] volatile std::sig_atomic_t pipeBroke = 0;
 
 #ifdef _WIN32
 
@@ -25,12 +26,14 @@ BOOL WINAPI TakeEvent(DWORD /*event*/) {
 }
 
 void CatchAll() { SetConsoleCtrlHandler(TakeEvent, TRUE); }
+void CatchBrokenPipe() {}  // there a write fails, and no more
 
 #else
 
 constexpr unsigned kSecondsToEnd = 2;
 
-void TakeSignal(int /*number*/) {
+void TakeSignal(int number) {
+  if (number == SIGPIPE) pipeBroke = 1;
   loopToQuit->Quit();
   // A further signal does not put the end off.
   if (told == 0) alarm(kSecondsToEnd);
@@ -50,6 +53,8 @@ void CatchAll() {
   for (const int number : {SIGTERM, SIGHUP, SIGINT}) Catch(number);
 }
 
+void CatchBrokenPipe() { Catch(SIGPIPE); }
+
 #endif
 
 }  // namespace
@@ -58,5 +63,9 @@ void QuitOnEndSignals(EventLoop& loop) {
   loopToQuit = &loop;
   CatchAll();
 }
+
+void QuitOnBrokenPipe() { CatchBrokenPipe(); }
+
+bool PipeHasBroken() { return pipeBroke != 0; }
 
 }  // namespace morvane

@@ -10,4 +10,9 @@ class EventLoop;
 /// ignored stay so. Once; `loop` lives until the program ends.
 void QuitOnEndSignals(EventLoop& loop);
 
+/// From now on that loop is asked to quit, likewise, when a pipe that is written to has nobody who
+/// reads it any more. Behind `QuitOnEndSignals`.
+void QuitOnBrokenPipe();
+[[nodiscard]] bool PipeHasBroken();
+
 }  // namespace morvane

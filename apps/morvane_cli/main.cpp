@@ -45,12 +45,14 @@ int main(int argc, char** argv) {
       {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
       parts.Paths);
   morvane::QuitOnEndSignals(parts.Loop);
+  morvane::QuitOnBrokenPipe();
   morvane::cli::Workplace place{program, operatorAtTerminal, terminal, *machine.Usb,
                                 machine.Simulated};
   const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
   std::cout.flush();
   if (std::cout) return status;
-  std::cerr << "morvane-cli: standard output cannot be written\n";
+  // Whoever has closed the other end has had enough.
+  if (!morvane::PipeHasBroken()) std::cerr << "morvane-cli: standard output cannot be written\n";
   const bool done = status == morvane::cli::kDone || status == morvane::cli::kPartly;
   return done ? morvane::cli::kFailed : status;
 }

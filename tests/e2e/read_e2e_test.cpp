@@ -88,6 +88,23 @@ TEST_F(ReadEndToEnd, AnInterruptBreaksTheBoardAndKeepsThoseBefore) {
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
 }
 
+TEST_F(ReadEndToEnd, WhoStopsListeningStopsTheReadAndWhatWasReadIsKept) {
+  std::string command = MORVANE_CLI;
+  for (const std::string& word : Read("speed=8", {})) command += " '" + word + "'";
+  Process process({"-c", command + " | head -n 2"},
+                  {.Folder = folder.Path(), .Program = "/bin/sh"});
+  const Outcome outcome = process.Finish();
+  EXPECT_THAT(outcome.Out, StartsWith("Machine: simulated\nBoard   1 "));
+  EXPECT_EQ(outcome.Err, "");
+  const auto read = Boards("back.pbn");
+  const auto dealt = Boards("set.pbn");
+  ASSERT_GE(read.size(), 2U * 4);
+  EXPECT_EQ(std::vector<std::string>(read.begin(), read.begin() + 2 * 4),
+            std::vector<std::string>(dealt.begin(), dealt.begin() + 2 * 4));
+  EXPECT_EQ(CountLines("  003 : 1,0 0,0,0,0 OK"), 0) << "nobody waits for it";
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
 TEST_F(ReadEndToEnd, AFileThatIsThereIsNotReplacedUnasked) {
   test::WriteContent(folder / "back.pbn", "x");
   const Outcome outcome = ReadOn("speed=0", {"--yes"});
