@@ -1,6 +1,7 @@
 #include "simulator/line/pseudo_terminal.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -79,9 +80,16 @@ void PseudoTerminal::Write(std::span<const std::uint8_t> bytes) const {
   [[maybe_unused]] const ssize_t written = write(ours_, bytes.data(), bytes.size());
 }
 
+/// Whoever came meanwhile and went was refused, and is no reason to disturb who works.
+bool PseudoTerminal::IsHeld() const {
+  if (flock(kept_, LOCK_EX | LOCK_NB) != 0) return true;
+  flock(kept_, LOCK_UN);
+  return false;
+}
+
 bool PseudoTerminal::TakeClosing() const {
   std::array<char, 4096> events{};
-  if (read(closings_, events.data(), events.size()) <= 0) return false;
+  if (read(closings_, events.data(), events.size()) <= 0 || IsHeld()) return false;
   // Who was killed has left its claim to have the device for itself, which would keep others out.
   ioctl(kept_, TIOCNXCL);
   tcflush(kept_, TCIFLUSH);

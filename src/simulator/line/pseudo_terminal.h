@@ -36,14 +36,16 @@ class PseudoTerminal {
   [[nodiscard]] std::size_t Read(std::span<std::uint8_t> bytes) const;
   /// What the other end, which does not read, has no room for is lost.
   void Write(std::span<const std::uint8_t> bytes) const;
-  /// Whether a program has closed the device since the last call. If so nothing of what passed is
-  /// left in it, and it can be opened again, also when that program was killed.
+  /// Whether a program has closed the device since the last call, and none has it under a lock, as
+  /// one that was refused finds it. If so nothing of what passed is left in it, and it can be
+  /// opened again, also when that program was killed.
   [[nodiscard]] bool TakeClosing() const;
 
  private:
   [[nodiscard]] bool OpenEnds();
   [[nodiscard]] bool IsLeftLink(const std::string& path) const;
   [[nodiscard]] bool IsOurLink() const;
+  [[nodiscard]] bool IsHeld() const;
 
   std::string path_;
   std::string link_;
