@@ -41,7 +41,6 @@ class Process {
   /// Waits for its end; fails the test after a minute.
   Outcome Finish();
 
-  [[nodiscard]] pid_t Pid() const { return pid_; }
   [[nodiscard]] const std::string& Out() const { return out_; }
   [[nodiscard]] const std::string& Err() const { return err_; }
 
