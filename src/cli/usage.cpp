@@ -122,9 +122,9 @@ std::string UsagePage() {
     if (!command->Note.empty()) text += "\n" + Paragraph(command->Note);
   }
   return text +
-         "\nThe exit status is 0 when it is done, 1 when it was refused or failed, 2 for wrong\n"
-         "usage, and 3 when it is done, but not wholly: the log or the history was not\n"
-         "written, an import passed boards over, or cards that were read not recognised.\n"
+         "\nThe exit status is 0 when it is done, 1 when it was refused or failed, 2 for\n"
+         "wrong usage, and 3 when it is done, but not wholly: the log or the history was\n"
+         "not written, an import passed boards over, or cards read were not recognised.\n"
          "\n'morvane-cli help COMMAND' says what the options of a command mean, and\n"
          "'morvane-cli --version' which version this is.\n";
 }

@@ -163,8 +163,8 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 }
 
 std::string OptionsUsage(std::size_t indent) {
-  return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n" +
-         std::string(indent, ' ') + "fault=BOARD:CARD:CODE,packs=4,pack=FILE]";
+  return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,\n" +
+         std::string(indent, ' ') + "noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

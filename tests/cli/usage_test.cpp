@@ -56,6 +56,10 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "\n"));
 }
 
+TEST(UsagePage, FitsATerminal) {
+  for (const std::string& line : LinesOf(UsagePage())) EXPECT_LE(line.size(), 80U) << line;
+}
+
 TEST(UsagePage, HasEveryCommandOfTheRegistry) {
   const auto lines = LinesOf(UsagePage());
   for (const Command* command : Commands()) {
@@ -66,29 +70,28 @@ TEST(UsagePage, HasEveryCommandOfTheRegistry) {
 TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
   EXPECT_THAT(
       UsagePage(),
-      EndsWith(
-          "\n"
-          "Machines:  usb (where none is named),\n"
-          "           simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,noise=0,seed=N,\n"
-          "           fault=BOARD:CARD:CODE,packs=4,pack=FILE], serial:PATH\n"
-          "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
-          "\n"
-          "generate shows the SHA-256 of the deals that it has made: publish it before\n"
-          "play, and the log afterwards.\n"
-          "\n"
-          "read saves what it has read also when it is stopped, or the link is lost.\n"
-          "\n"
-          "audit deals the sets of a log again from their seeds, compares every board, and\n"
-          "shows the SHA-256 of each, with the times before it and the files it was to be\n"
-          "saved in. With --sha256, one must have that one. The exit status is 0 only when\n"
-          "all is the same.\n"
-          "\n"
-          "The exit status is 0 when it is done, 1 when it was refused or failed, 2 for wrong\n"
-          "usage, and 3 when it is done, but not wholly: the log or the history was not\n"
-          "written, an import passed boards over, or cards that were read not recognised.\n"
-          "\n"
-          "'morvane-cli help COMMAND' says what the options of a command mean, and\n"
-          "'morvane-cli --version' which version this is.\n"));
+      EndsWith("\n"
+               "Machines:  usb (where none is named),\n"
+               "           simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,\n"
+               "           noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,pack=FILE], serial:PATH\n"
+               "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
+               "\n"
+               "generate shows the SHA-256 of the deals that it has made: publish it before\n"
+               "play, and the log afterwards.\n"
+               "\n"
+               "read saves what it has read also when it is stopped, or the link is lost.\n"
+               "\n"
+               "audit deals the sets of a log again from their seeds, compares every board, and\n"
+               "shows the SHA-256 of each, with the times before it and the files it was to be\n"
+               "saved in. With --sha256, one must have that one. The exit status is 0 only when\n"
+               "all is the same.\n"
+               "\n"
+               "The exit status is 0 when it is done, 1 when it was refused or failed, 2 for\n"
+               "wrong usage, and 3 when it is done, but not wholly: the log or the history was\n"
+               "not written, an import passed boards over, or cards read were not recognised.\n"
+               "\n"
+               "'morvane-cli help COMMAND' says what the options of a command mean, and\n"
+               "'morvane-cli --version' which version this is.\n"));
 }
 
 TEST(CommandHelp, OfDeal) {

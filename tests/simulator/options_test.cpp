@@ -124,7 +124,7 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
 
 TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   std::string usage = OptionsUsage(4);
-  EXPECT_EQ(usage.find("\n    fault="), usage.find('\n'));
+  EXPECT_EQ(usage.find("\n    noise="), usage.find('\n'));
   std::erase_if(usage, [](char c) { return c == '[' || c == ']' || c == '\n' || c == ' '; });
   const auto give = [&usage](const std::string& word, const std::string& value) {
     ASSERT_NE(usage.find(word), std::string::npos);
