@@ -69,7 +69,8 @@ void ConsoleRun::ShowState() {
   if (!run_.Running()) return;
   ran_ = true;
   const bool underWay = run_.LastOutcome() == machine::MachineRun::Outcome::kNone;
-  ShowProgress(underWay ? Progress() : "");
+  const bool polled = !run_.Cards().txtDealTime.empty();
+  ShowProgress(underWay && polled ? Progress() : "");
 }
 
 void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {

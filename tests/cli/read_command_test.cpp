@@ -296,6 +296,8 @@ TEST(SortCommand, ShowsHowFarItIsOnATerminal) {
   desk.Screen.Progress = true;
   EXPECT_EQ(desk.Run(SortOptions{.Auto = true}), kDone);
   EXPECT_THAT(desk.Screen.Output, HasSubstr("\rSorting  100 cards  28."));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\rSorting  0 cards  0."));
+  EXPECT_THAT(desk.Screen.Output, Not(HasSubstr("cards   s"))) << "a time that is not known yet";
 }
 
 TEST(SortLink, LostFails) {
