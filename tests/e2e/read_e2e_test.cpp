@@ -8,7 +8,6 @@ namespace morvane::e2e {
 namespace {
 
 using ::testing::EndsWith;
-using ::testing::HasSubstr;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
