@@ -200,7 +200,8 @@ void MachineRun::RunCards() {
 CardFlow MachineRun::Flow() const {
   const Machine& machine = parts_.TheMachine;
   if (running_ && machine.MachineState == Machine::kBusy) return CardFlow::kFalling;
-  const bool anyPile = kind_ == RunKind::kSort && machine.MachineError == 0;
+  const bool fed = machine.MachineError == 0 && outcome_ != Outcome::kLinkLost;
+  const bool anyPile = kind_ == RunKind::kSort && fed;
   return anyPile ? CardFlow::kOver : CardFlow::kStopped;
 }
 

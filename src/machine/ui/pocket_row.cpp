@@ -21,9 +21,18 @@ PocketGauge::Kind KindOf(const MachineRun& run, std::size_t hand) {
   return {run.CountTarget(), name, "lblCnt_" + number, "lblHand_" + number, "lblHCP_" + number};
 }
 
+/// Before the first report of a board the counts are blank, of a sort 0: required.
 std::optional<int> CountOf(const MachineRun& run, std::size_t hand) {
-  if (!run.Cards().CountsShown) return std::nullopt;
+  const bool zero = run.Kind() == RunKind::kSort && run.Running();
+  if (!run.Cards().CountsShown && !zero) return std::nullopt;
   return run.TheMachine().CardCount[PocketOfHand[hand]];
+}
+
+/// A run that has begun and has heard nothing of its cards yet has not stopped.
+CardFlow FlowOf(const MachineRun& run) {
+  const bool begins = run.Running() && !run.Cards().CountsShown;
+  const bool underWay = run.LastOutcome() == MachineRun::Outcome::kNone;
+  return begins && underWay ? CardFlow::kFalling : run.Flow();
 }
 
 }  // namespace
@@ -39,7 +48,7 @@ PocketRow::PocketRow(const MachineRun& run, QWidget* parent) : QWidget(parent), 
 
 void PocketRow::ShowCounts() {
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->ShowCount(CountOf(run_, hand), run_.Running(), run_.Flow());
+    pockets_[hand]->ShowCount(CountOf(run_, hand), run_.Running(), FlowOf(run_));
   }
 }
 

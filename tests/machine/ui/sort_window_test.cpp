@@ -94,6 +94,33 @@ TEST_F(SortWindow, TheCountsRiseInTheirBoxes) {
               ::testing::MatchesRegex("Sort 1   5[0-9]\\.[0-9] s   done"));
 }
 
+TEST_F(SortWindow, ASortBeginsAtNoughtInRed) {
+  Contact();
+  for (int sort = 0; sort < 2; ++sort) {
+    MeanwhileAt(1, [this] {
+      for (const char* box : {"SortN", "SortE", "SortS", "SortW"}) {
+        EXPECT_EQ(Text(box), "0") << box;
+        EXPECT_EQ(Ground(box), kRed) << box;
+        EXPECT_EQ(Text((std::string(box) + "_word").c_str()), "filling");
+      }
+    });
+    Click("cmdSort");
+  }
+}
+
+TEST_F(SortWindow, AMachineThatIsSwitchedOffHasStoppedShort) {
+  Contact();
+  MeanwhileAt(kMidPile, [this] { simulated.PowerOff(); });
+  desk.When("MessageBox", [this](QWidget& box) {
+    EXPECT_EQ(Text("txtStatus"), "Down");
+    EXPECT_EQ(Text("lblProgress"), "Lost communication with the machine");
+    EXPECT_EQ(Text("SortN_word"), "stopped short") << "the pile has not gone through";
+    box.close();
+  });
+  Click("cmdSort");
+  EXPECT_TRUE(run.Closed());
+}
+
 class SortOfOnePack : public SortWindow {
  protected:
   SortOfOnePack() : SortWindow(OnePack()) {}
