@@ -143,7 +143,8 @@ QWidget* DealinProg::PlaceCommands() {
 
 void DealinProg::ShowState() {
   header_->ShowState();
-  Picture1_->ShowFallen(Fallen());
+  // What has fallen is all that is known of a board whose link was lost.
+  if (run_.LastOutcome() != MachineRun::Outcome::kLinkLost) Picture1_->ShowFallen(Fallen());
 }
 
 /// The counts are all that the machine tells of a board while its cards fall.

@@ -113,6 +113,19 @@ TEST_F(LiveBoard, CardsLieFaceDownWhileTheyFallAndAreShownWhenTheMachineHasStopp
   EXPECT_THAT(Said("Picture1"), HasSubstr("not dealt: "));
 }
 
+TEST_F(LiveBoard, BehindALostLinkNoCardIsShownAsDealt) {
+  Contact();
+  MeanwhileAt(kMidBoard, [this] { simulated.PowerOff(); });
+  desk.When("MessageBox", [this](QWidget& box) {
+    EXPECT_EQ(Text("txtStatus"), "Down");
+    EXPECT_EQ(Said("Picture1"),
+              "Board: 1, Vul: None, Dealer: North. The cards are under way, face down.");
+    box.close();
+  });
+  Click("cmdDeal");
+  EXPECT_TRUE(run.Closed());
+}
+
 TEST_F(LiveBoard, HiddenBoardsShowNoFaceDownCardEither) {
   desk.Store.Set(kDealShow, "0");
   Contact();
