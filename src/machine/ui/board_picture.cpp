@@ -32,7 +32,9 @@ constexpr std::array<HandPlace, kHands + 1> kPlaces{
 constexpr QSizeF kBack{34, 50};  // of a face-down card
 constexpr qreal kBackStep = 13;  // one face-down card right of the last
 constexpr QPointF kHeading{16, 14};
+constexpr QRectF kHeadingPlace{16, 14, 184, 96};
 constexpr QPointF kTable{8, 240};
+constexpr QRectF kTablePlace{8, 240, 192, 104};
 constexpr qreal kColumn = 30;
 
 QRectF PlaceOf(std::size_t hand) {
@@ -116,20 +118,25 @@ void BoardPicture::paintEvent(QPaintEvent* event) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
 
   painter.setTransform(ToPixels(), true);
-  painter.setFont(SheetFont(kTextSize, true));
-  DrawCompass(painter, kCompass, display_.VulNumber, display_.DealerNumber);
-  DrawHeading(painter);
+  // A card that falls has its hand painted, not the sheet.
+  const auto changed = [&](const QRectF& part) {
+    return event->region().intersects(ToPixels().mapRect(part).toAlignedRect());
+  };
+  if (changed(kCompass)) {
+    painter.setFont(SheetFont(kTextSize, true));
+    DrawCompass(painter, kCompass, display_.VulNumber, display_.DealerNumber);
+  }
+  if (changed(kHeadingPlace)) DrawHeading(painter);
   if (!display_.HandsShown) return;
   for (int hand = kNorth; hand <= kWest; ++hand) {
-    const QRectF place = ToPixels().mapRect(PlaceOf(static_cast<std::size_t>(hand)));
-    if (!place.intersects(event->rect())) continue;
+    if (!changed(PlaceOf(static_cast<std::size_t>(hand)))) continue;
     if (fallen_) {
       DrawFallen(painter, hand);
     } else {
       DrawHand(painter, hand);
     }
   }
-  DrawAnalysis(painter);
+  if (changed(kTablePlace)) DrawAnalysis(painter);
 }
 
 void BoardPicture::DrawHeading(QPainter& painter) const {

@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPaintEvent>
+#include <QPicture>
 
 #include "machine/ui/board_picture.h"
 #include "machine/ui/run_colours.h"
@@ -191,6 +192,64 @@ TEST(BoardPicture, AFallingCardPaintsItsHandAloneAndBacksInItsPlace) {
   EXPECT_EQ(backs(south), 0);
   picture.ShowFallen(std::nullopt);
   EXPECT_EQ(backs(picture.rect()), 0);
+}
+
+/// What a picture of this part of the sheet takes to draw, in bytes.
+uint DrawnFor(BoardPicture& picture, const QRect& part) {
+  QPicture drawn;
+  picture.render(&drawn, {}, QRegion(part), {});
+  return drawn.size();
+}
+
+TEST(BoardPicture, APartIsPaintedWithoutTheRestOfTheSheet) {
+  BoardPicture picture(nullptr);
+  picture.resize(560, 350);
+  BoardDisplay display;
+  display.HandsShown = true;
+  display.Board = " Board: 1";
+  picture.Show(display);
+  picture.ShowFallen(std::array{0, 13, 13, 13, 13});
+  const uint all = DrawnFor(picture, picture.rect());
+  const uint north = DrawnFor(picture, {210, 20, 200, 60});
+  const uint table = DrawnFor(picture, {10, 242, 150, 90});
+  EXPECT_LT(north, all / 2);
+  EXPECT_LT(table, all / 2);
+  EXPECT_GT(north, table) << "13 cards";
+}
+
+/// Pixels that are another colour, and not only another rounding at an edge.
+int Differences(const QImage& one, const QImage& other) {
+  constexpr int kRounding = 64;
+  int pixels = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const int grey = qGray(one.pixel(x, y)) - qGray(other.pixel(x, y));
+      pixels += grey > kRounding || grey < -kRounding ? 1 : 0;
+    }
+  }
+  return pixels;
+}
+
+TEST(BoardPicture, WhatIsPaintedInPartsIsTheWhole) {
+  BoardPicture picture(nullptr);
+  picture.resize(700, 438);
+  BoardDisplay display;
+  display.HandsShown = display.Analyzed = true;
+  display.Board = " Board: 128";
+  display.Copy = " Copy: 10/12";
+  display.Vul = "Vul: None";
+  display.Dealer = "Dealer: North";
+  display.Tricks.fill(13);
+  for (auto& hand : display.Hands) hand.fill(BoardDisplay::Suit(4, {"Kn"}));
+  picture.Show(display);
+  const QImage whole = picture.grab().toImage();
+  constexpr int kTile = 10;
+  for (int y = 0; y < picture.height(); y += kTile) {
+    for (int x = 0; x < picture.width(); x += kTile) {
+      const QRect tile = QRect(x, y, kTile, kTile) & picture.rect();
+      EXPECT_EQ(Differences(picture.grab(tile).toImage(), whole.copy(tile)), 0) << x << ", " << y;
+    }
+  }
 }
 
 TEST_F(LiveBoard, TheHistoryTellsWhatWasDoneAndWhatIsLeft) {
