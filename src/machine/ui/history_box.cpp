@@ -40,7 +40,10 @@ HistoryBox::HistoryBox(const MachineRun& run, QWidget* parent)
   lstHistory_->setAccessibleName("The last boards of the run");
   lstHistory_->setSelectionMode(QAbstractItemView::NoSelection);
   lstHistory_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-  lstHistory_->setUniformItemSizes(true);
+  // A bar along the bottom would cover a line of the few.
+  lstHistory_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  lstHistory_->setWordWrap(true);
+  lstHistory_->setResizeMode(QListView::Adjust);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(2);

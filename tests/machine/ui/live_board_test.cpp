@@ -2,6 +2,7 @@
 #include <QListWidget>
 #include <QPaintEvent>
 #include <QPicture>
+#include <QScrollBar>
 
 #include "machine/ui/board_picture.h"
 #include "machine/ui/run_colours.h"
@@ -250,6 +251,20 @@ TEST(BoardPicture, WhatIsPaintedInPartsIsTheWhole) {
       EXPECT_EQ(Differences(picture.grab(tile).toImage(), whole.copy(tile)), 0) << x << ", " << y;
     }
   }
+}
+
+TEST_F(LiveBoard, ALongLineOfTheHistoryIsWrappedAndNoBarCoversIt) {
+  Contact();
+  MeanwhileAt(kMidBoard, [this] { simulated.CauseFault(61); });
+  desk.When("Error_disp", [](QWidget& error) { test::Click(error, "Cancel2"); });
+  Click("cmdDeal");
+  auto& list = test::Find<QListWidget>(*window, "lstHistory");
+  EXPECT_EQ(list.item(0)->text(),
+            "Board 1   stopped: Card does not belong to selected National Settings");
+  list.setFixedWidth(250);
+  desk.Loop.Pump();
+  EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+  EXPECT_GT(list.visualItemRect(list.item(0)).height(), 2 * list.fontMetrics().ascent());
 }
 
 TEST_F(LiveBoard, TheHistoryTellsWhatWasDoneAndWhatIsLeft) {
