@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "machine/run_status.h"
 #include "machine/ui/board_number.h"
@@ -16,6 +17,8 @@
 
 namespace morvane::machine {
 namespace {
+
+constexpr int kMostLetters = 56;  // of the state, in pixels
 
 QColor ColourOf(int state) {
   switch (state) {
@@ -71,6 +74,27 @@ void RunHeader::MakeStatus() {
   txtStatus_->setAlignment(Qt::AlignCenter);
   txtStatus_->setFont(Enlarged(txtStatus_->font(), 2));
   txtStatus_->setMinimumWidth(txtStatus_->fontMetrics().horizontalAdvance("Illegal (0)") + 16);
+  // The letters follow the box and not the other way round.
+  leastLetters_ = txtStatus_->fontInfo().pixelSize();
+  txtStatus_->setMinimumHeight(txtStatus_->sizeHint().height());
+  txtStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+}
+
+/// To be read across the room, as large as the box allows and smaller than the board's number.
+void RunHeader::FitStatus() {
+  const int high = txtStatus_->height() / 2;
+  const int wide =
+      leastLetters_ * (txtStatus_->width() - 16) / std::max(1, txtStatus_->minimumWidth() - 16);
+  const int letters = std::clamp(std::min(wide, high), leastLetters_, kMostLetters);
+  if (letters == letters_) return;
+  letters_ = letters;
+  ShowGround();
+}
+
+void RunHeader::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  FitStatus();
 }
 
 void RunHeader::MakeProgress() {
@@ -102,13 +126,17 @@ QLayout* RunHeader::PlaceRun() {
   row->addWidget(lblRun);
   row->addStretch();
   row->addWidget(txtDealTime_);
-  row->addWidget(new QLabel("s", this));
+  lblSeconds_ = new QLabel("s", this);
+  lblSeconds_->setObjectName("lblSeconds");
+  lblSeconds_->setMinimumWidth(lblSeconds_->sizeHint().width());  // nothing moves
+  row->addWidget(lblSeconds_);
   return row;
 }
 
 void RunHeader::ShowState() {
   ShowStatus(run_.TheMachine().MachineState);
   ShowNow(*txtDealTime_, ToQt(run_.Cards().txtDealTime));
+  lblSeconds_->setText(txtDealTime_->text().isEmpty() ? "" : "s");
   ShowNow(*lblProgress_, ToQt(StatusLine(StatusOf(run_))));
   pockets_->ShowCounts();
 }
@@ -121,10 +149,16 @@ void RunHeader::ShowBoard(int number, const BoardDisplay& display) {
 void RunHeader::ShowStatus(int state) {
   const QString text = ToQt(StatusText(state));
   if (txtStatus_->text() == text) return;
-  txtStatus_->setStyleSheet(
-      QString("background:%1; color:white; font-weight:bold; border-radius:4px; padding:0px 8px;")
-          .arg(ColourOf(state).name()));
+  ground_ = ColourOf(state);
+  ShowGround();
   ShowNow(*txtStatus_, text);
+}
+
+void RunHeader::ShowGround() {
+  txtStatus_->setStyleSheet(QString("background:%1; color:white; border-radius:4px; padding:0px;"
+                                    "font-weight:bold; font-size:%2px;")
+                                .arg(ground_.name())
+                                .arg(std::max(letters_, leastLetters_)));
 }
 
 }  // namespace morvane::machine

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QColor>
 #include <QWidget>
 
 #include "machine/display_hand.h"
 
+class QLabel;
 class QLayout;
 
 namespace morvane {
@@ -26,6 +28,9 @@ class RunHeader final : public QWidget {
   void ShowState();
   void ShowBoard(int number, const BoardDisplay& display);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void MakeStatus();
   void MakeProgress();
@@ -33,13 +38,19 @@ class RunHeader final : public QWidget {
   QLayout* PlaceState();
   QLayout* PlaceRun();
   void ShowStatus(int state);
+  void FitStatus();
+  void ShowGround();
 
   const MachineRun& run_;
   BoardNumber* number_;
   ShownValue* txtStatus_ = nullptr;
   ShownValue* lblProgress_ = nullptr;
   ShownValue* txtDealTime_ = nullptr;
+  QLabel* lblSeconds_ = nullptr;
   PocketRow* pockets_;
+  QColor ground_;
+  int leastLetters_ = 0;  ///< of the state, in pixels
+  int letters_ = 0;
 };
 
 }  // namespace morvane::machine

@@ -128,6 +128,31 @@ TEST_F(LiveBoard, BehindALostLinkNoCardIsShownAsDealt) {
   EXPECT_TRUE(run.Closed());
 }
 
+TEST_F(LiveBoard, TheUnitOfTheTimeComesWithTheTime) {
+  Contact();
+  EXPECT_EQ(Text("txtDealTime") + Text("lblSeconds"), "");
+  MeanwhileAt(kMidBoard, [this] { EXPECT_EQ(Text("lblSeconds"), "s"); });
+  Click("cmdDeal");
+  EXPECT_EQ(Text("lblSeconds"), "s");
+}
+
+TEST_F(LiveBoard, TheStateFillsItsBoxAndIsSmallerThanTheNumber) {
+  Contact();
+  const auto letters = [this] {
+    return test::Find<QLabel>(*window, "txtStatus").fontMetrics().height();
+  };
+  const int before = letters();
+  EXPECT_GT(before, 2 * window->fontMetrics().height());
+  window->resize(window->width() + 200, window->height() + 400);
+  desk.Loop.Pump();
+  EXPECT_GE(letters(), before);
+  EXPECT_LT(letters(), test::Find<QWidget>(*window, "lblBoard").height());
+  window->resize(window->minimumSize());
+  desk.Loop.Pump();
+  const auto& status = test::Find<QLabel>(*window, "txtStatus");
+  EXPECT_GE(status.width(), status.fontMetrics().horizontalAdvance("Illegal (0)"));
+}
+
 TEST_F(LiveBoard, HiddenBoardsShowNoFaceDownCardEither) {
   desk.Store.Set(kDealShow, "0");
   Contact();
