@@ -61,6 +61,10 @@ class WindowPictures : public EveryWindow {
   /// The window's name; of a run also what it does and how it stands.
   static QString NameOf(const QWidget& window) {
     QString name = window.objectName();
+    if (const auto* tabs = window.findChild<QTabWidget*>("tabs")) {
+      name +=
+          tabs->currentIndex() == 0 ? "" : "_" + tabs->tabText(tabs->currentIndex()).remove('&');
+    }
     if (name != "DealinProg") return name;
     if (window.windowTitle().contains("Reading")) name += "_read";
     if (window.windowTitle().contains("Sorting")) name += "_sort";

@@ -16,11 +16,12 @@ namespace {
 
 constexpr std::size_t kCardsShown = 8;
 
-/// "40 cards, next ♠A ♥7" with the signs of the suits in their colours on the ground of `palette`.
+/// "40 cards to come: ♠A ♥7" with the signs of the suits in their colours on the ground of
+/// `palette`.
 QString CardsText(const WiredMachine& machine, const QPalette& palette) {
   const std::size_t left = machine.CardsInFeeder();
   if (left == 0) return "No card waits to be fed";
-  QString text = QString("%1 cards to come:").arg(left);
+  QString text = left == 1 ? "1 card to come:" : QString("%1 cards to come:").arg(left);
   for (const int card : machine.NextCards(kCardsShown)) {
     text += " " + SuitSign(static_cast<std::size_t>(CardSuit(card))) + QChar(CardLetter(card));
   }

@@ -14,7 +14,11 @@ class FrameBox final : public QWidget {
  public:
   FrameBox(const FrameLog& frames, QWidget* parent);
 
+  /// Where it is seen.
   void ShowFrames();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   const FrameLog& frames_;

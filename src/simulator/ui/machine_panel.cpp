@@ -128,7 +128,7 @@ QWidget* MachinePanel::MakeSlot() {
   board_->ShowNumber(1);
   auto* insert = AddButton("cmdInsert", "&Insert", [this] { InsertBoard(board_->Number()); });
   auto* next =
-      AddButton("cmdInsertNext", "Insert &next", [this] { InsertBoard(lastInserted_ + 1); });
+      AddButton("cmdInsertNext", "Insert ne&xt", [this] { InsertBoard(lastInserted_ + 1); });
   remove_ = AddButton("cmdRemove", "&Remove", [this] { RemoveBoard(); });
   auto* group = new QGroupBox("Board", this);
   auto* grid = new QGridLayout(group);
@@ -178,6 +178,7 @@ QWidget* MachinePanel::MakePockets() {
     grid->addWidget(new QLabel(name, group), hand, 0);
     grid->addWidget(pockets_[at], hand, 1);
   }
+  grid->setRowStretch(kWest + 1, 1);
   std::vector<int> longest(kCards / kHands);
   std::iota(longest.begin(), longest.end(), 1);
   pockets_[kNorth]->Show(PileText(longest, false, palette()));

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QTabWidget>
 #include <functional>
 #include <memory>
 #include <numeric>
@@ -38,7 +39,7 @@ class EveryWindow : public MainMenuTest {
   using Look = std::function<void(QWidget&)>;
   void LookAtAll(const Look& look) {
     LookAtMainMenu(look);
-    LookAtPanel(look);
+    LookAtPanel([&look](QWidget& panel) { LookAtPages(panel, look); });
     LookAtLoadNumber(look);
     LookAtEdit(look);
     LookAtBoxes(look);
@@ -66,6 +67,15 @@ class EveryWindow : public MainMenuTest {
     panel.show();
     desk.Loop.Pump();
     look(panel);
+  }
+
+  static void LookAtPages(QWidget& panel, const Look& look) {
+    auto& tabs = test::Find<QTabWidget>(panel, "tabs");
+    for (int page = 0; page < tabs.count(); ++page) {
+      tabs.setCurrentIndex(page);
+      QApplication::processEvents();
+      look(panel);
+    }
   }
 
   void LookAtLoadNumber(const Look& look) {

@@ -1,10 +1,13 @@
 #include "simulator/ui/machine_panel.h"
 
+#include <QAbstractButton>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <set>
 
 #include "machine/ui/run_window.h"
 #include "simulator/ui/fake_packs.h"
@@ -110,6 +113,21 @@ TEST_F(MachinePanelTest, ThePowerGoesOffAndOn) {
   EXPECT_EQ(Shown("lblState"), "idle");
 }
 
+TEST_F(MachinePanelTest, EachLetterOfTheCaptionsBelongsToOneControl) {
+  for (int power = 0; power < 2; ++power) {
+    std::set<std::string> letters;
+    const auto take = [&letters](const QString& caption) {
+      const std::string letter = QKeySequence::mnemonic(caption).toString().toStdString();
+      EXPECT_TRUE(letter.empty() || letters.insert(letter).second) << caption.toStdString();
+    };
+    for (const auto* button : panel.findChildren<QAbstractButton*>()) take(button->text());
+    const auto& tabs = test::Find<QTabWidget>(panel, "tabs");
+    for (int tab = 0; tab < tabs.count(); ++tab) take(tabs.tabText(tab));
+    EXPECT_EQ(letters.size(), 11U);
+    Press("cmdPower");
+  }
+}
+
 TEST_F(MachinePanelTest, ShowsWhatLiesInThePockets) {
   desk.Prog.Set.At(1) = test::SuitBoard(1);
   EXPECT_THAT(Shown("lblPocket_1"), StartsWith("<b>0</b>"));
@@ -150,6 +168,18 @@ TEST_F(MachinePanelTest, TheFeederShowsTheCardsToCome) {
   EXPECT_EQ(Shown("lblFeeder"), "No card waits to be fed");
 }
 
+TEST_F(MachinePanelTest, TheLastCardIsOneCard) {
+  Turn(1);
+  std::set<std::string> seen;
+  for (int ms = 2000; ms < 15000; ms += 100) {
+    MeanwhileAt(ms, [&] { seen.insert(Shown("lblFeeder").substr(0, 16)); });
+  }
+  Click("cmdDeal");
+  desk.Loop.WaitMs(15000);
+  EXPECT_TRUE(seen.contains("2 cards to come:"));
+  EXPECT_TRUE(seen.contains("1 card to come: "));
+}
+
 TEST_F(MachinePanelTest, BoardsForReadingComeFromTheirSource) {
   Turn(1);
   EXPECT_EQ(Shown("lblBoardsToRead"), "A read run finds a shuffled pack");
@@ -166,7 +196,9 @@ TEST_F(MachinePanelTest, TheFramesPassByName) {
   const auto frames = [this] {
     return test::Find<QPlainTextEdit>(panel, "txtFrames").toPlainText().toStdString();
   };
+  EXPECT_EQ(frames(), "") << "nobody looks";
   Turn(2);
+  EXPECT_NE(frames(), "") << "at once";
   desk.Loop.WaitMs(1000);
   EXPECT_THAT(frames(), StartsWith("CmdVersion -> version: 2.90\n"));
   EXPECT_THAT(frames(), testing::EndsWith(" x CmdStatus -> status: idle, 0 0 0 0"));
