@@ -19,6 +19,23 @@ std::string PlaceOf(const Fault& fault) {
   return place;
 }
 
+/// The dialog's own exchange: one try a tick, and nothing but pedal and slot is taken from it.
+/// Whether it reports the pedal; a press that started the run may still stand in `PedalFlag` where
+/// no good reply comes.
+bool PollReportsPedal(Machine& machine) {
+  MachineLink& link = machine.Link;
+  wire::Put(wire::DialogPollCommand{machine.Poll().Flags}, link.TxFrame);
+  link.SendShortFrame();
+  link.ReceiveFrame();
+  if (link.RxStatus != MachineLink::kGood) {
+    machine.ExpectLateReply();
+    return false;
+  }
+  if (wire::CodeOf(link.RxFrame) != wire::StatusReply::Code) return false;
+  machine.TakePedalAndBox(wire::Get<wire::StatusReply>(link.RxFrame));
+  return machine.PedalFlag != 0;
+}
+
 }  // namespace
 
 ErrorDialog::ErrorDialog(Program& program, Machine& machine, DialogAnswer dialogResult,
@@ -70,16 +87,7 @@ void ErrorDialog::PressCancel2() {
 
 void ErrorDialog::Tick() {
   if (closed_) return;
-  // Its own exchange: one try a tick, and nothing but pedal and slot is taken from it.
-  MachineLink& link = machine_.Link;
-  wire::Put(wire::DialogPollCommand{machine_.Poll().Flags}, link.TxFrame);
-  link.SendShortFrame();
-  link.ReceiveFrame();
-  if (link.RxStatus != MachineLink::kGood) {
-    machine_.ExpectLateReply();
-  } else if (wire::CodeOf(link.RxFrame) == wire::StatusReply::Code) {
-    machine_.TakePedalAndBox(wire::Get<wire::StatusReply>(link.RxFrame));
-  }
+  const bool pressed = PollReportsPedal(machine_);
   if (machine_.Lost()) {
     // Worded unlike the run's own loss of the link: required.
     Error_Timer1_.reset();
@@ -90,7 +98,7 @@ void ErrorDialog::Tick() {
     Close(kStop);
     return;
   }
-  if (machine_.PedalFlag == 0) return;
+  if (!pressed) return;
   machine_.PollLock = false;
   // Outside "go on or stop" the pedal leaves the answer as it stood at the opening: required.
   Close(ButtonMode == machine::ButtonMode::kGoOnOrStop ? kGoOn : DialogResult);

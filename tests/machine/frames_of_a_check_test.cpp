@@ -110,5 +110,28 @@ TEST_F(FramesOfACheck, AContinuedBoardIsNotCheckedAgain) {
                               "98 01 00 00 0B 24 00" + kBoard1, kThreePolls, kCardLog, kProbe}));
 }
 
+TEST_F(FramesOfACheck, ThePressThatStartedABoardDoesNotAnswerForItsWrongLabel) {
+  for (const Bytes& instead : {Bytes{}, test::OnTheWire(test::Short({0x18}), 21)}) {
+    DealingRun fresh(desk.Prog, machine, memory);
+    machine.Link.UsbHandle = 7;
+    fresh.Open(view);
+    desk.Loop.WaitMs(MachineRun::kFirstContactMs);
+    bridge.Sent.clear();
+    paper.Label = 23;
+    paper.Events = 8;
+    int polls = 0;
+    paper.Damage = [&](int, const Bytes& plain, const Bytes& wire) {
+      return plain[0] == 0x19 && ++polls == 2 ? instead : wire;  // the first of the dialog
+    };
+    view.Answers = {
+        [this](ErrorDialog& dialog) { desk.Loop.After(450, [&dialog] { dialog.PressCancel(); }); }};
+    desk.Loop.WaitMs(150);
+    EXPECT_EQ(LastLine(), "  001 : 1,1 64,2,0 ");
+    EXPECT_TRUE(SentOf(0x98).empty());
+    fresh.Exit();
+    paper.Damage = nullptr;
+  }
+}
+
 }  // namespace
 }  // namespace morvane::machine
