@@ -65,12 +65,12 @@ void CardRun::Poll() {
 
 bool CardRun::GoesOnAfterFault(const Plan& plan) {
   RunLogLine += " " + std::to_string(machine_.MachineError);
+  // A break that was asked for while the machine stopped has been answered with the fault.
+  breakAsked_ = false;
   return plan.AnswerFault() == kGoOn && !Leaving();
 }
 
 bool CardRun::GoOn(const Plan& plan) {
-  // A break that was asked for while the machine stopped has been answered with the fault.
-  breakAsked_ = false;
   machine_.MachineState = Machine::kBusy;
   changed_();
   return plan.Start(true);

@@ -155,5 +155,21 @@ TEST_F(Errors, ALinkLostInTheDialogShowsBothBoxes) {
   EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54");
 }
 
+TEST_F(Errors, ABreakBehindContinueIsTheFirstPollOfWhatGoesOn) {
+  paper.BusyPolls = 10;
+  paper.Codes = {54};
+  view.Answers = {[this](ErrorDialog& dialog) {
+                    desk.Loop.After(100, [this] { run.cmdBreak(); });  // before the run goes on
+                    dialog.PressContinue();
+                  },
+                  Cancel};
+  Contact();
+  run.cmdDeal();
+  const auto polls = SentOf(0x19);
+  ASSERT_THAT(polls, SizeIs(11)) << "ten to the fault, and the break";
+  EXPECT_EQ(polls.back()[1], 1);
+  EXPECT_EQ(LastLine(), "  001 : 1,0 0,0,0,0 54 57");
+}
+
 }  // namespace
 }  // namespace morvane::machine
