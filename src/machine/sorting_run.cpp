@@ -10,4 +10,14 @@ void SortingRun::cmdSort() {
 
 RunEnd SortingRun::RunOnce() { return SortHands(parts_, DealRotation()); }
 
+void SortingRun::Finish(RunEnd end) {
+  if (end != RunEnd::kIncomplete || parts_.Run.Leaving()) return;
+  parts_.View->ShowState();
+  ShowRunError(parts_.Prog, parts_.TheMachine,
+               "      The machine has stopped and reports no card in its pockets.      \r\n\r\n"
+               "      Please put the cards together and sort them again.      ",
+               Words().Error);
+  ForgetStarts();
+}
+
 }  // namespace morvane::machine

@@ -19,6 +19,7 @@ class SortingRun final : public MachineRun {
   void EnableAfterRun() override { Controls().cmdSort = true; }
   void StartFromMachine() override { cmdSort(); }
   RunEnd RunOnce() override;
+  void Finish(RunEnd end) override;
   [[nodiscard]] std::string LogHead() const override { return "Sort: "; }
   [[nodiscard]] std::string Name() const override {
     return "Sort " + std::to_string(History().Count() + 1);

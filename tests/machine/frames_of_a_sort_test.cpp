@@ -113,6 +113,22 @@ TEST_F(FramesOfASort, TheCountsRiseTo63AndTheirTargetIs52) {
   EXPECT_EQ(sorting.CountTarget(), 52);
 }
 
+TEST_F(FramesOfASort, AMachineThatReportsNoCardHasSortedNone) {
+  paper.FinalCount = 0;  // it restarted in the middle
+  Contact();
+  desk.Ui.OnBox = [this] { paper.Events = 8; };
+  sorting.cmdSort();
+  EXPECT_THAT(desk.LogLines(), ::testing::Contains("  Sort: 0,0,0,0"));
+  EXPECT_EQ(sorting.LastOutcome(), MachineRun::Outcome::kStopped);
+  EXPECT_EQ(sorting.Flow(), CardFlow::kStopped);
+  EXPECT_EQ(LastBox(),
+            "      The machine has stopped and reports no card in its pockets.      \r\n\r\n"
+            "      Please put the cards together and sort them again.      ");
+  EXPECT_EQ(desk.Ui.Boxes.back().Title, "Sort Error");
+  desk.Loop.WaitMs(300);
+  EXPECT_EQ(SentOf(0x35).size(), 1U) << "the pedal behind the box starts nothing";
+}
+
 TEST_F(FramesOfASort, OnlyTheBreakCanBePressedMeanwhile) {
   Contact();
   int looks = 0;
