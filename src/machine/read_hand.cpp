@@ -19,6 +19,7 @@ bool Fetch(RunParts& run) {
 /// may pass its check once in a long time: the pockets' counts have the last word.
 bool CountsAgree(const RunParts& run) {
   const Board& board = run.Prog.Set.Current();
+  if (board.Status == Board::kEmpty) return false;  // it restarted behind its last report
   int fallen = 0;
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
     const int count = run.TheMachine.CardCount[PocketOfHand[hand]];

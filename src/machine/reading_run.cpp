@@ -96,6 +96,11 @@ void ReadingRun::AskAtEnd() {
 }
 
 std::string ReadingRun::MissingCardsText() const {
+  if (CardsOf(CurrentBoard()) == kCards) {
+    return "      The cards of board " + std::to_string(parts_.Prog.Set.CurrentBoard) +
+           " that have been read are not those that the machine has counted.      \r\n\r\n"
+           "      Please put the cards together, clear the board and read it again.      ";
+  }
   return "      The machine has stopped without reading all cards: " +
          std::to_string(CardsOf(CurrentBoard())) + " of 52 cards of board " +
          std::to_string(parts_.Prog.Set.CurrentBoard) +

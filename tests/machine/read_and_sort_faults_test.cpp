@@ -165,6 +165,16 @@ TEST_F(ReadGarbled, AHandThatIsLargerThanItsPocketIsNotOk) {
   EXPECT_EQ(reading.LastOutcome(), MachineRun::Outcome::kStopped);
 }
 
+TEST_F(ReadGarbled, AMachineThatForgotItsBoardBehindTheLastReportIsNotOk) {
+  paper.Read = {};
+  Contact();
+  reading.cmdDeal();
+  EXPECT_THAT(desk.LogLines(), ::testing::Contains("  001 : 1,0 0,0,0,0"));
+  EXPECT_EQ(reading.LastOutcome(), MachineRun::Outcome::kStopped);
+  EXPECT_FALSE(reading.Window().Controls.Deal_next);
+  EXPECT_EQ(At(1), NumberedBoard(1));
+}
+
 // The gates of the two kinds.
 
 struct KindGate {

@@ -92,5 +92,26 @@ TEST_F(Reading, AMachineThatStoppedShortIsNotLoggedOk) {
   EXPECT_EQ(reading.LastOutcome(), MachineRun::Outcome::kStopped);
 }
 
+TEST_F(Reading, CountsThatDisagreeWithAWholeBoardAreToldAsThat) {
+  paper.FinalCount = 12;
+  Contact();
+  reading.cmdDeal();
+  EXPECT_EQ(LastBox(),
+            "      The cards of board 1 that have been read are not those that the machine has "
+            "counted.      \r\n\r\n"
+            "      Please put the cards together, clear the board and read it again.      ");
+}
+
+TEST_F(Reading, CardsThatAreMissingAreCounted) {
+  paper.FinalCount = 12;
+  for (const std::size_t place : {0U, 13U, 26U, 39U}) paper.Read[place] = 0;  // the Twos
+  Contact();
+  reading.cmdDeal();
+  EXPECT_EQ(LastBox(),
+            "      The machine has stopped without reading all cards: 48 of 52 cards of board 1 "
+            "have been read.      \r\n\r\n"
+            "      Please put the cards together, clear the board and read it again.      ");
+}
+
 }  // namespace
 }  // namespace morvane::machine
