@@ -24,9 +24,13 @@ void BoardRun::EnableAtContact() {
 }
 
 void BoardRun::EnableAfterRun() {
+  FollowPlace();
+  Controls().cmdDeal = true;
+}
+
+void BoardRun::FollowPlace() {
   Controls().FollowBoard(parts_.Walk);
   Controls().FollowCopy(parts_.Walk);
-  Controls().cmdDeal = true;
 }
 
 void BoardRun::StartFromMachine() {
@@ -61,6 +65,7 @@ void BoardRun::Deal_next() {
   BeforeNext();
   ForgetCards();
   parts_.Walk.NextBoardStep();
+  FollowPlace();
   ShowAll();
   cmdDeal();
 }
@@ -96,7 +101,7 @@ void BoardRun::LeaveRangeBox(bool (BoardWalk::*set)(int), const std::string& tex
   if (Busy()) return;
   if ((parts_.Walk.*set)(Val(text))) ForgetCards();
   FollowEnd();
-  Controls().FollowBoard(parts_.Walk);
+  FollowPlace();
   ShowAll();
 }
 

@@ -43,6 +43,8 @@ class BoardRun : public MachineRun {
   [[nodiscard]] virtual std::string RefusalOfBoard() const = 0;
   /// `Deal_next` is about to move on.
   virtual void BeforeNext() {}
+  /// The controls that depend on where the walk stands.
+  virtual void FollowPlace();
   /// The walk has gone to another board.
   virtual void AfterWalk(BoardWalk::Step /*step*/) {}
   /// The last board is done: asks what comes now.

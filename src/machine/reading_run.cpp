@@ -30,8 +30,8 @@ void ReadingRun::EnableAtContact() {
   FollowStatus();
 }
 
-void ReadingRun::EnableAfterRun() {
-  BoardRun::EnableAfterRun();
+void ReadingRun::FollowPlace() {
+  BoardRun::FollowPlace();
   FollowStatus();
 }
 
@@ -56,6 +56,7 @@ void ReadingRun::AfterWalk(BoardWalk::Step step) {
 void ReadingRun::cmdClear() {
   if (!Controls().cmdClear || Busy()) return;
   TakeTyped();
+  if (!Controls().cmdClear) return;  // it has led to an empty board
   parts_.View->ShowBoard();
   {
     const LinkHold hold(parts_.TheMachine);

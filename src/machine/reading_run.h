@@ -19,7 +19,7 @@ class ReadingRun final : public BoardRun {
  private:
   void OpenParts() override;
   void EnableAtContact() override;
-  void EnableAfterRun() override;
+  void FollowPlace() override;
   RunEnd RunOnce() override;
   void Finish(RunEnd end) override;
   [[nodiscard]] std::string RefusalOfBoard() const override;

@@ -113,5 +113,31 @@ TEST_F(Reading, CardsThatAreMissingAreCounted) {
             "      Please put the cards together, clear the board and read it again.      ");
 }
 
+TEST_F(Reading, ClearFollowsTheBoardThatARangeHasLedTo) {
+  Contact();
+  reading.cmdDeal();
+  ASSERT_TRUE(reading.Window().Controls.cmdClear);
+  reading.LeaveSubfrom("2");
+  ASSERT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  EXPECT_FALSE(reading.Window().Controls.cmdClear);
+  reading.LeaveSubfrom("1");
+  reading.LeaveSubto("1");
+  ASSERT_EQ(desk.Prog.Set.CurrentBoard, 1);
+  EXPECT_TRUE(reading.Window().Controls.cmdClear);
+}
+
+TEST_F(Reading, ARefusedNextBoardHasTheControlsOfItsPlace) {
+  paper.Minor = 0x80;  // too old for Swedish cards
+  Contact();
+  reading.cmdDeal();
+  reading.Change(&RunOptions::SetNational, 6);
+  reading.Deal_next();
+  ASSERT_THAT(desk.Ui.Boxes, ::testing::SizeIs(1));
+  ASSERT_EQ(desk.Prog.Set.CurrentBoard, 2);
+  const RunControls& now = reading.Window().Controls;
+  EXPECT_TRUE(now.cmdFirst && now.cmdPrev && now.cmdNext && now.cmdLast);
+  EXPECT_FALSE(now.cmdClear);
+}
+
 }  // namespace
 }  // namespace morvane::machine
