@@ -74,6 +74,7 @@ void ReadingRun::cmdClear() {
 RunEnd ReadingRun::RunOnce() { return ReadHand(parts_, DealRotation()); }
 
 void ReadingRun::Finish(RunEnd end) {
+  if (keep_ && !parts_.Run.Leaving() && keep_()) ForgetStarts();
   if (end == RunEnd::kDone && CurrentBoard().Status != Board::kComplete) TellOfUnknownCards();
   BoardRun::Finish(end);
 }

@@ -10,9 +10,13 @@ namespace morvane::machine {
 /// Reads packs into the empty boards of the set.
 class ReadingRun final : public BoardRun {
  public:
-  /// `save` is the Save command, offered behind the last board.
-  ReadingRun(Program& program, Machine& machine, RunMemory& memory, std::function<void()> save)
-      : BoardRun(program, machine, memory, RunKind::kRead, &kReadGate), save_(std::move(save)) {}
+  /// `save` is the Save command, offered behind the last board. `keep` is told of each board that
+  /// has run, and returns whether it has shown a box.
+  ReadingRun(Program& program, Machine& machine, RunMemory& memory, std::function<void()> save,
+             std::function<bool()> keep = {})
+      : BoardRun(program, machine, memory, RunKind::kRead, &kReadGate),
+        save_(std::move(save)),
+        keep_(std::move(keep)) {}
 
   void cmdClear() override;
 
@@ -31,6 +35,7 @@ class ReadingRun final : public BoardRun {
   void TellOfUnknownCards();
 
   std::function<void()> save_;
+  std::function<bool()> keep_;
 };
 
 }  // namespace morvane::machine

@@ -47,7 +47,7 @@ void DealFlow(Program& program, machine::Machine& machine, machine::RunMemory& m
 }
 
 void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
-              history::History& history, FlowWindows& windows) {
+              history::History& history, FlowWindows& windows, const std::function<bool()>& keep) {
   if (program.AnalysisRunning) {
     program.ShowMessage(program.Texts.Msg103, kOkCritical, "Read Error");
     return;
@@ -55,8 +55,8 @@ void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& m
   program.Status("Reading");
   if (HasSet(program, machine::RunKind::kRead) &&
       machine::OpenLink(program, machine.Link, kRunTimeoutMs)) {
-    machine::ReadingRun run(program, machine, memory,
-                            [&] { files::SaveBoardSet(program, history); });
+    machine::ReadingRun run(
+        program, machine, memory, [&] { files::SaveBoardSet(program, history); }, keep);
     RunInWindow(program, machine, run, windows.OpenDealinProg(run));
     // Also behind a run that was saved at its end: required.
     program.Set.BoardSetChanged = "1";

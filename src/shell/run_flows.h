@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "history/history.h"
 #include "machine/board_walk.h"
 #include "machine/machine.h"
@@ -12,9 +14,9 @@ namespace morvane::shell {
 void DealFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
               machine::RunDialogs& dialogs);
 
-/// `menuRead`: the same the other way round, from packs into the set.
+/// `menuRead`: the same the other way round, from packs into the set. `keep` as in `ReadingRun`.
 void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
-              history::History& history, FlowWindows& windows);
+              history::History& history, FlowWindows& windows, const std::function<bool()>& keep);
 
 /// `menuSort`: needs no set.
 void SortFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,

@@ -120,7 +120,14 @@ void Shell::MenuDeal() {
 void Shell::MenuRead() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  ReadFlow(program_, machine_, runMemory_, history_, windows_);
+  // A board that was read is kept at once, and who reads all evening is told at once if it cannot
+  // be.
+  ReadFlow(program_, machine_, runMemory_, history_, windows_, [this] {
+    Keep();
+    if (!unsaved_ || !unsaved_->FailureToTell()) return false;
+    unsaved_->TellFailure();
+    return true;
+  });
 }
 
 void Shell::MenuSort() {

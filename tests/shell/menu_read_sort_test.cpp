@@ -1,3 +1,6 @@
+#include <filesystem>
+
+#include "files/unsaved_set.h"
 #include "program/setting_keys.h"
 #include "shell/shell_desk.h"
 
@@ -14,7 +17,8 @@ constexpr int kAfterContact = BoardRun::kFirstContactMs + 100;
 
 /// A running program with the empty boards 1 and 2, and the machine on paper.
 struct ReadDesk : ShellDesk {
-  ReadDesk() {
+  explicit ReadDesk(bool keeps = false) {
+    if (keeps) Main.KeepUnsavedSet();
     Start();
     Prog.Set.FirstBoard = 1;
     Prog.Set.LastBoard = 2;
@@ -87,6 +91,39 @@ TEST(MenuRead, YesBehindTheLastBoardIsTheSaveCommand) {
   });
   desk.Main.MenuRead();
   EXPECT_FALSE(test::Content(desk.Prog.Paths.Data + "/evening.pbn").empty());
+}
+
+TEST(MenuRead, ABoardIsInTheCopyOfUnsavedWorkAsSoonAsItHasRun) {
+  ReadDesk desk(true);
+  desk.InTheWindow([&desk](BoardRun& run) {
+    run.cmdDeal();
+    const auto copy =
+        files::ReadUnsavedText(test::Content(desk.Prog.Paths.Data + "/Unsaved_1.txt"));
+    EXPECT_TRUE(copy && copy->Set.At(1).Cards == desk.Prog.Set.At(1).Cards);
+    run.Exit();
+  });
+  desk.Main.MenuRead();
+  EXPECT_EQ(desk.Prog.Set.At(1).Status, Board::kComplete);
+}
+
+TEST(MenuRead, WorkThatCannotBeKeptIsToldBehindItsFirstBoard) {
+  ReadDesk desk(true);
+  std::filesystem::create_directories(desk.Prog.Paths.Data + "/Unsaved_1.txt.new");
+  desk.Ui.OnBox = [&desk] { desk.Paper.Events = 8; };
+  desk.InTheWindow([&desk](BoardRun& run) {
+    run.cmdDeal();
+    ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+    EXPECT_EQ(desk.Ui.Boxes[0].Title, "Unsaved Board Set");
+    desk.Loop.WaitMs(300);
+    EXPECT_EQ(desk.Prog.Set.At(2), NumberedBoard(2)) << "the pedal behind the box";
+    desk.Ui.Answers = {kNo};
+    run.Deal_next();
+    EXPECT_EQ(desk.Ui.Boxes.back().Title, "Reading");
+    EXPECT_EQ(desk.Ui.Boxes.size(), 2U);
+    run.Exit();
+  });
+  desk.Main.MenuRead();
+  EXPECT_EQ(desk.Prog.Set.At(2).Status, Board::kComplete);
 }
 
 TEST(MenuSort, NeedsNoSet) {
