@@ -124,6 +124,7 @@ TEST_F(FramesOfASort, AMachineThatReportsNoCardHasSortedNone) {
   EXPECT_EQ(LastBox(),
             "      The machine has stopped and reports no card in its pockets.      \r\n\r\n"
             "      Please put the cards together and sort them again.      ");
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
   EXPECT_EQ(desk.Ui.Boxes.back().Title, "Sort Error");
   desk.Loop.WaitMs(300);
   EXPECT_EQ(SentOf(0x35).size(), 1U) << "the pedal behind the box starts nothing";
