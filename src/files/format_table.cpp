@@ -21,24 +21,26 @@
 namespace morvane::files {
 namespace {
 
-std::optional<FormatFault> ParsePbnFile(std::string bytes, const Format& /*format*/, BoardSet& set,
-                                        FileNotes& notes, const Messages& texts) {
+std::optional<FormatFault> ParsePbnFile(std::string&& bytes, const Format& /*format*/,
+                                        BoardSet& set, FileNotes& notes, const Messages& texts) {
   const std::string text = DecodeText(std::move(bytes));
   notes.HasTags = text.find('[') != std::string::npos;
   return ParsePbn(text, set, texts);
 }
 
-std::optional<FormatFault> ParseCsvFile(std::string bytes, const Format& /*format*/, BoardSet& set,
-                                        FileNotes& /*notes*/, const Messages& texts) {
+std::optional<FormatFault> ParseCsvFile(std::string&& bytes, const Format& /*format*/,
+                                        BoardSet& set, FileNotes& /*notes*/,
+                                        const Messages& texts) {
   return ParseCsv(DecodeText(std::move(bytes)), set, texts);
 }
 
-std::optional<FormatFault> ParseBreFile(std::string bytes, const Format& /*format*/, BoardSet& set,
-                                        FileNotes& /*notes*/, const Messages& texts) {
+std::optional<FormatFault> ParseBreFile(std::string&& bytes, const Format& /*format*/,
+                                        BoardSet& set, FileNotes& /*notes*/,
+                                        const Messages& texts) {
   return ParseBre(bytes, set, texts);
 }
 
-std::optional<FormatFault> ParseRecordFile(std::string bytes, const Format& format, BoardSet& set,
+std::optional<FormatFault> ParseRecordFile(std::string&& bytes, const Format& format, BoardSet& set,
                                            FileNotes& notes, const Messages& texts) {
   return ParseFixedRecords(bytes, format.Name, set, notes.Numbers, texts);
 }

@@ -29,7 +29,7 @@ struct FileNotes {
 
 /// Fills `set`, which is clear, from the bytes of a file and asks nobody; the first fault in them.
 /// After one the set holds what came before it.
-using Parser = std::optional<FormatFault> (*)(std::string bytes, const Format& format,
+using Parser = std::optional<FormatFault> (*)(std::string&& bytes, const Format& format,
                                               BoardSet& set, FileNotes& notes,
                                               const Messages& texts);
 /// Fills the set, which is clear, from the file. False: the operator has been told why.

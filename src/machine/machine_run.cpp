@@ -200,8 +200,8 @@ void MachineRun::RunCards() {
 CardFlow MachineRun::Flow() const {
   const Machine& machine = parts_.TheMachine;
   if (running_ && machine.MachineState == Machine::kBusy) return CardFlow::kFalling;
-  const bool stopped = machine.MachineError != 0 || outcome_ == Outcome::kStopped ||
-                       outcome_ == Outcome::kLinkLost;
+  const bool stopped =
+      machine.MachineError != 0 || outcome_ == Outcome::kStopped || outcome_ == Outcome::kLinkLost;
   const bool anyPile = kind_ == RunKind::kSort && !stopped;
   return anyPile ? CardFlow::kOver : CardFlow::kStopped;
 }
