@@ -118,8 +118,7 @@ TEST_F(ShownStatus, BehindBothBoxesOfALinkLostInTheErrorDialogSaysSo) {
   view.Answers = {[this](ErrorDialog&) { paper.Powered = false; }};
   Contact();
   run.cmdDeal();
-  EXPECT_THAT(atBoxes,
-              ElementsAre(std::string("Down | ") + kLost, std::string("Down | ") + kLost));
+  EXPECT_THAT(atBoxes, ElementsAre(std::string("Down | ") + kLost, std::string("Down | ") + kLost));
 }
 
 TEST_F(ShownStatus, BehindTheBoxOfASilentMachineSaysSo) {

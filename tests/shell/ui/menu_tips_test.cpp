@@ -65,7 +65,8 @@ TEST_F(MenuTips, OneInTheBarIsReachedWithTheKeysAndSaysIt) {
   Start();
   test::Press(*menu, Qt::Key_Alt);
   std::vector<std::string> reached;
-  for (const char* name : {"menuDeal", "menuRead", "menuSort", "menuEdit", "Analize", "menuPrint"}) {
+  for (const char* name :
+       {"menuDeal", "menuRead", "menuSort", "menuEdit", "Analize", "menuPrint"}) {
     test::Press(*menu, Qt::Key_Right);
     EXPECT_EQ(Bar().activeAction(), &Entry(name)) << name;
     reached.push_back(Message());
