@@ -39,24 +39,42 @@ void CardRun::Begin() {
   machine_.CardCount = {};
   CountsShown = false;
   txtDealTime.clear();
-  changed_();
+  Show();
 }
 
 CardRun::End CardRun::Follow() {
   do {
     Poll();
-    if (!Step()) return End::kLinkLost;
+    if (machine_.Lost()) return End::kLinkLost;
+    Pump();
     if (departure_ == Departure::kAtOnce) {
       machine_.Exchange(StatusCommand{StatusCommand::kBreak});
       return machine_.Lost() ? End::kLinkLost : End::kGivenUp;
     }
   } while (machine_.MachineState == Machine::kBusy);
+  ShowNews();
   return End::kStopped;
+}
+
+CardRun::Seen CardRun::SeenNow() const {
+  return {machine_.MachineState, CountsShown, machine_.CardCount, txtDealTime};
+}
+
+void CardRun::Show() {
+  shown_ = SeenNow();
+  changed_();
+}
+
+void CardRun::ShowNews() {
+  if (SeenNow() != shown_) Show();
 }
 
 void CardRun::Poll() {
   const bool breakNow = std::exchange(breakAsked_, false);
-  machine_.Exchange(breakNow ? StatusCommand{StatusCommand::kBreak} : machine_.Poll());
+  // The wire does not wait for the screen: what the last poll told is painted while the machine
+  // answers this one.
+  machine_.Exchange(breakNow ? StatusCommand{StatusCommand::kBreak} : machine_.Poll(),
+                    [this] { ShowNews(); });
   if (machine_.Lost()) return;
   CountsShown = true;
   seconds_ = std::chrono::duration<double>(time_.Elapsed() - start_).count();
@@ -72,7 +90,7 @@ bool CardRun::GoesOnAfterFault(const Plan& plan) {
 
 bool CardRun::GoOn(const Plan& plan) {
   machine_.MachineState = Machine::kBusy;
-  changed_();
+  Show();
   return plan.Start(true);
 }
 
@@ -83,7 +101,7 @@ bool CardRun::Probe() {
 
 bool CardRun::Step() {
   if (machine_.Lost()) return false;
-  changed_();
+  Show();
   Pump();
   return true;
 }

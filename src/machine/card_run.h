@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -73,6 +75,19 @@ class CardRun {
   /// A program that is told to end has two seconds for all that it leaves behind.
   static constexpr std::chrono::milliseconds kMomentToBreak{1000};
 
+  /// What a poll may change of all that is shown.
+  struct Seen {
+    std::int32_t MachineState = 0;
+    bool CountsShown = false;
+    std::array<std::int16_t, 5> CardCount{};
+    std::string txtDealTime;
+    bool operator==(const Seen&) const = default;
+  };
+  [[nodiscard]] Seen SeenNow() const;
+  void Show();
+  /// The same where the last poll told anything new; most tell nothing.
+  void ShowNews();
+
   void Begin();
   bool GoOn(const Plan& plan);
   End Follow();
@@ -85,6 +100,7 @@ class CardRun {
   std::function<void()> changed_;
   std::chrono::microseconds start_{0};
   double seconds_ = 0;
+  Seen shown_;
   bool breakAsked_ = false;
   Departure departure_ = Departure::kNo;
   std::optional<std::chrono::microseconds> quitUntil_;  ///< the program quits, and waits no longer

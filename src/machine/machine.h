@@ -49,12 +49,19 @@ class Machine {
   /// both tries were bad (`Lost`), or when a command that allows it was answered by another frame.
   template <typename Command>
   std::optional<typename Command::Reply> Exchange(const Command& command) {
+    return Exchange(command, [] {});
+  }
+  /// `meanwhile` is done while the frame is on its way and the machine thinks, once a try; it must
+  /// let no events through.
+  template <typename Command, typename Meanwhile>
+  std::optional<typename Command::Reply> Exchange(const Command& command, Meanwhile meanwhile) {
     using Reply = typename Command::Reply;
     BeginExchange();
     for (int attempt = 1; attempt <= kTries; ++attempt) {
       FillRandom();
       wire::Put(command, Link.TxFrame);
       Link.SendFrame();
+      meanwhile();
       Link.ReceiveFrame();
       if (Link.RxStatus == MachineLink::kGood) {
         if (wire::Answers<Reply>(wire::CodeOf(Link.RxFrame))) {

@@ -19,11 +19,9 @@ class CardRunTest : public ::testing::Test {
   test::ScriptedBridge bridge{desk.Clock};
   Machine machine{desk.Random, bridge};
   CardRun run{desk.Loop, desk.Clock, machine, [this] {
-                ++changes;
                 if (OnChange) OnChange();
               }};
   std::function<void()> OnChange;
-  int changes = 0;
   std::vector<int> faults;
   std::deque<DialogAnswer> answers;
 
@@ -77,7 +75,7 @@ TEST_F(CardRunTest, GoesOnAfterAFaultAsOftenAsItIsToldTo) {
 
 TEST_F(CardRunTest, TheBreakTakesThePlaceOfTheNextPollAndLeavesOutTheAcknowledgements) {
   machine.PedalFlag = 1;
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() == 2) run.Break();
   };
   bridge.Replies = {Accepted(), Short({0x19, 0xFF, 0, 0, 0, 0, 8}), Short({0x19, 57})};
@@ -87,7 +85,7 @@ TEST_F(CardRunTest, TheBreakTakesThePlaceOfTheNextPollAndLeavesOutTheAcknowledge
 
 TEST_F(CardRunTest, ABreakAskedForWhileItStoodIsNotSentAfterGoingOn) {
   answers = {kGoOn};
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (machine.MachineState == Machine::kError) run.Break();
   };
   bridge.Replies = {Accepted(), Short({0x19, 30}), Accepted(), Short({0x19, 0})};
@@ -97,7 +95,7 @@ TEST_F(CardRunTest, ABreakAskedForWhileItStoodIsNotSentAfterGoingOn) {
 
 TEST_F(CardRunTest, LeavingWaitsForTheMachineAndDoesNotGoOn) {
   answers = {kGoOn};
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() == 2 && !run.Leaving()) run.Leave();
   };
   bridge.Replies = {Accepted(), Busy(), Short({0x19, 57})};
@@ -107,7 +105,7 @@ TEST_F(CardRunTest, LeavingWaitsForTheMachineAndDoesNotGoOn) {
 }
 
 TEST_F(CardRunTest, LeavingTwiceWaitsForNothing) {
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() == 2) run.Leave();
     if (bridge.Sent.size() == 2) run.Leave();
   };
@@ -117,7 +115,7 @@ TEST_F(CardRunTest, LeavingTwiceWaitsForNothing) {
 }
 
 TEST_F(CardRunTest, AProgramThatQuitsHasTheMachineBreakAndAsksNobody) {
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() == 2) desk.Loop.Quit();
   };
   bridge.Replies = {Accepted(), Busy(), Busy(), Busy(), Short({0x19, 57})};
@@ -129,7 +127,7 @@ TEST_F(CardRunTest, AProgramThatQuitsHasTheMachineBreakAndAsksNobody) {
 
 TEST_F(CardRunTest, AProgramThatQuitsWaitsASecondForAMachineThatOverhearsTheBreak) {
   // Each poll takes 0.3 s: the fourth one behind the quit is the first that comes too late.
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() < 2) return;
     desk.Loop.Quit();
     desk.Clock.Spend(std::chrono::milliseconds(300));
@@ -141,7 +139,7 @@ TEST_F(CardRunTest, AProgramThatQuitsWaitsASecondForAMachineThatOverhearsTheBrea
 }
 
 TEST_F(CardRunTest, AProgramThatQuitsWaitsNoLongerForOneThatIsBeingLeft) {
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (bridge.Sent.size() == 2) run.Leave();
     if (bridge.Sent.size() == 3) desk.Loop.Quit();
     if (bridge.Sent.size() >= 3) desk.Clock.Spend(std::chrono::milliseconds(600));
@@ -204,9 +202,25 @@ TEST_F(CardRunTest, ItBeginsWithNothingOfTheRunBefore) {
   EXPECT_FALSE(first);
 }
 
+TEST_F(CardRunTest, WhatAPollToldIsShownWhileTheNextIsOnItsWay) {
+  std::vector<std::string> shown;
+  OnChange = [&] {
+    shown.push_back(std::to_string(bridge.Sent.size()) + " sent, " +
+                    (bridge.Unread.empty() ? "" : "one on its way, ") +
+                    std::to_string(machine.CardCount[1]) + " cards");
+  };
+  bridge.Replies = {Accepted(), Short({0x19, 0xFF, 1}), Short({0x19, 0xFF, 1}),
+                    Short({0x19, 0xFF, 2}), Short({0x19, 0, 3})};
+  EXPECT_EQ(Run(), End::kStopped);
+  EXPECT_THAT(shown,
+              ElementsAre("0 sent, 0 cards", "1 sent, 0 cards", "3 sent, one on its way, 1 cards",
+                          "5 sent, one on its way, 2 cards", "5 sent, 3 cards"))
+      << "a poll that told nothing new is not shown";
+}
+
 TEST_F(CardRunTest, WhoLeavesWhileItAsksDoesNotGoOn) {
   answers = {kGoOn};
-  OnChange = [this] {
+  desk.Loop.OnPump = [this] {
     if (machine.MachineState == Machine::kError) run.Leave();
   };
   bridge.Replies = {Accepted(), Short({0x19, 30})};
