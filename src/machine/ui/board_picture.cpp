@@ -91,10 +91,14 @@ void BoardPicture::ShowFallen(const Fallen& fallen) {
     Announce(*this);
     return;
   }
+  // At once: who tells of it has the time now.
+  QRegion changed;
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    if ((*before)[hand] != (*fallen)[hand])
-      update(ToPixels().mapRect(PlaceOf(hand)).toAlignedRect());
+    if ((*before)[hand] != (*fallen)[hand]) {
+      changed += ToPixels().mapRect(PlaceOf(hand)).toAlignedRect();
+    }
   }
+  repaint(changed);
 }
 
 QString BoardPicture::SpokenText() const {

@@ -106,7 +106,10 @@ void RunHeader::MakeDealTime() {
   txtDealTime_ = new ShownValue("txtDealTime", "Deal time in seconds", this);
   txtDealTime_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   txtDealTime_->setFont(Enlarged(txtDealTime_->font(), 1.2));
-  txtDealTime_->setMinimumWidth(txtDealTime_->fontMetrics().horizontalAdvance("000.0"));
+  // Of one size: a tenth of a second more must not lay out the window anew.
+  txtDealTime_->setText("0000.0");
+  txtDealTime_->setFixedSize(txtDealTime_->sizeHint());
+  txtDealTime_->clear();
 }
 
 QLayout* RunHeader::PlaceState() {

@@ -21,7 +21,7 @@ namespace morvane {
 namespace {
 
 /// An operator does not feel it; between two frames on the wire it would count.
-constexpr int kPumpMs = 10;
+constexpr int kPumpMs = 25;
 
 class Ticker final : public QObject {
  public:
