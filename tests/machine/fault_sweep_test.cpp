@@ -1,30 +1,16 @@
 #include "machine/run_fixture.h"
+#include "support/harm.h"
 
 namespace morvane::machine {
 namespace {
 
 using test::Bytes;
+using test::Harm;
+using test::Harmed;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
 using FaultSweep = RunFixture;
-
-/// What is done to a reply, and how often.
-enum class Harm { kLost, kCorrupted, kCut };
-
-Bytes Harmed(Harm harm, Bytes wire) {
-  switch (harm) {
-    case Harm::kLost:
-      return {};
-    case Harm::kCorrupted:
-      wire[2] ^= 0x10;
-      return wire;
-    case Harm::kCut:
-      wire.resize(wire.size() - 5);
-      return wire;
-  }
-  return wire;
-}
 
 TEST_F(FaultSweep, AReplySpoiledOnceDoesNoHarmTwiceItIsTheLostLink) {
   // The exchanges of a good board: start, three polls, card log, probe.

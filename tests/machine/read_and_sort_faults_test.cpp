@@ -1,28 +1,15 @@
 #include "machine/read_and_sort_fixture.h"
+#include "support/harm.h"
 
 namespace morvane::machine {
 namespace {
 
 using test::Bytes;
+using test::Harm;
+using test::Harmed;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-enum class Harm { kLost, kCorrupted, kCut };
-
-Bytes Harmed(Harm harm, Bytes wire) {
-  switch (harm) {
-    case Harm::kLost:
-      return {};
-    case Harm::kCorrupted:
-      wire[2] ^= 0x10;
-      return wire;
-    case Harm::kCut:
-      wire.resize(wire.size() - 5);
-      return wire;
-  }
-  return wire;
-}
 
 /// A run of cards with so many exchanges, whose log line ends so when all goes well.
 struct Course {
