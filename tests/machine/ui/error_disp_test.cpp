@@ -55,14 +55,6 @@ TEST_F(ErrorDisp, KeepsTheBlankBehindAText) {
   Click("cmdDeal");
 }
 
-/// Presses the button's letter in the dialog; it stays down for a moment.
-void PressLetter(QWidget& error, Qt::Key letter, const char* name) {
-  const auto& button = test::Find<QPushButton>(error, name);
-  error.activateWindow();
-  test::Press(error, letter, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !button.isDown(); }));
-}
-
 TEST_F(ErrorDisp, ContinueAndCancelHaveLetters) {
   Contact();
   MeanwhileAt(4000, [this] { simulated.CauseFault(25); });

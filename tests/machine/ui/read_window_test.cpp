@@ -26,12 +26,6 @@ class ReadWindow : public RunDesk {
     simulated.LayBoard(test::SuitBoard(1));
   }
   ~ReadWindow() override { window.reset(); }
-  void PressLetter(Qt::Key letter, const char* name) {
-    window->activateWindow();
-    test::Press(*window, letter, Qt::AltModifier);
-    const auto& button = test::Find<QAbstractButton>(*window, name);
-    EXPECT_TRUE(QTest::qWaitFor([&button] { return !button.isDown(); }));
-  }
   void Contact() {
     OpenWindow<DealinProg>(run);
     WaitForContact();

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QMainWindow>
+#include <QTest>
 #include <memory>
 
 #include "machine/dealing_run.h"
@@ -53,6 +55,14 @@ class RunDesk : public ::testing::Test {
   void WaitForContact() { desk.Loop.WaitMs(MachineRun::kFirstContactMs + 100); }
 
   void Click(const char* name) { test::Click(*window, name); }
+  /// The letter of the button `name`, which stays down for a moment.
+  static void PressLetter(QWidget& of, Qt::Key letter, const char* name) {
+    const auto& button = test::Find<QAbstractButton>(of, name);
+    of.activateWindow();  // a box may have had the keyboard
+    test::Press(of, letter, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !button.isDown(); }));
+  }
+  void PressLetter(Qt::Key letter, const char* name) { PressLetter(*window, letter, name); }
   [[nodiscard]] std::string Text(const char* name) const { return test::TextOf(*window, name); }
   [[nodiscard]] bool Enabled(const char* name) const { return test::Enabled(*window, name); }
   [[nodiscard]] bool Visible(const char* name) const { return test::Visible(*window, name); }

@@ -25,12 +25,6 @@ class SortWindow : public RunDesk {
     desk.Prog.Set.Clear();
   }
   ~SortWindow() override { window.reset(); }
-  void PressLetter(Qt::Key letter, const char* name) {
-    window->activateWindow();
-    test::Press(*window, letter, Qt::AltModifier);
-    const auto& button = test::Find<QAbstractButton>(*window, name);
-    EXPECT_TRUE(QTest::qWaitFor([&button] { return !button.isDown(); }));
-  }
   void Contact() {
     OpenWindow<SortProg>(run);
     WaitForContact();

@@ -25,13 +25,6 @@ class TypedNumbers : public RunWindow {
     ASSERT_EQ(FocusName(), box);
   }
 
-  /// The button's letter; it stays down for a moment.
-  void PressLetter(Qt::Key letter, const char* name) {
-    const auto& button = test::Find<QAbstractButton>(*window, name);
-    window->activateWindow();  // a box has had the keyboard
-    test::Press(*window, letter, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !button.isDown(); }));
-  }
   void AltD() { PressLetter(Qt::Key_D, "cmdDeal"); }
   void AltX() { PressLetter(Qt::Key_X, "Deal_next"); }
 
