@@ -58,10 +58,13 @@ struct Parts {
   QtEventLoop Loop;
   test::MemorySettings Store;
   test::FakeSound Silence;
+  test::FakePrinter NoPaper;
   bridges::SerialBridge Serial;
   test::LinkGaps Gaps{Serial, Time};
 
-  [[nodiscard]] morvane::Ports On(Ui& ui) { return {ui, Loop, Time, Store, Random, Silence}; }
+  [[nodiscard]] morvane::Ports On(Ui& ui) {
+    return {ui, Loop, Time, Store, Random, Silence, NoPaper};
+  }
   [[nodiscard]] ProgramPaths Paths() const { return {Folder.Path(), Folder / "Morvane_Data"}; }
 };
 

@@ -10,6 +10,7 @@
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
+#include "platform/qt/pdf_printer.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_sound.h"
@@ -48,7 +49,8 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
         const morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
-  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound},
+  morvane::PdfPrinter pages;
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound, pages},
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);

@@ -6,6 +6,7 @@
 #include "cli/job.h"
 #include "end_signals.h"
 #include "platform/console/console_ui.h"
+#include "platform/qt/pdf_printer.h"
 #include "system_parts.h"
 
 namespace {
@@ -41,8 +42,9 @@ int main(int argc, char** argv) {
   morvane::StandardTerminal terminal;
   morvane::ConsoleUi operatorAtTerminal(terminal, parts.Random, arguments.Yes, arguments.Overwrite);
   NoSound silence;
+  morvane::PdfPrinter pages;
   morvane::Program program(
-      {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence},
+      {operatorAtTerminal, parts.Loop, parts.Time, parts.Store, parts.Random, silence, pages},
       parts.Paths);
   morvane::QuitOnEndSignals(parts.Loop);
   morvane::QuitOnBrokenPipe();

@@ -11,6 +11,7 @@ Program::Program(Ports ports, ProgramPaths paths)
       Store(ports.Store),
       Random(ports.Random),
       Speaker(ports.Speaker),
+      ThePrinter(ports.ThePrinter),
       Paths(std::move(paths)),
       Texts(InitMessages()),
       Locks(ports.Operator, ports.Loop, ports.Time),

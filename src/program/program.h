@@ -10,6 +10,7 @@
 #include "platform/entropy.h"
 #include "platform/event_loop.h"
 #include "platform/lock_patience.h"
+#include "platform/printer.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
 #include "platform/ui.h"
@@ -32,6 +33,7 @@ struct Ports {
   Settings& Store;
   Entropy& Random;
   Sound& Speaker;
+  Printer& ThePrinter;
 };
 
 /// Where the program stands on disk; both without a separator at the end.
@@ -66,6 +68,7 @@ class Program {
   Settings& Store;
   Entropy& Random;
   Sound& Speaker;
+  Printer& ThePrinter;
   const ProgramPaths Paths;
 
   BoardSet Set;

@@ -62,7 +62,7 @@ struct CliDesk {
   explicit CliDesk(bool yes = false, const simulator::Options& options = AtSpeed(0),
                    bool overwrite = false)
       : Operator(Screen, Random, yes, overwrite),
-        Prog({Operator, Loop, Clock, Store, Random, Speaker},
+        Prog({Operator, Loop, Clock, Store, Random, Speaker, ThePrinter},
              {Folder.Path(), Folder / "Morvane_Data"}),
         Machine(options, Clock) {}
 
@@ -72,6 +72,7 @@ struct CliDesk {
   test::MemorySettings Store;
   test::FakeEntropy Random;
   test::FakeSound Speaker;
+  test::FakePrinter ThePrinter;
   FakeTerminal Screen;
   ConsoleUi Operator;
   Program Prog;

@@ -63,7 +63,8 @@ TEST(ConsolePool, DoesNotWearDownHoweverManyCommandsShareIt) {
   CountedStarts source;
   ConsoleUi ui(desk.Screen, source, false);
   for (int start = 1; start <= kStarts; ++start) {
-    Program program({ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker}, desk.Prog.Paths);
+    Program program({ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker, desk.ThePrinter},
+                    desk.Prog.Paths);
     Workplace place{program, ui, desk.Screen, desk.Machine, &desk.Machine};
     EXPECT_EQ(RunJob(place, "", [](Job& job) { return ShowHistory(job, {}); }), kDone);
   }

@@ -13,7 +13,7 @@ namespace morvane::e2e {
 /// A folder with a data folder and a settings store of its own, in which the real program runs.
 class EndToEnd : public ::testing::Test {
  protected:
-  test::TempFolder folder;
+  test::TempFolder folder{test::FolderPlace::kMemory};
   const std::string data = folder / "data";
   const std::string settings = folder / "settings.ini";
 

@@ -67,8 +67,9 @@ struct Window final : Ui {
 TEST(Load, TheWindowShowsTheEmptySetThenTheWholeNewOneWhichIsNotChanged) {
   LoadDesk desk;
   Window window;
-  Program program({window, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {window, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   window.Prog = &program;
   program.Set.BoardSetFile = "/old.pbn";
   program.Set.LastBoard = 9;
@@ -237,8 +238,9 @@ TEST(LoadOverChanges, TheMarkIsComparedByItsValue) {
 
 TEST(Load, WithoutALogItWorksAllTheSame) {
   TestDesk desk;
-  Program silent({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                 {desk.Folder.Path(), desk.Folder / "none"});
+  Program silent(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {desk.Folder.Path(), desk.Folder / "none"});
   RuntimeError error;
   EXPECT_FALSE(silent.Log.Start(silent.Paths.Data, error));
   test::WriteContent(desk.Folder / "two.pbn", kTwoBoards);

@@ -30,7 +30,8 @@ class CountingSource final : public Entropy {
 /// A desk with that source in a program of its own.
 struct SourceDesk : TestDesk {
   CountingSource Source;
-  Program Sourced{{Ui, Loop, Clock, Store, Source, Speaker}, {Folder.Path(), Prog.Paths.Data}};
+  Program Sourced{{Ui, Loop, Clock, Store, Source, Speaker, ThePrinter},
+                  {Folder.Path(), Prog.Paths.Data}};
   RandomPool Pool{Sourced};
 };
 

@@ -128,8 +128,9 @@ TEST(PrepareNumberSeeds, TheNewestFourBytesOfThePoolDoNotEnterTheDigest) {
 TEST(PrepareNumberSeeds, AsksTheSystemForOneByteMoreThanItUses) {
   TestDesk desk;
   ScriptedSource source;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   Generator generator(program);
   source.Bytes[20] = 9;
   EXPECT_TRUE(PrepareNumberSeeds(program, generator));
@@ -140,8 +141,9 @@ TEST(PrepareNumberSeeds, AsksTheSystemForOneByteMoreThanItUses) {
 TEST(PrepareNumberSeeds, AByteOutsideTheTwentyDoesNotCountAsRandom) {
   TestDesk desk;
   ScriptedSource source;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   Generator generator(program);
   source.Bytes[0] = 255;
   EXPECT_FALSE(PrepareNumberSeeds(program, generator));
@@ -172,8 +174,9 @@ TEST(PrepareNumberSeeds, ACallThatAnswersFalseIsAnErrorWhateverItFilledIn) {
   ScriptedSource source;
   source.Bytes.fill(7);
   source.Reply = {false, std::nullopt};
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   Generator generator(program);
   EXPECT_FALSE(PrepareNumberSeeds(program, generator));
   ASSERT_EQ(desk.Ui.Boxes.size(), 1U);

@@ -39,7 +39,7 @@ TEST(History, MakesAMissingDataFolder) {
 /// A program whose log is not open yet, as when the history is loaded at start-up.
 struct StartingDesk : TestDesk {
   explicit StartingDesk(const std::string& data)
-      : Starting({Ui, Loop, Clock, Store, Random, Speaker}, {"/opt/morvane", data}) {}
+      : Starting({Ui, Loop, Clock, Store, Random, Speaker, ThePrinter}, {"/opt/morvane", data}) {}
   Program Starting;
 };
 
@@ -210,8 +210,9 @@ TEST(History, TheBoxOfAFailureLeavesItsLineInTheLogAlsoWhileTheFolderIsShared) {
 TEST(History, AnOldFileBesideTheProgramIsTakenOverOnce) {
   TestDesk desk;
   test::TempFolder application;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                  {application.Path(), desk.Prog.Paths.Data});
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {application.Path(), desk.Prog.Paths.Data});
   const std::string end = "\xFF===============";
   test::WriteContent(application / "history.dat", std::string("\xFE\x01\x00"
                                                               "Club evening ",
@@ -238,8 +239,9 @@ TEST(History, AnOldFileBesideTheProgramIsTakenOverOnce) {
 TEST(History, AnEmptyOldFileIsNotTakenOver) {
   TestDesk desk;
   test::TempFolder application;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                  {application.Path(), desk.Prog.Paths.Data});
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {application.Path(), desk.Prog.Paths.Data});
   test::WriteContent(application / "history.dat", "");
   History history;
   EXPECT_TRUE(history.LoadHistory(program));
@@ -250,8 +252,9 @@ TEST(History, AnEmptyOldFileIsNotTakenOver) {
 TEST(History, AnOldFileThatCannotBeCopiedTurnsItOff) {
   TestDesk desk;
   test::TempFolder application;
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                  {application.Path(), desk.Prog.Paths.Data});
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {application.Path(), desk.Prog.Paths.Data});
   test::WriteContent(application / "history.dat", std::string(64, '\xFE'));
   std::filesystem::create_directory(desk.Prog.Paths.Data + "/history1.dat.new");
   History history;

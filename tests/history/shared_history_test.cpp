@@ -37,8 +37,9 @@ pid_t InProcess(TestDesk& desk, const TestDesk& owner, Work work) {
   if (child != 0) return child;
   const std::string& folder = owner.Prog.Paths.Data;
   RealWaits time;
-  Program program({desk.Ui, desk.Loop, time, desk.Store, desk.Random, desk.Speaker},
-                  {desk.Prog.Paths.Application, folder});
+  Program program(
+      {desk.Ui, desk.Loop, time, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {desk.Prog.Paths.Application, folder});
   RuntimeError error;
   if (!desk.History.LoadHistory(program) || !program.Log.Start(folder, error)) _exit(1);
   work(program, desk.History);
@@ -74,9 +75,9 @@ TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
   for (const pid_t child : children) EXPECT_TRUE(EndedWell(child));
 
   TestDesk reader;
-  Program program(
-      {reader.Ui, reader.Loop, reader.Clock, reader.Store, reader.Random, reader.Speaker},
-      {reader.Prog.Paths.Application, desk.Prog.Paths.Data});
+  Program program({reader.Ui, reader.Loop, reader.Clock, reader.Store, reader.Random,
+                   reader.Speaker, reader.ThePrinter},
+                  {reader.Prog.Paths.Application, desk.Prog.Paths.Data});
   History history;
   ASSERT_TRUE(history.LoadHistory(program));
   EXPECT_EQ(history.Ring().HistoryUsed(), 20000);

@@ -72,8 +72,9 @@ class DamagedSettings final : public Settings {
 TEST(StoreSetting, AStoreThatWasPutAsideIsToldOnce) {
   TestDesk desk;
   DamagedSettings store;
-  Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
-                  {desk.Folder.Path(), desk.Prog.Paths.Data});
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {desk.Folder.Path(), desk.Prog.Paths.Data});
   EXPECT_TRUE(program.StoreSetting(kNewLastBoard, "36"));
   EXPECT_TRUE(program.StoreSetting(kNewFirstBoard, "5"));
   EXPECT_THAT(desk.Ui.Boxes,

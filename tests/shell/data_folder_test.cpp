@@ -92,8 +92,9 @@ TEST(DataFolder, AHolderOfItsLockIsWaitedForOnceAFlow) {
 TEST(DataFolder, AHolderOfTheStoresLockIsWaitedForOnceAFlowToo) {
   DataDesk desk;
   IniSettings store(desk.Folder / "morvane.exe.ini");
-  Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
   auto holder = FileLock::Try(desk.Folder / "morvane.exe.ini.lock");
   EXPECT_EQ(desk.Time([&] { shell.StartUp(""); }), milliseconds(10'000));
@@ -147,8 +148,9 @@ TEST(DataFolder, TheBoxesNameTheFolderInWhichItLies) {
   DataDesk desk;
   const std::string base = desk.Folder / "base";
   test::WriteContent(base, "a file in its place");
-  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker},
-                  {"/opt/morvane", base + "/Morvane_Data"});
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {"/opt/morvane", base + "/Morvane_Data"});
   Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
   shell.StartUp("");
   ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
@@ -165,8 +167,9 @@ TEST(DataFolder, AStoreThatIsNoTextIsPutAsideAtTheStartAndSaidOnce) {
   const std::string damaged(500, '\0');
   test::WriteContent(path, damaged);
   IniSettings store(path);
-  Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
-                  desk.Prog.Paths);
+  Program program(
+      {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
+      desk.Prog.Paths);
   Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
   shell.StartUp("");
   EXPECT_TRUE(shell.Exit());

@@ -155,8 +155,9 @@ TEST_F(PreferencesTest, WhatWasWrittenIsReadFromTheFileByTheNextProgram) {
   const std::string path = desk.Folder / "settings.ini";
   const auto withProgram = [&](const auto& act) {
     IniSettings store(path);
-    Program program({desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker},
-                    {desk.Folder.Path(), desk.Folder.Path()});
+    Program program(
+        {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
+        {desk.Folder.Path(), desk.Folder.Path()});
     Preferences preferences(program);
     act(preferences);
   };

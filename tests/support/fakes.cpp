@@ -56,8 +56,46 @@ Entropy::Answer FakeEntropy::SystemRandom(std::span<std::uint8_t> bytes) {
 
 double FakeEntropy::Random() { return std::uniform_real_distribution<double>(0.0, 1.0)(engine_); }
 
-TempFolder::TempFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "morvane_test_XXXXXX").string();
+std::optional<int> FakePrinter::Setup(int copies) {
+  SetupsFrom.push_back(copies);
+  return Confirmed;
+}
+
+std::optional<RuntimeError> FakePrinter::Print(const PrintJob& job, const Draw& draw) {
+  Jobs.push_back({job.Title, job.Copies});
+  Drawn.Begin();
+  draw(Drawn);
+  return Failure;
+}
+
+void FakePrinter::Preview(const PrintJob& /*job*/, const Draw& draw,
+                          const std::vector<PreviewAction>& actions) {
+  Drawn.Begin();
+  draw(Drawn);
+  if (OnPreview) OnPreview(actions);
+}
+
+std::string FakePrinter::Pdf(const PrintJob& job, const Draw& draw) {
+  Drawn.Begin();
+  draw(Drawn);
+  return "PDF of " + job.Title + ", pages: " + std::to_string(Drawn.Pages.size());
+}
+
+namespace {
+
+std::filesystem::path ParentOf(FolderPlace place) {
+  constexpr const char* kMemory = "/dev/shm";
+  constexpr std::uintmax_t kRoom = 256U << 20U;
+  std::error_code missing;
+  const auto space = std::filesystem::space(kMemory, missing);
+  const bool room = !missing && space.available >= kRoom && access(kMemory, W_OK) == 0;
+  return place == FolderPlace::kMemory && room ? kMemory : std::filesystem::temp_directory_path();
+}
+
+}  // namespace
+
+TempFolder::TempFolder(FolderPlace place) {
+  std::string pattern = (ParentOf(place) / "morvane_test_XXXXXX").string();
   path_ = mkdtemp(pattern.data());
 }
 
@@ -69,7 +107,8 @@ TempFolder::~TempFolder() {
 std::string TempFolder::operator/(const std::string& name) const { return (path_ / name).string(); }
 
 TestDesk::TestDesk()
-    : Prog({Ui, Loop, Clock, Store, Random, Speaker}, {Folder.Path(), Folder / "Morvane_Data"}) {
+    : Prog({Ui, Loop, Clock, Store, Random, Speaker, ThePrinter},
+           {Folder.Path(), Folder / "Morvane_Data"}) {
   std::filesystem::create_directory(Prog.Paths.Data);
   RuntimeError error;
   EXPECT_TRUE(Prog.Log.Start(Prog.Paths.Data, error)) << error.Description;

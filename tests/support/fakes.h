@@ -10,10 +10,12 @@
 
 #include "history/history.h"
 #include "platform/entropy.h"
+#include "platform/printer.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
 #include "platform/ui.h"
 #include "program/program.h"
+#include "support/recording_canvas.h"
 #include "support/virtual_time.h"
 
 namespace morvane::test {
@@ -90,10 +92,39 @@ class FakeSound final : public Sound {
   std::vector<std::string> Played;
 };
 
+/// A printer that notes its jobs and draws them on a canvas which takes everything.
+class FakePrinter final : public Printer {
+ public:
+  struct Job {
+    std::string Title;
+    int Copies = 0;
+    bool operator==(const Job&) const = default;
+  };
+  [[nodiscard]] std::string DeviceName() const override { return Device; }
+  std::optional<int> Setup(int copies) override;
+  [[nodiscard]] std::optional<RuntimeError> Print(const PrintJob& job, const Draw& draw) override;
+  void Preview(const PrintJob& job, const Draw& draw,
+               const std::vector<PreviewAction>& actions) override;
+  /// Text that tells the number of pages.
+  [[nodiscard]] std::string Pdf(const PrintJob& job, const Draw& draw) override;
+
+  std::string Device = "Office";
+  std::vector<Job> Jobs;
+  std::vector<int> SetupsFrom;          ///< the copies that the dialog started with
+  std::optional<int> Confirmed;         ///< the answer of the dialog
+  std::optional<RuntimeError> Failure;  ///< of the next jobs, once they are drawn
+  std::function<void(const std::vector<PreviewAction>&)> OnPreview;
+  RecordingCanvas Drawn;  ///< of the last job, preview or PDF
+};
+
+/// Where a folder of files for a test stands: as the system has it, or in memory where there is
+/// such a place with room, so that no busy disk holds up a program whose time is short.
+enum class FolderPlace { kUsual, kMemory };
+
 /// A folder of its own that goes with the test.
 class TempFolder {
  public:
-  TempFolder();
+  explicit TempFolder(FolderPlace place = FolderPlace::kUsual);
   ~TempFolder();
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
@@ -115,6 +146,7 @@ class TestDesk {
   MemorySettings Store;
   FakeEntropy Random;
   FakeSound Speaker;
+  FakePrinter ThePrinter;
   Program Prog;
   history::History History;  ///< off until it is loaded
 

@@ -79,7 +79,8 @@ QWidget* TopWindow(const std::string& name) {
 }
 
 QtDesk::QtDesk()
-    : Prog({Ui, Loop, Clock, Store, Random, Speaker}, {Folder.Path(), Folder / "Morvane_Data"}) {
+    : Prog({Ui, Loop, Clock, Store, Random, Speaker, ThePrinter},
+           {Folder.Path(), Folder / "Morvane_Data"}) {
   std::filesystem::create_directory(Prog.Paths.Data);
   RuntimeError error;
   EXPECT_TRUE(Prog.Log.Start(Prog.Paths.Data, error)) << error.Description;

@@ -57,6 +57,7 @@ class QtDesk {
   MemorySettings Store;
   FakeEntropy Random;
   FakeSound Speaker;
+  FakePrinter ThePrinter;
   Program Prog;
 
   /// When a window called `name` comes up next, `act` is done with it.

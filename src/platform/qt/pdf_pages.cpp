@@ -1,0 +1,33 @@
+#include "platform/qt/pdf_pages.h"
+
+#include <QBuffer>
+#include <QPdfWriter>
+
+#include "platform/qt/qt_canvas.h"
+#include "platform/qt/qt_text.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+constexpr double kMargin = 12;  // points; what common printers reach
+
+}  // namespace
+
+std::string PdfPages(const PrintJob& job, const Printer::Draw& draw, const QPageSize& paper) {
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&bytes);
+    writer.setResolution(kDotsPerInch);
+    writer.setTitle(ToQt(job.Title));
+    writer.setCreator("Morvane");
+    writer.setPageLayout({paper, QPageLayout::Portrait,
+                          QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Point});
+    QtCanvas canvas(writer);
+    draw(canvas);
+  }
+  return bytes.data().toStdString();
+}
+
+}  // namespace morvane

@@ -1,0 +1,128 @@
+#include "print/hand_record_page.h"
+
+#include <algorithm>
+#include <string>
+
+#include "print/board_parts.h"
+#include "print/layout.h"
+
+namespace morvane::print {
+namespace {
+
+constexpr double kUpperRule = 10;
+constexpr double kLowerRule = 34;
+constexpr double kHeaderTop = 50;
+constexpr double kCellsFrom = 76;  // the header's letters end above
+constexpr double kCellsX = 10;
+constexpr double kGap = 6;  // between what stands in neighbouring cells
+constexpr Font kText{Typeface::kTimes, 10};
+constexpr Font kBoardNumber{Typeface::kTimes, 12, true};
+constexpr Font kHeader{Typeface::kTimes, 20, true};
+
+/// Measures of a cell, in points from its upper left corner.
+struct Cell {
+  double X = 0;
+  double Y = 0;
+  double Width = 0;  ///< without the gap to the next one
+  double Height = 0;
+  const Layout& Form;
+
+  [[nodiscard]] double LinePitch() const {
+    constexpr int kLines = 3 * kSuits;
+    return std::min(Form.LinePitch * LineHeight(kText), (Height - kGap / 2) / kLines);
+  }
+  [[nodiscard]] double HandTop(int row) const { return Y + row * kSuits * LinePitch(); }
+  [[nodiscard]] Area Compass() const {
+    constexpr double kFifths = 5;
+    const double width = Form.CompassWidth / kFifths;
+    const double height = std::min(Form.CompassHeight / kFifths, kSuits * LinePitch());
+    constexpr double kThousand = 1000;
+    return {X + Form.CompassAt / kThousand * Width - width / 2,
+            HandTop(1) + (kSuits * LinePitch() - height) / 2, width, height};
+  }
+  [[nodiscard]] double LowerTop() const { return Y + Form.TableTop * (HandTop(2) - Y); }
+  [[nodiscard]] TricksPlace Table() const {
+    const Font font{Typeface::kArial, Form.TableSize};
+    const double pitch =
+        std::min(Form.TablePitch * LineHeight(font), (Y + Height - LowerTop()) / (kHands + 1));
+    const double left = Form.TableFrom * Width;
+    return {X + left, LowerTop(), Width - left, pitch, Form.TableSize};
+  }
+};
+
+Cell CellAt(const Canvas& canvas, const Layout& form, int place) {
+  const double width = (canvas.Width() - kCellsX) / form.Columns;
+  const double height = (canvas.Height() - kCellsFrom) / form.Rows;
+  return {kCellsX + place % form.Columns * width, kCellsFrom + place / form.Columns * height,
+          width - kGap, height, form};
+}
+
+void DrawHead(Canvas& canvas, const PrintOptions& options, const Cell& cell, const Board& board,
+              int n) {
+  (void)board;
+  const double width = cell.Compass().X - kGap - cell.X;
+  const Colour colour = HeadColour(options);
+  double y = cell.Y;
+  DrawWithin(canvas, cell.X, y, width, Align::kLeft, "Board: " + std::to_string(n), kBoardNumber,
+             colour);
+  y += LineHeight(kBoardNumber);
+  DrawWithin(canvas, cell.X, y, width, Align::kLeft,
+             std::string("Dealer: ") + HandLetter(DealerOfNumber(n)), kText, colour);
+  y += LineHeight(kText);
+  DrawWithin(canvas, cell.X, y, width, Align::kLeft,
+             std::string(VulNameLong[static_cast<std::size_t>(VulOfNumber(n))]) + " Vul", kText,
+             colour);
+}
+
+void DrawHands(Canvas& canvas, const PrintOptions& options, const Cell& cell, const Board& board) {
+  const Area compass = cell.Compass();
+  const double right = cell.X + cell.Width;
+  const double west = cell.X + cell.Form.WestFrom;
+  const double east = compass.X + compass.Width + kGap;
+  const double southEnd = options.Analysis ? cell.Table().X - kGap : right;
+  const auto draw = [&](int hand, double x, double end, int row) {
+    DrawHand(canvas,
+             {x, cell.HandTop(row), end - x, cell.LinePitch(), cell.Form.SignPitch, kText.Size,
+              kText.Size},
+             board, hand, options);
+  };
+  draw(kNorth, compass.X, right, 0);
+  draw(kWest, west, compass.X - kGap / 2, 1);
+  draw(kEast, east, right, 1);
+  draw(kSouth, compass.X, southEnd, 2);
+}
+
+}  // namespace
+
+void DrawPageFrame(Canvas& canvas, const PrintOptions& options, std::string_view what,
+                   SheetNumber number) {
+  const double width = canvas.Width();
+  const double y = (kUpperRule + kLowerRule - LineHeight(kText)) / 2;
+  canvas.Rule(0, kUpperRule, width, kUpperRule, kBlack);
+  canvas.Rule(0, kLowerRule, width, kLowerRule, kBlack);
+  DrawWithin(canvas, kCellsX, y, width / 2 - kCellsX, Align::kLeft, what, kText, kBlack);
+  DrawWithin(canvas, width / 2, y, width / 2 - kCellsX, Align::kRight,
+             "Page " + std::to_string(number.Page) + " of " + std::to_string(number.Pages), kText,
+             kBlack);
+  DrawWithin(canvas, kCellsX, kHeaderTop, width - 2 * kCellsX, Align::kCentre, options.Header,
+             kHeader, HeadColour(options));
+}
+
+void DrawCell(Canvas& canvas, const PrintOptions& options, int place, const Board& board, int n) {
+  const Layout& form = LayoutOf(options.PerPage);
+  const Cell cell = CellAt(canvas, form, place);
+  DrawHead(canvas, options, cell, board, n);
+  DrawHands(canvas, options, cell, board);
+  const Area compass = cell.Compass();
+  DrawCompass(canvas, compass, kText.Size);
+  if (options.Hcp) {
+    const double span = form.PointsSpan * form.TableSize;
+    DrawPoints(canvas,
+               {cell.X + (compass.X - cell.X) / 2, cell.LowerTop(),
+                form.PointsPitch * LineHeight(kText), span, kText.Size},
+               board);
+  }
+  if (options.Analysis) DrawTricks(canvas, cell.Table(), board, options);
+}
+
+}  // namespace morvane::print
