@@ -37,6 +37,7 @@ constexpr std::array kTableHands{kNorth, kSouth, kEast, kWest};
 
 void DrawWithin(Canvas& canvas, double x, double y, double width, Align align,
                 std::string_view text, const Font& font, Colour colour) {
+  if (text.empty()) return;
   const double natural = canvas.WidthOf(text, font);
   if (natural <= width) {
     canvas.Text(x + (width - natural) * Part(align), y, text, font, colour);
@@ -80,11 +81,13 @@ void DrawPoints(Canvas& canvas, const PointsPlace& place, const Board& board) {
   const auto points = [&](int hand) {
     return std::to_string(board.Hcp[static_cast<std::size_t>(hand)]);
   };
+  const double sides = place.Y + place.Pitch;
+  const double west = place.Middle - place.Span / 2;
   DrawCentred(canvas, place.Middle, place.Y, points(kNorth), font);
-  DrawCentred(canvas, place.Middle - place.Span / 2, place.Y + place.Pitch, points(kWest), font);
-  DrawCentred(canvas, place.Middle, place.Y + place.Pitch, "HCP", font);
-  DrawCentred(canvas, place.Middle + place.Span / 2, place.Y + place.Pitch, points(kEast), font);
-  DrawCentred(canvas, place.Middle, place.Y + 2 * place.Pitch, points(kSouth), font);
+  canvas.Text(west - canvas.WidthOf(points(kWest), font), sides, points(kWest), font, kBlack);
+  DrawCentred(canvas, place.Middle, sides, "HCP", font);
+  canvas.Text(west + place.Span, sides, points(kEast), font, kBlack);
+  DrawCentred(canvas, place.Middle, sides + place.Pitch, points(kSouth), font);
 }
 
 bool HasResults(const Board& board) {
@@ -97,12 +100,14 @@ void DrawTricks(Canvas& canvas, const TricksPlace& place, const Board& board,
   if (!HasResults(board)) return;
   canvas.Fill({place.X, place.Y, place.Width, (kHands + 1) * place.Pitch}, kLightGrey);
   const Font letters{Typeface::kArial, place.Size};
-  const Font signs{Typeface::kSymbol, place.Size};
+  constexpr double kSignPart = 0.85;  // whole ones would touch each other
+  const Font signs{Typeface::kSymbol, place.Size * kSignPart};
   const double column = place.Width / (kDenominations + 1);
   const auto middleOf = [&](int denomination) { return place.X + (denomination + 1.5) * column; };
   DrawCentred(canvas, middleOf(0), place.Y, "N", letters);
   for (int suit = 1; suit <= kSuits; ++suit) {
-    DrawCentred(canvas, middleOf(suit), place.Y, Sign(suit), signs, SuitColour(options, suit));
+    DrawCentred(canvas, middleOf(suit), place.Y + Ascent(letters) - Ascent(signs), Sign(suit),
+                signs, SuitColour(options, suit));
   }
   double y = place.Y;
   for (const int hand : kTableHands) {

@@ -49,13 +49,12 @@ void DrawHand(Canvas& canvas, const HandPlace& place, const Board& board, int ha
 /// A frame with the letters of the hands in their places.
 void DrawCompass(Canvas& canvas, const Area& area, double size);
 
-/// "HCP" with the points of the hands around it as the hands sit, in lines `pitch` points apart;
-/// West's stand left of `middle` and East's right of it, `span` points between their middles.
+/// "HCP" with the points of the hands around it, as the hands sit.
 struct PointsPlace {
-  double Middle = 0;
-  double Y = 0;
-  double Pitch = 0;
-  double Span = 0;
+  double Middle = 0;  ///< of the word
+  double Y = 0;       ///< the top of North's points
+  double Pitch = 0;   ///< from line to line
+  double Span = 0;    ///< between West's points and East's, for the word
   double Size = 10;
 };
 void DrawPoints(Canvas& canvas, const PointsPlace& place, const Board& board);

@@ -71,6 +71,7 @@ bool Document::DrawPage(std::size_t index, Canvas& canvas,
   if (page.HasStatistics) {
     DrawStatistics(canvas, options_, TotalsOf(set_, options_.From, options_.To));
   }
+  if (!areCards) DrawGrid(canvas, options_, static_cast<int>(page.Boards.size()));
   int place = 0;
   for (const int n : page.Boards) {
     if (areCards) {

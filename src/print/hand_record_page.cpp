@@ -14,7 +14,9 @@ constexpr double kLowerRule = 34;
 constexpr double kHeaderTop = 50;
 constexpr double kCellsFrom = 76;  // the header's letters end above
 constexpr double kCellsX = 10;
-constexpr double kGap = 6;  // between what stands in neighbouring cells
+constexpr double kGap = 6;          // between what stands in neighbouring cells
+constexpr double kBlankOfLine = 1;  // a line has more room above its letters than below
+constexpr Colour kPale{0xB0, 0xB0, 0xB0};
 constexpr Font kText{Typeface::kTimes, 10};
 constexpr Font kBoardNumber{Typeface::kTimes, 12, true};
 constexpr Font kHeader{Typeface::kTimes, 20, true};
@@ -31,22 +33,30 @@ struct Cell {
     constexpr int kLines = 3 * kSuits;
     return std::min(Form.LinePitch * LineHeight(kText), (Height - kGap / 2) / kLines);
   }
-  [[nodiscard]] double HandTop(int row) const { return Y + row * kSuits * LinePitch(); }
+  /// Where there is room, the hands keep off the rule above.
+  [[nodiscard]] double HandTop(int row) const {
+    const double room = Height - 3 * kSuits * LinePitch();
+    return Y + std::min(room / 2, kGap) + row * kSuits * LinePitch();
+  }
   [[nodiscard]] Area Compass() const {
     constexpr double kFifths = 5;
     const double width = Form.CompassWidth / kFifths;
-    const double height = std::min(Form.CompassHeight / kFifths, kSuits * LinePitch());
+    const double height = std::min(Form.CompassHeight / kFifths, kSuits * LinePitch() - kGap);
     constexpr double kThousand = 1000;
     return {X + Form.CompassAt / kThousand * Width - width / 2,
-            HandTop(1) + (kSuits * LinePitch() - height) / 2, width, height};
+            HandTop(1) + (kSuits * LinePitch() - height) / 2 + kBlankOfLine, width, height};
   }
-  [[nodiscard]] double LowerTop() const { return Y + Form.TableTop * (HandTop(2) - Y); }
+  /// Of what stands below West and East.
+  [[nodiscard]] double PointsTop() const { return HandTop(2) + kBlankOfLine; }
+  [[nodiscard]] double TableTop() const {
+    return HandTop(0) + Form.TableTop * (HandTop(2) + kGap / 2 - HandTop(0));
+  }
   [[nodiscard]] TricksPlace Table() const {
     const Font font{Typeface::kArial, Form.TableSize};
     const double pitch =
-        std::min(Form.TablePitch * LineHeight(font), (Y + Height - LowerTop()) / (kHands + 1));
+        std::min(Form.TablePitch * LineHeight(font), (Y + Height - TableTop()) / (kHands + 1));
     const double left = Form.TableFrom * Width;
-    return {X + left, LowerTop(), Width - left, pitch, Form.TableSize};
+    return {X + left, TableTop(), Width - left, pitch, Form.TableSize};
   }
 };
 
@@ -57,12 +67,10 @@ Cell CellAt(const Canvas& canvas, const Layout& form, int place) {
           width - kGap, height, form};
 }
 
-void DrawHead(Canvas& canvas, const PrintOptions& options, const Cell& cell, const Board& board,
-              int n) {
-  (void)board;
+void DrawHead(Canvas& canvas, const PrintOptions& options, const Cell& cell, int n) {
   const double width = cell.Compass().X - kGap - cell.X;
   const Colour colour = HeadColour(options);
-  double y = cell.Y;
+  double y = cell.HandTop(0);
   DrawWithin(canvas, cell.X, y, width, Align::kLeft, "Board: " + std::to_string(n), kBoardNumber,
              colour);
   y += LineHeight(kBoardNumber);
@@ -108,17 +116,27 @@ void DrawPageFrame(Canvas& canvas, const PrintOptions& options, std::string_view
              kHeader, HeadColour(options));
 }
 
+void DrawGrid(Canvas& canvas, const PrintOptions& options, int boards) {
+  const Layout& form = LayoutOf(options.PerPage);
+  const int rows = (boards + form.Columns - 1) / form.Columns;
+  const double right = canvas.Width() - kCellsX;
+  for (int row = 1; row < rows; ++row) {
+    const double y = CellAt(canvas, form, row * form.Columns).Y;
+    canvas.Rule(kCellsX, y, right, y, kPale);
+  }
+}
+
 void DrawCell(Canvas& canvas, const PrintOptions& options, int place, const Board& board, int n) {
   const Layout& form = LayoutOf(options.PerPage);
   const Cell cell = CellAt(canvas, form, place);
-  DrawHead(canvas, options, cell, board, n);
+  DrawHead(canvas, options, cell, n);
   DrawHands(canvas, options, cell, board);
   const Area compass = cell.Compass();
   DrawCompass(canvas, compass, kText.Size);
   if (options.Hcp) {
     const double span = form.PointsSpan * form.TableSize;
     DrawPoints(canvas,
-               {cell.X + (compass.X - cell.X) / 2, cell.LowerTop(),
+               {cell.X + (compass.X - cell.X) / 2, cell.PointsTop(),
                 form.PointsPitch * LineHeight(kText), span, kText.Size},
                board);
   }

@@ -17,6 +17,9 @@ struct SheetNumber {
 void DrawPageFrame(Canvas& canvas, const PrintOptions& options, std::string_view what,
                    SheetNumber number);
 
+/// Pale rules between the rows of cells that hold `boards` boards.
+void DrawGrid(Canvas& canvas, const PrintOptions& options, int boards);
+
 /// Board `n` in the cell `place`, 0.. by rows from left to right.
 void DrawCell(Canvas& canvas, const PrintOptions& options, int place, const Board& board, int n);
 

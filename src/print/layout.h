@@ -13,7 +13,7 @@ struct Layout {
   int Rows = 1;
   double TableSize = 0;      ///< of the letters of the table and of the statistics, in points
   double CompassWidth = 0;   ///< in fifths of a point
-  double CompassHeight = 0;  ///< in fifths of a point
+  double CompassHeight = 0;  ///< in fifths of a point, at most
   double WestFrom = 0;       ///< from the cell's left edge to West's suit signs, in points
   double CompassAt = 0;      ///< the compass's middle, in thousandths of the cell's width
   double TableFrom = 0;      ///< the table's left edge, in widths of the cell
