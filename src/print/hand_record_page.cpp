@@ -48,15 +48,18 @@ struct Cell {
   }
   /// Of what stands below West and East.
   [[nodiscard]] double PointsTop() const { return HandTop(2) + kBlankOfLine; }
-  [[nodiscard]] double TableTop() const {
-    return HandTop(0) + Form.TableTop * (HandTop(2) + kGap / 2 - HandTop(0));
-  }
+  /// Below East where there is room; its rows may stand closer, down to a limit.
   [[nodiscard]] TricksPlace Table() const {
-    const Font font{Typeface::kArial, Form.TableSize};
+    constexpr int kTableRows = kHands + 1;
+    constexpr double kClosest = 0.77;
+    const double line = LineHeight({Typeface::kArial, Form.TableSize});
+    const double bottom = Y + Height - kGap / 2;
+    const double below = HandTop(0) + Form.TableTop * (HandTop(2) + kGap / 2 - HandTop(0));
     const double pitch =
-        std::min(Form.TablePitch * LineHeight(font), (Y + Height - TableTop()) / (kHands + 1));
+        std::clamp((bottom - below) / kTableRows, kClosest * line, Form.TablePitch * line);
     const double left = Form.TableFrom * Width;
-    return {X + left, TableTop(), Width - left, pitch, Form.TableSize};
+    return {X + left, std::min(below, bottom - kTableRows * pitch), Width - left, pitch,
+            Form.TableSize};
   }
 };
 
@@ -87,7 +90,11 @@ void DrawHands(Canvas& canvas, const PrintOptions& options, const Cell& cell, co
   const double right = cell.X + cell.Width;
   const double west = cell.X + cell.Form.WestFrom;
   const double east = compass.X + compass.Width + kGap;
-  const double southEnd = options.Analysis ? cell.Table().X - kGap : right;
+  const bool hasTable = options.Analysis && HasResults(board);
+  const TricksPlace table = cell.Table();
+  const auto endOf = [&](int row) {
+    return hasTable && table.Y < cell.HandTop(row + 1) ? table.X - kGap / 2 : right;
+  };
   const auto draw = [&](int hand, double x, double end, int row) {
     DrawHand(canvas,
              {x, cell.HandTop(row), end - x, cell.LinePitch(), cell.Form.SignPitch, kText.Size,
@@ -96,8 +103,8 @@ void DrawHands(Canvas& canvas, const PrintOptions& options, const Cell& cell, co
   };
   draw(kNorth, compass.X, right, 0);
   draw(kWest, west, compass.X - kGap / 2, 1);
-  draw(kEast, east, right, 1);
-  draw(kSouth, compass.X, southEnd, 2);
+  draw(kEast, east, endOf(1), 1);
+  draw(kSouth, compass.X, endOf(2), 2);
 }
 
 }  // namespace

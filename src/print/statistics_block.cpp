@@ -48,7 +48,7 @@ void DrawStatistics(Canvas& canvas, const PrintOptions& options, const SetTotals
     canvas.Text(kLabelX, yOf(line.At), line.Label, font, kBlack);
     for (std::size_t i = 0; i < cells.size(); ++i) {
       DrawWithin(canvas, labels + static_cast<double>(i) * kColumn * width, yOf(line.At),
-                 kColumn * width, Align::kCentre, Trim(std::string(cells[i])), font, kBlack);
+                 kColumn * width, Align::kCentre, Trim(cells[i]), font, kBlack);
     }
   };
   row(kHeads, HandRow::kColumns);
