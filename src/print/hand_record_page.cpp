@@ -126,7 +126,7 @@ void DrawPageFrame(Canvas& canvas, const PrintOptions& options, std::string_view
 void DrawGrid(Canvas& canvas, const PrintOptions& options, int boards) {
   const Layout& form = LayoutOf(options.PerPage);
   const int rows = (boards + form.Columns - 1) / form.Columns;
-  const double right = canvas.Width() - kCellsX;
+  const double right = canvas.Width() - kGap;
   for (int row = 1; row < rows; ++row) {
     const double y = CellAt(canvas, form, row * form.Columns).Y;
     canvas.Rule(kCellsX, y, right, y, kPale);
