@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,10 +11,14 @@
 
 namespace morvane {
 
+/// The sheet that pages are made for.
+enum class Paper : std::uint8_t { kPrinters, kA4, kLetter };
+
 /// What is told of a job to the printer.
 struct PrintJob {
   std::string Title;
-  int Copies = 1;  ///< made by the printer
+  int Copies = 1;                  ///< made by the printer
+  Paper Sheet = Paper::kPrinters;  ///< of a PDF
 };
 
 /// What can be done with the pages that a preview shows.
@@ -41,7 +46,7 @@ class Printer {
   /// The pages as they would be printed, in a window; returns when it has been closed.
   virtual void Preview(const PrintJob& job, const Draw& draw,
                        const std::vector<PreviewAction>& actions) = 0;
-  /// The bytes of a PDF file with the pages, in the printer's paper format.
+  /// The bytes of a PDF file with the pages; empty when there are no fonts to draw them with.
   [[nodiscard]] virtual std::string Pdf(const PrintJob& job, const Draw& draw) = 0;
 };
 

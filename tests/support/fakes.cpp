@@ -62,7 +62,7 @@ std::optional<int> FakePrinter::Setup(int copies) {
 }
 
 std::optional<RuntimeError> FakePrinter::Print(const PrintJob& job, const Draw& draw) {
-  Jobs.push_back({job.Title, job.Copies});
+  Jobs.push_back({job.Title, job.Copies, job.Sheet});
   Drawn.Begin();
   draw(Drawn);
   return Failure;
@@ -76,6 +76,8 @@ void FakePrinter::Preview(const PrintJob& /*job*/, const Draw& draw,
 }
 
 std::string FakePrinter::Pdf(const PrintJob& job, const Draw& draw) {
+  Pdfs.push_back({job.Title, job.Copies, job.Sheet});
+  if (!HasFonts) return {};
   Drawn.Begin();
   draw(Drawn);
   return "PDF of " + job.Title + ", pages: " + std::to_string(Drawn.Pages.size());

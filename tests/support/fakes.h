@@ -98,6 +98,7 @@ class FakePrinter final : public Printer {
   struct Job {
     std::string Title;
     int Copies = 0;
+    Paper Sheet = Paper::kPrinters;
     bool operator==(const Job&) const = default;
   };
   [[nodiscard]] std::string DeviceName() const override { return Device; }
@@ -105,11 +106,13 @@ class FakePrinter final : public Printer {
   [[nodiscard]] std::optional<RuntimeError> Print(const PrintJob& job, const Draw& draw) override;
   void Preview(const PrintJob& job, const Draw& draw,
                const std::vector<PreviewAction>& actions) override;
-  /// Text that tells the number of pages.
+  /// Text that tells the number of pages; nothing without fonts.
   [[nodiscard]] std::string Pdf(const PrintJob& job, const Draw& draw) override;
 
   std::string Device = "Office";
   std::vector<Job> Jobs;
+  std::vector<Job> Pdfs;
+  bool HasFonts = true;
   std::vector<int> SetupsFrom;          ///< the copies that the dialog started with
   std::optional<int> Confirmed;         ///< the answer of the dialog
   std::optional<RuntimeError> Failure;  ///< of the next jobs, once they are drawn
