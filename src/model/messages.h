@@ -95,7 +95,7 @@ struct Messages {
   std::string Msg076;  ///< (Print: the last board to print is below the first)
   std::string Msg077;  ///< `Error_disp`: the inserted board's label cannot be read
   std::string Msg078;  ///< `Error_disp`: another board is inserted; *** wanted, ### read
-  std::string Msg079;  ///< (Print: a system error; its number and description)
+  std::string Msg079;  ///< Print: a system error; *** its number, ### description
   std::string Msg080;  ///< (Analyze: before it starts, `Analyzer` is not 0; asks)
   std::string Msg081;  ///< (Analyze: before it starts, `Analyzer` is 0; asks)
   std::string Msg082;  ///< (Print: with analysis, and a board has none; asks)
