@@ -10,9 +10,9 @@
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
-#include "platform/qt/pdf_printer.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_instance.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/window_place.h"
@@ -49,8 +49,8 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
         const morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
-  morvane::PdfPrinter pages;
-  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound, pages},
+  morvane::QtPrinter printer(parts.Loop);
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound, printer},
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);

@@ -18,6 +18,8 @@ class QtCanvas final : public Canvas {
 
   /// Whether the device has taken everything so far.
   [[nodiscard]] bool IsGood() const { return good_; }
+  /// Hands the last page over; false when the device does not take it.
+  [[nodiscard]] bool End() { return painter_.end(); }
 
   [[nodiscard]] double Width() const override;
   [[nodiscard]] double Height() const override;

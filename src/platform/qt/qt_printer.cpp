@@ -1,0 +1,168 @@
+#include "platform/qt/qt_printer.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/qt/pdf_pages.h"
+#include "platform/qt/preview_window.h"
+#include "platform/qt/qt_canvas.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/window_place.h"
+
+namespace morvane {
+namespace {
+
+constexpr double kLeastMargin = 12;  // points; many printers tell less than they reach
+
+QWidget* Owner() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+bool IsPaper(const QPrinter& device) { return device.outputFormat() == QPrinter::NativeFormat; }
+bool IsFile(const QPrinter& device) {
+  return !IsPaper(device) && !device.outputFileName().isEmpty();
+}
+
+/// Upright, whatever the dialog said, within what the printer reaches.
+void LayOut(QPrinter& device) {
+  device.setFullPage(false);
+  device.setPageOrientation(QPageLayout::Portrait);
+  QPageLayout layout = device.pageLayout();
+  layout.setUnits(QPageLayout::Point);
+  const QMarginsF least = layout.minimumMargins();
+  device.setPageMargins(
+      {std::max(least.left(), kLeastMargin), std::max(least.top(), kLeastMargin),
+       std::max(least.right(), kLeastMargin), std::max(least.bottom(), kLeastMargin)},
+      QPageLayout::Point);
+}
+
+/// It sets up; what prints is another button.
+void NameButtons(QPrintDialog& dialog) {
+  const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+  if (buttons == nullptr) return;  // the system's own
+  if (QPushButton* button = buttons->button(QDialogButtonBox::Ok)) button->setText("OK");
+}
+
+/// Whether it was confirmed; a program that quits does not.
+bool Confirmed(QPrintDialog& dialog, EventLoop& loop) {
+#ifdef _WIN32
+  static_cast<void>(loop);
+  return dialog.exec() == QDialog::Accepted;  // the system's own has a loop of its own
+#else
+  dialog.open();
+  FitToScreen(dialog);
+  loop.RunUntil([&dialog] { return !dialog.isVisible(); });
+  return !dialog.isVisible() && dialog.result() == QDialog::Accepted;
+#endif
+}
+
+bool HasFailed(const QPrinter& device) {
+  return device.printerState() == QPrinter::Aborted || device.printerState() == QPrinter::Error;
+}
+
+RuntimeError NotTaken(const QPrinter& device) {
+  const bool aborted = device.printerState() == QPrinter::Aborted;
+  return {aborted ? ECANCELED : EIO,
+          aborted ? "The printer has aborted the job" : "The printer takes no more pages"};
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter(EventLoop& loop, std::unique_ptr<PrintSystem> system)
+    : loop_(loop), system_(std::move(system)) {}
+
+/// A printer may have come since there was none.
+QPrinter& QtPrinter::Device() const {
+  if (!device_) {
+    device_ = system_->MakeDevice();
+  } else if (!IsPaper(*device_) && !IsFile(*device_)) {
+    const QString name = system_->DefaultName();
+    if (!name.isEmpty()) device_->setPrinterName(name);
+  }
+  return *device_;
+}
+
+QPrinter& QtPrinter::DeviceFor(const PrintJob& job) {
+  QPrinter& device = Device();
+  LayOut(device);
+  device.setDocName(ToQt(job.Title));
+  device.setCreator("Morvane");
+  device.setCopyCount(job.Copies);
+  return device;
+}
+
+std::string QtPrinter::DeviceName() const {
+  const QPrinter& device = Device();
+  return FromQt(IsFile(device) ? device.outputFileName() : device.printerName());
+}
+
+std::optional<int> QtPrinter::Setup(int copies) {
+  QPrinter& device = Device();
+  LayOut(device);
+  device.setCopyCount(copies);
+  QPrintDialog dialog(&device, Owner());
+  dialog.setObjectName("PrinterSetup");
+  dialog.setWindowTitle("Printer Setup");
+  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
+                    QAbstractPrintDialog::PrintCollateCopies);
+  NameButtons(dialog);
+  if (!Confirmed(dialog, loop_)) return std::nullopt;
+  return device.copyCount();
+}
+
+std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& draw) {
+  QPrinter& device = DeviceFor(job);
+  if (IsFile(device)) {
+    return WriteFile(FromQt(device.outputFileName()),
+                     PdfPages(job, draw, device.pageLayout().pageSize()));
+  }
+  if (!IsPaper(device)) return RuntimeError{ENODEV, "There is no printer"};
+  if (!system_->Has(device.printerName())) {
+    return RuntimeError{ENODEV,
+                        "The printer " + FromQt(device.printerName()) + " is not there any more"};
+  }
+  int passes = device.supportsMultipleCopies() ? 1 : job.Copies;
+  for (; passes > 0; --passes) {
+    if (auto error = PrintOnce(device, draw)) return error;
+  }
+  return std::nullopt;
+}
+
+std::optional<RuntimeError> QtPrinter::PrintOnce(QPrinter& device, const Draw& draw) {
+  {
+    QtCanvas canvas(device);
+    if (!canvas.IsGood()) return RuntimeError{EIO, "The printer does not take the job"};
+    draw(canvas);
+    if (loop_.Quitting()) device.abort();
+    if (!canvas.IsGood() || HasFailed(device)) return NotTaken(device);
+    if (!canvas.End()) return NotTaken(device);
+  }
+  if (HasFailed(device)) return NotTaken(device);
+  return system_->RefusedJob();
+}
+
+void QtPrinter::Preview(const PrintJob& job, const Draw& draw,
+                        const std::vector<PreviewAction>& actions) {
+  const auto paint = [&draw](QPrinter& device) {
+    QtCanvas canvas(device);
+    draw(canvas);
+  };
+  PreviewWindow window(DeviceFor(job), paint, actions, Owner());
+  if (previewSize_.isValid()) window.resize(previewSize_);
+  FitToScreen(window);
+  window.open();
+  loop_.RunUntil([&window] { return !window.isVisible(); });
+  previewSize_ = window.size();
+}
+
+std::string QtPrinter::Pdf(const PrintJob& job, const Draw& draw) {
+  return PdfPages(job, draw, Device().pageLayout().pageSize());
+}
+
+}  // namespace morvane
