@@ -123,16 +123,15 @@ void PreviewWindow::ShowPage(int page) {
   ShowWhere();
 }
 
-/// The button that has just turned to the last page keeps the focus by handing it on.
+/// The button that has just turned to the last page hands its focus on.
 void PreviewWindow::ShowWhere() {
   const int page = pages_->currentPage();
   const int count = pages_->pageCount();
-  const bool first = page <= 1;
-  const bool last = page >= count;
-  if (first && previous_->hasFocus()) next_->setFocus();
-  if (last && next_->hasFocus()) previous_->setFocus();
-  previous_->setEnabled(!first);
-  next_->setEnabled(!last);
+  for (QPushButton* button : {previous_, next_}) button->setEnabled(count > 1);
+  if (page <= 1 && previous_->hasFocus()) next_->setFocus();
+  if (page >= count && next_->hasFocus()) previous_->setFocus();
+  previous_->setEnabled(page > 1);
+  next_->setEnabled(page < count);
   where_->Show(QString("Page %1 of %2").arg(count == 0 ? 0 : page).arg(count));
 }
 
