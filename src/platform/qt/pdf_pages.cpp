@@ -14,6 +14,11 @@ constexpr double kMargin = 12;  // points; what common printers reach
 
 }  // namespace
 
+QPageSize PageSizeOf(Paper sheet, const QPageSize& usual) {
+  if (sheet == Paper::kPrinters) return usual;
+  return QPageSize(sheet == Paper::kLetter ? QPageSize::Letter : QPageSize::A4);
+}
+
 std::string PdfPages(const PrintJob& job, const Printer::Draw& draw, const QPageSize& paper) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);

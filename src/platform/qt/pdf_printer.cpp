@@ -8,11 +8,10 @@
 namespace morvane {
 namespace {
 
-/// Where nothing is said, what is used in the country.
-QPageSize SizeOf(Paper sheet) {
+/// What is used in the country.
+QPageSize UsualSize() {
   const bool inches = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-  const bool letter = sheet == Paper::kLetter || (sheet == Paper::kPrinters && inches);
-  return QPageSize(letter ? QPageSize::Letter : QPageSize::A4);
+  return QPageSize(inches ? QPageSize::Letter : QPageSize::A4);
 }
 
 }  // namespace
@@ -23,7 +22,7 @@ std::optional<RuntimeError> PdfPrinter::Print(const PrintJob& /*job*/, const Dra
 
 std::string PdfPrinter::Pdf(const PrintJob& job, const Draw& draw) {
   if (QFontDatabase::families().isEmpty()) return {};
-  return PdfPages(job, draw, SizeOf(job.Sheet));
+  return PdfPages(job, draw, PageSizeOf(job.Sheet, UsualSize()));
 }
 
 }  // namespace morvane

@@ -21,9 +21,17 @@ QStringList FamiliesOf(Typeface face) {
     case Typeface::kSymbol:
       // Those that are named "Symbol" draw nothing for the code points of the suits, or put other
       // signs into the text of a PDF.
-      return {"DejaVu Sans", "Segoe UI Symbol"};
+      return {"DejaVu Sans", "Segoe UI Symbol", "Noto Sans Symbols2", "Noto Sans Symbols"};
   }
   return {};
+}
+
+QFont FaceOf(const Font& font) {
+  QFont face(FamiliesOf(font.Face));
+  face.setPointSizeF(font.Size);
+  face.setBold(font.Bold);
+  face.setHintingPreference(QFont::PreferNoHinting);
+  return face;
 }
 
 QColor ColourOf(Colour colour) { return {colour.Red, colour.Green, colour.Blue}; }
@@ -43,11 +51,11 @@ double QtCanvas::Height() const {
 }
 
 double QtCanvas::WidthOf(std::string_view text, const Font& font) const {
-  return QFontMetricsF(FontOf(font), &device_).horizontalAdvance(ToQt(text)) / scale_;
+  return LettersOf(font).Metrics.horizontalAdvance(ToQt(text)) / scale_;
 }
 
 void QtCanvas::Text(double x, double y, std::string_view text, const Font& font, Colour colour) {
-  painter_.setFont(FontOf(font));
+  painter_.setFont(LettersOf(font).Face);
   painter_.setPen(ColourOf(colour));
   painter_.drawText(QPointF(x, y + Ascent(font)) * scale_, ToQt(text));
 }
@@ -68,13 +76,12 @@ bool QtCanvas::NewPage() {
   return good_;
 }
 
-const QFont& QtCanvas::FontOf(const Font& font) const {
-  const auto [place, isNew] = fonts_.try_emplace({font.Face, font.Size, font.Bold});
-  if (isNew) {
-    place->second.setFamilies(FamiliesOf(font.Face));
-    place->second.setPointSizeF(font.Size);
-    place->second.setBold(font.Bold);
-    place->second.setHintingPreference(QFont::PreferNoHinting);
+const QtCanvas::Letters& QtCanvas::LettersOf(const Font& font) const {
+  const std::tuple key{font.Face, font.Size, font.Bold};
+  auto place = letters_.find(key);
+  if (place == letters_.end()) {
+    const QFont face = FaceOf(font);
+    place = letters_.emplace(key, Letters{face, QFontMetricsF(face, &device_)}).first;
   }
   return place->second;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <map>
@@ -30,12 +31,16 @@ class QtCanvas final : public Canvas {
   [[nodiscard]] bool NewPage() override;
 
  private:
-  [[nodiscard]] const QFont& FontOf(const Font& font) const;
+  struct Letters {
+    QFont Face;
+    QFontMetricsF Metrics;
+  };
+  [[nodiscard]] const Letters& LettersOf(const Font& font) const;
 
   QPagedPaintDevice& device_;
   QPainter painter_;
   double scale_ = 1;  ///< dots of the device in a point
-  mutable std::map<std::tuple<Typeface, double, bool>, QFont> fonts_;
+  mutable std::map<std::tuple<Typeface, double, bool>, Letters> letters_;
   bool good_ = true;
 };
 

@@ -162,7 +162,7 @@ void QtPrinter::Preview(const PrintJob& job, const Draw& draw,
 }
 
 std::string QtPrinter::Pdf(const PrintJob& job, const Draw& draw) {
-  return PdfPages(job, draw, Device().pageLayout().pageSize());
+  return PdfPages(job, draw, PageSizeOf(job.Sheet, Device().pageLayout().pageSize()));
 }
 
 }  // namespace morvane
