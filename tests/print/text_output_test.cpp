@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 #include "print/paper_boards.h"
@@ -15,7 +16,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 bool GoOn() { return true; }
 
@@ -132,6 +132,23 @@ TEST(TextOutput, TheLongestSuitsOfAllCountriesAreWhole) {
   // 16 + 15 characters and a blank; 17 and six blanks.
   EXPECT_THAT(text, HasSubstr("BD:  2        S-EKDKn1098765432 Dlr: E\r\n"));
   EXPECT_THAT(text, HasSubstr("\r\nC-EKDKn1098765432      C-\r\n"));
+}
+
+TEST(TextOutput, RanksAreInTheLettersOfEachCountry) {
+  const std::array<std::string, 7> letters{"AKQJT", "ARDVX", "1RDVX", "AKDBZ",
+                                           "AHVBT", "EKDBT", "EKDKnT"};
+  for (std::size_t national = 0; national < letters.size(); ++national) {
+    PrintOptions options;
+    options.National = static_cast<int>(national);
+    const std::string& top = letters[national];
+    // East holds all hearts.
+    EXPECT_THAT(TextOf(test::SuitBoard(2), 2, options),
+                HasSubstr("\r\nH-                     H-" + top + "98765432\r\n"));
+    options.TenAsNumber = true;
+    const std::string court = top.substr(0, top.size() - 1);
+    EXPECT_THAT(TextOf(test::SuitBoard(2), 2, options),
+                HasSubstr("\r\nH-                     H-" + court + "1098765432\r\n"));
+  }
 }
 
 TEST(TextOutput, HeaderAndDateStandBeforeTheFirstBoardOnly) {
