@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "print/print_options.h"
+#include "program/program.h"
+
+namespace morvane::print {
+
+// The runs of the printing dialog; what they print has been checked. `boardDone` is called behind
+// each board and says whether to go on. The operator has been told of a run that is false, unless
+// it was the operator or the end of the program who ended it.
+
+/// Pages to the current printer, hand records or score cards as the job says.
+bool PrintPages(Program& program, const PrintOptions& job, const std::function<bool()>& boardDone);
+
+/// The same pages into a PDF file, which is asked for.
+bool SavePages(Program& program, const PrintOptions& job, const std::function<bool()>& boardDone);
+
+/// The pages in the preview's window, from where the operator may `print` or `save` them.
+void PreviewPages(Program& program, const PrintOptions& job, const std::function<void()>& print,
+                  const std::function<void()>& save);
+
+}  // namespace morvane::print
