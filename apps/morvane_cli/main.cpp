@@ -1,9 +1,13 @@
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <algorithm>
 #include <iostream>
+#include <memory>
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
 #include "cli/job.h"
+#include "cli/registry.h"
 #include "end_signals.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
@@ -16,10 +20,24 @@ class NoSound final : public morvane::Sound {
   void Play(const std::string&) override {}
 };
 
+/// Pages need fonts, which come with an application that could show windows; it takes longer to
+/// start, and no display.
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
+  const bool draws = std::any_of(argv, argv + argc, [](const char* word) {
+    const auto* const command = morvane::cli::FindCommand(word);
+    return command != nullptr && command->Draws;
+  });
+  if (!draws) return std::make_unique<QCoreApplication>(argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // It speaks of the session that it misses. QT_LOGGING_RULES brings that back.
+  QLoggingCategory::setFilterRules("*.warning=false");
+  return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
+  const auto application = MakeApplication(argc, argv);
   if (!morvane::AreText(argc, argv)) {
     std::cerr << "morvane-cli: an argument is not UTF-8 text\n";
     return morvane::cli::kWrongUsage;

@@ -51,6 +51,7 @@ struct Command {
   std::span<const Option> Options = {};  ///< beside those of every command
   std::string_view Summary;              ///< what it does, for its help
   std::string_view Note = {};            ///< what the usage page has to say about it too
+  bool Draws = false;                    ///< pages, with fonts
   /// Takes the options. What is wrong with them is left in `given`, and the task then means
   /// nothing.
   Task (*Prepare)(OptionReader& given) = nullptr;

@@ -132,7 +132,7 @@ GenerateOptions ReadGenerateOptions(OptionReader& given) {
   GenerateOptions options{.Out = given.Path(0),
                           .First = given.BoardNumber("first"),
                           .Last = given.BoardNumber("last"),
-                          .Generator = given.Choice("generator", "bigdeal", "morvane"),
+                          .Generator = given.Choice("generator", {"bigdeal", "morvane"}),
                           .Empty = given.Has("empty"),
                           .Shapes = given.Switch("shapes"),
                           .Inner = given.Switch("inner"),

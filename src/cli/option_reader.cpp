@@ -20,6 +20,17 @@ std::optional<int> NumberOf(const std::string& text) {
   return number;
 }
 
+/// "one, two or three".
+std::string ListOf(std::initializer_list<std::string_view> words) {
+  std::string text;
+  for (const auto* word = words.begin(); word != words.end(); ++word) {
+    const bool isLast = word + 1 == words.end();
+    if (word != words.begin()) text += isLast ? " or " : ", ";
+    text += *word;
+  }
+  return text;
+}
+
 }  // namespace
 
 std::optional<std::string> OptionReader::Word(std::size_t at) const {
@@ -65,11 +76,11 @@ std::optional<bool> OptionReader::Switch(std::string_view name) {
   return std::nullopt;
 }
 
-std::optional<std::string> OptionReader::Choice(std::string_view name, std::string_view one,
-                                                std::string_view other) {
+std::optional<std::string> OptionReader::Choice(std::string_view name,
+                                                std::initializer_list<std::string_view> words) {
   auto text = Text(name);
-  if (!text || *text == one || *text == other) return text;
-  Wrong(name, *text, std::string(one) + " or " + std::string(other));
+  if (!text || std::find(words.begin(), words.end(), *text) != words.end()) return text;
+  Wrong(name, *text, ListOf(words));
   return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -35,9 +36,9 @@ class OptionReader {
   std::optional<std::string> BoardNumber(std::string_view name);
   /// "on" or "off".
   std::optional<bool> Switch(std::string_view name);
-  /// One of the two words.
-  std::optional<std::string> Choice(std::string_view name, std::string_view one,
-                                    std::string_view other);
+  /// One of the words, of which there are two at least.
+  std::optional<std::string> Choice(std::string_view name,
+                                    std::initializer_list<std::string_view> words);
   /// So many hexadecimal digits of either case.
   std::optional<std::string> Hex(std::string_view name, std::size_t digits);
 

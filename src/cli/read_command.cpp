@@ -143,7 +143,7 @@ ReadOptions ReadReadOptions(OptionReader& given) {
   return {.Out = given.Path(0),
           .First = given.BoardNumber("first"),
           .Last = given.BoardNumber("last"),
-          .Mode = given.Choice("mode", "1", "2"),
+          .Mode = given.Choice("mode", {"1", "2"}),
           .Auto = given.Has("auto"),
           .Yes = given.Has("yes")};
 }

@@ -9,6 +9,7 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/print_command.h"
 #include "cli/read_command.h"
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
@@ -17,9 +18,10 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 10> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand,    &kStatsCommand, &kDealCommand,
-    &kReadCommand,     &kSortCommand,    &kHistoryCommand, &kAuditCommand, &kHelpCommand};
+constexpr std::array<const Command*, 11> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kStatsCommand,
+    &kPrintCommand,    &kDealCommand,    &kReadCommand, &kSortCommand,
+    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

@@ -90,15 +90,15 @@ struct Messages {
   std::string Msg071;  ///< `Load_number`: what can be done
   std::string Msg072;  ///< `Load_number`: why it asks, for a DUP file
   std::string Msg073;  ///< `Load_number`: the set would not lie within 1..640; *** the most
-  std::string Msg074;  ///< (Print: the first board to print is not in the set)
-  std::string Msg075;  ///< (Print: the last board to print is not in the set)
-  std::string Msg076;  ///< (Print: the last board to print is below the first)
+  std::string Msg074;  ///< Print: the first board to print is not in the set
+  std::string Msg075;  ///< Print: the last board to print is not in the set
+  std::string Msg076;  ///< Print: the last board to print is below the first
   std::string Msg077;  ///< `Error_disp`: the inserted board's label cannot be read
   std::string Msg078;  ///< `Error_disp`: another board is inserted; *** wanted, ### read
   std::string Msg079;  ///< Print: a system error; *** its number, ### description
   std::string Msg080;  ///< (Analyze: before it starts, `Analyzer` is not 0; asks)
   std::string Msg081;  ///< (Analyze: before it starts, `Analyzer` is 0; asks)
-  std::string Msg082;  ///< (Print: with analysis, and a board has none; asks)
+  std::string Msg082;  ///< Print: with analysis, and a board has none; asks
   std::string Msg083;  ///< Start: the data folder cannot be entered, by history or log
   std::string Msg084;  ///< History: its file cannot be read, at the start or before an entry
   std::string Msg085;  ///< History: its file cannot be written or locked

@@ -10,6 +10,7 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/print_command.h"
 #include "cli/read_command.h"
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
@@ -84,6 +85,7 @@ struct CliDesk {
   ExitStatus Run(const ConvertOptions& options) { return Do(Convert, options); }
   ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
   ExitStatus Run(const StatsOptions& options) { return Do(Stats, options); }
+  ExitStatus Run(const PrintRequest& request) { return Do(Print, request); }
   ExitStatus Run(const DealOptions& options) { return Do(Deal, options); }
   ExitStatus Run(const ReadOptions& options) { return Do(Read, options); }
   ExitStatus Run(const SortOptions& options) { return Do(Sort, options); }
