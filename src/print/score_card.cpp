@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "print/board_parts.h"
+#include "print/shrunk_canvas.h"
 
 namespace morvane::print {
 namespace {
@@ -33,7 +34,6 @@ constexpr int kLines = 16;  // with the header the rows are 17
 constexpr Font kColumnHeader{Typeface::kTimes, 10};
 constexpr Font kPairNumber{Typeface::kTimes, 16};
 
-/// The widths are those of a card as wide as usual.
 struct Column {
   std::string_view Upper;
   std::string_view Lower;
@@ -48,99 +48,88 @@ constexpr std::array<Column, 8> kColumns{{{"NS", "Pair", 30},
                                           {"EW", "Score", 30},
                                           {"Match", "Points", 31}}};
 
-/// Where a card stands on the page.
-struct Card {
-  double X = 0;
-  double Width = 0;
-};
-
-/// A narrow paper makes the card narrower, too.
-Card CardOn(const Canvas& canvas, int n) {
-  return {n % 2 == 1 ? kLeftCard : kRightCard, std::min(kCardWidth, canvas.Width() - kRightCard)};
-}
-
 double TopOfLine(int line) { return kTableTop + kHeaderHeight + line * kRowHeight; }
 
-void DrawHead(Canvas& canvas, const Card& card, Colour colour, int n) {
-  const double dealer = card.X + 0.31 * card.Width;
-  const double vul = card.X + 0.63 * card.Width;
+// `left` is the left edge of the card.
+
+void DrawHead(Canvas& canvas, double left, Colour colour, int n) {
+  const double dealer = left + 0.31 * kCardWidth;
+  const double vul = left + 0.63 * kCardWidth;
   const double y = kHeadTop + Ascent(kBoardNumber) - Ascent(kHead);
-  const double number = card.X + canvas.WidthOf("Board ", kHead);
-  canvas.Text(card.X, y, "Board", kHead, colour);
+  const double number = left + canvas.WidthOf("Board ", kHead);
+  canvas.Text(left, y, "Board", kHead, colour);
   DrawWithin(canvas, number, kHeadTop, dealer - number, Align::kLeft, std::to_string(n),
              kBoardNumber, colour);
   DrawWithin(canvas, dealer, y, vul - dealer, Align::kCentre,
              std::string("Dealer: ") + HandLetter(DealerOfNumber(n)), kHead, colour);
-  DrawWithin(canvas, vul, y, card.X + card.Width - vul, Align::kRight,
+  DrawWithin(canvas, vul, y, left + kCardWidth - vul, Align::kRight,
              "Vul:     " + std::string(VulNameLong[static_cast<std::size_t>(VulOfNumber(n))]),
              kHead, colour);
 }
 
-void DrawHands(Canvas& canvas, const PrintOptions& options, const Card& card, const Board& board) {
+void DrawHands(Canvas& canvas, const PrintOptions& options, double left, const Board& board) {
   const bool hasTable = options.Analysis && HasResults(board);
   const double east = kCompass.X + kCompass.Width + kGap;
   const auto draw = [&](int hand, double from, double to, double y) {
     constexpr double kSignPitch = 1.25;
     constexpr double kSignSize = 14;
     constexpr double kRankSize = 12;
-    DrawHand(canvas, {card.X + from, y, to - from, kSuitPitch, kSignPitch, kSignSize, kRankSize},
+    DrawHand(canvas, {left + from, y, to - from, kSuitPitch, kSignPitch, kSignSize, kRankSize},
              board, hand, options);
   };
-  draw(kNorth, kCompass.X, card.Width, kHandTops[0]);
+  draw(kNorth, kCompass.X, kCardWidth, kHandTops[0]);
   draw(kWest, 0, kCompass.X - kGap, kHandTops[1]);
-  draw(kEast, east, card.Width, kHandTops[1]);
-  draw(kSouth, kCompass.X, hasTable ? kTricks.X - kGap : card.Width, kHandTops[2]);
+  draw(kEast, east, kCardWidth, kHandTops[1]);
+  draw(kSouth, kCompass.X, hasTable ? kTricks.X - kGap : kCardWidth, kHandTops[2]);
 }
 
-void DrawDiagram(Canvas& canvas, const PrintOptions& options, const Card& card,
-                 const Board& board) {
-  DrawHands(canvas, options, card, board);
+void DrawDiagram(Canvas& canvas, const PrintOptions& options, double left, const Board& board) {
+  DrawHands(canvas, options, left, board);
   Area compass = kCompass;
-  compass.X += card.X;
+  compass.X += left;
   DrawCompass(canvas, compass, kColumnHeader.Size);
   if (options.Hcp) {
     PointsPlace points = kPoints;
-    points.Middle += card.X;
+    points.Middle += left;
     DrawPoints(canvas, points, board);
   }
   if (options.Analysis) {
     TricksPlace tricks = kTricks;
-    tricks.X += card.X;
-    tricks.Width = std::min(tricks.Width, card.Width - kTricks.X);
+    tricks.X += left;
     DrawTricks(canvas, tricks, board, options);
   }
 }
 
-void DrawColumnHeader(Canvas& canvas, const Column& column, double x, double width) {
+void DrawColumnHeader(Canvas& canvas, const Column& column, double x) {
   const double line = LineHeight(kColumnHeader);
   const int lines = column.Lower.empty() ? 1 : 2;
   const double y = kTableTop + (kHeaderHeight - lines * line) / 2;
-  DrawWithin(canvas, x, y, width, Align::kCentre, column.Upper, kColumnHeader, kBlack);
-  DrawWithin(canvas, x, y + line, width, Align::kCentre, column.Lower, kColumnHeader, kBlack);
+  DrawWithin(canvas, x, y, column.Width, Align::kCentre, column.Upper, kColumnHeader, kBlack);
+  DrawWithin(canvas, x, y + line, column.Width, Align::kCentre, column.Lower, kColumnHeader,
+             kBlack);
 }
 
 /// The frame, a rule above and below each row, and what stands above the columns.
-void DrawTable(Canvas& canvas, const Card& card) {
+void DrawTable(Canvas& canvas, double left) {
   const double bottom = TopOfLine(kLines);
-  const auto levelRule = [&](double y) { canvas.Rule(card.X, y, card.X + card.Width, y, kBlack); };
+  const auto levelRule = [&](double y) { canvas.Rule(left, y, left + kCardWidth, y, kBlack); };
   levelRule(kTableTop);
   for (int line = 0; line <= kLines; ++line) levelRule(TopOfLine(line));
-  double x = card.X;
+  double x = left;
   canvas.Rule(x, kTableTop, x, bottom, kBlack);
   for (const Column& column : kColumns) {
-    const double width = column.Width * card.Width / kCardWidth;
-    DrawColumnHeader(canvas, column, x, width);
-    x += width;
+    DrawColumnHeader(canvas, column, x);
+    x += column.Width;
     canvas.Rule(x, kTableTop, x, bottom, kBlack);
   }
 }
 
 /// The numbers of the pairs in the first column, their last digits below each other.
-void DrawPairs(Canvas& canvas, const PrintOptions& options, const Card& card) {
+void DrawPairs(Canvas& canvas, const PrintOptions& options, double left) {
   constexpr double kBesideRule = 3;
-  const double width = kColumns.front().Width * card.Width / kCardWidth - 2 * kBesideRule;
+  const double width = kColumns.front().Width - 2 * kBesideRule;
   for (int line = 0; line < kLines; ++line) {
-    DrawWithin(canvas, card.X + kBesideRule,
+    DrawWithin(canvas, left + kBesideRule,
                TopOfLine(line) + (kRowHeight - LineHeight(kPairNumber)) / 2, width, Align::kRight,
                std::to_string(options.NsOffset + line), kPairNumber, kBlack);
   }
@@ -149,11 +138,14 @@ void DrawPairs(Canvas& canvas, const PrintOptions& options, const Card& card) {
 }  // namespace
 
 void DrawScoreCard(Canvas& canvas, const PrintOptions& options, const Board& board, int n) {
-  const Card card = CardOn(canvas, n);
-  DrawHead(canvas, card, HeadColour(options), n);
-  if (options.PrintBoards) DrawDiagram(canvas, options, card, board);
-  DrawTable(canvas, card);
-  if (options.PrintNS) DrawPairs(canvas, options, card);
+  const double fit =
+      std::min(canvas.Width() / (kRightCard + kCardWidth), canvas.Height() / TopOfLine(kLines));
+  ShrunkCanvas paper(canvas, std::min(fit, 1.0));
+  const double left = n % 2 == 1 ? kLeftCard : kRightCard;
+  DrawHead(paper, left, HeadColour(options), n);
+  if (options.PrintBoards) DrawDiagram(paper, options, left, board);
+  DrawTable(paper, left);
+  if (options.PrintNS) DrawPairs(paper, options, left);
 }
 
 }  // namespace morvane::print

@@ -277,13 +277,17 @@ TEST_F(ScoreCardTest, NothingOverlapsOrLeavesTheCard) {
   }
 }
 
-TEST_F(ScoreCardTest, ANarrowPaperMakesTheCardsNarrower) {
-  canvas.PageWidth = 530;
+TEST_F(ScoreCardTest, APaperThatIsTooSmallHasAllOfItInProportion) {
   options.PrintNS = true;
-  for (const Board& board : {test::VoidBoard(8), test::SuitBoard(8)}) {
-    EXPECT_THAT(test::PageFaults(Card(board, 8), {300, 0, 230, 768}), IsEmpty());
-    EXPECT_THAT(test::PageFaults(Card(board, 7), {15, 0, 230, 768}), IsEmpty());
-  }
+  canvas.PageWidth = 555.0 / 2;
+  const Board board = test::VoidBoard(8);
+  EXPECT_THAT(test::PageFaults(Card(board, 8), {150, 0, 127.5, 365}), IsEmpty());
+  EXPECT_EQ(canvas.Pages.front().Find("Dealer: W").front().Font.Size, 7);
+  EXPECT_EQ(canvas.Pages.front().Find(kSpade).front().Y, 38.5);
+  EXPECT_THAT(test::PageFaults(Card(board, 7), {7.5, 0, 127.5, 365}), IsEmpty());
+  canvas.PageWidth = 571;
+  canvas.PageHeight = 365;  // half of what ends at 730
+  EXPECT_THAT(test::PageFaults(Card(board, 8), {150, 0, 127.5, 365}), IsEmpty());
 }
 
 TEST_F(ScoreCardTest, AnEvenBoardEndsThePage) {
