@@ -36,7 +36,8 @@ struct Cell {
   /// Where there is room, the hands keep off the rule above.
   [[nodiscard]] double HandTop(int row) const {
     const double room = Height - 3 * kSuits * LinePitch();
-    return Y + std::min(room / 2, kGap) + row * kSuits * LinePitch();
+    constexpr double kAbove = 1.0 / 3;  // the tails of the last line need the rest
+    return Y + std::min(room * kAbove, kGap) + row * kSuits * LinePitch();
   }
   [[nodiscard]] Area Compass() const {
     constexpr double kFifths = 5;

@@ -52,17 +52,19 @@ Area InkOf(const DrawnText& drawn) {
           (kCapitals + (hasTail ? kTails : 0)) * size};
 }
 
-std::vector<std::string> PageFaults(const DrawnPage& page, const Area& within) {
+std::vector<std::string> PageFaults(const DrawnPage& page, const Area& within,
+                                    const std::function<Area(const DrawnText&)>& ink) {
   std::vector<std::string> faults;
+  std::vector<Area> inks;
+  for (const DrawnText& text : page.Texts) inks.push_back(ink(text));
   for (std::size_t i = 0; i < page.Texts.size(); ++i) {
-    const Area ink = InkOf(page.Texts[i]);
-    if (!Holds(within, ink)) faults.push_back(NameOf(page.Texts[i]) + " leaves the page");
+    if (!Holds(within, inks[i])) faults.push_back(NameOf(page.Texts[i]) + " leaves the page");
     for (std::size_t k = i + 1; k < page.Texts.size(); ++k) {
-      if (!Meet(ink, InkOf(page.Texts[k]))) continue;
+      if (!Meet(inks[i], inks[k])) continue;
       faults.push_back(NameOf(page.Texts[i]) + " overlaps " + NameOf(page.Texts[k]));
     }
     for (const DrawnRule& rule : page.Rules) {
-      if (Crosses(rule, ink)) faults.push_back("a rule runs through " + NameOf(page.Texts[i]));
+      if (Crosses(rule, inks[i])) faults.push_back("a rule runs through " + NameOf(page.Texts[i]));
     }
   }
   for (const DrawnRule& rule : page.Rules) {

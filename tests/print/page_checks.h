@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ namespace morvane::test {
 [[nodiscard]] Area InkOf(const DrawnText& drawn);
 
 /// What is wrong with the look of a page, a line each: a text over another, a rule through a text,
-/// anything outside of `within`.
-[[nodiscard]] std::vector<std::string> PageFaults(const DrawnPage& page, const Area& within);
+/// anything outside of `within`. `ink` tells the room of a text.
+[[nodiscard]] std::vector<std::string> PageFaults(
+    const DrawnPage& page, const Area& within,
+    const std::function<Area(const DrawnText&)>& ink = InkOf);
 /// The same for a whole page of `canvas`.
 [[nodiscard]] std::vector<std::string> PageFaults(const RecordingCanvas& canvas,
                                                   const DrawnPage& page);
