@@ -38,9 +38,7 @@ class PrintProgress {
 
 void NameFiles(ConsoleUi& ui, const PaperRequest& request) {
   for (const char* title : {print::kParameterError, "Printing"}) ui.NameFile(title, request.In);
-  for (const char* title : {print::kPrintingError, "Print to the Text File"}) {
-    ui.NameFile(title, request.Out);
-  }
+  ui.NameFile(print::kPrintingError, request.Out);
 }
 
 /// The set would be gone.
@@ -114,6 +112,10 @@ std::optional<PrintOptions> TakePaper(Job& job, const PaperRequest& request,
   options.Mode = mode;
   if (!RangeIsRight(program, options) || !MayLackTables(job, options)) return std::nullopt;
   return options;
+}
+
+void LogParameters(Program& program, const PrintOptions& options) {
+  program.Log.WriteLine("  Print parameters: " + print::PrintParameters(options));
 }
 
 ExitStatus PutOnPaper(Job& job, const PaperRequest& request,

@@ -42,6 +42,8 @@ inline constexpr Option kNationalOption{
 [[nodiscard]] std::optional<print::PrintOptions> TakePaper(Job& job, const PaperRequest& request,
                                                            print::PrintMode mode);
 
+void LogParameters(Program& program, const print::PrintOptions& options);
+
 /// Has `print` do it, boards counted at the terminal, and says so when it was broken off.
 [[nodiscard]] ExitStatus PutOnPaper(
     Job& job, const PaperRequest& request,

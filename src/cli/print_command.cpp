@@ -55,7 +55,7 @@ void CheckTogether(OptionReader& given) {
 bool MakePdf(Job& job, const PrintRequest& request, const PrintOptions& options,
              const std::function<bool()>& boardDone) {
   Program& program = job.Place.Prog;
-  program.Log.WriteLine("  Print parameters: " + print::PrintParameters(options));
+  LogParameters(program, options);
   job.Place.Operator.AnswerNextFile(request.Common.Out);
   const auto path = job.Place.Operator.AskFile({"Save as PDF", "PDF (*.pdf)|*.pdf", 1, "", true});
   return path && print::WritePdf(program, options, *path, SheetOf(request), boardDone);
@@ -114,7 +114,6 @@ constinit const Command kPrintCommand{
     .Summary =
         "Prints hand records or score cards into a PDF file. What no option says, the settings "
         "say; without any, 12 boards stand on a page.",
-    .Note = "print writes OUT as it is named, and needs no display.",
     .Draws = true,
     .Prepare = TaskOf<ReadPrintRequest, Print>};
 

@@ -14,14 +14,15 @@
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
+#include "cli/text_command.h"
 
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 11> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kStatsCommand,
-    &kPrintCommand,    &kDealCommand,    &kReadCommand, &kSortCommand,
-    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
+constexpr std::array<const Command*, 12> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand,  &kStatsCommand,
+    &kPrintCommand,    &kTextCommand,    &kDealCommand,  &kReadCommand,
+    &kSortCommand,     &kHistoryCommand, &kAuditCommand, &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

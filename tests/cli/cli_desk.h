@@ -15,6 +15,7 @@
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
+#include "cli/text_command.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
 
@@ -86,6 +87,7 @@ struct CliDesk {
   ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
   ExitStatus Run(const StatsOptions& options) { return Do(Stats, options); }
   ExitStatus Run(const PrintRequest& request) { return Do(Print, request); }
+  ExitStatus Run(const PaperRequest& request) { return Do(WriteText, request); }
   ExitStatus Run(const DealOptions& options) { return Do(Deal, options); }
   ExitStatus Run(const ReadOptions& options) { return Do(Read, options); }
   ExitStatus Run(const SortOptions& options) { return Do(Sort, options); }

@@ -74,6 +74,15 @@ TEST_F(PrintEndToEnd, ScoreCardsStandTwoAPage) {
   EXPECT_EQ(test::PdfReader(pdf_).Pages(), 3);  // 2; 3 and 4; 5
 }
 
+TEST_F(PrintEndToEnd, TheHandsAsText) {
+  const std::string txt = folder / "evening.txt";
+  const Outcome outcome = RunWith({}, {"text", set_, txt, "--no-analysis", "--from", "640"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Out + outcome.Err, "");
+  EXPECT_THAT(test::Content(txt), HasSubstr("\r\nBD:640        S-AKQJT98765432   Dlr: W\r\n"));
+  EXPECT_EQ(RunWith({}, {"text", set_, "/dev/full", "--no-analysis"}).Status, 1);
+}
+
 TEST_F(PrintEndToEnd, AFullDiskIsToldOf) {
   const Outcome outcome = RunWith({}, {"print", set_, "/dev/full", "--no-analysis"});
   EXPECT_EQ(outcome.Status, 1);
