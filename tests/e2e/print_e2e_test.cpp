@@ -74,6 +74,16 @@ TEST_F(PrintEndToEnd, ScoreCardsStandTwoAPage) {
   EXPECT_EQ(test::PdfReader(pdf_).Pages(), 3);  // 2; 3 and 4; 5
 }
 
+TEST_F(PrintEndToEnd, WithoutFontsThereIsAnErrorInPlaceOfEmptyPages) {
+  test::WriteContent(folder / "fonts.conf", "<fontconfig></fontconfig>");
+  const Outcome outcome = RunWith({"FONTCONFIG_FILE=" + (folder / "fonts.conf")},
+                                  {"print", set_, pdf_, "--no-analysis"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, "Printing Error: " + pdf_ +
+                             ": Error: 2 during printing - There are no fonts\nPrint aborted!\n");
+  EXPECT_FALSE(std::filesystem::exists(pdf_));
+}
+
 TEST_F(PrintEndToEnd, TheHandsAsText) {
   const std::string txt = folder / "evening.txt";
   const Outcome outcome = RunWith({}, {"text", set_, txt, "--no-analysis", "--from", "640"});

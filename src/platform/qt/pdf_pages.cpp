@@ -1,6 +1,7 @@
 #include "platform/qt/pdf_pages.h"
 
 #include <QBuffer>
+#include <QFontMetricsF>
 #include <QPdfWriter>
 
 #include "platform/qt/qt_canvas.h"
@@ -12,6 +13,9 @@ namespace {
 constexpr int kDotsPerInch = 1200;
 constexpr double kMargin = 12;  // points; what common printers reach
 
+/// Families are named also where there are no fonts, and texts become boxes.
+bool HasFonts() { return QFontMetricsF(QFont()).inFont('N'); }
+
 }  // namespace
 
 QPageSize PageSizeOf(Paper sheet, const QPageSize& usual) {
@@ -20,6 +24,7 @@ QPageSize PageSizeOf(Paper sheet, const QPageSize& usual) {
 }
 
 std::string PdfPages(const PrintJob& job, const Printer::Draw& draw, const QPageSize& paper) {
+  if (!HasFonts()) return {};
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
   {

@@ -11,7 +11,7 @@ namespace morvane {
 [[nodiscard]] QPageSize PageSizeOf(Paper sheet, const QPageSize& usual);
 
 /// The bytes of a PDF file with the pages that `draw` draws, upright. It needs a `QGuiApplication`,
-/// and no display.
+/// and no display; empty without fonts.
 [[nodiscard]] std::string PdfPages(const PrintJob& job, const Printer::Draw& draw,
                                    const QPageSize& paper);
 

@@ -1,6 +1,5 @@
 #include "platform/qt/pdf_printer.h"
 
-#include <QFontDatabase>
 #include <QLocale>
 
 #include "platform/qt/pdf_pages.h"
@@ -21,7 +20,6 @@ std::optional<RuntimeError> PdfPrinter::Print(const PrintJob& /*job*/, const Dra
 }
 
 std::string PdfPrinter::Pdf(const PrintJob& job, const Draw& draw) {
-  if (QFontDatabase::families().isEmpty()) return {};
   return PdfPages(job, draw, PageSizeOf(job.Sheet, UsualSize()));
 }
 
