@@ -4,7 +4,7 @@
 #include <array>
 
 #include "print/layout.h"
-#include "print/pdf_file.h"
+#include "print/print_run.h"
 #include "text/text.h"
 
 namespace morvane::cli {

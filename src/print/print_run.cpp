@@ -64,14 +64,19 @@ bool PrintPages(Program& program, const PrintOptions& job, const std::function<b
 
 bool SavePages(Program& program, const PrintOptions& job, const std::function<bool()>& boardDone) {
   const auto path = AskPdfFile(program);
-  if (!path) return false;
-  LogRun(program.Log, job, *path);
+  return path && WritePdf(program, job, *path, Paper::kPrinters, boardDone);
+}
+
+bool WritePdf(Program& program, const PrintOptions& job, const std::string& path, Paper sheet,
+              const std::function<bool()>& boardDone) {
+  LogRun(program.Log, job, path);
   const Document document(program.Set, job);
   bool whole = true;
-  const std::string pdf = program.ThePrinter.Pdf(
-      JobOf(job), [&](Canvas& canvas) { whole = document.Draw(canvas, boardDone); });
+  const std::string pdf =
+      program.ThePrinter.Pdf({TitleOf(job), job.Copies, sheet},
+                             [&](Canvas& canvas) { whole = document.Draw(canvas, boardDone); });
   if (!whole) return false;
-  const auto error = WriteWhole(*path, pdf);
+  const auto error = WriteWhole(path, pdf);
   if (error) ReportPrintFailure(program, *error);
   return !error;
 }

@@ -3,12 +3,13 @@
 #include <functional>
 #include <string>
 
+#include "platform/printer.h"
 #include "print/print_options.h"
 #include "program/program.h"
 
 namespace morvane::print {
 
-// The runs of the printing dialog; what they print has been checked. `boardDone` is called behind
+// The runs of printing; what they print has been checked. `boardDone` is called behind
 // each board and says whether to go on. The operator has been told of a run that is false, unless
 // it was the operator or the end of the program who ended it.
 
@@ -17,6 +18,10 @@ bool PrintPages(Program& program, const PrintOptions& job, const std::function<b
 
 /// The same pages into a PDF file, which is asked for.
 bool SavePages(Program& program, const PrintOptions& job, const std::function<bool()>& boardDone);
+
+/// The same pages into the PDF file `path`.
+bool WritePdf(Program& program, const PrintOptions& job, const std::string& path, Paper sheet,
+              const std::function<bool()>& boardDone);
 
 /// The pages in the preview's window, from where the operator may `print` or `save` them.
 void PreviewPages(Program& program, const PrintOptions& job, const std::function<void()>& print,
