@@ -44,8 +44,8 @@ std::string NameOf(const DrawnText& drawn) {
 }  // namespace
 
 Area InkOf(const DrawnText& drawn) {
-  constexpr double kCapitals = 0.74;  // above the baseline, of the size
-  constexpr double kTails = 0.22;     // below it
+  constexpr double kCapitals = 0.72;  // above the baseline, of the size
+  constexpr double kTails = 0.21;     // below it
   const double size = drawn.Font.Size;
   const bool hasTail = drawn.Text.find_first_of("gjpqyQ,;()[]{}|_@$") != std::string::npos;
   return {drawn.X, drawn.Y + Ascent(drawn.Font) - kCapitals * size, drawn.Width,

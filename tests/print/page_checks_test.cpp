@@ -14,12 +14,12 @@ std::size_t FaultsOf(const RecordingCanvas& canvas) {
 }
 
 TEST(PageChecks, LettersEndOnTheBaselineUnlessTheyHaveTails) {
-  // Size 10: the baseline is 9 below the top, capitals reach 7.4 above it, tails 2.2 below.
+  // Size 10: the baseline is 9 below the top, capitals reach 7.2 above it, tails 2.1 below.
   const DrawnText capitals{"AK", 20, 30, 10, kTen, kInk};
-  EXPECT_DOUBLE_EQ(InkOf(capitals).Y, 31.6);
-  EXPECT_DOUBLE_EQ(InkOf(capitals).Height, 7.4);
+  EXPECT_DOUBLE_EQ(InkOf(capitals).Y, 31.8);
+  EXPECT_DOUBLE_EQ(InkOf(capitals).Height, 7.2);
   const DrawnText tails{"AQ", 20, 30, 10, kTen, kInk};
-  EXPECT_DOUBLE_EQ(InkOf(tails).Height, 9.6);
+  EXPECT_DOUBLE_EQ(InkOf(tails).Height, 9.3);
 }
 
 TEST(PageChecks, TextsMayTouchAndNotOverlap) {
@@ -27,10 +27,10 @@ TEST(PageChecks, TextsMayTouchAndNotOverlap) {
   canvas.Text(10, 10, "AA", kTen, kInk);  // 10..20 wide
   canvas.Text(20, 10, "AA", kTen, kInk);  // beside
   canvas.Text(10, 17.5, "AA", kTen,
-              kInk);  // below: the letters above end at 19, these begin at 19.1
+              kInk);  // below: the letters above end at 19, these begin at 19.3
   EXPECT_EQ(FaultsOf(canvas), 0U);
   canvas.Text(39, 10, "A", kTen, kInk);
-  canvas.Text(43, 15, "A", kTen, kInk);  // 43..48 by 16.6..24 over 39..44 by 11.6..19
+  canvas.Text(43, 15, "A", kTen, kInk);  // 43..48 by 16.8..24 over 39..44 by 11.8..19
   EXPECT_EQ(FaultsOf(canvas), 1U);
 }
 
