@@ -1,5 +1,6 @@
 #include "print/document.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "print/hand_record_page.h"
 #include "print/layout.h"
 #include "print/score_card.h"
+#include "print/shrunk_canvas.h"
 #include "print/statistics_block.h"
 
 namespace morvane::print {
@@ -42,6 +44,13 @@ std::string BoardsText(int first, int last) {
   return "Boards " + std::to_string(first) + " - " + std::to_string(last);
 }
 
+/// Of all lengths: 1 unless the page has less room than the boards take, which A4 and Letter have.
+double PartThatFits(const Canvas& page, PrintMode mode) {
+  constexpr double kWidth = 555;
+  const double height = mode == PrintMode::kScoreCards ? 730 : 768;
+  return std::min({page.Width() / kWidth, page.Height() / height, 1.0});
+}
+
 }  // namespace
 
 Document::Document(const BoardSet& set, PrintOptions options)
@@ -50,7 +59,8 @@ Document::Document(const BoardSet& set, PrintOptions options)
       pages_(options_.Mode == PrintMode::kScoreCards ? CardPages(options_)
                                                      : RecordPages(options_)) {}
 
-bool Document::Draw(Canvas& canvas, const std::function<bool()>& boardDone) const {
+bool Document::Draw(Canvas& page, const std::function<bool()>& boardDone) const {
+  ShrunkCanvas canvas(page, PartThatFits(page, options_.Mode));
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     if (i > 0 && !canvas.NewPage()) return false;
     if (!DrawPage(i, canvas, boardDone)) return false;

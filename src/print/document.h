@@ -25,9 +25,9 @@ class Document {
 
   [[nodiscard]] const std::vector<Page>& Pages() const { return pages_; }
   [[nodiscard]] const PrintOptions& Options() const { return options_; }
-  /// Draws all pages. `boardDone` is called behind each board and says whether to go on; false when
-  /// it or the canvas has ended it.
-  bool Draw(Canvas& canvas, const std::function<bool()>& boardDone) const;
+  /// Draws all pages, on small paper in proportion. `boardDone` is called behind each board and
+  /// says whether to go on; false when it or the canvas has ended it.
+  bool Draw(Canvas& page, const std::function<bool()>& boardDone) const;
 
  private:
   bool DrawPage(std::size_t index, Canvas& canvas, const std::function<bool()>& boardDone) const;

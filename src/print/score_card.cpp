@@ -1,12 +1,10 @@
 #include "print/score_card.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
 
 #include "print/board_parts.h"
-#include "print/shrunk_canvas.h"
 
 namespace morvane::print {
 namespace {
@@ -138,14 +136,11 @@ void DrawPairs(Canvas& canvas, const PrintOptions& options, double left) {
 }  // namespace
 
 void DrawScoreCard(Canvas& canvas, const PrintOptions& options, const Board& board, int n) {
-  const double fit =
-      std::min(canvas.Width() / (kRightCard + kCardWidth), canvas.Height() / TopOfLine(kLines));
-  ShrunkCanvas paper(canvas, std::min(fit, 1.0));
   const double left = n % 2 == 1 ? kLeftCard : kRightCard;
-  DrawHead(paper, left, HeadColour(options), n);
-  if (options.PrintBoards) DrawDiagram(paper, options, left, board);
-  DrawTable(paper, left);
-  if (options.PrintNS) DrawPairs(paper, options, left);
+  DrawHead(canvas, left, HeadColour(options), n);
+  if (options.PrintBoards) DrawDiagram(canvas, options, left, board);
+  DrawTable(canvas, left);
+  if (options.PrintNS) DrawPairs(canvas, options, left);
 }
 
 }  // namespace morvane::print

@@ -277,19 +277,6 @@ TEST_F(ScoreCardTest, NothingOverlapsOrLeavesTheCard) {
   }
 }
 
-TEST_F(ScoreCardTest, APaperThatIsTooSmallHasAllOfItInProportion) {
-  options.PrintNS = true;
-  canvas.PageWidth = 555.0 / 2;
-  const Board board = test::VoidBoard(8);
-  EXPECT_THAT(test::PageFaults(Card(board, 8), {150, 0, 127.5, 365}), IsEmpty());
-  EXPECT_EQ(canvas.Pages.front().Find("Dealer: W").front().Font.Size, 7);
-  EXPECT_EQ(canvas.Pages.front().Find(kSpade).front().Y, 38.5);
-  EXPECT_THAT(test::PageFaults(Card(board, 7), {7.5, 0, 127.5, 365}), IsEmpty());
-  canvas.PageWidth = 571;
-  canvas.PageHeight = 365;  // half of what ends at 730
-  EXPECT_THAT(test::PageFaults(Card(board, 8), {150, 0, 127.5, 365}), IsEmpty());
-}
-
 TEST_F(ScoreCardTest, AnEvenBoardEndsThePage) {
   Boards(3, 6);
   EXPECT_THAT(TheDocument().Pages(), ElementsAre(Page{{3, 4}}, Page{{5, 6}}));
