@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QMainWindow>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <algorithm>
@@ -19,9 +20,15 @@ namespace {
 
 constexpr double kLeastMargin = 12;  // points; many printers tell less than they reach
 
+/// The window that is at work, also while another program has the keyboard.
 QWidget* Owner() {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : QApplication::activeWindow();
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  const auto windows = QApplication::topLevelWidgets();
+  const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() && qobject_cast<const QMainWindow*>(window) != nullptr;
+  });
+  return main == windows.end() ? nullptr : *main;
 }
 
 bool IsPaper(const QPrinter& device) { return device.outputFormat() == QPrinter::NativeFormat; }

@@ -4,26 +4,16 @@
 #include <QTest>
 
 #include "platform/qt/qt_printer.h"
+#include "support/no_printers.h"
 #include "support/qt_desk.h"
 
 namespace morvane {
 namespace {
 
-/// A system without printers.
-class NoPrinters final : public PrintSystem {
- public:
-  [[nodiscard]] std::unique_ptr<QPrinter> MakeDevice() const override {
-    auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    device->setOutputFormat(QPrinter::PdfFormat);
-    return device;
-  }
-  [[nodiscard]] QString DefaultName() const override { return {}; }
-};
-
 class PreviewWindowTest : public ::testing::Test {
  protected:
   test::QtDesk desk;
-  QtPrinter printer{desk.Loop, std::make_unique<NoPrinters>()};
+  QtPrinter printer{desk.Loop, std::make_unique<test::NoPrinters>()};
   int pages = 3;
   int printed = 0;
 

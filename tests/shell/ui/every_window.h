@@ -18,10 +18,13 @@
 #include "machine/sorting_run.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/window_place.h"
+#include "print/document.h"
 #include "shell/ui/main_menu_desk.h"
 #include "simulator/ui/fake_packs.h"
 #include "simulator/ui/machine_panel.h"
+#include "support/no_printers.h"
 
 namespace morvane::shell {
 
@@ -45,6 +48,7 @@ class EveryWindow : public MainMenuTest {
     LookAtBoxes(look);
     LookAtFileDialogs(look);
     LookAtPreferences(look);
+    LookAtPreview(look);
     LookAtGenerate(look);
     LookAtRuns(look);
   }
@@ -140,6 +144,26 @@ class EveryWindow : public MainMenuTest {
     });
     windows.ShowGenerate(form);
     desk.Prog.Set = *before;
+  }
+
+  /// Two pages of the set, on paper of no printer.
+  void LookAtPreview(const Look& look) {
+    QtPrinter printer(desk.Loop, std::make_unique<test::NoPrinters>());
+    desk.When("Preview", [&](QWidget& window) {
+      desk.Loop.Pump();
+      look(window);
+      window.close();
+    });
+    print::PrintOptions options;
+    options.PerPage = 1;
+    options.To = desk.Prog.Set.LastBoard;
+    options.Statistics = print::PrintOptions::kStatisticsLast;
+    const print::Document document(desk.Prog.Set, options);
+    const auto draw = [&document](Canvas& canvas) {
+      static_cast<void>(document.Draw(canvas, [] { return true; }));
+    };
+    printer.Preview({"Boards", 1}, draw,
+                    {{"cmdPrint", "&Print", [] {}}, {"SaveAsPdf", "&Save as PDF...", [] {}}});
   }
 
   void LookAtPreferences(const Look& look) {
