@@ -4,6 +4,7 @@
 #include "files/load_number.h"
 #include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
+#include "print/hand_record.h"
 #include "shell/preferences.h"
 #include "shell/refresh_statistics.h"
 
@@ -16,6 +17,7 @@ class FlowWindows : public files::NumberDialog,
                     public generate::GenerateDialog,
                     public machine::RunDialogs,
                     public edit::EditDialog,
+                    public print::HandRecordDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

@@ -8,6 +8,7 @@
 #include "shell/edit_flow.h"
 #include "shell/exit_flow.h"
 #include "shell/new_flow.h"
+#include "shell/print_flow.h"
 #include "shell/run_flows.h"
 
 namespace morvane::shell {
@@ -141,6 +142,12 @@ void Shell::MenuEdit() {
   const Flow flow(*this);
   EditFlow(program_, generator_, clip_, windows_,
            [this](const std::string& path) { RefuseFirmware(path); });
+}
+
+void Shell::MenuPrint() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  PrintFlow(program_, windows_, [this](const std::string& path) { RefuseFirmware(path); });
 }
 
 void Shell::CmdPref() {

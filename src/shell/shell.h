@@ -60,6 +60,7 @@ class Shell {
   void MenuRead();
   void MenuSort();
   void MenuEdit();
+  void MenuPrint();
   void CmdPref();
 
   /// The event boxes, after every change. The text that the box is to show.

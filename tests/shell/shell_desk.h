@@ -57,6 +57,12 @@ class FakeWindows final : public FlowWindows {
     if (OnEdit) OnEdit(editor);
     return true;
   }
+  bool ShowHandRecord(print::HandRecord& dialog) override {
+    if (!HasWindows) return FlowWindows::ShowHandRecord(dialog);
+    ++HandRecords;
+    if (OnHandRecord) OnHandRecord(dialog);
+    return true;
+  }
   void ShowGenerate(generate::GenerateForm& form) override {
     if (!HasWindows) return FlowWindows::ShowGenerate(form);
     ++Generates;
@@ -87,6 +93,7 @@ class FakeWindows final : public FlowWindows {
   int ToFront = 0;
   int LoadNumbers = 0;
   int Edits = 0;
+  int HandRecords = 0;
   int Generates = 0;
   int PreferencesShown = 0;
   RunWindowNotes Run;
@@ -95,6 +102,7 @@ class FakeWindows final : public FlowWindows {
   std::function<void()> OnMainMenu;
   std::function<void(files::LoadNumber&)> OnLoadNumber;
   std::function<void(edit::Editor&)> OnEdit;
+  std::function<void(print::HandRecord&)> OnHandRecord;
   std::function<void(generate::GenerateForm&)> OnGenerate;
   std::function<void(machine::BoardRun&)> OnRun;  ///< the window has been opened
   std::function<void(machine::SortingRun&)> OnSort;

@@ -31,7 +31,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "menuSort", "S&ort", Qt::CTRL | Qt::Key_T, [&shell] { shell.MenuSort(); });
   AddEntry(*this, "menuEdit", "&Edit", Qt::CTRL | Qt::Key_E, [&shell] { shell.MenuEdit(); });
   AddEntry(*this, "Analize", "&Analyze");
-  AddEntry(*this, "menuPrint", "&Print");
+  AddEntry(*this, "menuPrint", "&Print", QKeySequence::Print, [&shell] { shell.MenuPrint(); });
   AddMaintenanceMenu(serviceLevel);
   AddEntry(*this, "menuPoker", "Po&ker");
   AddSetupMenu(shell);

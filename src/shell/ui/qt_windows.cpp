@@ -7,6 +7,7 @@
 #include "generate/ui/generate.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
+#include "print/ui/hand_record.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/preferences.h"
 
@@ -39,6 +40,13 @@ bool QtWindows::ShowEdit(edit::Editor& editor) {
   edit::EditWindow window(editor, mainMenu_);
   window.open();
   program_.Loop.RunUntil([&editor] { return editor.Closed(); });
+  return true;
+}
+
+bool QtWindows::ShowHandRecord(print::HandRecord& dialog) {
+  print::HandRecordWindow window(dialog, mainMenu_);
+  window.open();
+  program_.Loop.RunUntil([&dialog] { return dialog.Closed(); });
   return true;
 }
 

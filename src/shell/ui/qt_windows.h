@@ -19,6 +19,7 @@ class QtWindows final : public FlowWindows {
   void ShowStatistics(const StatisticsPage& page) override;
   void ShowLoadNumber(files::LoadNumber& dialog) override;
   bool ShowEdit(edit::Editor& editor) override;
+  bool ShowHandRecord(print::HandRecord& dialog) override;
   void ShowGenerate(generate::GenerateForm& form) override;
   void ShowPreferences(Preferences& preferences) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;

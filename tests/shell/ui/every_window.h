@@ -7,6 +7,7 @@
 #include <memory>
 #include <numeric>
 #include <string>
+#include <utility>
 
 #include "files/format_table.h"
 #include "files/load_number.h"
@@ -50,6 +51,7 @@ class EveryWindow : public MainMenuTest {
     LookAtPreferences(look);
     LookAtPreview(look);
     LookAtGenerate(look);
+    LookAtHandRecord(look);
     LookAtRuns(look);
   }
 
@@ -164,6 +166,35 @@ class EveryWindow : public MainMenuTest {
     };
     printer.Preview({"Boards", 1}, draw,
                     {{"cmdPrint", "&Print", [] {}}, {"SaveAsPdf", "&Save as PDF...", [] {}}});
+  }
+
+  /// `HandRecord` without a layout, in each mode, and in the middle of a run.
+  void LookAtHandRecord(const Look& look) {
+    desk.Store.Set(kPrintAnalyze, "0");  // or it asks
+    print::HandRecord dialog(desk.Prog, {});
+    bool looked = false;
+    desk.When("HandRecord", [&](QWidget& window) {
+      look(window);
+      // They may have been scrolled out of sight.
+      const auto choose = [&window](const char* option) {
+        test::Find<QAbstractButton>(window, option).click();
+      };
+      choose("Option3");
+      for (const char* mode : {"PrintMode2", "PrintMode3", "PrintMode1"}) {
+        choose(mode);
+        look(window);
+      }
+      const auto before = desk.Loop.OnPump;
+      desk.Loop.OnPump = [&] {
+        before();
+        if (dialog.BoardsDone() != 2 || std::exchange(looked, true)) return;
+        look(window);
+      };
+      test::Click(window, "cmdPrint");
+      desk.Loop.OnPump = before;
+      window.close();
+    });
+    windows.ShowHandRecord(dialog);
   }
 
   void LookAtPreferences(const Look& look) {

@@ -43,7 +43,7 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
     }
   }
   EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
-                                   "menuDeal", "menuRead", "menuSort", "menuEdit", "cmdPref"));
+                                   "menuDeal", "menuRead", "menuSort", "menuEdit", "menuPrint", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {

@@ -9,7 +9,7 @@
 namespace morvane::shell {
 namespace {
 
-constexpr const char* kNoPrinting = "Print is not available in this version yet";
+constexpr const char* kNoAnalysis = "Analyze is not available in this version yet";
 
 /// What the operator is told of an entry, reached by mouse or keys.
 class MenuTips : public MainMenuTest {
@@ -48,14 +48,14 @@ TEST_F(MenuTips, EveryEntryThatCannotBeUsedSaysWhy) {
 
 TEST_F(MenuTips, OneInTheBarSaysItWhileTheMouseIsOverIt) {
   Start();
-  PointAt("menuPrint");
-  EXPECT_EQ(Message(), kNoPrinting);
+  PointAt("Analize");
+  EXPECT_EQ(Message(), kNoAnalysis);
   PointAt("menuDeal");
   EXPECT_EQ(Message(), "");
   EXPECT_TRUE(test::Visible(*menu, "Panel1"));
   EXPECT_EQ(Text("Panel1"), "Ready");
-  PointAt("Analize");
-  EXPECT_EQ(Message(), "Analyze is not available in this version yet");
+  PointAt("menuPoker");
+  EXPECT_EQ(Message(), "Poker is not available in this version yet");
   QTest::mouseMove(menu->windowHandle(), QPoint(20, menu->height() / 2));
   EXPECT_EQ(Message(), "");
   EXPECT_TRUE(test::Visible(*menu, "Panel1"));
@@ -71,9 +71,7 @@ TEST_F(MenuTips, OneInTheBarIsReachedWithTheKeysAndSaysIt) {
     EXPECT_EQ(Bar().activeAction(), &Entry(name)) << name;
     reached.push_back(Message());
   }
-  EXPECT_THAT(reached,
-              ::testing::ElementsAre("", "", "", "", "Analyze is not available in this version yet",
-                                     kNoPrinting));
+  EXPECT_THAT(reached, ::testing::ElementsAre("", "", "", "", kNoAnalysis, ""));
   test::Press(*menu, Qt::Key_Escape);
   EXPECT_EQ(Message(), "");
   EXPECT_EQ(Text("Panel1"), "Ready");
@@ -81,8 +79,8 @@ TEST_F(MenuTips, OneInTheBarIsReachedWithTheKeysAndSaysIt) {
 
 TEST_F(MenuTips, ItsLetterStartsNothingAndBringsUpTheToolTip) {
   Start();
-  test::Press(*menu, Qt::Key_P, Qt::AltModifier);
-  EXPECT_EQ(QToolTip::text().toStdString(), kNoPrinting);
+  test::Press(*menu, Qt::Key_A, Qt::AltModifier);
+  EXPECT_EQ(QToolTip::text().toStdString(), kNoAnalysis);
   EXPECT_FALSE(shell.FlowActive());
   EXPECT_EQ(Text("Panel1"), "Ready");
 }
@@ -93,7 +91,7 @@ TEST_F(MenuTips, OneInTheBarHasAToolTip) {
     return ToolTipAt(Bar(), Bar().actionGeometry(&Entry(entry)).center());
   };
   EXPECT_EQ(tipOf("menuDeal"), "") << "no caption twice";
-  EXPECT_EQ(tipOf("menuPrint"), kNoPrinting);
+  EXPECT_EQ(tipOf("Analize"), kNoAnalysis);
 }
 
 TEST_F(MenuTips, OneInAMenuSaysItInTheStatusBarAndInAToolTip) {
