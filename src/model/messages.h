@@ -107,7 +107,7 @@ struct Messages {
   std::string Msg088;  ///< (Service file: before it is made; *** its path)
   std::string Msg089;  ///< (Service file: it has been made; *** its path)
   std::string Msg090;  ///< (Analysis: an error that calls for a new installation)
-  std::string Msg091;  ///< Edit: a firmware download is asked for from outside; asks. (Print too)
+  std::string Msg091;  ///< Edit, Print: a firmware download is asked for from outside; asks
   std::string Msg092;  ///< Run window: a firmware download is asked for from outside
   std::string Msg093;  ///< Edit: closed with changes that were not accepted; asks
   std::string Msg094;  ///< (Analysis: a hand of the board has not 13 cards)

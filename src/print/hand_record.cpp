@@ -266,7 +266,9 @@ void HandRecord::Run(const PrintOptions& job, Procedure procedure) {
   Show();
 }
 
+/// Where the printer makes no copies, the pages are drawn again for each.
 bool HandRecord::BoardDone() {
+  if (done_ == inAll_) done_ = 0;
   ++done_;
   if (view_ != nullptr) view_->ShowProgress();
   return program_.Loop.PumpOften();

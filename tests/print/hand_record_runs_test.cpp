@@ -17,6 +17,24 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::SizeIs;
 
+/// It makes no copies by itself.
+class TwicePrinter final : public Printer {
+ public:
+  [[nodiscard]] std::string DeviceName() const override { return {}; }
+  std::optional<int> Setup(int /*copies*/) override { return std::nullopt; }
+  [[nodiscard]] std::optional<RuntimeError> Print(const PrintJob& /*job*/,
+                                                  const Draw& draw) override {
+    test::RecordingCanvas canvas;
+    draw(canvas);
+    draw(canvas);
+    return std::nullopt;
+  }
+  void Preview(const PrintJob&, const Draw&, const std::vector<PreviewAction>&) override {}
+  [[nodiscard]] std::string Pdf(const PrintJob& /*job*/, const Draw& /*draw*/) override {
+    return {};
+  }
+};
+
 TEST(HandRecordRun, PrintsTheBoardsOfTheRangeWithTheCopies) {
   HandRecordDesk desk;
   desk.TypeRange("6", "8");
@@ -44,6 +62,19 @@ TEST(HandRecordRun, HidesTheFramesMovesTheBarAndShowsThemAgain) {
   EXPECT_THAT(desk.View.Progress, ElementsAre(1, 2, 3, 4, 5));
   EXPECT_EQ(desk.Dialog.BoardsInAll(), 5);
   EXPECT_EQ(desk.Ui.Statuses.back(), "Printing");
+}
+
+TEST(HandRecordRun, TheBarStartsAnewWhenThePagesAreDrawnAgain) {
+  PrintDesk desk;
+  TwicePrinter printer;
+  Program program({desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, printer},
+                  desk.Prog.Paths);
+  program.Set = desk.Prog.Set;
+  HandRecord dialog(program, {});
+  FakeHandRecordView view(dialog);
+  dialog.ShowOn(&view);
+  dialog.cmdPrint();
+  EXPECT_THAT(view.Progress, ElementsAre(1, 2, 3, 4, 5, 1, 2, 3, 4, 5));
 }
 
 TEST(HandRecordRun, LetsTheWindowsLiveBehindEachBoard) {
