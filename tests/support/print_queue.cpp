@@ -21,6 +21,48 @@ namespace fs = std::filesystem;
 constexpr const char* kSpooler = "/usr/sbin/cupsd";
 constexpr const char* kHelpers = "/usr/lib/cups/daemon";
 
+/// The description of a printer that takes PDF, on two papers with margins of its own, and can turn
+/// them.
+constexpr const char* kDescription = R"ppd(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "OFFICE.PPD"
+*Product: "(Office)"
+*PSVersion: "(3010.000) 0"
+*Manufacturer: "Paper"
+*ModelName: "Office"
+*ShortNickName: "Office"
+*NickName: "Office"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*LanguageLevel: "3"
+*cupsFilter: "application/pdf 0 -"
+*OpenUI *PageSize/Media Size: PickOne
+*DefaultPageSize: A4
+*PageSize A4/A4: ""
+*PageSize Letter/Letter: ""
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Media Size: PickOne
+*DefaultPageRegion: A4
+*PageRegion A4/A4: ""
+*PageRegion Letter/Letter: ""
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "20 9 577 832"
+*ImageableArea Letter/Letter: "20 9 594 782"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595 842"
+*PaperDimension Letter/Letter: "612 792"
+*OpenUI *Duplex/Two-Sided: PickOne
+*DefaultDuplex: None
+*Duplex None/Off: ""
+*Duplex DuplexNoTumble/Long Edge: ""
+*Duplex DuplexTumble/Short Edge: ""
+*CloseUI: *Duplex
+)ppd";
+
 std::string Socket() { return std::getenv("CUPS_SERVER"); }
 
 bool Answers() {
@@ -65,7 +107,7 @@ void PrintQueue::Stop() {
 
 void PrintQueue::WriteFiles() const {
   const std::string root = folder_.Path();
-  for (const char* name : {"spool", "temp", "cache", "state", "bin/backend", "paper"}) {
+  for (const char* name : {"spool", "temp", "cache", "state", "ppd", "bin/backend", "paper"}) {
     fs::create_directories(root + "/" + name);
   }
   // The spooler's helpers run as another user when it runs as root.
@@ -86,6 +128,7 @@ void PrintQueue::WriteFiles() const {
                "<DefaultPrinter Office>\nDeviceURI paper:/\nState Idle\nAccepting Yes\n"
                "</DefaultPrinter>\n"
                "<Printer Cellar>\nDeviceURI paper:/\nState Idle\nAccepting No\n</Printer>\n");
+  WriteContent(root + "/ppd/Office.ppd", kDescription);
   // A printer that is told job, user, title, copies, options and file.
   WriteContent(root + "/bin/backend/paper", "#!/bin/sh\n[ $# -eq 0 ] && exit 0\ncd " + root +
                                                 "/paper || exit 1\n"

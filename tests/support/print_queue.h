@@ -11,8 +11,10 @@
 namespace morvane::test {
 
 /// Print queues of a spooler that the test has to itself: "Office", which is the default, and
-/// "Cellar", which refuses all jobs. What they print lands in a folder. All queues that this
-/// process sees are those of `CUPS_SERVER`, which `paper_environment.cpp` sets.
+/// "Cellar", which refuses all jobs. Office prints on A4 and Letter, leaves margins of 20, 10, 18
+/// and 9 points (left, top, right, bottom; 10 and 9 are less than what is kept free), and can print
+/// on both sides. What they print lands in a folder. All queues that this process sees are those of
+/// `CUPS_SERVER`, which `paper_environment.cpp` sets.
 class PrintQueue {
  public:
   /// Starts the spooler and waits until it answers.

@@ -1,5 +1,8 @@
 #include "support/print_queue.h"
 
+#include <QAbstractButton>
+#include <QSpinBox>
+
 #include "platform/qt/qt_printer.h"
 #include "support/pdf_reader.h"
 #include "support/qt_desk.h"
@@ -45,6 +48,33 @@ TEST_F(PrintQueueTest, AJobComesOutWithItsTitleItsPagesAndItsCopies) {
   ASSERT_EQ(pdf.Pages(), 2) << "copies are the printer's business";
   EXPECT_EQ(pdf.Words(1), std::vector<std::string>{"first"});
   EXPECT_EQ(pdf.Words(2), std::vector<std::string>{"second"});
+}
+
+// 595 - 20 - 18 and 842 - 12 - 12 points.
+TEST_F(PrintQueueTest, ThePageIsWhatThePrinterReachesAndAtMostTheUsual) {
+  const test::PrintQueue queue;
+  QtPrinter printer(desk.Loop);
+  EXPECT_EQ(printer.Print({"Club Evening", 1},
+                          [](Canvas& canvas) {
+                            EXPECT_NEAR(canvas.Width(), 557, 1);
+                            EXPECT_NEAR(canvas.Height(), 818, 1);
+                          }),
+            std::nullopt);
+}
+
+TEST_F(PrintQueueTest, WhatTheSetupChoosesIsKeptForAllJobs) {
+  test::PrintQueue queue;
+  QtPrinter printer(desk.Loop);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    test::Find<QAbstractButton>(window, "duplexLong").setChecked(true);
+    test::Find<QSpinBox>(window, "copies").setValue(2);
+    test::Press(window, Qt::Key_Return);
+  });
+  EXPECT_EQ(printer.Setup(1), 2);
+  for (int job = 1; job <= 2; ++job) {
+    EXPECT_EQ(printer.Print({"Club Evening", 2}, DrawTwoPages), std::nullopt);
+    EXPECT_THAT(queue.Next().Options, ::testing::HasSubstr("sides=two-sided-long-edge"));
+  }
 }
 
 TEST_F(PrintQueueTest, AQueueThatRefusesJobsSaysSo) {
