@@ -151,7 +151,6 @@ bool BoardRun::TypedIsTaken() {
   }
   parts_.View->ShowControls();  // the range as it stays
   ShowError(refusal);
-  ForgetStarts();
   return false;
 }
 
@@ -207,7 +206,6 @@ void BoardRun::TellOfMissingCards() {
   parts_.View->ShowState();
   parts_.View->ShowBoard();
   ShowError(MissingCardsText());
-  ForgetStarts();
 }
 
 void BoardRun::ShowError(const std::string& text) {

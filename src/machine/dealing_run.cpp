@@ -13,7 +13,7 @@ std::string DealingRun::RefusalOfBoard() const {
 
 void DealingRun::AskAtEnd() {
   const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg060, kYesNoQuestion, "Dealing");
-  ForgetStarts();
+  parts_.TheMachine.ForgetStarts();
   if (answer == kYes) parts_.Walk.BackToStart();
 }
 

@@ -11,6 +11,9 @@ wire::StatusCommand Machine::Poll() const {
                                     (BoxFlag != 0 ? wire::StatusCommand::kBoxAck : 0))};
 }
 
+/// Not 0, so that it is acknowledged; not 1, so that it starts nothing. Required.
+void Machine::ForgetStarts() { PedalFlag = BoxFlag = 2; }
+
 bool Machine::VersionProbe() {
   const bool answered = Exchange(wire::VersionCommand{}).has_value();
   MachineState = answered ? kIdle : kNoVersion;

@@ -40,6 +40,9 @@ class Machine {
   std::int16_t BoxInTicks = 0;    ///< `BoxOutTicks` when the insertion was reported
   std::array<std::int16_t, 5> CardCount{};  ///< [pocket 1..4], as the polls of a run report them
 
+  /// A press or a board that came behind a box is acknowledged and starts nothing.
+  void ForgetStarts();
+
   /// Taken from the version and identity replies; all 0 before.
   wire::VersionReply Version;
   std::uint32_t HardwareId = 0;  ///< bits of `IdentityReply`

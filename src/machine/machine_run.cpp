@@ -150,6 +150,7 @@ void MachineRun::TellOfDownload() {
   program.Link = {};
   const LinkHold hold(parts_.TheMachine);
   program.ShowMessage(program.Texts.Msg092, kOkExclamation, "Download New Firmware");
+  parts_.TheMachine.ForgetStarts();
 }
 
 void MachineRun::cmdBreak() {
@@ -213,13 +214,6 @@ void MachineRun::Note(RunEnd end) {
                 .Outcome = OutcomeInWords(end, Words(), parts_.TheMachine.MachineError),
                 .Good = end == RunEnd::kDone},
                now);
-}
-
-/// What came behind a box: not 0, so that it is acknowledged; not 1, so that it starts nothing.
-/// Required.
-void MachineRun::ForgetStarts() {
-  parts_.TheMachine.PedalFlag = 2;
-  parts_.TheMachine.BoxFlag = 2;
 }
 
 void MachineRun::WindUp() {

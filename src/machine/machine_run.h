@@ -88,8 +88,6 @@ class MachineRun {
 
   /// One run of cards, from its first frame until somebody may start the next.
   void RunCards();
-  /// A press or a board that came behind a box is acknowledged and starts nothing.
-  void ForgetStarts();
   /// While cards run nothing can be changed; what the operator has changed is taken back.
   bool Busy();
   void ShowAll();

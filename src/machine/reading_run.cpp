@@ -61,7 +61,7 @@ void ReadingRun::cmdClear() {
   {
     const LinkHold hold(parts_.TheMachine);
     const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg052, kYesNoQuestion, "Clear Board");
-    ForgetStarts();
+    parts_.TheMachine.ForgetStarts();
     if (answer != kYes) return;
   }
   Clear(parts_.Prog.Set.Current());
@@ -74,7 +74,7 @@ void ReadingRun::cmdClear() {
 RunEnd ReadingRun::RunOnce() { return ReadHand(parts_, DealRotation()); }
 
 void ReadingRun::Finish(RunEnd end) {
-  if (keep_ && !parts_.Run.Leaving() && keep_()) ForgetStarts();
+  if (keep_ && !parts_.Run.Leaving() && keep_()) parts_.TheMachine.ForgetStarts();
   if (end == RunEnd::kDone && CurrentBoard().Status != Board::kComplete) TellOfUnknownCards();
   BoardRun::Finish(end);
 }
@@ -87,13 +87,12 @@ void ReadingRun::TellOfUnknownCards() {
             " of 52 cards of board " + std::to_string(parts_.Prog.Set.CurrentBoard) +
             " have been read.      \r\n\r\n"
             "      Please clear the board and read it again, or complete it in the editor.      ");
-  ForgetStarts();
 }
 
 void ReadingRun::AskAtEnd() {
   parts_.View->ShowBoard();
   const int answer = parts_.Prog.Ask(parts_.Prog.Texts.Msg061, kYesNoQuestion, "Reading");
-  ForgetStarts();
+  parts_.TheMachine.ForgetStarts();
   if (answer == kYes) save_();
 }
 

@@ -105,6 +105,7 @@ void ShowRunError(Program& program, Machine& machine, const std::string& text,
                   std::string_view title) {
   const LinkHold hold(machine);
   program.ShowMessage(text, kOkCritical, std::string(title));
+  machine.ForgetStarts();
 }
 
 }  // namespace morvane::machine

@@ -17,7 +17,6 @@ void SortingRun::Finish(RunEnd end) {
                "      The machine has stopped and reports no card in its pockets.      \r\n\r\n"
                "      Please put the cards together and sort them again.      ",
                Words().Error);
-  ForgetStarts();
 }
 
 }  // namespace morvane::machine

@@ -235,5 +235,56 @@ TEST_F(Polling, ThePedalStartsNothingBehindARefusal) {
   EXPECT_THAT(bridge.Sent, IsEmpty());
 }
 
+/// A press and a board that come while a box is open.
+class BehindABox : public RunFixture {
+ protected:
+  /// What is sent once `show` has shown its one box.
+  void Expect(const std::function<void()>& show) {
+    desk.Loop.WaitMs(1500);  // the slot has been quiet
+    desk.Ui.OnBox = [this] {
+      paper.Events = 8 | 16;
+      bridge.Sent.clear();
+      desk.Loop.WaitMs(300);
+    };
+    show();
+    desk.Ui.OnBox = nullptr;
+    ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+    desk.Loop.WaitMs(500);
+    EXPECT_EQ(bridge.Sent.at(0)[1], 6) << "both are acknowledged";
+    EXPECT_THAT(SentOf(0x98), IsEmpty());
+    EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+    paper.Events = 8;
+    desk.Loop.WaitMs(200);
+    EXPECT_EQ(SentOf(0x98).size() + desk.Ui.Boxes.size(), 2U) << "the next press counts again";
+  }
+};
+
+TEST_F(BehindABox, OfARefusedBoardNothingStarts) {
+  Contact();
+  desk.Prog.Set.At(1) = NumberedBoard(1);
+  Expect([this] { run.cmdDeal(); });
+}
+
+TEST_F(BehindABox, OfRefusedCardsNothingStarts) {
+  paper.Minor = 0x10;
+  Contact();
+  run.Change(&RunOptions::SetNational, int{CardSettings::kFrench});
+  Expect([this] { run.cmdDeal(); });
+}
+
+TEST_F(BehindABox, OfARefusedOptionNothingStarts) {
+  paper.Minor = 0x39;
+  Contact();
+  Expect([this] { run.Change(&RunOptions::SetCheck_board, true); });
+}
+
+TEST_F(BehindABox, OfAFirmwareRequestNothingStarts) {
+  Contact();
+  Expect([this] {
+    desk.Prog.Link = {LinkRequest::kDownload, "new.adc"};
+    desk.Loop.WaitMs(100);
+  });
+}
+
 }  // namespace
 }  // namespace morvane::machine
