@@ -14,8 +14,6 @@ bool Start(RunParts& run, bool goOn, std::uint8_t rotation, wire::StartCommand s
 }
 
 RunEnd RunBoard(RunParts& run, std::uint8_t rotation, const HandJob& job) {
-  run.TheMachine.PollLock = true;
-  run.Run.RunLogLine += run.Options.Cards.LogText();
   const RunEnd end =
       RunToIdle(run, {[&](bool goOn) { return Start(run, goOn, rotation, job.Start); }, job.Fetch,
                       [&] { return AnswerFault(run, PlaceOfStop(run)); }});

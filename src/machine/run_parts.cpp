@@ -37,6 +37,8 @@ DialogAnswer AnswerFault(RunParts& run, const Fault& fault) {
 }
 
 RunEnd RunToIdle(RunParts& run, const CardRun::Plan& plan) {
+  run.TheMachine.PollLock = true;
+  run.Run.RunLogLine += run.Options.Cards.LogText();
   const CardRun::End end = run.Run.Run(plan);
   if (end == CardRun::End::kGivenUp) return RunEnd::kGivenUp;
   if (end == CardRun::End::kLinkLost || !run.Run.Probe()) return RunEnd::kLinkLost;

@@ -51,7 +51,8 @@ void ShowBreakOnly(RunParts& run);
 /// A `Plan::AnswerFault`: shows what has come and asks, unless the window is being left.
 [[nodiscard]] DialogAnswer AnswerFault(RunParts& run, const Fault& fault);
 
-/// Runs `plan` and brings the machine back to idle, after a good run too.
+/// Takes the link, logs the settings of the cards, runs `plan` and brings the machine back to idle,
+/// after a good run too.
 RunEnd RunToIdle(RunParts& run, const CardRun::Plan& plan);
 
 }  // namespace morvane::machine

@@ -26,8 +26,6 @@ RunEnd Judge(RunParts& run) {
 }  // namespace
 
 RunEnd SortHands(RunParts& run, std::uint8_t rotation) {
-  run.TheMachine.PollLock = true;
-  run.Run.RunLogLine += run.Options.Cards.LogText();
   const RunEnd end = RunToIdle(
       run, {[&](bool goOn) { return Start(run, goOn, rotation); },
             [&] { return run.Run.FetchCardLog(); }, [&] { return AnswerFault(run, {}); }});
