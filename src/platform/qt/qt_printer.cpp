@@ -4,7 +4,6 @@
 #include <QDialogButtonBox>
 #include <QMainWindow>
 #include <QPrintDialog>
-#include <QPushButton>
 #include <algorithm>
 #include <utility>
 
@@ -49,11 +48,17 @@ void LayOut(QPrinter& device) {
       QPageLayout::Point);
 }
 
-/// It sets up; what prints is another button.
-void NameButtons(QPrintDialog& dialog) {
+/// It sets up, another button prints. Copies are in sight at once; which boards are printed is said
+/// elsewhere, and pages chosen here would be missing from later jobs too.
+void Prepare(QPrintDialog& dialog) {
+  if (auto* pages = dialog.findChild<QWidget*>("gbPrintRange")) pages->hide();
   const auto* buttons = dialog.findChild<QDialogButtonBox*>();
   if (buttons == nullptr) return;  // the system's own
-  if (QPushButton* button = buttons->button(QDialogButtonBox::Ok)) button->setText("OK");
+  for (QAbstractButton* button : buttons->buttons()) {
+    const auto role = buttons->buttonRole(button);
+    if (role == QDialogButtonBox::AcceptRole) button->setText("OK");
+    if (role == QDialogButtonBox::ResetRole) button->click();  // "Options >>"
+  }
 }
 
 /// Whether it was confirmed; a program that quits does not.
@@ -98,6 +103,7 @@ QPrinter& QtPrinter::Device() const {
 QPrinter& QtPrinter::DeviceFor(const PrintJob& job) {
   QPrinter& device = Device();
   LayOut(device);
+  device.setPrintRange(QPrinter::AllPages);
   device.setDocName(ToQt(job.Title));
   device.setCreator("Morvane");
   device.setCopyCount(job.Copies);
@@ -118,7 +124,7 @@ std::optional<int> QtPrinter::Setup(int copies) {
   dialog.setWindowTitle("Printer Setup");
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
-  NameButtons(dialog);
+  Prepare(dialog);
   if (!Confirmed(dialog, loop_)) return std::nullopt;
   return device.copyCount();
 }

@@ -1,8 +1,10 @@
 #include "platform/qt/qt_printer.h"
 
+#include <QDialogButtonBox>
 #include <QPaintEngine>
 #include <QPrintDialog>
 #include <QPrintEngine>
+#include <QPushButton>
 #include <QSpinBox>
 
 #include "support/pdf_reader.h"
@@ -86,6 +88,10 @@ class TestSystem final : public PrintSystem {
  private:
   Make make_;
 };
+
+QPushButton& OkButton(QWidget& dialog) {
+  return *dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+}
 
 class QtPrinterTest : public ::testing::Test {
  protected:
@@ -233,6 +239,9 @@ TEST_F(QtPrinterTest, TheSetupConfirmsCopies) {
     EXPECT_TRUE(window.isModal());
     auto& copies = test::Find<QSpinBox>(window, "copies");
     EXPECT_EQ(copies.value(), 2);
+    EXPECT_TRUE(copies.isVisible());
+    EXPECT_FALSE(test::Visible(window, "pagesRadioButton"));
+    EXPECT_TRUE(OkButton(window).text() == "OK") << "it does not print";
     copies.setFocus();
     copies.selectAll();
     test::Type(window, "7");
