@@ -50,10 +50,10 @@ void LayOut(QPrinter& device) {
 
 /// It sets up, another button prints. Copies are in sight at once; which boards are printed is said
 /// elsewhere, and pages chosen here would be missing from later jobs too.
-void Prepare(QPrintDialog& dialog) {
+[[maybe_unused]] void Prepare(QPrintDialog& dialog) {
   if (auto* pages = dialog.findChild<QWidget*>("gbPrintRange")) pages->hide();
   const auto* buttons = dialog.findChild<QDialogButtonBox*>();
-  if (buttons == nullptr) return;  // the system's own
+  if (buttons == nullptr) return;
   for (QAbstractButton* button : buttons->buttons()) {
     const auto role = buttons->buttonRole(button);
     if (role == QDialogButtonBox::AcceptRole) button->setText("OK");
@@ -68,6 +68,7 @@ bool Confirmed(QPrintDialog& dialog, EventLoop& loop) {
   return dialog.exec() == QDialog::Accepted;  // the system's own has a loop of its own
 #else
   dialog.open();
+  Prepare(dialog);
   FitToScreen(dialog);
   loop.RunUntil([&dialog] { return !dialog.isVisible(); });
   return !dialog.isVisible() && dialog.result() == QDialog::Accepted;
@@ -104,6 +105,7 @@ QPrinter& QtPrinter::DeviceFor(const PrintJob& job) {
   QPrinter& device = Device();
   LayOut(device);
   device.setPrintRange(QPrinter::AllPages);
+  device.setPageRanges({});
   device.setDocName(ToQt(job.Title));
   device.setCreator("Morvane");
   device.setCopyCount(job.Copies);
@@ -124,7 +126,6 @@ std::optional<int> QtPrinter::Setup(int copies) {
   dialog.setWindowTitle("Printer Setup");
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
-  Prepare(dialog);
   if (!Confirmed(dialog, loop_)) return std::nullopt;
   return device.copyCount();
 }
