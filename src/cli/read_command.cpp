@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 #include "cli/diagram.h"
 #include "cli/generate_command.h"
@@ -55,12 +54,8 @@ bool MakeEmptySet(Job& job, const ReadOptions& options) {
              .End == generate::GenerateEnd::kDone;
 }
 
-int CardsOf(const Board& board) {
-  return std::accumulate(board.HandCount.begin() + kNorth, board.HandCount.end(), 0);
-}
-
 std::string VerdictOn(const RunBoard& board, const BoardSet& set) {
-  const int cards = CardsOf(set.At(board.Number));
+  const int cards = CardsHeld(set.At(board.Number));
   const std::string text = std::to_string(cards) + (cards < kCards ? " of 52" : "");
   return board.Ok ? text : text + ", stopped";
 }
@@ -102,7 +97,7 @@ bool Keep(Job& job, const std::string& path) {
   const BoardSet& set = job.Place.Prog.Set;
   const auto& boards = job.Windows.Report().Boards;
   const bool any = std::any_of(boards.begin(), boards.end(), [&](const auto& board) {
-    return CardsOf(set.At(board.Number)) > 0;
+    return CardsHeld(set.At(board.Number)) > 0;
   });
   if (!any) return false;
   AcceptIncomplete(job, path);
@@ -124,7 +119,7 @@ ExitStatus EndOf(Job& job, const ReadOptions& options) {
                        ".\n");
   job.Partly = job.Partly ||
                !std::all_of(report.Boards.begin(), report.Boards.end(), [&](const RunBoard& board) {
-                 return CardsOf(set.At(board.Number)) == kCards;
+                 return CardsHeld(set.At(board.Number)) == kCards;
                });
   return saved && read == set.Count() ? kDone : kFailed;
 }

@@ -36,7 +36,6 @@ wire::CardBytes PocketsInTurn(int dealer) {
 }
 
 wire::CardBytes PocketsOfPlayedBoard() {
-  constexpr std::size_t kFullHand = std::size_t{kCards} / kHands;
   wire::CardBytes pockets;
   for (std::size_t place = 0; place < kPlayedPlaces; ++place) {
     const std::size_t pocket = std::min<std::size_t>(place / kFullHand + 1, kHands);

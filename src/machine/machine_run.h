@@ -99,8 +99,6 @@ class MachineRun {
   RunMemory& memory_;
 
  private:
-  static constexpr int kFullHand = kCards / kHands;
-
   void FirstContact();
   void ShowContact();
   [[nodiscard]] bool GatePasses();

@@ -1,15 +1,9 @@
 #include "machine/reading_run.h"
 
-#include <numeric>
-
 #include "machine/read_hand.h"
 
 namespace morvane::machine {
 namespace {
-
-int CardsOf(const Board& board) {
-  return std::accumulate(board.HandCount.begin() + kNorth, board.HandCount.end(), 0);
-}
 
 void Clear(Board& board) {
   board.Cards = {};
@@ -83,7 +77,7 @@ void ReadingRun::Finish(RunEnd end) {
 void ReadingRun::TellOfUnknownCards() {
   if (parts_.Run.Leaving()) return;
   parts_.View->ShowBoard();
-  ShowError("      Not all cards were recognised: " + std::to_string(CardsOf(CurrentBoard())) +
+  ShowError("      Not all cards were recognised: " + std::to_string(CardsHeld(CurrentBoard())) +
             " of 52 cards of board " + std::to_string(parts_.Prog.Set.CurrentBoard) +
             " have been read.      \r\n\r\n"
             "      Please clear the board and read it again, or complete it in the editor.      ");
@@ -97,13 +91,13 @@ void ReadingRun::AskAtEnd() {
 }
 
 std::string ReadingRun::MissingCardsText() const {
-  if (CardsOf(CurrentBoard()) == kCards) {
+  if (CardsHeld(CurrentBoard()) == kCards) {
     return "      The cards of board " + std::to_string(parts_.Prog.Set.CurrentBoard) +
            " that have been read are not those that the machine has counted.      \r\n\r\n"
            "      Please put the cards together, clear the board and read it again.      ";
   }
   return "      The machine has stopped without reading all cards: " +
-         std::to_string(CardsOf(CurrentBoard())) + " of 52 cards of board " +
+         std::to_string(CardsHeld(CurrentBoard())) + " of 52 cards of board " +
          std::to_string(parts_.Prog.Set.CurrentBoard) +
          " have been read.      \r\n\r\n"
          "      Please put the cards together, clear the board and read it again.      ";

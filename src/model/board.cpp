@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
 #include <string_view>
 
 #include "model/shapes.h"
@@ -53,6 +54,10 @@ int AnalyzeBoard(Board& board) {
                  : unassigned == kCards ? Board::kEmpty
                                         : Board::kIncomplete;
   return complete;
+}
+
+int CardsHeld(const Board& board) {
+  return std::accumulate(board.HandCount.begin() + kNorth, board.HandCount.end(), 0);
 }
 
 std::string GetHandShape(const Board& board, int hand) {

@@ -36,6 +36,9 @@ struct Board {
 /// Computes all derived fields from `Cards`; the number of hands that hold exactly 13 cards.
 int AnalyzeBoard(Board& board);
 
+/// The cards of an analysed board that some hand holds.
+[[nodiscard]] int CardsHeld(const Board& board);
+
 /// The four suit lengths of `hand` in descending order, one character each. A suit of thirteen
 /// contributes none ("000"), unlike in `AnalyzeBoard`: required.
 [[nodiscard]] std::string GetHandShape(const Board& board, int hand);

@@ -19,6 +19,7 @@ inline constexpr int kHands = 4;
 inline constexpr int kSuits = 4;
 inline constexpr int kCards = 52;
 inline constexpr int kRanks = 13;
+inline constexpr int kFullHand = kCards / kHands;  ///< the cards of a hand in a complete board
 inline constexpr int kMaxBoards = 640;
 /// 0 no-trump, 1 Spades .. 4 Clubs.
 inline constexpr int kDenominations = 5;

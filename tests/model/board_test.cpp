@@ -301,6 +301,15 @@ TEST(HandText, JoinsTheFourSuitsOfAHand) {
   EXPECT_EQ(HandText(board, kWest, ""), "");
 }
 
+TEST(Board, CardsHeldAreThoseOfAllFourHands) {
+  EXPECT_EQ(CardsHeld(Board{}), 0);
+  Board board = test::SuitBoard(1);
+  EXPECT_EQ(CardsHeld(board), 52);
+  board.Cards[1] = board.Cards[30] = board.Cards[52] = 0;
+  AnalyzeBoard(board);
+  EXPECT_EQ(CardsHeld(board), 49);
+}
+
 TEST(BoardSet, ChangedIsComparedByNumber) {
   BoardSet set;
   EXPECT_FALSE(set.Changed());

@@ -179,7 +179,7 @@ QWidget* MachinePanel::MakePockets() {
     grid->addWidget(pockets_[at], hand, 1);
   }
   grid->setRowStretch(kWest + 1, 1);
-  std::vector<int> longest(kCards / kHands);
+  std::vector<int> longest(kFullHand);
   std::iota(longest.begin(), longest.end(), 1);
   pockets_[kNorth]->Show(PileText(longest, false, palette()));
   pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
