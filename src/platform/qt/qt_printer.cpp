@@ -1,5 +1,6 @@
 #include "platform/qt/qt_printer.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QMainWindow>
