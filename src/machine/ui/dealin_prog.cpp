@@ -1,6 +1,5 @@
 #include "machine/ui/dealin_prog.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -10,7 +9,6 @@
 #include "machine/display_hand.h"
 #include "machine/ui/copies_box.h"
 #include "machine/ui/deal_buttons.h"
-#include "machine/ui/error_disp.h"
 #include "machine/ui/history_box.h"
 #include "machine/ui/options_panel.h"
 #include "machine/ui/read_modes.h"
@@ -22,7 +20,6 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_text.h"
-#include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
@@ -39,16 +36,12 @@ void KeepRoom(QWidget& part) {
 }  // namespace
 
 DealinProg::DealinProg(Program& program, BoardRun& run, QWidget* parent)
-    : QDialog(parent), program_(program), run_(run) {
-  PrepareRunWindow(*this, run);
+    : RunDialog(program, run, parent), run_(run) {
   MakeParts();
   PlaceParts();
-  resize(sizeHint().expandedTo(kComfortable));
-  FitToScreen(*this);
-  show();
+  Appear(kComfortable);
 }
 
-// The box that has the focus is left when the window goes; it must still be a whole one then.
 DealinProg::~DealinProg() { hide(); }
 
 void DealinProg::MakeParts() {
@@ -66,9 +59,7 @@ void DealinProg::MakeParts() {
       "Disp_boards", "&Hide boards", [this] { run_.Disp_boards(); }, this);
   Disp_boards_->setMinimumWidth(kCommandWidth);
   test_ = new TestPanel(run_, this);
-  cmdExit_ = NewButton(
-      "cmdExit", "&Exit", [this] { run_.Exit(); }, this);
-  cmdExit_->setMinimumWidth(kCommandWidth);
+  MakeExit();
   header_ = new RunHeader(run_, this);
   txtFile_ = new ShownText("txtFile", "File name of the current Board Set", this);
   txtFile_->setFocusPolicy(Qt::ClickFocus);
@@ -166,10 +157,8 @@ void DealinProg::ShowBoard() {
 void DealinProg::ShowControls() {
   const RunWindowState& window = run_.Window();
   const RunControls& now = window.Controls;
-  // Disabling what has the focus would hand it on to the next control.
-  if (!now.Options && focusWidget() != nullptr) focusWidget()->clearFocus();
+  ShowFrame();
   dealing_->Show(now);
-  cmdExit_->setEnabled(now.cmdExit);
   walk_->Show(now);
   copies_->Show();
   subRange_->Show(program_.Set);
@@ -188,14 +177,5 @@ void DealinProg::ShowControls() {
 void DealinProg::FocusDealNext() { dealing_->FocusDealNext(); }
 
 std::optional<RangeTexts> DealinProg::Range() const { return subRange_->Texts(); }
-
-void DealinProg::ShowError(ErrorDialog& dialog) { ShowErrorDisp(program_, dialog, this); }
-
-void DealinProg::Close() { hide(); }
-
-void DealinProg::closeEvent(QCloseEvent* event) {
-  run_.Exit();
-  event->setAccepted(run_.Closed());
-}
 
 }  // namespace morvane::machine

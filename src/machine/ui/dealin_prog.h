@@ -1,11 +1,8 @@
 #pragma once
 
-#include <QDialog>
-
 #include "machine/board_run.h"
-#include "machine/run_view.h"
 #include "machine/ui/board_picture.h"
-#include "program/program.h"
+#include "machine/ui/run_dialog.h"
 
 class QLayout;
 class QPushButton;
@@ -27,7 +24,7 @@ class TestPanel;
 class WalkButtons;
 
 /// The window of a run that deals or reads boards, put together from its parts.
-class DealinProg final : public QDialog, public RunView {
+class DealinProg final : public RunDialog {
  public:
   DealinProg(Program& program, BoardRun& run, QWidget* parent);
   DealinProg(const DealinProg&) = delete;
@@ -39,14 +36,6 @@ class DealinProg final : public QDialog, public RunView {
   void ShowControls() override;
   void FocusDealNext() override;
   [[nodiscard]] std::optional<RangeTexts> Range() const override;
-  void ShowError(ErrorDialog& dialog) override;
-  void Close() override;
-
-  /// Escape must not end a run.
-  void reject() override {}
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   void MakeParts();
@@ -57,7 +46,6 @@ class DealinProg final : public QDialog, public RunView {
   QWidget* PlaceCommands();
   [[nodiscard]] BoardPicture::Fallen Fallen() const;
 
-  Program& program_;
   BoardRun& run_;
 
   RunHeader* header_ = nullptr;
@@ -73,7 +61,6 @@ class DealinProg final : public QDialog, public RunView {
   QWidget* settings_ = nullptr;  ///< what depends on the machine, and scrolls
   QPushButton* Disp_boards_ = nullptr;
   TestPanel* test_ = nullptr;
-  QPushButton* cmdExit_ = nullptr;
 };
 
 }  // namespace morvane::machine

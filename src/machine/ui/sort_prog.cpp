@@ -1,18 +1,15 @@
 #include "machine/ui/sort_prog.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "machine/ui/error_disp.h"
 #include "machine/ui/history_box.h"
 #include "machine/ui/options_panel.h"
 #include "machine/ui/run_header.h"
 #include "machine/ui/run_widgets.h"
 #include "machine/ui/test_panel.h"
 #include "platform/qt/scrolling_part.h"
-#include "platform/qt/window_place.h"
 
 namespace morvane::machine {
 namespace {
@@ -22,19 +19,15 @@ constexpr QSize kComfortable{860, 560};
 }  // namespace
 
 SortProg::SortProg(Program& program, SortingRun& run, QWidget* parent)
-    : QDialog(parent),
-      program_(program),
+    : RunDialog(program, run, parent),
       run_(run),
       header_(new RunHeader(run, this)),
       history_(new HistoryBox(run, this)),
       options_(new OptionsPanel(run, this)),
       test_(new TestPanel(run, this)) {
-  PrepareRunWindow(*this, run);
   MakeButtons();
   Fill(*this, PlaceBody(), PlaceCommands());
-  resize(sizeHint().expandedTo(kComfortable));
-  FitToScreen(*this);
-  show();
+  Appear(kComfortable);
 }
 
 SortProg::~SortProg() { hide(); }
@@ -47,9 +40,7 @@ void SortProg::MakeButtons() {
   cmdSort_->setMinimumWidth(4 * kBigButton);
   cmdSortBreak_ = NewBreakButton(
       "cmdSortBreak", [this] { run_.cmdBreak(); }, this);
-  cmdExit_ = NewButton(
-      "cmdExit", "&Exit", [this] { run_.Exit(); }, this);
-  cmdExit_->setMinimumWidth(kCommandWidth);
+  MakeExit();
 }
 
 QWidget* SortProg::PlaceBody() {
@@ -86,11 +77,9 @@ void SortProg::ShowState() { header_->ShowState(); }
 
 void SortProg::ShowControls() {
   const RunControls& now = run_.Window().Controls;
-  // Disabling what has the focus would hand it on to the next control.
-  if (!now.Options && focusWidget() != nullptr) focusWidget()->clearFocus();
+  ShowFrame();
   cmdSort_->setEnabled(now.cmdSort);
   cmdSortBreak_->setEnabled(now.cmdBreak);
-  cmdExit_->setEnabled(now.cmdExit);
   options_->setVisible(run_.Window().SettingsShown);
   options_->Show();
   test_->Show();
@@ -98,15 +87,6 @@ void SortProg::ShowControls() {
   cmdSort_->setDefault(true);
   if (now.cmdSort && focusWidget() == nullptr) cmdSort_->setFocus();
   ShowState();
-}
-
-void SortProg::ShowError(ErrorDialog& dialog) { ShowErrorDisp(program_, dialog, this); }
-
-void SortProg::Close() { hide(); }
-
-void SortProg::closeEvent(QCloseEvent* event) {
-  run_.Exit();
-  event->setAccepted(run_.Closed());
 }
 
 }  // namespace morvane::machine

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
-#include "machine/run_view.h"
 #include "machine/sorting_run.h"
-#include "program/program.h"
+#include "machine/ui/run_dialog.h"
 
 class QPushButton;
 
@@ -16,7 +13,7 @@ class RunHeader;
 class TestPanel;
 
 /// The window of a sorting run.
-class SortProg final : public QDialog, public RunView {
+class SortProg final : public RunDialog {
  public:
   SortProg(Program& program, SortingRun& run, QWidget* parent);
   SortProg(const SortProg&) = delete;
@@ -25,21 +22,12 @@ class SortProg final : public QDialog, public RunView {
 
   void ShowState() override;
   void ShowControls() override;
-  void ShowError(ErrorDialog& dialog) override;
-  void Close() override;
-
-  /// Escape must not end a run.
-  void reject() override {}
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   void MakeButtons();
   QWidget* PlaceBody();
   QWidget* PlaceCommands();
 
-  Program& program_;
   SortingRun& run_;
 
   RunHeader* header_;
@@ -48,7 +36,6 @@ class SortProg final : public QDialog, public RunView {
   TestPanel* test_;
   QPushButton* cmdSort_ = nullptr;
   QPushButton* cmdSortBreak_ = nullptr;
-  QPushButton* cmdExit_ = nullptr;
 };
 
 }  // namespace morvane::machine
