@@ -62,6 +62,39 @@ void LayOut(QPrinter& device) {
   }
 }
 
+/// What is chosen of a device, for the dialog changes it before it is confirmed.
+class Choice {
+ public:
+  explicit Choice(QPrinter& device)
+      : device_(device),
+        format_(device.outputFormat()),
+        name_(device.printerName()),
+        file_(device.outputFileName()),
+        layout_(device.pageLayout()),
+        duplex_(device.duplex()),
+        colours_(device.colorMode()) {}
+
+  /// Another printer brings paper, sides and colours of its own.
+  void Restore() {
+    if (device_.outputFormat() == format_ && device_.printerName() == name_) return;
+    device_.setOutputFileName(file_);
+    device_.setOutputFormat(format_);
+    if (IsPaper(device_)) device_.setPrinterName(name_);
+    device_.setPageLayout(layout_);
+    device_.setDuplex(duplex_);
+    device_.setColorMode(colours_);
+  }
+
+ private:
+  QPrinter& device_;
+  QPrinter::OutputFormat format_;
+  QString name_;
+  QString file_;
+  QPageLayout layout_;
+  QPrinter::DuplexMode duplex_;
+  QPrinter::ColorMode colours_;
+};
+
 /// Whether it was confirmed; a program that quits does not.
 bool Confirmed(QPrintDialog& dialog, EventLoop& loop) {
 #ifdef _WIN32
@@ -122,13 +155,15 @@ std::optional<int> QtPrinter::Setup(int copies) {
   QPrinter& device = Device();
   LayOut(device);
   device.setCopyCount(copies);
+  Choice before(device);
   QPrintDialog dialog(&device, Owner());
   dialog.setObjectName("PrinterSetup");
   dialog.setWindowTitle("Printer Setup");
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
-  if (!Confirmed(dialog, loop_)) return std::nullopt;
-  return device.copyCount();
+  if (Confirmed(dialog, loop_)) return device.copyCount();
+  before.Restore();
+  return std::nullopt;
 }
 
 std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& draw) {

@@ -1,6 +1,7 @@
 #include "support/print_queue.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QSpinBox>
 
 #include "platform/qt/qt_printer.h"
@@ -75,6 +76,24 @@ TEST_F(PrintQueueTest, WhatTheSetupChoosesIsKeptForAllJobs) {
     EXPECT_EQ(printer.Print({"Club Evening", 2}, DrawTwoPages), std::nullopt);
     EXPECT_THAT(queue.Next().Options, ::testing::HasSubstr("sides=two-sided-long-edge"));
   }
+}
+
+TEST_F(PrintQueueTest, ACancelledSetupLeavesPrinterAndSidesAsTheyWere) {
+  test::PrintQueue queue;
+  QtPrinter printer(desk.Loop);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    test::Find<QAbstractButton>(window, "duplexLong").setChecked(true);
+    test::Press(window, Qt::Key_Return);
+  });
+  ASSERT_EQ(printer.Setup(1), 1);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    auto& printers = test::Find<QComboBox>(window, "printers");
+    printers.setCurrentIndex(printers.findText("Cellar"));
+    test::Press(window, Qt::Key_Escape);
+  });
+  ASSERT_EQ(printer.Setup(1), std::nullopt);
+  EXPECT_EQ(printer.Print({"Club Evening", 1}, DrawTwoPages), std::nullopt);
+  EXPECT_THAT(queue.Next().Options, ::testing::HasSubstr("sides=two-sided-long-edge"));
 }
 
 TEST_F(PrintQueueTest, AQueueThatRefusesJobsSaysSo) {

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_printer.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QPaintEngine>
 #include <QPrintDialog>
@@ -257,6 +258,48 @@ TEST_F(QtPrinterTest, TheSetupThatIsCancelledSaysNothing) {
   desk.When("PrinterSetup", [](QWidget& window) { test::Press(window, Qt::Key_Escape); });
   EXPECT_EQ(printer.Setup(2), std::nullopt);
   EXPECT_EQ(printer.DeviceName(), "Office");
+}
+
+/// Turns to the entry of that number; the printers come first, a PDF last.
+void ChoosePrinter(QWidget& window, int index) {
+  auto& printers = test::Find<QComboBox>(window, "printers");
+  printers.setCurrentIndex(index < 0 ? printers.count() + index : index);
+}
+
+TEST_F(QtPrinterTest, AnotherPrinterInACancelledSetupIsNotTaken) {
+  const test::PrintQueue queue;
+  QtPrinter printer(desk.Loop);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    const auto& printers = test::Find<QComboBox>(window, "printers");
+    ChoosePrinter(window, printers.findText("Cellar"));
+    test::Press(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(printer.Setup(1), std::nullopt);
+  EXPECT_EQ(printer.DeviceName(), "Office");
+}
+
+TEST_F(QtPrinterTest, APdfInACancelledSetupIsNotTaken) {
+  const test::PrintQueue queue;
+  QtPrinter printer(desk.Loop);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    ChoosePrinter(window, -1);
+    test::Press(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(printer.Setup(1), std::nullopt);
+  EXPECT_EQ(printer.DeviceName(), "Office");
+  EXPECT_EQ(printer.Print({"Evening", 1}, DrawTwoPages), std::nullopt);
+}
+
+TEST_F(QtPrinterTest, AFileStaysChosenWhenTheSetupIsCancelled) {
+  const test::PrintQueue queue;
+  const std::string file = desk.Folder / "evening.pdf";
+  QtPrinter printer = FileOf(file);
+  desk.When("PrinterSetup", [](QWidget& window) {
+    ChoosePrinter(window, 0);
+    test::Press(window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(printer.Setup(1), std::nullopt);
+  EXPECT_EQ(printer.DeviceName(), file);
 }
 
 TEST_F(QtPrinterTest, TheSetupEndsWithTheProgram) {
