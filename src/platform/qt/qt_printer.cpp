@@ -168,10 +168,7 @@ std::optional<int> QtPrinter::Setup(int copies) {
 
 std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& draw) {
   QPrinter& device = DeviceFor(job);
-  if (IsFile(device)) {
-    return WriteFile(FromQt(device.outputFileName()),
-                     PdfPages(job, draw, device.pageLayout().pageSize()));
-  }
+  if (IsFile(device)) return PrintToFile(device, job, draw);
   if (!IsPaper(device)) return RuntimeError{ENODEV, "There is no printer"};
   if (!system_->Has(device.printerName())) {
     return RuntimeError{ENODEV,
@@ -182,6 +179,14 @@ std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& dr
     if (auto error = PrintOnce(device, draw)) return error;
   }
   return std::nullopt;
+}
+
+/// All pages or none: what a program that quits has drawn so far replaces nothing.
+std::optional<RuntimeError> QtPrinter::PrintToFile(const QPrinter& device, const PrintJob& job,
+                                                   const Draw& draw) {
+  const std::string pdf = PdfPages(job, draw, device.pageLayout().pageSize());
+  if (loop_.Quitting()) return RuntimeError{ECANCELED, "The program ends"};
+  return WriteFile(FromQt(device.outputFileName()), pdf);
 }
 
 std::optional<RuntimeError> QtPrinter::PrintOnce(QPrinter& device, const Draw& draw) {

@@ -205,6 +205,20 @@ TEST_F(QtPrinterTest, AFileGetsThePagesOnce) {
   EXPECT_EQ(pdf.Title(), "Evening");
 }
 
+TEST_F(QtPrinterTest, AProgramThatQuitsLeavesTheFileAsItWas) {
+  const std::string file = desk.Folder / "evening.pdf";
+  test::WriteContent(file, "of last week");
+  QtPrinter printer = FileOf(file);
+  EXPECT_TRUE(printer
+                  .Print({"Evening", 1},
+                         [this](Canvas& canvas) {
+                           canvas.Text(20, 50, "first", {}, {});
+                           desk.Loop.Quit();
+                         })
+                  .has_value());
+  EXPECT_EQ(test::Content(file), "of last week");
+}
+
 TEST_F(QtPrinterTest, AFileOnAFullDiskIsTold) {
   QtPrinter printer = FileOf("/dev/full");
   const auto error = printer.Print({"Evening", 1}, DrawTwoPages);
