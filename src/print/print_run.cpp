@@ -8,6 +8,7 @@
 #include "platform/printer.h"
 #include "print/document.h"
 #include "print/print_failure.h"
+#include "text/text.h"
 
 namespace morvane::print {
 namespace {
@@ -35,12 +36,15 @@ std::optional<RuntimeError> WriteWhole(const std::string& path, const std::strin
   return WriteFile(path, bytes);
 }
 
-/// The file asked for, ".pdf" added to a name without an extension; nothing when it was cancelled,
-/// or when that is another file's name which is to be kept.
+/// A dot may also be of a date.
+bool IsNamedPdf(const std::string& path) { return LowerCase(path).ends_with(".pdf"); }
+
+/// The file asked for, ".pdf" added to a name without it; nothing when it was cancelled, or when
+/// that is another file's name which is to be kept.
 std::optional<std::string> AskPdfFile(Program& program) {
   const auto path = program.Operator.AskFile(
       {"Save as PDF", "PDF (*.pdf)|*.pdf", 1, files::InitialDirectory(program.Store), true});
-  if (!path || PathOfUtf8(*path).has_extension()) return path;
+  if (!path || IsNamedPdf(*path)) return path;
   const std::string named = *path + ".pdf";
   std::error_code unknown;
   if (!std::filesystem::exists(PathOfUtf8(named), unknown)) return named;

@@ -262,6 +262,15 @@ TEST(HandRecordPdf, OfANameWithoutAnExtensionGetsIt) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
+TEST(HandRecordPdf, OfADateGetsItToo) {
+  HandRecordDesk desk;
+  desk.Ui.Files = {desk.Folder / "22.11.2026", desk.Folder / "evening.PDF"};
+  desk.Dialog.cmdPdf();
+  desk.Dialog.cmdPdf();
+  EXPECT_EQ(test::Content(desk.Folder / "22.11.2026.pdf"), "PDF of Club evening, pages: 1");
+  EXPECT_TRUE(std::filesystem::exists(desk.Folder / "evening.PDF")) << "as it was named";
+}
+
 TEST(HandRecordPdf, DoesNotReplaceAFileThatTheOperatorDidNotName) {
   HandRecordDesk desk;
   const std::string path = desk.Folder / "evening.pdf";
