@@ -17,6 +17,7 @@
 #include "generate/ui/run_result.h"
 #include "generate/ui/test_frames.h"
 #include "platform/qt/filtered_edit.h"
+#include "platform/qt/held_enter.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
@@ -28,14 +29,6 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kComfortableCharacters = 128;  // its width
 constexpr const char* kShufflingCaption = "&Generate Boards using Morvane generator";
-
-/// One press generates. If the key is held down, it must not go on to what the run has made the
-/// default: Exit, or the next set.
-bool IsHeldEnter(const QEvent& event) {
-  if (event.type() != QEvent::KeyPress) return false;
-  const auto& key = static_cast<const QKeyEvent&>(event);
-  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
-}
 
 }  // namespace
 
@@ -213,6 +206,8 @@ void GenerateWindow::SelectNumbers() {
   txtFirstBoard_->selectAll();
 }
 
+/// One press generates. If the key is held down, it must not go on to what the run has made the
+/// default: Exit, or the next set.
 void GenerateWindow::keyPressEvent(QKeyEvent* event) {
   if (!IsHeldEnter(*event)) QDialog::keyPressEvent(event);
 }

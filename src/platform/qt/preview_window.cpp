@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/held_enter.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
@@ -60,7 +61,7 @@ QPushButton* PreviewWindow::Add(const char* name, const char* caption, const cha
                                 std::function<void()> act) {
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
-  button->setAutoDefault(false);
+  button->installEventFilter(this);
   button->setToolTip(tip);
   connect(button, &QPushButton::clicked, this, [act = std::move(act)] { act(); });
   return button;
@@ -114,6 +115,15 @@ void PreviewWindow::MakeKeys() {
     on(Qt::CTRL | key, [this] { pages_->zoomIn(kZoomStep); });
   }
   on(Qt::CTRL | Qt::Key_Minus, [this] { pages_->zoomOut(kZoomStep); });
+}
+
+/// One press opens it, and prints; held down, the key does not close it nor print again.
+void PreviewWindow::keyPressEvent(QKeyEvent* event) {
+  if (!IsHeldEnter(*event)) QDialog::keyPressEvent(event);
+}
+
+bool PreviewWindow::eventFilter(QObject* button, QEvent* event) {
+  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
 }
 
 void PreviewWindow::Turn(int pages) { ShowPage(pages_->currentPage() + pages); }

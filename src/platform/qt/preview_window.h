@@ -23,6 +23,10 @@ class PreviewWindow final : public QDialog {
   PreviewWindow(QPrinter& device, Paint paint, const std::vector<PreviewAction>& actions,
                 QWidget* parent);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* button, QEvent* event) override;
+
  private:
   QWidget* MakePages(QPrinter& device, Paint paint);
   QWidget* MakeButtons(const std::vector<PreviewAction>& actions);

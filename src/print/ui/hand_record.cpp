@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "platform/qt/filtered_edit.h"
+#include "platform/qt/held_enter.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_text.h"
@@ -32,13 +33,6 @@ constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
 constexpr int kRowGap = 3;
 constexpr int kNumberWidth = 56;
-
-/// One press prints. A key that is held down must not print again when the run is over.
-bool IsHeldEnter(const QEvent& event) {
-  if (event.type() != QEvent::KeyPress) return false;
-  const auto& key = static_cast<const QKeyEvent&>(event);
-  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
-}
 
 QVBoxLayout* NewColumn(QGroupBox& frame) {
   auto* column = new QVBoxLayout(&frame);
@@ -280,7 +274,6 @@ QPushButton* HandRecordWindow::AddButton(const char* name, const char* caption, 
   auto* button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setToolTip(tip);
-  button->setAutoDefault(false);
   button->installEventFilter(this);
   connect(button, &QPushButton::clicked, this, [this, command] { (dialog_.*command)(); });
   return button;
@@ -298,7 +291,6 @@ QWidget* HandRecordWindow::MakeButtons() {
   cmdExit_ = new QPushButton("E&xit", this);
   cmdExit_->setObjectName("cmdExit");
   cmdExit_->setToolTip("Closes this window (Esc)");
-  cmdExit_->setAutoDefault(false);
   connect(cmdExit_, &QPushButton::clicked, this, &HandRecordWindow::reject);
   auto* buttons = new QWidget(this);
   auto* row = new QHBoxLayout(buttons);
@@ -335,7 +327,8 @@ void HandRecordWindow::ShowButtons() {
 
 void HandRecordWindow::HideFrames() {
   focus_ = focusWidget();
-  lblPrinting_->Show(QString("Printing %1 boards").arg(dialog_.BoardsInAll()));
+  const int boards = dialog_.BoardsInAll();
+  lblPrinting_->Show(QString(boards == 1 ? "Printing %1 board" : "Printing %1 boards").arg(boards));
   Printing_progress_->setRange(0, dialog_.BoardsInAll());
   ShowProgress();
   frames_->hide();
@@ -380,6 +373,7 @@ void HandRecordWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && cmdExit_ != nullptr) ShowPictures();
 }
 
+/// One press prints. A key that is held down must not print again when the run is over.
 void HandRecordWindow::keyPressEvent(QKeyEvent* event) {
   if (!IsHeldEnter(*event)) QDialog::keyPressEvent(event);
 }

@@ -98,6 +98,22 @@ TEST_F(PreviewWindowTest, ActionsAreDoneOverTheOpenWindow) {
   });
 }
 
+TEST_F(PreviewWindowTest, ReturnPressesTheButtonWithTheFocusOnce) {
+  Show([this](QWidget& window) {
+    auto& print = test::Find<QWidget>(window, "cmdPrint");
+    print.setFocus();
+    test::Press(window, Qt::Key_Return);
+    EXPECT_EQ(printed, 1);
+    for (QWidget* control : {&print, &test::Find<QWidget>(window, "PagesView"), &window}) {
+      QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+      QApplication::sendEvent(control, &held);
+    }
+    EXPECT_EQ(printed, 1);
+    EXPECT_TRUE(window.isVisible());
+    test::Press(window, Qt::Key_Escape);
+  });
+}
+
 TEST_F(PreviewWindowTest, TheButtonAtTheLastPageHandsItsFocusOn) {
   pages = 2;
   Show([](QWidget& window) {

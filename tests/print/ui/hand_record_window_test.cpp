@@ -2,10 +2,8 @@
 #include <QGroupBox>
 #include <QProgressBar>
 #include <QRadioButton>
-#include <QTest>
-#include <utility>
 
-#include "shell/ui/main_menu_desk.h"
+#include "print/ui/hand_record_window_desk.h"
 
 // The printing dialog from the menu until its window has gone.
 
@@ -18,51 +16,6 @@ using test::Visible;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
-
-class HandRecordWindowTest : public MainMenuTest {
- protected:
-  void SetUp() override {
-    MainMenuTest::SetUp();
-    Start();
-    test::FillSet(desk.Prog.Set, 5, 9);
-    for (int n = 5; n <= 9; ++n) desk.Prog.Set.At(n).Tricks[0] = 3;
-    desk.Prog.Set.EventName = "Club evening";
-    desk.Prog.Set.BoardSetFile = "/sets/evening.pbn";
-    desk.Store.Set(kPrintPerPage, "2");
-  }
-  /// Opens the window from the menu by its key and lets `act` deal with it.
-  void Open(std::function<void(QWidget&)> act) {
-    menu->activateWindow();  // as window managers do behind a window before it
-    desk.Loop.Pump();
-    desk.When("HandRecord", [act = std::move(act)](QWidget& window) {
-      act(window);
-      window.close();
-    });
-    test::Press(*menu, Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(test::TopWindow("HandRecord"), nullptr);
-    EXPECT_FALSE(shell.FlowActive());
-    EXPECT_EQ(Text("Panel1"), "Ready");
-  }
-  static std::string Focus(const QWidget& window) {
-    return window.focusWidget() == nullptr ? "" : window.focusWidget()->objectName().toStdString();
-  }
-  static bool Checked(const QWidget& window, const char* name) {
-    return test::Find<QAbstractButton>(window, name).isChecked();
-  }
-  static std::string Caption(const QWidget& window, const char* name) {
-    return test::Find<QAbstractButton>(window, name).text().remove('&').toStdString();
-  }
-  /// A button that a letter presses stays down for a moment.
-  static void PressLetter(QWidget& window, Qt::Key letter, const std::function<bool()>& done) {
-    test::Press(window, letter, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor(done)) << static_cast<char>(letter);
-  }
-  static void Retype(QWidget& window, const char* box, const std::string& text) {
-    test::Click(window, box);
-    test::Find<QLineEdit>(window, box).selectAll();
-    test::Type(window, text);
-  }
-};
 
 TEST_F(HandRecordWindowTest, ShowsTheSetAndTheOptions) {
   desk.Store.Set(kPrintStat, "3");
@@ -187,35 +140,6 @@ TEST_F(HandRecordWindowTest, OptionsThatAModeDoesNotUseCannotBeUsed) {
   });
 }
 
-TEST_F(HandRecordWindowTest, ReturnPrintsWhatWasTyped) {
-  Open([this](QWidget& window) {
-    test::Type(window, "6");
-    Retype(window, "txtToBoard", "7");
-    Retype(window, "txtCopies", "2x5");
-    Retype(window, "Header", "Pairs");
-    test::Press(window, Qt::Key_Return);
-    EXPECT_THAT(desk.ThePrinter.Jobs, ElementsAre(FakePrinter::Job{"Pairs", 25}));
-    EXPECT_THAT(desk.ThePrinter.Drawn.Pages.front().Find("Boards 6 - 7"), SizeIs(1));
-    EXPECT_TRUE(window.isVisible()) << "it stays for the next one";
-    EXPECT_EQ(Focus(window), "Header") << "and the focus where it was";
-  });
-}
-
-TEST_F(HandRecordWindowTest, MnemonicsReachTheBoxes) {
-  Open([this](QWidget& window) {
-    test::Press(window, Qt::Key_T, Qt::AltModifier);
-    EXPECT_EQ(Focus(window), "txtToBoard");
-    test::Press(window, Qt::Key_O, Qt::AltModifier);
-    EXPECT_EQ(Focus(window), "txtCopies");
-    test::Press(window, Qt::Key_E, Qt::AltModifier);
-    EXPECT_EQ(Focus(window), "Header");
-    test::Press(window, Qt::Key_F, Qt::AltModifier);
-    EXPECT_EQ(Focus(window), "txtFromBoard");
-    PressLetter(window, Qt::Key_H, [this] { return desk.Store.Get(kPrintHcp) == "0"; });
-    PressLetter(window, Qt::Key_P, [this] { return desk.ThePrinter.Jobs.size() == 1; });
-  });
-}
-
 TEST_F(HandRecordWindowTest, ARefusalLeadsBackToItsBox) {
   Open([this](QWidget& window) {
     Retype(window, "txtFromBoard", "4");
@@ -232,13 +156,6 @@ TEST_F(HandRecordWindowTest, ARefusalLeadsBackToItsBox) {
     desk.AnswerBox(QMessageBox::Ok);
     test::Click(window, "cmdPrint");
     EXPECT_EQ(Focus(window), "txtToBoard");
-  });
-}
-
-TEST_F(HandRecordWindowTest, EscapeCloses) {
-  Open([](QWidget& window) {
-    test::Press(window, Qt::Key_Escape);
-    EXPECT_FALSE(window.isVisible());
   });
 }
 
@@ -280,15 +197,20 @@ TEST_F(HandRecordWindowTest, WhileItPrintsTheFramesAreHiddenAndTheBarMoves) {
   });
 }
 
-TEST_F(HandRecordWindowTest, ReturnHeldDownPrintsOnce) {
+TEST_F(HandRecordWindowTest, ItTellsHowManyBoardsItPrints) {
   Open([this](QWidget& window) {
-    for (const char* name : {"txtFromBoard", "cmdPrint", "cmdPreview"}) {
-      auto& control = test::Find(window, name);
-      control.setFocus();
-      QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-      QApplication::sendEvent(&control, &held);
-    }
-    EXPECT_THAT(desk.ThePrinter.Jobs, IsEmpty());
+    std::vector<std::string> told;
+    const auto before = desk.Loop.OnPump;
+    desk.Loop.OnPump = [&] {
+      before();
+      const std::string text = test::TextOf(window, "lblPrinting");
+      if (told.empty() || told.back() != text) told.push_back(text);
+    };
+    test::Press(window, Qt::Key_Return);
+    Retype(window, "txtToBoard", "5");
+    test::Press(window, Qt::Key_Return);
+    desk.Loop.OnPump = before;
+    EXPECT_THAT(told, ElementsAre("Printing 5 boards", "Printing 1 board"));
   });
 }
 
@@ -336,32 +258,6 @@ TEST_F(HandRecordWindowTest, SavesAPdf) {
     });
     PressLetter(window, Qt::Key_D, [&path] { return std::filesystem::exists(path); });
     EXPECT_EQ(test::Content(path), "PDF of Club evening, pages: 1");
-  });
-}
-
-TEST_F(HandRecordWindowTest, TheTabKeyFollowsTheEye) {
-  Open([](QWidget& window) {
-    test::Find(window, "PrintMode1").setFocus();
-    std::vector<std::string> walked{Focus(window)};
-    for (int i = 0; i < 40; ++i) {
-      test::Press(window, Qt::Key_Tab);
-      if (Focus(window) == "PrintMode1") break;
-      walked.push_back(Focus(window));
-    }
-    EXPECT_THAT(walked,
-                ElementsAre("PrintMode1", "txtFileName", "txtFirstBoard", "txtLastBoard",
-                            "txtFromBoard", "txtToBoard", "txtCopies", "Header", "Option3",
-                            "ColorPrint", "DeepPrint", "PrintHCP", "Stat1", "National_1", "Ten1",
-                            "cmdPrinterSetup", "cmdPreview", "cmdPdf", "cmdPrint", "cmdExit"));
-  });
-}
-
-TEST_F(HandRecordWindowTest, ArrowKeysChooseALayout) {
-  Open([this](QWidget& window) {
-    test::Find(window, "Option3").setFocus();
-    test::Press(window, Qt::Key_Right);
-    EXPECT_EQ(desk.Store.Get(kPrintPerPage), "3");
-    EXPECT_TRUE(Checked(window, "Option4"));
   });
 }
 
