@@ -15,11 +15,11 @@
 #include <cstdio>
 #include <fstream>
 
+#include "bench/dealt_set.h"
 #include "bench/options.h"
 #include "bridges/serial_bridge.h"
 #include "cli/job.h"
 #include "e2e/process.h"
-#include "generate/number_dealer.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/system_clock.h"
 #include "platform/system_entropy.h"
@@ -37,15 +37,7 @@ constexpr int kLookMs = 100;
 BoardSet RandomBoards(int count) {
   BoardSet set;
   set.Clear();
-  generate::NumberDealer dealer;
-  dealer.Seedo = {1, 2, 3, 4, 5};
-  set.FirstBoard = 1;
-  set.LastBoard = static_cast<std::int16_t>(count);
-  for (int n = 1; n <= count; ++n) {
-    Board board;
-    dealer.NextNumberDeal(board);
-    set.At(n) = NumberedBoard(n, board);
-  }
+  DealSet(set, count);
   return set;
 }
 

@@ -11,8 +11,8 @@
 #include <ctime>
 #include <string>
 
+#include "bench/dealt_set.h"
 #include "bench/options.h"
-#include "generate/number_dealer.h"
 #include "platform/qt/pdf_pages.h"
 #include "print/document.h"
 
@@ -40,14 +40,8 @@ double Seconds(Work work) {
 void FillSet(BoardSet& set) {
   constexpr int kResults = 20;
   constexpr int kLevels = 8;
-  generate::NumberDealer dealer;
-  dealer.Seedo = {1, 2, 3, 4, 5};
-  set.FirstBoard = 1;
-  set.LastBoard = kMaxBoards;
+  bench::DealSet(set, kMaxBoards);
   for (int n = 1; n <= kMaxBoards; ++n) {
-    Board board;
-    dealer.NextNumberDeal(board);
-    set.At(n) = NumberedBoard(n, board);
     for (int i = 0; i < kResults; ++i) {
       set.At(n).Tricks[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>((n + i) % kLevels);
     }

@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <cstdio>
 
+#include "bench/dealt_set.h"
 #include "bench/timing.h"
-#include "generate/number_dealer.h"
 #include "shell/refresh_statistics.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
@@ -35,25 +35,13 @@ AlikePair PairByCounting(const BoardSet& set) {
   return best;
 }
 
-void FillSet(BoardSet& set) {
-  generate::NumberDealer dealer;
-  dealer.Seedo = {1, 2, 3, 4, 5};
-  set.FirstBoard = 1;
-  set.LastBoard = kMaxBoards;
-  for (int n = 1; n <= kMaxBoards; ++n) {
-    Board board;
-    dealer.NextNumberDeal(board);
-    set.At(n) = NumberedBoard(n, board);
-  }
-}
-
 /// The desktop but for its `main`, on no display.
 struct Desktop {
   Desktop() {
     Windows.SetMainMenu(Menu);
     Desk.Ui.SetMainWindow(Menu.ForUi());
     static_cast<void>(Main.StartUp(""));
-    FillSet(Desk.Prog.Set);
+    bench::DealSet(Desk.Prog.Set, kMaxBoards);
     Desk.Prog.ShowStatistics = true;
     Menu.RefreshSet();
   }
