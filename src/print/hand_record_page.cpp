@@ -144,7 +144,7 @@ void DrawCell(Canvas& canvas, const PrintOptions& options, int place, const Boar
   if (options.Hcp) {
     const double span = form.PointsSpan * form.TableSize;
     DrawPoints(canvas,
-               {cell.X + (compass.X - cell.X) / 2, cell.PointsTop(),
+               {cell.X + (compass.X - kGap - cell.X) / 2, cell.PointsTop(),
                 form.PointsPitch * LineHeight(kText), span, kText.Size},
                board);
   }

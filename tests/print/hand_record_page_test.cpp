@@ -230,6 +230,18 @@ TEST_F(HandRecordPageTest, PointsStandAroundTheirWordAsTheHandsSit) {
   EXPECT_THAT(canvas.Pages.front().Find("37"), IsEmpty());
 }
 
+TEST_F(HandRecordPageTest, EastsPointsKeepOffSouthsSuitsInEveryLayout) {
+  Boards(1, 1);
+  set.At(1).Hcp = {0, 1, 11, 2, 12};
+  for (int layout = 1; layout <= 4; ++layout) {
+    options.PerPage = layout;
+    const DrawnText east = TheText("11");
+    const DrawnText south = canvas.Pages.front().Find("♥").at(3);
+    EXPECT_GE(south.X - east.X - east.Width, 6) << layout;
+    EXPECT_GE(TheText("12").X, 10) << layout;
+  }
+}
+
 TEST_F(HandRecordPageTest, TheTableHasNoTrumpFirstAndNorthSouthEastWestBelow) {
   Boards(1, 1);
   options.Hcp = false;
