@@ -30,6 +30,8 @@ void Frame(Canvas& canvas, const Area& area) {
   canvas.Rule(right, area.Y, right, bottom, kBlack);
 }
 
+constexpr double kCapitals = 0.72;  // the height of capitals and digits, of the size
+
 /// The rows of the table, and the order of the hands in lists.
 constexpr std::array kTableHands{kNorth, kSouth, kEast, kWest};
 
@@ -100,19 +102,24 @@ void DrawTricks(Canvas& canvas, const TricksPlace& place, const Board& board,
   if (!HasResults(board)) return;
   canvas.Fill({place.X, place.Y, place.Width, (kHands + 1) * place.Pitch}, kLightGrey);
   const Font letters{Typeface::kArial, place.Size};
-  constexpr double kSignPart = 0.85;  // whole ones would touch each other
+  constexpr double kSignPart = 0.8;  // whole ones would touch each other
   const Font signs{Typeface::kSymbol, place.Size * kSignPart};
-  const double column = place.Width / (kDenominations + 1);
-  const auto middleOf = [&](int denomination) { return place.X + (denomination + 1.5) * column; };
-  DrawCentred(canvas, middleOf(0), place.Y, "N", letters);
+  constexpr double kHandColumn = 1.5;  // of the others, so that no hand's letter runs into a level
+  const double column = place.Width / (kHandColumn + kDenominations);
+  const auto middleOf = [&](int denomination) {
+    return place.X + (kHandColumn + denomination + 0.5) * column;
+  };
+  // Letters stand in the middle of their row, as far from its top as from its bottom.
+  double y = place.Y + (place.Pitch + kCapitals * place.Size) / 2 - Ascent(letters);
+  DrawCentred(canvas, middleOf(0), y, "N", letters);
   for (int suit = 1; suit <= kSuits; ++suit) {
-    DrawCentred(canvas, middleOf(suit), place.Y + Ascent(letters) - Ascent(signs), Sign(suit),
-                signs, SuitColour(options, suit));
+    DrawCentred(canvas, middleOf(suit), y + Ascent(letters) - Ascent(signs), Sign(suit), signs,
+                SuitColour(options, suit));
   }
-  double y = place.Y;
   for (const int hand : kTableHands) {
     y += place.Pitch;
-    DrawCentred(canvas, place.X + column / 2, y, std::string(1, HandLetter(hand)), letters);
+    DrawCentred(canvas, place.X + kHandColumn * column / 2, y, std::string(1, HandLetter(hand)),
+                letters);
     for (int denomination = 0; denomination < kDenominations; ++denomination) {
       const int level = board.Tricks[TricksIndex(hand, static_cast<std::size_t>(denomination))];
       if (level > 0) DrawCentred(canvas, middleOf(denomination), y, std::to_string(level), letters);

@@ -273,10 +273,10 @@ TEST_F(HandRecordPageTest, LevelsOfADenominationStandInItsColumn) {
   DrawFirst();
   const DrawnPage& page = canvas.Pages.front();
   const double left = page.Fills.at(0).Area.X;
-  const double column = page.Fills.at(0).Area.Width / 6;
+  const double column = page.Fills.at(0).Area.Width / 6.5;  // the hands' is one and a half
   std::vector<int> columns;
   for (const DrawnText& text : page.Find("1")) {
-    columns.push_back(static_cast<int>((text.X + text.Width / 2 - left) / column));
+    columns.push_back(static_cast<int>((text.X + text.Width / 2 - left) / column - 0.5));
   }
   // Level 1: of North in no-trump (column 1), South in clubs (5), East in hearts (3).
   EXPECT_EQ(columns, (std::vector<int>{1, 5, 3}));

@@ -123,7 +123,7 @@ std::vector<std::string> TakeTable(std::vector<Word>& words) {
   if (signs.size() != kSigns.size()) return {};
   const double signWidth = kSignWidth * heightOf(signs.front());
   const double column = (signs.back().Right - signs.front().Left - signWidth) / 3;
-  const double left = signs.front().Left - 2.2 * column;
+  const double left = signs.front().Left - 2.6 * column;
   const double top = signs.front().Top - kSameLine;
   const auto isOut = [&](const Word& word) { return word.Left < left || word.Top < top; };
   const auto inTable = std::stable_partition(words.begin(), words.end(), isOut);
