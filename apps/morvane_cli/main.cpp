@@ -1,13 +1,11 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
-#include <algorithm>
 #include <iostream>
 #include <memory>
 
 #include "arguments.h"
 #include "bridges/machine_choice.h"
 #include "cli/job.h"
-#include "cli/registry.h"
 #include "end_signals.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
@@ -21,23 +19,18 @@ class NoSound final : public morvane::Sound {
 };
 
 /// Pages need fonts, which come with an application that could show windows; it takes longer to
-/// start, and no display.
-std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
-  const bool draws = std::any_of(argv, argv + argc, [](const char* word) {
-    const auto* const command = morvane::cli::FindCommand(word);
-    return command != nullptr && command->Draws;
-  });
-  if (!draws) return std::make_unique<QCoreApplication>(argc, argv);
+/// start, and no display. From words beside the program's name it would take those that Qt knows.
+std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // It speaks of the session that it misses. QT_LOGGING_RULES brings that back.
   QLoggingCategory::setFilterRules("*.warning=false");
-  return std::make_unique<QGuiApplication>(argc, argv);
+  return std::make_unique<QGuiApplication>(nameAlone, argv);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto application = MakeApplication(argc, argv);
+  auto application = std::make_unique<QCoreApplication>(argc, argv);
   if (!morvane::AreText(argc, argv)) {
     std::cerr << "morvane-cli: an argument is not UTF-8 text\n";
     return morvane::cli::kWrongUsage;
@@ -50,6 +43,11 @@ int main(int argc, char** argv) {
   if (!arguments.Error.empty()) {
     std::cerr << "morvane-cli: " << arguments.Error << "\nTry 'morvane-cli --help'.\n";
     return morvane::cli::kWrongUsage;
+  }
+  int nameAlone = 1;
+  if (arguments.Request.Asked->Draws) {
+    application.reset();  // there is one at a time
+    application = ApplicationWithFonts(nameAlone, argv);
   }
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
   const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);

@@ -15,13 +15,16 @@ using ::testing::StartsWith;
 class PrintEndToEnd : public EndToEnd {
  protected:
   /// Without a display, in a country that `variables` may change.
-  Outcome RunWith(const std::vector<std::string>& variables,
-                  const std::vector<std::string>& words) {
+  Surroundings Bare(const std::vector<std::string>& variables) {
     Surroundings around = Around();
     around.Variables = variables;  // the first of a name counts
     around.Variables.insert(around.Variables.end(),
                             {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="});
-    return Process(Whole(words), around).Finish();
+    return around;
+  }
+  Outcome RunWith(const std::vector<std::string>& variables,
+                  const std::vector<std::string>& words) {
+    return Process(Whole(words), Bare(variables)).Finish();
   }
   const std::string set_ = SetFile("evening.pbn", 1, 640);
   const std::string pdf_ = folder / "evening.pdf";
@@ -82,6 +85,22 @@ TEST_F(PrintEndToEnd, WithoutFontsThereIsAnErrorInPlaceOfEmptyPages) {
   EXPECT_EQ(outcome.Err, "Printing Error: " + pdf_ +
                              ": Error: 2 during printing - There are no fonts\nPrint aborted!\n");
   EXPECT_FALSE(std::filesystem::exists(pdf_));
+}
+
+TEST_F(PrintEndToEnd, WordsThatQtKnowsAreWrongUsageAsForAnyCommand) {
+  for (const char* word : {"--reverse", "-platform", "--qwindowtitle"}) {
+    const Outcome outcome = RunWith({}, {"print", set_, pdf_, "--no-analysis", word, "xcb"});
+    EXPECT_EQ(outcome.Status, 2) << word;
+    EXPECT_THAT(outcome.Err, StartsWith("morvane-cli: Unknown option")) << word;
+    EXPECT_FALSE(std::filesystem::exists(pdf_)) << word;
+  }
+}
+
+TEST_F(PrintEndToEnd, ATitleMayLookLikeAWordThatQtKnows) {
+  ASSERT_EQ(RunWith({}, {"print", set_, pdf_, "--no-analysis", "--to", "1", "--header", "--title"})
+                .Status,
+            0);
+  EXPECT_EQ(test::PdfReader(pdf_).Title(), "--title");
 }
 
 TEST_F(PrintEndToEnd, TheHandsAsText) {
