@@ -121,6 +121,7 @@ void LogParameters(Program& program, const PrintOptions& options) {
 ExitStatus PutOnPaper(Job& job, const PaperRequest& request,
                       const std::function<bool(const std::function<bool()>&)>& print) {
   Program& program = job.Place.Prog;
+  const int before = job.Place.Operator.BoxesShown();
   bool done = false;
   {
     PrintProgress progress(job.Place.Screen);
@@ -130,7 +131,10 @@ ExitStatus PutOnPaper(Job& job, const PaperRequest& request,
     });
   }
   if (done) return kDone;
-  if (program.Loop.Quitting()) job.Place.Screen.Error("Broken off before " + request.Out + "\n");
+  // A reader that goes ends the program too, but that has been told as the failure.
+  if (program.Loop.Quitting() && job.Place.Operator.BoxesShown() == before) {
+    job.Place.Screen.Error("Broken off before " + request.Out + "\n");
+  }
   return kFailed;
 }
 

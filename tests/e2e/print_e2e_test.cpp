@@ -1,3 +1,8 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "e2e/e2e_fixture.h"
@@ -125,6 +130,22 @@ TEST_F(PrintEndToEnd, APipeTakesThePages) {
   EXPECT_EQ(outcome.Status, 0);
   EXPECT_EQ(outcome.Err, "");
   EXPECT_THAT(outcome.Out, StartsWith("%PDF-1."));
+}
+
+TEST_F(PrintEndToEnd, AReaderThatGoesIsToldOfOnce) {
+  const std::string fifo = folder / "fifo";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  const int reader = open(fifo.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(reader, 0);
+  Process program(Whole({"print", set_, fifo, "--no-analysis"}), Bare({}));
+  pollfd waiting{reader, POLLIN, 0};
+  constexpr int kAMinute = 60'000;
+  EXPECT_EQ(poll(&waiting, 1, kAMinute), 1);
+  close(reader);  // more comes than a pipe holds
+  const Outcome outcome = program.Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err, "Printing Error: " + fifo +
+                             ": Error: 32 during printing - Broken pipe\nPrint aborted!\n");
 }
 
 TEST_F(PrintEndToEnd, TheSetIsNeverOverwritten) {
