@@ -32,6 +32,14 @@ void Frame(Canvas& canvas, const Area& area) {
 
 constexpr double kCapitals = 0.72;  // the height of capitals and digits, of the size
 
+Font SignsOf(const HandPlace& place) { return {Typeface::kSymbol, place.SignSize}; }
+Font RanksOf(const HandPlace& place) { return {Typeface::kArial, place.RankSize}; }
+
+/// From a sign's left end to its ranks.
+double Indent(const Canvas& canvas, const HandPlace& place) {
+  return canvas.WidthOf(Sign(1), SignsOf(place)) * place.SignPitch;
+}
+
 /// The rows of the table, and the order of the hands in lists.
 constexpr std::array kTableHands{kNorth, kSouth, kEast, kWest};
 
@@ -52,15 +60,25 @@ void DrawWithin(Canvas& canvas, double x, double y, double width, Align align,
   canvas.Text(x, y + Ascent(font) - Ascent(smaller), text, smaller, colour);
 }
 
+double WidthOfHand(const Canvas& canvas, const HandPlace& place, const Board& board, int hand,
+                   const PrintOptions& options) {
+  double longest = 0;
+  for (int suit = 1; suit <= kSuits; ++suit) {
+    longest =
+        std::max(longest, canvas.WidthOf(SuitOnPaper(board, hand, suit, options), RanksOf(place)));
+  }
+  return Indent(canvas, place) + longest;
+}
+
 void DrawHand(Canvas& canvas, const HandPlace& place, const Board& board, int hand,
               const PrintOptions& options) {
-  const Font signs{Typeface::kSymbol, place.SignSize};
-  const Font ranks{Typeface::kArial, place.RankSize};
+  const Font signs = SignsOf(place);
+  const Font ranks = RanksOf(place);
+  const double indent = Indent(canvas, place);
   for (int suit = 1; suit <= kSuits; ++suit) {
     const double y = place.Y + (suit - 1) * place.Pitch;
     const Colour colour = SuitColour(options, suit);
     canvas.Text(place.X, y, Sign(suit), signs, colour);
-    const double indent = canvas.WidthOf(Sign(1), signs) * place.SignPitch;
     DrawWithin(canvas, place.X + indent, y + Ascent(signs) - Ascent(ranks), place.Width - indent,
                Align::kLeft, SuitOnPaper(board, hand, suit, options), ranks, colour);
   }

@@ -42,6 +42,9 @@ struct HandPlace {
   double SignSize = 10;
   double RankSize = 10;
 };
+/// What the longest suit of the hand takes, in letters of full size.
+[[nodiscard]] double WidthOfHand(const Canvas& canvas, const HandPlace& place, const Board& board,
+                                 int hand, const PrintOptions& options);
 /// A suit sign and its ranks a line; a void shows the sign alone.
 void DrawHand(Canvas& canvas, const HandPlace& place, const Board& board, int hand,
               const PrintOptions& options);

@@ -10,6 +10,7 @@
 #include "print/score_card.h"
 #include "print/shrunk_canvas.h"
 #include "print/statistics_block.h"
+#include "text/text.h"
 
 namespace morvane::print {
 namespace {
@@ -57,7 +58,9 @@ Document::Document(const BoardSet& set, PrintOptions options)
     : set_(set),
       options_(std::move(options)),
       pages_(options_.Mode == PrintMode::kScoreCards ? CardPages(options_)
-                                                     : RecordPages(options_)) {}
+                                                     : RecordPages(options_)) {
+  options_.Header = WithoutControls(std::move(options_.Header));
+}
 
 bool Document::Draw(Canvas& page, const std::function<bool()>& boardDone) const {
   ShrunkCanvas canvas(page, PartThatFits(page, options_.Mode));

@@ -89,21 +89,24 @@ void DrawHead(Canvas& canvas, const PrintOptions& options, const Cell& cell, int
 void DrawHands(Canvas& canvas, const PrintOptions& options, const Cell& cell, const Board& board) {
   const Area compass = cell.Compass();
   const double right = cell.X + cell.Width;
-  const double west = cell.X + cell.Form.WestFrom;
   const double east = compass.X + compass.Width + kGap;
   const bool hasTable = options.Analysis && HasResults(board);
   const TricksPlace table = cell.Table();
   const auto endOf = [&](int row) {
     return hasTable && table.Y < cell.HandTop(row + 1) ? table.X - kGap / 2 : right;
   };
+  const auto placeOf = [&](double x, double end, int row) {
+    return HandPlace{x,          cell.HandTop(row), end - x, cell.LinePitch(), cell.Form.SignPitch,
+                     kText.Size, kText.Size};
+  };
   const auto draw = [&](int hand, double x, double end, int row) {
-    DrawHand(canvas,
-             {x, cell.HandTop(row), end - x, cell.LinePitch(), cell.Form.SignPitch, kText.Size,
-              kText.Size},
-             board, hand, options);
+    DrawHand(canvas, placeOf(x, end, row), board, hand, options);
   };
   draw(kNorth, compass.X, right, 0);
-  draw(kWest, west, compass.X - kGap / 2, 1);
+  // West moves to the left before long suits shrink.
+  const double westEnd = compass.X - kGap / 2;
+  const double needed = WidthOfHand(canvas, placeOf(cell.X, westEnd, 1), board, kWest, options);
+  draw(kWest, std::clamp(westEnd - needed, cell.X, cell.X + cell.Form.WestFrom), westEnd, 1);
   draw(kEast, east, endOf(1), 1);
   draw(kSouth, compass.X, endOf(2), 2);
 }

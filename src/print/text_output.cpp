@@ -10,6 +10,7 @@
 #include "print/rank_letters.h"
 #include "program/program.h"
 #include "text/columns.h"
+#include "text/text.h"
 #include "text/text_encoding.h"
 
 namespace morvane::print {
@@ -29,12 +30,6 @@ void AddLine(std::string& text, std::string_view line) {
   text += kCrLf;
 }
 
-std::string WithoutLineEnds(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  return text;
-}
-
 std::string SuitText(const Board& board, int hand, int suit, const PrintOptions& options) {
   return std::string(kSuitNames[static_cast<std::size_t>(suit)]) +
          SuitOnPaper(board, hand, suit, options);
@@ -42,8 +37,8 @@ std::string SuitText(const Board& board, int hand, int suit, const PrintOptions&
 
 void AddHeader(std::string& text, const std::string& header, const std::string& date) {
   AddLine(text, " ");
-  AddLine(text, "Session: " + CutOrFilled(WithoutLineEnds(header), kHeader) +
-                    " Date: " + CutOrFilled(WithoutLineEnds(date), kDate));
+  AddLine(text, "Session: " + CutOrFilled(WithoutControls(header), kHeader) +
+                    " Date: " + CutOrFilled(WithoutControls(date), kDate));
 }
 
 /// The diagram of board `n`; dealer and vulnerability are those of its number: required.

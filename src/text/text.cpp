@@ -79,6 +79,13 @@ std::string LowerCase(std::string_view text) {
   return Changed(text, [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
 }
 
+std::string WithoutControls(std::string text) {
+  constexpr char kDelete = 0x7F;
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == kDelete; }, ' ');
+  return text;
+}
+
 std::string Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);

@@ -36,6 +36,8 @@ namespace morvane {
 [[nodiscard]] std::string LowerCase(std::string_view text);
 /// `text` without blanks, tabs and line ends at its ends.
 [[nodiscard]] std::string Trim(std::string_view text);
+/// Line ends, tabs and other control characters become blanks.
+[[nodiscard]] std::string WithoutControls(std::string text);
 
 /// The value of the digits at the start of `text` (blanks before them skipped); 0 without any. It
 /// stops at 1,000,000,000: a larger number has that value.

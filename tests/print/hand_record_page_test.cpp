@@ -63,6 +63,26 @@ TEST_F(HandRecordPageTest, ALongHeaderShrinksAndStaysOnThePage) {
   EXPECT_DOUBLE_EQ(header.Y + Ascent(header.Font), 50 + 18);
 }
 
+TEST_F(HandRecordPageTest, ALineEndInTheHeaderIsABlank) {
+  Boards(1, 1);
+  options.Header = "Autumn\r\nTeams";
+  EXPECT_THAT(DrawFirst().Find("Autumn  Teams"), SizeIs(1));
+}
+
+/// Three columns leave her 49 points from her usual place to the compass, for a sign and 7 cards.
+TEST_F(HandRecordPageTest, WestMovesToTheLeftBeforeHerSuitsShrink) {
+  Boards(1, 1);
+  options.PerPage = 4;
+  Board& board = set.At(1);
+  board = NumberedBoard(1);
+  for (int card = 1; card <= 9; ++card) board.Cards[static_cast<std::size_t>(card)] = kWest;
+  AnalyzeBoard(board);
+  const DrawnText suit = TheText("AKQJT9876");
+  EXPECT_EQ(suit.Font, kArial10);
+  EXPECT_LT(suit.X, 10 + 10 + 9);
+  EXPECT_GE(suit.X, 10 + 9 - 1);
+}
+
 TEST_F(HandRecordPageTest, TheHeadTellsNumberDealerAndVulnerability) {
   Boards(1, 12);
   const std::array<std::string, 4> vuls{"None Vul", "N-S Vul", "E-W Vul", "Both Vul"};

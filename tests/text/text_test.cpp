@@ -99,5 +99,10 @@ TEST(FilterLength, The201stCharacterIsRefusedAndTheCaretStaysBeforeIt) {
   EXPECT_TRUE(FilterLength(accents, previous));
 }
 
+TEST(Text, ControlCharactersBecomeBlanks) {
+  EXPECT_EQ(WithoutControls("one\r\ntwo\tthree\x01\x7F"), "one  two three  ");
+  EXPECT_EQ(WithoutControls("\u00C5\u017D \u2660"), "\u00C5\u017D \u2660");
+}
+
 }  // namespace
 }  // namespace morvane
