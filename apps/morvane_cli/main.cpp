@@ -30,6 +30,7 @@ std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** ar
 }  // namespace
 
 int main(int argc, char** argv) {
+  int nameAlone = 1;  // an application holds on to it
   auto application = std::make_unique<QCoreApplication>(argc, argv);
   if (!morvane::AreText(argc, argv)) {
     std::cerr << "morvane-cli: an argument is not UTF-8 text\n";
@@ -44,7 +45,6 @@ int main(int argc, char** argv) {
     std::cerr << "morvane-cli: " << arguments.Error << "\nTry 'morvane-cli --help'.\n";
     return morvane::cli::kWrongUsage;
   }
-  int nameAlone = 1;
   if (arguments.Request.Asked->Draws) {
     application.reset();  // there is one at a time
     application = ApplicationWithFonts(nameAlone, argv);

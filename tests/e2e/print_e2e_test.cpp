@@ -102,10 +102,11 @@ TEST_F(PrintEndToEnd, WordsThatQtKnowsAreWrongUsageAsForAnyCommand) {
 }
 
 TEST_F(PrintEndToEnd, ATitleMayLookLikeAWordThatQtKnows) {
-  ASSERT_EQ(RunWith({}, {"print", set_, pdf_, "--no-analysis", "--to", "1", "--header", "--title"})
-                .Status,
-            0);
-  EXPECT_EQ(test::PdfReader(pdf_).Title(), "--title");
+  ASSERT_EQ(
+      RunWith({}, {"print", set_, pdf_, "--no-analysis", "--to", "1", "--header", "--reverse"})
+          .Status,
+      0);
+  EXPECT_EQ(test::PdfReader(pdf_).Title(), "--reverse");
 }
 
 TEST_F(PrintEndToEnd, TheHandsAsText) {
