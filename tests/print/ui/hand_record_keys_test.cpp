@@ -1,4 +1,5 @@
 #include <QKeyEvent>
+#include <QPushButton>
 
 #include "print/ui/hand_record_window_desk.h"
 
@@ -46,6 +47,16 @@ TEST_F(HandRecordWindowTest, ReturnOnExitClosesAndPrintsNothing) {
     test::Find(window, "cmdExit").setFocus();
     test::Press(window, Qt::Key_Return);
     EXPECT_FALSE(window.isVisible());
+    EXPECT_THAT(desk.ThePrinter.Jobs, IsEmpty());
+  });
+}
+
+TEST_F(HandRecordWindowTest, ReturnWithoutALayoutDoesNothing) {
+  desk.Store.Set(kPrintPerPage, "0");
+  Open([this](QWidget& window) {
+    EXPECT_FALSE(test::Find<QPushButton>(window, "cmdExit").isDefault());
+    test::Press(window, Qt::Key_Return);
+    EXPECT_TRUE(window.isVisible());
     EXPECT_THAT(desk.ThePrinter.Jobs, IsEmpty());
   });
 }
