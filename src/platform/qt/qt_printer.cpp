@@ -182,11 +182,14 @@ std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& dr
 }
 
 /// All pages or none: what a program that quits has drawn so far replaces nothing.
-std::optional<RuntimeError> QtPrinter::PrintToFile(const QPrinter& device, const PrintJob& job,
+/// The file was chosen for one job: no later one replaces it without a question.
+std::optional<RuntimeError> QtPrinter::PrintToFile(QPrinter& device, const PrintJob& job,
                                                    const Draw& draw) {
   const std::string pdf = PdfPages(job, draw, device.pageLayout().pageSize());
   if (loop_.Quitting()) return RuntimeError{ECANCELED, "The program ends"};
-  return WriteFile(FromQt(device.outputFileName()), pdf);
+  auto error = WriteFile(FromQt(device.outputFileName()), pdf);
+  if (!error) device.setOutputFileName({});
+  return error;
 }
 
 std::optional<RuntimeError> QtPrinter::PrintOnce(QPrinter& device, const Draw& draw) {

@@ -28,7 +28,7 @@ class QtPrinter final : public Printer {
  private:
   [[nodiscard]] QPrinter& Device() const;
   [[nodiscard]] QPrinter& DeviceFor(const PrintJob& job);
-  [[nodiscard]] std::optional<RuntimeError> PrintToFile(const QPrinter& device, const PrintJob& job,
+  [[nodiscard]] std::optional<RuntimeError> PrintToFile(QPrinter& device, const PrintJob& job,
                                                         const Draw& draw);
   [[nodiscard]] std::optional<RuntimeError> PrintOnce(QPrinter& device, const Draw& draw);
 

@@ -205,6 +205,13 @@ TEST_F(QtPrinterTest, AFileGetsThePagesOnce) {
   EXPECT_EQ(pdf.Title(), "Evening");
 }
 
+TEST_F(QtPrinterTest, AFileIsChosenForOneJob) {
+  QtPrinter printer = FileOf(desk.Folder / "evening.pdf");
+  EXPECT_EQ(printer.DeviceName(), desk.Folder / "evening.pdf");
+  EXPECT_EQ(printer.Print({"One", 1}, DrawTwoPages), std::nullopt);
+  EXPECT_NE(printer.DeviceName(), desk.Folder / "evening.pdf");
+}
+
 TEST_F(QtPrinterTest, AProgramThatQuitsLeavesTheFileAsItWas) {
   const std::string file = desk.Folder / "evening.pdf";
   test::WriteContent(file, "of last week");
