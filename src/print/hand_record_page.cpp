@@ -67,8 +67,9 @@ struct Cell {
 Cell CellAt(const Canvas& canvas, const Layout& form, int place) {
   const double width = (canvas.Width() - kCellsX) / form.Columns;
   const double height = (canvas.Height() - kCellsFrom) / form.Rows;
-  return {kCellsX + place % form.Columns * width, kCellsFrom + place / form.Columns * height,
-          width - kGap, height, form};
+  const int row = place / form.Columns;
+  const int column = place % form.Columns;
+  return {kCellsX + column * width, kCellsFrom + row * height, width - kGap, height, form};
 }
 
 void DrawHead(Canvas& canvas, const PrintOptions& options, const Cell& cell, int n) {

@@ -42,7 +42,7 @@ bool IsNamedPdf(const std::string& path) { return LowerCase(path).ends_with(".pd
 /// The file asked for, ".pdf" added to a name without it; nothing when it was cancelled, or when
 /// that is another file's name which is to be kept.
 std::optional<std::string> AskPdfFile(Program& program) {
-  const auto path = program.Operator.AskFile(
+  auto path = program.Operator.AskFile(
       {"Save as PDF", "PDF (*.pdf)|*.pdf", 1, files::InitialDirectory(program.Store), true});
   if (!path || IsNamedPdf(*path)) return path;
   const std::string named = *path + ".pdf";

@@ -49,9 +49,9 @@ QIcon LayoutPicture(const Layout& layout, const QWidget& widget) {
   const double width = (kWidth - 2 * kEdge) / layout.Columns;
   const double height = (kHeight - kHead - kEdge) / layout.Rows;
   for (int place = 0; place < layout.PerPage; ++place) {
-    const double x = kEdge + place % layout.Columns * width;
-    const double y = kHead + place / layout.Columns * height;
-    PaintBoard(painter, {x, y, width, height}, hands);
+    const int row = place / layout.Columns;
+    const int column = place % layout.Columns;
+    PaintBoard(painter, {kEdge + column * width, kHead + row * height, width, height}, hands);
   }
   return picture;
 }
