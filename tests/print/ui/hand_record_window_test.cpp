@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QProgressBar>
 #include <QRadioButton>
 
