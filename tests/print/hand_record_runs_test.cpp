@@ -11,10 +11,8 @@ using Option = HandRecordOption;
 using test::FakePrinter;
 using test::FakeUi;
 using ::testing::Contains;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::SizeIs;
 
 /// It makes no copies by itself.

@@ -12,7 +12,6 @@ namespace morvane::shell {
 namespace {
 
 using test::Enabled;
-using test::FakePrinter;
 using test::Visible;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

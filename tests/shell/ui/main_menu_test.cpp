@@ -10,8 +10,6 @@ namespace morvane::shell {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
 
 using Menu = MainMenuTest;
 using EventTexts = MainMenuTest;
