@@ -31,18 +31,22 @@ class QtEventLoopTest : public testing::Test {
 };
 
 TEST_F(QtEventLoopTest, WhoPumpsOftenLetsEventsThroughSoonAndNotEachTime) {
-  loop_.Pump();
-  int events = 0;
-  Post([&] { ++events; });
-  const auto start = steady_clock::now();
-  int calls = 0;
-  while (events == 0 && MsSince(start) < 1000) {
-    ++calls;
+  bool waited = false;
+  for (int attempt = 0; attempt < 1000 && !waited; ++attempt) {
+    int events = 0;
+    const auto start = steady_clock::now();
+    loop_.Pump();
+    Post([&] { ++events; });
     EXPECT_TRUE(loop_.PumpOften());
+    // A process that was held up in between pumps at once, and rightly.
+    if (MsSince(start) < 9.0) {
+      EXPECT_EQ(events, 0);
+      waited = true;
+    }
+    while (events == 0 && MsSince(start) < 1000) EXPECT_TRUE(loop_.PumpOften());
+    EXPECT_EQ(events, 1);
   }
-  EXPECT_EQ(events, 1);
-  EXPECT_GE(MsSince(start), 9.0);
-  EXPECT_GT(calls, 1);
+  EXPECT_TRUE(waited);
   loop_.Quit();
   EXPECT_FALSE(loop_.PumpOften()) << "told at once";
 }
