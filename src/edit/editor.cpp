@@ -1,11 +1,11 @@
 #include "edit/editor.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "edit/board_text.h"
 #include "edit/hand_swaps.h"
 #include "edit/set_edits.h"
+#include "model/results.h"
 #include "program/log_record.h"
 
 namespace morvane::edit {
@@ -50,10 +50,8 @@ void Editor::DisplayBoard() {
 bool Editor::Accepted() const { return CompareBoards(EditBoard_, program_.Set.Current()) == 2; }
 
 bool Editor::Analyzed() const {
-  const auto isSet = [](std::uint8_t level) { return level != 0; };
   const Board& stored = program_.Set.Current();
-  return CompareBoards(EditBoard_, stored) != 0 &&
-         std::any_of(stored.Tricks.begin(), stored.Tricks.end(), isSet);
+  return CompareBoards(EditBoard_, stored) != 0 && HasResults(stored);
 }
 
 bool Editor::Can(Command command) const {

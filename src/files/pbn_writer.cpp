@@ -1,10 +1,10 @@
 #include "files/pbn_writer.h"
 
-#include <algorithm>
 #include <array>
 
 #include "files/format_frame.h"
 #include "files/pbn_values.h"
+#include "model/results.h"
 #include "program/program.h"
 #include "text/text_encoding.h"
 
@@ -34,11 +34,6 @@ void AppendEvent(std::string& text, const BoardSet& set, bool first) {
   AppendTag(text, "Date", first ? set.EventDate : "#");
 }
 
-bool IsAnalyzed(const Board& board) {
-  return std::any_of(board.Tricks.begin(), board.Tricks.end() - 1,
-                     [](std::uint8_t level) { return level != 0; });
-}
-
 void AppendAnalysis(std::string& text, const Board& board) {
   AppendTag(text, "DoubleDummyTricks", FormatPbnTricks(board));
   AppendTag(text, "OptimumResultTable", R"(Declarer;Denomination\2R;Result\2R)");
@@ -57,7 +52,7 @@ void AppendBoard(std::string& text, const Board& board, int n, bool withAnalysis
   AppendTag(text, "Dealer", std::string(1, HandLetter(dealer)));
   AppendTag(text, "Vulnerable", VulName[static_cast<std::size_t>(BoardVul(board, n))]);
   AppendTag(text, "Deal", FormatPbnDeal(board, dealer));
-  if (withAnalysis && IsAnalyzed(board)) AppendAnalysis(text, board);
+  if (withAnalysis && HasResults(board)) AppendAnalysis(text, board);
   AppendLine(text, "");
 }
 

@@ -1,9 +1,8 @@
 #include "machine/display_hand.h"
 
-#include <algorithm>
-
 #include "machine/board_run.h"
 #include "model/national_letters.h"
+#include "model/results.h"
 
 namespace morvane::machine {
 
@@ -34,8 +33,7 @@ BoardDisplay DisplayHand(const BoardRun& run, int number) {
     display.lblHCP[hand] = std::to_string(board.Hcp[hand]);
   }
   display.Tricks = board.Tricks;
-  display.Analyzed = std::any_of(board.Tricks.begin(), board.Tricks.end(),
-                                 [](auto tricks) { return tricks != 0; });
+  display.Analyzed = HasResults(board);
   return display;
 }
 

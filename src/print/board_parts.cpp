@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "model/results.h"
 #include "print/rank_letters.h"
 #include "text/suit_signs.h"
 
@@ -108,11 +109,6 @@ void DrawPoints(Canvas& canvas, const PointsPlace& place, const Board& board) {
   DrawCentred(canvas, place.Middle, sides, "HCP", font);
   canvas.Text(west + place.Span, sides, points(kEast), font, kBlack);
   DrawCentred(canvas, place.Middle, sides + place.Pitch, points(kSouth), font);
-}
-
-bool HasResults(const Board& board) {
-  return std::any_of(board.Tricks.begin(), board.Tricks.begin() + kResults,
-                     [](std::uint8_t level) { return level != 0; });
 }
 
 void DrawTricks(Canvas& canvas, const TricksPlace& place, const Board& board,

@@ -74,7 +74,4 @@ struct TricksPlace {
 void DrawTricks(Canvas& canvas, const TricksPlace& place, const Board& board,
                 const PrintOptions& options);
 
-/// Whether the board has any result of an analysis.
-[[nodiscard]] bool HasResults(const Board& board);
-
 }  // namespace morvane::print

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "model/results.h"
 #include "print/board_parts.h"
 #include "print/layout.h"
 

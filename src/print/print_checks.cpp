@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "print/board_parts.h"
+#include "model/results.h"
 
 namespace morvane::print {
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/results.h"
 #include "print/board_parts.h"
 
 namespace morvane::print {

@@ -1,11 +1,10 @@
 #include "print/text_output.h"
 
-#include <algorithm>
 #include <array>
 
 #include "files/last_used.h"
+#include "model/results.h"
 #include "platform/files.h"
-#include "print/board_parts.h"
 #include "print/print_failure.h"
 #include "print/rank_letters.h"
 #include "program/program.h"

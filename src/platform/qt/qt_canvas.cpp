@@ -1,6 +1,5 @@
 #include "platform/qt/qt_canvas.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPageLayout>
 
