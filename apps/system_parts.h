@@ -20,6 +20,7 @@ struct SystemParts {
       : Paths{ApplicationFolder(argv0), ""},
         SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
         Store(SettingsFile) {
+    Paths.Settings = SettingsFile;
     Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : FolderPath(data);
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others

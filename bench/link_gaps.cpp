@@ -126,7 +126,8 @@ void DealAtDesktop(Parts& parts, const BoardSet& set) {
   Program program(parts.On(ui), parts.Paths());
   shell::QtWindows windows(program);
   LoneInstance alone;
-  shell::Shell shell(program, parts.Gaps, windows, alone);
+  test::FakeProcesses none;
+  shell::Shell shell(program, parts.Gaps, none, windows, alone);
   shell::MainMenu menu(program, shell);
   windows.SetMainMenu(menu);
   ui.SetMainWindow(menu.ForUi());

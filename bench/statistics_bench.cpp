@@ -49,7 +49,8 @@ struct Desktop {
   simulator::SimulatedMachine Machine{simulator::Options(), Desk.Clock};
   shell::QtWindows Windows{Desk.Prog};
   LoneInstance Alone;
-  shell::Shell Main{Desk.Prog, Machine, Windows, Alone};
+  test::FakeProcesses None;
+  shell::Shell Main{Desk.Prog, Machine, None, Windows, Alone};
   shell::MainMenu Menu{Desk.Prog, Main};
 };
 

@@ -16,6 +16,7 @@
 #include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/window_place.h"
+#include "platform/system_processes.h"
 #include "shell/shell.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
@@ -55,7 +56,8 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
   using morvane::machine::MachineKind;
-  morvane::shell::Shell shell(program, *machine.Usb, windows, instance,
+  morvane::SystemProcesses processes;
+  morvane::shell::Shell shell(program, *machine.Usb, processes, windows, instance,
                               machine.Simulated ? MachineKind::kSimulated : MachineKind::kReal);
   morvane::shell::MainMenu mainMenu(program, shell);
   windows.SetMainMenu(mainMenu);

@@ -9,6 +9,7 @@
 #include "end_signals.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
+#include "platform/system_processes.h"
 #include "system_parts.h"
 
 namespace {
@@ -64,8 +65,9 @@ int main(int argc, char** argv) {
       parts.Paths);
   morvane::QuitOnEndSignals(parts.Loop);
   morvane::QuitOnBrokenPipe();
-  morvane::cli::Workplace place{program, operatorAtTerminal, terminal, *machine.Usb,
-                                machine.Simulated};
+  morvane::SystemProcesses processes;
+  morvane::cli::Workplace place{program,      operatorAtTerminal, terminal,
+                                *machine.Usb, processes,          machine.Simulated};
   const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
   std::cout.flush();
   if (std::cout) return status;

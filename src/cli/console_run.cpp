@@ -16,7 +16,9 @@ ConsoleRun::ConsoleRun(EventLoop& loop, Terminal& terminal, machine::MachineRun&
       run_(run),
       request_(request),
       faults_(loop, terminal, run, request.Yes),
-      starter_(loop.StartTimer(kTickMs, [this] { Tick(); })) {}
+
+      starter_(loop.StartTimer(kTickMs, [this] { Tick(); })),
+      progress_(terminal) {}
 
 /// What was under way when the run was left, or its link lost, has ended too.
 void ConsoleRun::Close() {
@@ -61,7 +63,7 @@ void ConsoleRun::WaitForPedal() {
 void ConsoleRun::TakeNote() {
   ran_ = false;
   asked_ = false;
-  ShowProgress("");
+  progress_.Show("");
   Note(run_.LastOutcome() == machine::MachineRun::Outcome::kDone);
 }
 
@@ -70,24 +72,17 @@ void ConsoleRun::ShowState() {
   ran_ = true;
   const bool underWay = run_.LastOutcome() == machine::MachineRun::Outcome::kNone;
   const bool polled = !run_.Cards().txtDealTime.empty();
-  ShowProgress(underWay && polled ? Progress() : "");
+  progress_.Show(underWay && polled ? Progress() : "");
 }
 
 void ConsoleRun::ShowError(machine::ErrorDialog& dialog) {
-  ShowProgress("");
+  progress_.Show("");
   faults_.Take(dialog);
 }
 
 int ConsoleRun::CardsFallen() const {
   const auto& counts = run_.TheMachine().CardCount;
   return std::accumulate(counts.begin(), counts.end(), 0);
-}
-
-void ConsoleRun::ShowProgress(const std::string& text) {
-  if (!terminal_.ShowsProgress() || text == progress_) return;
-  const std::size_t rest = progress_.size() > text.size() ? progress_.size() - text.size() : 0;
-  terminal_.Out("\r" + text + std::string(rest, ' ') + (text.empty() ? "\r" : ""));
-  progress_ = text;
 }
 
 }  // namespace morvane::cli

@@ -6,7 +6,7 @@
 #include "cli/fault_answers.h"
 #include "cli/run_request.h"
 #include "machine/machine_run.h"
-#include "platform/console/terminal.h"
+#include "platform/console/progress_line.h"
 
 namespace morvane::cli {
 
@@ -46,13 +46,12 @@ class ConsoleRun : public machine::RunView {
   void StartOrWait();
   void WaitForPedal();
   void TakeNote();
-  void ShowProgress(const std::string& text);
 
   machine::MachineRun& run_;
   const RunRequest& request_;
   FaultAnswers faults_;
   std::unique_ptr<Timer> starter_;
-  std::string progress_;
+  ProgressLine progress_;
   bool prepared_ = false;
   bool asked_ = false;  ///< for the board or the pedal
   bool ran_ = false;    ///< cards have run since the last note

@@ -1,5 +1,6 @@
 #include "cli/console_windows.h"
 
+#include "cli/console_analysis.h"
 #include "cli/console_boards.h"
 #include "cli/console_sort.h"
 
@@ -23,6 +24,10 @@ std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::BoardR
 std::unique_ptr<machine::RunView> ConsoleWindows::OpenSortProg(machine::SortingRun& run) {
   return std::make_unique<ConsoleSort>(place_.Prog.Loop, place_.Screen, run, request_, side_,
                                        report_);
+}
+
+std::unique_ptr<analysis::DeepFView> ConsoleWindows::OpenDeepF(analysis::DeepF& run) {
+  return std::make_unique<ConsoleAnalysis>(place_.Prog.Loop, place_.Screen, run);
 }
 
 }  // namespace morvane::cli

@@ -80,7 +80,7 @@ ExitStatus RunJob(Workplace& place, const std::string& raw,
   LoneInstance instance;  // a command may run beside the desktop
   const auto kind =
       place.Simulated ? machine::MachineKind::kSimulated : machine::MachineKind::kReal;
-  shell::Shell shell(place.Prog, place.Usb, windows, instance, kind);
+  shell::Shell shell(place.Prog, place.Usb, place.Processes, windows, instance, kind);
   shell.StartUp(raw);
   Job job{place, windows, shell};
   const ExitStatus status = work(job);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/analyze_command.h"
 #include "cli/audit_command.h"
 #include "cli/convert_command.h"
 #include "cli/deal_command.h"
@@ -19,10 +20,10 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 12> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand,  &kStatsCommand,
-    &kPrintCommand,    &kTextCommand,    &kDealCommand,  &kReadCommand,
-    &kSortCommand,     &kHistoryCommand, &kAuditCommand, &kHelpCommand};
+constexpr std::array<const Command*, 13> kCommands{
+    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kStatsCommand, &kAnalyzeCommand,
+    &kPrintCommand,    &kTextCommand,    &kDealCommand, &kReadCommand,  &kSortCommand,
+    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

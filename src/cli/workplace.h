@@ -5,8 +5,9 @@
 #include "program/program.h"
 
 namespace morvane {
+class ProcessStarter;
 class UsbXpress;
-}
+}  // namespace morvane
 
 namespace morvane::simulator {
 class SimulatedMachine;
@@ -20,6 +21,7 @@ struct Workplace {
   ConsoleUi& Operator;
   Terminal& Screen;
   UsbXpress& Usb;
+  ProcessStarter& Processes;
   simulator::SimulatedMachine* Simulated = nullptr;  ///< when it can be looked into
 };
 

@@ -31,8 +31,8 @@ bool AltersSet(Command command) {
 
 }  // namespace
 
-Editor::Editor(Program& program, ClipMemory& clip, EditChance chance, Download download)
-    : program_(program), clip_(clip), chance_(chance), download_(std::move(download)) {}
+Editor::Editor(Program& program, ClipMemory& clip, EditChance chance, Services services)
+    : program_(program), clip_(clip), chance_(chance), services_(std::move(services)) {}
 
 void Editor::Open() {
   MakeUsable(program_.Set);
@@ -281,6 +281,19 @@ void Editor::Refresh() {
   if (view_ != nullptr) view_->Show();
 }
 
+void Editor::Analyze() {
+  if (closed_) return;
+  const char* refusal = program_.AnalysisRunning ? program_.Texts.Msg104.c_str()
+                        : Accepted()             ? nullptr
+                                                 : program_.Texts.Msg108.c_str();
+  if (refusal != nullptr) {
+    program_.ShowMessage(refusal, kOkCritical, "Analyze Error");
+    return;
+  }
+  services_.Analyze(program_.Set.CurrentBoard);
+  DisplayBoard();
+}
+
 bool Editor::RefusedByAnalysis() {
   if (!program_.AnalysisRunning) return false;
   program_.ShowMessage(program_.Texts.Msg103, kOkCritical, "Edit Error");
@@ -297,7 +310,8 @@ void Editor::Timer1EditTick() {
   if (program_.Link.Pending != LinkRequest::kDownload) return;
   const std::string path = std::exchange(program_.Link, {}).File;
   const std::string question = Fill(program_.Texts.Msg091, "***", path);
-  if (program_.Ask(question, kYesNoExclamation, "Download New Firmware") == kYes) download_(path);
+  if (program_.Ask(question, kYesNoExclamation, "Download New Firmware") == kYes)
+    services_.Download(path);
 }
 
 }  // namespace morvane::edit

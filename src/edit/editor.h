@@ -51,10 +51,15 @@ class Editor {
     kLast,
   };
 
-  /// A firmware file that is to be downloaded; somebody has asked the operator.
-  using Download = std::function<void(const std::string& path)>;
+  /// What others do for it.
+  struct Services {
+    /// A firmware file is to be downloaded; somebody has asked the operator.
+    std::function<void(const std::string& path)> Download;
+    /// The board of that number is to be analysed; done when it returns.
+    std::function<void(int board)> Analyze;
+  };
 
-  Editor(Program& program, ClipMemory& clip, EditChance chance, Download download);
+  Editor(Program& program, ClipMemory& clip, EditChance chance, Services services);
 
   /// Makes a set where there is none, and starts.
   void Open();
@@ -76,6 +81,8 @@ class Editor {
   void EnterSuit(int box);
   /// The Enter key, wherever it was pressed.
   void EnterKey();
+  /// Has the current board analysed, once changes are accepted.
+  void Analyze();
   /// Closes, unless the operator wants to keep changes that were not accepted.
   void cmdExit();
 
@@ -111,7 +118,7 @@ class Editor {
   Program& program_;
   ClipMemory& clip_;
   EditChance chance_;
-  Download download_;
+  Services services_;
   EditView* view_ = nullptr;
   Board EditBoard_;
   EditHistory history_;

@@ -96,8 +96,8 @@ struct Messages {
   std::string Msg077;  ///< `Error_disp`: the inserted board's label cannot be read
   std::string Msg078;  ///< `Error_disp`: another board is inserted; *** wanted, ### read
   std::string Msg079;  ///< Print: a system error; *** its number, ### description
-  std::string Msg080;  ///< (Analyze: before it starts, `Analyzer` is not 0; asks)
-  std::string Msg081;  ///< (Analyze: before it starts, `Analyzer` is 0; asks)
+  std::string Msg080;  ///< Analyze: before it starts, `Analyzer` is not 0; asks
+  std::string Msg081;  ///< Analyze: before it starts, `Analyzer` is 0; asks
   std::string Msg082;  ///< Print: with analysis, and a board has none; asks
   std::string Msg083;  ///< Start: the data folder cannot be entered, by history or log
   std::string Msg084;  ///< History: its file cannot be read, at the start or before an entry
@@ -106,25 +106,25 @@ struct Messages {
   std::string Msg087;  ///< (Service file: it cannot be written)
   std::string Msg088;  ///< (Service file: before it is made; *** its path)
   std::string Msg089;  ///< (Service file: it has been made; *** its path)
-  std::string Msg090;  ///< (Analysis: an error that calls for a new installation)
+  std::string Msg090;  ///< Analysis: an error that calls for a new installation
   std::string Msg091;  ///< Edit, Print: a firmware download is asked for from outside; asks
   std::string Msg092;  ///< Run window: a firmware download is asked for from outside
   std::string Msg093;  ///< Edit: closed with changes that were not accepted; asks
-  std::string Msg094;  ///< (Analysis: a hand of the board has not 13 cards)
-  std::string Msg095;  ///< (Analysis: the solver answers code 92)
-  std::string Msg096;  ///< (Analysis: the solver answers code 93)
-  std::string Msg097;  ///< (Analysis: the solver answers code 94; *** the path or its error text)
-  std::string Msg098;  ///< (Analysis: the solver answers code 95; *** its error text)
-  std::string Msg099;  ///< (Analysis: the solver answers code 96; *** its error text)
-  std::string Msg100;  ///< (Analysis: the solver answers code 97; *** its error text)
-  std::string Msg101;  ///< (Analyze: every board of the set has its tricks)
-  std::string Msg102;  ///< (Analyze: the one board has its tricks)
+  std::string Msg094;  ///< Analysis: a hand of the board has not 13 cards
+  std::string Msg095;  ///< Analysis: the solver answers code 92
+  std::string Msg096;  ///< Analysis: the solver answers code 93
+  std::string Msg097;  ///< Analysis: the solver answers code 94; *** the path or its error text
+  std::string Msg098;  ///< Analysis: the solver answers code 95; *** its error text
+  std::string Msg099;  ///< Analysis: the solver answers code 96; *** its error text
+  std::string Msg100;  ///< Analysis: the solver answers code 97; *** its error text
+  std::string Msg101;  ///< Analyze: every board of the set has its tricks
+  std::string Msg102;  ///< Analyze: the one board has its tricks
   std::string Msg103;  ///< New, Load, Import, Edit: refused while an analysis runs
-  std::string Msg104;  ///< (Analyze: refused while an analysis runs)
+  std::string Msg104;  ///< Analyze: refused while an analysis runs
   std::string Msg105;  ///< Exit: refused while an analysis runs
   std::string Msg106;  ///< Generate: the first board is below 1. (Preferences: or above 640)
   std::string Msg107;  ///< (Preferences: last board outside 1..640 or below the first)
-  std::string Msg108;  ///< (Edit: Analyze with changes that were not accepted)
+  std::string Msg108;  ///< Edit: Analyze with changes that were not accepted
   std::string Msg109;  ///< (Auto Setup: before it begins; *** the card index)
   std::string Msg110;  ///< Load log: the first record of a set; take, skip or give up
   std::string Msg111;  ///< Load log: the system's error, or a number outside 1..640

@@ -28,6 +28,10 @@ class Ui {
   virtual ~Ui() = default;
   /// A message box; `flags` and the answer are those of `BoxFlags` and `BoxAnswer`.
   virtual int MessageBox(const std::string& text, int flags, const std::string& title) = 0;
+  /// The same with an OK button, for who works beside the flows: it waits for nobody.
+  virtual void BoxBeside(const std::string& text, int flags, const std::string& title) {
+    MessageBox(text, flags, title);
+  }
   /// The first panel of the status bar.
   virtual void Status(const std::string& text) = 0;
   /// The full path chosen, nothing when the dialog was cancelled. A name without an extension gets

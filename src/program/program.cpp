@@ -23,6 +23,15 @@ Program::~Program() { Store.UsePatience(nullptr); }
 
 void Program::ShowMessage(const std::string& text, int flags, const std::string& title) {
   Operator.MessageBox(text, flags, title);
+  LogBox(text, title);
+}
+
+void Program::ShowBeside(const std::string& text, int flags, const std::string& title) {
+  Operator.BoxBeside(text, flags, title);
+  LogBox(text, title);
+}
+
+void Program::LogBox(const std::string& text, const std::string& title) {
   Log.WriteLine("    " + title + ": " + OneLine(text));
 }
 

@@ -40,6 +40,7 @@ struct Ports {
 struct ProgramPaths {
   std::string Application;  ///< the folder of the program file
   std::string Data;         ///< the folder of logs and history
+  std::string Settings{};   ///< the file of the settings store; empty: the user's own
 };
 
 /// A request from outside, parked until somebody takes it up; further ones are ignored meanwhile.
@@ -88,6 +89,8 @@ class Program {
   /// A message box with an OK button, and its line in the log. Code that needs an answer asks
   /// `Ask`.
   void ShowMessage(const std::string& text, int flags, const std::string& title);
+  /// The same of work beside the flows, which no box may hold up.
+  void ShowBeside(const std::string& text, int flags, const std::string& title);
   /// A question; its answer is a `BoxAnswer`. Questions leave no line in the log.
   int Ask(const std::string& text, int flags, const std::string& title);
   void Status(const std::string& text) { Operator.Status(text); }
@@ -97,6 +100,7 @@ class Program {
 
  private:
   void TellPutAside();
+  void LogBox(const std::string& text, const std::string& title);
   bool storeFailureShown_ = false;
 };
 

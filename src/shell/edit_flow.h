@@ -9,6 +9,6 @@ namespace morvane::shell {
 
 /// `menuEdit`: the editor over the set, from opening it until its window has gone.
 void EditFlow(Program& program, generate::Generator& generator, edit::ClipMemory& clip,
-              FlowWindows& windows, edit::Editor::Download download);
+              FlowWindows& windows, edit::Editor::Services services);
 
 }  // namespace morvane::shell

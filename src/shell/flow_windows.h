@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/deep_f.h"
 #include "edit/editor.h"
 #include "files/load_number.h"
 #include "generate/generate_form.h"
@@ -18,6 +19,7 @@ class FlowWindows : public files::NumberDialog,
                     public machine::RunDialogs,
                     public edit::EditDialog,
                     public print::HandRecordDialog,
+                    public analysis::DeepFDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

@@ -25,13 +25,14 @@ Shell::Flow::~Flow() {
   if (shell_.started_) shell_.EnableTimer2mm();
 }
 
-Shell::Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance,
-             machine::MachineKind kind)
+Shell::Shell(Program& program, UsbXpress& usb, ProcessStarter& processes, FlowWindows& windows,
+             Instance& instance, machine::MachineKind kind)
     : program_(program),
       windows_(windows),
       instance_(instance),
       generator_(program),
-      machine_(program.Random, usb, kind) {}
+      machine_(program.Random, usb, kind),
+      solver_(processes, program.Paths.Application, program.Paths.Settings) {}
 
 void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 
@@ -141,7 +142,19 @@ void Shell::MenuEdit() {
   if (FlowActive()) return;
   const Flow flow(*this);
   EditFlow(program_, generator_, clip_, windows_,
-           [this](const std::string& path) { RefuseFirmware(path); });
+           {[this](const std::string& path) { RefuseFirmware(path); },
+            [this](int board) { Analyze(analysis::ChosenSolver(program_.Store), board); }});
+}
+
+void Shell::MenuAnalyze() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  auto beside = AnalyzeFlow(program_, solver_, windows_);
+  if (beside) analysis_ = std::move(beside);
+}
+
+analysis::DeepF::Status Shell::Analyze(analysis::Solver solver, int board) {
+  return RunAnalysis(program_, solver_, windows_, solver, board);
 }
 
 void Shell::MenuPrint() {
@@ -178,6 +191,8 @@ void Shell::End() {
 }
 
 void Shell::WriteExit() {
+  if (analysis_) analysis_->Run.BreakOff();
+  analysis_.reset();
   keeper_.reset();
   unsaved_.reset();
   Timer2mm_.reset();

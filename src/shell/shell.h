@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/solver_process.h"
 #include "edit/clip_memory.h"
 #include "generate/generator.h"
 #include "history/history.h"
@@ -13,6 +14,7 @@
 #include "machine/machine.h"
 #include "platform/instance.h"
 #include "program/program.h"
+#include "shell/analyze_flow.h"
 #include "shell/flow_windows.h"
 #include "shell/recent_files.h"
 #include "shell/start_up.h"
@@ -30,8 +32,8 @@ class Shell {
   static constexpr int kKeepMs = 1000;  ///< as much of the work can be lost
 
   /// `instance` calls `LinkExecute` as long as the event loop runs.
-  Shell(Program& program, UsbXpress& usb, FlowWindows& windows, Instance& instance,
-        machine::MachineKind kind = machine::MachineKind::kReal);
+  Shell(Program& program, UsbXpress& usb, ProcessStarter& processes, FlowWindows& windows,
+        Instance& instance, machine::MachineKind kind = machine::MachineKind::kReal);
 
   /// From its start on the program keeps a copy of what is unsaved. Before `StartUp`.
   void KeepUnsavedSet();
@@ -61,6 +63,11 @@ class Shell {
   void MenuSort();
   void MenuEdit();
   void MenuPrint();
+  /// Analize: all boards of the set.
+  void MenuAnalyze();
+  /// Within the flow of the editor or of a command: modal, and without a question. `board` 0: the
+  /// whole set. How it has ended.
+  analysis::DeepF::Status Analyze(analysis::Solver solver, int board);
   void CmdPref();
 
   /// The event boxes, after every change. The text that the box is to show.
@@ -112,6 +119,8 @@ class Shell {
   history::History history_;
   machine::Machine machine_;
   machine::RunMemory runMemory_;
+  analysis::SolverProcess solver_;
+  std::unique_ptr<OpenAnalysis> analysis_;  ///< beside the flows
   edit::ClipMemory clip_;
   std::string startFile_;
   std::unique_ptr<Timer> Timer2mm_;

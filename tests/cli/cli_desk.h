@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/analyze_command.h"
 #include "cli/audit_command.h"
 #include "cli/convert_command.h"
 #include "cli/deal_command.h"
@@ -79,12 +80,14 @@ struct CliDesk {
   ConsoleUi Operator;
   Program Prog;
   simulator::SimulatedMachine Machine;
+  test::FakeProcesses Processes;
   const std::string In = Folder / "in.pbn";
   const std::string Out = Folder / "out.pbn";
 
   ExitStatus Run(const GenerateOptions& options) { return Do(Generate, options); }
   ExitStatus Run(const ConvertOptions& options) { return Do(Convert, options); }
   ExitStatus Run(const ShowOptions& options) { return Do(Show, options); }
+  ExitStatus Run(const AnalyzeOptions& options) { return Do(Analyze, options); }
   ExitStatus Run(const StatsOptions& options) { return Do(Stats, options); }
   ExitStatus Run(const PrintRequest& request) { return Do(Print, request); }
   ExitStatus Run(const PaperRequest& request) { return Do(WriteText, request); }
@@ -127,7 +130,7 @@ struct CliDesk {
   template <typename Options>
   ExitStatus DoOn(UsbXpress& usb, simulator::SimulatedMachine* seen,
                   ExitStatus (*command)(Job&, const Options&), const Options& options) {
-    Workplace place{Prog, Operator, Screen, usb, seen};
+    Workplace place{Prog, Operator, Screen, usb, Processes, seen};
     const ExitStatus status = RunJob(place, "", [&](Job& job) { return command(job, options); });
     Loop.Restart();  // the next command is a program of its own
     return status;

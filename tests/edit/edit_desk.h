@@ -40,10 +40,16 @@ struct EditDesk : test::TestDesk {
   CardDeck Deck{};
   std::vector<std::string> Downloads;
   FakeEditView View;
-  Editor Edit{
-      Prog, Clip, {Random, StartParamMouse, StartParamDays, Deck}, [this](const std::string& path) {
-        Downloads.push_back(path);
-      }};
+  std::vector<int> Analyzed;  ///< the boards
+  std::function<void(int)> OnAnalyze = [](int) {};
+  Editor Edit{Prog,
+              Clip,
+              {Random, StartParamMouse, StartParamDays, Deck},
+              {[this](const std::string& path) { Downloads.push_back(path); },
+               [this](int board) {
+                 Analyzed.push_back(board);
+                 OnAnalyze(board);
+               }}};
 
   /// Opens it over boards `first` to `last` at `current`.
   void Open(int first = 1, int last = 3, int current = 1) {

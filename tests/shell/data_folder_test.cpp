@@ -67,7 +67,7 @@ TEST(DataFolder, ThatOthersCouldReadIsTightenedAtTheStart) {
   for (const auto& entry : std::filesystem::directory_iterator(desk.Prog.Paths.Data)) {
     ASSERT_EQ(chmod(entry.path().c_str(), 0644), 0);
   }
-  Shell next(desk.Prog, desk.Bridge, desk.Desktop, desk.Programs);
+  Shell next(desk.Prog, desk.Bridge, desk.Processes, desk.Desktop, desk.Programs);
   next.StartUp("");
   EXPECT_EQ(RightsOf(desk.Prog.Paths.Data), 0700U);
   for (const auto& entry : std::filesystem::directory_iterator(desk.Prog.Paths.Data)) {
@@ -95,7 +95,7 @@ TEST(DataFolder, AHolderOfTheStoresLockIsWaitedForOnceAFlowToo) {
   Program program(
       {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
       desk.Prog.Paths);
-  Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
+  Shell shell(program, desk.Bridge, desk.Processes, desk.Desktop, desk.Programs);
   auto holder = FileLock::Try(desk.Folder / "morvane.exe.ini.lock");
   EXPECT_EQ(desk.Time([&] { shell.StartUp(""); }), milliseconds(10'000));
   EXPECT_THAT(desk.Ui.Waits, ElementsAre("Waiting for another program: settings", ""));
@@ -151,7 +151,7 @@ TEST(DataFolder, TheBoxesNameTheFolderInWhichItLies) {
   Program program(
       {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
       {"/opt/morvane", base + "/Morvane_Data"});
-  Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
+  Shell shell(program, desk.Bridge, desk.Processes, desk.Desktop, desk.Programs);
   shell.StartUp("");
   ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
   EXPECT_EQ(desk.Ui.Boxes[0].Title, "History Error");
@@ -170,7 +170,7 @@ TEST(DataFolder, AStoreThatIsNoTextIsPutAsideAtTheStartAndSaidOnce) {
   Program program(
       {desk.Ui, desk.Loop, desk.Clock, store, desk.Random, desk.Speaker, desk.ThePrinter},
       desk.Prog.Paths);
-  Shell shell(program, desk.Bridge, desk.Desktop, desk.Programs);
+  Shell shell(program, desk.Bridge, desk.Processes, desk.Desktop, desk.Programs);
   shell.StartUp("");
   EXPECT_TRUE(shell.Exit());
   EXPECT_THAT(desk.Ui.Boxes,

@@ -229,7 +229,7 @@ TEST(MenuDeal, AProgramThatQuitsLeavesASimulatedMachineBroken) {
   simulator::Options fast;
   fast.Speed = 0;
   simulator::SimulatedMachine machine(fast, desk.Clock);
-  Shell main(desk.Prog, machine, desk.Desktop, desk.Programs);
+  Shell main(desk.Prog, machine, desk.Processes, desk.Desktop, desk.Programs);
   main.StartUp("");
   test::FillSet(desk.Prog.Set, 1, 3);
   desk.Desktop.OnRun = [&](BoardRun& run) {

@@ -51,6 +51,15 @@ class FakeWindows final : public FlowWindows {
     ++LoadNumbers;
     if (OnLoadNumber) OnLoadNumber(dialog);
   }
+  std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override {
+    struct NoView final : analysis::DeepFView {
+      void Show() override {}
+      void Close() override {}
+    };
+    Analyses.emplace_back(run.Title());
+    if (OnDeepF) OnDeepF(run);
+    return std::make_unique<NoView>();
+  }
   bool ShowEdit(edit::Editor& editor) override {
     if (!HasWindows) return FlowWindows::ShowEdit(editor);
     ++Edits;
@@ -106,6 +115,8 @@ class FakeWindows final : public FlowWindows {
   std::function<void(generate::GenerateForm&)> OnGenerate;
   std::function<void(machine::BoardRun&)> OnRun;  ///< the window has been opened
   std::function<void(machine::SortingRun&)> OnSort;
+  std::vector<std::string> Analyses;              ///< the titles of their windows
+  std::function<void(analysis::DeepF&)> OnDeepF;  ///< the window has been opened
 };
 
 /// Another program that runs or not, and takes a command or not.
@@ -141,7 +152,8 @@ struct ShellDesk : test::TestDesk {
   test::PaperMachine Paper{Bridge};
   FakeWindows Desktop;
   FakeInstance Programs;
-  Shell Main{Prog, Bridge, Desktop, Programs};
+  test::FakeProcesses Processes;
+  Shell Main{Prog, Bridge, Processes, Desktop, Programs};
 
   /// Starts up and forgets what has been shown so far.
   void Start(const std::string& commandLine = "") {

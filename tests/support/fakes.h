@@ -11,6 +11,7 @@
 #include "history/history.h"
 #include "platform/entropy.h"
 #include "platform/printer.h"
+#include "platform/process_starter.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
 #include "platform/ui.h"
@@ -118,6 +119,16 @@ class FakePrinter final : public Printer {
   std::optional<RuntimeError> Failure;  ///< of the next jobs, once they are drawn
   std::function<void(const std::vector<PreviewAction>&)> OnPreview;
   RecordingCanvas Drawn;  ///< of the last job, preview or PDF
+};
+
+/// Starts what a test scripts; nothing is there otherwise.
+class FakeProcesses final : public ProcessStarter {
+ public:
+  [[nodiscard]] StartedProcess Start(const ProcessOrder& order) override {
+    if (OnStart) return OnStart(order);
+    return {nullptr, RuntimeError::OfNumber(ENOENT)};
+  }
+  std::function<StartedProcess(const ProcessOrder&)> OnStart;
 };
 
 /// Where a folder of files for a test stands: as the system has it, or in memory where there is

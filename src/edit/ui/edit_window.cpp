@@ -149,9 +149,9 @@ QWidget* EditWindow::PlaceCommands() {
   auto* commands = new QWidget(this);
   auto* row = new QHBoxLayout(commands);
   row->setContentsMargins(kMargin, kSpacing, kMargin, kMargin);
-  auto* analyze = NewEditButton("Analyze", "Analyze",
-                                "Analysis is not available in this version yet", commands);
-  analyze->setEnabled(false);
+  auto* analyze = NewEditButton("Analyze", "Analy&ze",
+                                "Have the makeable contracts of this board worked out", commands);
+  connect(analyze, &QPushButton::clicked, this, [this] { editor_.Analyze(); });
   txtFileName_ = new ShownText("txtFileName", "File name of the current Board Set", commands);
   auto* label = new QLabel("File Name:", commands);
   label->setBuddy(txtFileName_);

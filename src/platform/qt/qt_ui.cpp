@@ -93,15 +93,7 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
   if (!request.Directory.empty()) dialog.setDirectory(ToQt(request.Directory));
 }
 
-}  // namespace
-
-QtUi::~QtUi() {
-  Busy(false);
-  Waiting("");
-}
-
-int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
-  QMessageBox box(Owner());
+void Prepare(QMessageBox& box, const std::string& text, int flags, const std::string& title) {
   box.setObjectName("MessageBox");
   box.setWindowTitle(ToQt(title));
   box.setTextFormat(Qt::PlainText);
@@ -111,8 +103,29 @@ int QtUi::MessageBox(const std::string& text, int flags, const std::string& titl
   box.setStandardButtons(buttons);
   box.setEscapeButton(CautiousAnswer(buttons));
   box.setResult(CautiousAnswer(buttons));
+}
+
+}  // namespace
+
+QtUi::~QtUi() {
+  Busy(false);
+  Waiting("");
+}
+
+int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
+  QMessageBox box(Owner());
+  Prepare(box, text, flags, title);
   Run(box);
-  return AnswerOf(box.isVisible() ? CautiousAnswer(buttons) : box.result());
+  return AnswerOf(box.isVisible() ? CautiousAnswer(ButtonsOf(flags)) : box.result());
+}
+
+void QtUi::BoxBeside(const std::string& text, int flags, const std::string& title) {
+  auto* box = new QMessageBox(main_.Client != nullptr ? main_.Client->window() : nullptr);
+  Prepare(*box, text, flags, title);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setModal(false);
+  FitToScreen(*box);
+  box->show();
 }
 
 std::optional<std::string> QtUi::AskFile(const FileRequest& request) {

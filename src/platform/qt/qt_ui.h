@@ -32,6 +32,7 @@ class QtUi final : public Ui {
   void SetMainWindow(MainWindow window) { main_ = std::move(window); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
+  void BoxBeside(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string& text) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override;

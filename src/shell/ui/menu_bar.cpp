@@ -30,7 +30,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "menuRead", "&Read", Qt::CTRL | Qt::Key_R, [&shell] { shell.MenuRead(); });
   AddEntry(*this, "menuSort", "S&ort", Qt::CTRL | Qt::Key_T, [&shell] { shell.MenuSort(); });
   AddEntry(*this, "menuEdit", "&Edit", Qt::CTRL | Qt::Key_E, [&shell] { shell.MenuEdit(); });
-  AddEntry(*this, "Analize", "&Analyze");
+  AddEntry(*this, "Analize", "&Analyze", Qt::CTRL | Qt::Key_Y, [&shell] { shell.MenuAnalyze(); });
   AddEntry(*this, "menuPrint", "&Print", QKeySequence::Print, [&shell] { shell.MenuPrint(); });
   AddMaintenanceMenu(serviceLevel);
   AddEntry(*this, "menuPoker", "Po&ker");

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "analysis/ui/deep_f.h"
 #include "edit/ui/edit_window.h"
 #include "files/ui/load_number.h"
 #include "generate/ui/generate.h"
@@ -70,6 +71,10 @@ std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::BoardRun& r
 
 std::unique_ptr<machine::RunView> QtWindows::OpenSortProg(machine::SortingRun& run) {
   return std::make_unique<machine::SortProg>(program_, run, mainMenu_);
+}
+
+std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {
+  return std::make_unique<analysis::DeepFWindow>(run, mainMenu_);
 }
 
 }  // namespace morvane::shell

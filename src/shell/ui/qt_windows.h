@@ -23,6 +23,7 @@ class QtWindows final : public FlowWindows {
   void ShowGenerate(generate::GenerateForm& form) override;
   void ShowPreferences(Preferences& preferences) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
+  std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
 
  private:

@@ -23,7 +23,8 @@ class LoadNumberWindowTest : public ::testing::Test {
   simulator::SimulatedMachine simulated{simulator::Options(), desk.Clock};
   shell::QtWindows windows{desk.Prog};
   LoneInstance alone;
-  shell::Shell shell{desk.Prog, simulated, windows, alone};
+  test::FakeProcesses processes;
+  shell::Shell shell{desk.Prog, simulated, processes, windows, alone};
   shell::MainMenu menu{desk.Prog, shell};
 
   void SetUp() override {

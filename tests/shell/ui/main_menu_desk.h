@@ -19,7 +19,8 @@ class MainMenuTest : public ::testing::Test {
   simulator::SimulatedMachine simulated{simulator::Options(), desk.Clock};
   QtWindows windows{desk.Prog};
   LoneInstance alone;
-  Shell shell{desk.Prog, simulated, windows, alone};
+  test::FakeProcesses processes;
+  Shell shell{desk.Prog, simulated, processes, windows, alone};
   std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell);
 
   void SetUp() override {

@@ -1,0 +1,378 @@
+#include "analysis/deep_f.h"
+
+#include <gmock/gmock.h>
+
+#include "analysis/scripted_solver.h"
+
+namespace morvane::analysis {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class RecordingView final : public DeepFView {
+ public:
+  explicit RecordingView(const DeepF& run) : run_(run) {}
+  void Show() override {
+    if (Labels.empty() || Labels.back() != run_.Label()) Labels.push_back(run_.Label());
+  }
+  void Close() override { ++Closes; }
+  std::vector<std::string> Labels;
+  int Closes = 0;
+
+ private:
+  const DeepF& run_;
+};
+
+class DeepFTest : public ::testing::Test {
+ protected:
+  DeepFTest() {
+    test::FillSet(desk.Prog.Set, 1, 3);
+    RuntimeError error;
+    std::filesystem::create_directory(desk.Prog.Paths.Data);
+    EXPECT_TRUE(desk.Prog.Log.Start(desk.Prog.Paths.Data, error));
+  }
+  void Open(Solver which = Solver::kDds, int target = 0) {
+    run.emplace(desk.Prog, process, which, target);
+    view.emplace(*run);
+    run->Open(*view);
+  }
+  void RunAll(Solver which = Solver::kDds, int target = 0) {
+    Open(which, target);
+    desk.Loop.RunUntil([&] { return run->Closed(); });
+  }
+  [[nodiscard]] std::string LastLine() const { return desk.LogLines().back(); }
+  [[nodiscard]] std::string LevelsOfBoard(int n) const {
+    Levels levels{};
+    std::copy_n(desk.Prog.Set.At(n).Tricks.begin(), levels.size(), levels.begin());
+    return ResultOf(levels);
+  }
+
+  test::TestDesk desk;
+  ScriptedSolver solver{desk};
+  SolverProcess process{solver, "/opt/morvane", "/home/me/settings.ini"};
+  std::optional<DeepF> run;
+  std::optional<RecordingView> view;
+};
+
+TEST_F(DeepFTest, AWholeSetIsAnalysedBoardByBoard) {
+  solver.Script = {{.Result = "43210432104321043210"},
+                   {.Result = "00000000000000000001"},
+                   {.Result = "77777777777777777777"}};
+  RunAll();
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
+  EXPECT_EQ(LevelsOfBoard(1), "43210432104321043210");
+  EXPECT_EQ(LevelsOfBoard(2), "00000000000000000001");
+  EXPECT_EQ(LevelsOfBoard(3), "77777777777777777777");
+  EXPECT_EQ(desk.Prog.Set.At(1).Tricks[20], 0);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "0");
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+  EXPECT_EQ(view->Closes, 1);
+}
+
+TEST_F(DeepFTest, TheLogTellsStartAndEndToTheLetter) {
+  RunAll();
+  const auto lines = desk.LogLines();
+  EXPECT_EQ(lines[lines.size() - 2], " Analyze: 3:04:05 PM");
+  // Started 107 ms from the opening, seen 1023 ms behind each start: 20 ticks of 50 ms a board.
+  EXPECT_EQ(lines.back(), "    DDS: 1,3 ver: 9.9  3.0s");
+}
+
+TEST_F(DeepFTest, LessThanASecondHasNoNoughtInFrontOfThePoint) {
+  solver.Script = {{.AfterMs = 510}};
+  RunAll(Solver::kDeepFinesse, 2);
+  // Seen 558 ms behind its start: 11 ticks of 50 ms, 0.55 s.
+  EXPECT_EQ(LastLine(), "    Deep_Finesse: 2 ver: 9.9  .6s");
+}
+
+TEST_F(DeepFTest, ItsLabelNamesTheBoardAndTheRange) {
+  RunAll();
+  EXPECT_THAT(view->Labels,
+              ElementsAre("Preparing for analize....", "Analyzing board: 1  out from: 1 to: 3",
+                          "Analyzing board: 2  out from: 1 to: 3",
+                          "Analyzing board: 3  out from: 1 to: 3"));
+  EXPECT_EQ(run->Title(), "Bo Haglund DDS");
+}
+
+TEST_F(DeepFTest, ATargetBoardAloneIsAnalysed) {
+  RunAll(Solver::kDeepFinesse, 2);
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+  EXPECT_EQ(LevelsOfBoard(1), std::string(20, '0'));
+  EXPECT_EQ(LevelsOfBoard(2), "43210432104321043210");
+  EXPECT_THAT(view->Labels, ElementsAre("Preparing for analize....", "Analyzing board: 2"));
+  EXPECT_EQ(run->Title(), "Deep Finesse");
+}
+
+TEST_F(DeepFTest, TheSolverGetsTheCardsTheStoreAndAnEmptyMailbox) {
+  EXPECT_TRUE(desk.Store.Set(kSolverDone, "99"));
+  EXPECT_TRUE(desk.Store.Set(kSolverBreak, "98"));
+  RunAll(Solver::kDds, 1);
+  ASSERT_THAT(solver.Orders, SizeIs(1));
+  EXPECT_EQ(solver.Orders[0].Path, "/opt/morvane/DDS_1");
+  EXPECT_THAT(solver.Orders[0].Arguments, SizeIs(52));
+  EXPECT_THAT(solver.Orders[0].Variables, ElementsAre("MORVANE_SETTINGS=/home/me/settings.ini"));
+  EXPECT_THAT(solver.DoneAtStart, ElementsAre("00"));
+  EXPECT_THAT(solver.BreaksSeen, ElementsAre("00"));
+  EXPECT_EQ(desk.Store.Get(kSolverAppPath), desk.Prog.Paths.Application);
+}
+
+TEST_F(DeepFTest, DeepFinesseIsAnotherProgram) {
+  RunAll(Solver::kDeepFinesse, 1);
+  EXPECT_EQ(solver.Orders.at(0).Path, "/opt/morvane/df1");
+}
+
+TEST_F(DeepFTest, BoardsThatHaveResultsArePassedOver) {
+  desk.Prog.Set.At(1).Tricks[19] = 1;
+  desk.Prog.Set.At(3).Tricks[0] = 7;
+  RunAll();
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+  EXPECT_EQ(LevelsOfBoard(2), "43210432104321043210");
+}
+
+/// Nobody makes anything on board 1, so it never counts as analysed; the search goes on behind it.
+TEST_F(DeepFTest, ABoardThatMakesNothingIsAnalysedOnce) {
+  solver.Script = {{.Result = std::string(20, '0')}, {}, {}};
+  RunAll();
+  EXPECT_THAT(solver.Orders, SizeIs(3));
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
+}
+
+TEST_F(DeepFTest, WhenAllHaveResultsNothingIsStarted) {
+  for (int n = 1; n <= 3; ++n) desk.Prog.Set.At(n).Tricks[0] = 1;
+  RunAll();
+  EXPECT_THAT(solver.Orders, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{"      All boards have already been analyzed.      ",
+                                            kOkInformation, "Bo Haglund DDS Error"}));
+  EXPECT_EQ(view->Closes, 1);
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+TEST_F(DeepFTest, ATargetBoardThatHasResultsIsNotAnalysedAgain) {
+  desk.Prog.Set.At(2).Tricks[0] = 1;
+  RunAll(Solver::kDeepFinesse, 2);
+  EXPECT_THAT(solver.Orders, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{"      This board has already been analyzed.      ",
+                                            kOkInformation, "Deep Finesse Error"}));
+}
+
+TEST_F(DeepFTest, AnIncompleteTargetBoardEndsTheRun) {
+  desk.Prog.Set.At(2).Cards[1] = 0;
+  RunAll(Solver::kDds, 2);
+  EXPECT_THAT(solver.Orders, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{"      Incomplete or incorrect board      ",
+                                            kOkCritical, "Bo Haglund DDS Error"}));
+  EXPECT_EQ(LastLine(), "    DDS: 2 .0s Error Board: 2");
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kError);
+}
+
+TEST_F(DeepFTest, AnIncompleteBoardFurtherOnKeepsTheResultsBefore) {
+  desk.Prog.Set.At(2).Cards[1] = 0;
+  RunAll();
+  EXPECT_EQ(LevelsOfBoard(1), "43210432104321043210");
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  1.0s Error Board: 2");
+}
+
+TEST_F(DeepFTest, AProgramThatIsNotThereIsTold) {
+  solver.Failure = RuntimeError{2, "No such file or directory"};
+  RunAll();
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_THAT(desk.Ui.Boxes[0].Text, ::testing::StartsWith("      Error 2      \r\n      No such "
+                                                           "file or directory      \r\n"));
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Bo Haglund DDS Error");
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 .0s Error Board: 1");
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+TEST_F(DeepFTest, AFolderThatCannotBeEnteredIsToldAndTheRunGoesOn) {
+  test::TestDesk other;
+  test::FillSet(other.Prog.Set, 1, 1);
+  Program program({other.Ui, other.Loop, other.Clock, other.Store, other.Random, other.Speaker,
+                   other.ThePrinter},
+                  {other.Folder / "nowhere", other.Prog.Paths.Data});
+  test::FillSet(program.Set, 1, 1);
+  ScriptedSolver scripted(other);
+  SolverProcess started(scripted, "/opt/morvane", "");
+  DeepF deepF(program, started, Solver::kDds, 0);
+  RecordingView shown(deepF);
+  deepF.Open(shown);
+  other.Loop.RunUntil([&] { return deepF.Closed(); });
+  // For both solvers with that title: required.
+  EXPECT_THAT(other.Ui.Boxes, ElementsAre(test::FakeUi::Box{"    Directory Error      ",
+                                                            kOkCritical, "Deep Finesse Error"}));
+  EXPECT_EQ(deepF.Outcome(), DeepF::Status::kAllFinished);
+}
+
+// The codes.
+
+struct Code {
+  const char* Done;
+  const char* Error;
+  const char* Text;
+};
+
+class DeepFCode : public DeepFTest, public ::testing::WithParamInterface<Code> {};
+
+TEST_P(DeepFCode, HasItsMessageAndEndsTheRun) {
+  solver.Script = {{}, {.Code = GetParam().Done, .Error = GetParam().Error, .Path = "/lang"}};
+  RunAll();
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(test::FakeUi::Box{GetParam().Text, kOkCritical, "Bo Haglund DDS Error"}));
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kError);
+  EXPECT_EQ(LevelsOfBoard(1), "43210432104321043210");
+  EXPECT_EQ(LevelsOfBoard(2), std::string(20, '0'));
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  2.0s Error Board: 2");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Every, DeepFCode,
+    ::testing::Values(Code{"91", "", "      Incomplete or incorrect board      "},
+                      Code{"92", "", "      DLL not found      "},
+                      Code{"93", "", "      DLL function error      "},
+                      Code{"94", "/opt/x",
+                           "      DLL function path error    \r\n      Path: /opt/x     "},
+                      Code{"94", "Language not found",
+                           "      DLL function path error    \r\n      Path: /lang     "},
+                      Code{"95", "/opt/x", "      Analyzer Error    \r\n      Path: /opt/x     "},
+                      Code{"96", "too many", "      Analysis Error.      \r\n      too many      "},
+                      Code{"97", "14", "      Incorrect number of tricks.    \r\n      14      "}));
+
+class WrongResult : public DeepFTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(WrongResult, CountsAsWrongTricks) {
+  solver.Script = {{.Result = GetParam(), .Error = "e"}};
+  RunAll();
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(test::FakeUi::Box{
+                                 "      Incorrect number of tricks.    \r\n      e      ",
+                                 kOkCritical, "Bo Haglund DDS Error"}));
+  EXPECT_EQ(LevelsOfBoard(1), std::string(20, '0'));
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, WrongResult,
+                         ::testing::Values("", "4321043210432104321", "432104321043210432101",
+                                           "4321043210432104321x", "83210432104321043210"));
+
+// Cancelling.
+
+TEST_F(DeepFTest, ABreakThatTheSolverAnswersCancels) {
+  solver.AnswersBreaks = true;
+  Open();
+  desk.Loop.WaitMs(300);
+  run->DF_Cancel();
+  EXPECT_EQ(run->Label(), "Canceling... Please wait");
+  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
+  EXPECT_EQ(LevelsOfBoard(1), std::string(20, '0'));
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  1.0s Cancel Board: 1");
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(DeepFTest, AnAnswerThatComesFirstIsKeptAndTheRunIsCancelled) {
+  Open();
+  desk.Loop.WaitMs(300);
+  run->DF_Cancel();
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
+  EXPECT_EQ(LevelsOfBoard(1), "43210432104321043210");
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+  // The search for the next board comes first, so the next one is named: required.
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  1.0s Cancel Board: 2");
+}
+
+TEST_F(DeepFTest, TheNextRunTakesTheBreakBack) {
+  solver.AnswersBreaks = true;
+  Open();
+  desk.Loop.WaitMs(300);
+  run->DF_Cancel();
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  RunAll();
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
+}
+
+TEST_F(DeepFTest, ASolverThatHasDiedIsTold) {
+  solver.Script = {{.AfterMs = -1, .DiesAfterMs = 500}};
+  Open();
+  desk.Loop.WaitMs(500);
+  EXPECT_FALSE(run->IsSolverGone());
+  desk.Loop.WaitMs(500);
+  EXPECT_TRUE(run->IsSolverGone());
+  EXPECT_EQ(run->Label(), "The solver has ended without an answer");
+  EXPECT_FALSE(run->Closed());
+  run->DF_Cancel();
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+/// It answers and goes between the two looks of a tick.
+TEST_F(DeepFTest, AnAnswerOfASolverThatHasGoneCounts) {
+  solver.Script = {{.AfterMs = 1022, .DiesAfterMs = 900}};
+  RunAll(Solver::kDds, 1);
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
+}
+
+TEST_F(DeepFTest, NoSolverIsStartedWhileAnEarlierOneLives) {
+  solver.Script = {{.LingersMs = 5000}, {}, {}};
+  Open();
+  desk.Loop.WaitMs(4000);
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+  EXPECT_EQ(desk.Store.Get(kSolverDone), "99");  // not touched before it has gone
+  EXPECT_EQ(run->Label(), "Analyzing board: 2  out from: 1 to: 3");
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_THAT(solver.Orders, SizeIs(3));
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
+}
+
+TEST_F(DeepFTest, ACancelWhileAnEarlierSolverLingersStartsNoOther) {
+  solver.Script = {{.LingersMs = 60'000}};
+  Open();
+  desk.Loop.WaitMs(2000);
+  run->DF_Cancel();
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
+}
+
+TEST_F(DeepFTest, ARunThatGoesBreaksItsSolver) {
+  Open();
+  desk.Loop.WaitMs(300);
+  EXPECT_TRUE(desk.Prog.AnalysisRunning);
+  run.reset();
+  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+// The bar.
+
+TEST_F(DeepFTest, TheBarOfDdsStartsWithAnEstimateOfFiveSeconds) {
+  solver.Script = {{.AfterMs = 3000}, {.AfterMs = 3000}};
+  Open();
+  desk.Loop.WaitMs(107 + 1023);  // 20 ticks of 100
+  EXPECT_DOUBLE_EQ(run->Progress(), 20);
+  desk.Loop.WaitMs(2050);
+  EXPECT_EQ(run->CurrentBoard(), 2);
+  // Board 1 has taken 61 ticks; the first of board 2 behind its start at 3176 ms.
+  desk.Loop.WaitMs(3176 + 93 * 11 - 3180);
+  EXPECT_DOUBLE_EQ(run->Progress(), 100.0 * 20 / 61);
+}
+
+TEST_F(DeepFTest, TheBarOfDeepFinesseFollowsItsSteps) {
+  solver.Script = {{.AfterMs = 3000}};
+  Open(Solver::kDeepFinesse);
+  desk.Loop.WaitMs(200);
+  for (const auto& [done, percent] :
+       {std::pair{"12", 35.0}, {"34", 95.0}, {"35", 95.0}, {"4x", 95.0}, {"", 95.0}, {"01", 5.0}}) {
+    EXPECT_TRUE(desk.Store.Set(kSolverDone, done));
+    desk.Loop.WaitMs(93);
+    EXPECT_DOUBLE_EQ(run->Progress(), percent) << done;
+  }
+}
+
+}  // namespace
+}  // namespace morvane::analysis
