@@ -15,7 +15,8 @@ namespace morvane::analysis {
 /// the store and goes.
 class ScriptedSolver final : public ProcessStarter {
  public:
-  explicit ScriptedSolver(test::TestDesk& desk) : desk_(desk) {}
+  template <typename Desk>
+  explicit ScriptedSolver(Desk& desk) : store_(desk.Store), loop_(desk.Loop) {}
 
   struct Board {
     std::string Code = "99";
@@ -36,13 +37,13 @@ class ScriptedSolver final : public ProcessStarter {
   [[nodiscard]] StartedProcess Start(const ProcessOrder& order) override {
     Orders.push_back(order);
     if (Failure) return {nullptr, Failure};
-    DoneAtStart.push_back(desk_.Store.Get(kSolverDone));
+    DoneAtStart.push_back(store_.Get(kSolverDone));
     const Board board = Script[std::min(Orders.size() - 1, Script.size() - 1)];
     auto alive = std::make_shared<bool>(true);
-    if (board.DiesAfterMs >= 0) desk_.Loop.After(board.DiesAfterMs, [alive] { *alive = false; });
+    if (board.DiesAfterMs >= 0) loop_.After(board.DiesAfterMs, [alive] { *alive = false; });
     if (board.AfterMs >= 0) {
-      desk_.Loop.After(board.AfterMs, [this, board] { Answer(board); });
-      desk_.Loop.After(board.AfterMs + board.LingersMs + 1, [alive] { *alive = false; });
+      loop_.After(board.AfterMs, [this, board] { Answer(board); });
+      loop_.After(board.AfterMs + board.LingersMs + 1, [alive] { *alive = false; });
     }
     return {std::make_unique<Child>(std::move(alive)), std::nullopt};
   }
@@ -58,11 +59,9 @@ class ScriptedSolver final : public ProcessStarter {
     std::shared_ptr<bool> alive_;
   };
 
-  void Put(const SettingKey& key, const std::string& value) {
-    EXPECT_TRUE(desk_.Store.Set(key, value));
-  }
+  void Put(const SettingKey& key, const std::string& value) { EXPECT_TRUE(store_.Set(key, value)); }
   void Answer(const Board& board) {
-    BreaksSeen.push_back(desk_.Store.Get(kSolverBreak));
+    BreaksSeen.push_back(store_.Get(kSolverBreak));
     Put(kSolverVersion, "9.9");
     Put(kSolverError, board.Error);
     Put(kSolverPath, board.Path);
@@ -70,7 +69,8 @@ class ScriptedSolver final : public ProcessStarter {
     Put(kSolverDone, AnswersBreaks && BreaksSeen.back() == kBreak ? "90" : board.Code);
   }
 
-  test::TestDesk& desk_;
+  Settings& store_;
+  test::VirtualEventLoop& loop_;
 };
 
 }  // namespace morvane::analysis

@@ -47,6 +47,7 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "  convert IN... OUT [--to FORMAT] [--first N] [--import] [--history on|off]\n"
                  "  show IN [--board N] [--import]\n"
                  "  stats IN [--import]\n"
+                 "  analyze IN OUT [--solver dds|df] [--board N] [--import]\n"
                  "  print IN OUT.pdf [--from N] [--to N] [--per-page 10|12|15|18] [--score-cards]\n"
                  "                   [--no-analysis] [--no-hcp] [--no-colour] [--stats]\n"
                  "                   [--header TEXT] [--ten T|10] [--national 0..6]\n"

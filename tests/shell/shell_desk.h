@@ -52,6 +52,7 @@ class FakeWindows final : public FlowWindows {
     if (OnLoadNumber) OnLoadNumber(dialog);
   }
   std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override {
+    if (!HasWindows) return FlowWindows::OpenDeepF(run);
     struct NoView final : analysis::DeepFView {
       void Show() override {}
       void Close() override {}

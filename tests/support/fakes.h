@@ -32,6 +32,10 @@ class FakeUi final : public Ui {
     bool operator==(const Box&) const = default;
   };
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
+  void BoxBeside(const std::string& text, int flags, const std::string& title) override {
+    Boxes.push_back({text, flags, title});
+    ++Beside;
+  }
   void Status(const std::string& text) override { Statuses.push_back(text); }
   std::optional<std::string> AskFile(const FileRequest& request) override;
   void RefreshSet() override { ++Refreshes; }
@@ -46,6 +50,7 @@ class FakeUi final : public Ui {
   [[nodiscard]] Point Mouse() const override { return MouseNow; }
 
   std::vector<Box> Boxes;
+  int Beside = 0;  ///< as many of them waited for nobody
   std::vector<std::string> Statuses;
   std::vector<FileRequest> FileRequests;
   std::deque<int> Answers;

@@ -47,6 +47,8 @@ DeepFWindow::DeepFWindow(DeepF& run, QWidget* mainWindow)
 void DeepFWindow::MakeParts() {
   label_->setWordWrap(true);
   DF_Cancel_->setObjectName("DF_Cancel");
+  // The Enter that has answered the question must not cancel what it has started.
+  DF_Cancel_->setAutoDefault(false);
   connect(DF_Cancel_, &QPushButton::clicked, this, [this] { run_.DF_Cancel(); });
   auto* body = new QWidget(this);
   body->setMinimumWidth(kWidth);

@@ -110,6 +110,7 @@ void Prepare(QMessageBox& box, const std::string& text, int flags, const std::st
 QtUi::~QtUi() {
   Busy(false);
   Waiting("");
+  for (const QPointer<QWidget>& box : beside_) delete box;
 }
 
 int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
@@ -120,7 +121,9 @@ int QtUi::MessageBox(const std::string& text, int flags, const std::string& titl
 }
 
 void QtUi::BoxBeside(const std::string& text, int flags, const std::string& title) {
-  auto* box = new QMessageBox(main_.Client != nullptr ? main_.Client->window() : nullptr);
+  // Of no other window: a modal one over that would block it.
+  auto* box = new QMessageBox;
+  beside_.emplace_back(box);
   Prepare(*box, text, flags, title);
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <vector>
 
 #include "platform/event_loop.h"
 #include "platform/ui.h"
@@ -49,6 +50,7 @@ class QtUi final : public Ui {
   std::string status_;  ///< what the status bar is to show
   bool busy_ = false;
   bool waiting_ = false;
+  std::vector<QPointer<QWidget>> beside_;  ///< boxes; one that was closed is null
 };
 
 }  // namespace morvane

@@ -32,11 +32,11 @@ TEST_F(EditLook, ShowsADealerAndVulnerabilityOfTheBoardsOwn) {
 TEST_F(EditLook, HasTheGivenCaptions) {
   Open();
   const std::vector<std::pair<const char*, std::string>> captions{
-      {"cmdCard0", "&A"},     {"cmdCard4", "&T"},     {"cmdCard12", "&2"},
-      {"cmdSwap0", "N-W"},    {"cmdSwap1", "N-E"},    {"cmdSwap2", "S-E"},
-      {"cmdSwap3", "S-W"},    {"cmdSwap4", "N-S"},    {"cmdSwap5", "E-W"},
-      {"cmdSwap6", "CCW"},    {"cmdSwap7", "CW"},     {"cmdRestore", "Res&tore"},
-      {"cmdClear", "Cl&ear"}, {"Analyze", "Analyze"}, {"cmdRandom", "&Random fill"},
+      {"cmdCard0", "&A"},     {"cmdCard4", "&T"},      {"cmdCard12", "&2"},
+      {"cmdSwap0", "N-W"},    {"cmdSwap1", "N-E"},     {"cmdSwap2", "S-E"},
+      {"cmdSwap3", "S-W"},    {"cmdSwap4", "N-S"},     {"cmdSwap5", "E-W"},
+      {"cmdSwap6", "CCW"},    {"cmdSwap7", "CW"},      {"cmdRestore", "Res&tore"},
+      {"cmdClear", "Cl&ear"}, {"Analyze", "Analy&ze"}, {"cmdRandom", "&Random fill"},
       {"cmdExit", "E&xit"}};
   for (const auto& [name, caption] : captions) EXPECT_EQ(Text(name), caption);
   EXPECT_EQ(test::Find<QGroupBox>(*window, "fraVuln").title(), "Vulnerable:");
@@ -102,10 +102,10 @@ TEST_F(EditLook, TheResultsAreThoseOfTheCardsThatAreShown) {
   EXPECT_FALSE(Visible("DF_NR0")) << "of other cards";
 }
 
-TEST_F(EditLook, AnalyzeIsThereAndSaysWhyItCannotBeUsed) {
+TEST_F(EditLook, AnalyzeSaysWhatItDoes) {
   Open();
-  EXPECT_FALSE(Enabled("Analyze"));
-  EXPECT_EQ(TipOf("Analyze"), "Analysis is not available in this version yet");
+  EXPECT_TRUE(Enabled("Analyze"));
+  EXPECT_EQ(TipOf("Analyze"), "Have the makeable contracts of this board worked out");
 }
 
 TEST_F(EditEnd, ExitClosesWithoutAQuestionWhereNothingChanged) {

@@ -52,6 +52,7 @@ class EveryWindow : public MainMenuTest {
     LookAtPreview(look);
     LookAtGenerate(look);
     LookAtHandRecord(look);
+    LookAtDeepF(look);
     LookAtRuns(look);
   }
 
@@ -195,6 +196,30 @@ class EveryWindow : public MainMenuTest {
       window.close();
     });
     windows.ShowHandRecord(dialog);
+  }
+
+  /// `DeepF` over a set, and beside the flows over one board, with the longest of its labels.
+  void LookAtDeepF(const Look& look) {
+    analysis::SolverProcess process(processes, "", "");
+    processes.OnStart = [](const ProcessOrder& /*order*/) {
+      struct Gone final : ChildProcess {
+        [[nodiscard]] bool Lives() override { return false; }
+      };
+      return StartedProcess{std::make_unique<Gone>(), std::nullopt};
+    };
+    for (const auto solver : {analysis::Solver::kDds, analysis::Solver::kDeepFinesse}) {
+      OpenAnalysis open(desk.Prog, process, solver, 0);
+      open.Window = windows.OpenDeepF(open.Run);
+      open.Run.Open(*open.Window);
+      QWidget* window = test::TopWindow("DeepF");
+      ASSERT_NE(window, nullptr);
+      desk.Loop.WaitMs(analysis::DeepF::kTimer1Ms);
+      look(*window);
+      desk.Loop.WaitMs(3 * analysis::DeepF::kTimer2Ms);
+      look(*window);
+      test::Click(*window, "DF_Cancel");
+      desk.Loop.RunUntil([&open] { return open.Run.Closed(); });
+    }
   }
 
   void LookAtPreferences(const Look& look) {

@@ -1,0 +1,236 @@
+#include <QProgressBar>
+
+#include "analysis/scripted_solver.h"
+#include "shell/ui/main_menu_desk.h"
+
+// An analysis in its window, from the menu and from the editor.
+
+namespace morvane::shell {
+namespace {
+
+using analysis::DeepF;
+using analysis::ScriptedSolver;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class DeepFWindowTest : public MainMenuTest {
+ protected:
+  void SetUp() override {
+    MainMenuTest::SetUp();
+    Start();
+    test::FillSet(desk.Prog.Set, 1, 3);
+    processes.OnStart = [this](const ProcessOrder& order) { return solver.Start(order); };
+  }
+  /// DDS over the whole set; `act` is done with its window, from which the operator comes back.
+  void Analyze(std::function<void(QWidget&)> act) {
+    desk.AnswerBox(QMessageBox::Yes);
+    desk.When("DeepF", std::move(act));
+    test::Press(*menu, Qt::Key_Y, Qt::ControlModifier);
+    desk.Loop.Pump();
+  }
+  /// Deep Finesse, which goes on beside.
+  QWidget& AnalyzeBeside() {
+    desk.Store.Set(kAnalyzer, "1");
+    desk.AnswerBox(QMessageBox::Yes);
+    Trigger("Analize");
+    desk.Loop.Pump();
+    QWidget* window = test::TopWindow("DeepF");
+    if (window == nullptr) std::abort();
+    return *window;
+  }
+  static int Bar(QWidget& window, const char* name) {
+    return test::Find<QProgressBar>(window, name).value();
+  }
+  [[nodiscard]] bool IsOpen() const { return test::TopWindow("DeepF") != nullptr; }
+  [[nodiscard]] std::string LastLine() const { return desk.LogLines().back(); }
+
+  ScriptedSolver solver{desk};
+};
+
+TEST_F(DeepFWindowTest, ShowsTheBoardAndHowFarItHasGot) {
+  solver.Script = {{.AfterMs = 3000}};
+  Analyze([this](QWidget& window) {
+    EXPECT_TRUE(window.isModal());
+    EXPECT_EQ(window.windowTitle(), "Bo Haglund DDS");
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "Preparing for analize....");
+    desk.Loop.WaitMs(107 + 1023);  // 20 ticks of 100
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "Analyzing board: 1  out from: 1 to: 3");
+    EXPECT_EQ(Bar(window, "DF_Progress"), 20);
+    EXPECT_EQ(test::TextOf(window, "lblBoards"), "Boards done: 0 of 3");
+    desk.Loop.WaitMs(3000);
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "Analyzing board: 2  out from: 1 to: 3");
+    EXPECT_EQ(Bar(window, "DF_Boards"), 1);
+    EXPECT_EQ(test::TextOf(window, "lblBoards"), "Boards done: 1 of 3");
+  });
+  EXPECT_FALSE(IsOpen());
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+  EXPECT_EQ(desk.Prog.Set.At(3).Tricks[0], 4);
+  EXPECT_FALSE(menu->isWindowModified());
+  EXPECT_EQ(Text("Panel1"), "Ready");
+  EXPECT_THAT(desk.Boxes, SizeIs(1)) << "the question";
+}
+
+TEST_F(DeepFWindowTest, TheButtonCancels) {
+  solver.AnswersBreaks = true;
+  Analyze([this](QWidget& window) {
+    desk.Loop.WaitMs(300);
+    test::Click(window, "DF_Cancel");
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "Canceling... Please wait");
+    EXPECT_TRUE(test::Enabled(window, "DF_Cancel"));
+    EXPECT_TRUE(window.isVisible()) << "the solver has to answer";
+  });
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
+  EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1"));
+}
+
+TEST_F(DeepFWindowTest, EscapeSpaceAndTheCloseBoxDoTheSame) {
+  solver.AnswersBreaks = true;
+  for (const auto& leave :
+       {std::function<void(QWidget&)>([](QWidget& window) { test::Press(window, Qt::Key_Escape); }),
+        {[](QWidget& window) { test::Press(window, Qt::Key_Space); }},
+        {[](QWidget& window) { EXPECT_FALSE(window.close()); }},
+        {[](QWidget& window) { test::Press(window, Qt::Key_C, Qt::AltModifier); }}}) {
+    Analyze([&](QWidget& window) {
+      desk.Loop.WaitMs(300);
+      leave(window);
+      EXPECT_TRUE(window.isVisible()) << "the solver has to answer";
+      EXPECT_EQ(test::TextOf(window, "DF_Label"), "Canceling... Please wait");
+    });
+    EXPECT_FALSE(IsOpen());
+    EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1"));
+  }
+}
+
+/// It may be the one that has answered the question, held down.
+TEST_F(DeepFWindowTest, EnterDoesNotCancel) {
+  Analyze([this](QWidget& window) {
+    desk.Loop.WaitMs(300);
+    test::Press(window, Qt::Key_Return);
+    EXPECT_EQ(desk.Store.Get(kSolverBreak), "00");
+  });
+  EXPECT_THAT(LastLine(), ::testing::StartsWith("    DDS: 1,3 ver: 9.9  3."));
+}
+
+TEST_F(DeepFWindowTest, ASolverThatHasDiedIsToldAndACancelCloses) {
+  solver.Script = {{.AfterMs = -1, .DiesAfterMs = 500}};
+  Analyze([this](QWidget& window) {
+    desk.Loop.WaitMs(5000);
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "The solver has ended without an answer");
+    EXPECT_TRUE(window.isVisible());
+    test::Click(window, "DF_Cancel");
+  });
+  EXPECT_FALSE(IsOpen());
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+  EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1"));
+}
+
+TEST_F(DeepFWindowTest, AnErrorIsTold) {
+  solver.Script = {{.Code = "92"}};
+  Analyze([this](QWidget&) { desk.AnswerBox(QMessageBox::Ok); });
+  ASSERT_THAT(desk.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Boxes[1].Title, "Bo Haglund DDS Error");
+  EXPECT_EQ(desk.Boxes[1].Text, "DLL not found");
+  EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(DeepFWindowTest, GoesWithTheProgramAndAsksNothing) {
+  Analyze([this](QWidget&) {
+    desk.Loop.WaitMs(300);
+    desk.Loop.Quit();
+  });
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+// Beside the flows.
+
+TEST_F(DeepFWindowTest, DeepFinesseLeavesTheMainWindowFree) {
+  QWidget& window = AnalyzeBeside();
+  EXPECT_EQ(window.windowTitle(), "Deep Finesse");
+  EXPECT_FALSE(window.isModal());
+  EXPECT_EQ(window.parentWidget(), nullptr);
+  desk.AnswerBox(QMessageBox::Ok);
+  test::Press(*menu, Qt::Key_N, Qt::ControlModifier);  // reaches the main window, and is refused
+  desk.Loop.Pump();
+  ASSERT_THAT(desk.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Boxes[1].Title, "New Error");
+  desk.Loop.WaitMs(5000);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(desk.Prog.Set.At(3).Tricks[0], 4);
+}
+
+TEST_F(DeepFWindowTest, BesideTheEditorItCanBeCancelled) {
+  solver.AnswersBreaks = true;
+  QWidget& window = AnalyzeBeside();
+  desk.Loop.WaitMs(300);
+  desk.When("Edit", [&](QWidget& editor) {
+    test::Click(window, "DF_Cancel");
+    desk.Loop.WaitMs(2000);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(editor.isVisible());
+    test::Press(editor, Qt::Key_Escape);
+  });
+  Trigger("menuEdit");
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+/// A modal window of the main window neither waits for the box nor blocks it.
+TEST_F(DeepFWindowTest, ItsErrorIsToldBesideTheEditor) {
+  solver.Script = {{.Code = "92"}};
+  AnalyzeBeside();
+  desk.When("Edit", [&](QWidget& editor) {
+    desk.When("MessageBox", [&](QWidget& box) {
+      EXPECT_FALSE(box.isModal());
+      test::Press(editor, Qt::Key_PageDown);
+      EXPECT_EQ(test::TextOf(editor, "lblBoard"), "2 of 1 - 3");
+      test::Press(box, Qt::Key_Return);
+      EXPECT_FALSE(box.isVisible());
+    });
+    desk.Loop.WaitMs(3000);
+    EXPECT_FALSE(desk.Prog.AnalysisRunning);
+    test::Press(editor, Qt::Key_Escape);
+  });
+  Trigger("menuEdit");
+  ASSERT_THAT(desk.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Boxes[1].Title, "Deep Finesse Error");
+  EXPECT_EQ(test::TopWindow("MessageBox"), nullptr);
+}
+
+TEST_F(DeepFWindowTest, TheMainWindowDoesNotCloseOverIt) {
+  AnalyzeBeside();
+  desk.AnswerBox(QMessageBox::Ok);
+  EXPECT_FALSE(menu->close());
+  EXPECT_EQ(desk.Boxes.back().Title, "Exit Error");
+  EXPECT_TRUE(IsOpen());
+}
+
+// From the editor.
+
+TEST_F(DeepFWindowTest, TheEditorShowsTheTableBehindIt) {
+  solver.Script = {{.Result = "12345670123456701234"}};
+  desk.When("Edit", [&](QWidget& editor) {
+    EXPECT_FALSE(test::Visible(editor, "DF_NR0"));
+    desk.When("DeepF", [&](QWidget& window) {
+      EXPECT_TRUE(window.isModal());
+      EXPECT_FALSE(test::Visible(window, "DF_Boards")) << "of one board there is no count";
+      desk.Loop.WaitMs(200);
+      EXPECT_EQ(test::TextOf(window, "DF_Label"), "Analyzing board: 1");
+    });
+    test::Press(editor, Qt::Key_Z, Qt::AltModifier);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(test::Visible(editor, "DF_NR0"));
+    for (int i = 0; i < 20; ++i) {
+      EXPECT_EQ(test::TextOf(editor, ("DF_NR" + std::to_string(i)).c_str()),
+                std::string(1, "12345670123456701234"[i]));
+    }
+    test::Press(editor, Qt::Key_Escape);
+  });
+  Trigger("menuEdit");
+  EXPECT_THAT(desk.Boxes, IsEmpty());
+  EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+}  // namespace
+}  // namespace morvane::shell
