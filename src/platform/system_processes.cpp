@@ -1,8 +1,12 @@
 #include "platform/system_processes.h"
 
+#include <algorithm>
+#include <cwchar>
+
 #ifdef _WIN32
 #include <windows.h>
 #else
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,6 +14,10 @@
 
 namespace morvane {
 namespace {
+
+std::string_view NameOf(std::string_view variable) {
+  return variable.substr(0, variable.find('='));
+}
 
 #ifdef _WIN32
 
@@ -31,6 +39,41 @@ std::wstring Wide(const std::string& text) {
   std::wstring wide(static_cast<std::size_t>(size), L'\0');
   MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), wide.data(), size);
   return wide;
+}
+
+/// As a program of this system takes its command line apart: a quote, and the backslashes in front
+/// of one, have a backslash each.
+std::wstring Quoted(const std::wstring& argument) {
+  if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring::npos) return argument;
+  std::wstring quoted = L"\"";
+  std::size_t backslashes = 0;
+  for (const wchar_t letter : argument) {
+    if (letter == L'"') quoted.append(backslashes + 1, L'\\');
+    backslashes = letter == L'\\' ? backslashes + 1 : 0;
+    quoted += letter;
+  }
+  return quoted.append(backslashes, L'\\') + L'"';
+}
+
+/// Our own variables with `own` over them, each ended with a null, and one behind all.
+std::wstring Environment(const std::vector<std::string>& own) {
+  std::wstring block;
+  const auto add = [&block](const std::wstring& variable) { block.append(variable) += L'\0'; };
+  for (const std::string& variable : own) add(Wide(variable));
+  wchar_t* const ours = GetEnvironmentStringsW();
+  for (const wchar_t* at = ours; at != nullptr && *at != L'\0'; at += std::wcslen(at) + 1) {
+    const std::wstring variable = at;
+    const bool isReplaced = std::any_of(own.begin(), own.end(), [&](const std::string& mine) {
+      const std::wstring name = Wide(std::string(NameOf(mine)) + "=");
+      const auto length = static_cast<int>(name.size());
+      return variable.size() >= name.size() &&
+             CompareStringOrdinal(variable.c_str(), length, name.c_str(), length, TRUE) ==
+                 CSTR_EQUAL;
+    });
+    if (!isReplaced) add(variable);
+  }
+  if (ours != nullptr) FreeEnvironmentStringsW(ours);
+  return block + L'\0';
 }
 
 #else
@@ -56,23 +99,38 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
   return pointers;
 }
 
-std::string_view NameOf(std::string_view variable) {
-  return variable.substr(0, variable.find('='));
-}
-
 std::vector<std::string> Environment(const std::vector<std::string>& own) {
   std::vector<std::string> variables = own;
   for (char** variable = environ; *variable != nullptr; ++variable) {
-    const bool isReplaced = [&] {
-      for (const std::string& mine : own) {
-        if (NameOf(mine) == NameOf(*variable)) return true;
-      }
-      return false;
-    }();
+    const bool isReplaced = std::any_of(own.begin(), own.end(), [&](const std::string& mine) {
+      return NameOf(mine) == NameOf(*variable);
+    });
     if (!isReplaced) variables.emplace_back(*variable);
   }
   return variables;
 }
+
+/// It has no terminal: it says nothing there, and an interrupt there is not for it.
+struct Hidden {
+  Hidden() {
+    posix_spawn_file_actions_init(&Files);
+    for (const int file : {0, 1, 2}) {
+      posix_spawn_file_actions_addopen(&Files, file, "/dev/null", O_RDWR, 0);
+    }
+    posix_spawnattr_init(&Attributes);
+    posix_spawnattr_setflags(&Attributes, POSIX_SPAWN_SETPGROUP);
+    posix_spawnattr_setpgroup(&Attributes, 0);
+  }
+  ~Hidden() {
+    posix_spawn_file_actions_destroy(&Files);
+    posix_spawnattr_destroy(&Attributes);
+  }
+  Hidden(const Hidden&) = delete;
+  Hidden& operator=(const Hidden&) = delete;
+
+  posix_spawn_file_actions_t Files{};
+  posix_spawnattr_t Attributes{};
+};
 
 #endif
 
@@ -81,18 +139,15 @@ std::vector<std::string> Environment(const std::vector<std::string>& own) {
 #ifdef _WIN32
 
 StartedProcess SystemProcesses::Start(const ProcessOrder& order) {
-  std::wstring line = L"\"" + Wide(order.Path) + L"\"";
-  for (const std::string& argument : order.Arguments) line += L" " + Wide(argument);
-  for (const std::string& variable : order.Variables) {
-    const std::size_t equals = variable.find('=');
-    SetEnvironmentVariableW(Wide(variable.substr(0, equals)).c_str(),
-                            Wide(variable.substr(equals + 1)).c_str());
-  }
+  std::wstring line = Quoted(Wide(order.Path));
+  for (const std::string& argument : order.Arguments) line += L" " + Quoted(Wide(argument));
+  std::wstring variables = Environment(order.Variables);
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION made{};
   if (!CreateProcessW(Wide(order.Path).c_str(), line.data(), nullptr, nullptr, FALSE,
-                      CREATE_NO_WINDOW, nullptr, nullptr, &start, &made)) {
+                      CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, variables.data(), nullptr,
+                      &start, &made)) {
     return {nullptr, RuntimeError::Of({static_cast<int>(GetLastError()), std::system_category()})};
   }
   CloseHandle(made.hThread);
@@ -105,8 +160,9 @@ StartedProcess SystemProcesses::Start(const ProcessOrder& order) {
   std::vector<std::string> words{order.Path};
   words.insert(words.end(), order.Arguments.begin(), order.Arguments.end());
   std::vector<std::string> variables = Environment(order.Variables);
+  const Hidden hidden;
   pid_t process = 0;
-  const int error = posix_spawn(&process, order.Path.c_str(), nullptr, nullptr,
+  const int error = posix_spawn(&process, order.Path.c_str(), &hidden.Files, &hidden.Attributes,
                                 Pointers(words).data(), Pointers(variables).data());
   if (error != 0) return {nullptr, RuntimeError::OfNumber(error)};
   return {std::make_unique<SystemChild>(process), std::nullopt};

@@ -25,8 +25,7 @@ class DeepFWindowTest : public MainMenuTest {
   void Analyze(std::function<void(QWidget&)> act) {
     desk.AnswerBox(QMessageBox::Yes);
     desk.When("DeepF", std::move(act));
-    test::Press(*menu, Qt::Key_Y, Qt::ControlModifier);
-    desk.Loop.Pump();
+    Trigger("Analize");
   }
   /// Deep Finesse, which goes on beside.
   QWidget& AnalyzeBeside() {
@@ -152,6 +151,8 @@ TEST_F(DeepFWindowTest, DeepFinesseLeavesTheMainWindowFree) {
   EXPECT_FALSE(window.isModal());
   EXPECT_EQ(window.parentWidget(), nullptr);
   desk.AnswerBox(QMessageBox::Ok);
+  menu->activateWindow();
+  desk.Loop.Pump();
   test::Press(*menu, Qt::Key_N, Qt::ControlModifier);  // reaches the main window, and is refused
   desk.Loop.Pump();
   ASSERT_THAT(desk.Boxes, SizeIs(2));
@@ -183,7 +184,7 @@ TEST_F(DeepFWindowTest, ItsErrorIsToldBesideTheEditor) {
   desk.When("Edit", [&](QWidget& editor) {
     desk.When("MessageBox", [&](QWidget& box) {
       EXPECT_FALSE(box.isModal());
-      test::Press(editor, Qt::Key_PageDown);
+      test::Click(editor, "cmdNext");
       EXPECT_EQ(test::TextOf(editor, "lblBoard"), "2 of 1 - 3");
       test::Press(box, Qt::Key_Return);
       EXPECT_FALSE(box.isVisible());

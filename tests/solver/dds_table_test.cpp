@@ -1,0 +1,114 @@
+#include "solver/dds_table.h"
+
+#include <dds/dll.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <random>
+
+#include "analysis/asymmetric_board.h"
+
+// Random boards, held against the library called directly, with cards and results in its own words.
+
+namespace morvane::solver {
+namespace {
+
+constexpr int kBoardsInGroup = 50;
+
+/// A board dealt from `seed` alone, whatever library it is built with.
+Board RandomBoard(std::uint32_t seed) {
+  std::mt19937 engine(seed);
+  std::array<int, kCards> pack{};
+  for (int card = 0; card < kCards; ++card) {
+    const auto other = engine() % static_cast<std::uint32_t>(card + 1);
+    pack[static_cast<std::size_t>(card)] = pack[other];
+    pack[other] = card + 1;
+  }
+  Board board = NumberedBoard(1);
+  for (int place = 0; place < kCards; ++place) {
+    const auto card = static_cast<std::size_t>(pack[static_cast<std::size_t>(place)]);
+    board.Cards[card] = static_cast<std::uint8_t>(place % kHands + 1);
+  }
+  AnalyzeBoard(board);
+  return board;
+}
+
+/// "N:AK.QJ..." with the four hands clockwise.
+std::string PbnOf(const Board& board) {
+  std::string text = "N:";
+  for (int hand = kNorth; hand <= kWest; ++hand) {
+    for (int card = 1; card <= kCards; ++card) {
+      if (card > 1 && RankPosition(card) == 1) text += '.';
+      if (board.Cards[static_cast<std::size_t>(card)] != hand) continue;
+      text += "AKQJT98765432"[RankPosition(card) - 1];
+    }
+    if (hand != kWest) text += ' ';
+  }
+  return text;
+}
+
+/// Spades, hearts, diamonds, clubs and no-trump have the library's numbers 0 to 4; its hands are
+/// North 0, clockwise.
+int StrainOf(int denomination) { return denomination == 0 ? 4 : denomination - 1; }
+
+/// The tricks that the side on lead takes, and from them those of the declarer on its right.
+int TricksBySolving(const Board& board, int declarer, int denomination) {
+  dealPBN deal{};
+  deal.trump = StrainOf(denomination);
+  deal.first = declarer % kHands;  // declarers count from 1
+  std::strncpy(deal.remainCards, PbnOf(board).c_str(), sizeof deal.remainCards - 1);
+  futureTricks found{};
+  EXPECT_EQ(SolveBoardPBN(deal, -1, 1, 0, &found, 0), RETURN_NO_FAULT);
+  return 13 - found.score[0];
+}
+
+class RandomBoards : public ::testing::TestWithParam<int> {};
+
+TEST_P(RandomBoards, HaveTheLevelsOfTheLibrarysTable) {
+  for (int n = 0; n < kBoardsInGroup; ++n) {
+    const Board board = RandomBoard(static_cast<std::uint32_t>(GetParam() * kBoardsInGroup + n));
+    ASSERT_EQ(board.Status, Board::kComplete);
+    ddTableDealPBN deal{};
+    std::strncpy(deal.cards, PbnOf(board).c_str(), sizeof deal.cards - 1);
+    ddTableResults found{};
+    ASSERT_EQ(CalcDDtablePBN(deal, &found), RETURN_NO_FAULT);
+    std::string expected;
+    for (int hand = 0; hand < 4; ++hand) {
+      for (int denomination = 0; denomination < 5; ++denomination) {
+        const int tricks = found.resTable[StrainOf(denomination)][hand];
+        expected += std::to_string(tricks > 6 ? tricks - 6 : 0);
+      }
+    }
+    EXPECT_EQ(analysis::ResultOf(CalcTable(board).Levels), expected) << PbnOf(board);
+  }
+}
+
+TEST_P(RandomBoards, HaveTheLevelsOfEachContractSolvedAlone) {
+  const Board board = RandomBoard(static_cast<std::uint32_t>(GetParam() * kBoardsInGroup));
+  std::string expected;
+  for (int declarer = kNorth; declarer <= kWest; ++declarer) {
+    for (int denomination = 0; denomination < 5; ++denomination) {
+      const int tricks = TricksBySolving(board, declarer, denomination);
+      expected += std::to_string(tricks > 6 ? tricks - 6 : 0);
+    }
+  }
+  EXPECT_EQ(analysis::ResultOf(CalcTable(board).Levels), expected) << PbnOf(board);
+}
+
+INSTANTIATE_TEST_SUITE_P(TwoHundred, RandomBoards, ::testing::Range(0, 4));
+
+TEST(AsymmetricBoard, HasTheTableThatWasWorkedByHand) {
+  EXPECT_EQ(analysis::ResultOf(CalcTable(test::AsymmetricBoard(kNorth)).Levels),
+            test::kAsymmetricResult);
+}
+
+/// Everyone has the cards and the results of the hand before.
+TEST(AsymmetricBoard, TurnedByAHandHasItsTableTurned) {
+  const std::string result = test::kAsymmetricResult;
+  EXPECT_EQ(analysis::ResultOf(CalcTable(test::AsymmetricBoard(kEast)).Levels),
+            result.substr(15) + result.substr(0, 15));
+}
+
+}  // namespace
+}  // namespace morvane::solver
