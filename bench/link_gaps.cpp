@@ -51,6 +51,7 @@ struct Parts {
   test::MemorySettings Store;
   test::FakeSound Silence;
   test::FakePrinter NoPaper;
+  test::FakeProcesses NoPrograms;
   bridges::SerialBridge Serial;
   test::LinkGaps Gaps{Serial, Time};
 
@@ -79,7 +80,7 @@ void DealAtTerminal(Parts& parts, const BoardSet& set) {
   UnseenTerminal terminal;
   ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
   Program program(parts.On(ui), parts.Paths());
-  cli::Workplace place{program, ui, terminal, parts.Gaps};
+  cli::Workplace place{program, ui, terminal, parts.Gaps, parts.NoPrograms};
   cli::RunJob(place, "", [&](cli::Job& job) {
     program.Set = set;
     cli::RunRequest request;
@@ -127,7 +128,7 @@ void DealAtDesktop(Parts& parts, const BoardSet& set) {
   shell::QtWindows windows(program);
   LoneInstance alone;
   test::FakeProcesses none;
-  shell::Shell shell(program, parts.Gaps, none, windows, alone);
+  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, none, windows, alone);
   shell::MainMenu menu(program, shell);
   windows.SetMainMenu(menu);
   ui.SetMainWindow(menu.ForUi());
