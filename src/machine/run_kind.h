@@ -5,7 +5,7 @@
 
 namespace morvane::machine {
 
-enum class RunKind : std::uint8_t { kDeal, kRead, kSort };
+enum class RunKind : std::uint8_t { kDeal, kRead, kSort, kPoker };
 
 /// What the kinds of run are called.
 struct RunWords {

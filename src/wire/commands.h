@@ -147,6 +147,21 @@ struct FetchLogCommand {
   static constexpr auto Fields = std::tuple(Zeros(1));
 };
 
+/// The same two behind a poker run, whose bytes 2 to 5 are not random.
+struct PokerFetchBoardCommand {
+  static constexpr std::uint8_t Code = CmdFetchBoard;
+  using Reply = BoardReply;
+
+  static constexpr auto Fields = std::tuple(Zeros(1, 5));
+};
+
+struct PokerFetchLogCommand {
+  static constexpr std::uint8_t Code = CmdFetchLog;
+  using Reply = CardLogReply;
+
+  static constexpr auto Fields = std::tuple(Zeros(1, 5));
+};
+
 /// Asks for the diagnosis text.
 struct TestCommand {
   static constexpr std::uint8_t Code = CmdTest;
