@@ -223,7 +223,7 @@ void MachineRun::WindUp() {
   parts_.TheMachine.MachineState = Machine::kIdle;
   parts_.View->ShowState();
   ShowAll();
-  if (Controls().Deal_next) parts_.View->FocusDealNext();
+  if (Controls().Deal_next) parts_.View->FocusNext();
   DealRotation_ =
       static_cast<std::uint8_t>((DealRotation_ + 1U) % wire::RunSettings::RotationTableA.size());
 }

@@ -21,7 +21,8 @@ class RunView : public FaultView {
   virtual void ShowBoard() {}
   /// Which controls are there, which are enabled, and the texts of the number boxes.
   virtual void ShowControls() = 0;
-  virtual void FocusDealNext() {}
+  /// Brings the operator to the button that goes on with the work.
+  virtual void FocusNext() {}
   /// Nothing: there are no such boxes.
   [[nodiscard]] virtual std::optional<RangeTexts> Range() const { return std::nullopt; }
   /// The run is over: the window goes.

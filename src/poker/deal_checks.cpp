@@ -29,7 +29,9 @@ std::string CardsNotSeen(const PokerDeal& deal, const wire::CardBytes& log) {
   std::string cards;
   for (auto slot = deal.begin() + 1; slot != deal.end(); ++slot) {
     if (log[wire::MachineCard(*slot)] != 0) continue;
-    cards += (cards.empty() ? "" : ", ") + CardName(*slot);
+    const CardText card = CardTextOf(*slot);
+    cards += cards.empty() ? "" : ", ";
+    cards += std::string(card.Sign) + std::string(card.Rank);
   }
   return cards;
 }

@@ -132,9 +132,9 @@ void Poker::Press(PokerButton button) {
     case PokerButton::Poker_Save:
       return Apart([this] { SavePokerOrder(parts_.Prog, order_); });
     case PokerButton::Poker_Print:
-      return Apart([this] { PrintPokerOrder(parts_.Prog, order_); });
+      return Apart([this] { PrintPokerOrder(parts_.Prog, order_, copies_); });
     case PokerButton::Poker_print_setup:
-      return Apart([this] { SetUpPrinter(parts_.Prog); });
+      return Apart([this] { copies_ = parts_.Prog.ThePrinter.Setup(copies_).value_or(copies_); });
     case PokerButton::First:
       return WalkTo(1);
     case PokerButton::Prevoius:
@@ -183,16 +183,16 @@ void Poker::Apart(const std::function<void()>& work) {
     apart_ = false;
   }
   parts_.TheMachine.ForgetStarts();
-  ShowOrder();
+  ShowAll();
 }
 
 void Poker::Generate() {
   Apart([this] {
     if (!MayDiscard("    Discard current order and generate new one?    ")) return;
     const int deals = Val(Number_deals);
-    if (deals < 1 || deals > kMostDeals) {
+    if (!IsDealCount(deals)) {
       Number_deals = "1";
-      Box("    Incorrect number of deals. Allowed values are 1 to 100.     ", kOkExclamation);
+      parts_.Prog.ShowMessage(kWrongDealCount, kOkExclamation, kTitle);
       return;
     }
     PokerOrder order = EmptyOrder(deals);
@@ -200,7 +200,7 @@ void Poker::Generate() {
     Start(order, Empty_set ? kReadyForRead : kReadyForRun);
     printable_ = !Empty_set;
   });
-  parts_.View->Focus(NextButton());
+  parts_.View->FocusNext();
 }
 
 void Poker::Load() {
@@ -208,7 +208,7 @@ void Poker::Load() {
     if (!MayDiscard("    Discard current order and load new one?    ")) return;
     if (LoadPokerOrder(parts_.Prog, order_)) Take(PokerOrder(order_));
   });
-  parts_.View->Focus(NextButton());
+  parts_.View->FocusNext();
 }
 
 bool Poker::MayDiscard(const char* question) {
@@ -238,19 +238,13 @@ void Poker::Stand(int done, const char* label) {
 void Poker::WalkTo(int deal) {
   order_.CurrentDeal = static_cast<std::int16_t>(deal);
   Stand(0, IsEmpty(order_.Current()) ? kReadyForRead : kReadyForRun);
-  ShowOrder();
+  ShowAll();
 }
 
 void Poker::Cancel() {
   Stand(0, kReadyForRun);
-  ShowOrder();
-  parts_.View->Focus(NextButton());
-}
-
-void Poker::ShowOrder() { ShowAll(); }
-
-void Poker::Box(const std::string& text, BoxFlags flags) {
-  parts_.Prog.ShowMessage(text, flags, kTitle);
+  ShowAll();
+  parts_.View->FocusNext();
 }
 
 // A run of cards, from its button until the next may be pressed.
@@ -275,8 +269,8 @@ void Poker::StartReading() {
 }
 
 void Poker::Refuse(const std::string& text) {
-  Apart([&] { Box(text, kOkExclamation); });
-  parts_.View->Focus(NextButton());
+  Apart([&] { parts_.Prog.ShowMessage(text, kOkExclamation, kTitle); });
+  parts_.View->FocusNext();
 }
 
 void Poker::RunFromButton(const char* label) {
@@ -286,12 +280,12 @@ void Poker::RunFromButton(const char* label) {
   label3_.clear();
   RunCards();
   if (Closed()) return;
-  ShowOrder();
-  parts_.View->Focus(NextButton());
+  ShowAll();
+  parts_.View->FocusNext();
 }
 
 RunEnd Poker::RunOnce() {
-  ShowOrder();
+  ShowAll();
   if (reading_) {
     plan_.BeginReading();
   } else {
@@ -362,8 +356,8 @@ void Poker::FinishReading() {
 }
 
 void Poker::FinishOrder(const char* text) {
-  ShowOrder();
-  Box(text, kOkInformation);
+  ShowAll();
+  parts_.Prog.ShowMessage(text, kOkInformation, kTitle);
   parts_.TheMachine.ForgetStarts();
   order_.CurrentDeal = 1;
   Stand(0, "Ready for first run");

@@ -7,7 +7,7 @@
 #include "poker/pile_plan.h"
 #include "poker/poker_order.h"
 #include "poker/poker_stage.h"
-#include "poker/poker_view.h"
+#include "poker/poker_dialog.h"
 
 namespace morvane::poker {
 
@@ -79,6 +79,7 @@ class Poker final : public machine::MachineRun {
   PilePlan plan_;
   std::string label1_;
   std::string label3_;
+  int copies_ = 1;          ///< of the printed list
   int done_ = 0;            ///< runs of the current deal that are finished
   bool reading_ = false;    ///< what runs, or ran last, was a reading
   bool readNext_ = false;   ///< a deal has been read, and another comes behind it

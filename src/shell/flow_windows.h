@@ -5,6 +5,7 @@
 #include "files/load_number.h"
 #include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
+#include "poker/poker_dialog.h"
 #include "print/hand_record.h"
 #include "shell/preferences.h"
 #include "shell/refresh_statistics.h"
@@ -20,6 +21,7 @@ class FlowWindows : public files::NumberDialog,
                     public edit::EditDialog,
                     public print::HandRecordDialog,
                     public analysis::DeepFDialog,
+                    public poker::PokerDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

@@ -5,6 +5,7 @@
 #include "machine/open_link.h"
 #include "machine/reading_run.h"
 #include "machine/sorting_run.h"
+#include "poker/poker.h"
 #include "shell/refresh_statistics.h"
 
 namespace morvane::shell {
@@ -72,6 +73,16 @@ void SortFlow(Program& program, machine::Machine& machine, machine::RunMemory& m
   if (machine::OpenLink(program, machine.Link, kRunTimeoutMs)) {
     machine::SortingRun run(program, machine, memory);
     RunInWindow(program, machine, run, dialogs.OpenSortProg(run));
+  }
+  program.Status("Ready");
+}
+
+void PokerFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
+               poker::PokerDialog& dialogs) {
+  program.Status("Poker dealing");
+  if (machine::OpenLink(program, machine.Link, kRunTimeoutMs)) {
+    poker::Poker run(program, machine, memory);
+    RunInWindow(program, machine, run, dialogs.OpenPoker(run));
   }
   program.Status("Ready");
 }

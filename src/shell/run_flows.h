@@ -22,4 +22,8 @@ void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& m
 void SortFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
               machine::RunDialogs& dialogs);
 
+/// `menuPoker`: the window of an order of its own; the set is not touched.
+void PokerFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
+               poker::PokerDialog& dialogs);
+
 }  // namespace morvane::shell

@@ -138,6 +138,12 @@ void Shell::MenuSort() {
   SortFlow(program_, machine_, runMemory_, windows_);
 }
 
+void Shell::MenuPoker() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  PokerFlow(program_, machine_, runMemory_, windows_);
+}
+
 void Shell::MenuEdit() {
   if (FlowActive()) return;
   const Flow flow(*this);

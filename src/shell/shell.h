@@ -61,6 +61,7 @@ class Shell {
   void MenuDeal();
   void MenuRead();
   void MenuSort();
+  void MenuPoker();
   void MenuEdit();
   void MenuPrint();
   /// Analize: all boards of the set.

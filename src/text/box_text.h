@@ -27,6 +27,7 @@ enum BoxFlags : int {
   kOkCancelCritical = 17,
   kYesNoQuestion = 36,
   kOkExclamation = 48,
+  kOkCancelExclamation = 49,
   kYesNoCancelExclamation = 51,
   kYesNoExclamation = 52,
   kOkInformation = 64,

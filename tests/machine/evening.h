@@ -20,7 +20,7 @@ class PatientView final : public RunView {
   void ShowState() override {}
   void ShowBoard() override {}
   void ShowControls() override {}
-  void FocusDealNext() override {}
+  void FocusNext() override {}
   void Close() override { ++Closings; }
   void ShowError(ErrorDialog& dialog) override {
     dialog.Open([] {});

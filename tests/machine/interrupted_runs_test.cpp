@@ -69,7 +69,7 @@ class Table final : public RunView {
   void ShowState() override {}
   void ShowBoard() override {}
   void ShowControls() override {}
-  void FocusDealNext() override {}
+  void FocusNext() override {}
   void Close() override {}
   /// The operator puts the board back and goes on where he can.
   void ShowError(ErrorDialog& dialog) override {

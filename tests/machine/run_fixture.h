@@ -22,7 +22,7 @@ class RecordingView final : public RunView {
   void ShowControls() override {
     if (OnStatus) OnStatus();
   }
-  void FocusDealNext() override { ++Focused; }
+  void FocusNext() override { ++Focused; }
   void ShowError(ErrorDialog& dialog) override {
     Errors.push_back(dialog.Error_label + "|" + dialog.Error_code);
     Places.push_back(dialog.Error_board);

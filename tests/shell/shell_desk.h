@@ -31,7 +31,7 @@ class FakeRunWindow final : public machine::RunView {
   void ShowState() override {}
   void ShowBoard() override {}
   void ShowControls() override {}
-  void FocusDealNext() override {}
+  void FocusNext() override {}
   void ShowError(machine::ErrorDialog& dialog) override { dialog.PressCancel(); }
   void Close() override { ++notes_.Closed; }
 

@@ -95,7 +95,7 @@ class NoisyRuns::Desk final : public machine::RunView {
   void ShowState() override { TakeLog(); }
   void ShowBoard() override {}
   void ShowControls() override {}
-  void FocusDealNext() override {}
+  void FocusNext() override {}
   void Close() override {}
   void ShowError(ErrorDialog& dialog) override {
     faultShown_ = true;

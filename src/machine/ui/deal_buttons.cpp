@@ -44,6 +44,6 @@ void DealButtons::TakeDefault(const RunControls& now) {
   if (now.cmdDeal && window()->focusWidget() == nullptr) cmdDeal_->setFocus();
 }
 
-void DealButtons::FocusDealNext() { Deal_next_->setFocus(); }
+void DealButtons::FocusNext() { Deal_next_->setFocus(); }
 
 }  // namespace morvane::machine

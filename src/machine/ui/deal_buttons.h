@@ -17,7 +17,7 @@ class DealButtons final : public QWidget {
   void Show(const RunControls& now);
   /// Makes the button that deals next the window's default, and hands it a focus that nothing has.
   void TakeDefault(const RunControls& now);
-  void FocusDealNext();
+  void FocusNext();
 
  private:
   QPushButton* cmdDeal_;

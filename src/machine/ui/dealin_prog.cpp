@@ -174,7 +174,7 @@ void DealinProg::ShowControls() {
   ShowState();
 }
 
-void DealinProg::FocusDealNext() { dealing_->FocusDealNext(); }
+void DealinProg::FocusNext() { dealing_->FocusNext(); }
 
 std::optional<RangeTexts> DealinProg::Range() const { return subRange_->Texts(); }
 

@@ -34,7 +34,7 @@ class DealinProg final : public RunDialog {
   void ShowState() override;
   void ShowBoard() override;
   void ShowControls() override;
-  void FocusDealNext() override;
+  void FocusNext() override;
   [[nodiscard]] std::optional<RangeTexts> Range() const override;
 
  private:

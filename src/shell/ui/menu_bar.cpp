@@ -33,7 +33,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "Analize", "&Analyze", Qt::CTRL | Qt::Key_Y, [&shell] { shell.MenuAnalyze(); });
   AddEntry(*this, "menuPrint", "&Print", QKeySequence::Print, [&shell] { shell.MenuPrint(); });
   AddMaintenanceMenu(serviceLevel);
-  AddEntry(*this, "menuPoker", "Po&ker");
+  AddEntry(*this, "menuPoker", "Po&ker", Qt::CTRL | Qt::Key_K, [&shell] { shell.MenuPoker(); });
   AddSetupMenu(shell);
 }
 

@@ -29,20 +29,15 @@ enum class PokerButton : std::uint8_t {
   Read,
   ReadNext,
 };
-inline constexpr std::size_t kPokerButtons = 17;
-
-/// What poker needs of its window. `ShowBoard` shows the deal; `ShowControls` also the texts.
-class PokerView : public machine::RunView {
- public:
-  virtual void Focus(PokerButton button) = 0;
-};
-
 class PokerDialog {
  public:
   virtual ~PokerDialog() = default;
   /// Shows the window and gives it away; it goes when it is destroyed. Nothing: this program has no
-  /// such window.
-  [[nodiscard]] virtual std::unique_ptr<PokerView> OpenPoker(Poker& /*poker*/) { return nullptr; }
+  /// such window. Its `ShowBoard` shows the deal, its `FocusNext` brings the operator to
+  /// `Poker::NextButton`.
+  [[nodiscard]] virtual std::unique_ptr<machine::RunView> OpenPoker(Poker& /*poker*/) {
+    return nullptr;
+  }
 };
 
 }  // namespace morvane::poker
