@@ -30,13 +30,28 @@ CardWay::CardWay(const Options& options)
     : cardTime_(CardTimeAt(options.Speed)),
       feeder_(SeedOf(options)),
       faults_(options.Faults),
-      packsToSort_(options.Packs) {}
+      packsToSort_(options.Packs),
+      operator_(options.FirstCarry) {}
 
 void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
   kind_ = kind;
   handList_ = pockets;
   for (Pile& pocket : pockets_) pocket.Clear();
+  Start(now);
+}
+
+void CardWay::Stack(const Route& route, const wire::CardBytes& pockets, Time now) {
+  if (Stacks(pockets) && route == route_) return;
+  kind_ = RunKind::Stack;
+  route_ = route;
+  handList_ = pockets;
+  Start(now);
+}
+
+void CardWay::Start(Time now) {
+  fallen_ = 0;
+  fellInto_ = {};
   cardLog_ = {};
   Load();
   SetState(StatusReply::kBusy);
@@ -50,6 +65,9 @@ void CardWay::Load() {
       break;
     case RunKind::Sort:
       feeder_.LoadPacks(packsToSort_);
+      break;
+    case RunKind::Stack:
+      LoadForStacking();
       break;
     default:
       feeder_.LoadPack();
@@ -67,6 +85,35 @@ void CardWay::LoadForReading() {
   }
 }
 
+void CardWay::LoadForStacking() {
+  const bool laid = feeder_.TakeLaid();
+  if (!route_.Known()) {
+    for (Pile& pocket : pockets_) pocket.Clear();
+    if (!laid) feeder_.LoadPack();
+  } else if (laid) {
+    LeaveToNorth();
+  } else {
+    operator_.CarryBack(pockets_, feeder_);
+  }
+}
+
+/// Who has laid the cards has emptied the other pockets, and took from North what he wanted.
+void CardWay::LeaveToNorth() {
+  Pile north = std::exchange(pockets_[PocketOfHand[kNorth]], Pile());
+  for (Pile& pocket : pockets_) pocket.Clear();
+  for (std::size_t at = 0; at < feeder_.Left(); ++at) north.Remove(feeder_.Waiting(at));
+  pockets_[PocketOfHand[kNorth]] = north;
+}
+
+bool CardWay::PutBack() {
+  Pile& north = pockets_[PocketOfHand[kNorth]];
+  if (Busy() || north.Count() == 0) return false;
+  feeder_.Lay(north);
+  north.Clear();
+  ++changes_;
+  return true;
+}
+
 void CardWay::GoOn(Time now) {
   if (Busy()) return;
   if (kind_ == RunKind::None) {
@@ -74,7 +121,7 @@ void CardWay::GoOn(Time now) {
     return;
   }
   if (!wire::TextOfError(state_).CanGoOn) return;
-  if (feeder_.Loaded() == 0) Load();
+  if (!feeder_.TakeLaid() && feeder_.Loaded() == 0) Load();
   SetState(StatusReply::kBusy);
   nextCardAt_ = now + cardTime_;
 }
@@ -118,16 +165,27 @@ void CardWay::FallOne() {
     return;
   }
   const std::size_t pocket = PocketOfFront();
-  if (pocket == 0) {  // a card that nobody wants
+  if (pocket == 0 || !FrontIsExpected()) {  // a card that nobody wants, or not yet
     Stop(wire::kIncorrectCardOrder);
     return;
   }
   const int card = feeder_.Front();
   pockets_[pocket].Add(card);
   feeder_.Feed();
-  cardLog_[MachineCard(card)] = static_cast<std::uint8_t>(Fallen());
+  ++fellInto_[pocket];
+  ++fallen_;
+  cardLog_[MachineCard(card)] = static_cast<std::uint8_t>(fallen_);
   ++changes_;
-  if (feeder_.Left() == 0) Finish();
+  if (Done()) Finish();
+}
+
+bool CardWay::Done() const {
+  return kind_ == RunKind::Stack ? fallen_ == route_.Count : feeder_.Left() == 0;
+}
+
+bool CardWay::FrontIsExpected() const {
+  if (kind_ != RunKind::Stack || !route_.Known()) return true;
+  return route_.Order[MachineCard(feeder_.Front())] == fallen_ + 1;
 }
 
 std::uint8_t CardWay::DueFault() {

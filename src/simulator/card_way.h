@@ -6,13 +6,26 @@
 #include <vector>
 
 #include "simulator/board_pile.h"
+#include "simulator/carrier.h"
 #include "simulator/deck.h"
 #include "simulator/options.h"
 #include "wire/replies.h"
 
 namespace morvane::simulator {
 
-enum class RunKind : std::uint8_t { None, Deal, Read, Sort };
+enum class RunKind : std::uint8_t { None, Deal, Read, Sort, Stack };
+
+/// What a stacking run is to expect.
+struct Route {
+  std::size_t Count = 0;  ///< cards of the run, 1..55
+  /// The how-manieth of the run each card is to be, `kForeign` for one that is not to come at all;
+  /// all 0 = nothing is known.
+  wire::CardBytes Order;
+
+  static constexpr std::uint8_t kForeign = 127;
+  [[nodiscard]] bool Known() const { return !(Order == wire::CardBytes{}); }
+  bool operator==(const Route&) const = default;
+};
 
 /// The cards' way from the feeder into the pockets: one run at a time, card by card, until it is
 /// done, broken or stopped by a fault. Nothing here allocates while cards fall.
@@ -26,6 +39,14 @@ class CardWay {
   /// Empties the pockets, loads the feeder and begins. The same order again while it is carried out
   /// is a repetition and changes nothing. `pockets` means nothing to a sort.
   void Begin(RunKind kind, const wire::CardBytes& pockets, Time now);
+  /// Begins a run of `route.Count` cards. With an order that is not known it finds a pack of its
+  /// own, otherwise the piles of the last run; North keeps its pile then. Cards that somebody has
+  /// laid into the feeder stay there. The same again is a repetition.
+  void Stack(const Route& route, const wire::CardBytes& pockets, Time now);
+  /// Whether that run is carried out.
+  [[nodiscard]] bool Stacks(const wire::CardBytes& pockets) const {
+    return Busy() && kind_ == RunKind::Stack && pockets == handList_;
+  }
   /// Goes on where the run stopped, if its code allows it. A run in progress or done stays as it
   /// is; without a run there is nothing to go on with, and that is an error.
   void GoOn(Time now);
@@ -47,6 +68,10 @@ class CardWay {
   /// The boards that reading runs find. Without any they read a shuffled pack.
   [[nodiscard]] BoardPile& Boards() { return boards_; }
   [[nodiscard]] const BoardPile& Boards() const { return boards_; }
+  [[nodiscard]] Carrier& Operator() { return operator_; }
+  [[nodiscard]] const Carrier& Operator() const { return operator_; }
+  /// Somebody puts the pile of North into the feeder. Not while cards fall, nor when there is none.
+  bool PutBack();
   [[nodiscard]] Feeder& Cards() { return feeder_; }
   [[nodiscard]] const Feeder& Cards() const { return feeder_; }
 
@@ -58,20 +83,30 @@ class CardWay {
   [[nodiscard]] const Pile& Pocket(std::size_t pocket) const { return pockets_[pocket]; }
   /// The how-manieth of the run each card was; 0 = not dealt.
   [[nodiscard]] const wire::CardBytes& CardLog() const { return cardLog_; }
-  [[nodiscard]] std::size_t Fallen() const { return feeder_.Loaded() - feeder_.Left(); }
-  [[nodiscard]] std::size_t Loaded() const { return feeder_.Loaded(); }
+  [[nodiscard]] std::size_t Fallen() const { return fallen_; }
+  /// So many of them into pocket 1..4.
+  [[nodiscard]] std::uint8_t FellInto(std::size_t pocket) const { return fellInto_[pocket]; }
+  /// The cards that the run is to have.
+  [[nodiscard]] std::size_t CardsOfRun() const {
+    return kind_ == RunKind::Stack ? route_.Count : feeder_.Loaded();
+  }
   [[nodiscard]] std::uint32_t BoardsDealt() const { return boardsDealt_; }
   /// Goes up with every change of what can be seen.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
 
  private:
+  void Start(Time now);
   void Load();
   void LoadForReading();
+  void LoadForStacking();
+  void LeaveToNorth();
   void FallOne();
   void Finish();
   void SetState(std::uint8_t state);
   [[nodiscard]] std::uint8_t DueFault();
+  [[nodiscard]] bool FrontIsExpected() const;
   [[nodiscard]] std::size_t PocketOfFront() const;
+  [[nodiscard]] bool Done() const;
 
   Time cardTime_;  ///< 0 = a card a poll
   Feeder feeder_;
@@ -79,9 +114,13 @@ class CardWay {
   int packsToSort_;
   RunKind kind_ = RunKind::None;
   wire::CardBytes handList_{};
-  std::array<Pile, 5> pockets_;
+  Route route_;
+  Carrier::Pockets pockets_;
+  std::array<std::uint8_t, kHands + 1> fellInto_{};
+  std::size_t fallen_ = 0;
   wire::CardBytes cardLog_;
   BoardPile boards_;
+  Carrier operator_;
   std::uint8_t state_ = wire::StatusReply::kIdle;
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};

@@ -1,9 +1,25 @@
 #include "simulator/deck.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace morvane::simulator {
+
+void Pile::AddAll(const Pile& pile) {
+  for (std::size_t at = 0; at < pile.Count(); ++at) Add(pile[at]);
+}
+
+void Pile::RemoveAt(std::size_t at) {
+  std::copy(cards_.begin() + at + 1, cards_.begin() + count_, cards_.begin() + at);
+  --count_;
+}
+
+void Pile::Remove(int card) {
+  for (std::size_t at = 0; at < count_; ++at) {
+    if (cards_[at] == card) return RemoveAt(at);
+  }
+}
+
+void Pile::TurnOver() { std::reverse(cards_.begin(), cards_.begin() + count_); }
 
 void Feeder::LoadPack() {
   Empty();
@@ -49,9 +65,20 @@ bool Feeder::Prepare(const std::array<std::uint8_t, kCards>& cards) {
   return true;
 }
 
+void Feeder::Load(const Pile& pile) {
+  Empty();
+  cards_ = pile;
+}
+
+void Feeder::Lay(const Pile& pile) {
+  Load(pile);
+  laid_ = true;
+}
+
 void Feeder::Empty() {
   cards_.Clear();
   fed_ = 0;
+  laid_ = false;
 }
 
 void Feeder::Shuffle() {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <random>
+#include <utility>
 
 #include "model/board.h"
 #include "model/tables.h"
@@ -21,6 +22,15 @@ class Pile {
   void Add(int card) {
     if (count_ < kCapacity) cards_[count_++] = static_cast<std::uint8_t>(card);
   }
+  /// All cards of `pile` on top, as they lie.
+  void AddAll(const Pile& pile);
+  /// Takes the card at `at` out.
+  void RemoveAt(std::size_t at);
+  /// Takes `card` out, where it is there.
+  void Remove(int card);
+  void Exchange(std::size_t a, std::size_t b) { std::swap(cards_[a], cards_[b]); }
+  /// The lowest card becomes the topmost.
+  void TurnOver();
   [[nodiscard]] std::size_t Count() const { return count_; }
   [[nodiscard]] int operator[](std::size_t at) const { return cards_[at]; }
 
@@ -49,6 +59,13 @@ class Feeder {
   /// there once.
   bool Prepare(const std::array<std::uint8_t, kCards>& cards);
 
+  /// The cards of `pile` instead of what lies there; the lowest is fed first.
+  void Load(const Pile& pile);
+  /// The same by somebody who means the next run to find these cards, until another load.
+  void Lay(const Pile& pile);
+  /// Whether somebody has done so; only once.
+  [[nodiscard]] bool TakeLaid() { return std::exchange(laid_, false); }
+
   void Empty();
   [[nodiscard]] std::size_t Left() const { return cards_.Count() - fed_; }
   [[nodiscard]] std::size_t Loaded() const { return cards_.Count(); }
@@ -65,6 +82,7 @@ class Feeder {
   std::mt19937_64 engine_;
   Pile cards_;
   std::size_t fed_ = 0;
+  bool laid_ = false;
   std::optional<std::array<std::uint8_t, kCards>> prepared_;
 };
 

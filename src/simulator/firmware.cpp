@@ -18,6 +18,7 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdDeal:
     case CmdRead:
     case CmdSort:
+    case CmdRoute:
     case CmdFetchLog:
     case CmdFetchBoard:
     case CmdCounter:
@@ -25,7 +26,7 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdSensor:
       return slot_.Answer(command, reply);
     case CmdVersion:
-      Run().ClearError();  // whoever asks for it has given up what stopped the machine
+      run_.GiveUp();  // whoever asks for it has given up what stopped the machine
       return identity_.Answer(command, reply);
     case CmdIdentity:
       return identity_.Answer(command, reply);
@@ -44,7 +45,7 @@ bool Firmware::AnswerStatus(const Frame& command, Frame& reply) {
   StatusReply status;
   status.State = Run().State();
   for (std::size_t pocket = 1; pocket < status.Pocket.size(); ++pocket) {
-    status.Pocket[pocket] = static_cast<std::uint8_t>(Run().Pocket(pocket).Count());
+    status.Pocket[pocket] = Run().FellInto(pocket);
   }
   const BoardSlot::Bits slot = slot_.Slot().NextReport();
   status.SlotActive = slot.Active;
@@ -65,7 +66,7 @@ bool Firmware::AnswerTest(Frame& reply) const {
   TestReply test;
   test.Numbers[0] = Run().State();
   test.Numbers[1] = static_cast<std::uint8_t>(Run().Fallen());
-  test.Numbers[2] = static_cast<std::uint8_t>(Run().Loaded());
+  test.Numbers[2] = static_cast<std::uint8_t>(Run().CardsOfRun());
   test.Numbers[3] = Slot().Label();
   Put(test, reply);
   return true;
@@ -88,7 +89,7 @@ void Firmware::RemoveBoard() {
 }
 
 void Firmware::Restart() {
-  Run().Forget();
+  run_.Forget();
   slot_.Slot().Forget();
   pedal_ = {};
   ++changes_;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
-    "speed, firmware, hardware, serial, noise, seed, fault, packs, pack";
+    "speed, firmware, hardware, serial, noise, seed, fault, packs, carry, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -100,6 +100,12 @@ bool TakePacks(std::string_view value, Options& options) {
   return packs.has_value();
 }
 
+bool TakeCarry(std::string_view value, Options& options) {
+  const auto way = CarryOf(value);
+  if (way) options.FirstCarry = *way;
+  return way.has_value();
+}
+
 bool TakePack(std::string_view value, Options& options) {
   options.Pack = value;
   return !value.empty();
@@ -111,7 +117,7 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 9> kKeyTable{{
+constexpr std::array<Key, 10> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"hardware", TakeHardware, "a number from 0 to 65535, such as 0x7F"},
@@ -120,6 +126,7 @@ constexpr std::array<Key, 9> kKeyTable{{
     {"seed", TakeSeed, "a whole number of at most 64 bits"},
     {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 208 and code 1 to 240"},
     {"packs", TakePacks, "a number from 1 to 4"},
+    {"carry", TakeCarry, kCarryList},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
 
@@ -164,7 +171,8 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 
 std::string OptionsUsage(std::size_t indent) {
   return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,\n" +
-         std::string(indent, ' ') + "noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,pack=FILE]";
+         std::string(indent, ' ') + "noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,\n" +
+         std::string(indent, ' ') + "carry=right,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

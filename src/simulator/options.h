@@ -6,11 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/carry.h"
+
 namespace morvane::simulator {
 
 /// The machine stops with `Code` (1..240) before card `Card` (1..208, which only a sort has) of
-/// board `Board` falls: the n-th that it deals or reads to the end, or pile that it sorts, however
-/// often that one is begun. It happens once.
+/// board `Board` falls: the n-th that it deals or reads to the end, pile that it sorts or stacking
+/// run that it carries out, however often that one is begun. It happens once.
 struct CardFault {
   int Board = 1;
   int Card = 1;
@@ -28,7 +30,8 @@ struct Options {
   double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
   std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
   std::vector<CardFault> Faults;
-  int Packs = 4;     ///< 1..4, how many a sort finds
+  int Packs = 4;                     ///< 1..4, how many a sort finds
+  Carry FirstCarry = Carry::kRight;  ///< of the piles of a stacking run; the later ones are right
   std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
   bool operator==(const Options&) const = default;
 };
@@ -37,8 +40,8 @@ struct Options {
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
-/// What `ParseOptions` takes, with its defaults, for the person who has to write it: two lines, the
-/// second behind `indent` blanks.
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: three lines,
+/// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);
 
 }  // namespace morvane::simulator

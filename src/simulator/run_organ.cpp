@@ -1,6 +1,7 @@
 #include "simulator/run_organ.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "wire/commands.h"
 
@@ -11,13 +12,14 @@ using namespace wire;
 
 // One check byte lets a garbled frame through now and then, and a poll turned into a start would be
 // a wrong deal that nobody sees. What belongs together in a start gives it away.
-bool SettingsAgree(const RunSettings& settings, const Frame& command) {
+template <typename F>
+bool Agrees(const F& fields, const Frame& command) {
   Frame again = command;
-  PutRows(settings, again);
+  PutRows(fields, again);
   return again == command;
 }
 
-/// The list of a start command without the jokers, who are in no pack of ours.
+/// The list of a start command without the jokers, who are in no pack of a bridge run.
 CardBytes WithoutJokers(CardBytes pockets) {
   std::fill(pockets.Bytes.begin() + kCards, pockets.Bytes.end(), std::uint8_t{0});
   return pockets;
@@ -26,6 +28,12 @@ CardBytes WithoutJokers(CardBytes pockets) {
 bool NamesPockets(const CardBytes& list) {
   return std::all_of(list.Bytes.begin(), list.Bytes.end(),
                      [](std::uint8_t pocket) { return pocket <= 4; });
+}
+
+bool NamesPlaces(const CardBytes& order) {
+  return std::all_of(order.Bytes.begin(), order.Bytes.end(), [](std::uint8_t place) {
+    return place <= CardBytes::kPlaces || place == Route::kForeign;
+  });
 }
 
 bool Accept(Frame& reply) {
@@ -42,6 +50,8 @@ bool RunOrgan::Answer(const Frame& command, CardWay::Time now, Frame& reply) {
       return Start(command, now, reply);
     case CmdSort:
       return StartSort(command, now, reply);
+    case CmdRoute:
+      return StoreRoute(command, reply);
     case CmdFetchLog:
       Put(CardLogReply{run_.CardLog()}, reply);
       return true;
@@ -54,27 +64,53 @@ bool RunOrgan::Answer(const Frame& command, CardWay::Time now, Frame& reply) {
   }
 }
 
+bool RunOrgan::StoreRoute(const Frame& command, Frame& reply) {
+  const auto route = Get<RouteCommand>(command);
+  if (!Agrees(route, command) || !NamesPlaces(route.Order)) return false;
+  if (route.Count < 1 || route.Count > CardBytes::kPlaces) return false;
+  route_ = {route.Count, route.Order};
+  return Accept(reply);
+}
+
 bool RunOrgan::Start(const Frame& command, CardWay::Time now, Frame& reply) {
   const auto start = Get<StartCommand>(command);
   const CardBytes pockets = WithoutJokers(start.Pockets);
-  if (!SettingsAgree(start.Settings, command) || !NamesPockets(pockets)) return false;
+  const bool stacks = start.Code == CmdDeal && route_;
+  if (!Agrees(start.Settings, command)) return false;
+  if (!NamesPockets(stacks ? start.Pockets : pockets)) return false;
   if (start.Continue) {
     run_.GoOn(now);
-  } else {
-    run_.Begin(start.Code == CmdRead ? RunKind::Read : RunKind::Deal, pockets, now);
+  } else if (stacks) {
+    run_.Stack(*std::exchange(route_, std::nullopt), start.Pockets, now);
+  } else if (start.Code == CmdRead) {
+    route_.reset();
+    run_.Begin(RunKind::Read, pockets, now);
+  } else if (!run_.Stacks(start.Pockets)) {
+    run_.Begin(RunKind::Deal, pockets, now);
   }
   return Accept(reply);
 }
 
 bool RunOrgan::StartSort(const Frame& command, CardWay::Time now, Frame& reply) {
   const auto start = Get<SortCommand>(command);
-  if (!SettingsAgree(start.Settings, command)) return false;
+  if (!Agrees(start.Settings, command)) return false;
   if (start.Continue) {
     run_.GoOn(now);
   } else {
+    route_.reset();
     run_.Begin(RunKind::Sort, {}, now);
   }
   return Accept(reply);
+}
+
+void RunOrgan::GiveUp() {
+  route_.reset();
+  run_.ClearError();
+}
+
+void RunOrgan::Forget() {
+  route_.reset();
+  run_.Forget();
 }
 
 bool RunOrgan::AnswerBoard(Frame& reply) const {
@@ -97,15 +133,17 @@ bool RunOrgan::AnswerCounter(const Frame& command, Frame& reply) const {
 
 std::string RunOrgan::StateText() const {
   const std::string place =
-      " card " + std::to_string(run_.Fallen() + 1) + " of " + std::to_string(run_.Loaded());
+      " card " + std::to_string(run_.Fallen() + 1) + " of " + std::to_string(run_.CardsOfRun());
   if (run_.State() == StatusReply::kIdle) return "idle";
-  if (run_.Loaded() == 0) return "the feeder is empty";
+  if (run_.Cards().Loaded() == 0) return "the feeder is empty";
   if (!run_.Busy()) return "stopped at" + place + " with code " + std::to_string(run_.State());
   switch (run_.Kind()) {
     case RunKind::Read:
       return "reading" + place;
     case RunKind::Sort:
       return "sorting" + place;
+    case RunKind::Stack:
+      return "stacking" + place;
     default:
       return "dealing" + place;
   }

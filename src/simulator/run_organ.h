@@ -1,12 +1,15 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "simulator/card_way.h"
 #include "wire/frame.h"
 
 namespace morvane::simulator {
 
-/// Deals, reads and sorts: start commands, what a run leaves to be fetched, and how many boards
-/// were dealt.
+/// Deals, reads, sorts and stacks: start commands, what a run leaves to be fetched, and how many
+/// boards were dealt.
 class RunOrgan {
  public:
   explicit RunOrgan(const Options& options) : run_(options) {}
@@ -15,6 +18,11 @@ class RunOrgan {
   /// then.
   bool Answer(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
 
+  /// Somebody asks who is there: an error is over, and so is what the next run was to expect.
+  void GiveUp();
+  /// The power has gone.
+  void Forget();
+
   [[nodiscard]] CardWay& Run() { return run_; }
   [[nodiscard]] const CardWay& Run() const { return run_; }
   /// "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".
@@ -22,11 +30,13 @@ class RunOrgan {
 
  private:
   bool Start(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
+  bool StoreRoute(const wire::Frame& command, wire::Frame& reply);
   bool StartSort(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
   bool AnswerBoard(wire::Frame& reply) const;
   bool AnswerCounter(const wire::Frame& command, wire::Frame& reply) const;
 
   CardWay run_;
+  std::optional<Route> route_;  ///< of the next deal, which is a stacking run then
 };
 
 }  // namespace morvane::simulator

@@ -58,19 +58,44 @@ void WiredMachine::LayBoards(std::vector<Board> boards) {
   ++changes_;
 }
 
+bool WiredMachine::LayInFeeder(std::span<const int> machineCards) {
+  Pile cards;
+  std::array<bool, MachineCard::kLast + 1> seen{};
+  for (const int card : machineCards) {
+    if (card < 1 || card > MachineCard::kLast) return false;
+    if (std::exchange(seen[static_cast<std::size_t>(card)], true)) return false;
+    cards.Add(card);
+  }
+  if (Busy()) return false;
+  firmware_.Run().Cards().Lay(cards);
+  ++changes_;
+  return true;
+}
+
+void WiredMachine::CarryNext(Carry way) {
+  firmware_.Run().Operator().Next(way);
+  ++changes_;
+}
+
 void WiredMachine::PowerOff() {
   powered_ = false;
   heardCount_ = 0;
   firmware_.Restart();
 }
 
-WiredMachine::CardPiles WiredMachine::CardsByPocket() const {
+WiredMachine::CardPiles WiredMachine::MachineCardsByPocket() const {
   CardPiles piles;
   for (std::size_t pocket = 1; pocket <= kHands; ++pocket) {
     const Pile& pile = firmware_.Run().Pocket(pocket);
-    for (std::size_t i = 0; i < pile.Count(); ++i) {
-      piles[pocket].push_back(MachineCard(pile[i]).Card());
-    }
+    for (std::size_t i = 0; i < pile.Count(); ++i) piles[pocket].push_back(pile[i]);
+  }
+  return piles;
+}
+
+WiredMachine::CardPiles WiredMachine::CardsByPocket() const {
+  CardPiles piles = MachineCardsByPocket();
+  for (auto& pile : piles) {
+    for (int& card : pile) card = MachineCard(card).Card();
   }
   return piles;
 }
@@ -89,7 +114,7 @@ Board WiredMachine::DealtBoard() const {
   const CardPiles hands = CardsByHand();
   for (std::size_t hand = 1; hand <= kHands; ++hand) {
     for (const int card : hands[hand]) {
-      board.Cards[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(hand);
+      if (card != 0) board.Cards[static_cast<std::size_t>(card)] = static_cast<std::uint8_t>(hand);
     }
   }
   AnalyzeBoard(board);

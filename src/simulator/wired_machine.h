@@ -56,6 +56,16 @@ class WiredMachine {
   /// to its end makes room for the next. Behind the last one the feeder is empty, which stops the
   /// run with code 55; then the boards are put back.
   void LayBoards(std::vector<Board> boards);
+  /// These machine cards 1..55 lie in the feeder now, the first one is fed first: the next stacking
+  /// run, or a stopped one that goes on, finds them. False, and nothing changes, while cards fall
+  /// or unless they differ.
+  bool LayInFeeder(std::span<const int> machineCards);
+  /// The pile of North goes into the feeder as it lies, for the next stacking run. False, and
+  /// nothing changes, while cards fall or when there is none.
+  bool PutBackPack() { return firmware_.Run().PutBack(); }
+  /// How the piles of a stacking run are carried to the feeder at the start of the next one; those
+  /// after it are right again.
+  void CarryNext(Carry way);
   /// Off, the machine hears and says nothing; on again, it has forgotten its run.
   void PowerOff();
   void PowerOn() { powered_ = true; }
@@ -64,9 +74,11 @@ class WiredMachine {
 
   // What a person can see.
   using CardPiles = std::array<std::vector<int>, 5>;
-  /// [pocket 1..4]: the program cards 1..52 in it, lowest first.
+  /// [pocket 1..4]: the machine cards 1..55 in it, lowest first.
+  [[nodiscard]] CardPiles MachineCardsByPocket() const;
+  /// [pocket 1..4]: the program cards 1..52 in it, lowest first; 0 is a joker.
   [[nodiscard]] CardPiles CardsByPocket() const;
-  /// [hand 1..4]: the program cards in the hand's pocket, lowest first.
+  /// [hand 1..4]: the program cards in the hand's pocket, as above.
   [[nodiscard]] CardPiles CardsByHand() const;
   /// The cards as they lie in the pockets, analysed; its number is 0.
   [[nodiscard]] Board DealtBoard() const;
@@ -83,9 +95,11 @@ class WiredMachine {
   [[nodiscard]] bool PowerIsOn() const { return powered_; }
   /// "off", "idle", "dealing card 12 of 52", "stopped at card 12 of 52 with code 57".
   [[nodiscard]] std::string StateText() const;
-  /// Those that a run has loaded and not fed yet.
+  /// Those that wait to be fed.
   [[nodiscard]] std::size_t CardsInFeeder() const { return firmware_.Run().Cards().Left(); }
-  /// The next `most` program cards that it feeds, the first one first.
+  /// How the piles are carried the next time.
+  [[nodiscard]] Carry NextCarry() const { return firmware_.Run().Operator().Next(); }
+  /// The next `most` program cards that it feeds, the first one first; 0 is a joker.
   [[nodiscard]] std::vector<int> NextCards(std::size_t most) const;
   /// The exchanges as it sees them.
   [[nodiscard]] const FrameLog& Frames() const { return frames_; }

@@ -32,6 +32,12 @@ std::string OfStart(const Frame& command) {
   return Get<StartCommand>(command).Continue ? " go on" : " begin";
 }
 
+std::string OfRoute(const Frame& command) {
+  const auto route = Get<RouteCommand>(command);
+  return " " + std::to_string(route.Count) + (route.Count == 1 ? " card" : " cards") +
+         (route.Order == CardBytes{} ? ", any order" : " in order");
+}
+
 std::string OfPage(const Frame& command) {
   return " page " + std::to_string(Get<IdentityCommand>(command).Page);
 }
@@ -103,7 +109,7 @@ constexpr std::array<Row, 12> kCommands{{{CmdIdentity, "CmdIdentity", OfPage},
                                          {CmdSort, "CmdSort", OfStart},
                                          {CmdDeal, "CmdDeal", OfStart},
                                          {CmdRead, "CmdRead", OfStart},
-                                         {CmdRoute, "CmdRoute", OfNothing}}};
+                                         {CmdRoute, "CmdRoute", OfRoute}}};
 
 constexpr std::array<Row, 10> kReplies{{{StatusReply::Code, "status", OfStatus},
                                         {StatusReply::LongCode, "status", OfStatus},

@@ -24,7 +24,9 @@ TEST(Options, WithoutKeysIsARealMachine) {
 TEST(Options, EveryKeyIsTaken) {
   const Options options = Parsed(
       "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
-      "fault=3:20:30,fault=4:208:240,packs=3");
+      "fault=3:20:30,fault=4:208:240,packs=3,carry=north");
+  EXPECT_EQ(options.FirstCarry, Carry::kNorthToo);
+  EXPECT_EQ(Options{}.FirstCarry, Carry::kRight);
   EXPECT_EQ(options.Packs, 3);
   EXPECT_EQ(Options{}.Packs, 4);
   EXPECT_EQ(options.Speed, 0.5);
@@ -43,6 +45,13 @@ TEST(Options, APackTakesTheRestOfTheTextForItsPath) {
   EXPECT_EQ(options.Pack, "/home/a, b/x=1,seed=7.pbn");
   EXPECT_FALSE(options.Seed);
   EXPECT_EQ(Parsed("simulated").Pack, "");
+}
+
+TEST(Options, EachWayToCarryHasItsWord) {
+  for (const CarryWords& words : kCarries) {
+    EXPECT_EQ(Parsed("simulated,carry=" + std::string(words.Word)).FirstCarry, words.Way);
+    EXPECT_EQ(WordsOf(words.Way).Word, words.Word);
+  }
 }
 
 TEST(Options, NumbersReachTheirEnds) {
@@ -97,6 +106,10 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,packs=a.pbn",
                                       "simulated,packs=0",
                                       "simulated,packs=5",
+                                      "simulated,carry",
+                                      "simulated,carry=",
+                                      "simulated,carry=Right",
+                                      "simulated,carry=wrong",
                                       "simulated,colour=red",
                                       "simulated,,speed=1",
                                       "simulated,speed=1,",
@@ -118,7 +131,10 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
             "card 1 to 208 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, hardware, "
-            "serial, noise, seed, fault, packs, pack");
+            "serial, noise, seed, fault, packs, carry, pack");
+  EXPECT_EQ(ParseOptions("simulated,carry=left", options),
+            "simulated machine: \"carry=left\": carry= takes right, swapped, dropped, exchanged, "
+            "turned, north or nothing");
   EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
 }
 

@@ -27,7 +27,9 @@ TEST(FrameText, EveryCommandHasItsNameAndWhatItAsks) {
   EXPECT_EQ(CommandText(Of({0x98, 1})), "CmdDeal go on");
   EXPECT_EQ(CommandText(Of({0x9C, 0})), "CmdRead begin");
   EXPECT_EQ(CommandText(Of({0x35, 1})), "CmdSort go on");
-  EXPECT_EQ(CommandText(Of({0x9F})), "CmdRoute");
+  EXPECT_EQ(CommandText(Of({0x9F, 52})), "CmdRoute 52 cards, any order");
+  EXPECT_EQ(CommandText(Of({0x9F, 28, 0, 0, 0, 0, 0, 0, 127})), "CmdRoute 28 cards in order");
+  EXPECT_EQ(CommandText(Of({0x9F, 1})), "CmdRoute 1 card, any order");
   EXPECT_EQ(CommandText(Of({0x1D})), "CmdFetchBoard");
   EXPECT_EQ(CommandText(Of({0x20})), "CmdFetchLog");
   EXPECT_EQ(CommandText(Of({0x1E})), "CmdTest");
