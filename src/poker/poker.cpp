@@ -134,7 +134,7 @@ void Poker::Press(PokerButton button) {
     case PokerButton::Poker_Print:
       return Apart([this] { PrintPokerOrder(parts_.Prog, order_, copies_); });
     case PokerButton::Poker_print_setup:
-      return Apart([this] { copies_ = parts_.Prog.ThePrinter.Setup(copies_).value_or(copies_); });
+      return Apart([this] { copies_ = SetUpPrinter(parts_.Prog, copies_); });
     case PokerButton::First:
       return WalkTo(1);
     case PokerButton::Prevoius:

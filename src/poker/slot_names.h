@@ -24,6 +24,7 @@ inline constexpr std::array<SlotGroup, 6> SharedCards{{{"BC", 13, 13},
                                                        {"T", 18, 18},
                                                        {"BC", 19, 19},
                                                        {"R", 20, 20}}};
+inline constexpr int kFirstSharedSlot = 13;
 inline constexpr int kFirstUnnamedSlot = 21;
 
 /// What the printed list calls slot 1..28: "Player 1" to "Player 6" twice, then the shared cards;

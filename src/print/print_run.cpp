@@ -79,8 +79,11 @@ bool WritePdf(Program& program, const PrintOptions& job, const std::string& path
   const std::string pdf =
       program.ThePrinter.Pdf({TitleOf(job), job.Copies, sheet},
                              [&](Canvas& canvas) { whole = document.Draw(canvas, boardDone); });
-  if (!whole) return false;
-  const auto error = WriteWhole(path, pdf);
+  return whole && SavePdf(program, path, pdf);
+}
+
+bool SavePdf(Program& program, const std::string& path, const std::string& bytes) {
+  const auto error = WriteWhole(path, bytes);
   if (error) ReportPrintFailure(program, *error);
   return !error;
 }

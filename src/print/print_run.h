@@ -23,6 +23,10 @@ bool SavePages(Program& program, const PrintOptions& job, const std::function<bo
 bool WritePdf(Program& program, const PrintOptions& job, const std::string& path, Paper sheet,
               const std::function<bool()>& boardDone);
 
+/// What `Printer::Pdf` has made into the file `path`; nothing means that there were no fonts.
+/// False: the operator has been told.
+bool SavePdf(Program& program, const std::string& path, const std::string& bytes);
+
 /// The pages in the preview's window, from where the operator may `print` or `save` them.
 void PreviewPages(Program& program, const PrintOptions& job, const std::function<void()>& print,
                   const std::function<void()>& save);
