@@ -97,10 +97,10 @@ PokerButton Poker::NextButton() const {
 
 PokerStage Poker::Stage() const {
   PokerStage stage;
-  stage.Running = Running();
+  stage.Running = Running() && LastOutcome() == Outcome::kNone;
   stage.Done = done_;
   if (order_.PokerOrderExists) {
-    const bool read = Running() ? reading_ : IsEmpty(order_.Current());
+    const bool read = stage.Running ? reading_ : IsEmpty(order_.Current());
     stage.What = read ? PokerStage::Task::kRead : PokerStage::Task::kDeal;
   }
   if (stage.Running) {
@@ -278,6 +278,7 @@ void Poker::RunFromButton(const char* label) {
   broken_ = false;
   label1_ = label;
   label3_.clear();
+  parts_.TheMachine.CardCount = {};  // the last run's are no part of this one
   RunCards();
   if (Closed()) return;
   ShowAll();
