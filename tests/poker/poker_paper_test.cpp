@@ -87,7 +87,9 @@ TEST_P(PokerPaper, AllCardsOfEveryDealStandOnTheirLinesInOrder) {
   const auto pdf = Pdf();
   int number = 0;
   for (int page = 1; page <= pdf.Pages(); ++page) {
-    const std::vector<Word> words = pdf.Places(page);
+    std::vector<Word> words = pdf.Places(page);
+    std::sort(words.begin(), words.end(),
+              [](const Word& a, const Word& b) { return a.Top < b.Top; });
     for (const Word& label : words) {
       if (label.Text != "Deal") continue;
       ++number;
