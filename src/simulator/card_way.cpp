@@ -31,7 +31,7 @@ CardWay::CardWay(const Options& options)
       feeder_(SeedOf(options)),
       faults_(options.Faults),
       packsToSort_(options.Packs),
-      operator_(options.FirstCarry) {}
+      carrier_(options.FirstCarry) {}
 
 void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
@@ -93,7 +93,7 @@ void CardWay::LoadForStacking() {
   } else if (laid) {
     LeaveToNorth();
   } else {
-    operator_.CarryBack(pockets_, feeder_);
+    carrier_.CarryBack(pockets_, feeder_);
   }
 }
 
@@ -106,8 +106,8 @@ void CardWay::LeaveToNorth() {
 }
 
 bool CardWay::PutBack() {
+  if (!CanPutBack()) return false;
   Pile& north = pockets_[PocketOfHand[kNorth]];
-  if (Busy() || north.Count() == 0) return false;
   feeder_.Lay(north);
   north.Clear();
   ++changes_;

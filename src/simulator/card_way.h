@@ -68,10 +68,13 @@ class CardWay {
   /// The boards that reading runs find. Without any they read a shuffled pack.
   [[nodiscard]] BoardPile& Boards() { return boards_; }
   [[nodiscard]] const BoardPile& Boards() const { return boards_; }
-  [[nodiscard]] Carrier& Operator() { return operator_; }
-  [[nodiscard]] const Carrier& Operator() const { return operator_; }
+  [[nodiscard]] Carrier& PileCarrier() { return carrier_; }
+  [[nodiscard]] const Carrier& PileCarrier() const { return carrier_; }
   /// Somebody puts the pile of North into the feeder. Not while cards fall, nor when there is none.
   bool PutBack();
+  [[nodiscard]] bool CanPutBack() const {
+    return !Busy() && pockets_[PocketOfHand[kNorth]].Count() > 0;
+  }
   [[nodiscard]] Feeder& Cards() { return feeder_; }
   [[nodiscard]] const Feeder& Cards() const { return feeder_; }
 
@@ -120,7 +123,7 @@ class CardWay {
   std::size_t fallen_ = 0;
   wire::CardBytes cardLog_;
   BoardPile boards_;
-  Carrier operator_;
+  Carrier carrier_;
   std::uint8_t state_ = wire::StatusReply::kIdle;
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};

@@ -22,16 +22,16 @@ enum class Carry : std::uint8_t {
 struct CarryWords {
   Carry Way;
   std::string_view Word;   ///< as it is typed
-  std::string_view Means;  ///< what the person does
+  std::string_view Means;  ///< behind "The next carry:"
 };
 constexpr std::array<CarryWords, 7> kCarries{{
-    {Carry::kRight, "right", "rightly: East on top, South at the bottom"},
+    {Carry::kRight, "right", "right"},
     {Carry::kPilesSwapped, "swapped", "East and West swapped"},
-    {Carry::kCardDropped, "dropped", "one card dropped"},
+    {Carry::kCardDropped, "dropped", "a card dropped"},
     {Carry::kCardsExchanged, "exchanged", "two cards exchanged"},
     {Carry::kPileTurned, "turned", "East upside down"},
-    {Carry::kNorthToo, "north", "North at the bottom, too"},
-    {Carry::kNothing, "nothing", "not at all"},
+    {Carry::kNorthToo, "north", "North as well"},
+    {Carry::kNothing, "nothing", "nothing"},
 }};
 /// What may be typed.
 constexpr std::string_view kCarryList =

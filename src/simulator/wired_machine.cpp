@@ -73,7 +73,7 @@ bool WiredMachine::LayInFeeder(std::span<const int> machineCards) {
 }
 
 void WiredMachine::CarryNext(Carry way) {
-  firmware_.Run().Operator().Next(way);
+  firmware_.Run().PileCarrier().Next(way);
   ++changes_;
 }
 

@@ -97,8 +97,9 @@ class WiredMachine {
   [[nodiscard]] std::string StateText() const;
   /// Those that wait to be fed.
   [[nodiscard]] std::size_t CardsInFeeder() const { return firmware_.Run().Cards().Left(); }
+  [[nodiscard]] bool PackCanBePutBack() const { return firmware_.Run().CanPutBack(); }
   /// How the piles are carried the next time.
-  [[nodiscard]] Carry NextCarry() const { return firmware_.Run().Operator().Next(); }
+  [[nodiscard]] Carry NextCarry() const { return firmware_.Run().PileCarrier().Next(); }
   /// The next `most` program cards that it feeds, the first one first; 0 is a joker.
   [[nodiscard]] std::vector<int> NextCards(std::size_t most) const;
   /// The exchanges as it sees them.

@@ -11,9 +11,11 @@
 namespace morvane::simulator {
 namespace {
 
+constexpr int kWay = -1;
+
 struct Command {
   std::string_view Word;
-  int Highest;  ///< of the number behind it, which begins at 1; 0 = there is none
+  int Highest;  ///< of the number behind it, which begins at 1; 0 = there is none, kWay = a `Carry`
   std::string_view Means;
   std::string (*Do)(WiredMachine& machine, int number);
 };
@@ -38,6 +40,16 @@ std::string Fault(WiredMachine& machine, int code) {
   return "At the next card: " + Trim(wire::TextOfError(code).Text) + ".\n";
 }
 
+std::string CarryPiles(WiredMachine& machine, int way) {
+  machine.CarryNext(static_cast<Carry>(way));
+  return "The next carry: " + std::string(WordsOf(machine.NextCarry()).Means) + ".\n";
+}
+
+std::string PutBack(WiredMachine& machine, int /*number*/) {
+  return machine.PutBackPack() ? "The pack of North lies in the feeder.\n"
+                               : "There is no pack in North, or cards are falling.\n";
+}
+
 std::string Off(WiredMachine& machine, int /*number*/) {
   machine.PowerOff();
   return "The power is off.\n";
@@ -56,11 +68,16 @@ std::string Nothing(WiredMachine& /*machine*/, int /*number*/) { return ""; }
 
 constexpr std::string_view kQuit = "quit";
 
-constexpr std::array<Command, 9> kCommands{{
+constexpr std::array<Command, 11> kCommands{{
     {"pedal", 0, "press the pedal", Pedal},
     {"board", kMaxBoards, "push board N into the slot", Board},
     {"remove", 0, "take the board out", Remove},
     {"fault", wire::StatusReply::kLastError, "stop with error code N at the next card", Fault},
+    {"carry", kWay,
+     "how the piles are carried next: right, swapped,\n"
+     "             dropped, exchanged, turned, north or nothing",
+     CarryPiles},
+    {"putback", 0, "put the pack of North into the feeder", PutBack},
     {"off", 0, "switch the machine off", Off},
     {"on", 0, "switch it on", On},
     {"state", 0, "what it is doing", State},
@@ -75,8 +92,14 @@ const Command* Find(std::string_view word) {
   return nullptr;
 }
 
+std::optional<int> WayIn(std::string_view text) {
+  const auto way = CarryOf(text);
+  return way ? std::optional(static_cast<int>(*way)) : std::nullopt;
+}
+
 /// The number that the whole `text` is, 0 without one; nothing where it is none of the command's.
 std::optional<int> NumberFor(const Command& command, std::string_view text) {
+  if (command.Highest == kWay) return WayIn(text);
   if (command.Highest == 0) return text.empty() ? std::optional(0) : std::nullopt;
   int number = 0;
   const char* const end = text.data() + text.size();
@@ -88,6 +111,7 @@ std::optional<int> NumberFor(const Command& command, std::string_view text) {
 
 std::string Expected(const Command& command) {
   const std::string word(command.Word);
+  if (command.Highest == kWay) return word + " takes " + std::string(kCarryList) + ".\n";
   if (command.Highest == 0) return word + " takes nothing behind it.\n";
   return word + " takes a number from 1 to " + std::to_string(command.Highest) + ".\n";
 }
@@ -108,10 +132,13 @@ std::string Obey(WiredMachine& machine, std::string_view line, bool& quit) {
 }
 
 std::string OperatorCommandsHelp() {
-  constexpr std::size_t kColumn = 11;
+  constexpr std::size_t kColumn = 13;
   std::string text;
   for (const Command& command : kCommands) {
-    std::string row = "  " + std::string(command.Word) + (command.Highest > 0 ? " N" : "");
+    std::string row = "  " + std::string(command.Word) +
+                      (command.Highest > 0       ? " N"
+                       : command.Highest == kWay ? " WAY"
+                                                 : "");
     row.resize(kColumn, ' ');
     text += row + std::string(command.Means) + "\n";
   }

@@ -1,6 +1,9 @@
 #include "simulator/ui/feeder_box.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -8,13 +11,15 @@
 #include <numeric>
 #include <utility>
 
+#include "platform/qt/qt_text.h"
 #include "platform/qt/shown_value.h"
-#include "platform/qt/suit_text.h"
+#include "simulator/ui/pile_text.h"
 
 namespace morvane::simulator {
 namespace {
 
 constexpr std::size_t kCardsShown = 8;
+constexpr int kCarryLetters = 12;
 
 /// "40 cards to come: ♠A ♥7" with the signs of the suits in their colours on the ground of
 /// `palette`.
@@ -22,10 +27,7 @@ QString CardsText(const WiredMachine& machine, const QPalette& palette) {
   const std::size_t left = machine.CardsInFeeder();
   if (left == 0) return "No card waits to be fed";
   QString text = left == 1 ? "1 card to come:" : QString("%1 cards to come:").arg(left);
-  for (const int card : machine.NextCards(kCardsShown)) {
-    text += " " + SuitSign(static_cast<std::size_t>(CardSuit(card))) + QChar(CardLetter(card));
-  }
-  return ColouredSuits(text, palette);
+  return text + " " + CardsInOrder(machine.NextCards(kCardsShown), palette);
 }
 
 QString BoardsText(const WiredMachine& machine) {
@@ -64,8 +66,35 @@ FeederBox::FeederBox(WiredMachine& machine, PackSource& packs, QWidget* parent)
   column->addWidget(cards_);
   column->addWidget(boards_);
   column->addLayout(buttons);
+  column->addLayout(MakeCarrier());
   column->addStretch();
   ShowMachine();
+}
+
+QLayout* FeederBox::MakeCarrier() {
+  carry_ = new QComboBox(this);
+  carry_->setObjectName("cboCarry");
+  carry_->setToolTip(
+      "How the piles come back before the next stacking run; after that it is right again");
+  // The list may be wider than the panel.
+  carry_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  carry_->setMinimumContentsLength(kCarryLetters);
+  for (const CarryWords& words : kCarries) carry_->addItem(ToQt(words.Means));
+  connect(carry_, &QComboBox::activated, this,
+          [this](int way) { machine_.CarryNext(static_cast<Carry>(way)); });
+  putBack_ = Button("cmdPutBack", "Put &the pack back",
+                    "The pile of North goes into the feeder, to be read", this);
+  connect(putBack_, &QPushButton::clicked, this, [this] {
+    machine_.PutBackPack();
+    ShowMachine();
+  });
+  auto* label = new QLabel("Next &carry", this);
+  label->setBuddy(carry_);
+  auto* row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(carry_, 1);
+  row->addWidget(putBack_);
+  return row;
 }
 
 void FeederBox::LoadInOrder() {
@@ -85,6 +114,8 @@ void FeederBox::LoadBoards() {
 void FeederBox::ShowMachine() {
   cards_->Show(CardsText(machine_, palette()));
   boards_->Show(BoardsText(machine_));
+  if (!carry_->view()->isVisible()) carry_->setCurrentIndex(static_cast<int>(machine_.NextCarry()));
+  putBack_->setEnabled(machine_.PackCanBePutBack());
 }
 
 }  // namespace morvane::simulator

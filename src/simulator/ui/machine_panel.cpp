@@ -8,8 +8,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -17,9 +15,9 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
-#include "platform/qt/suit_text.h"
 #include "simulator/ui/feeder_box.h"
 #include "simulator/ui/frame_box.h"
+#include "simulator/ui/pile_text.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -29,29 +27,6 @@ constexpr int kRefreshMs = 100;
 constexpr int kHighestCode = 240;
 constexpr int kMargin = 10;
 constexpr int kPedalHeight = 44;
-
-/// "AK4", or how many they are where a sort has put them: "×52".
-QString RanksText(const std::vector<int>& cards, std::size_t suit, bool counted) {
-  std::vector<int> ranks;
-  std::copy_if(cards.begin(), cards.end(), std::back_inserter(ranks),
-               [suit](int card) { return static_cast<std::size_t>(CardSuit(card)) == suit; });
-  if (ranks.empty()) return QString::fromUtf8("–");
-  if (counted) return QString::fromUtf8("×%1").arg(ranks.size());
-  std::sort(ranks.begin(), ranks.end());
-  QString text;
-  for (const int card : ranks) text += QChar(CardLetter(card));
-  return text;
-}
-
-/// "13: ♠ AK4 ♥ ..." with the suits in their colours on the ground of `palette`.
-QString PileText(const std::vector<int>& cards, bool counted, const QPalette& palette) {
-  QString text = "<b>" + QString::number(cards.size()) + "</b>";
-  for (std::size_t suit = 1; suit <= kSuits; ++suit) {
-    text += "&nbsp;&nbsp; " + ColouredSuits(SuitSign(suit), palette) + "&nbsp;" +
-            RanksText(cards, suit, counted);
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -181,7 +156,7 @@ QWidget* MachinePanel::MakePockets() {
   grid->setRowStretch(kWest + 1, 1);
   std::vector<int> longest(kFullHand);
   std::iota(longest.begin(), longest.end(), 1);
-  pockets_[kNorth]->Show(PileText(longest, false, palette()));
+  pockets_[kNorth]->Show(PileBySuits(longest, false, palette()));
   pockets_[kNorth]->setMinimumWidth(pockets_[kNorth]->sizeHint().width());
   return group;
 }
@@ -223,10 +198,17 @@ void MachinePanel::ShowMachine() {
   if (changed == shown_) return;
   shown_ = changed;
   feeder_->ShowMachine();
+  ShowPockets();
+}
+
+void MachinePanel::ShowPockets() {
   const auto piles = machine_.CardsByHand();
+  const bool inOrder = machine_.Run() == RunKind::Stack;
   const bool counted = machine_.Run() == RunKind::Sort;
   for (std::size_t hand = kNorth; hand <= kWest; ++hand) {
-    pockets_[hand]->Show(PileText(piles[hand], counted, palette()));
+    pockets_[hand]->setToolTip(inOrder ? "The topmost card stands first" : "");
+    pockets_[hand]->Show(inOrder ? PileFromTop(piles[hand], palette())
+                                 : PileBySuits(piles[hand], counted, palette()));
   }
 }
 

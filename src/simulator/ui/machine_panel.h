@@ -49,6 +49,7 @@ class MachinePanel final : public QWidget {
   void SwitchPower();
   void ShowFault();
   void ShowMachine();
+  void ShowPockets();
 
   SimulatedMachine& machine_;
   PackSource& packs_;

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "simulator/talk.h"
+#include "simulator/stacking.h"
 
 namespace morvane::simulator {
 namespace {
@@ -43,6 +43,26 @@ TEST_F(OperatorCommands, ThePowerGoesOffAndOn) {
   EXPECT_EQ(talk.Status().size(), 8U);
 }
 
+TEST_F(OperatorCommands, ThePilesAreCarriedTheWayThatIsTyped) {
+  EXPECT_EQ(Type("carry dropped"), "The next carry: a card dropped.\n");
+  EXPECT_EQ(talk.Machine.NextCarry(), Carry::kCardDropped);
+  EXPECT_EQ(Type("carry right"), "The next carry: right.\n");
+  EXPECT_EQ(talk.Machine.NextCarry(), Carry::kRight);
+  for (const char* line : {"carry", "carry left", "carry 1", "carry north too"}) {
+    EXPECT_EQ(Type(line),
+              "carry takes right, swapped, dropped, exchanged, turned, north or nothing.\n");
+  }
+}
+
+TEST_F(OperatorCommands, ThePackIsPutBack) {
+  EXPECT_EQ(Type("putback"), "There is no pack in North, or cards are falling.\n");
+  ASSERT_TRUE(talk.Accepted(RouteFrame(52, {})));
+  ASSERT_TRUE(talk.Accepted(StackFrame(Everywhere(kN))));
+  ASSERT_EQ(talk.PollToEnd(), 0);
+  EXPECT_EQ(Type("putback"), "The pack of North lies in the feeder.\n");
+  EXPECT_EQ(talk.Machine.CardsInFeeder(), 52U);
+}
+
 TEST_F(OperatorCommands, OnlyQuitEnds) {
   for (const char* line : {"pedal", "board 1", "remove", "off", "on", "state", "help", "", "x"}) {
     Type(line);
@@ -54,8 +74,8 @@ TEST_F(OperatorCommands, OnlyQuitEnds) {
 
 TEST_F(OperatorCommands, HelpListsEveryCommand) {
   EXPECT_EQ(Type("help"), OperatorCommandsHelp());
-  for (const char* word :
-       {"pedal", "board N", "remove", "fault N", "off", "on", "state", "help", "quit"}) {
+  for (const char* word : {"pedal", "board N", "remove", "fault N", "carry WAY", "putback", "off",
+                           "on", "state", "help", "quit"}) {
     EXPECT_THAT(OperatorCommandsHelp(), testing::HasSubstr("  " + std::string(word) + " ")) << word;
   }
 }

@@ -1,12 +1,14 @@
 #include "simulator/ui/machine_panel.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <numeric>
 #include <set>
 
 #include "machine/ui/run_window.h"
@@ -16,6 +18,7 @@
 namespace morvane::simulator {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -123,7 +126,7 @@ TEST_F(MachinePanelTest, EachLetterOfTheCaptionsBelongsToOneControl) {
     for (const auto* button : panel.findChildren<QAbstractButton*>()) take(button->text());
     const auto& tabs = test::Find<QTabWidget>(panel, "tabs");
     for (int tab = 0; tab < tabs.count(); ++tab) take(tabs.tabText(tab));
-    EXPECT_EQ(letters.size(), 11U);
+    EXPECT_EQ(letters.size(), 12U);
     Press("cmdPower");
   }
 }
@@ -168,6 +171,79 @@ TEST_F(MachinePanelTest, TheFeederShowsTheCardsToCome) {
   EXPECT_EQ(Shown("lblFeeder"), "No card waits to be fed");
 }
 
+/// A panel whose machine stacks, by frames of the test.
+class StackingPanel : public MachinePanelTest {
+ protected:
+  void Stack(int count, const wire::CardBytes& order, std::uint8_t pocket) {
+    wire::RouteCommand route{static_cast<std::uint8_t>(count), false, order};
+    wire::StartCommand start;
+    start.Pockets.Bytes.fill(pocket);
+    start.Places = wire::CardBytes::kPlaces;
+    ASSERT_TRUE(machine.Exchange(route));
+    ASSERT_TRUE(machine.Exchange(start));
+  }
+  [[nodiscard]] QComboBox& Ways() { return test::Find<QComboBox>(panel, "cboCarry"); }
+};
+
+TEST_F(StackingPanel, TheWayOfTheNextPilesIsChosenByKeys) {
+  Turn(1);
+  EXPECT_EQ(Ways().count(), 7);
+  EXPECT_EQ(Ways().currentText(), "right");
+  Ways().setFocus();
+  test::Press(panel, Qt::Key_Down);
+  EXPECT_EQ(simulated.NextCarry(), Carry::kPilesSwapped);
+  EXPECT_EQ(Ways().currentText(), "East and West swapped");
+}
+
+TEST_F(StackingPanel, TheBoxShowsThatTheMistakeHasBeenMade) {
+  Turn(1);
+  simulated.CarryNext(Carry::kNothing);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Ways().currentText(), "nothing");
+  wire::CardBytes order;
+  order.Bytes.fill(127);
+  Stack(28, order, 4);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Ways().currentText(), "right");
+  EXPECT_EQ(Shown("lblState"), "the feeder is empty");
+}
+
+TEST_F(StackingPanel, APileIsShownFromItsTopAndAJokerByTwoLetters) {
+  // The Ace of Spades, a joker, the Two and the Three of Spades on top.
+  ASSERT_TRUE(simulated.LayInFeeder(std::vector{13, 55, 1, 2}));
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblFeeder"), "4 cards to come: \u2660A JK \u26602 \u26603");
+  Stack(4, {}, 4);
+  desk.Loop.WaitMs(150);
+  EXPECT_EQ(Shown("lblState"), "stacking card 1 of 4");
+  desk.Loop.WaitMs(2000);
+  EXPECT_EQ(Shown("lblPocket_1"), "<b>4</b>&nbsp;&nbsp; \u26603 \u26602 JK \u2660A");
+  EXPECT_EQ(Shown("lblPocket_2"), "<b>0</b>");
+}
+
+TEST_F(StackingPanel, OfAHighPileItsUpperCardsAreShown) {
+  std::vector<int> cards(13);
+  std::iota(cards.begin(), cards.end(), 1);
+  ASSERT_TRUE(simulated.LayInFeeder(cards));
+  Stack(13, {}, 4);
+  desk.Loop.WaitMs(5000);
+  EXPECT_THAT(Shown("lblPocket_1"), StartsWith("<b>13</b>&nbsp;&nbsp; \u2660A \u2660K \u2660Q"));
+  EXPECT_THAT(Shown("lblPocket_1"), EndsWith(" \u26605 \u2026"));
+}
+
+TEST_F(StackingPanel, ThePackIsPutBackOnceItLiesInNorth) {
+  Turn(1);
+  EXPECT_FALSE(test::Enabled(panel, "cmdPutBack"));
+  Stack(52, {}, 4);
+  desk.Loop.WaitMs(1000);
+  EXPECT_FALSE(test::Enabled(panel, "cmdPutBack")) << "cards fall";
+  desk.Loop.WaitMs(20'000);
+  Press("cmdPutBack");
+  EXPECT_EQ(simulated.CardsInFeeder(), 52U);
+  EXPECT_THAT(Shown("lblFeeder"), StartsWith("52 cards to come: "));
+  EXPECT_FALSE(test::Enabled(panel, "cmdPutBack"));
+}
+
 TEST_F(MachinePanelTest, TheLastCardIsOneCard) {
   Turn(1);
   std::set<std::string> seen;
@@ -201,7 +277,7 @@ TEST_F(MachinePanelTest, TheFramesPassByName) {
   EXPECT_NE(frames(), "") << "at once";
   desk.Loop.WaitMs(1000);
   EXPECT_THAT(frames(), StartsWith("CmdVersion -> version: 2.90\n"));
-  EXPECT_THAT(frames(), testing::EndsWith(" x CmdStatus -> status: idle, 0 0 0 0"));
+  EXPECT_THAT(frames(), EndsWith(" x CmdStatus -> status: idle, 0 0 0 0"));
   Click("cmdDeal");
   desk.Loop.WaitMs(200);
   EXPECT_THAT(frames(), HasSubstr("\nCmdDeal begin -> accepted\n"));
