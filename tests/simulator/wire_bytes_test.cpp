@@ -95,6 +95,22 @@ TEST(WireBytes, DealIsAccepted) {
   EXPECT_EQ(talk.Read(8), (Bytes{0x00, 0x2D, 0x42, 0x57, 0x6C, 0x81, 0x96, 0xE7}));  // 18
 }
 
+TEST(WireBytes, RouteIsAccepted) {
+  Talk talk;
+  Bytes plain(136);
+  plain[0] = 0x9F;
+  plain[1] = 2;
+  std::fill_n(plain.begin() + 8, 55, std::uint8_t{0x7F});
+  plain[8] = 1;
+  plain[9] = 2;
+  // 9F + 02 + 01 + 02 + 53 x 7F: S = EF; bytes 8, 9, 10 go with 90, A7, BE.
+  const Bytes wire = ToWire(plain);
+  ASSERT_EQ(Bytes(wire.begin(), wire.begin() + 11),
+            (Bytes{0x70, 0x04, 0x1D, 0x34, 0x4B, 0x62, 0x79, 0x10, 0x91, 0xA5, 0xC1}));
+  talk.Write(wire);
+  EXPECT_EQ(talk.Read(8), (Bytes{0x00, 0x2D, 0x42, 0x57, 0x6C, 0x81, 0x96, 0xE7}));  // 18
+}
+
 TEST(WireBytes, StatusOfABusyMachine) {
   Talk talk;
   std::array<int, 52> pack{};
