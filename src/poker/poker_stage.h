@@ -22,6 +22,8 @@ struct PokerStage {
   /// West, then South; how many cards each has. All 0 where nothing is to be carried.
   std::array<int, 3> Carried{};
   int Staying = 0;  ///< cards in North, which stay where they are
+
+  bool operator==(const PokerStage&) const = default;
 };
 
 }  // namespace morvane::poker
