@@ -7,7 +7,7 @@ namespace {
 /// What a person does between the runs, and what comes of it.
 class Carrying : public Stacking {
  protected:
-  void ExpectStopAt(std::size_t card, std::uint8_t code, int run, const char* what) {
+  void ExpectStopAt(int card, std::uint8_t code, int run, const char* what) {
     const StackRun next = NextRun(run);
     const auto fed = Carried();
     EXPECT_EQ(EndOf(next), code) << what << ", run " << run;
@@ -21,7 +21,7 @@ class Carrying : public Stacking {
 TEST_F(Carrying, AWrongCarryIsFoundAtItsFirstWrongCard) {
   struct Mistake {
     Carry Way;
-    std::size_t Card;
+    int Card;
   };
   for (const auto [way, card] :
        {Mistake{Carry::kPilesSwapped, 10}, Mistake{Carry::kCardDropped, 14},
