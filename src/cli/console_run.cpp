@@ -16,7 +16,6 @@ ConsoleRun::ConsoleRun(EventLoop& loop, Terminal& terminal, machine::MachineRun&
       run_(run),
       request_(request),
       faults_(loop, terminal, run, request.Yes),
-
       starter_(loop.StartTimer(kTickMs, [this] { Tick(); })),
       progress_(terminal) {}
 
@@ -40,24 +39,26 @@ void ConsoleRun::Tick() {
 }
 
 void ConsoleRun::StartOrWait() {
-  if (!request_.Auto) {
-    WaitForPedal();
+  if (!request_.Auto || NeedsAPerson()) {
+    WaitForPerson();
     return;
   }
   Start();
   if (!ran_) run_.Exit();  // refused, which has been told
 }
 
-void ConsoleRun::WaitForPedal() {
-  if (!asked_) {
-    terminal_.Out(side_.PressPedal
-                      ? "Press Enter to press the machine's pedal for " + Coming() + ".\n"
-                      : "Insert " + Coming() + " or press the pedal.\n");
-  }
+std::string ConsoleRun::Invitation() const {
+  return side_.PressPedal ? "Press Enter to press the machine's pedal for " + Coming() + ".\n"
+                          : "Insert " + Coming() + " or press the pedal.\n";
+}
+
+void ConsoleRun::WaitForPerson() {
+  if (!asked_) terminal_.Out(Invitation());
   asked_ = true;
-  if (!side_.PressPedal) return;
-  if (terminal_.ReadLineIfAny()) side_.PressPedal();
-  if (terminal_.InputEnded()) run_.Exit();
+  if (!TakesEnter()) return;
+  if (terminal_.ReadLineIfAny()) Enter();
+  // A real machine has a pedal of its own.
+  if (terminal_.InputEnded() && side_.PressPedal) run_.Exit();
 }
 
 void ConsoleRun::TakeNote() {

@@ -37,6 +37,14 @@ class ConsoleRun : public machine::RunView {
   /// There is more to start.
   [[nodiscard]] virtual bool More() const = 0;
 
+  // Where nobody has asked for `Auto`, or a person has to lay cards first.
+  [[nodiscard]] virtual bool NeedsAPerson() const { return false; }
+  /// What the operator is told to do so that what is coming starts.
+  [[nodiscard]] virtual std::string Invitation() const;
+  /// Enter starts it too, by `Enter`.
+  [[nodiscard]] virtual bool TakesEnter() const { return static_cast<bool>(side_.PressPedal); }
+  virtual void Enter() { side_.PressPedal(); }
+
   [[nodiscard]] int CardsFallen() const;
   Terminal& terminal_;
   const MachineSide& side_;
@@ -44,7 +52,7 @@ class ConsoleRun : public machine::RunView {
  private:
   void Tick();
   void StartOrWait();
-  void WaitForPedal();
+  void WaitForPerson();
   void TakeNote();
 
   machine::MachineRun& run_;

@@ -2,6 +2,7 @@
 
 #include "cli/console_analysis.h"
 #include "cli/console_boards.h"
+#include "cli/console_poker.h"
 #include "cli/console_sort.h"
 
 namespace morvane::cli {
@@ -24,6 +25,11 @@ std::unique_ptr<machine::RunView> ConsoleWindows::OpenDealinProg(machine::BoardR
 std::unique_ptr<machine::RunView> ConsoleWindows::OpenSortProg(machine::SortingRun& run) {
   return std::make_unique<ConsoleSort>(place_.Prog.Loop, place_.Screen, run, request_, side_,
                                        report_);
+}
+
+std::unique_ptr<machine::RunView> ConsoleWindows::OpenPoker(poker::Poker& run) {
+  return std::make_unique<ConsolePoker>(place_.Prog.Loop, place_.Screen, run, request_, side_,
+                                        report_);
 }
 
 std::unique_ptr<analysis::DeepFView> ConsoleWindows::OpenDeepF(analysis::DeepF& run) {

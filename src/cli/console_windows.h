@@ -33,6 +33,7 @@ class ConsoleWindows final : public shell::FlowWindows {
   void ShowLoadNumber(files::LoadNumber& dialog) override;
   std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
   std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
+  std::unique_ptr<machine::RunView> OpenPoker(poker::Poker& run) override;
   std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override;
 
  private:

@@ -1,5 +1,7 @@
 #include "cli/machine_side.h"
 
+#include <algorithm>
+
 #include "simulator/simulated_machine.h"
 
 namespace morvane::cli {
@@ -12,13 +14,21 @@ bool SameHand(const Board& a, const Board& b, int hand) {
   return true;
 }
 
+poker::PokerDeal StackOf(const simulator::SimulatedMachine& machine) {
+  const auto pile = machine.MachineCardsByPocket()[PocketOfHand[kNorth]];
+  poker::PokerDeal deal{};
+  const std::size_t cards = std::min<std::size_t>(pile.size(), poker::kSlots);
+  std::copy_n(pile.rbegin(), cards, deal.begin() + 1);
+  return deal;
+}
+
 }  // namespace
 
 MachineSide EyesOn(simulator::SimulatedMachine* simulated) {
   if (simulated == nullptr) return {};
   return {
       [simulated](const Board& board) { return VerdictOfPockets(board, simulated->DealtBoard()); },
-      [simulated] { simulated->PressPedal(); }};
+      [simulated] { simulated->PressPedal(); }, [simulated] { return StackOf(*simulated); }};
 }
 
 Verdict VerdictOfPockets(const Board& board, const Board& pockets) {

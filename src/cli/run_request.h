@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/board.h"
+#include "poker/poker_order.h"
 
 namespace morvane::cli {
 
@@ -17,6 +18,7 @@ struct RunRequest {
   std::optional<int> ReadMode;  ///< `RunOptions::ReadModes`
   bool Auto = false;            ///< nobody starts the boards at the machine
   bool Yes = false;
+  poker::PokerOrder Order;  ///< of a poker run, from its current deal on
 };
 
 /// What lies in the four pockets, held against the board.
@@ -29,6 +31,7 @@ struct Verdict {
 struct MachineSide {
   std::function<Verdict(const Board& board)> Judge;
   std::function<void()> PressPedal;
+  std::function<poker::PokerDeal()> Stacked;  ///< the top cards of North's pile
 };
 
 /// How one board of a run ended.
@@ -44,6 +47,9 @@ struct RunBoard {
 struct RunReport {
   std::vector<RunBoard> Boards;  ///< that were begun, in order
   bool Sorted = false;           ///< a sort came to its end
+  poker::PokerOrder Order;       ///< as poker runs have left it
+  int DealsDone = 0;             ///< of it, that were stacked or read
+  int DealsWrong = 0;            ///< of these, that lie in another order, where it can be seen
 };
 
 }  // namespace morvane::cli

@@ -119,7 +119,8 @@ PokerStage Poker::Stage() const {
 
 void Poker::StartFromMachine() {
   const PokerButton next = NextButton();
-  if (next != PokerButton::Read && next != PokerButton::Generate) Press(next);
+  if (next == PokerButton::Generate || (next == PokerButton::Read && !ReadByPedal)) return;
+  Press(next);
 }
 
 void Poker::Press(PokerButton button) {

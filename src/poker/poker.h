@@ -32,6 +32,8 @@ class Poker final : public machine::MachineRun {
   // What the controls of `Generate` hold, written by the window as it is typed.
   std::string Number_deals = "10";
   bool Empty_set = false;  ///< otherwise `Random`
+  /// The pedal may begin a reading too, where there is no button to be pressed.
+  bool ReadByPedal = false;
 
   // What the window shows.
   [[nodiscard]] const PokerOrder& Order() const { return order_; }
