@@ -1,6 +1,8 @@
 #include "arguments.h"
 
 #include <QCommandLineParser>
+#include <string>
+#include <vector>
 
 #include "cli/registry.h"
 #include "cli/usage.h"
@@ -39,9 +41,9 @@ cli::CommandWords WordsOf(const QCommandLineParser& parser, const QStringList& a
 
 /// Help that is asked for beside a command is about that one.
 void TellOfCommand(const QCommandLineParser& parser, Arguments& result) {
-  const QStringList words = parser.positionalArguments();
-  const cli::Command* const command =
-      words.isEmpty() ? nullptr : cli::FindCommand(words.front().toStdString());
+  std::vector<std::string> words;
+  for (const QString& word : parser.positionalArguments()) words.push_back(word.toStdString());
+  const cli::Command* const command = cli::CommandOf(words);
   if (command != nullptr) result.Help = cli::CommandHelp(*command);
 }
 

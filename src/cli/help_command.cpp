@@ -1,6 +1,8 @@
 #include "cli/help_command.h"
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "cli/option_reader.h"
 #include "cli/registry.h"
@@ -10,11 +12,17 @@ namespace morvane::cli {
 namespace {
 
 Task HelpTask(OptionReader& given) {
-  const auto name = given.Word(0);
-  if (!name) return {nullptr, UsagePage()};
-  const Command* const command = FindCommand(*name);
-  if (command != nullptr) return {nullptr, CommandHelp(*command)};
-  given.Refuse(UnknownCommand(*name));
+  std::vector<std::string> words;
+  while (const auto word = given.Word(words.size())) words.push_back(*word);
+  if (words.empty()) return {nullptr, UsagePage()};
+  const Command* const command = CommandOf(words);
+  if (command == nullptr) {
+    given.Refuse(UnknownCommand(words));
+  } else if (words.size() > WordsOfName(*command)) {
+    given.Refuse("help: wrong number of commands");
+  } else {
+    return {nullptr, CommandHelp(*command)};
+  }
   return {};
 }
 

@@ -1,6 +1,7 @@
 #include "cli/paper_request.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "files/format_table.h"
 #include "platform/files.h"
@@ -14,24 +15,26 @@ namespace {
 
 using print::PrintOptions;
 
-/// Counts the boards at the terminal.
+/// Counts the boards or deals at the terminal.
 class PrintProgress {
  public:
-  explicit PrintProgress(Terminal& terminal) : terminal_(terminal) {}
+  PrintProgress(Terminal& terminal, std::string what)
+      : terminal_(terminal), what_(std::move(what)) {}
   ~PrintProgress() {
     if (shown_) terminal_.Out("\n");
   }
   PrintProgress(const PrintProgress&) = delete;
   PrintProgress& operator=(const PrintProgress&) = delete;
-  void BoardDone() {
+  void OneDone() {
     ++count_;
     if (!terminal_.ShowsProgress()) return;
-    terminal_.Out("\rBoards printed: " + std::to_string(count_));
+    terminal_.Out("\r" + what_ + " printed: " + std::to_string(count_));
     shown_ = true;
   }
 
  private:
   Terminal& terminal_;
+  std::string what_;
   int count_ = 0;
   bool shown_ = false;
 };
@@ -39,23 +42,6 @@ class PrintProgress {
 void NameFiles(ConsoleUi& ui, const PaperRequest& request) {
   for (const char* title : {print::kParameterError, "Printing"}) ui.NameFile(title, request.In);
   ui.NameFile(print::kPrintingError, request.Out);
-}
-
-/// The set would be gone.
-bool IsTheSet(Job& job, const PaperRequest& request) {
-  std::error_code missing;
-  if (!std::filesystem::equivalent(PathOfUtf8(request.In), PathOfUtf8(request.Out), missing)) {
-    return false;
-  }
-  job.Place.Screen.Error(request.Out + " is the set itself.\n");
-  return true;
-}
-
-bool MayWriteOut(Job& job, const PaperRequest& request) {
-  if (IsTheSet(job, request)) return false;
-  const auto error = CheckWritable(request.Out);
-  if (error) print::ReportPrintFailure(job.Place.Prog, *error);
-  return !error;
 }
 
 PrintOptions OptionsOf(const Program& program, const PaperRequest& request) {
@@ -96,17 +82,21 @@ PaperRequest ReadPaperRequest(OptionReader& given) {
                        .Ten = given.Choice("ten", {"T", "10"}),
                        .National = given.Choice("national", {"0", "1", "2", "3", "4", "5", "6"}),
                        .Import = given.Has("import")};
-  const auto* const format = files::FindFormat(files::ExtensionOf(FileTitle(request.Out)));
-  if (format != nullptr && format->Write != nullptr) {
-    given.Refuse(request.Out + " is a board set by its name");
-  }
+  RefuseSetName(given, request.Out);
   return request;
+}
+
+void RefuseSetName(OptionReader& given, const std::string& out) {
+  const auto* const format = files::FindFormat(files::ExtensionOf(FileTitle(out)));
+  if (format == nullptr || format->Write == nullptr) return;
+  given.Refuse(out + " is a board set by its name");
 }
 
 std::optional<PrintOptions> TakePaper(Job& job, const PaperRequest& request,
                                       print::PrintMode mode) {
   NameFiles(job.Place.Operator, request);
-  if (!MayWriteOut(job, request) || !Load(job, request.In, request.Import)) return std::nullopt;
+  if (!MayWriteOut(job, {request.In, request.Out, "set"}) || !Load(job, request.In, request.Import))
+    return std::nullopt;
   Program& program = job.Place.Prog;
   PrintOptions options = OptionsOf(program, request);
   options.Mode = mode;
@@ -114,28 +104,44 @@ std::optional<PrintOptions> TakePaper(Job& job, const PaperRequest& request,
   return options;
 }
 
+bool MayWriteOut(Job& job, const PaperFiles& files) {
+  std::error_code missing;
+  if (std::filesystem::equivalent(PathOfUtf8(files.In), PathOfUtf8(files.Out), missing)) {
+    job.Place.Screen.Error(files.Out + " is the " + files.What + " itself.\n");
+    return false;
+  }
+  const auto error = CheckWritable(files.Out);
+  if (error) print::ReportPrintFailure(job.Place.Prog, *error);
+  return !error;
+}
+
 void LogParameters(Program& program, const PrintOptions& options) {
   program.Log.WriteLine("  Print parameters: " + print::PrintParameters(options));
 }
 
-ExitStatus PutOnPaper(Job& job, const PaperRequest& request,
+ExitStatus PutOnPaper(Job& job, const std::string& out, const std::string& what,
                       const std::function<bool(const std::function<bool()>&)>& print) {
   Program& program = job.Place.Prog;
   const int before = job.Place.Operator.BoxesShown();
   bool done = false;
   {
-    PrintProgress progress(job.Place.Screen);
+    PrintProgress progress(job.Place.Screen, what);
     done = print([&program, &progress] {
-      progress.BoardDone();
+      progress.OneDone();
       return program.Loop.Pump();
     });
   }
   if (done) return kDone;
   // A reader that goes ends the program too, but that has been told as the failure.
   if (program.Loop.Quitting() && job.Place.Operator.BoxesShown() == before) {
-    job.Place.Screen.Error("Broken off before " + request.Out + "\n");
+    job.Place.Screen.Error("Broken off before " + out + "\n");
   }
   return kFailed;
+}
+
+Paper SheetOf(const std::optional<std::string>& word) {
+  if (!word) return Paper::kPrinters;
+  return *word == "letter" ? Paper::kLetter : Paper::kA4;
 }
 
 }  // namespace morvane::cli

@@ -6,6 +6,7 @@
 
 #include "cli/job.h"
 #include "cli/option_reader.h"
+#include "platform/printer.h"
 #include "print/print_options.h"
 
 namespace morvane::cli {
@@ -34,7 +35,9 @@ inline constexpr Option kNationalOption{
     "national", "0..6",
     "the letters of the ranks: 0 AKQJ, 1 ARDV, 2 1RDV, 3 AKDB, 4 AHVB, 5 EKDB, 6 EKDKn"};
 
-/// Nor may OUT be named as a set is: that would hardly be meant.
+/// Refuses an OUT that is named as a set is: that would hardly be meant.
+void RefuseSetName(OptionReader& given, const std::string& out);
+
 [[nodiscard]] PaperRequest ReadPaperRequest(OptionReader& given);
 
 /// Loads the set and says what to print of it and how. Nothing when the operator has been told why
@@ -44,9 +47,23 @@ inline constexpr Option kNationalOption{
 
 void LogParameters(Program& program, const print::PrintOptions& options);
 
-/// Has `print` do it, boards counted at the terminal, and says so when it was broken off.
+struct PaperFiles {
+  std::string In;
+  std::string Out;
+  std::string What;  ///< IN is, for who would write over it
+};
+/// Whether OUT can be written and is not IN. False: the operator has been told.
+[[nodiscard]] bool MayWriteOut(Job& job, const PaperFiles& files);
+
+/// Has `print` do it, what is printed ("Boards") counted at the terminal, and says so when it was
+/// broken off before `out`.
 [[nodiscard]] ExitStatus PutOnPaper(
-    Job& job, const PaperRequest& request,
-    const std::function<bool(const std::function<bool()>& boardDone)>& print);
+    Job& job, const std::string& out, const std::string& what,
+    const std::function<bool(const std::function<bool()>& oneDone)>& print);
+
+/// The option --paper, and the sheet that its word means.
+inline constexpr Option kPaperOption{"paper", "a4|letter",
+                                     "the size of the pages; otherwise that of the country"};
+[[nodiscard]] Paper SheetOf(const std::optional<std::string>& word);
 
 }  // namespace morvane::cli

@@ -37,11 +37,6 @@ void TakeLooks(const PrintRequest& request, PrintOptions& options) {
   }
 }
 
-Paper SheetOf(const PrintRequest& request) {
-  if (!request.Paper) return Paper::kPrinters;
-  return *request.Paper == "letter" ? Paper::kLetter : Paper::kA4;
-}
-
 void CheckTogether(OptionReader& given) {
   if (!given.Has("score-cards")) {
     if (given.Has("ns-offset")) given.Refuse("--ns-offset needs --score-cards");
@@ -58,7 +53,7 @@ bool MakePdf(Job& job, const PrintRequest& request, const PrintOptions& options,
   LogParameters(program, options);
   job.Place.Operator.AnswerNextFile(request.Common.Out);
   const auto path = job.Place.Operator.AskFile({"Save as PDF", "PDF (*.pdf)|*.pdf", 1, "", true});
-  return path && print::WritePdf(program, options, *path, SheetOf(request), boardDone);
+  return path && print::WritePdf(program, options, *path, SheetOf(request.Paper), boardDone);
 }
 
 constexpr std::array kOperands{
@@ -77,7 +72,7 @@ constexpr std::array kOptions{
     kHeaderOption,
     kTenOption,
     kNationalOption,
-    Option{"paper", "a4|letter", "the size of the pages; otherwise that of the country"},
+    kPaperOption,
     Option{"ns-offset", "N", "print pair numbers on score cards, from N on"},
     kImportOption,
 };
@@ -102,7 +97,7 @@ ExitStatus Print(Job& job, const PrintRequest& request) {
   auto options = TakePaper(job, request.Common, mode);
   if (!options) return kFailed;
   TakeLooks(request, *options);
-  return PutOnPaper(job, request.Common, [&](const std::function<bool()>& boardDone) {
+  return PutOnPaper(job, request.Common.Out, "Boards", [&](const std::function<bool()>& boardDone) {
     return MakePdf(job, request, *options, boardDone);
   });
 }

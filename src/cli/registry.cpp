@@ -10,6 +10,9 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/poker_new_command.h"
+#include "cli/poker_print_command.h"
+#include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
 #include "cli/show_command.h"
@@ -20,10 +23,11 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 13> kCommands{
-    &kGenerateCommand, &kConvertCommand, &kShowCommand, &kStatsCommand, &kAnalyzeCommand,
-    &kPrintCommand,    &kTextCommand,    &kDealCommand, &kReadCommand,  &kSortCommand,
-    &kHistoryCommand,  &kAuditCommand,   &kHelpCommand};
+constexpr std::array<const Command*, 16> kCommands{
+    &kGenerateCommand,   &kConvertCommand, &kShowCommand,     &kStatsCommand,
+    &kAnalyzeCommand,    &kPrintCommand,   &kTextCommand,     &kDealCommand,
+    &kReadCommand,       &kSortCommand,    &kPokerNewCommand, &kPokerShowCommand,
+    &kPokerPrintCommand, &kHistoryCommand, &kAuditCommand,    &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},
@@ -44,8 +48,28 @@ const Command* FindCommand(std::string_view name) {
   return found == kCommands.end() ? nullptr : *found;
 }
 
-std::string UnknownCommand(std::string_view name) {
-  return "unknown command: " + std::string(name);
+const Command* CommandOf(std::span<const std::string> words) {
+  for (const Command* command : kCommands) {
+    const std::size_t count = WordsOfName(*command);
+    if (words.size() < count) continue;
+    if (command->Name == (count == 1 ? words[0] : words[0] + " " + words[1])) return command;
+  }
+  return nullptr;
+}
+
+std::size_t WordsOfName(const Command& command) {
+  return command.Name.find(' ') == std::string_view::npos ? 1 : 2;
+}
+
+std::string UnknownCommand(std::span<const std::string> words) {
+  std::string known;
+  for (const Command* command : kCommands) {
+    if (!command->Name.starts_with(words[0] + " ")) continue;
+    known += (known.empty() ? "" : ", ") + std::string(command->Name);
+  }
+  if (known.empty()) return "unknown command: " + words[0];
+  return "unknown command: " + words[0] + (words.size() > 1 ? " " + words[1] : "") + "; there is " +
+         known;
 }
 
 std::span<const Option> CommonOptions() { return kCommonOptions; }

@@ -16,6 +16,11 @@ bool TakesFiles(const Command& command) {
   return command.Operands.empty() || command.Operands.front().Is == Operand::Kind::kFile;
 }
 
+/// A command's name may have two.
+std::size_t MostWords(const Command& command) {
+  return command.Operands.size() + (TakesFiles(command) ? 0 : 1);
+}
+
 std::string CheckOperands(const Command& command, std::span<const std::string> operands) {
   const std::string name(command.Name);
   const auto needed =
@@ -24,7 +29,7 @@ std::string CheckOperands(const Command& command, std::span<const std::string> o
   const bool several = std::any_of(command.Operands.begin(), command.Operands.end(),
                                    [](const Operand& operand) { return operand.Several; });
   if (operands.size() < static_cast<std::size_t>(needed) ||
-      (!several && operands.size() > command.Operands.size())) {
+      (!several && operands.size() > MostWords(command))) {
     return name + ": wrong number of " + (TakesFiles(command) ? "files" : "commands");
   }
   const bool nameless = std::any_of(operands.begin(), operands.end(),
@@ -50,12 +55,12 @@ Request TakeRequest(const CommandWords& given) {
     request.Error = "no command";
     return request;
   }
-  request.Asked = FindCommand(given.Words.front());
+  request.Asked = CommandOf(given.Words);
   if (request.Asked == nullptr) {
-    request.Error = UnknownCommand(given.Words.front());
+    request.Error = UnknownCommand(given.Words);
     return request;
   }
-  const auto operands = std::span(given.Words).subspan(1);
+  const auto operands = std::span(given.Words).subspan(WordsOfName(*request.Asked));
   request.Error = CheckShape(*request.Asked, operands, given.Options);
   if (!request.Error.empty()) return request;
   OptionReader reader(operands, given.Options);

@@ -22,7 +22,7 @@ ExitStatus WriteText(Job& job, const PaperRequest& request) {
   Program& program = job.Place.Prog;
   LogParameters(program, *options);
   job.Place.Operator.AnswerNextFile(request.Out);
-  return PutOnPaper(job, request, [&](const std::function<bool()>& boardDone) {
+  return PutOnPaper(job, request.Out, "Boards", [&](const std::function<bool()>& boardDone) {
     return print::PrintToTextFile(program, *options, boardDone);
   });
 }

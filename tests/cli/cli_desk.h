@@ -11,6 +11,9 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/poker_new_command.h"
+#include "cli/poker_print_command.h"
+#include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
 #include "cli/show_command.h"
@@ -96,6 +99,9 @@ struct CliDesk {
   ExitStatus Run(const SortOptions& options) { return Do(Sort, options); }
   ExitStatus Run(const HistoryOptions& options) { return Do(ShowHistory, options); }
   ExitStatus Run(const AuditOptions& options) { return Do(Audit, options); }
+  ExitStatus Run(const PokerNewOptions& options) { return Do(PokerNew, options); }
+  ExitStatus Run(const PokerShowOptions& options) { return Do(PokerShow, options); }
+  ExitStatus Run(const PokerPrintOptions& options) { return Do(PokerPrint, options); }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
   ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const DealOptions& options) {
     return DoOn(usb, seen, Deal, options);

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <set>
+#include <sstream>
 
 #include "cli/request.h"
 
@@ -17,7 +18,8 @@ using ::testing::StartsWith;
 /// A command line of the command with as many files as it takes.
 CommandWords Called(const Command& command) {
   CommandWords given;
-  given.Words.emplace_back(command.Name);
+  std::istringstream name{std::string(command.Name)};
+  for (std::string word; name >> word;) given.Words.push_back(word);
   for (const Operand& operand : command.Operands) {
     if (operand.Is == Operand::Kind::kFile) given.Words.emplace_back("/a");
   }
@@ -46,6 +48,29 @@ TEST(Registry, WhatIsNotInItIsNoCommand) {
   for (const char* name : {"", "Deal", "dea", "deal ", "deals"}) {
     EXPECT_EQ(FindCommand(name), nullptr) << name;
   }
+}
+
+TEST(Registry, ANameOfTwoWordsCallsItsCommandByBoth) {
+  const Command* const command = FindCommand("poker show");
+  ASSERT_NE(command, nullptr);
+  EXPECT_EQ(WordsOfName(*command), 2U);
+  EXPECT_EQ(WordsOfName(*FindCommand("show")), 1U);
+  const std::vector<std::string> words{"poker", "show", "/a"};
+  EXPECT_EQ(CommandOf(words), command);
+  for (const std::vector<std::string>& others :
+       {std::vector<std::string>{}, {"poker"}, {"poker", "/a"}, {"poker show"}, {"show poker"}}) {
+    EXPECT_EQ(CommandOf(others), nullptr);
+  }
+}
+
+TEST(Registry, AFirstWordWithoutItsSecondIsToldWhichThereAre) {
+  const std::string known = "; there is poker new, poker show, poker print";
+  const std::vector<std::string> one{"poker"};
+  EXPECT_EQ(UnknownCommand(one), "unknown command: poker" + known);
+  const std::vector<std::string> two{"poker", "nosuch"};
+  EXPECT_EQ(UnknownCommand(two), "unknown command: poker nosuch" + known);
+  const std::vector<std::string> other{"nosuch", "new"};
+  EXPECT_EQ(UnknownCommand(other), "unknown command: nosuch");
 }
 
 TEST(Registry, ACommandHasEachOptionOnceAndNoneOfThoseOfEveryCommand) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <sstream>
 #include <vector>
 
 #include "cli/registry.h"
@@ -57,6 +58,10 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "  deal IN [--from N] [--to N] [--copies N] [--auto] [--import]\n"
                  "  read OUT [--first N] [--last N] [--mode 1|2] [--auto]\n"
                  "  sort [--auto]\n"
+                 "  poker new OUT.pkr [--deals N] [--empty] [--event TEXT] [--site TEXT]\n"
+                 "                    [--date TEXT]\n"
+                 "  poker show IN.pkr [--deal N]\n"
+                 "  poker print IN.pkr OUT.pdf [--paper a4|letter]\n"
                  "  history [--list]\n"
                  "  audit LOG [--sha256 HEX64]\n"
                  "  help [COMMAND]\n"
@@ -164,7 +169,10 @@ TEST(CommandHelp, NoLineIsTooWideOrEndsWithABlank) {
 
 TEST(HelpCommand, TellsOfEachCommand) {
   for (const Command* command : Commands()) {
-    const Request request = HelpWith({std::string(command->Name)});
+    std::istringstream name{std::string(command->Name)};
+    std::vector<std::string> words;
+    for (std::string word; name >> word;) words.push_back(word);
+    const Request request = HelpWith(words);
     EXPECT_EQ(request.What.Text, CommandHelp(*command));
     EXPECT_EQ(request.Error, "");
   }
@@ -178,6 +186,11 @@ TEST(HelpCommand, OfAnUnknownCommandIsWrongUsage) {
   const Request request = HelpWith({"nosuch"});
   EXPECT_EQ(request.Error, "unknown command: nosuch");
   EXPECT_EQ(request.What.Text, "");
+}
+
+TEST(HelpCommand, TellsOfOneCommandOnly) {
+  EXPECT_EQ(HelpWith({"show", "print"}).Error, "help: wrong number of commands");
+  EXPECT_EQ(HelpWith({"poker", "show", "print"}).Error, "help: wrong number of commands");
 }
 
 }  // namespace

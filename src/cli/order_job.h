@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "cli/job.h"
+#include "poker/poker_order.h"
+
+namespace morvane::cli {
+
+// What the poker commands do with the files of orders; no history knows of them.
+
+/// The order of the file `path`. False: the operator has been told.
+[[nodiscard]] bool LoadOrder(Job& job, const std::string& path, poker::PokerOrder& order);
+
+/// Saves the order in the file `path`. False: the operator has been told.
+[[nodiscard]] bool SaveOrder(Job& job, const std::string& path, poker::PokerOrder& order);
+
+/// Whether the order has a deal `number`; the operator has been told if not.
+[[nodiscard]] bool IsInOrder(Workplace& place, const poker::PokerOrder& order, int number);
+
+}  // namespace morvane::cli
