@@ -20,23 +20,31 @@ using print::kRed;
 
 constexpr double kMargin = 10;
 constexpr double kHeaderTop = 6;
-constexpr double kLabels = 100;    // the width of "Deal  :" and its number
-constexpr double kBetween = 14;    // from the players' cards to the shared ones
-constexpr double kBlankLine = 4;   // above and below a rule
-constexpr double kNarrower = 0.8;  // the cards without heads, of a column and of the letters
-constexpr double kLetterGap = 1;   // from a sign to its rank
+constexpr double kLabels = 86;      // the width of "Deal  :" and its number
+constexpr double kBetween = 12;     // from the players' cards to the shared ones
+constexpr double kApart = 5;        // from one name of shared cards to the next
+constexpr double kBlankLine = 4;    // above and below a rule
+constexpr double kNarrower = 0.85;  // the cards without heads, of a column and of the letters
+constexpr double kLetterGap = 1;    // from a sign to its rank
 constexpr int kSharedColumns = 8;
 constexpr int kColumns = kPlayers + kSharedColumns;
 constexpr Colour kPale{0xB0, 0xB0, 0xB0};
 
 constexpr Font kEvent{Typeface::kTimes, 18, true};
-constexpr Font kText{Typeface::kTimes, 13};
-constexpr Font kHead{Typeface::kTimes, 13, true};
-constexpr double kCardSize = 17;
+constexpr Font kText{Typeface::kTimes, 12};
+constexpr Font kHead{Typeface::kTimes, 12, true};
+constexpr double kCardSize = 15;
 
 constexpr double kLine = LineHeight({Typeface::kTimes, kCardSize});
 constexpr double kBlock = 2 * kLine + 2 * kBlankLine;
 constexpr double kFoot = LineHeight(kText) + 2 * kBlankLine;
+
+/// How many names of shared cards end before a column 0..13.
+int NamesBefore(int column) {
+  const int slot = kFirstSharedSlot + column - kPlayers;
+  return static_cast<int>(std::count_if(SharedCards.begin(), SharedCards.end(),
+                                        [slot](const auto& group) { return group.Last < slot; }));
+}
 
 /// A place of a card: the left end of its column, and how large the card is beside the others.
 struct Place {
@@ -64,11 +72,13 @@ class List {
   }
 
   [[nodiscard]] double Column() const {
-    return (canvas_.Width() - 2 * kMargin - kLabels - kBetween) / kColumns;
+    constexpr double kApartInAll = kBetween + (SharedCards.size() - 1) * kApart;
+    return (canvas_.Width() - 2 * kMargin - kLabels - kApartInAll) / kColumns;
   }
   /// The left end of column 0..13: the six players, then the shared cards.
   [[nodiscard]] double ColumnX(int column) const {
-    return kMargin + kLabels + column * Column() + (column < kPlayers ? 0 : kBetween);
+    return kMargin + kLabels + column * Column() +
+           (column < kPlayers ? 0 : kBetween + NamesBefore(column) * kApart);
   }
   [[nodiscard]] Place PlaceOf(int slot) const;
 

@@ -95,7 +95,7 @@ TEST_F(PokerList, TheCardsStandUnderTheirHeads) {
   const DrawnPage& page = Draw().front();
   const auto rank = [&](const char* letter) {
     for (const DrawnText& text : page.Find(letter)) {
-      if (text.Font.Size > 15 && text.X > 105) return text;
+      if (text.Font.Size > 14 && text.X > 96) return text;
     }
     return DrawnText{};
   };
@@ -127,11 +127,13 @@ TEST_F(PokerList, TheSharedCardsStandOnTheFirstLineAndTheRestWithoutHeadsOnTheSe
   order.PokerDeals[1][27] = 14;
   order.PokerDeals[1][28] = 27;
   const DrawnPage& page = Draw().front();
+  const double heads = Only(page, "      Player: ").Y;
   std::string first;
   std::string second;
   double firstY = 0;
   for (const DrawnText& text : page.Texts) {
-    if (text.Font.Face != Typeface::kTimes || text.X < 250 || text.Font.Size == 13) continue;
+    const bool isCard = text.Y > heads && text.Y < canvas.PageHeight - 30 && text.X > 250;
+    if (!isCard || text.Font.Face != Typeface::kTimes) continue;
     if (firstY == 0) firstY = text.Y;
     (text.Y == firstY ? first : second) += text.Text + " ";
   }

@@ -98,7 +98,7 @@ TEST_P(PokerPaper, AllCardsOfEveryDealStandOnTheirLinesInOrder) {
       const double height = label.Bottom - label.Top;
       for (const Word& word : words) {
         const double below = MiddleOf(word) - MiddleOf(label);
-        if (word.Left < label.Left + 5.5 * height) {
+        if (word.Left < label.Left + 5 * height) {
           if (std::abs(below) < 0.5 * height) head.push_back(word);
         } else if (below > -0.5 * height && below < 2 * height) {
           lines[below < 0.8 * height ? 0 : 1].push_back(word);
