@@ -1,6 +1,7 @@
 #include "cli/order_job.h"
 
 #include "poker/order_files.h"
+#include "poker/random_deals.h"
 
 namespace morvane::cli {
 
@@ -10,6 +11,26 @@ bool LoadOrder(Job& job, const std::string& path, poker::PokerOrder& order) {
   ui.NameFile("Load Error", path);
   ui.AnswerNextFile(path);
   return poker::LoadPokerOrder(job.Place.Prog, order);
+}
+
+bool MaySaveOrder(Job& job, const std::string& path) {
+  ConsoleUi& ui = job.Place.Operator;
+  const std::string named = poker::NamedPkr(path);
+  ui.NameFile("Save Error", named);
+  ui.KeepConsent(true);
+  ui.AnswerNextFile(named);
+  FileRequest request;
+  request.Title = "Save Poker Order";
+  request.Saving = true;
+  const bool may = ui.AskFile(request).has_value();
+  ui.KeepConsent(false);
+  return may;
+}
+
+bool TakesDeals(Workplace& place, int deals) {
+  if (poker::IsDealCount(deals)) return true;
+  place.Prog.ShowMessage(poker::kWrongDealCount, kOkExclamation, "Poker Dealing");
+  return false;
 }
 
 bool SaveOrder(Job& job, const std::string& path, poker::PokerOrder& order) {

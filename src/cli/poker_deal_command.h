@@ -11,8 +11,8 @@ namespace morvane::cli {
 /// What `poker deal` takes. A number that was not given is empty: the order's first or last deal.
 struct PokerDealOptions {
   std::string In;
-  std::optional<int> From;
-  std::optional<int> To;
+  std::optional<int> From{};
+  std::optional<int> To{};
   bool Auto = false;
   bool Yes = false;
 };

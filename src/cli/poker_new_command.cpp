@@ -9,8 +9,6 @@
 namespace morvane::cli {
 namespace {
 
-constexpr int kUsualDeals = 10;
-
 constexpr std::array kOperands{Operand{"OUT.pkr", "the file to save the order in"}};
 constexpr std::array kOptions{
     Option{"deals", "N", "how many deals, up to 100; otherwise 10"},
@@ -36,10 +34,7 @@ PokerNewOptions ReadPokerNewOptions(OptionReader& given) {
 ExitStatus PokerNew(Job& job, const PokerNewOptions& options) {
   Program& program = job.Place.Prog;
   const int deals = options.Deals.value_or(kUsualDeals);
-  if (!poker::IsDealCount(deals)) {
-    program.ShowMessage(poker::kWrongDealCount, kOkExclamation, "Poker Dealing");
-    return kFailed;
-  }
+  if (!TakesDeals(job.Place, deals)) return kFailed;
   poker::PokerOrder order = poker::EmptyOrder(deals);
   if (!options.Empty) poker::FillAtRandom(order, program.Random);
   order.Poker_Event = options.Event;

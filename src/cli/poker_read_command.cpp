@@ -10,8 +10,6 @@
 namespace morvane::cli {
 namespace {
 
-constexpr int kUsualDeals = 10;
-
 /// What was read is kept, also when the run ended early.
 ExitStatus EndOf(Job& job, const PokerReadOptions& options, int asked) {
   const RunReport& report = job.Windows.Report();

@@ -10,7 +10,7 @@ namespace morvane::cli {
 
 struct PokerReadOptions {
   std::string Out;
-  std::optional<int> Deals;
+  std::optional<int> Deals{};
   bool Auto = false;
   bool Yes = false;
 };

@@ -10,8 +10,10 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
 #include "cli/poker_print_command.h"
+#include "cli/poker_read_command.h"
 #include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
@@ -23,11 +25,12 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 16> kCommands{
-    &kGenerateCommand,   &kConvertCommand, &kShowCommand,     &kStatsCommand,
-    &kAnalyzeCommand,    &kPrintCommand,   &kTextCommand,     &kDealCommand,
-    &kReadCommand,       &kSortCommand,    &kPokerNewCommand, &kPokerShowCommand,
-    &kPokerPrintCommand, &kHistoryCommand, &kAuditCommand,    &kHelpCommand};
+constexpr std::array<const Command*, 18> kCommands{
+    &kGenerateCommand,  &kConvertCommand,   &kShowCommand,       &kStatsCommand,
+    &kAnalyzeCommand,   &kPrintCommand,     &kTextCommand,       &kDealCommand,
+    &kReadCommand,      &kSortCommand,      &kPokerNewCommand,   &kPokerShowCommand,
+    &kPokerDealCommand, &kPokerReadCommand, &kPokerPrintCommand, &kHistoryCommand,
+    &kAuditCommand,     &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

@@ -18,7 +18,7 @@ struct RunRequest {
   std::optional<int> ReadMode;  ///< `RunOptions::ReadModes`
   bool Auto = false;            ///< nobody starts the boards at the machine
   bool Yes = false;
-  poker::PokerOrder Order;  ///< of a poker run, from its current deal on
+  poker::PokerOrder Order{};  ///< of a poker run, from its current deal on
 };
 
 /// What lies in the four pockets, held against the board.
@@ -31,7 +31,7 @@ struct Verdict {
 struct MachineSide {
   std::function<Verdict(const Board& board)> Judge;
   std::function<void()> PressPedal;
-  std::function<poker::PokerDeal()> Stacked;  ///< the top cards of North's pile
+  std::function<poker::PokerDeal()> Stacked{};  ///< the top cards of North's pile
 };
 
 /// How one board of a run ended.

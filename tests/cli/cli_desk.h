@@ -11,8 +11,10 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
 #include "cli/poker_print_command.h"
+#include "cli/poker_read_command.h"
 #include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
@@ -102,12 +104,20 @@ struct CliDesk {
   ExitStatus Run(const PokerNewOptions& options) { return Do(PokerNew, options); }
   ExitStatus Run(const PokerShowOptions& options) { return Do(PokerShow, options); }
   ExitStatus Run(const PokerPrintOptions& options) { return Do(PokerPrint, options); }
+  ExitStatus Run(const PokerDealOptions& options) { return Do(PokerDeal, options); }
+  ExitStatus Run(const PokerReadOptions& options) { return Do(PokerRead, options); }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
   ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const DealOptions& options) {
     return DoOn(usb, seen, Deal, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const ReadOptions& options) {
     return DoOn(usb, nullptr, Read, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const PokerDealOptions& options) {
+    return DoOn(usb, nullptr, PokerDeal, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const PokerReadOptions& options) {
+    return DoOn(usb, nullptr, PokerRead, options);
   }
   [[nodiscard]] std::vector<std::string> LogLines() const {
     std::vector<std::string> lines;
