@@ -6,6 +6,7 @@
 
 #include "analysis/deal_tokens.h"
 #include "analysis/soft_progress.h"
+#include "model/results.h"
 #include "platform/files.h"
 #include "text/text.h"
 
@@ -15,27 +16,29 @@ namespace {
 constexpr int kTicksInSecond = 20;
 constexpr std::chrono::milliseconds kMomentToEnd{1000};
 
-bool IsAnalysed(const Board& board) {
-  return std::any_of(board.Tricks.begin(), board.Tricks.begin() + kResults,
-                     [](std::uint8_t level) { return level != 0; });
-}
-
 }  // namespace
 
 DeepF::DeepF(Program& program, SolverProcess& process, Solver solver, int targetBoard)
-    : program_(program), process_(process), solver_(solver), target_(targetBoard) {}
+    : program_(program),
+      process_(process),
+      solver_(solver),
+      target_(targetBoard),
+      first_(targetBoard > 0 ? targetBoard : program.Set.FirstBoard),
+      last_(targetBoard > 0 ? targetBoard : program.Set.LastBoard) {
+  for (int n = first_; n <= last_; ++n) asked_ += HasResults(program_.Set.At(n)) ? 0 : 1;
+}
 
 DeepF::~DeepF() {
   if (view_ == nullptr || closed_) return;
-  program_.StoreSetting(kSolverBreak, kBreak);  // nobody waits for its answer any more
+  Write(kSolverBreak, kBreak);  // nobody waits for its answer any more
   program_.AnalysisRunning = false;
 }
 
 void DeepF::Open(DeepFView& view) {
   view_ = &view;
   program_.AnalysisRunning = true;
-  program_.StoreSetting(kSolverAppPath, program_.Paths.Application);
-  program_.StoreSetting(kSolverBreak, kGoOn);
+  Write(kSolverAppPath, program_.Paths.Application);
+  Write(kSolverBreak, kGoOn);
   program_.Log.WriteTime(" Analyze: ");
   label_ = "Preparing for analize....";
   DF_Timer1_ = program_.Loop.StartTimer(kTimer1Ms, [this] { DF_Timer1Tick(); });
@@ -44,15 +47,12 @@ void DeepF::Open(DeepFView& view) {
 
 void DeepF::DF_Timer1Tick() {
   const auto once = std::move(DF_Timer1_);
-  first_ = target_ > 0 ? target_ : program_.Set.FirstBoard;
-  last_ = target_ > 0 ? target_ : program_.Set.LastBoard;
   std::error_code failure;
   std::filesystem::current_path(PathOfUtf8(program_.Paths.Application), failure);
   if (failure) {
     // That title for both solvers: required.
     TellAs("Deep Finesse Error", "    Directory Error      ", kOkCritical);
   }
-  for (int n = first_; n <= last_; ++n) asked_ += IsAnalysed(program_.Set.At(n)) ? 0 : 1;
   board_ = NextBoard(first_);
   if (board_ == 0) {
     Tell(target_ > 0 ? program_.Texts.Msg102 : program_.Texts.Msg101, kOkInformation);
@@ -73,7 +73,7 @@ void DeepF::DF_Timer1Tick() {
 
 int DeepF::NextBoard(int from) const {
   for (int n = from; n <= last_; ++n) {
-    if (!IsAnalysed(program_.Set.At(n))) return n;
+    if (!HasResults(program_.Set.At(n))) return n;
   }
   return 0;
 }
@@ -103,7 +103,11 @@ void DeepF::StartWhenFree() {
 }
 
 bool DeepF::StartSolver() {
-  program_.StoreSetting(kSolverDone, CodeOf(Answer::kAtWork));
+  if (!Write(kSolverDone, CodeOf(Answer::kAtWork))) {
+    // What stands there yet would be taken for this board's.
+    Tell("      Settings cannot be saved      \r\n      No solver can answer      ");
+    return false;
+  }
   std::vector<std::string> tokens = DealTokens(program_.Set.At(board_));
   if (tokens.empty()) {
     Tell(program_.Texts.Msg094);
@@ -236,7 +240,7 @@ void DeepF::GoToNextBoard() {
 
 void DeepF::DF_Cancel() {
   if (closed_) return;
-  program_.StoreSetting(kSolverBreak, kBreak);
+  Write(kSolverBreak, kBreak);
   label_ = "Canceling... Please wait";
   cancelAsked_ = true;
   view_->Show();
@@ -282,6 +286,10 @@ void DeepF::Close() {
   DF_Timer3_.reset();
   program_.AnalysisRunning = false;
   view_->Close();
+}
+
+bool DeepF::Write(const SettingKey& key, std::string_view value) {
+  return IsModal() ? program_.StoreSetting(key, value) : program_.Store.Set(key, value);
 }
 
 void DeepF::Tell(const std::string& text, int flags) {

@@ -83,6 +83,8 @@ class DeepF {
   [[nodiscard]] std::string RunTime() const;
   void WriteEnd();
   void Close();
+  /// Whether it is written; beside the flows no box of its own may tell that it is not.
+  bool Write(const SettingKey& key, std::string_view value);
   void Tell(const std::string& text, int flags = kOkCritical);
   void TellAs(const std::string& title, const std::string& text, int flags);
   void StartTimer2();
@@ -91,13 +93,13 @@ class DeepF {
   SolverProcess& process_;
   Solver solver_;
   int target_;
+  int first_;
+  int last_;
+  int board_ = 0;
   DeepFView* view_ = nullptr;
   std::string label_;
   double progress_ = 0;
   Status status_ = Status::kWaiting;
-  int board_ = 0;
-  int first_ = 0;
-  int last_ = 0;
   int done_ = 0;
   int asked_ = 0;
   int runTicks_ = 0;

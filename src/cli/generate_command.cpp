@@ -7,6 +7,7 @@
 #include "generate/generate_set.h"
 #include "generate/seeds.h"
 #include "model/tables.h"
+#include "platform/console/progress_line.h"
 #include "text/text.h"
 
 namespace morvane::cli {
@@ -16,22 +17,15 @@ using generate::DealGenerator;
 
 class Progress final : public generate::GenerateView {
  public:
-  explicit Progress(Terminal& terminal) : terminal_(terminal) {}
-  ~Progress() override {
-    if (shown_) terminal_.Out("\n");
-  }
+  explicit Progress(Terminal& terminal) : line_(terminal) {}
+  ~Progress() override { line_.Leave(); }
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   void RunStarts() override {}
-  void BoardsGen(int count) override {
-    if (!terminal_.ShowsProgress()) return;
-    terminal_.Out("\rBoards generated: " + std::to_string(count));
-    shown_ = true;
-  }
+  void BoardsGen(int count) override { line_.Show("Boards generated: " + std::to_string(count)); }
 
  private:
-  Terminal& terminal_;
-  bool shown_ = false;
+  ProgressLine line_;
 };
 
 /// With seeds given, the set can be made again; otherwise they are fresh.

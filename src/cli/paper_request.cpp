@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "files/format_table.h"
+#include "platform/console/progress_line.h"
 #include "platform/files.h"
 #include "platform/write_check.h"
 #include "print/print_checks.h"
@@ -18,25 +19,16 @@ using print::PrintOptions;
 /// Counts the boards or deals at the terminal.
 class PrintProgress {
  public:
-  PrintProgress(Terminal& terminal, std::string what)
-      : terminal_(terminal), what_(std::move(what)) {}
-  ~PrintProgress() {
-    if (shown_) terminal_.Out("\n");
-  }
+  PrintProgress(Terminal& terminal, std::string what) : line_(terminal), what_(std::move(what)) {}
+  ~PrintProgress() { line_.Leave(); }
   PrintProgress(const PrintProgress&) = delete;
   PrintProgress& operator=(const PrintProgress&) = delete;
-  void OneDone() {
-    ++count_;
-    if (!terminal_.ShowsProgress()) return;
-    terminal_.Out("\r" + what_ + " printed: " + std::to_string(count_));
-    shown_ = true;
-  }
+  void OneDone() { line_.Show(what_ + " printed: " + std::to_string(++count_)); }
 
  private:
-  Terminal& terminal_;
+  ProgressLine line_;
   std::string what_;
   int count_ = 0;
-  bool shown_ = false;
 };
 
 void NameFiles(ConsoleUi& ui, const PaperRequest& request) {

@@ -7,6 +7,7 @@
 #include "history/history.h"
 #include "platform/files.h"
 #include "platform/write_check.h"
+#include "program/has_set.h"
 #include "program/program.h"
 
 namespace morvane::files {
@@ -54,11 +55,7 @@ void TakeSavedSet(Program& program, history::History& history, const std::string
 
 bool SaveBoardSet(Program& program, history::History& history) {
   program.Status("Saving");
-  if (!program.Set.Exists()) {
-    program.Status(program.Texts.Msg034);
-    program.ShowMessage(program.Texts.Msg034, kOkCritical, "Save Error");
-    return false;
-  }
+  if (!HasSet(program, "Save Error")) return false;
   program.Log.WriteLine(" File-Save: " + SaveTime(program.Time));
   if (const auto path = program.Operator.AskFile(SaveRequest(program)))
     return SaveFile(program, history, *path);

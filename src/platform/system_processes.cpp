@@ -1,12 +1,17 @@
 #include "platform/system_processes.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cwchar>
+#include <system_error>
+#include <thread>
 
 #ifdef _WIN32
 #include <windows.h>
 #else
 #include <fcntl.h>
+#include <pthread.h>
+#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -78,17 +83,45 @@ std::wstring Environment(const std::vector<std::string>& own) {
 
 #else
 
+/// Signals are for the threads that are there already: one of them may wait to be woken.
+class WithoutSignals {
+ public:
+  WithoutSignals() {
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before_);
+  }
+  ~WithoutSignals() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  WithoutSignals(const WithoutSignals&) = delete;
+  WithoutSignals& operator=(const WithoutSignals&) = delete;
+
+ private:
+  sigset_t before_{};
+};
+
+/// A thread waits for it: otherwise the system would keep what is left of it until somebody asks.
 class SystemChild final : public ChildProcess {
  public:
-  explicit SystemChild(pid_t process) : process_(process) {}
+  explicit SystemChild(pid_t process) : process_(process) {
+    const WithoutSignals blocked;
+    try {
+      std::thread([process, gone = gone_] {
+        waitpid(process, nullptr, 0);
+        *gone = true;
+      }).detach();
+    } catch (const std::system_error&) {
+      asks_ = true;  // there are too many threads
+    }
+  }
   [[nodiscard]] bool Lives() override {
-    if (!gone_) gone_ = waitpid(process_, nullptr, WNOHANG) != 0;
-    return !gone_;
+    if (asks_ && !*gone_) *gone_ = waitpid(process_, nullptr, WNOHANG) != 0;
+    return !*gone_;
   }
 
  private:
   pid_t process_;
-  bool gone_ = false;
+  bool asks_ = false;
+  std::shared_ptr<std::atomic<bool> > gone_ = std::make_shared<std::atomic<bool> >(false);
 };
 
 /// As the system's calls take texts. They stay those of `texts`.

@@ -1,5 +1,7 @@
 #include "shell/analyze_flow.h"
 
+#include "program/has_set.h"
+
 namespace morvane::shell {
 namespace {
 
@@ -28,11 +30,7 @@ bool MayStart(Program& program, analysis::Solver which) {
     program.ShowMessage(program.Texts.Msg104, kOkCritical, kError);
     return false;
   }
-  if (!program.Set.Exists()) {
-    program.Status(program.Texts.Msg034);
-    program.ShowMessage(program.Texts.Msg034, kOkCritical, kError);
-    return false;
-  }
+  if (!HasSet(program, kError)) return false;
   const std::string title(analysis::WordsOf(which).Title);
   const bool yes = program.Ask(QuestionOf(which, program.Texts), kYesNoExclamation, title) == kYes;
   return yes && !program.Loop.Quitting();

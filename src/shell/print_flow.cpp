@@ -3,21 +3,19 @@
 #include <utility>
 
 #include "print/print_failure.h"
+#include "program/has_set.h"
 
 namespace morvane::shell {
 
 void PrintFlow(Program& program, print::HandRecordDialog& windows,
                print::HandRecord::Download download) {
-  if (program.Set.Exists()) {
+  if (HasSet(program, print::kPrintingError)) {
     program.Status("Printing");
     print::HandRecord dialog(program, std::move(download));
     if (!windows.ShowHandRecord(dialog)) {
       program.ShowMessage("      This program has no window for printing.      ", kOkCritical,
                           print::kPrintingError);
     }
-  } else {
-    program.Status(program.Texts.Msg034);
-    program.ShowMessage(program.Texts.Msg034, kOkCritical, print::kPrintingError);
   }
   program.Status("Ready");
 }

@@ -6,6 +6,7 @@
 #include "machine/reading_run.h"
 #include "machine/sorting_run.h"
 #include "poker/poker.h"
+#include "program/has_set.h"
 #include "shell/refresh_statistics.h"
 
 namespace morvane::shell {
@@ -27,11 +28,8 @@ void RunInWindow(Program& program, machine::Machine& machine, machine::MachineRu
   if (!run.Closed()) run.Exit();
 }
 
-bool HasSet(Program& program, machine::RunKind kind) {
-  if (program.Set.Exists()) return true;
-  program.Status(program.Texts.Msg034);
-  program.ShowMessage(program.Texts.Msg034, kOkCritical, std::string(WordsOf(kind).Error));
-  return false;
+bool HasSetFor(Program& program, machine::RunKind kind) {
+  return HasSet(program, std::string(WordsOf(kind).Error));
 }
 
 }  // namespace
@@ -39,7 +37,7 @@ bool HasSet(Program& program, machine::RunKind kind) {
 void DealFlow(Program& program, machine::Machine& machine, machine::RunMemory& memory,
               machine::RunDialogs& dialogs) {
   program.Status("Dealing");
-  if (HasSet(program, machine::RunKind::kDeal) &&
+  if (HasSetFor(program, machine::RunKind::kDeal) &&
       machine::OpenLink(program, machine.Link, kRunTimeoutMs)) {
     machine::DealingRun run(program, machine, memory);
     RunInWindow(program, machine, run, dialogs.OpenDealinProg(run));
@@ -54,7 +52,7 @@ void ReadFlow(Program& program, machine::Machine& machine, machine::RunMemory& m
     return;
   }
   program.Status("Reading");
-  if (HasSet(program, machine::RunKind::kRead) &&
+  if (HasSetFor(program, machine::RunKind::kRead) &&
       machine::OpenLink(program, machine.Link, kRunTimeoutMs)) {
     machine::ReadingRun run(
         program, machine, memory, [&] { files::SaveBoardSet(program, history); }, keep);

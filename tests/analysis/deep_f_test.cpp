@@ -208,6 +208,44 @@ TEST_F(DeepFTest, AFolderThatCannotBeEnteredIsToldAndTheRunGoesOn) {
   EXPECT_EQ(deepF.Outcome(), DeepF::Status::kAllFinished);
 }
 
+/// "Done" is the last board's yet, and so is "Result".
+TEST_F(DeepFTest, AMailboxThatCannotBeWrittenEndsTheRun) {
+  EXPECT_TRUE(desk.Store.Set(kSolverDone, "99"));
+  EXPECT_TRUE(desk.Store.Set(kSolverResult, "43210432104321043210"));
+  desk.Store.Writable = false;
+  RunAll();
+  EXPECT_THAT(solver.Orders, IsEmpty());
+  EXPECT_EQ(LevelsOfBoard(1), std::string(20, '0'));
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Settings Error");
+  EXPECT_EQ(
+      desk.Ui.Boxes[1],
+      (test::FakeUi::Box{"      Settings cannot be saved      \r\n      No solver can answer      ",
+                         kOkCritical, "Bo Haglund DDS Error"}));
+  EXPECT_EQ(LastLine(), "    DDS: 1,3 .0s Error Board: 1");
+}
+
+/// Beside the flows each box is one that waits for nobody.
+TEST_F(DeepFTest, AMailboxThatCannotBeWrittenHoldsUpNoFlow) {
+  desk.Store.Writable = false;
+  RunAll(Solver::kDeepFinesse);
+  EXPECT_THAT(solver.Orders, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Beside, 1);
+}
+
+TEST_F(DeepFTest, ACancelThatCannotBeWrittenEndsTheRunBehindTheBoard) {
+  Open(Solver::kDeepFinesse);
+  desk.Loop.WaitMs(300);
+  desk.Store.Writable = false;
+  run->DF_Cancel();
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  desk.Store.Writable = true;  // for the solver
+  desk.Loop.RunUntil([&] { return run->Closed(); });
+  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
+  EXPECT_THAT(solver.Orders, SizeIs(1));
+}
+
 // The codes.
 
 struct Code {

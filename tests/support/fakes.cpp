@@ -103,6 +103,10 @@ TempFolder::TempFolder(FolderPlace place) {
 
 TempFolder::~TempFolder() {
   std::error_code ignored;
+  // An analysis goes to the program's folder and stays there.
+  if (std::filesystem::current_path(ignored) == path_) {
+    std::filesystem::current_path(path_.parent_path(), ignored);
+  }
   std::filesystem::remove_all(path_, ignored);
 }
 

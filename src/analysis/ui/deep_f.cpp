@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/qt/qt_text.h"
@@ -13,7 +14,7 @@
 namespace morvane::analysis {
 namespace {
 
-constexpr int kWidth = 380;
+constexpr const char* kLongestLabel = "Analyzing board: 640  out from: 640 to: 640 ";
 constexpr int kMargin = 18;
 
 QProgressBar* NewBar(const char* name, const char* spokenName, QWidget* parent) {
@@ -36,22 +37,27 @@ DeepFWindow::DeepFWindow(DeepF& run, QWidget* mainWindow)
   setObjectName("DeepF");
   setWindowTitle(ToQt(run.Title()));
   MakeParts();
-  FitToScreen(*this);
   if (run.IsModal()) {
+    FitToScreen(*this);
     open();
-  } else {
-    show();
+    return;
   }
+  if (mainWindow != nullptr) StandBeside(*mainWindow);
+  show();
+}
+
+void DeepFWindow::StandBeside(const QWidget& mainWindow) {
+  move(mainWindow.frameGeometry().topRight());
+  FitToScreen(*this, mainWindow.screen()->availableGeometry());
 }
 
 void DeepFWindow::MakeParts() {
-  label_->setWordWrap(true);
+  label_->setMinimumWidth(fontMetrics().horizontalAdvance(kLongestLabel));
   DF_Cancel_->setObjectName("DF_Cancel");
   // The Enter that has answered the question must not cancel what it has started.
   DF_Cancel_->setAutoDefault(false);
   connect(DF_Cancel_, &QPushButton::clicked, this, [this] { run_.DF_Cancel(); });
   auto* body = new QWidget(this);
-  body->setMinimumWidth(kWidth);
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(kMargin, kMargin, kMargin, 0);
   column->addWidget(label_);
@@ -64,6 +70,8 @@ void DeepFWindow::MakeParts() {
   row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
   row->addStretch();
   row->addWidget(DF_Cancel_);
+  lblBoards_->setVisible(run_.BoardsAsked() > 1);
+  boards_->setVisible(run_.BoardsAsked() > 1);
   Fill(*this, body, buttons);
   DF_Cancel_->setFocus();
   Show();
@@ -72,10 +80,6 @@ void DeepFWindow::MakeParts() {
 void DeepFWindow::Show() {
   label_->Show(ToQt(run_.Label()));
   board_->setValue(static_cast<int>(run_.Progress()));
-  const bool several = run_.BoardsAsked() > 1;
-  lblBoards_->setVisible(several);
-  boards_->setVisible(several);
-  if (!several) return;
   lblBoards_->Show(QString("Boards done: %1 of %2").arg(run_.BoardsDone()).arg(run_.BoardsAsked()));
   boards_->setMaximum(run_.BoardsAsked());
   boards_->setValue(run_.BoardsDone());

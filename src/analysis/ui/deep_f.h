@@ -17,7 +17,7 @@ namespace morvane::analysis {
 /// that belongs to no other.
 class DeepFWindow final : public QDialog, public DeepFView {
  public:
-  /// `mainWindow` is the one that a modal window is modal to.
+  /// `mainWindow` is the one that a modal window is modal to, and another stands beside.
   DeepFWindow(DeepF& run, QWidget* mainWindow);
 
   void Show() override;
@@ -31,6 +31,7 @@ class DeepFWindow final : public QDialog, public DeepFView {
 
  private:
   void MakeParts();
+  void StandBeside(const QWidget& mainWindow);
 
   DeepF& run_;
   ShownValue* label_;

@@ -9,4 +9,9 @@ void ProgressLine::Show(const std::string& text) {
   shown_ = text;
 }
 
+void ProgressLine::Leave() {
+  if (!shown_.empty()) terminal_.Out("\n");
+  shown_.clear();
+}
+
 }  // namespace morvane

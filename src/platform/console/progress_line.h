@@ -13,6 +13,8 @@ class ProgressLine {
 
   /// Empty: the line is free for other texts.
   void Show(const std::string& text);
+  /// What is shown stays; further texts stand below it.
+  void Leave();
 
  private:
   Terminal& terminal_;

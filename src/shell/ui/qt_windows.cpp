@@ -74,7 +74,8 @@ std::unique_ptr<machine::RunView> QtWindows::OpenSortProg(machine::SortingRun& r
 }
 
 std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {
-  return std::make_unique<analysis::DeepFWindow>(run, mainMenu_);
+  QWidget* below = run.IsModal() ? QApplication::activeModalWidget() : nullptr;  // the editor
+  return std::make_unique<analysis::DeepFWindow>(run, below != nullptr ? below : mainMenu_);
 }
 
 }  // namespace morvane::shell

@@ -1,6 +1,9 @@
 #include <QProgressBar>
+#include <QScreen>
+#include <QScrollBar>
 
 #include "analysis/scripted_solver.h"
+#include "machine/machine_run.h"
 #include "shell/ui/main_menu_desk.h"
 
 // An analysis in its window, from the menu and from the editor.
@@ -69,6 +72,20 @@ TEST_F(DeepFWindowTest, ShowsTheBoardAndHowFarItHasGot) {
   EXPECT_THAT(desk.Boxes, SizeIs(1)) << "the question";
 }
 
+TEST_F(DeepFWindowTest, NothingScrollsWhereThereIsRoom) {
+  desk.Prog.Set.Clear();
+  test::FillSet(desk.Prog.Set, 601, 640);
+  solver.AnswersBreaks = true;
+  Analyze([this](QWidget& window) {
+    desk.Loop.WaitMs(2500);
+    EXPECT_EQ(test::TextOf(window, "DF_Label"), "Analyzing board: 603  out from: 601 to: 640");
+    for (const auto* bar : window.findChildren<QScrollBar*>()) EXPECT_EQ(bar->maximum(), 0);
+    const auto& label = test::Find<QLabel>(window, "DF_Label");
+    EXPECT_GE(label.width(), label.sizeHint().width());
+    test::Click(window, "DF_Cancel");
+  });
+}
+
 TEST_F(DeepFWindowTest, TheButtonCancels) {
   solver.AnswersBreaks = true;
   Analyze([this](QWidget& window) {
@@ -83,20 +100,28 @@ TEST_F(DeepFWindowTest, TheButtonCancels) {
   EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1"));
 }
 
-TEST_F(DeepFWindowTest, EscapeAndTheCloseBoxDoTheSame) {
+TEST_F(DeepFWindowTest, EscapeSpaceAltCAndTheCloseBoxDoTheSame) {
   solver.AnswersBreaks = true;
-  for (const auto& leave :
-       {std::function<void(QWidget&)>([](QWidget& window) { test::Press(window, Qt::Key_Escape); }),
-        {[](QWidget& window) { EXPECT_FALSE(window.close()); }}}) {
+  const auto expectToCancel = [this](const char* how, const std::function<void(QWidget&)>& leave) {
     Analyze([&](QWidget& window) {
       desk.Loop.WaitMs(300);
+      EXPECT_EQ(desk.Store.Get(kSolverBreak), "00") << how;
       leave(window);
-      EXPECT_TRUE(window.isVisible()) << "the solver has to answer";
-      EXPECT_EQ(test::TextOf(window, "DF_Label"), "Canceling... Please wait");
+      EXPECT_TRUE(window.isVisible()) << "the solver has to answer: " << how;
+      EXPECT_EQ(test::TextOf(window, "DF_Label"), "Canceling... Please wait") << how;
+      EXPECT_EQ(desk.Store.Get(kSolverBreak), "98") << how;
     });
-    EXPECT_FALSE(IsOpen());
-    EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1"));
-  }
+    EXPECT_FALSE(IsOpen()) << how;
+    EXPECT_THAT(LastLine(), ::testing::EndsWith(" Cancel Board: 1")) << how;
+  };
+  expectToCancel("Escape", [](QWidget& window) { test::Press(window, Qt::Key_Escape); });
+  expectToCancel("Space", [](QWidget& window) { test::Press(window, Qt::Key_Space); });
+  expectToCancel("Alt+C", [](QWidget& window) {
+    test::Press(window, Qt::Key_C, Qt::AltModifier);
+    const auto& button = test::Find<QPushButton>(window, "DF_Cancel");
+    EXPECT_TRUE(QTest::qWaitFor([&button] { return !button.isDown(); }));
+  });
+  expectToCancel("close box", [](QWidget& window) { EXPECT_FALSE(window.close()); });
 }
 
 /// It may be the one that has answered the question, held down.
@@ -160,6 +185,17 @@ TEST_F(DeepFWindowTest, DeepFinesseLeavesTheMainWindowFree) {
   EXPECT_EQ(desk.Prog.Set.At(3).Tricks[0], 4);
 }
 
+TEST_F(DeepFWindowTest, DeepFinesseStandsBesideTheMainWindowWhereThereIsRoom) {
+  const QSize room = menu->screen()->availableSize();
+  menu->move(0, 0);
+  menu->resize(room.width(), room.height() / 2);
+  const QWidget& window = AnalyzeBeside();
+  EXPECT_FALSE(window.frameGeometry().intersects(menu->frameGeometry()));
+  const QRect place = window.geometry();  // the frame is known when it is there
+  EXPECT_TRUE(menu->screen()->availableGeometry().contains(place))
+      << place.x() << " " << place.y() << " " << place.width() << " " << place.height();
+}
+
 TEST_F(DeepFWindowTest, BesideTheEditorItCanBeCancelled) {
   solver.AnswersBreaks = true;
   QWidget& window = AnalyzeBeside();
@@ -173,6 +209,28 @@ TEST_F(DeepFWindowTest, BesideTheEditorItCanBeCancelled) {
   });
   Trigger("menuEdit");
   EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+/// The box stands there while the machine deals on.
+TEST_F(DeepFWindowTest, ItsErrorHoldsUpNoDealingRun) {
+  solver.Script = {{.Code = "92", .AfterMs = 10'000}};
+  AnalyzeBeside();
+  desk.When("DealinProg", [&](QWidget& window) {
+    desk.Loop.WaitMs(machine::MachineRun::kFirstContactMs + 100);
+    QWidget* box = nullptr;
+    desk.When("MessageBox", [&box](QWidget& shown) { box = &shown; });
+    test::Click(window, "cmdDeal");  // returns when the board is dealt
+    EXPECT_EQ(test::TextOf(window, "txtStatus"), "Idle");
+    EXPECT_EQ(simulated.DealtBoard().Cards, desk.Prog.Set.At(1).Cards);
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isVisible()) << "nobody has answered it";
+    EXPECT_FALSE(desk.Prog.AnalysisRunning);
+    test::Press(*box, Qt::Key_Return);
+    EXPECT_EQ(test::TopWindow("MessageBox"), nullptr);
+    test::Click(window, "cmdExit");
+  });
+  Trigger("menuDeal");
+  EXPECT_EQ(desk.Boxes.back().Text, "DLL not found");
 }
 
 /// A modal window of the main window neither waits for the box nor blocks it.
@@ -213,6 +271,7 @@ TEST_F(DeepFWindowTest, TheEditorShowsTheTableBehindIt) {
     EXPECT_FALSE(test::Visible(editor, "DF_NR0"));
     desk.When("DeepF", [&](QWidget& window) {
       EXPECT_TRUE(window.isModal());
+      EXPECT_EQ(window.parentWidget(), &editor);
       EXPECT_FALSE(test::Visible(window, "DF_Boards")) << "of one board there is no count";
       desk.Loop.WaitMs(200);
       EXPECT_EQ(test::TextOf(window, "DF_Label"), "Analyzing board: 1");

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QMainWindow>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -109,6 +110,58 @@ TEST_F(QtUiTest, TimersGoOnBehindABox) {
   desk.When("MessageBox", [this](QWidget& box) { desk.Loop.After(1050, [&box] { box.close(); }); });
   desk.Ui.MessageBox("text", kOkCritical, "title");
   EXPECT_EQ(ticks, 10);
+}
+
+// Boxes beside.
+
+TEST_F(QtUiTest, ABoxBesideWaitsForNobody) {
+  int ticks = 0;
+  const auto timer = desk.Loop.StartTimer(100, [&] { ++ticks; });
+  desk.Ui.BoxBeside("      text      ", kOkCritical, "title");
+  EXPECT_EQ(ticks, 0) << "it has come back at once";
+  auto* box = qobject_cast<QMessageBox*>(test::TopWindow("MessageBox"));
+  ASSERT_NE(box, nullptr);
+  EXPECT_FALSE(box->isModal());
+  EXPECT_EQ(box->windowTitle(), "title");
+  EXPECT_EQ(box->text(), "text");
+  EXPECT_EQ(box->icon(), QMessageBox::Critical);
+  desk.When("MessageBox", [](QWidget&) {});
+  desk.Loop.WaitMs(1050);
+  EXPECT_EQ(ticks, 10);
+  EXPECT_TRUE(box->isVisible());
+}
+
+TEST_F(QtUiTest, ABoxBesideGoesForGoodWhenItIsAnswered) {
+  desk.Ui.BoxBeside("text", kOkCritical, "title");
+  const QPointer<QWidget> box = test::TopWindow("MessageBox");
+  desk.When("MessageBox", [](QWidget& shown) { test::Press(shown, Qt::Key_Return); });
+  desk.Loop.WaitMs(100);
+  EXPECT_EQ(box, nullptr);
+}
+
+TEST_F(QtUiTest, ABoxBesideTakesKeysBesideAModalBox) {
+  desk.Ui.BoxBeside("beside", kOkCritical, "title");
+  const QPointer<QWidget> beside = test::TopWindow("MessageBox");
+  desk.When("MessageBox", [](QWidget&) {});
+  desk.Loop.Pump();
+  desk.When("MessageBox", [&](QWidget& modal) {
+    test::Press(*beside, Qt::Key_Return);
+    EXPECT_TRUE(beside == nullptr || !beside->isVisible());
+    EXPECT_TRUE(modal.isVisible());
+    modal.close();
+  });
+  desk.Ui.MessageBox("modal", kOkCritical, "title");
+}
+
+TEST_F(QtUiTest, ABoxBesideGoesWithTheProgram) {
+  QPointer<QWidget> box;
+  {
+    QtUi ui(desk.Loop);
+    ui.BoxBeside("text", kOkCritical, "title");
+    box = test::TopWindow("MessageBox");
+    EXPECT_NE(box, nullptr);
+  }
+  EXPECT_EQ(box, nullptr);
 }
 
 TEST_F(QtUiTest, AQuitEndsABoxWithTheCautiousAnswer) {

@@ -201,11 +201,15 @@ class EveryWindow : public MainMenuTest {
   /// `DeepF` over a set, and beside the flows over one board, with the longest of its labels.
   void LookAtDeepF(const Look& look) {
     analysis::SolverProcess process(processes, "", "");
-    processes.OnStart = [](const ProcessOrder& /*order*/) {
-      struct Gone final : ChildProcess {
-        [[nodiscard]] bool Lives() override { return false; }
-      };
-      return StartedProcess{std::make_unique<Gone>(), std::nullopt};
+    struct Child final : ChildProcess {
+      explicit Child(std::shared_ptr<bool> alive) : Alive(std::move(alive)) {}
+      [[nodiscard]] bool Lives() override { return *Alive; }
+      std::shared_ptr<bool> Alive;
+    };
+    std::shared_ptr<bool> alive;
+    processes.OnStart = [&alive](const ProcessOrder& /*order*/) {
+      alive = std::make_shared<bool>(true);
+      return StartedProcess{std::make_unique<Child>(alive), std::nullopt};
     };
     for (const auto solver : {analysis::Solver::kDds, analysis::Solver::kDeepFinesse}) {
       OpenAnalysis open(desk.Prog, process, solver, 0);
@@ -213,13 +217,15 @@ class EveryWindow : public MainMenuTest {
       open.Run.Open(*open.Window);
       QWidget* window = test::TopWindow("DeepF");
       ASSERT_NE(window, nullptr);
-      desk.Loop.WaitMs(analysis::DeepF::kTimer1Ms);
+      desk.Loop.WaitMs(analysis::DeepF::kTimer1Ms + 3000);
       look(*window);
+      *alive = false;
       desk.Loop.WaitMs(3 * analysis::DeepF::kTimer2Ms);
       look(*window);
       test::Click(*window, "DF_Cancel");
       desk.Loop.RunUntil([&open] { return open.Run.Closed(); });
     }
+    processes.OnStart = nullptr;
   }
 
   void LookAtPreferences(const Look& look) {
