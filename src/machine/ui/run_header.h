@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QWidget>
 
 #include "machine/display_hand.h"
@@ -17,6 +16,7 @@ namespace morvane::machine {
 class BoardNumber;
 class MachineRun;
 class PocketRow;
+class StateBox;
 
 /// How the run stands, to be read across the room: the board, `txtStatus` and `lblProgress`, the
 /// pockets; and `txtDealTime`.
@@ -28,29 +28,19 @@ class RunHeader final : public QWidget {
   void ShowState();
   void ShowBoard(int number, const BoardDisplay& display);
 
- protected:
-  void resizeEvent(QResizeEvent* event) override;
-
  private:
-  void MakeStatus();
   void MakeProgress();
   void MakeDealTime();
   QLayout* PlaceState();
   QLayout* PlaceRun();
-  void ShowStatus(int state);
-  void FitStatus();
-  void ShowGround();
 
   const MachineRun& run_;
   BoardNumber* number_;
-  ShownValue* txtStatus_ = nullptr;
+  StateBox* txtStatus_ = nullptr;
   ShownValue* lblProgress_ = nullptr;
   ShownValue* txtDealTime_ = nullptr;
   QLabel* lblSeconds_ = nullptr;
   PocketRow* pockets_;
-  QColor ground_;
-  int leastLetters_ = 0;  ///< of the state, in pixels
-  int letters_ = 0;
 };
 
 }  // namespace morvane::machine

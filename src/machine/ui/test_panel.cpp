@@ -10,11 +10,11 @@
 
 namespace morvane::machine {
 
-TestPanel::TestPanel(MachineRun& run, QWidget* parent)
+TestPanel::TestPanel(MachineRun& run, QWidget* parent, const char* buttonName)
     : QWidget(parent),
       run_(run),
       Command1_(NewSmallButton(
-          "Command1", "Test", "Asks the machine for its diagnosis text", [&run] { run.Command1(); },
+          buttonName, "Test", "Asks the machine for its diagnosis text", [&run] { run.Command1(); },
           this)),
       TestText_(new QPlainTextEdit(this)) {
   TestText_->setObjectName("TestText");

@@ -12,7 +12,7 @@ class MachineRun;
 /// The machine's diagnosis: `Command1` asks for it, `TestText` shows it.
 class TestPanel final : public QWidget {
  public:
-  TestPanel(MachineRun& run, QWidget* parent);
+  TestPanel(MachineRun& run, QWidget* parent, const char* buttonName = "Command1");
   void Show();
 
  private:

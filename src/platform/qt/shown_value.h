@@ -7,7 +7,7 @@
 namespace morvane {
 
 /// A label whose text is a value that the program changes.
-class ShownValue final : public QLabel, public Spoken {
+class ShownValue : public QLabel, public Spoken {
  public:
   /// `spokenName` says to assistive tools what it is the value of.
   ShownValue(const QString& name, const QString& spokenName, QWidget* parent);

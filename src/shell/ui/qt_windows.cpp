@@ -8,6 +8,7 @@
 #include "generate/ui/generate.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
+#include "poker/ui/poker_window.h"
 #include "print/ui/hand_record.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/preferences.h"
@@ -71,6 +72,10 @@ std::unique_ptr<machine::RunView> QtWindows::OpenDealinProg(machine::BoardRun& r
 
 std::unique_ptr<machine::RunView> QtWindows::OpenSortProg(machine::SortingRun& run) {
   return std::make_unique<machine::SortProg>(program_, run, mainMenu_);
+}
+
+std::unique_ptr<machine::RunView> QtWindows::OpenPoker(poker::Poker& poker) {
+  return std::make_unique<poker::PokerWindow>(program_, poker, mainMenu_);
 }
 
 std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {

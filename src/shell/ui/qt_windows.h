@@ -25,6 +25,7 @@ class QtWindows final : public FlowWindows {
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenDealinProg(machine::BoardRun& run) override;
   std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
+  [[nodiscard]] std::unique_ptr<machine::RunView> OpenPoker(poker::Poker& poker) override;
 
  private:
   Program& program_;

@@ -21,6 +21,8 @@
 #include "machine/ui/sort_prog.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/window_place.h"
+#include "poker/poker.h"
+#include "poker/ui/poker_window.h"
 #include "print/document.h"
 #include "shell/ui/main_menu_desk.h"
 #include "simulator/ui/fake_packs.h"
@@ -250,6 +252,7 @@ class EveryWindow : public MainMenuTest {
     LookAtRunWindow<machine::DealinProg>(run, "cmdDeal", look, look);
     LookAtRead(look);
     LookAtSort(look);
+    LookAtPoker(look);
   }
 
   /// A board that is there already is read from the pack into an empty one.
@@ -260,6 +263,23 @@ class EveryWindow : public MainMenuTest {
     machine::ReadingRun run(desk.Prog, machine_, memory_, [] {});
     LookAtRunWindow<machine::DealinProg>(run, "cmdDeal", look, look);
     desk.Prog.Set = *before;
+  }
+
+  /// Without an order, with one, in a run, and behind it, with the piles to be carried.
+  void LookAtPoker(const Look& look) {
+    ASSERT_TRUE(machine::OpenLink(desk.Prog, machine_.Link, 200));
+    poker::Poker poker(desk.Prog, machine_, memory_);
+    poker::PokerWindow window(desk.Prog, poker, menu.get());
+    poker.Open(window);
+    desk.Loop.WaitMs(machine::MachineRun::kFirstContactMs + 100);
+    window.activateWindow();  // as window managers do behind a box
+    look(window);
+    test::Find<QAbstractButton>(window, "Generate").click();
+    look(window);
+    desk.Loop.After(4000, [&] { look(window); });
+    test::Find<QAbstractButton>(window, "FirstDeal").click();
+    look(window);
+    poker.Exit();
   }
 
   void LookAtSort(const Look& look) {

@@ -40,9 +40,9 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
       enabled.push_back(entry->objectName().toStdString());
     }
   }
-  EXPECT_THAT(enabled,
-              ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit", "menuDeal",
-                          "menuRead", "menuSort", "menuEdit", "Analize", "menuPrint", "cmdPref"));
+  EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
+                                   "menuDeal", "menuRead", "menuSort", "menuEdit", "Analize",
+                                   "menuPrint", "menuPoker", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {

@@ -14,6 +14,13 @@ constexpr const char* kNoPoker = "Poker is not available in this version yet";
 /// What the operator is told of an entry, reached by mouse or keys.
 class MenuTips : public MainMenuTest {
  protected:
+  /// As an entry of the bar is that has no flow.
+  MenuTips() {
+    QAction& poker = Entry("menuPoker");
+    poker.setEnabled(false);
+    poker.setToolTip(kNoPoker);
+    poker.setStatusTip(kNoPoker);
+  }
   QMenuBar& Bar() { return *menu->menuBar(); }
   QAction& Entry(const char* name) { return test::Find<QAction>(*menu, name); }
   /// The message over the status's first panel.

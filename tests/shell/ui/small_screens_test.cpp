@@ -50,7 +50,7 @@ bool CardsRun(const QWidget& window) {
     const auto* button = window.findChild<QWidget*>(name);
     if (button != nullptr && button->isEnabled()) return true;
   }
-  return false;
+  return window.objectName() == "Poker" && test::TextOf(window, "txtStatus") == "Busy";
 }
 
 /// The screen and how large the font is, in percent.
