@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <utility>
 
 #include "analysis/deal_tokens.h"
 #include "analysis/soft_progress.h"

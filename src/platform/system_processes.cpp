@@ -127,6 +127,7 @@ class SystemChild final : public ChildProcess {
 /// As the system's calls take texts. They stay those of `texts`.
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;

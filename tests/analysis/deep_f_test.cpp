@@ -116,6 +116,8 @@ TEST_F(DeepFTest, TheSolverGetsTheCardsTheStoreAndAnEmptyMailbox) {
   EXPECT_THAT(solver.DoneAtStart, ElementsAre("00"));
   EXPECT_THAT(solver.BreaksSeen, ElementsAre("00"));
   EXPECT_EQ(desk.Store.Get(kSolverAppPath), desk.Prog.Paths.Application);
+  EXPECT_TRUE(
+      std::filesystem::equivalent(std::filesystem::current_path(), desk.Prog.Paths.Application));
 }
 
 TEST_F(DeepFTest, DeepFinesseIsAnotherProgram) {

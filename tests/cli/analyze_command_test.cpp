@@ -59,6 +59,16 @@ TEST_F(AnalyzeCommandTest, AWholeSetIsSavedWithItsResults) {
   EXPECT_THAT(desk.LogLines(), ::testing::Contains("    DDS: 1,3 ver: DDS 9  1.1s"));
 }
 
+TEST_F(AnalyzeCommandTest, ATerminalShowsHowFarItHasGot) {
+  desk.Screen.Progress = true;
+  EXPECT_EQ(desk.Run(Options()), kDone);
+  EXPECT_THAT(desk.Screen.Output, ::testing::StartsWith("\rPreparing for analize....  0 %"));
+  // The first look of a board comes 93 ms behind its start, behind one tick of 50 ms of 5 s.
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\rAnalyzing board: 1  out from: 1 to: 3  1 %"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("\rAnalyzing board: 3  out from: 1 to: 3  "));
+  EXPECT_TRUE(desk.Screen.Output.ends_with(" \r")) << "the line is free again";
+}
+
 TEST_F(AnalyzeCommandTest, WithoutAYesNothingIsStarted) {
   CliDesk cautious;
   cautious.Processes = desk.Processes;

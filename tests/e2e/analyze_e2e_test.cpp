@@ -1,13 +1,17 @@
 #include <sys/stat.h>
 
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <thread>
 
 #include "analysis/asymmetric_board.h"
 #include "analysis/deal_tokens.h"
 #include "e2e/e2e_fixture.h"
 #include "model/board_set.h"
+#include "platform/ini_settings.h"
+#include "program/setting_keys.h"
 
 // The analyze command with the real solver, each a process of its own.
 
@@ -110,6 +114,32 @@ TEST_F(AnalyzeEndToEnd, AStoreThatIsNoTextIsNoCrash) {
   test::WriteContent(settings, std::string("[Deep_Finesse]\0\x01\x02", 17));
   EXPECT_EQ(Process(Analyze(), Around()).Finish().Status, 0);
   EXPECT_THAT(test::Content(out_), HasSubstr("1d1d11d1d111d1d11d1d"));
+}
+
+/// Nothing is lost of what two write at once.
+TEST_F(AnalyzeEndToEnd, AnotherProgramMayWriteTheStoreMeanwhile) {
+  constexpr int kMost = 300;
+  std::atomic<bool> ended = false;
+  int written = 0;
+  std::thread other([&] {
+    IniSettings store(settings);
+    for (; written < kMost && !ended; ++written) {
+      const std::string name = "Key_" + std::to_string(written);
+      EXPECT_TRUE(store.Set({"Other", name, ""}, std::to_string(written)));
+    }
+  });
+  const Outcome outcome = Process(Analyze(), Around()).Finish();
+  ended = true;
+  other.join();
+  EXPECT_EQ(outcome.Status, 0) << outcome.Err;
+  EXPECT_THAT(test::Content(out_), HasSubstr("1d1d11d1d111d1d11d1d"));
+  EXPECT_GT(written, 10);
+  const IniSettings store(settings);
+  EXPECT_EQ(store.Get(kSolverDone), "99");
+  for (int n = 0; n < written; ++n) {
+    const std::string name = "Key_" + std::to_string(n);
+    EXPECT_EQ(store.Get({"Other", name, ""}), std::to_string(n));
+  }
 }
 
 /// The solver is at work when the break comes.

@@ -1,7 +1,12 @@
+#include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTest>
+#include <map>
 
+#include "analysis/asymmetric_board.h"
 #include "analysis/scripted_solver.h"
 #include "machine/machine_run.h"
 #include "shell/ui/main_menu_desk.h"
@@ -288,6 +293,35 @@ TEST_F(DeepFWindowTest, TheEditorShowsTheTableBehindIt) {
   Trigger("menuEdit");
   EXPECT_THAT(desk.Boxes, IsEmpty());
   EXPECT_FALSE(desk.Prog.AnalysisRunning);
+}
+
+/// Worked by hand: each declarer's levels stand in its row, under their denominations.
+TEST_F(DeepFWindowTest, TheEditorsLabelsStandAsTheAsymmetricBoardHasThem) {
+  solver.Script = {{.Result = test::kAsymmetricResult}};
+  desk.Prog.Set.At(1) = test::AsymmetricBoard(kNorth);
+  desk.When("Edit", [&](QWidget& editor) {
+    desk.When("DeepF", [](QWidget&) {});
+    test::Click(editor, "Analyze");
+    std::map<int, std::map<int, std::string>> rows;
+    std::map<std::string, std::string> levels;
+    for (const auto* label : editor.findChildren<QLabel*>()) {
+      if (!label->objectName().startsWith("DF_NR")) continue;
+      const QPoint middle = label->geometry().center();
+      rows[middle.y()][middle.x()] += label->text().toStdString();
+      levels[label->accessibleName().toStdString()] = label->text().toStdString();
+    }
+    std::vector<std::string> lines;
+    for (const auto& [y, row] : rows) {
+      lines.emplace_back();
+      for (const auto& [x, level] : row) lines.back() += level;
+    }
+    EXPECT_THAT(lines, ::testing::ElementsAre("70077", "05700", "00077", "05700"));
+    EXPECT_EQ(levels["North no-trump"] + levels["South no-trump"], "70");
+    EXPECT_EQ(levels["East spades"] + levels["East hearts"], "57");
+    EXPECT_EQ(levels["South diamonds"] + levels["West clubs"], "70");
+    test::Press(editor, Qt::Key_Escape);
+  });
+  Trigger("menuEdit");
 }
 
 }  // namespace
