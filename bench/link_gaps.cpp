@@ -127,8 +127,7 @@ void DealAtDesktop(Parts& parts, const BoardSet& set) {
   Program program(parts.On(ui), parts.Paths());
   shell::QtWindows windows(program);
   LoneInstance alone;
-  test::FakeProcesses none;
-  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, none, windows, alone);
+  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
   shell::MainMenu menu(program, shell);
   windows.SetMainMenu(menu);
   ui.SetMainWindow(menu.ForUi());
