@@ -14,7 +14,6 @@ namespace {
 using Word = test::PdfReader::Word;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Values;
 
 const std::string kRanks = "23456789TJQKA";
