@@ -2,10 +2,31 @@
 
 #include <array>
 
+#include "files/format_table.h"
+#include "platform/files.h"
+#include "program/setting_keys.h"
+
 namespace morvane::cli {
 namespace {
 
 using Status = analysis::DeepF::Status;
+
+constexpr std::string_view kWithResults = "PBN";
+
+bool CanHoldResults(const std::string& path) {
+  const std::string ending = files::ExtensionOf(FileTitle(path));
+  const auto* const format = files::FindFormat(ending);
+  // What cannot be saved at all is told by the save.
+  return format == nullptr || format->Write == nullptr || ending == kWithResults;
+}
+
+/// Results that stay out of the file would have been worked out in vain.
+bool AreResultsSaved(Job& job) {
+  if (job.Place.Prog.Store.IsOn(kSaveAnalyze)) return true;
+  job.Place.Screen.Error(
+      "The settings leave results out of files (Save_Analyze); nothing was analysed.\n");
+  return false;
+}
 
 /// Whether the operator wants the whole set analysed; one board is no question.
 bool IsWanted(Program& program, const AnalyzeOptions& options, analysis::Solver solver) {
@@ -15,7 +36,7 @@ bool IsWanted(Program& program, const AnalyzeOptions& options, analysis::Solver 
 }
 
 constexpr std::array kOperands{Operand{"IN", "the set to analyse"},
-                               Operand{"OUT", "the file to save it in, with what was found"}};
+                               Operand{"OUT", "the PBN file to save it in, with what was found"}};
 constexpr std::array kOptions{
     Option{"solver", "dds|df", "who works it out; otherwise the settings say"},
     Option{"board", "N", "this board only"},
@@ -33,11 +54,15 @@ AnalyzeOptions ReadAnalyzeOptions(OptionReader& given) {
   if (const auto solver = given.Choice("solver", {"dds", "df"})) {
     options.With = *solver == "dds" ? analysis::Solver::kDds : analysis::Solver::kDeepFinesse;
   }
+  if (!CanHoldResults(options.Out)) {
+    given.Refuse(options.Out + " cannot hold results; a .pbn file can");
+  }
   return options;
 }
 
 ExitStatus Analyze(Job& job, const AnalyzeOptions& options) {
   Program& program = job.Place.Prog;
+  if (!AreResultsSaved(job)) return kFailed;
   if (!Load(job, options.In, options.Import)) return kFailed;
   if (options.Board && !IsInSet(job.Place, *options.Board)) return kFailed;
   if (!MaySave(job, program.Set, options.Out)) return kFailed;

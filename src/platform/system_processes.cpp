@@ -144,13 +144,18 @@ std::vector<std::string> Environment(const std::vector<std::string>& own) {
   return variables;
 }
 
-/// It has no terminal: it says nothing there, and an interrupt there is not for it.
+/// It has no terminal: it says nothing there, and an interrupt there is not for it. Files of ours,
+/// and those that whoever started us had open, are not its own.
 struct Hidden {
+  static constexpr int kFirstOther = 3;
   Hidden() {
     posix_spawn_file_actions_init(&Files);
     for (const int file : {0, 1, 2}) {
       posix_spawn_file_actions_addopen(&Files, file, "/dev/null", O_RDWR, 0);
     }
+#ifdef __GLIBC__
+    posix_spawn_file_actions_addclosefrom_np(&Files, kFirstOther);  // it may outlive us
+#endif
     posix_spawnattr_init(&Attributes);
     posix_spawnattr_setflags(&Attributes, POSIX_SPAWN_SETPGROUP);
     posix_spawnattr_setpgroup(&Attributes, 0);

@@ -124,6 +124,30 @@ TEST_F(AnalyzeCommandTest, AnInterruptBreaksTheSolver) {
   EXPECT_THAT(desk.LogLines(), ::testing::Contains(HasSubstr(" Cancel Board: ")));
 }
 
+TEST_F(AnalyzeCommandTest, SettingsThatLeaveResultsOutOfFilesAreTold) {
+  EXPECT_TRUE(desk.Store.Set(kSaveAnalyze, "0"));
+  EXPECT_EQ(desk.Run(Options()), kFailed);
+  EXPECT_THAT(Orders, IsEmpty());
+  EXPECT_EQ(desk.Screen.Errors,
+            "The settings leave results out of files (Save_Analyze); nothing was analysed.\n");
+  EXPECT_FALSE(std::filesystem::exists(desk.Out));
+}
+
+TEST(AnalyzeOptionsTest, OnlyAPbnFileHoldsResults) {
+  const auto errorOf = [](const std::string& out) {
+    const std::vector<std::string> operands{"/in.dup", out};
+    OptionReader given(operands, {});
+    static_cast<void>(ReadAnalyzeOptions(given));
+    return given.Error();
+  };
+  EXPECT_EQ(errorOf("/out.pbn"), "");
+  EXPECT_EQ(errorOf("/out.PBN"), "");
+  EXPECT_EQ(errorOf("/out.txt"), "") << "the save tells that there is no such format";
+  for (const char* out : {"/out.dup", "/out.bri", "/out.dge", "/out.all", "/out.bre", "/out.csv"}) {
+    EXPECT_EQ(errorOf(out), out + std::string(" cannot hold results; a .pbn file can"));
+  }
+}
+
 TEST_F(AnalyzeCommandTest, TheOptionNamesTheSolver) {
   AnalyzeOptions options = Options();
   options.With = analysis::Solver::kDeepFinesse;

@@ -116,6 +116,26 @@ TEST_F(AnalyzeEndToEnd, AStoreThatIsNoTextIsNoCrash) {
   EXPECT_THAT(test::Content(out_), HasSubstr("1d1d11d1d111d1d11d1d"));
 }
 
+TEST_F(AnalyzeEndToEnd, ThroughALinkTheSolverBesideTheProgramIsFound) {
+  std::filesystem::create_symlink(MORVANE_CLI, folder / "link");
+  const Outcome outcome =
+      Process(Analyze(), {.Folder = folder.Path(), .Program = folder / "link"}).Finish();
+  EXPECT_EQ(outcome.Status, 0) << outcome.Err;
+  EXPECT_THAT(test::Content(out_), HasSubstr("1d1d11d1d111d1d11d1d"));
+}
+
+TEST_F(AnalyzeEndToEnd, DeepFinesseIsStartedWhereItsProgramIs) {
+  const Surroundings around = WithSolver("");
+  test::WriteContent(folder / "own/df1", "#!/bin/sh\nexec '" MORVANE_SOLVER "' \"$@\"\n");
+  chmod((folder / "own/df1").c_str(), 0755);
+  const Outcome outcome =
+      Process(Whole({"--yes", "analyze", "evening.pbn", "analysed.pbn", "--solver", "df"}), around)
+          .Finish();
+  EXPECT_EQ(outcome.Status, 0) << outcome.Err;
+  EXPECT_EQ(CountLines("    Deep_Finesse: 1,3 ver: DDS 2.", "s"), 1);
+  EXPECT_THAT(test::Content(out_), HasSubstr("1d1d11d1d111d1d11d1d"));
+}
+
 /// Nothing is lost of what two write at once.
 TEST_F(AnalyzeEndToEnd, AnotherProgramMayWriteTheStoreMeanwhile) {
   constexpr int kMost = 300;

@@ -1,8 +1,10 @@
 #include "platform/system_processes.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
@@ -38,6 +40,11 @@ class SystemProcessesTest : public ::testing::Test {
       if (std::chrono::steady_clock::now() > end) return false;
     }
     return true;
+  }
+  /// Whoever reads there yet ends too.
+  void TearDown() override {
+    const int gate = open((folder / "gate").c_str(), O_WRONLY | O_NONBLOCK);
+    if (gate >= 0) close(gate);
   }
   static bool Ends(ChildProcess& child) {
     return Until([&child] { return !child.Lives(); });
@@ -87,6 +94,19 @@ TEST_F(SystemProcessesTest, ItIsHidden) {
   const std::string ids = found.substr(30);  // of the process and of its group
   const std::string process = ids.substr(0, ids.find(' '));
   EXPECT_EQ(ids, process + " " + process + "\n");
+}
+
+TEST_F(SystemProcessesTest, ItHoldsNoFileOfOurs) {
+  test::WriteContent(folder / "ours", "");
+  const int ours = open((folder / "ours").c_str(), O_RDONLY);  // stays open over a start of others
+  ASSERT_GE(ours, 0);
+  const StartedProcess started =
+      processes.Start({Script("held=$(readlink /proc/$$/fd/*)\necho \"$held\" >found"), {}, {}});
+  close(ours);
+  ASSERT_TRUE(started.Child);
+  ASSERT_TRUE(Ends(*started.Child));
+  EXPECT_THAT(Found(), ::testing::HasSubstr("/dev/null\n"));
+  EXPECT_THAT(Found(), ::testing::Not(::testing::HasSubstr("/ours")));
 }
 
 TEST_F(SystemProcessesTest, ItLivesUntilItEnds) {
