@@ -100,7 +100,7 @@ PokerStage Poker::Stage() const {
   stage.Running = Running() && LastOutcome() == Outcome::kNone;
   stage.Done = done_;
   if (order_.PokerOrderExists) {
-    const bool read = stage.Running ? reading_ : IsEmpty(order_.Current());
+    const bool read = stage.Running ? reading_ : readNext_ || IsEmpty(order_.Current());
     stage.What = read ? PokerStage::Task::kRead : PokerStage::Task::kDeal;
   }
   if (stage.Running) {

@@ -49,7 +49,8 @@ class WindowPictures : public EveryWindow {
     if (window.objectName().startsWith("cd")) return;  // the file dialogs are the toolkit's
     const QString name = NameOf(window);
     if (!taken_.insert(name).second && name != "MainMenu") return;
-    if (window.objectName() == "MainMenu" || window.objectName() == "DealinProg") {
+    if (window.objectName() == "MainMenu" || window.objectName() == "DealinProg" ||
+        window.objectName() == "Poker") {
       window.resize(kRoomy);
     }
     desk.Loop.Pump();
@@ -65,12 +66,19 @@ class WindowPictures : public EveryWindow {
       name +=
           tabs->currentIndex() == 0 ? "" : "_" + tabs->tabText(tabs->currentIndex()).remove('&');
     }
+    if (name == "Poker") return name + PokerState(window);
     if (name != "DealinProg") return name;
     if (window.windowTitle().contains("Reading")) name += "_read";
     if (window.windowTitle().contains("Sorting")) name += "_sort";
     const std::string state = test::TextOf(window, "lblProgress");
     if (state.ends_with("ing ...")) return name + "_busy";
     return state.starts_with("Last") ? name + "_stopped" : name;
+  }
+
+  static QString PokerState(const QWidget& window) {
+    if (test::TextOf(window, "txtStatus") == "Busy") return "_busy";
+    if (test::Enabled(window, "SecondDeal")) return "_carry";
+    return test::Enabled(window, "FirstDeal") ? "" : "_empty";
   }
 
  private:

@@ -14,7 +14,7 @@ namespace {
 
 // The sheet, in units of a pixel at scale 1.
 constexpr QSizeF kSheet{560, 158};
-constexpr qreal kLeastScale = 0.6;
+constexpr qreal kLeastScale = 0.5;
 constexpr qreal kEdge = 6;
 constexpr qreal kHead = 22;  // the height of the names
 constexpr qreal kRow = 64;   // one row of cards below the last

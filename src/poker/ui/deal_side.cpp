@@ -25,10 +25,13 @@ DealSide::DealSide(const Poker& poker, PokerButtons& buttons, QWidget* parent)
       picReq1_(new DealPicture(DealPicture::Part::kShared, this)) {
   Deal_label_->setFont(machine::Enlarged(Deal_label_->font(), kLabelLarger));
   auto* walk = new QHBoxLayout;
-  walk->setSpacing(machine::kRunSpacing);
+  walk->setSpacing(machine::kRunSpacing / 2);
   for (const PokerButton button :
        {PokerButton::First, PokerButton::Prevoius, PokerButton::Nextd, PokerButton::Last}) {
-    walk->addWidget(buttons.Make(button, this));
+    QPushButton* made = buttons.Make(button, this);
+    made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // narrow where the screen is
+    made->setMinimumWidth(fontMetrics().horizontalAdvance("Previous") + 2 * machine::kRunSpacing);
+    walk->addWidget(made);
   }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

@@ -49,6 +49,7 @@ QWidget* PokerWindow::MakeBody() {
   auto* settings = new QWidget(body);
   order_ = new OrderBox(poker_, buttons_, settings);
   test_ = new machine::TestPanel(poker_, settings, "Test");
+  test_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);  // as wide as the order
   auto* column = new QVBoxLayout(settings);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(machine::kRunSpacing);

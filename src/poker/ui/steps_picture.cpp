@@ -11,7 +11,7 @@ namespace {
 
 // The sheet, in units of a pixel at scale 1.
 constexpr QSizeF kSheet{720, 208};
-constexpr qreal kLeastScale = 0.6;
+constexpr qreal kLeastScale = 0.55;
 constexpr QSizeF kStep{170, 60};
 constexpr qreal kStepAcross = (kSheet.width() - kRuns * kStep.width()) / (kRuns - 1);
 constexpr qreal kDot = 38;  // of a step's number

@@ -222,6 +222,8 @@ TEST_F(PokerRunsTest, ReadingFillsTheDealAndBringsToTheNext) {
   Press(Qt::Key_Return);
   EXPECT_EQ(Text("Label1"), "Ready for next read");
   EXPECT_EQ(FocusName(), "ReadNext");
+  EXPECT_EQ(Steps(),
+            "Ready to read. Put the stacked pack into the feeder: Pack, 52 cards, as it lies.");
   EXPECT_TRUE(Enabled("Poker_Save") && Enabled("Poker_Print"));
   desk.AnswerBox(QMessageBox::Ok);
   PressLetter(Qt::Key_X, "ReadNext");

@@ -149,6 +149,18 @@ TEST_P(SmallScreenAtUsualFont, OnlyTheOptionsOfTheRunWindowGiveWay) {
   });
 }
 
+TEST_P(SmallScreenAtUsualFont, OnlyTheOrderOfThePokerWindowGivesWay) {
+  LookAtPoker([this](QWidget& window) {
+    Fit(window);
+    for (const char* name :
+         {"txtStatus", "Label1", "Label3", "lblProgress", "picSteps", "Deal_label", "picReq",
+          "picReq1", "First", "Last", "Number_deals", "FirstDeal", "FourthDeal", "NextDeal",
+          "CancelDeal", "Read", "ReadNext", "cmdExit"}) {
+      EXPECT_TRUE(IsInSight(test::Find<QWidget>(window, name))) << name;
+    }
+  });
+}
+
 TEST_P(SmallScreenAtUsualFont, ALongReportIsReadWithTheKeys) {
   LookAtBoxes([this](QWidget& window) {
     Fit(window);
