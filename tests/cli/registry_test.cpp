@@ -64,7 +64,9 @@ TEST(Registry, ANameOfTwoWordsCallsItsCommandByBoth) {
 }
 
 TEST(Registry, AFirstWordWithoutItsSecondIsToldWhichThereAre) {
-  const std::string known = "; there is poker new, poker show, poker print";
+  const std::string known =
+      "; there is poker new, poker show, poker deal, poker read, "
+      "poker print";
   const std::vector<std::string> one{"poker"};
   EXPECT_EQ(UnknownCommand(one), "unknown command: poker" + known);
   const std::vector<std::string> two{"poker", "nosuch"};
