@@ -9,11 +9,8 @@ namespace morvane::cli {
 namespace {
 
 using test::Content;
-using ::testing::AllOf;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::SizeIs;
 
 /// What the solver does with a board.

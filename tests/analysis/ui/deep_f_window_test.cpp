@@ -16,7 +16,6 @@
 namespace morvane::shell {
 namespace {
 
-using analysis::DeepF;
 using analysis::ScriptedSolver;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;

@@ -20,7 +20,6 @@ namespace {
 using test::QtDesk;
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr int kOkCancel = 1;
