@@ -258,6 +258,7 @@ void DeepF::BreakOff() {
     if (!closed_) DF_Timer2Tick();
   }
   if (closed_) return;
+  if (board_ == 0) board_ = first_;  // nothing has been started yet
   status_ = Status::kCancelled;
   WriteEnd();
   Close();

@@ -223,6 +223,14 @@ TEST(MenuAnalyzeBeside, TheProgramsEndBreaksItOff) {
   EXPECT_EQ(desk.Levels(1), std::string(20, '0'));
 }
 
+TEST(MenuAnalyzeBeside, TheProgramsEndBeforeTheFirstStartNamesTheFirstBoard) {
+  AnalyzeDesk desk("1");
+  desk.Main.MenuAnalyze();
+  desk.Loop.Quit();
+  desk.Main.End();
+  EXPECT_THAT(desk.LogLines().end()[-2], ::testing::EndsWith(" ver: xx.xx  .0s Cancel Board: 1"));
+}
+
 TEST(MenuAnalyzeBeside, TheProgramsEndWaitsASecondForASolverAtMost) {
   AnalyzeDesk desk("1");
   desk.Solver.Script = {{.AfterMs = -1}};
