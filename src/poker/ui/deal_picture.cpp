@@ -32,9 +32,10 @@ int Columns(DealPicture::Part part) {
 /// Of a slot: its number and its card.
 QRectF PlaceOf(DealPicture::Part part, int slot) {
   const int index = slot - FirstSlot(part);
+  const int column = index % Columns(part);
+  const int row = index / Columns(part);
   const qreal width = (kSheet.width() - 2 * kEdge) / Columns(part);
-  return {kEdge + index % Columns(part) * width,
-          kEdge + kHead + static_cast<qreal>(index / Columns(part)) * kRow, width, kRow};
+  return {kEdge + column * width, kEdge + kHead + row * kRow, width, kRow};
 }
 
 QRectF CardOf(const QRectF& place) {

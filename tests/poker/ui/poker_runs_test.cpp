@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include "poker/ui/poker_desk.h"
 #include "poker/ui/steps_picture.h"
@@ -101,6 +102,19 @@ TEST_F(PokerRunsTest, KeysInARunStartAndBreakNothing) {
   }
   Press(Qt::Key_Return);
   EXPECT_EQ(FocusName(), "SecondDeal");
+  EXPECT_EQ(poker.Stage().Done, 1);
+}
+
+TEST_F(PokerRunsTest, AKeyThatWasMeantForExitDoesNotBreakARunOfThePedal) {
+  Order();
+  Focus("cmdExit");
+  MeanwhileAt(kMidRun, [this] {
+    EXPECT_EQ(FocusName(), "");
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Return);
+  });
+  PressPedal();
+  desk.Loop.WaitMs(200);
   EXPECT_EQ(poker.Stage().Done, 1);
 }
 
