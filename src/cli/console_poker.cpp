@@ -58,10 +58,11 @@ void ConsolePoker::Note(bool ok) {
 }
 
 std::string ConsolePoker::Verdict() const {
-  const auto deal = static_cast<std::size_t>(request_.Order.CurrentDeal + report_.DealsDone);
-  const bool dealt = request_.Order.PokerDeals[deal][1] != 0;
+  const int number = request_.Order.CurrentDeal + report_.DealsDone;
+  const poker::PokerDeal& deal = request_.Order.PokerDeals[static_cast<std::size_t>(number)];
+  const bool dealt = deal[1] != 0;
   if (!dealt || !side_.Stacked) return "";
-  const bool right = side_.Stacked() == request_.Order.PokerDeals[deal];
+  const bool right = side_.Stacked() == deal;
   if (!right) ++report_.DealsWrong;
   return right ? "   stacked right" : "   stacked WRONG";
 }

@@ -44,8 +44,8 @@ std::string Heads() {
   }
   line.append(kBetween, ' ');
   for (const poker::SlotGroup& group : poker::SharedCards) {
-    const auto slots = static_cast<std::size_t>(group.Last - group.First + 1);
-    line += Padded(std::string(group.Name), slots * kCard);
+    const int slots = group.Last - group.First + 1;
+    line += Padded(std::string(group.Name), static_cast<std::size_t>(slots) * kCard);
   }
   return Ended(line);
 }
