@@ -44,6 +44,9 @@ void MachineRun::Open(RunView& view) {
   machine.Link.MachineLatchOn();
   machine.BoxInTicks = 0;
   machine.BoxOutTicks = 0;
+  // What a window whose link was lost has left behind.
+  machine.Link.CommErrorCount = 0;
+  machine.PollLock = false;
   parts_.Prog.Log.WriteTime(Words().Log);
   Timer3d_ = parts_.Prog.Loop.StartTimer(kFirstContactMs, [this] { FirstContact(); });
   ShowAll();
@@ -68,7 +71,7 @@ void MachineRun::FirstContact() {
       return;
     case Contact::kMade:
       if (!GatePasses()) return;
-      parts_.Options.ApplySilentGates();
+      parts_.Options.ApplySilentGates(kind_);
       parts_.View->ShowControls();
       StartPolling();
   }

@@ -12,9 +12,11 @@ void RunOptions::Load() {
   MachineKnown = false;
 }
 
-void RunOptions::ApplySilentGates() {
-  if (Check_board && (!Passes(machine_, kCheckBoardOpenGate) ||
-                      !machine_.HasHardware(IdentityReply::kBoardNumberReader))) {
+void RunOptions::ApplySilentGates(RunKind kind) {
+  const bool boards = kind != RunKind::kPoker;
+  if (boards && Check_board &&
+      (!Passes(machine_, kCheckBoardOpenGate) ||
+       !machine_.HasHardware(IdentityReply::kBoardNumberReader))) {
     Check_board = false;
     Store(kCheckBoard, 0);
   }

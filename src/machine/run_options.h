@@ -5,6 +5,7 @@
 #include "machine/card_settings.h"
 #include "machine/gates.h"
 #include "machine/machine.h"
+#include "machine/run_kind.h"
 #include "program/program.h"
 
 namespace morvane::machine {
@@ -26,8 +27,9 @@ class RunOptions {
 
   /// From the store, before the machine is known.
   void Load();
-  /// The machine is known now: switches off what it cannot do, without a word.
-  void ApplySilentGates();
+  /// The machine is known now: switches off what it cannot do of what a run of `kind` uses, without
+  /// a word.
+  void ApplySilentGates(RunKind kind);
   /// Whether the cards can be dealt; the operator has been told if not.
   [[nodiscard]] bool StartGatesPass();
 
