@@ -108,7 +108,7 @@ PokerStage Poker::Stage() const {
     for (const std::int16_t count : counts) stage.Fallen += count;
     stage.Count = CardsOfRun();
     stage.Seconds = Cards().Seconds();
-  } else if (!BetweenDeals()) {
+  } else if (!BetweenDeals() && !Running()) {  // a run that winds up may still fail
     stage.Carried = plan_.Carried(done_);
     stage.Staying = kCards - stage.Carried[0] - stage.Carried[1] - stage.Carried[2];
   }
@@ -207,7 +207,13 @@ void Poker::Generate() {
 void Poker::Load() {
   Apart([this] {
     if (!MayDiscard("    Discard current order and load new one?    ")) return;
-    if (LoadPokerOrder(parts_.Prog, order_)) Take(PokerOrder(order_));
+    const auto before = order_.PokerDeals;
+    if (LoadPokerOrder(parts_.Prog, order_)) {
+      Take(PokerOrder(order_));
+    } else if (order_.PokerOrderExists && order_.PokerDeals != before) {
+      StandAfresh();  // before deals that a faulty file has put in place of others
+      printable_ = true;
+    }
   });
   parts_.View->FocusNext();
 }
@@ -238,9 +244,11 @@ void Poker::Stand(int done, const char* label) {
 
 void Poker::WalkTo(int deal) {
   order_.CurrentDeal = static_cast<std::int16_t>(deal);
-  Stand(0, IsEmpty(order_.Current()) ? kReadyForRead : kReadyForRun);
+  StandAfresh();
   ShowAll();
 }
+
+void Poker::StandAfresh() { Stand(0, IsEmpty(order_.Current()) ? kReadyForRead : kReadyForRun); }
 
 void Poker::Cancel() {
   Stand(0, kReadyForRun);
@@ -319,8 +327,8 @@ machine::DialogAnswer Poker::AnswerToFault() {
 
 void Poker::Finish(RunEnd end) {
   if (end != RunEnd::kDone) {
-    if (end == RunEnd::kIncomplete && !broken_ && !parts_.Run.Leaving()) TellIncomplete();
     Stand(0, kReadyForRun);
+    if (end == RunEnd::kIncomplete && !broken_ && !parts_.Run.Leaving()) TellIncomplete();
   } else if (reading_) {
     FinishReading();
   } else {
@@ -332,6 +340,7 @@ void Poker::FinishRun() {
   plan_.Rebuild(parts_.Run.CardLog, CardsOfRun());
   const int run = done_ + 1;
   if (run == PilePlan::kRuns && AtLastDeal()) {
+    done_ = run;
     FinishOrder("   All Deals was successfully dealt    ");
     return;
   }
@@ -366,6 +375,7 @@ void Poker::FinishOrder(const char* text) {
 }
 
 void Poker::TellIncomplete() {
+  ShowAll();
   const std::string cards = reading_ ? "" : CardsNotSeen();
   const std::string what =
       cards.empty() ? "      The machine has not counted the cards of this run as it should.      "

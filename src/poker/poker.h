@@ -5,9 +5,9 @@
 
 #include "machine/machine_run.h"
 #include "poker/pile_plan.h"
+#include "poker/poker_dialog.h"
 #include "poker/poker_order.h"
 #include "poker/poker_stage.h"
-#include "poker/poker_dialog.h"
 
 namespace morvane::poker {
 
@@ -62,6 +62,7 @@ class Poker final : public machine::MachineRun {
   [[nodiscard]] bool MayDiscard(const char* question);
   void Start(const PokerOrder& order, const char* label);
   void Stand(int done, const char* label);
+  void StandAfresh();
   void WalkTo(int deal);
   void Cancel();
 
