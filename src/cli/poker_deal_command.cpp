@@ -4,6 +4,7 @@
 
 #include "cli/machine_side.h"
 #include "cli/order_job.h"
+#include "poker/deal_checks.h"
 
 namespace morvane::cli {
 namespace {
@@ -16,12 +17,21 @@ bool AreInOrder(Workplace& place, const poker::PokerOrder& order, int from, int 
   return false;
 }
 
-/// Reading is the command beside this one.
-bool AreFull(Workplace& place, const poker::PokerOrder& order, int from, int to) {
+bool CanBeStacked(Workplace& place, const poker::PokerOrder& order, int number) {
+  const poker::PokerDeal& deal = order.PokerDeals[static_cast<std::size_t>(number)];
+  const std::string fault = poker::WhyNotStacked(deal);
+  if (fault.empty()) return true;
+  const std::string name = "Deal " + std::to_string(number) + " of " + order.Poker_File;
+  const bool empty = poker::IsEmpty(deal);  // reading it is the command beside this one
+  place.Screen.Error(name + (empty ? " is empty.\n" : " cannot be stacked.\n"));
+  if (!empty) place.Prog.ShowMessage(fault, kOkExclamation, "Poker Dealing");
+  return false;
+}
+
+/// Before the first is begun; the operator has been told if not.
+bool CanAllBeStacked(Workplace& place, const poker::PokerOrder& order, int from, int to) {
   for (int deal = from; deal <= to; ++deal) {
-    if (order.PokerDeals[static_cast<std::size_t>(deal)][1] != 0) continue;
-    place.Screen.Error("Deal " + std::to_string(deal) + " of " + order.Poker_File + " is empty.\n");
-    return false;
+    if (!CanBeStacked(place, order, deal)) return false;
   }
   return true;
 }
@@ -59,8 +69,8 @@ ExitStatus PokerDeal(Job& job, const PokerDealOptions& options) {
   if (!LoadOrder(job, options.In, request.Order)) return kFailed;
   const int from = options.From.value_or(1);
   const int to = options.To.value_or(request.Order.PokerDealCount);
-  if (!AreInOrder(place, request.Order, from, to) || !AreFull(place, request.Order, from, to) ||
-      !CanBeStarted(place, request)) {
+  if (!AreInOrder(place, request.Order, from, to) ||
+      !CanAllBeStacked(place, request.Order, from, to) || !CanBeStarted(place, request)) {
     return kFailed;
   }
   request.Order.CurrentDeal = static_cast<std::int16_t>(from);
