@@ -193,9 +193,9 @@ void MachineRun::RunCards() {
   parts_.Run.Prepare();
   const RunEnd end = RunOnce();
   outcome_ = end == RunEnd::kDone ? Outcome::kDone : Outcome::kStopped;
+  Note(end);
   if (end == RunEnd::kLinkLost) LoseLink();
   parts_.Prog.Log.WriteLine("  " + LogHead() + parts_.Run.RunLogLine);
-  Note(end);
   Finish(end);
   if (end != RunEnd::kLinkLost && end != RunEnd::kGivenUp) WindUp();
   EndRun();

@@ -11,6 +11,7 @@ namespace {
 
 using ::testing::Each;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 /// A folder with an order of three deals, and the simulated machine.
@@ -92,6 +93,33 @@ TEST(PokerDealCommand, EndingTheProgramBreaksTheRunAndFailsAlsoUnderYes) {
   EXPECT_EQ(desk.Run(PokerDealOptions{.In = desk.Pkr, .Auto = true, .Yes = true}), kFailed);
   EXPECT_THAT(desk.Screen.Output, HasSubstr("0 of 3 deals stacked."));
   EXPECT_FALSE(desk.Machine.Busy());
+}
+
+TEST(PokerDealCommand, ALinkLostInTheFirstRunOrTheThirdIsNotedOfThatRun) {
+  for (const auto& [run, cards] : {std::pair{1, 10}, {3, 90}}) {
+    Desk desk;
+    int busy = 0;
+    desk.Loop.OnPump = [&, after = cards] {
+      if (desk.Machine.Busy() && ++busy == after) desk.Machine.PowerOff();
+    };
+    EXPECT_EQ(desk.Run(PokerDealOptions{.In = desk.Pkr, .Auto = true}), kFailed);
+    EXPECT_THAT(desk.Screen.Errors, HasSubstr("Lost Communication with Morvane"));
+    EXPECT_THAT(desk.Screen.Output, HasSubstr("\nDeal 1, run " + std::to_string(run) + "  "));
+    EXPECT_THAT(desk.Screen.Output, ::testing::EndsWith(" s  stopped\n0 of 3 deals stacked.\n"));
+    EXPECT_THAT(desk.Screen.Output,
+                Not(HasSubstr("Deal 1, run " + std::to_string(run + 1) + "  ")));
+  }
+}
+
+TEST(PokerDealCommand, ADealThatCannotBeStackedIsToldBeforeTheFirst) {
+  Desk desk;
+  desk.Order.PokerDeals[3][17] = 0;
+  desk.Write();
+  EXPECT_EQ(desk.Run(PokerDealOptions{.In = desk.Pkr, .Auto = true}), kFailed);
+  EXPECT_THAT(desk.Screen.Errors, StartsWith("Deal 3 of evening.pkr cannot be stacked.\n"));
+  EXPECT_THAT(desk.Screen.Errors, HasSubstr("Slot 17 of this deal is empty."));
+  EXPECT_EQ(desk.Screen.Output, "");
+  EXPECT_EQ(desk.Run(PokerDealOptions{.In = desk.Pkr, .To = 2, .Auto = true}), kDone);
 }
 
 TEST(PokerDealCommand, WithNobodyThereTheSimulatedMachineNeedsAuto) {
