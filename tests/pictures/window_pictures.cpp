@@ -99,6 +99,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "Usage: window_pictures FOLDER\n");
     return 2;
   }
-  morvane::shell::Folder() = QDir(argv[1]);
+  // An analysis changes the working folder.
+  morvane::shell::Folder() = QDir(argv[1]).absolutePath();
   return RUN_ALL_TESTS();
 }
