@@ -29,6 +29,7 @@ enum class PokerButton : std::uint8_t {
   Read,
   ReadNext,
 };
+
 class PokerDialog {
  public:
   virtual ~PokerDialog() = default;

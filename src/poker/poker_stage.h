@@ -8,7 +8,7 @@ namespace morvane::poker {
 struct PokerStage {
   /// What is to be done, or is being done.
   enum class Task {
-    kNothing,  ///< no order, or no machine yet
+    kNothing,  ///< no order yet
     kDeal,     ///< the next run of the four
     kRead,
   };

@@ -23,6 +23,7 @@ class PokerMishaps : public PokerDesk {
   void Silence() {
     Damage = [](int, const Bytes&) { return Bytes{}; };
   }
+  [[nodiscard]] bool GoesOn() const { return bridge.Sent.back()[1] == 1; }
   /// The stage as each box found it.
   std::vector<PokerStage> stages;
   void NoteStages() {
@@ -187,6 +188,39 @@ TEST_F(PokerMishaps, ContinueGoesOnOnceThePilesAreInTheEmptyFeeder) {
   EXPECT_EQ(Stacked(), poker.Order().PokerDeals[1]);
 }
 
+// Each may fail once; the second time in a row the link is lost.
+TEST_F(PokerMishaps, TheProbeOfACancelledRunAndTheStartThatGoesOnMayFailOnce) {
+  for (const int code : {0x1A, 0x98}) {
+    for (const int times : {1, 2}) {
+      SCOPED_TRACE(std::to_string(code) + " times " + std::to_string(times));
+      Poker other(desk.Prog, machine, memory);
+      machine.Link.UsbHandle = 7;
+      desk.Ui.Boxes.clear();
+      other.Open(view);
+      desk.Loop.WaitMs(Poker::kFirstContactMs);
+      PokerOrder order = EmptyOrder(1);
+      FillAtRandom(order, desk.Random);
+      other.Take(order);
+      other.Press(Button::FirstDeal);
+      view.Answers = {code == 0x1A ? Cancel : Continue};
+      sim.CarryNext(simulator::Carry::kNothing);
+      int harmed = 0;
+      Damage = [&](int, const Bytes& wire) {
+        const bool hit = bridge.Sent.back()[0] == code && (code == 0x1A || GoesOn());
+        return hit && ++harmed <= times ? Bytes{} : wire;
+      };
+      other.Press(Button::SecondDeal);
+      Damage = nullptr;
+      EXPECT_EQ(harmed, 2) << "it is sent again, once";
+      EXPECT_EQ(other.Closed(), times == 2);
+      EXPECT_EQ(LastBox(), times == 2 ? kLost : "");
+      EXPECT_EQ(other.IsOn(Button::FirstDeal), times == 1 && code == 0x1A);
+      EXPECT_EQ(other.IsOn(Button::ThirdDeal), times == 1 && code == 0x98);
+      other.Exit();
+    }
+  }
+}
+
 TEST_F(PokerMishaps, ALinkLostInTheErrorDialogIsToldAndClosesTheWindow) {
   ContactWithOrder(1);
   RunTo(1);
@@ -211,6 +245,21 @@ TEST_F(PokerMishaps, TheEndOfTheProgramInTheErrorDialogCancelsAndCloses) {
   EXPECT_FALSE(machine.Link.IsOpen());
   EXPECT_EQ(LastLine(), "  Poker: Deal 1, run 2 62");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(PokerMishaps, AMachineThatDoesNotAnswerClosesTheWindowBehindABoxThatIsOpen) {
+  Silence();
+  poker.Open(view);
+  bool first = true;
+  desk.Ui.OnBox = [&] {
+    if (std::exchange(first, false)) desk.Loop.WaitMs(3000);
+  };
+  poker.Number_deals = "0";
+  poker.Press(Button::Generate);
+  EXPECT_TRUE(poker.Closed());
+  EXPECT_EQ(view.Closings, 1);
+  EXPECT_THAT(ButtonsOn(), IsEmpty());
+  EXPECT_FALSE(machine.PollLock) << "no other window is kept from polling";
 }
 
 TEST_F(PokerMishaps, BehindALostLinkTheNextWindowBeginsAfresh) {
