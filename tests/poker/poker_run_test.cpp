@@ -338,18 +338,6 @@ TEST_F(PokerRuns, TheCloseBoxBreaksEachRunAndTheWindowStaysWithItsOrder) {
   EXPECT_EQ(poker.Order().Current(), deal);
 }
 
-TEST_F(PokerRuns, PressedAgainTheCloseBoxLeaves) {
-  ContactWithOrder(1);
-  sim.PressPedal();
-  int polls = 0;
-  OnCommand = [&](const Bytes& plain) {
-    if (plain[0] == 0x19 && (++polls == 10 || polls == 11)) poker.CloseBox();
-  };
-  Press(Button::FirstDeal);
-  EXPECT_TRUE(poker.Closed());
-  EXPECT_EQ(view.Closings, 1);
-}
-
 class InEachRun : public PokerDesk, public ::testing::WithParamInterface<int> {};
 
 TEST_P(InEachRun, TheEndOfTheProgramBreaksAndCloses) {
@@ -363,6 +351,19 @@ TEST_P(InEachRun, TheEndOfTheProgramBreaksAndCloses) {
   EXPECT_TRUE(poker.Closed());
   EXPECT_FALSE(sim.Busy());
   EXPECT_THAT(view.Errors, IsEmpty());
+}
+
+TEST_P(InEachRun, PressedAgainTheCloseBoxLeaves) {
+  ContactWithOrder(1);
+  RunTo(GetParam() - 1);
+  sim.PressPedal();
+  int polls = 0;
+  OnCommand = [&](const Bytes& plain) {
+    if (plain[0] == 0x19 && (++polls == 10 || polls == 11)) poker.CloseBox();
+  };
+  Press(ButtonOfRun(GetParam()));
+  EXPECT_TRUE(poker.Closed());
+  EXPECT_EQ(view.Closings, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, InEachRun, ::testing::Range(1, 5));
