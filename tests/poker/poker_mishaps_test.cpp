@@ -11,7 +11,6 @@ namespace {
 using machine::Cancel;
 using machine::Continue;
 using test::Bytes;
-using ::testing::Contains;
 using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
