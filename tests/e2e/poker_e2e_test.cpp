@@ -54,9 +54,9 @@ TEST_F(PokerEndToEnd, PacksAreReadIntoAnOrderOfTheirOwn) {
 
 TEST_F(PokerEndToEnd, AnInterruptBreaksTheRunAndEndsSoonAlsoUnderYes) {
   ASSERT_EQ(Run({"poker", "new", "evening.pkr"}).Status, 0);
-  Process process(Whole({"--machine", "simulated,speed=1", "--yes", "poker", "deal", "evening.pkr",
-                         "--auto"}),
-                  Around());
+  Process process(
+      Whole({"--machine", "simulated,speed=1", "--yes", "poker", "deal", "evening.pkr", "--auto"}),
+      Around());
   ASSERT_TRUE(process.Until([&] { return CountLines("  S/N:") == 1; }));
   process.Signal(SIGINT);
   const Outcome outcome = process.Finish();
