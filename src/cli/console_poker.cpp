@@ -48,7 +48,7 @@ void ConsolePoker::Note(bool ok) {
   std::string line = entry.What + "  " + FixedPoint(run_.Cards().Seconds(), 1) + " s  ";
   line += ok ? "OK" : "stopped";
   report_.Order = run_.Order();
-  const bool dealEnds = ok && run_.Stage().Done % poker::PilePlan::kRuns == 0;
+  const bool dealEnds = ok && run_.Stage().Done % poker::kRuns == 0;
   if (dealEnds) line += Verdict();
   if (dealEnds) ++report_.DealsDone;
   terminal_.Out(line + "\n");

@@ -34,7 +34,7 @@ std::span<const std::uint8_t> Fed(const PilePlan::LongPile& feeder, int run) {
 std::size_t PocketOfSlot(int run, int slot) {
   constexpr std::array kByDigit{kInEast, kInWest, kInSouth};
   constexpr std::array kStep{1, 3, 9};
-  if (run == PilePlan::kRuns || slot == 0) return kInNorth;
+  if (run == kRuns || slot == 0) return kInNorth;
   // One slot more than three digits can tell apart: it goes ahead of the others.
   if (slot == kSlots && run > 1) return kInNorth;
   const int digit = (slot - 1) / kStep[static_cast<std::size_t>(run) - 1] % 3;

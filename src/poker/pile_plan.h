@@ -15,7 +15,6 @@ namespace morvane::poker {
 /// numbers are the machine's, 1..55; 0 = none.
 class PilePlan {
  public:
-  static constexpr int kRuns = 4;
   static constexpr std::uint8_t kNotExpected = 127;
   /// [place 1..]: the newest card first; element 0 is unused.
   using LongPile = std::array<std::uint8_t, 56>;

@@ -27,7 +27,7 @@ struct RunTexts {
   const char* Done;
   const char* Next;
 };
-constexpr std::array<RunTexts, PilePlan::kRuns> kTexts{{
+constexpr std::array<RunTexts, kRuns> kTexts{{
     {" First Run running...", " First Run done. Put cards from EWS back to the feeder.",
      " E on the top , S on the bottom.  Start second run"},
     {" Second Run running...", " Second run done. Put cards from EWS back to the feeder.",
@@ -78,7 +78,7 @@ bool Poker::RunIsOn(PokerButton button) const {
     case PokerButton::FirstDeal:
       return done_ == 0 && !IsEmpty(order_.Current());
     case PokerButton::NextDeal:
-      return done_ == PilePlan::kRuns && !AtLastDeal();
+      return done_ == kRuns && !AtLastDeal();
     case PokerButton::CancelDeal:
       return !BetweenDeals();
     default:  // the second run to the fourth
@@ -339,12 +339,12 @@ void Poker::Finish(RunEnd end) {
 void Poker::FinishRun() {
   plan_.Rebuild(parts_.Run.CardLog, CardsOfRun());
   const int run = done_ + 1;
-  if (run == PilePlan::kRuns && AtLastDeal()) {
+  if (run == kRuns && AtLastDeal()) {
     done_ = run;
     FinishOrder("   All Deals was successfully dealt    ");
     return;
   }
-  if (run < PilePlan::kRuns) plan_.Gather(run);
+  if (run < kRuns) plan_.Gather(run);
   Stand(run, TextsOf(run).Done);
   label3_ = TextsOf(run).Next;
 }

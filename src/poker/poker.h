@@ -53,7 +53,7 @@ class Poker final : public machine::MachineRun {
   [[nodiscard]] std::string Name() const override;
 
   [[nodiscard]] bool RunIsOn(PokerButton button) const;
-  [[nodiscard]] bool BetweenDeals() const { return done_ == 0 || done_ == PilePlan::kRuns; }
+  [[nodiscard]] bool BetweenDeals() const { return done_ == 0 || done_ == kRuns; }
   [[nodiscard]] bool AtLastDeal() const { return order_.CurrentDeal >= order_.PokerDealCount; }
 
   void Apart(const std::function<void()>& work);

@@ -9,6 +9,7 @@ namespace morvane::poker {
 
 inline constexpr int kMostDeals = 100;
 inline constexpr int kSlots = 28;
+inline constexpr int kRuns = 4;  ///< of cards through the machine, that stack a deal
 
 /// The cards that lie prepared on the pack: [slot 1..28] is a machine card 1..55, 0 = empty; slot 1
 /// is the top card. Element 0 is unused.

@@ -3,13 +3,14 @@
 #include <array>
 #include <numeric>
 
+#include "model/tables.h"
+
 namespace morvane::poker {
 namespace {
 
 constexpr std::array<std::string_view, kRuns + 1> kRunNames{"", "First Run", "Second Run",
                                                             "Third Run", "Fourth Run"};
 constexpr std::array<std::string_view, 4> kStateWords{"to come", "next", "running", "done"};
-constexpr int kPack = 52;
 
 bool IsCarried(const PokerStage& stage) {
   return std::accumulate(stage.Carried.begin(), stage.Carried.end(), 0) > 0;
@@ -70,14 +71,14 @@ PilePicture PicturePiles(const PokerStage& stage) {
   if (stage.Running) return {};
   switch (stage.What) {
     case PokerStage::Task::kRead:
-      return {"Put the stacked pack into the feeder", {{"Pack", kPack, "as it lies"}}, {}};
+      return {"Put the stacked pack into the feeder", {{"Pack", kCards, "as it lies"}}, {}};
     case PokerStage::Task::kDeal:
       if (IsCarried(stage)) return CarryPicture(stage);
-      if (stage.Done == 0) return {"Put a whole pack into the feeder", {{"Pack", kPack, ""}}, {}};
+      if (stage.Done == 0) return {"Put a whole pack into the feeder", {{"Pack", kCards, ""}}, {}};
       if (stage.Done == kRuns) {
         return {"Take the stacked pack, put in the next one",
-                {{"Pack", kPack, "the next"}},
-                {{"North", kPack, "take it"}}};
+                {{"Pack", kCards, "the next"}},
+                {{"North", kCards, "take it"}}};
       }
       return {};
     default:

@@ -5,11 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "poker/poker_order.h"
 #include "poker/poker_stage.h"
 
 namespace morvane::poker {
-
-inline constexpr int kRuns = 4;
 
 /// How one of the four runs of a deal stands.
 enum class StepState : std::uint8_t { kToCome, kNext, kRunning, kDone };

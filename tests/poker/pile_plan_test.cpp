@@ -192,7 +192,7 @@ TEST(PilePlan, AThousandShuffledPacksAreStackedInTheirOrder) {
     piles.Feeder = PackFromTwoOfSpades();
     std::shuffle(piles.Feeder.begin(), piles.Feeder.end(), random);
     PilePlan plan;
-    for (int run = 1; run <= PilePlan::kRuns; ++run) {
+    for (int run = 1; run <= kRuns; ++run) {
       plan.Begin(run, deal);
       const Cards fed = piles.Deal(plan);
       ASSERT_EQ(fed.size(), static_cast<std::size_t>(PilePlan::CardsOfRun(run)));
@@ -202,7 +202,7 @@ TEST(PilePlan, AThousandShuffledPacksAreStackedInTheirOrder) {
         }
       }
       plan.Rebuild(LogOf(fed), PilePlan::CardsOfRun(run));
-      if (run < PilePlan::kRuns) plan.Gather(run);
+      if (run < kRuns) plan.Gather(run);
       piles.CarryBack();
     }
     const Cards& stack = piles.Pocket[4];
