@@ -7,10 +7,10 @@
 #include <chrono>
 #include <cstdio>
 
+#include "bench/dealt_set.h"
 #include "bench/options.h"
 #include "e2e/process.h"
 #include "files/pbn_writer.h"
-#include "generate/number_dealer.h"
 #include "solver/dds_table.h"
 #include "support/fakes.h"
 
@@ -18,21 +18,6 @@ namespace morvane::bench {
 namespace {
 
 constexpr double kWantedMs = 150;
-
-BoardSet RandomBoards(int count) {
-  BoardSet set;
-  set.Clear();
-  generate::NumberDealer dealer;
-  dealer.Seedo = {1, 2, 3, 4, 5};
-  set.FirstBoard = 1;
-  set.LastBoard = static_cast<std::int16_t>(count);
-  for (int n = 1; n <= count; ++n) {
-    Board board;
-    dealer.NextNumberDeal(board);
-    set.At(n) = NumberedBoard(n, board);
-  }
-  return set;
-}
 
 template <typename Work>
 double Milliseconds(Work work) {

@@ -18,4 +18,12 @@ inline void DealSet(BoardSet& set, int last) {
   }
 }
 
+/// The same as a set of their own.
+inline BoardSet RandomBoards(int count) {
+  BoardSet set;
+  set.Clear();
+  DealSet(set, count);
+  return set;
+}
+
 }  // namespace morvane::bench

@@ -34,13 +34,6 @@ namespace {
 constexpr double kWantedPerCent = 1;
 constexpr int kLookMs = 100;
 
-BoardSet RandomBoards(int count) {
-  BoardSet set;
-  set.Clear();
-  DealSet(set, count);
-  return set;
-}
-
 /// What both programs have from the system, and the line to the machine.
 struct Parts {
   explicit Parts(const std::string& path) : Serial(path) {}
