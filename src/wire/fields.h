@@ -82,6 +82,43 @@ struct NumberRow {
   }
 };
 
+/// A number of two bytes, least significant byte first, as the machine sends what it measures.
+template <typename F>
+struct MeasureRow {
+  std::size_t At;
+  std::uint16_t F::*Member;
+  void Put(const F& fields, Frame& frame) const {
+    frame[At] = static_cast<std::uint8_t>(fields.*Member);
+    frame[At + 1] = static_cast<std::uint8_t>(fields.*Member >> 8U);
+  }
+  void Get(const Frame& frame, F& fields) const {
+    fields.*Member = static_cast<std::uint16_t>(frame[At] | frame[At + 1] << 8U);
+  }
+};
+
+/// An array of numbers, each as `NumberRow`.
+template <typename F, typename T, std::size_t N>
+struct NumbersRow {
+  struct One {
+    T Value;
+  };
+  std::size_t At;
+  std::array<T, N> F::*Member;
+  void Put(const F& fields, Frame& frame) const {
+    for (std::size_t i = 0; i < N; ++i) Row(i).Put({(fields.*Member)[i]}, frame);
+  }
+  void Get(const Frame& frame, F& fields) const {
+    for (std::size_t i = 0; i < N; ++i) {
+      One one{};
+      Row(i).Get(frame, one);
+      (fields.*Member)[i] = one.Value;
+    }
+  }
+  [[nodiscard]] NumberRow<One, T> Row(std::size_t i) const {
+    return {At + i * sizeof(T), &One::Value};
+  }
+};
+
 /// The elements of an array from `First` on, a byte each, of which only the bits of `Mask` count.
 template <typename F, std::size_t N>
 struct ArrayRow {
@@ -153,6 +190,18 @@ struct ZerosRow {
   void Get(const Frame& /*frame*/, F& /*fields*/) const {}
 };
 
+/// A byte that is always the same.
+struct ConstantRow {
+  std::size_t At;
+  std::uint8_t Value;
+  template <typename F>
+  void Put(const F& /*fields*/, Frame& frame) const {
+    frame[At] = Value;
+  }
+  template <typename F>
+  void Get(const Frame& /*frame*/, F& /*fields*/) const {}
+};
+
 /// The rows of a part that several frames have in common.
 template <typename F, typename P>
 struct PartRow {
@@ -183,6 +232,14 @@ template <typename F, typename T>
 constexpr NumberRow<F, T> Number(std::size_t at, T F::*member) {
   return {at, member};
 }
+template <typename F>
+constexpr MeasureRow<F> Measure(std::size_t at, std::uint16_t F::*member) {
+  return {at, member};
+}
+template <typename F, typename T, std::size_t N>
+constexpr NumbersRow<F, T, N> Numbers(std::size_t at, std::array<T, N> F::*member) {
+  return {at, member};
+}
 template <typename F, std::size_t N>
 constexpr ArrayRow<F, N> Array(std::size_t at, std::array<std::uint8_t, N> F::*member,
                                std::size_t first = 0, std::uint8_t mask = 0xFF) {
@@ -202,6 +259,7 @@ constexpr TableRow<F, N> FromTable(std::size_t at, const std::array<std::uint8_t
   return {at, table, member};
 }
 constexpr ZerosRow Zeros(std::size_t at, std::size_t count = 1) { return {at, count}; }
+constexpr ConstantRow Always(std::size_t at, std::uint8_t value) { return {at, value}; }
 template <typename F, typename P>
 constexpr PartRow<F, P> Part(P F::*member) {
   return {member};

@@ -4,8 +4,7 @@
 
 #include "text/text.h"
 #include "wire/board_labels.h"
-#include "wire/commands.h"
-#include "wire/replies.h"
+#include "wire/service_commands.h"
 
 namespace morvane::wire {
 namespace {
@@ -51,6 +50,15 @@ std::string OfSensor(const Frame& command) {
   return selector == SensorCommand::kBoardLabel ? " label" : " " + std::to_string(selector);
 }
 
+std::string OfSubCode(const Frame& command) {
+  return " " + std::to_string(Get<ReadParametersCommand<VideoBlock>>(command).SubCode);
+}
+
+std::string OfOutputs(const Frame& command) {
+  const auto outputs = Get<OutputsCommand>(command);
+  return " 0x" + Hex(outputs.Outputs) + (outputs.Feed ? " feed" : "");
+}
+
 std::string StateText(std::uint8_t state) {
   if (state == StatusReply::kIdle) return "idle";
   return state > StatusReply::kLastError ? "busy" : "code " + std::to_string(state);
@@ -84,12 +92,47 @@ std::string OfValue(const Frame& reply) {
   return ": " + std::to_string(Get<CounterReply>(reply).Value);
 }
 
-std::string OfLabel(const Frame& reply) {
-  const auto sensor = Get<SensorReply>(reply);
-  std::string raw = ": 0x" + Hex(sensor.Value);
-  const int board = BoardLabelTable[sensor.Value];
-  if (sensor.Selector != SensorCommand::kBoardLabel || board == 0) return raw;
-  return raw + ", board " + std::to_string(board);
+std::string OfLabel(const LabelReply& sensor) {
+  const int board = BoardLabelTable[sensor.Label];
+  return "0x" + Hex(sensor.Label) + (board != 0 ? ", board " + std::to_string(board) : "");
+}
+
+std::string OfMotors(const MotorReply& motors) {
+  return std::to_string(MotorReply::kStill - motors.First) + " " +
+         std::to_string(MotorReply::kStill - motors.Second);
+}
+
+std::string OfClimate(const ClimateReply& climate) {
+  return std::to_string(climate.Temperature) + " " + std::to_string(climate.Supply);
+}
+
+std::string OfStatusFrame(const Frame& reply) {
+  const auto head = Get<SpareSensorReply>(reply).Head;
+  const std::string flip = head.FlipPlate ? ", flip plate" : "";
+  switch (head.Selector) {
+    case kMotors1And2.Selector:
+    case kMotors3And4.Selector:
+      return ": motors " + OfMotors(Get<MotorReply>(reply)) + flip;
+    case kClimate.Selector:
+      return ": climate " + OfClimate(Get<ClimateReply>(reply)) + flip;
+    case kLabelSensor.Selector:
+      return ": " + OfLabel(Get<LabelReply>(reply)) + flip;
+    default:
+      return ": " + std::to_string(head.Selector) + flip;
+  }
+}
+
+std::string OfPhotos(const Frame& reply) {
+  const auto photos = Get<PhotoReply>(reply);
+  std::string text = ":";
+  for (std::size_t sensor = 1; sensor < photos.Photo.size(); ++sensor) {
+    text += " " + std::to_string(photos.Photo[sensor]);
+  }
+  return text + ", switches 0x" + Hex(photos.Switches);
+}
+
+std::string OfBlock(const Frame& reply) {
+  return " " + std::to_string(Get<ParametersReply<VideoBlock>>(reply).SubCode);
 }
 
 struct Row {
@@ -98,7 +141,14 @@ struct Row {
   std::string (*Says)(const Frame& frame);
 };
 
-constexpr std::array<Row, 12> kCommands{{{CmdIdentity, "CmdIdentity", OfPage},
+constexpr std::array<Row, 19> kCommands{{{CmdReadParameters, "CmdReadParameters", OfSubCode},
+                                         {CmdWriteParameters, "CmdWriteParameters", OfSubCode},
+                                         {CmdOutputs, "CmdOutputs", OfOutputs},
+                                         {CmdLogicVersion, "CmdLogicVersion", OfNothing},
+                                         {CmdTestWrite, "CmdTestWrite", OfNothing},
+                                         {CmdStoredData, "CmdStoredData", OfNothing},
+                                         {CmdSetCounter, "CmdSetCounter", OfNothing},
+                                         {CmdIdentity, "CmdIdentity", OfPage},
                                          {CmdStatus, "CmdStatus", OfPoll},
                                          {CmdVersion, "CmdVersion", OfNothing},
                                          {CmdSensor, "CmdSensor", OfSensor},
@@ -111,13 +161,18 @@ constexpr std::array<Row, 12> kCommands{{{CmdIdentity, "CmdIdentity", OfPage},
                                          {CmdRead, "CmdRead", OfStart},
                                          {CmdRoute, "CmdRoute", OfRoute}}};
 
-constexpr std::array<Row, 10> kReplies{{{StatusReply::Code, "status", OfStatus},
+constexpr std::array<Row, 15> kReplies{{{ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
+                                        {PhotoReply::Code, "photo sensors", OfPhotos},
+                                        {LogicVersionReply::Code, "logic version", OfNothing},
+                                        {BootAreaReply::Code, "boot area", OfNothing},
+                                        {VerdictReply::Code, "verdict", OfNothing},
+                                        {StatusReply::Code, "status", OfStatus},
                                         {StatusReply::LongCode, "status", OfStatus},
                                         {AcceptedReply::Code, "accepted", OfNothing},
                                         {VersionReply::Code, "version", OfVersion},
                                         {IdentityReply::Code, "identity", OfIdentity},
                                         {CounterReply::Code, "counter", OfValue},
-                                        {SensorReply::Code, "sensor", OfLabel},
+                                        {SensorReply::Code, "sensor", OfStatusFrame},
                                         {BoardReply::Code, "board", OfNothing},
                                         {CardLogReply::Code, "card log", OfNothing},
                                         {TestReply::Code, "test text", OfNothing}}};

@@ -58,6 +58,8 @@ struct IdentityReply {
   static constexpr std::uint8_t Code = 0x12;
   static constexpr std::uint16_t kBoardNumberReader = 1U << 2U;
   static constexpr std::uint16_t kLargeIndexCards = 1U << 3U;
+  static constexpr std::uint16_t kVideoSettings = 1U << 5U;
+  static constexpr std::uint16_t kOpticalBoardSwitch = 1U << 6U;
 
   std::uint8_t Page = 1;
   std::uint16_t High = 0;  ///< serial number

@@ -35,6 +35,31 @@ TEST(FrameText, EveryCommandHasItsNameAndWhatItAsks) {
   EXPECT_EQ(CommandText(Of({0x1E})), "CmdTest");
 }
 
+TEST(FrameText, TheServiceHasItsNamesToo) {
+  EXPECT_EQ(CommandText(Of({0x11, 9})), "CmdReadParameters 9");
+  EXPECT_EQ(CommandText(Of({0x13, 14})), "CmdWriteParameters 14");
+  EXPECT_EQ(CommandText(Of({0x17, 0x31})), "CmdOutputs 0x31");
+  EXPECT_EQ(CommandText(Of({0x17, 0x31, 1})), "CmdOutputs 0x31 feed");
+  EXPECT_EQ(CommandText(Of({0x23})), "CmdLogicVersion");
+  EXPECT_EQ(CommandText(Of({0x24})), "CmdTestWrite");
+  EXPECT_EQ(CommandText(Of({0x32})), "CmdStoredData");
+  EXPECT_EQ(CommandText(Of({0x34})), "CmdSetCounter");
+  EXPECT_EQ(ReplyText(Of({0x11, 9})), "parameters 9");
+  EXPECT_EQ(ReplyText(Of({0x17, 1, 2, 3, 4, 255, 0x81})),
+            "photo sensors: 1 2 3 4 255, switches 0x81");
+  EXPECT_EQ(ReplyText(Of({0x23, 37})), "logic version");
+  EXPECT_EQ(ReplyText(Of({0xB2})), "boot area");
+  EXPECT_EQ(ReplyText(Of({0x15})), "verdict");
+}
+
+TEST(FrameText, AStatusFrameIsToldByItsSelector) {
+  EXPECT_EQ(ReplyText(Of({0x1B, 0, 79, 73, 0xFF, 0x7F})), "sensor: motors 14000 0");
+  EXPECT_EQ(ReplyText(Of({0x1B, 0x81, 79, 73, 0xFF, 0x7F})), "sensor: motors 14000 0, flip plate");
+  EXPECT_EQ(ReplyText(Of({0x1B, 2, 0x15, 1, 0x58, 2})), "sensor: climate 277 600");
+  EXPECT_EQ(ReplyText(Of({0x1B, 0x83})), "sensor: 3, flip plate");
+  EXPECT_EQ(ReplyText(Of({0x1B, 0x84, 27})), "sensor: 0x1B, board 3, flip plate");
+}
+
 TEST(FrameText, EveryReplyHasItsNameAndWhatItSays) {
   EXPECT_EQ(ReplyText(Of({0x19, 0xFF, 3, 2, 4, 1, 0})), "status: busy, 3 2 4 1");
   EXPECT_EQ(ReplyText(Of({0x9C, 0xF1, 0, 0, 0, 0, 0})), "status: busy, 0 0 0 0");
