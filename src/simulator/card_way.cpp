@@ -220,6 +220,7 @@ void CardWay::Finish() {
 }
 
 void CardWay::SetState(std::uint8_t state) {
+  if (state != StatusReply::kIdle && state < stops_.size()) ++stops_[state];
   state_ = state;
   ++changes_;
 }

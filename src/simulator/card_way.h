@@ -94,6 +94,11 @@ class CardWay {
     return kind_ == RunKind::Stack ? route_.Count : feeder_.Loaded();
   }
   [[nodiscard]] std::uint32_t BoardsDealt() const { return boardsDealt_; }
+  void SetBoardsDealt(std::uint32_t boards) { boardsDealt_ = boards; }
+  /// How often a run has stopped with `code`, 0 for what is none, since the machine was made.
+  [[nodiscard]] std::uint32_t Stops(std::size_t code) const {
+    return code < stops_.size() ? stops_[code] : 0;
+  }
   /// Goes up with every change of what can be seen.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
 
@@ -128,6 +133,7 @@ class CardWay {
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};
   std::uint32_t boardsDealt_ = 0;
+  std::array<std::uint32_t, wire::StatusReply::kLastError + 1> stops_{};
   int runsFinished_ = 0;  ///< dealt, read or sorted since the power came on first
   std::uint64_t changes_ = 0;
 };

@@ -1,11 +1,41 @@
 #include "simulator/firmware.h"
 
-#include "wire/commands.h"
+#include <algorithm>
+
+#include "simulator/agrees.h"
 #include "wire/machine_errors.h"
+#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 
 using namespace wire;
+
+namespace {
+
+/// What a machine without firmware knows: enough to be found, and to be loaded.
+bool NeedsFirmware(std::uint8_t code) {
+  switch (code) {
+    case CmdVersion:
+    case CmdStoredData:
+    case CmdLogicVersion:
+    case CmdOutputs:
+    case CmdSensor:
+      return false;
+    default:
+      return true;
+  }
+}
+
+}  // namespace
+
+Firmware::Firmware(const Options& options)
+    : run_(options),
+      slot_(options),
+      identity_(options),
+      sensors_(options),
+      parameters_(options),
+      hasFirmware_(options.HasFirmware()),
+      answersWrites_(options.AnswersWrites) {}
 
 std::size_t Firmware::Answer(const Frame& command, Time now, Frame& reply) {
   Run().Advance(now);
@@ -14,7 +44,9 @@ std::size_t Firmware::Answer(const Frame& command, Time now, Frame& reply) {
 }
 
 bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
-  switch (CodeOf(command)) {
+  const std::uint8_t code = CodeOf(command);
+  if (!hasFirmware_ && NeedsFirmware(code)) return false;
+  switch (code) {
     case CmdDeal:
     case CmdRead:
     case CmdSort:
@@ -24,11 +56,21 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdCounter:
       return run_.Answer(command, now, reply);
     case CmdSensor:
-      return slot_.Answer(command, reply);
+    case CmdOutputs:
+      return AnswerSensor(command, reply);
+    case CmdReadParameters:
+      return parameters_.Answer(command, reply);
+    case CmdWriteParameters:
+    case CmdTestWrite:
+    case CmdSetCounter:
+      std::copy_n(command.begin(), kShortFrame, reply.begin());
+      return Write(command) && answersWrites_;
     case CmdVersion:
       run_.GiveUp();  // whoever asks for it has given up what stopped the machine
       return identity_.Answer(command, reply);
     case CmdIdentity:
+    case CmdStoredData:
+    case CmdLogicVersion:
       return identity_.Answer(command, reply);
     case CmdStatus:
       return AnswerStatus(command, reply);
@@ -37,6 +79,31 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     default:
       return false;
   }
+}
+
+bool Firmware::AnswerSensor(const Frame& command, Frame& reply) {
+  if (CodeOf(command) == CmdSensor && slot_.Answer(command, Seen().FlipPlateSeen(), reply)) {
+    return true;
+  }
+  return sensors_.Answer(command, Slot().Occupied(), reply);
+}
+
+bool Firmware::Write(const Frame& command) {
+  switch (CodeOf(command)) {
+    case CmdWriteParameters:
+      return parameters_.Write(command);
+    case CmdSetCounter:
+      return run_.SetCounter(command);
+    default:
+      return WriteTest(command);
+  }
+}
+
+bool Firmware::WriteTest(const Frame& command) {
+  const auto test = Get<TestWriteCommand>(command);
+  if (!Agrees(test, command)) return false;
+  testNumbers_ = {test.First, test.Second};
+  return true;
 }
 
 bool Firmware::AnswerStatus(const Frame& command, Frame& reply) {
@@ -61,13 +128,15 @@ void Firmware::TakeFlags(std::uint8_t flags) {
   if ((flags & StatusCommand::kBreak) != 0) Run().Break();
 }
 
-// For the eye of a technician: state, cards fallen, cards loaded, label.
+// For the eye of a technician: state, cards fallen, cards loaded, label, what he wrote.
 bool Firmware::AnswerTest(Frame& reply) const {
   TestReply test;
   test.Numbers[0] = Run().State();
   test.Numbers[1] = static_cast<std::uint8_t>(Run().Fallen());
   test.Numbers[2] = static_cast<std::uint8_t>(Run().CardsOfRun());
   test.Numbers[3] = Slot().Label();
+  test.Numbers[4] = testNumbers_[0];
+  test.Numbers[5] = testNumbers_[1];
   Put(test, reply);
   return true;
 }
@@ -91,6 +160,8 @@ void Firmware::RemoveBoard() {
 void Firmware::Restart() {
   run_.Forget();
   slot_.Slot().Forget();
+  Seen().Forget();
+  testNumbers_ = {};
   pedal_ = {};
   ++changes_;
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <string>
 
 #include "simulator/identity_organ.h"
+#include "simulator/parameter_organ.h"
 #include "simulator/run_organ.h"
+#include "simulator/sensor_organ.h"
 #include "simulator/slot_organ.h"
 
 namespace morvane::simulator {
@@ -17,7 +20,7 @@ class Firmware {
  public:
   using Time = std::chrono::microseconds;
 
-  explicit Firmware(const Options& options) : run_(options), slot_(options), identity_(options) {}
+  explicit Firmware(const Options& options);
 
   /// Obeys the plain `command` at time `now`. The size of the plain `reply`, 0 when there is none:
   /// an unknown command is not answered.
@@ -34,18 +37,31 @@ class Firmware {
   [[nodiscard]] CardWay& Run() { return run_.Run(); }
   [[nodiscard]] const CardWay& Run() const { return run_.Run(); }
   [[nodiscard]] const BoardSlot& Slot() const { return slot_.Slot(); }
+  [[nodiscard]] Sensors& Seen() { return sensors_.Seen(); }
+  [[nodiscard]] const Sensors& Seen() const { return sensors_.Seen(); }
+  [[nodiscard]] const StoredParameters& Parameters() const { return parameters_.Parameters(); }
   [[nodiscard]] std::string StateText() const { return run_.StateText(); }
-  [[nodiscard]] std::uint64_t Changes() const { return changes_ + Run().Changes(); }
+  [[nodiscard]] std::uint64_t Changes() const {
+    return changes_ + Run().Changes() + Seen().Changes();
+  }
 
  private:
   bool Dispatch(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
   void TakeFlags(std::uint8_t flags);
   bool AnswerTest(wire::Frame& reply) const;
+  bool AnswerSensor(const wire::Frame& command, wire::Frame& reply);
+  [[nodiscard]] bool Write(const wire::Frame& command);
+  bool WriteTest(const wire::Frame& command);
 
   RunOrgan run_;
   SlotOrgan slot_;
   IdentityOrgan identity_;
+  SensorOrgan sensors_;
+  ParameterOrgan parameters_;
+  bool hasFirmware_;
+  bool answersWrites_;
+  std::array<std::uint8_t, 2> testNumbers_{};
   Report pedal_;
   std::uint64_t changes_ = 0;
 };

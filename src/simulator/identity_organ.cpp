@@ -1,14 +1,14 @@
 #include "simulator/identity_organ.h"
 
-#include "wire/commands.h"
+#include "simulator/agrees.h"
+#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 namespace {
 
 using namespace wire;
 
-constexpr std::uint8_t kBootMajor = 1;
-constexpr std::uint8_t kBootMinor = 0x20;
+constexpr std::uint8_t kLogicVersion = 37;
 constexpr std::uint8_t kFlash = 4;
 constexpr std::uint16_t kMadeOnDayAndMonth = 14 << 8 | 6;
 constexpr std::uint16_t kMadeInYear = 2019;
@@ -21,13 +21,24 @@ bool IdentityOrgan::Answer(const Frame& command, Frame& reply) const {
       return AnswerVersion(reply);
     case CmdIdentity:
       return AnswerPage(command, reply);
+    case CmdStoredData:
+      return AnswerBootArea(command, reply);
+    case CmdLogicVersion:
+      Put(LogicVersionReply{kLogicVersion}, reply);
+      return Agrees(LogicVersionCommand{}, command);
     default:
       return false;
   }
 }
 
+bool IdentityOrgan::AnswerBootArea(const Frame& command, Frame& reply) const {
+  Put(BootAreaReply{0, options_.BootMajor, options_.BootMinor}, reply);
+  return Agrees(BootAreaCommand{}, command);
+}
+
 bool IdentityOrgan::AnswerVersion(Frame& reply) const {
-  Put(VersionReply{options_.FirmwareMajor, options_.FirmwareMinor, kBootMajor, kBootMinor, kFlash},
+  Put(VersionReply{options_.FirmwareMajor, options_.FirmwareMinor, options_.BootMajor,
+                   options_.BootMinor, kFlash},
       reply);
   return true;
 }

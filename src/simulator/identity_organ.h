@@ -5,7 +5,7 @@
 
 namespace morvane::simulator {
 
-/// What kind of machine it is: version, serial number, hardware, date of manufacture.
+/// What kind of machine it is: versions, serial number, hardware, date of manufacture.
 class IdentityOrgan {
  public:
   explicit IdentityOrgan(const Options& options) : options_(options) {}
@@ -16,6 +16,7 @@ class IdentityOrgan {
  private:
   bool AnswerVersion(wire::Frame& reply) const;
   bool AnswerPage(const wire::Frame& command, wire::Frame& reply) const;
+  bool AnswerBootArea(const wire::Frame& command, wire::Frame& reply) const;
 
   Options options_;
 };

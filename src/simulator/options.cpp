@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
-    "speed, firmware, hardware, serial, noise, seed, fault, packs, carry, pack";
+    "speed, firmware, boot, hardware, serial, noise, seed, fault, packs, carry, answers-writes, "
+    "store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -46,16 +47,24 @@ bool TakeSpeed(std::string_view value, Options& options) {
   return speed.has_value();
 }
 
-bool TakeFirmware(std::string_view value, Options& options) {
+/// A version: the digits behind the point are those of a byte in hexadecimal, as it is shown.
+bool TakeVersion(std::string_view value, std::uint8_t& major, std::uint8_t& minor) {
   const std::size_t point = value.find('.');
   if (point == std::string_view::npos || value.size() - point != 3) return false;
-  const auto major = NumberIn<int>(value.substr(0, point), 0, 255);
-  const auto tens = NumberIn<int>(value.substr(point + 1, 1), 0, 9);
-  const auto ones = NumberIn<int>(value.substr(point + 2, 1), 0, 9);
-  if (!major || !tens || !ones) return false;
-  options.FirmwareMajor = static_cast<std::uint8_t>(*major);
-  options.FirmwareMinor = static_cast<std::uint8_t>(*tens * 16 + *ones);
+  const auto before = NumberIn<int>(value.substr(0, point), 0, 255);
+  const auto behind = DecimalOrHex("0x" + std::string(value.substr(point + 1)), 255);
+  if (!before || !behind) return false;
+  major = static_cast<std::uint8_t>(*before);
+  minor = static_cast<std::uint8_t>(*behind);
   return true;
+}
+
+bool TakeFirmware(std::string_view value, Options& options) {
+  return TakeVersion(value, options.FirmwareMajor, options.FirmwareMinor);
+}
+
+bool TakeBoot(std::string_view value, Options& options) {
+  return TakeVersion(value, options.BootMajor, options.BootMinor);
 }
 
 bool TakeHardware(std::string_view value, Options& options) {
@@ -106,6 +115,16 @@ bool TakeCarry(std::string_view value, Options& options) {
   return way.has_value();
 }
 
+bool TakeAnswersWrites(std::string_view value, Options& options) {
+  options.AnswersWrites = value == "1";
+  return value == "0" || value == "1";
+}
+
+bool TakeStore(std::string_view value, Options& options) {
+  options.Store = value;
+  return !value.empty();
+}
+
 bool TakePack(std::string_view value, Options& options) {
   options.Pack = value;
   return !value.empty();
@@ -117,9 +136,10 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 10> kKeyTable{{
+constexpr std::array<Key, 13> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
+    {"boot", TakeBoot, "a version with two digits behind the point; 0.00 is no firmware"},
     {"hardware", TakeHardware, "a number from 0 to 65535, such as 0x7F"},
     {"serial", TakeSerial, "a number from 0 to 65535"},
     {"noise", TakeNoise, "a chance from 0 to 1, such as 0.001"},
@@ -127,6 +147,8 @@ constexpr std::array<Key, 10> kKeyTable{{
     {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 208 and code 1 to 240"},
     {"packs", TakePacks, "a number from 1 to 4"},
     {"carry", TakeCarry, kCarryList},
+    {"answers-writes", TakeAnswersWrites, "0 or 1"},
+    {"store", TakeStore, "the path of a file, without commas"},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
 
@@ -170,9 +192,10 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 }
 
 std::string OptionsUsage(std::size_t indent) {
-  return "simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,\n" +
-         std::string(indent, ' ') + "noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,\n" +
-         std::string(indent, ' ') + "carry=right,pack=FILE]";
+  const std::string next = "\n" + std::string(indent, ' ');
+  return "simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F," + next +
+         "serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE," + next +
+         "packs=4,carry=right,answers-writes=0,store=FILE," + next + "pack=FILE]";
 }
 
 }  // namespace morvane::simulator

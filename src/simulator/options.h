@@ -32,15 +32,24 @@ struct Options {
   std::vector<CardFault> Faults;
   int Packs = 4;                     ///< 1..4, how many a sort finds
   Carry FirstCarry = Carry::kRight;  ///< of the piles of a stacking run; the later ones are right
+  std::uint8_t BootMajor = 1;        ///< of the boot code; both 0 = no firmware has been loaded
+  std::uint8_t BootMinor = 0x20;
+  bool AnswersWrites = false;  ///< also the frames that nobody waits for an answer to
+  std::string Store;           ///< file that keeps the parameters; empty: they are lost at the end
   std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
   bool operator==(const Options&) const = default;
+
+  [[nodiscard]] bool FirmwareSince(std::uint8_t minor) const {
+    return FirmwareMajor > 2 || (FirmwareMajor == 2 && FirmwareMinor >= minor);
+  }
+  [[nodiscard]] bool HasFirmware() const { return (BootMajor | BootMinor) != 0; }
 };
 
 /// Reads "simulated[,key=value...]" into `options`. What is wrong with it, in words for the person
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
-/// What `ParseOptions` takes, with its defaults, for the person who has to write it: three lines,
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: four lines,
 /// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);
 

@@ -3,21 +3,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "wire/commands.h"
+#include "simulator/agrees.h"
+#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 namespace {
 
 using namespace wire;
-
-// One check byte lets a garbled frame through now and then, and a poll turned into a start would be
-// a wrong deal that nobody sees. What belongs together in a start gives it away.
-template <typename F>
-bool Agrees(const F& fields, const Frame& command) {
-  Frame again = command;
-  PutRows(fields, again);
-  return again == command;
-}
 
 /// The list of a start command without the jokers, who are in no pack of a bridge run.
 CardBytes WithoutJokers(CardBytes pockets) {
@@ -126,8 +118,20 @@ bool RunOrgan::AnswerBoard(Frame& reply) const {
 }
 
 bool RunOrgan::AnswerCounter(const Frame& command, Frame& reply) const {
-  const std::uint8_t counter = Get<CounterCommand>(command).Counter;
-  Put(CounterReply{counter, counter == 0 ? run_.BoardsDealt() : 0}, reply);
+  CounterPageReply page{Get<CounterPageCommand>(command).Page, {}};
+  if (page.Page >= CounterPageCommand::kPages) return false;
+  for (std::size_t i = 0; i < page.Counters.size(); ++i) {
+    page.Counters[i] = run_.Stops(page.Page * page.Counters.size() + i);
+  }
+  if (page.Page == 0) page.Counters[0] = run_.BoardsDealt();
+  Put(page, reply);
+  return true;
+}
+
+bool RunOrgan::SetCounter(const Frame& command) {
+  const auto counter = Get<SetCounterCommand>(command);
+  if (!Agrees(counter, command)) return false;
+  run_.SetBoardsDealt(counter.Boards);
   return true;
 }
 

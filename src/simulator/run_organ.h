@@ -18,6 +18,9 @@ class RunOrgan {
   /// then.
   bool Answer(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
 
+  /// Whether the plain write frame of the counter has been obeyed.
+  bool SetCounter(const wire::Frame& command);
+
   /// Somebody asks who is there: an error is over, and so is what the next run was to expect.
   void GiveUp();
   /// The power has gone.

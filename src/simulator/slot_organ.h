@@ -11,14 +11,15 @@ class SlotOrgan {
  public:
   explicit SlotOrgan(const Options& options);
 
-  /// As `RunOrgan::Answer`.
-  bool Answer(const wire::Frame& command, wire::Frame& reply) const;
+  /// As `RunOrgan::Answer`, for the status frame of the label.
+  bool Answer(const wire::Frame& command, bool flipPlate, wire::Frame& reply) const;
 
   [[nodiscard]] BoardSlot& Slot() { return slot_; }
   [[nodiscard]] const BoardSlot& Slot() const { return slot_; }
 
  private:
   bool hasReader_;
+  bool knowsLabels_;
   BoardSlot slot_;
 };
 

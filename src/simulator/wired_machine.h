@@ -69,6 +69,11 @@ class WiredMachine {
   /// Off, the machine hears and says nothing; on again, it has forgotten its run.
   void PowerOff();
   void PowerOn() { powered_ = true; }
+  /// What a person sees and does at the open machine, and what the outputs do.
+  [[nodiscard]] Sensors& Opened() { return firmware_.Seen(); }
+  [[nodiscard]] const Sensors& Opened() const { return firmware_.Seen(); }
+  /// What it keeps without power.
+  [[nodiscard]] const StoredParameters& Parameters() const { return firmware_.Parameters(); }
   /// What goes wrong on the wire.
   [[nodiscard]] FaultPlan& Faults() { return faults_; }
 

@@ -50,9 +50,7 @@ std::string OfSensor(const Frame& command) {
   return selector == SensorCommand::kBoardLabel ? " label" : " " + std::to_string(selector);
 }
 
-std::string OfSubCode(const Frame& command) {
-  return " " + std::to_string(Get<ReadParametersCommand<VideoBlock>>(command).SubCode);
-}
+std::string OfSubCode(const Frame& command) { return " " + std::to_string(SubCodeIn(command)); }
 
 std::string OfOutputs(const Frame& command) {
   const auto outputs = Get<OutputsCommand>(command);

@@ -39,6 +39,11 @@ struct WriteParametersCommand {
       std::tuple(Byte(1, &WriteParametersCommand::SubCode), Part(&WriteParametersCommand::Values));
 };
 
+/// The sub-code of a frame that reads or writes any block.
+[[nodiscard]] inline std::uint8_t SubCodeIn(const Frame& command) {
+  return Get<ReadParametersCommand<VideoBlock>>(command).SubCode;
+}
+
 template <typename Block>
 [[nodiscard]] constexpr ReadParametersCommand<Block> ReadBlock(CardIndex index) {
   return {SubCodeOf<Block>(index)};

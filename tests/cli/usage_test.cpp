@@ -86,9 +86,10 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
       UsagePage(),
       EndsWith("\n"
                "Machines:  usb (where none is named),\n"
-               "           simulated[,speed=1,firmware=2.90,hardware=0x7F,serial=4711,\n"
-               "           noise=0,seed=N,fault=BOARD:CARD:CODE,packs=4,\n"
-               "           carry=right,pack=FILE], serial:PATH\n"
+               "           simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F,\n"
+               "           serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE,\n"
+               "           packs=4,carry=right,answers-writes=0,store=FILE,\n"
+               "           pack=FILE], serial:PATH\n"
                "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
                "\n"
                "generate shows the SHA-256 of the deals that it has made: publish it before\n"

@@ -17,6 +17,10 @@ TEST(Options, WithoutKeysIsARealMachine) {
   EXPECT_EQ(Options{}.Speed, 1.0);
   EXPECT_EQ(Options{}.FirmwareMajor, 2);
   EXPECT_EQ(Options{}.FirmwareMinor, 0x90);
+  EXPECT_EQ(Options{}.BootMajor, 1);
+  EXPECT_EQ(Options{}.BootMinor, 0x20);
+  EXPECT_FALSE(Options{}.AnswersWrites);
+  EXPECT_EQ(Options{}.Store, "");
   EXPECT_EQ(Options{}.Hardware, 0x7F);
   EXPECT_EQ(Options{}.Serial, 4711);
 }
@@ -24,7 +28,12 @@ TEST(Options, WithoutKeysIsARealMachine) {
 TEST(Options, EveryKeyIsTaken) {
   const Options options = Parsed(
       "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
-      "fault=3:20:30,fault=4:208:240,packs=3,carry=north");
+      "fault=3:20:30,fault=4:208:240,packs=3,carry=north,boot=2.01,answers-writes=1,"
+      "store=/tmp/a b.txt");
+  EXPECT_EQ(options.BootMajor, 2);
+  EXPECT_EQ(options.BootMinor, 0x01);
+  EXPECT_TRUE(options.AnswersWrites);
+  EXPECT_EQ(options.Store, "/tmp/a b.txt");
   EXPECT_EQ(options.FirstCarry, Carry::kNorthToo);
   EXPECT_EQ(Options{}.FirstCarry, Carry::kRight);
   EXPECT_EQ(options.Packs, 3);
@@ -45,6 +54,28 @@ TEST(Options, APackTakesTheRestOfTheTextForItsPath) {
   EXPECT_EQ(options.Pack, "/home/a, b/x=1,seed=7.pbn");
   EXPECT_FALSE(options.Seed);
   EXPECT_EQ(Parsed("simulated").Pack, "");
+}
+
+TEST(Options, VersionsHaveTheHexadecimalDigitsThatTheyAreShownWith) {
+  EXPECT_EQ(Parsed("simulated,firmware=2.1F").FirmwareMinor, 0x1F);
+  EXPECT_EQ(Parsed("simulated,firmware=2.7f").FirmwareMinor, 0x7F);
+}
+
+TEST(Options, ABootCodeOfZerosIsAMachineWithoutFirmware) {
+  EXPECT_TRUE(Parsed("simulated").HasFirmware());
+  EXPECT_TRUE(Parsed("simulated,boot=0.01").HasFirmware());
+  EXPECT_TRUE(Parsed("simulated,boot=1.00").HasFirmware());
+  EXPECT_FALSE(Parsed("simulated,boot=0.00").HasFirmware());
+}
+
+TEST(Options, AVersionIsHeldAgainstBothItsNumbers) {
+  const auto since = [](std::string_view version) {
+    return Parsed("simulated,firmware=" + std::string(version)).FirmwareSince(0x40);
+  };
+  EXPECT_FALSE(since("1.99"));
+  EXPECT_FALSE(since("2.3F"));
+  EXPECT_TRUE(since("2.40"));
+  EXPECT_TRUE(since("3.00"));
 }
 
 TEST(Options, EachWayToCarryHasItsWord) {
@@ -80,9 +111,16 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,firmware=2",
                                       "simulated,firmware=2.9",
                                       "simulated,firmware=2.900",
-                                      "simulated,firmware=2.9a",
+                                      "simulated,firmware=2.9g",
                                       "simulated,firmware=.90",
                                       "simulated,firmware=256.00",
+                                      "simulated,firmware=2.+9",
+                                      "simulated,boot=1",
+                                      "simulated,answers-writes",
+                                      "simulated,answers-writes=",
+                                      "simulated,answers-writes=2",
+                                      "simulated,store",
+                                      "simulated,store=",
                                       "simulated,hardware=0x",
                                       "simulated,hardware=0x10000",
                                       "simulated,hardware=7F",
@@ -130,8 +168,8 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
             "simulated machine: \"fault=1:209:1\": fault= takes BOARD:CARD:CODE with board from 1, "
             "card 1 to 208 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
-            "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, hardware, "
-            "serial, noise, seed, fault, packs, carry, pack");
+            "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, boot, "
+            "hardware, serial, noise, seed, fault, packs, carry, answers-writes, store, pack");
   EXPECT_EQ(ParseOptions("simulated,carry=left", options),
             "simulated machine: \"carry=left\": carry= takes right, swapped, dropped, exchanged, "
             "turned, north or nothing");
@@ -140,7 +178,7 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
 
 TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   std::string usage = OptionsUsage(4);
-  EXPECT_EQ(usage.find("\n    noise="), usage.find('\n'));
+  EXPECT_EQ(usage.find("\n    serial="), usage.find('\n'));
   std::erase_if(usage, [](char c) { return c == '[' || c == ']' || c == '\n' || c == ' '; });
   const auto give = [&usage](const std::string& word, const std::string& value) {
     ASSERT_NE(usage.find(word), std::string::npos);
@@ -148,10 +186,12 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   };
   give("seed=N", "seed=7");
   give("BOARD:CARD:CODE", "1:2:3");
+  give("store=FILE", "store=kept.txt");
   give("pack=FILE", "pack=set.pbn");
   Options expected;
   expected.Seed = 7;
   expected.Faults = {{1, 2, 3}};
+  expected.Store = "kept.txt";
   expected.Pack = "set.pbn";
   EXPECT_EQ(Parsed(usage), expected);
 }

@@ -77,7 +77,7 @@ TEST(WireBytes, BoardLabel) {
 
 TEST(WireBytes, OtherSensorsAreNotAnsweredWithALabel) {
   Talk talk;
-  EXPECT_TRUE(talk.Ask({0x1B, 3}).empty());
+  EXPECT_TRUE(talk.Ask({0x1B, 5}).empty());
 }
 
 TEST(WireBytes, DealIsAccepted) {

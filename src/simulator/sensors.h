@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace morvane::simulator {
+
+/// What a person finds at the open machine, and what the outputs do to it. Speeds are as the
+/// program shows them, temperature and supply in tenths of a degree and of a volt.
+class Sensors {
+ public:
+  static constexpr int kPhotos = 5;
+  static constexpr int kMotors = 4;
+  static constexpr int kHighestSpeed = 32767;
+  static constexpr int kHighestTemperature = 1000;
+  static constexpr int kHighestSupply = 400;
+  static constexpr int kUsualSpeed = 14500;
+  enum class Switch : std::uint8_t { Front, Cover, FlipPlate };
+
+  /// The program switches: a bit an output, as in `wire::OutputsCommand`.
+  void TakeOutputs(std::uint8_t outputs);
+  /// The power has gone: all outputs are off. What hands have done stays.
+  void Forget() { TakeOutputs(0); }
+
+  // A person's hands. Numbers out of range change nothing.
+  void Cover(int photo, bool covered);  ///< 1..5
+  void Set(Switch which, bool on);
+  void SetSpeed(int motor, int speed);  ///< motor 1..4, while the motors are on
+  void SetTemperature(int tenths);
+  void SetSupply(int tenths);
+
+  [[nodiscard]] std::uint8_t Outputs() const { return outputs_; }
+  [[nodiscard]] bool Covered(int photo) const;
+  [[nodiscard]] bool On(Switch which) const;
+  [[nodiscard]] int Temperature() const { return temperature_; }
+  [[nodiscard]] int Supply() const { return supply_; }
+  /// What the photo sensor measures.
+  [[nodiscard]] std::uint8_t Photo(int photo) const;
+  [[nodiscard]] int Speed(int motor) const;
+  /// Its sensor needs the light of the camera's LEDs.
+  [[nodiscard]] bool FlipPlateSeen() const;
+  /// Goes up with every change.
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
+
+ private:
+  std::uint8_t outputs_ = 0;
+  std::array<bool, kPhotos> covered_{};
+  std::array<bool, 3> on_{false, true, true};
+  std::array<int, kMotors> speed_{kUsualSpeed, kUsualSpeed, kUsualSpeed, kUsualSpeed};
+  int temperature_ = 253;
+  int supply_ = 240;
+  std::uint64_t changes_ = 0;
+};
+
+}  // namespace morvane::simulator
