@@ -12,6 +12,7 @@ namespace morvane::simulator {
 namespace {
 
 constexpr int kWay = -1;
+constexpr int kTenths = 10;
 
 struct Command {
   std::string_view Word;
@@ -50,6 +51,47 @@ std::string PutBack(WiredMachine& machine, int /*number*/) {
                                : "There is no pack in North, or cards are falling.\n";
 }
 
+std::string Photo(WiredMachine& machine, int photo) {
+  const bool covered = !machine.Opened().Covered(photo);
+  machine.Opened().Cover(photo, covered);
+  return "Photo sensor " + std::to_string(photo) + (covered ? " is covered.\n" : " is free.\n");
+}
+
+/// Moves a switch to where it is not.
+bool Move(WiredMachine& machine, Sensors::Switch which) {
+  machine.Opened().Set(which, !machine.Opened().On(which));
+  return machine.Opened().On(which);
+}
+
+std::string Front(WiredMachine& machine, int /*number*/) {
+  return Move(machine, Sensors::Switch::Front) ? "The front switch is pressed.\n"
+                                               : "The front switch is free.\n";
+}
+
+std::string Cover(WiredMachine& machine, int /*number*/) {
+  return Move(machine, Sensors::Switch::Cover) ? "The cover is closed.\n" : "The cover is open.\n";
+}
+
+std::string Flip(WiredMachine& machine, int /*number*/) {
+  return Move(machine, Sensors::Switch::FlipPlate) ? "The flip plate is closed.\n"
+                                                   : "The flip plate is open.\n";
+}
+
+std::string Speed(WiredMachine& machine, int speed) {
+  for (int motor = 1; motor <= Sensors::kMotors; ++motor) machine.Opened().SetSpeed(motor, speed);
+  return "Motors that are on turn at " + std::to_string(speed) + ".\n";
+}
+
+std::string Degrees(WiredMachine& machine, int degrees) {
+  machine.Opened().SetTemperature(degrees * kTenths);
+  return "It is at " + std::to_string(degrees) + " degrees.\n";
+}
+
+std::string Volts(WiredMachine& machine, int volts) {
+  machine.Opened().SetSupply(volts * kTenths);
+  return "The supply has " + std::to_string(volts) + " volts.\n";
+}
+
 std::string Off(WiredMachine& machine, int /*number*/) {
   machine.PowerOff();
   return "The power is off.\n";
@@ -68,7 +110,7 @@ std::string Nothing(WiredMachine& /*machine*/, int /*number*/) { return ""; }
 
 constexpr std::string_view kQuit = "quit";
 
-constexpr std::array<Command, 11> kCommands{{
+constexpr std::array<Command, 18> kCommands{{
     {"pedal", 0, "press the pedal", Pedal},
     {"board", kMaxBoards, "push board N into the slot", Board},
     {"remove", 0, "take the board out", Remove},
@@ -78,6 +120,13 @@ constexpr std::array<Command, 11> kCommands{{
      "             dropped, exchanged, turned, north or nothing",
      CarryPiles},
     {"putback", 0, "put the pack of North into the feeder", PutBack},
+    {"photo", Sensors::kPhotos, "cover photo sensor N, or free it", Photo},
+    {"front", 0, "press the front switch, or let it go", Front},
+    {"cover", 0, "open the cover, or close it", Cover},
+    {"flip", 0, "open the flip plate, or close it", Flip},
+    {"speed", Sensors::kHighestSpeed, "let the motors turn at N", Speed},
+    {"degrees", Sensors::kHighestTemperature / kTenths, "bring the inside to N degrees", Degrees},
+    {"volts", Sensors::kHighestSupply / kTenths, "set the supply to N volts", Volts},
     {"off", 0, "switch the machine off", Off},
     {"on", 0, "switch it on", On},
     {"state", 0, "what it is doing", State},

@@ -63,6 +63,41 @@ TEST_F(OperatorCommands, ThePackIsPutBack) {
   EXPECT_EQ(talk.Machine.CardsInFeeder(), 52U);
 }
 
+TEST_F(OperatorCommands, HandsCoverASensorAndFreeIt) {
+  EXPECT_EQ(Type("photo 5"), "Photo sensor 5 is covered.\n");
+  EXPECT_EQ(talk.Ask({23, 0, 0}).at(6), 0x50);
+  EXPECT_EQ(Type("photo 5"), "Photo sensor 5 is free.\n");
+  EXPECT_EQ(talk.Ask({23, 0, 0}).at(6), 0x40);
+  EXPECT_EQ(Type("photo 6"), "photo takes a number from 1 to 5.\n");
+}
+
+TEST_F(OperatorCommands, HandsMoveTheSwitches) {
+  EXPECT_EQ(Type("front"), "The front switch is pressed.\n");
+  EXPECT_EQ(Type("cover"), "The cover is open.\n");
+  EXPECT_EQ(talk.Ask({23, 16, 0}).at(6), 0x20);
+  EXPECT_EQ(talk.Ask({27, 3}).at(1), 0x83);
+  EXPECT_EQ(Type("flip"), "The flip plate is open.\n");
+  EXPECT_EQ(talk.Ask({27, 3}).at(1), 3);
+  EXPECT_EQ(Type("front"), "The front switch is free.\n");
+  EXPECT_EQ(Type("cover"), "The cover is closed.\n");
+  EXPECT_EQ(Type("flip"), "The flip plate is closed.\n");
+  EXPECT_EQ(talk.Ask({23, 16, 0}).at(6), 0x40);
+}
+
+TEST_F(OperatorCommands, SpeedTemperatureAndSupplyAreWhatIsTyped) {
+  EXPECT_EQ(Type("speed 13000"), "Motors that are on turn at 13000.\n");
+  talk.Ask({23, 1, 0});
+  const Bytes motors = talk.Ask({27, 1});
+  EXPECT_EQ(256 * motors.at(3) + motors.at(2), 32767 - 13000);
+  EXPECT_EQ(256 * motors.at(5) + motors.at(4), 32767 - 13000);
+  EXPECT_EQ(Type("degrees 40"), "It is at 40 degrees.\n");
+  EXPECT_EQ(Type("volts 12"), "The supply has 12 volts.\n");
+  const Bytes climate = talk.Ask({27, 2});
+  EXPECT_EQ(256 * climate.at(3) + climate.at(2), 366);  // (400 x 0.00195 + 0.4) / 0.00322265
+  EXPECT_EQ(256 * climate.at(5) + climate.at(4), 314);  // 120 / 0.381884
+  EXPECT_EQ(Type("volts 41"), "volts takes a number from 1 to 40.\n");
+}
+
 TEST_F(OperatorCommands, OnlyQuitEnds) {
   for (const char* line : {"pedal", "board 1", "remove", "off", "on", "state", "help", "", "x"}) {
     Type(line);
@@ -74,8 +109,9 @@ TEST_F(OperatorCommands, OnlyQuitEnds) {
 
 TEST_F(OperatorCommands, HelpListsEveryCommand) {
   EXPECT_EQ(Type("help"), OperatorCommandsHelp());
-  for (const char* word : {"pedal", "board N", "remove", "fault N", "carry WAY", "putback", "off",
-                           "on", "state", "help", "quit"}) {
+  for (const char* word :
+       {"pedal", "board N", "remove", "fault N", "carry WAY", "putback", "photo N", "front",
+        "cover", "flip", "speed N", "degrees N", "volts N", "off", "on", "state", "help", "quit"}) {
     EXPECT_THAT(OperatorCommandsHelp(), testing::HasSubstr("  " + std::string(word) + " ")) << word;
   }
 }
