@@ -19,7 +19,8 @@
 namespace morvane::simulator {
 
 /// The machine with its end of the line: wire bytes in, wire bytes out, whatever carries them. It
-/// knows no clock, it is told the time with what it hears. An exchange allocates nothing.
+/// knows no clock, it is told the time with what it hears. An exchange allocates nothing, but for
+/// one that changes parameters which a file keeps.
 class WiredMachine {
  public:
   using Time = std::chrono::microseconds;

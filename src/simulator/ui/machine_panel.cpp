@@ -18,6 +18,7 @@
 #include "simulator/ui/feeder_box.h"
 #include "simulator/ui/frame_box.h"
 #include "simulator/ui/pile_text.h"
+#include "simulator/ui/sensor_box.h"
 #include "wire/machine_errors.h"
 
 namespace morvane::simulator {
@@ -134,11 +135,13 @@ QWidget* MachinePanel::MakeFault() {
 QWidget* MachinePanel::MakeTabs() {
   feeder_ = new FeederBox(machine_, packs_, this);
   frames_ = new FrameBox(machine_.Frames(), this);
+  sensors_ = new SensorBox(machine_, this);
   auto* tabs = new QTabWidget(this);
   tabs->setObjectName("tabs");
   tabs->addTab(MakePockets(), "Poc&kets");
   tabs->addTab(feeder_, "Fee&der");
   tabs->addTab(frames_, "Fra&mes");
+  tabs->addTab(sensors_, "Open mac&hine");
   return tabs;
 }
 
@@ -198,6 +201,7 @@ void MachinePanel::ShowMachine() {
   if (changed == shown_) return;
   shown_ = changed;
   feeder_->ShowMachine();
+  sensors_->ShowMachine();
   ShowPockets();
 }
 

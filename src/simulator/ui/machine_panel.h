@@ -23,6 +23,7 @@ namespace morvane::simulator {
 
 class FeederBox;
 class FrameBox;
+class SensorBox;
 
 /// The front of the simulated machine: what a person can do to it and see of it. A window of its
 /// own that no other blocks; it stays as long as the program does.
@@ -69,6 +70,7 @@ class MachinePanel final : public QWidget {
   std::array<ShownValue*, kHands + 1> pockets_{};
   FeederBox* feeder_ = nullptr;
   FrameBox* frames_ = nullptr;
+  SensorBox* sensors_ = nullptr;
   std::unique_ptr<Timer> refresh_;
 };
 

@@ -34,7 +34,7 @@ class MachinePanelTest : public machine::RunWindow {
   }
   void Press(const char* name) { test::Click(panel, name); }
   [[nodiscard]] std::string Shown(const char* name) const { return test::TextOf(panel, name); }
-  /// Clicks on the tab at `index`: 0 pockets, 1 feeder, 2 frames.
+  /// Clicks on the tab at `index`: 0 pockets, 1 feeder, 2 frames, 3 open machine.
   void Turn(int index) {
     QTabBar& bar = *test::Find<QTabWidget>(panel, "tabs").tabBar();
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
@@ -126,7 +126,7 @@ TEST_F(MachinePanelTest, EachLetterOfTheCaptionsBelongsToOneControl) {
     for (const auto* button : panel.findChildren<QAbstractButton*>()) take(button->text());
     const auto& tabs = test::Find<QTabWidget>(panel, "tabs");
     for (int tab = 0; tab < tabs.count(); ++tab) take(tabs.tabText(tab));
-    EXPECT_EQ(letters.size(), 12U);
+    EXPECT_EQ(letters.size(), 21U);
     Press("cmdPower");
   }
 }
@@ -296,6 +296,32 @@ TEST_F(MachinePanelTest, ASortShowsHowManyCardsLieInEachPocket) {
 TEST_F(MachinePanelTest, StaysWhenItIsClosed) {
   panel.close();
   EXPECT_TRUE(panel.isVisible());
+}
+
+TEST_F(MachinePanelTest, HandsAreAtTheOpenMachine) {
+  Turn(3);
+  Press("chkPhoto_2");
+  Press("chkFront");
+  Press("chkCover");
+  Press("chkFlip");
+  const Sensors& sensors = simulated.Opened();
+  EXPECT_TRUE(sensors.Covered(2));
+  EXPECT_FALSE(sensors.Covered(1));
+  EXPECT_TRUE(sensors.On(Sensors::Switch::Front));
+  EXPECT_FALSE(sensors.On(Sensors::Switch::Cover));
+  EXPECT_FALSE(sensors.On(Sensors::Switch::FlipPlate));
+  Enter("txtDegrees", "41");
+  Enter("txtVolts", "12");
+  EXPECT_EQ(sensors.Temperature(), 410);
+  EXPECT_EQ(sensors.Supply(), 120);
+  Enter("txtSpeed", "13000");
+  simulated.Opened().TakeOutputs(0x11);
+  EXPECT_EQ(sensors.Speed(4), 13000);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblOutputs"), "On: motors, camera LEDs");
+  simulated.Opened().TakeOutputs(0);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblOutputs"), "No output is on");
 }
 
 }  // namespace

@@ -1,0 +1,142 @@
+#include "simulator/ui/sensor_box.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStringList>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/qt/number_edit.h"
+#include "platform/qt/shown_value.h"
+
+namespace morvane::simulator {
+namespace {
+
+constexpr int kTenths = 10;
+
+struct SwitchWords {
+  Sensors::Switch Which;
+  const char* Name;
+  const char* Caption;
+};
+
+constexpr std::array<SwitchWords, 3> kSwitches{{
+    {Sensors::Switch::Front, "chkFront", "Front s&witch"},
+    {Sensors::Switch::Cover, "chkCover", "Co&ver closed"},
+    {Sensors::Switch::FlipPlate, "chkFlip", "F&lip plate closed"},
+}};
+
+/// In the order of their bits.
+constexpr std::array<const char*, 8> kOutputs{
+    "motors", "gate 1", "gate 2", "gate 3", "camera LEDs", "camera power", "green LED", "red LED"};
+
+QString OutputsText(std::uint8_t outputs) {
+  QStringList on;
+  for (std::size_t bit = 0; bit < kOutputs.size(); ++bit) {
+    if ((outputs >> bit & 1U) != 0) on += kOutputs[bit];
+  }
+  return on.isEmpty() ? QString("No output is on") : "On: " + on.join(", ");
+}
+
+}  // namespace
+
+SensorBox::SensorBox(WiredMachine& machine, QWidget* parent)
+    : QWidget(parent),
+      machine_(machine),
+      outputs_(new ShownValue("lblOutputs", "Outputs that are on", this)) {
+  outputs_->setWordWrap(true);
+  auto* column = new QVBoxLayout(this);
+  column->addLayout(MakePhotos());
+  column->addLayout(MakeSwitches());
+  column->addLayout(MakeNumbers());
+  column->addWidget(outputs_);
+  column->addStretch();
+  ShowMachine();
+}
+
+QCheckBox* SensorBox::AddCheck(const char* name, const QString& caption, Take take) {
+  auto* check = new QCheckBox(caption, this);
+  check->setObjectName(name);
+  connect(check, &QCheckBox::clicked, this, [take = std::move(take)](bool on) { take(on); });
+  return check;
+}
+
+QLayout* SensorBox::MakePhotos() {
+  auto* row = new QHBoxLayout;
+  row->addWidget(new QLabel("Photo sensors covered:", this));
+  for (int photo = 1; photo <= Sensors::kPhotos; ++photo) {
+    QCheckBox* const check =
+        AddCheck(qPrintable(QString("chkPhoto_%1").arg(photo)), QString("&%1").arg(photo),
+                 [this, photo](bool on) { machine_.Opened().Cover(photo, on); });
+    check->setAccessibleName(QString("Photo sensor %1 covered").arg(photo));
+    row->addWidget(check);
+    photos_[static_cast<std::size_t>(photo - 1)] = check;
+  }
+  row->addStretch();
+  return row;
+}
+
+QLayout* SensorBox::MakeSwitches() {
+  auto* row = new QHBoxLayout;
+  for (const SwitchWords& words : kSwitches) {
+    QCheckBox* const check =
+        AddCheck(words.Name, words.Caption,
+                 [this, which = words.Which](bool on) { machine_.Opened().Set(which, on); });
+    row->addWidget(check);
+    switches_[static_cast<std::size_t>(words.Which)] = check;
+  }
+  row->addStretch();
+  return row;
+}
+
+NumberEdit* SensorBox::AddNumber(const char* name, const char* caption, int limit, QLayout& row) {
+  auto* box = new NumberEdit(limit, this);
+  box->setObjectName(name);
+  box->setFixedWidth(box->fontMetrics().horizontalAdvance("0000000"));
+  auto* label = new QLabel(caption, this);
+  label->setBuddy(box);
+  box->setAccessibleName(label->text().remove('&'));
+  row.addWidget(label);
+  row.addWidget(box);
+  return box;
+}
+
+QLayout* SensorBox::MakeNumbers() {
+  auto* row = new QHBoxLayout;
+  Sensors& sensors = machine_.Opened();
+  NumberEdit* const speed = AddNumber("txtSpeed", "Sp&eed", Sensors::kHighestSpeed, *row);
+  speed->ShowNumber(Sensors::kUsualSpeed);
+  speed->OnChange = [&sensors, speed](const std::string&) {
+    for (int motor = 1; motor <= Sensors::kMotors; ++motor) {
+      sensors.SetSpeed(motor, speed->Number());
+    }
+  };
+  NumberEdit* const degrees =
+      AddNumber("txtDegrees", "De&grees", Sensors::kHighestTemperature / kTenths, *row);
+  degrees->ShowNumber(sensors.Temperature() / kTenths);
+  degrees->OnChange = [&sensors, degrees](const std::string&) {
+    sensors.SetTemperature(degrees->Number() * kTenths);
+  };
+  NumberEdit* const volts =
+      AddNumber("txtVolts", "Volt&s", Sensors::kHighestSupply / kTenths, *row);
+  volts->ShowNumber(sensors.Supply() / kTenths);
+  volts->OnChange = [&sensors, volts](const std::string&) {
+    sensors.SetSupply(volts->Number() * kTenths);
+  };
+  row->addStretch();
+  return row;
+}
+
+void SensorBox::ShowMachine() {
+  const Sensors& sensors = std::as_const(machine_).Opened();
+  for (int photo = 1; photo <= Sensors::kPhotos; ++photo) {
+    photos_[static_cast<std::size_t>(photo - 1)]->setChecked(sensors.Covered(photo));
+  }
+  for (const SwitchWords& words : kSwitches) {
+    switches_[static_cast<std::size_t>(words.Which)]->setChecked(sensors.On(words.Which));
+  }
+  outputs_->Show(OutputsText(sensors.Outputs()));
+}
+
+}  // namespace morvane::simulator
