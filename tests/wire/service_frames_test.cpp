@@ -24,56 +24,56 @@ Bytes Plain(const Command& command) {
   return {frame.begin(), frame.begin() + 7};
 }
 
-constexpr std::uint8_t r = kFiller;
+constexpr std::uint8_t kR = kFiller;
 
 TEST(ServiceCommands, ReadFramesNameTheirSubCodeAndAreFillerBehindIt) {
   using enum CardIndex;
-  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Standard)), ElementsAre(17, 1, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Standard)), ElementsAre(17, 2, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Standard)), ElementsAre(17, 3, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Standard)), ElementsAre(17, 4, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Jumbo)), ElementsAre(17, 5, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Jumbo)), ElementsAre(17, 6, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Jumbo)), ElementsAre(17, 7, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Jumbo)), ElementsAre(17, 8, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Small)), ElementsAre(17, 10, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Small)), ElementsAre(17, 11, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Small)), ElementsAre(17, 12, r, r, r, r, r));
-  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Small)), ElementsAre(17, 13, r, r, r, r, r));
+  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Standard)), ElementsAre(17, 1, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Standard)), ElementsAre(17, 2, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Standard)), ElementsAre(17, 3, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Standard)), ElementsAre(17, 4, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Jumbo)), ElementsAre(17, 5, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Jumbo)), ElementsAre(17, 6, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Jumbo)), ElementsAre(17, 7, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Jumbo)), ElementsAre(17, 8, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<PositionBlock>(Small)), ElementsAre(17, 10, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SymbolBlock>(Small)), ElementsAre(17, 11, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SuitBlock>(Small)), ElementsAre(17, 12, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ReadBlock<SwitchAnswer>(Small)), ElementsAre(17, 13, kR, kR, kR, kR, kR));
 }
 
 TEST(ServiceCommands, BlocksOfTheWholeMachineHaveOneSubCodeForEveryIndex) {
   for (const CardIndex index : {CardIndex::Standard, CardIndex::Jumbo, CardIndex::Small}) {
-    EXPECT_THAT(Plain(ReadBlock<ThresholdBlock>(index)), ElementsAre(17, 9, r, r, r, r, r));
-    EXPECT_THAT(Plain(ReadBlock<VideoBlock>(index)), ElementsAre(17, 14, r, r, r, r, r));
+    EXPECT_THAT(Plain(ReadBlock<ThresholdBlock>(index)), ElementsAre(17, 9, kR, kR, kR, kR, kR));
+    EXPECT_THAT(Plain(ReadBlock<VideoBlock>(index)), ElementsAre(17, 14, kR, kR, kR, kR, kR));
   }
 }
 
 TEST(ServiceCommands, AWrittenPositionIsThatOfTheViewAndThenTheStartPoint) {
   const PositionBlock values{.PosX = 11, .PosY = 12, .StartX = 13, .StartY = 14};
   EXPECT_THAT(Plain(WriteBlock(CardIndex::Standard, values)),
-              ElementsAre(19, 1, 11, 12, 13, 14, r));
-  EXPECT_THAT(Plain(WriteBlock(CardIndex::Jumbo, values)), ElementsAre(19, 5, 11, 12, 13, 14, r));
-  EXPECT_THAT(Plain(WriteBlock(CardIndex::Small, values)), ElementsAre(19, 10, 11, 12, 13, 14, r));
+              ElementsAre(19, 1, 11, 12, 13, 14, kR));
+  EXPECT_THAT(Plain(WriteBlock(CardIndex::Jumbo, values)), ElementsAre(19, 5, 11, 12, 13, 14, kR));
+  EXPECT_THAT(Plain(WriteBlock(CardIndex::Small, values)), ElementsAre(19, 10, 11, 12, 13, 14, kR));
 }
 
 TEST(ServiceCommands, WrittenLimitsHaveTheLargestSizeFirst) {
   const SizeLimits limits{.MaxX = 40, .MaxY = 60, .MinX = 20, .MinY = 30};
   EXPECT_THAT(Plain(WriteBlock(CardIndex::Standard, SymbolBlock{limits})),
-              ElementsAre(19, 2, 40, 60, 20, 30, r));
+              ElementsAre(19, 2, 40, 60, 20, 30, kR));
   EXPECT_THAT(Plain(WriteBlock(CardIndex::Small, SuitBlock{limits})),
-              ElementsAre(19, 12, 40, 60, 20, 30, r));
+              ElementsAre(19, 12, 40, 60, 20, 30, kR));
 }
 
 TEST(ServiceCommands, WrittenSwitchesHaveAByteEach) {
   const auto write = [](SwitchBlock values) {
     return Plain(WriteBlock(CardIndex::Standard, values));
   };
-  EXPECT_THAT(write({.IgnoreFlip = true}), ElementsAre(19, 4, 1, 0, 0, 0, r));
-  EXPECT_THAT(write({.IgnoreBox = true}), ElementsAre(19, 4, 0, 1, 0, 0, r));
-  EXPECT_THAT(write({.UseBoard = true}), ElementsAre(19, 4, 0, 0, 1, 0, r));
+  EXPECT_THAT(write({.IgnoreFlip = true}), ElementsAre(19, 4, 1, 0, 0, 0, kR));
+  EXPECT_THAT(write({.IgnoreBox = true}), ElementsAre(19, 4, 0, 1, 0, 0, kR));
+  EXPECT_THAT(write({.UseBoard = true}), ElementsAre(19, 4, 0, 0, 1, 0, kR));
   EXPECT_THAT(Plain(WriteBlock(CardIndex::Jumbo, SwitchBlock{true, true, true})),
-              ElementsAre(19, 8, 1, 1, 1, 0, r));
+              ElementsAre(19, 8, 1, 1, 1, 0, kR));
 }
 
 TEST(ServiceCommands, WrittenThresholdsAreBoldThenFineAndTheOptionLast) {
@@ -92,36 +92,36 @@ TEST(ServiceCommands, WrittenVideoValuesEndInZerosAndATrialIsMarked) {
 
 TEST(ServiceCommands, OutputsAreABitEach) {
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kMotors}),
-              ElementsAre(23, 1, 0, r, r, r, r));
+              ElementsAre(23, 1, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kGate1}),
-              ElementsAre(23, 2, 0, r, r, r, r));
+              ElementsAre(23, 2, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kGate2}),
-              ElementsAre(23, 4, 0, r, r, r, r));
+              ElementsAre(23, 4, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kGate3}),
-              ElementsAre(23, 8, 0, r, r, r, r));
+              ElementsAre(23, 8, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kCamLeds}),
-              ElementsAre(23, 16, 0, r, r, r, r));
+              ElementsAre(23, 16, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kCamPower}),
-              ElementsAre(23, 32, 0, r, r, r, r));
+              ElementsAre(23, 32, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kFrontGreenLed}),
-              ElementsAre(23, 64, 0, r, r, r, r));
+              ElementsAre(23, 64, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kFrontRedLed, .Feed = true}),
-              ElementsAre(23, 128, 1, r, r, r, r));
+              ElementsAre(23, 128, 1, kR, kR, kR, kR));
 }
 
 TEST(ServiceCommands, StatusFramesNameTheirSelector) {
-  EXPECT_THAT(Plain(kMotors1And2), ElementsAre(27, 0, 0, r, r, r, r));
-  EXPECT_THAT(Plain(kMotors3And4), ElementsAre(27, 1, 0, r, r, r, r));
-  EXPECT_THAT(Plain(kClimate), ElementsAre(27, 2, 0, r, r, r, r));
-  EXPECT_THAT(Plain(kSpareSensor), ElementsAre(27, 3, 0, r, r, r, r));
-  EXPECT_THAT(Plain(kLabelSensor), ElementsAre(27, 4, 0, r, r, r, r));
+  EXPECT_THAT(Plain(kMotors1And2), ElementsAre(27, 0, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(kMotors3And4), ElementsAre(27, 1, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(kClimate), ElementsAre(27, 2, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(kSpareSensor), ElementsAre(27, 3, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(kLabelSensor), ElementsAre(27, 4, 0, kR, kR, kR, kR));
 }
 
 TEST(ServiceCommands, WhatTheMachineIsIsAskedInFramesOfItsOwn) {
-  EXPECT_THAT(Plain(ServiceVersionCommand{}), ElementsAre(26, r, r, r, r, r, r));
-  EXPECT_THAT(Plain(ServiceIdentityCommand{1}), ElementsAre(18, 1, 0, r, r, r, r));
-  EXPECT_THAT(Plain(ServiceIdentityCommand{2}), ElementsAre(18, 2, 0, r, r, r, r));
-  EXPECT_THAT(Plain(CounterPageCommand{7}), ElementsAre(51, 0, 7, r, r, r, r));
+  EXPECT_THAT(Plain(ServiceVersionCommand{}), ElementsAre(26, kR, kR, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ServiceIdentityCommand{1}), ElementsAre(18, 1, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(ServiceIdentityCommand{2}), ElementsAre(18, 2, 0, kR, kR, kR, kR));
+  EXPECT_THAT(Plain(CounterPageCommand{7}), ElementsAre(51, 0, 7, kR, kR, kR, kR));
   EXPECT_THAT(Plain(BootAreaCommand{}), ElementsAre(50, 0, 0, 0, 0, 0, 0));
   EXPECT_THAT(Plain(LogicVersionCommand{}), ElementsAre(35, 0, 0, 0, 0, 0, 0));
 }
@@ -132,10 +132,10 @@ TEST(ServiceCommands, FramesThatOnlyWriteHaveNoFillerThatCouldSaySomething) {
 }
 
 TEST(ServiceReplies, ParametersStandWhereTheyAreWritten) {
-  const auto positions = Get<ParametersReply<PositionBlock>>({17, 10, 11, 12, 13, 14, r});
+  const auto positions = Get<ParametersReply<PositionBlock>>({17, 10, 11, 12, 13, 14, kR});
   EXPECT_EQ(positions.SubCode, 10);
   EXPECT_EQ(positions.Values, (PositionBlock{.PosX = 11, .PosY = 12, .StartX = 13, .StartY = 14}));
-  const auto suit = Get<ParametersReply<SuitBlock>>({17, 3, 40, 60, 20, 30, r});
+  const auto suit = Get<ParametersReply<SuitBlock>>({17, 3, 40, 60, 20, 30, kR});
   EXPECT_EQ(suit.Values.Limits, (SizeLimits{.MaxX = 40, .MaxY = 60, .MinX = 20, .MinY = 30}));
   const auto thresholds = Get<ParametersReply<ThresholdBlock>>({17, 9, 1, 2, 3, 4, 5});
   EXPECT_EQ(thresholds.Values,
@@ -147,7 +147,7 @@ TEST(ServiceReplies, ParametersStandWhereTheyAreWritten) {
 
 TEST(ServiceReplies, SwitchesAreAnsweredInBitsOfByte4BehindTheNumberOfTheRecord) {
   const auto get = [](std::uint8_t bits) {
-    return Get<ParametersReply<SwitchAnswer>>({17, 8, 0x12, 0x34, bits, r, r}).Values;
+    return Get<ParametersReply<SwitchAnswer>>({17, 8, 0x12, 0x34, bits, kR, kR}).Values;
   };
   EXPECT_EQ(get(0).ParamId, 0x1234);
   EXPECT_TRUE(get(1).IgnoreFlip);
