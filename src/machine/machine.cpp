@@ -27,8 +27,12 @@ std::string Machine::FirmwareVersion() const {
 
 void Machine::BeginExchange() {
   // A late reply of the exchange before must not be taken for this one's.
-  if (lateReply_) Link.FlushLink();
-  lateReply_ = false;
+  if (lateReply_) {
+    Link.FlushLink();
+  } else if (told_) {
+    Link.DrainLink();  // the frame that was told may be on its way yet
+  }
+  lateReply_ = told_ = false;
   Link.CommErrorCount = 0;
 }
 

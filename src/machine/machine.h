@@ -79,6 +79,16 @@ class Machine {
     }
     return std::nullopt;
   }
+  /// Sends a command that has no reply. A machine that answers it all the same does no harm: the
+  /// next exchange forgets that first.
+  template <typename Command>
+  void Tell(const Command& command) {
+    BeginExchange();
+    FillRandom();
+    wire::Put(command, Link.TxFrame);
+    Link.SendFrame();
+    told_ = true;
+  }
   /// Both tries of the last exchange were bad.
   [[nodiscard]] bool Lost() const { return Link.CommErrorCount >= kTries; }
   /// A reply may still be on its way: the next exchange flushes the link before it sends.
@@ -113,6 +123,7 @@ class Machine {
   Entropy& random_;
   MachineKind kind_;
   bool lateReply_ = false;
+  bool told_ = false;  ///< what is received before the next exchange belongs to none
 };
 
 /// `MachineState` in words: "Idle", "Busy" ...

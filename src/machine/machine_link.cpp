@@ -67,4 +67,6 @@ void MachineLink::MachineLatchOn() { Usb.WriteLatch(UsbHandle, 1, 1); }
 void MachineLink::MachineLatchOff() { Usb.WriteLatch(UsbHandle, 1, 0); }
 void MachineLink::FlushLink() { Usb.FlushBuffers(UsbHandle, 1, 1); }
 
+void MachineLink::DrainLink() { Usb.FlushBuffers(UsbHandle, 0, 1); }
+
 }  // namespace morvane::machine

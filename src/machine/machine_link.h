@@ -49,6 +49,8 @@ class MachineLink {
   void MachineLatchOn();
   void MachineLatchOff();
   void FlushLink();
+  /// Forgets what has been received, and nothing of what is still being sent.
+  void DrainLink();
 
  private:
   void Send(std::size_t size);

@@ -98,6 +98,12 @@ void ParameterBoxes::Take(const wire::SymbolBlock& block) {
   TakeInto(*this, kSymbol, block.Limits);
 }
 void ParameterBoxes::Take(const wire::SuitBlock& block) { TakeInto(*this, kSuit, block.Limits); }
+void ParameterBoxes::Take(const wire::SwitchAnswer& answer) {
+  param_ID = std::to_string(answer.ParamId);
+  if (FlipAndBoxOn) Switches.IgnoreFlip = answer.IgnoreFlip;
+  if (FlipAndBoxOn) Switches.IgnoreBox = answer.IgnoreBox;
+  if (UseBoardOn) Switches.UseBoard = answer.UseBoard;
+}
 void ParameterBoxes::Take(const ThresholdBlock& block) { TakeInto(*this, kThresholds, block); }
 void ParameterBoxes::Take(const VideoBlock& block) { TakeInto(*this, kVideo, block); }
 

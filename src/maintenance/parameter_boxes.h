@@ -46,12 +46,16 @@ class ParameterBoxes {
     return boxes_[IndexOf(parameter)];
   }
   wire::SwitchBlock Switches;  ///< `Ignore_flip`, `Ignore_box`, `Use_Board`
+  bool FlipAndBoxOn = false;   ///< `Ignore_flip` and `Ignore_box` are enabled
+  bool UseBoardOn = false;     ///< `Use_Board` is
   std::string param_ID;        ///< shown, never written; empty until it has been read
 
   // What the machine has answered.
   void Take(const wire::PositionBlock& block);
   void Take(const wire::SymbolBlock& block);
   void Take(const wire::SuitBlock& block);
+  /// A check box takes its bit only while it is enabled.
+  void Take(const wire::SwitchAnswer& answer);
   void Take(const wire::ThresholdBlock& block);
   void Take(const wire::VideoBlock& block);
 
