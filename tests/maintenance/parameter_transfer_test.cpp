@@ -1,9 +1,6 @@
 #include "maintenance/parameter_transfer.h"
 
-#include <gmock/gmock.h>
-
-#include "simulator/wired_machine.h"
-#include "support/fakes.h"
+#include "maintenance/service_desk.h"
 #include "support/frame_list.h"
 
 namespace morvane::maintenance {
@@ -15,56 +12,15 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using wire::CardIndex;
 
-/// The parameters of the simulated machine, over a line whose every frame is noted.
-class Transfer : public ::testing::Test {
+class Transfer : public ServiceDesk {
  protected:
-  test::TestDesk desk;
-  std::unique_ptr<simulator::WiredMachine> sim;
-  test::ScriptedBridge bridge{desk.Clock};
-  machine::Machine machine{desk.Random, bridge};
-  int recoveries = 0;
-  ServiceLink link{desk.Prog, machine, [this] { ++recoveries; }};
   ParameterBoxes boxes;
-  std::function<Bytes(const Bytes& plain, Bytes wire)> Damage;
 
-  void SetUp() override { Use(0x90); }
-  /// A machine with firmware 2 and this minor number, whose version is known.
-  void Use(std::uint8_t minor, const std::string& more = "") {
-    simulator::Options options;
-    options.Speed = 0;
-    ASSERT_EQ(simulator::ParseOptions("simulated,speed=0" + more, options), std::nullopt);
-    options.FirmwareMinor = minor;
-    sim = std::make_unique<simulator::WiredMachine>(options);
-    machine.Link.UsbHandle = 7;
-    machine.Link.SetLinkTimeouts(200);
-    bridge.Answer = [this](const Bytes& plain) { return Answered(plain); };
-    ASSERT_TRUE(machine.VersionProbe());
-    bridge.Sent.clear();
-  }
-  /// The sub-codes of the frames sent with this code.
-  [[nodiscard]] std::vector<int> SubCodes(int code) const {
-    std::vector<int> codes;
-    for (const auto& frame : bridge.Sent) {
-      if (frame[0] == code) codes.push_back(frame[1]);
-    }
-    return codes;
-  }
   bool Read(CardIndex index) { return ReadParameters(link, machine, index, boxes); }
   bool Send(CardIndex index) { return SendParameters(link, machine, index, boxes); }
   void Type(Parameter parameter, const std::string& text) {
     FilteredBox shown{text, static_cast<int>(text.size())};
     boxes.Box(parameter).Change(shown);
-  }
-
- private:
-  Bytes Answered(const Bytes& plain) {
-    Bytes reply;
-    for (const std::uint8_t byte : test::OnTheWire(plain, 23)) {
-      if (const auto saying = sim->Hear(byte, desk.Clock.Elapsed())) {
-        reply.assign(saying->Wire.begin(), saying->Wire.end());
-      }
-    }
-    return Damage ? Damage(plain, reply) : reply;
   }
 };
 
