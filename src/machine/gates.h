@@ -34,5 +34,9 @@ inline constexpr VersionGate kTestDealGate{0x83, &Messages::Msg044};
 /// The gate's text with the present version in it.
 [[nodiscard]] std::string GateText(const Machine& machine, const Messages& texts,
                                    const VersionGate& gate);
+/// Why cards with this index (`CardSettings::Index`) cannot be chosen, with `version` for the
+/// present one; empty: they can.
+[[nodiscard]] std::string WhyNotIndex(const Machine& machine, const Messages& texts, int cardIndex,
+                                      const std::string& version);
 
 }  // namespace morvane::machine

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/text.h"
+
 namespace morvane::machine {
 
 using wire::StatusReply;
@@ -23,6 +25,11 @@ bool Machine::VersionProbe() {
 std::string Machine::FirmwareVersion() const {
   return std::to_string(Version.FirmwareMajor) + "." + std::to_string(Version.FirmwareMinor >> 4U) +
          std::to_string(Version.FirmwareMinor & 15U);
+}
+
+std::string Machine::FirmwareInHex() const {
+  const std::string major = Hex2(Version.FirmwareMajor);
+  return (Version.FirmwareMajor < 16 ? major.substr(1) : major) + "." + Hex2(Version.FirmwareMinor);
 }
 
 void Machine::BeginExchange() {

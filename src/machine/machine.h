@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -48,6 +49,10 @@ class Machine {
   std::uint32_t HardwareId = 0;  ///< bits of `IdentityReply`
   std::uint32_t SerialNumber = 0;
 
+  /// Hears of a good frame that came in the place of a reply. True: nobody has asked for it, the
+  /// reply comes behind it.
+  std::function<bool(const wire::Frame&)> OnUnasked;
+
   /// Sends `command` and takes its reply, with one retry that has filler of its own. Nothing when
   /// both tries were bad (`Lost`), or when a command that allows it was answered by another frame.
   template <typename Command>
@@ -66,6 +71,7 @@ class Machine {
       Link.SendFrame();
       meanwhile();
       Link.ReceiveFrame();
+      if (CameUnasked<Reply>()) Link.ReceiveFrame();
       if (Link.RxStatus == MachineLink::kGood) {
         if (wire::Answers<Reply>(wire::CodeOf(Link.RxFrame))) {
           const auto reply = wire::Get<Reply>(Link.RxFrame);
@@ -103,12 +109,19 @@ class Machine {
 
   /// "2.90".
   [[nodiscard]] std::string FirmwareVersion() const;
+  /// The same as the service has it, each digit in hexadecimal: "2.7F".
+  [[nodiscard]] std::string FirmwareInHex() const;
   [[nodiscard]] bool HasHardware(std::uint16_t bit) const { return (HardwareId & bit) != 0; }
 
  private:
   static constexpr int kTries = 2;
 
   void BeginExchange();
+  template <typename Reply>
+  [[nodiscard]] bool CameUnasked() const {
+    return OnUnasked && Link.RxStatus == MachineLink::kGood &&
+           !wire::Answers<Reply>(wire::CodeOf(Link.RxFrame)) && OnUnasked(Link.RxFrame);
+  }
   void EndTry(int attempt);
   void FillRandom();
 

@@ -58,20 +58,11 @@ void RunOptions::SetThreshold(int threshold) {
 
 void RunOptions::SetCardIndex(int cardIndex) {
   if (!MachineKnown) return;
-  const std::string refusal = WhyNotIndex(cardIndex);
+  const std::string refusal =
+      WhyNotIndex(machine_, program_.Texts, cardIndex, machine_.FirmwareVersion());
   Cards.CardIndex = refusal.empty() ? cardIndex : CardSettings::kStandardIndex;
   if (!refusal.empty()) ShowRunError(program_, machine_, refusal);
   Store(kCardIndex, Cards.CardIndex);
-}
-
-std::string RunOptions::WhyNotIndex(int cardIndex) const {
-  const bool large = cardIndex == CardSettings::kLargeIndex;
-  if (large && !machine_.HasHardware(IdentityReply::kLargeIndexCards)) {
-    return program_.Texts.Msg045;
-  }
-  if (!large && cardIndex != CardSettings::kSmallIndex) return "";
-  const VersionGate& gate = large ? kLargeIndexClickGate : kSmallIndexClickGate;
-  return Passes(machine_, gate) ? "" : GateText(machine_, program_.Texts, gate);
 }
 
 void RunOptions::SetCheck_board(bool on) {

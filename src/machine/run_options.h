@@ -44,7 +44,6 @@ class RunOptions {
   void UseReadMode(int readMode) { ReadMode = readMode; }
 
  private:
-  [[nodiscard]] std::string WhyNotIndex(int cardIndex) const;
   [[nodiscard]] std::string WhyNotCheck_board() const;
   bool Refused(const VersionGate& gate);
   void Store(const SettingKey& key, int value);

@@ -17,11 +17,7 @@ constexpr std::uint8_t kLabelSince = 0x37;
 
 }  // namespace
 
-bool ConsolePoll::Poll(bool feed) {
-  const ServiceLink::Turn turn(link_);
-  if (!turn) return true;
-  return AskOutputs(feed) && AskStatus();
-}
+bool ConsolePoll::Poll(bool feed) { return AskOutputs(feed) && AskStatus(); }
 
 std::uint8_t ConsolePoll::NextOutputs() {
   if (!GateTest) {
@@ -58,6 +54,7 @@ bool ConsolePoll::Ask(const wire::SensorStatusCommand<Reply>& command, std::uint
     if (reply->Head.Selector == command.Selector) take(*reply);
     readings_.TakeFlipPlate(reply->Head, (Outputs & OutputsCommand::kCamLeds) != 0);
     ++statusAnswers_;
+    answered_();
   }
   return !link_.LinkFailed();
 }

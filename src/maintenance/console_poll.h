@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "maintenance/readings.h"
 #include "maintenance/service_link.h"
 #include "wire/service_commands.h"
@@ -7,18 +10,19 @@
 namespace morvane::maintenance {
 
 /// The console's poll: tells the machine which outputs are on and learns what its sensors say, as
-/// far as its firmware tells.
+/// far as its firmware tells. Whoever polls has the link.
 class ConsolePoll {
  public:
-  ConsolePoll(ServiceLink& link, const machine::Machine& machine)
-      : link_(link), machine_(machine) {}
+  /// `answered` is told of each answer to a status frame.
+  ConsolePoll(ServiceLink& link, const machine::Machine& machine, std::function<void()> answered)
+      : link_(link), machine_(machine), answered_(std::move(answered)) {}
 
   std::uint8_t Outputs = 0;  ///< the check boxes, a bit each as in `wire::OutputsCommand`
   bool GateTest = false;     ///< the gates are fired in turn, one a poll
-  bool SensorsLive = false;  ///< the machine is known: what it says is shown
+  bool SensorsLive = false;  ///< the machine has been asked what it is: what it says is shown
 
-  /// `feed`: move one card past the camera. Does nothing while another procedure has the link;
-  /// false when the link was lost, which the operator has been told.
+  /// `feed`: move one card past the camera. False: the link is lost, which the operator has been
+  /// told.
   bool Poll(bool feed);
 
   [[nodiscard]] const Readings& Now() const { return readings_; }
@@ -36,6 +40,7 @@ class ConsolePoll {
 
   ServiceLink& link_;
   const machine::Machine& machine_;
+  std::function<void()> answered_;
   Readings readings_;
   int gatePhase_ = 0;  ///< whose turn it is
   int gateCycles_ = 0;

@@ -1,6 +1,7 @@
 #include "maintenance/parameter_boxes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace morvane::maintenance {
 namespace {
@@ -68,6 +69,12 @@ constexpr std::array<Place<VideoBlock>, 3> kVideo{{
     {Parameter::Board_Sen, &VideoBlock::BoardSen},
 }};
 
+constexpr std::array<std::pair<bool wire::SwitchBlock::*, std::string_view>, 3> kSwitches{{
+    {&wire::SwitchBlock::IgnoreFlip, "Ignore_flip"},
+    {&wire::SwitchBlock::IgnoreBox, "Ignore_box"},
+    {&wire::SwitchBlock::UseBoard, "Use_Board"},
+}};
+
 template <typename Block, std::size_t N>
 void TakeInto(ParameterBoxes& boxes, const std::array<Place<Block>, N>& places,
               const Block& block) {
@@ -100,10 +107,19 @@ void ParameterBoxes::Take(const wire::SymbolBlock& block) {
 void ParameterBoxes::Take(const wire::SuitBlock& block) { TakeInto(*this, kSuit, block.Limits); }
 void ParameterBoxes::Take(const wire::SwitchAnswer& answer) {
   param_ID = std::to_string(answer.ParamId);
-  if (FlipAndBoxOn) Switches.IgnoreFlip = answer.IgnoreFlip;
-  if (FlipAndBoxOn) Switches.IgnoreBox = answer.IgnoreBox;
-  if (UseBoardOn) Switches.UseBoard = answer.UseBoard;
+  if (SwitchesOn) {
+    SetIgnore_flip(answer.IgnoreFlip);
+    SetIgnore_box(answer.IgnoreBox);
+  }
+  if (UseBoardOn()) SetUse_Board(answer.UseBoard);
+  taken_ = switches_;
 }
+
+void ParameterBoxes::SetIgnore_box(bool on) {
+  switches_.IgnoreBox = on;
+  if (on) switches_.UseBoard = false;
+}
+
 void ParameterBoxes::Take(const ThresholdBlock& block) { TakeInto(*this, kThresholds, block); }
 void ParameterBoxes::Take(const VideoBlock& block) { TakeInto(*this, kVideo, block); }
 
@@ -120,8 +136,24 @@ void ParameterBoxes::ClampThresholds() {
 }
 
 bool ParameterBoxes::Edited() const {
-  return std::any_of(boxes_.begin(), boxes_.end(),
-                     [](const ValueBox& box) { return box.Edited(); });
+  return switches_ != taken_ || std::any_of(boxes_.begin(), boxes_.end(),
+                                            [](const ValueBox& box) { return box.Edited(); });
+}
+
+std::string ParameterBoxes::DiffersFrom(const ParameterBoxes& other) const {
+  std::string names;
+  const auto name = [&names](bool differs, std::string_view what) {
+    if (!differs) return;
+    if (!names.empty()) names += ", ";
+    names += what;
+  };
+  for (std::size_t i = 0; i < kParameters; ++i) {
+    name(boxes_[i].Value() != other.boxes_[i].Value(), kRows[i].Name);
+  }
+  for (const auto& [checkBox, what] : kSwitches) {
+    name(switches_.*checkBox != other.switches_.*checkBox, what);
+  }
+  return names;
 }
 
 }  // namespace morvane::maintenance

@@ -45,10 +45,16 @@ class ParameterBoxes {
   [[nodiscard]] const ValueBox& Box(Parameter parameter) const {
     return boxes_[IndexOf(parameter)];
   }
-  wire::SwitchBlock Switches;  ///< `Ignore_flip`, `Ignore_box`, `Use_Board`
-  bool FlipAndBoxOn = false;   ///< `Ignore_flip` and `Ignore_box` are enabled
-  bool UseBoardOn = false;     ///< `Use_Board` is
-  std::string param_ID;        ///< shown, never written; empty until it has been read
+  /// The check boxes `Ignore_flip`, `Ignore_box`, `Use_Board`.
+  [[nodiscard]] const wire::SwitchBlock& Switches() const { return switches_; }
+  void SetIgnore_flip(bool on) { switches_.IgnoreFlip = on; }
+  /// A board switch that nobody looks at needs nothing in its place: `Use_Board` goes with it.
+  void SetIgnore_box(bool on);
+  void SetUse_Board(bool on) { switches_.UseBoard = on; }
+  bool SwitchesOn = false;     ///< `Ignore_flip` and `Ignore_box` are enabled
+  bool UseBoardKnown = false;  ///< the machine knows `Use_Board`
+  [[nodiscard]] bool UseBoardOn() const { return UseBoardKnown && !switches_.IgnoreBox; }
+  std::string param_ID;  ///< shown, never written; empty until it has been read
 
   // What the machine has answered.
   void Take(const wire::PositionBlock& block);
@@ -69,14 +75,21 @@ class ParameterBoxes {
   /// A box that still has the focus has not been left: its threshold is put right before it is
   /// sent.
   void ClampThresholds();
-  /// A box differs from what the machine holds.
+  /// What differs from what the machine was last heard to hold: any of it, or one check box.
   [[nodiscard]] bool Edited() const;
+  [[nodiscard]] bool Edited(bool wire::SwitchBlock::*checkBox) const {
+    return switches_.*checkBox != taken_.*checkBox;
+  }
+  /// The names of what differs from `other`, by commas.
+  [[nodiscard]] std::string DiffersFrom(const ParameterBoxes& other) const;
 
  private:
   [[nodiscard]] static std::size_t IndexOf(Parameter parameter) {
     return static_cast<std::size_t>(parameter);
   }
   std::array<ValueBox, kParameters> boxes_;
+  wire::SwitchBlock switches_;
+  wire::SwitchBlock taken_;  ///< as they came from the machine
 };
 
 }  // namespace morvane::maintenance

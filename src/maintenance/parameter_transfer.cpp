@@ -54,14 +54,14 @@ bool SendParameters(ServiceLink& link, const machine::Machine& machine, CardInde
   }
   // The suit comes behind the switches: required.
   return Write(link, index, boxes.Positions()) && Write(link, index, boxes.Symbol()) &&
-         Write(link, index, boxes.Switches) && Write(link, index, boxes.Suit());
+         Write(link, index, boxes.Switches()) && Write(link, index, boxes.Suit());
 }
 
 /// No comma parts the digit of the index from the first number: required.
 std::string ParametersText(const ParameterBoxes& boxes, CardIndex index) {
   std::string text = std::to_string(static_cast<int>(index));
   for (const Parameter parameter : kLoggedFirst) text += boxes.Box(parameter).Text() + ",";
-  const wire::SwitchBlock& switches = boxes.Switches;
+  const wire::SwitchBlock& switches = boxes.Switches();
   for (const bool on : {switches.IgnoreFlip, switches.IgnoreBox, switches.UseBoard}) {
     text += on ? "1," : "0,";
   }

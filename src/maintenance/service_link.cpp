@@ -2,11 +2,10 @@
 
 namespace morvane::maintenance {
 
-void ServiceLink::Fail() {
-  if (linkFailed_) return;
+void ServiceLink::Fail(const std::string& text) {
   linkFailed_ = true;
   machine_.MachineState = machine::Machine::kNotConnected;
-  program_.ShowMessage(program_.Texts.Msg055, kOkCritical, "Communication Error");
+  program_.ShowMessage(text, kOkCritical, "Communication Error");
   recover_();
 }
 

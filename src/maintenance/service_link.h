@@ -23,7 +23,14 @@ class ServiceLink {
   std::optional<typename Command::Reply> Ask(const Command& command) {
     if (linkFailed_) return std::nullopt;
     const auto reply = machine_.Exchange(command);
-    if (machine_.Lost()) Fail();
+    if (machine_.Lost()) Fail(program_.Texts.Msg055);
+    return reply;
+  }
+  /// The same for the first words: a machine that is silent here has no power.
+  template <typename Command>
+  std::optional<typename Command::Reply> AskFirst(const Command& command) {
+    const auto reply = machine_.Exchange(command);
+    if (machine_.Lost()) Fail(program_.Texts.Msg047);
     return reply;
   }
   /// Sends a command that writes, and gives the machine time for it. False: the link is lost.
@@ -36,8 +43,6 @@ class ServiceLink {
   }
 
   [[nodiscard]] bool LinkFailed() const { return linkFailed_; }
-  /// Nobody has been told yet: the operator is, and the service closes.
-  void Fail();
 
   /// The link is free, and another procedure would find it taken from now on: true, or it is taken
   /// already, and whoever asks is to do nothing.
@@ -60,6 +65,7 @@ class ServiceLink {
 
  private:
   static constexpr int kSettleMs = 10;
+  void Fail(const std::string& text);
   void Settle();
 
   Program& program_;

@@ -30,12 +30,12 @@ class ValueBox {
   /// An empty box counts as 0.
   [[nodiscard]] int Value() const;
   /// Another number than the machine's stands in it.
-  [[nodiscard]] bool Edited() const { return text_ != taken_; }
+  [[nodiscard]] bool Edited() const { return !taken_.empty() && text_ != taken_; }
 
  private:
   BoxLimits limits_;
   std::string text_;   ///< the last good one
-  std::string taken_;  ///< as it came from the machine
+  std::string taken_;  ///< as it came from the machine; empty: it never did
 };
 
 }  // namespace morvane::maintenance

@@ -5,6 +5,7 @@
 #include "files/load_number.h"
 #include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
+#include "maintenance/maintenance_view.h"
 #include "poker/poker_dialog.h"
 #include "print/hand_record.h"
 #include "shell/preferences.h"
@@ -22,6 +23,7 @@ class FlowWindows : public files::NumberDialog,
                     public print::HandRecordDialog,
                     public analysis::DeepFDialog,
                     public poker::PokerDialog,
+                    public maintenance::MaintenanceDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

@@ -7,6 +7,7 @@
 #include "files/save_set.h"
 #include "shell/edit_flow.h"
 #include "shell/exit_flow.h"
+#include "shell/maintenance_flow.h"
 #include "shell/new_flow.h"
 #include "shell/print_flow.h"
 #include "shell/run_flows.h"
@@ -167,6 +168,13 @@ void Shell::MenuPrint() {
   if (FlowActive()) return;
   const Flow flow(*this);
   PrintFlow(program_, windows_, [this](const std::string& path) { RefuseFirmware(path); });
+}
+
+void Shell::MenuMaintenance() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  MaintenanceFlow(program_, machine_, windows_,
+                  [this](const std::string& path) { RefuseFirmware(path); });
 }
 
 void Shell::CmdPref() {

@@ -64,6 +64,8 @@ class Shell {
   void MenuPoker();
   void MenuEdit();
   void MenuPrint();
+  /// `cmdMaintenance`.
+  void MenuMaintenance();
   /// Analize: all boards of the set.
   void MenuAnalyze();
   /// Within the flow of the editor or of a command: modal, and without a question. `board` 0: the

@@ -13,7 +13,7 @@ using ::testing::IsEmpty;
 
 class Console : public ServiceDesk {
  protected:
-  ConsolePoll poll{link, machine};
+  ConsolePoll poll{link, machine, [] {}};
   void SetUp() override {
     ServiceDesk::SetUp();
     poll.SensorsLive = true;
@@ -97,22 +97,12 @@ TEST_F(Console, EachStatusAnswerCounts) {
   EXPECT_EQ(poll.StatusAnswers(), 10);
 }
 
-TEST_F(Console, WhileAnotherHasTheLinkNothingIsSent) {
-  machine.PollLock = true;
-  EXPECT_TRUE(poll.Poll(false));
-  EXPECT_THAT(bridge.Sent, IsEmpty());
-  EXPECT_TRUE(machine.PollLock) << "who took it frees it";
-  machine.PollLock = false;
-  poll.Poll(false);
-  EXPECT_FALSE(machine.PollLock);
-}
-
 TEST_F(Console, ALostLinkEndsThePollAtAnyOfItsFrames) {
   for (int target = 0; target < 6; ++target) {
     SCOPED_TRACE(target);
     desk.Ui.Boxes.clear();
     ServiceLink fresh(desk.Prog, machine, [this] { ++recoveries; });
-    ConsolePoll lost(fresh, machine);
+    ConsolePoll lost(fresh, machine, [] {});
     Use(0x90);
     recoveries = 0;
     int sent = 0;

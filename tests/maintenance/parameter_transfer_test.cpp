@@ -73,27 +73,31 @@ TEST_F(Transfer, OlderFirmwareIsToldLessAndItsThresholdsStay) {
 }
 
 TEST_F(Transfer, TheSwitchesAreWrittenInBytesAndReadInBits) {
-  boxes.FlipAndBoxOn = boxes.UseBoardOn = true;
+  boxes.SwitchesOn = boxes.UseBoardKnown = true;
   ASSERT_TRUE(Read(CardIndex::Standard));
-  boxes.Switches = {.IgnoreFlip = true, .IgnoreBox = false, .UseBoard = true};
+  boxes.SetIgnore_flip(true);
+  boxes.SetUse_Board(true);
   bridge.Sent.clear();
   ASSERT_TRUE(Send(CardIndex::Standard));
   EXPECT_TRUE(FramesAre({bridge.Sent[4]}, {"13 04 01 00 01 00 .."}));
-  boxes.Switches = {};
+  boxes.SetIgnore_flip(false);
+  boxes.SetUse_Board(false);
   ASSERT_TRUE(Read(CardIndex::Standard));
-  EXPECT_EQ(boxes.Switches,
+  EXPECT_EQ(boxes.Switches(),
             (wire::SwitchBlock{.IgnoreFlip = true, .IgnoreBox = false, .UseBoard = true}));
 }
 
 TEST_F(Transfer, ACheckBoxThatIsOffTakesNoBit) {
-  boxes.FlipAndBoxOn = boxes.UseBoardOn = true;
+  boxes.SwitchesOn = boxes.UseBoardKnown = true;
   ASSERT_TRUE(Read(CardIndex::Standard));
-  boxes.Switches = {.IgnoreFlip = true, .IgnoreBox = true, .UseBoard = true};
+  boxes.SetIgnore_flip(true);
+  boxes.SetUse_Board(true);
   ASSERT_TRUE(Send(CardIndex::Standard));
-  boxes.Switches = {};
-  boxes.FlipAndBoxOn = boxes.UseBoardOn = false;
+  boxes.SetIgnore_flip(false);
+  boxes.SetUse_Board(false);
+  boxes.SwitchesOn = boxes.UseBoardKnown = false;
   ASSERT_TRUE(Read(CardIndex::Standard));
-  EXPECT_EQ(boxes.Switches, wire::SwitchBlock{});
+  EXPECT_EQ(boxes.Switches(), wire::SwitchBlock{});
 }
 
 TEST_F(Transfer, OfTheThreeRecordsOnlyTheSelectedOneChanges) {
@@ -149,7 +153,7 @@ TEST_F(Transfer, TheLogHasTheValuesInItsOwnOrder) {
   boxes.Take(wire::SuitBlock{{.MaxX = 9, .MaxY = 10, .MinX = 11, .MinY = 12}});
   boxes.Take(wire::ThresholdBlock{13, 14, 15, 16, 17});
   boxes.Take(wire::VideoBlock{18, 19, 20});
-  boxes.Switches = {.IgnoreFlip = false, .IgnoreBox = true, .UseBoard = false};
+  boxes.SetIgnore_box(true);
   EXPECT_EQ(ParametersText(boxes, CardIndex::Small),
             "21,2,3,4,5,6,7,8,9,10,11,12,0,1,0,13,15,14,16,18,19,20");
 }

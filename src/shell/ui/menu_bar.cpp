@@ -32,7 +32,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddEntry(*this, "menuEdit", "&Edit", Qt::CTRL | Qt::Key_E, [&shell] { shell.MenuEdit(); });
   AddEntry(*this, "Analize", "&Analyze", Qt::CTRL | Qt::Key_Y, [&shell] { shell.MenuAnalyze(); });
   AddEntry(*this, "menuPrint", "&Print", QKeySequence::Print, [&shell] { shell.MenuPrint(); });
-  AddMaintenanceMenu(serviceLevel);
+  AddMaintenanceMenu(shell, serviceLevel);
   AddEntry(*this, "menuPoker", "Po&ker", Qt::CTRL | Qt::Key_K, [&shell] { shell.MenuPoker(); });
   AddSetupMenu(shell);
 }
@@ -48,9 +48,10 @@ void MenuBar::AddFileMenu(Shell& shell) {
   AddEntry(file, "menuExit", "E&xit", Qt::CTRL | Qt::Key_Q, [this] { window()->close(); });
 }
 
-void MenuBar::AddMaintenanceMenu(int serviceLevel) {
+void MenuBar::AddMaintenanceMenu(Shell& shell, int serviceLevel) {
   QMenu& maintenance = AddMenu("cmdMaintenance_direct", "&Maintenance");
-  AddEntry(maintenance, "cmdMaintenance", "&Maintenance");
+  AddEntry(maintenance, "cmdMaintenance", "&Maintenance", Qt::CTRL | Qt::Key_M,
+           [&shell] { shell.MenuMaintenance(); });
   AddEntry(maintenance, "Read_Service_File", "&Read Service File")->setVisible(serviceLevel > 0);
 }
 

@@ -27,7 +27,7 @@ class MenuBar final : public QMenuBar {
   QAction* AddEntry(QWidget& menu, const char* name, const char* caption,
                     const QKeySequence& keys = {}, Flow flow = nullptr);
   void AddFileMenu(Shell& shell);
-  void AddMaintenanceMenu(int serviceLevel);
+  void AddMaintenanceMenu(Shell& shell, int serviceLevel);
   void AddSetupMenu(Shell& shell);
   void FollowEntry();
   void ShowToolTip(const QAction* entry, const QPoint& at);

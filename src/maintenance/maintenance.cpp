@@ -1,0 +1,205 @@
+#include "maintenance/maintenance.h"
+
+#include <utility>
+
+#include "machine/gates.h"
+#include "text/box_text.h"
+#include "wire/service_commands.h"
+
+namespace morvane::maintenance {
+namespace {
+
+using machine::Machine;
+using wire::IdentityReply;
+
+constexpr machine::VersionGate kVideoGate{0x80, nullptr};
+/// The status answers behind which the log gets what is known of the machine.
+constexpr int kAnswersBeforeInfo = 10;
+
+}  // namespace
+
+Maintenance::Maintenance(Program& program, Machine& machine,
+                         std::function<void(const std::string&)> download)
+    : program_(program),
+      machine_(machine),
+      download_(std::move(download)),
+      link_(program, machine, [this] { Unload(); }),
+      poll_(link_, machine, [this] { TellBasicInfo(); }),
+      parameters_(program, link_, machine) {
+  machine_.OnUnasked = [this](const wire::Frame& frame) { return TakeUnasked(frame); };
+}
+
+Maintenance::~Maintenance() { machine_.OnUnasked = nullptr; }
+
+// Opening, the first contact, and leaving.
+
+void Maintenance::Open(MaintenanceView& view) {
+  view_ = &view;
+  // What a window whose link was lost has left behind.
+  machine_.PollLock = false;
+  program_.Log.WriteTime(" Maintenance: ");
+  WindowStart();
+}
+
+void Maintenance::WindowStart() {
+  identity_ = {};
+  controls_ = {};
+  machine_.Version = {};
+  machine_.HardwareId = 0;  // as it stays on a machine without firmware
+  parameters_.LoadSelection();
+  machine_.Link.MachineLatchOn();
+  Timer1m_.reset();
+  Timer3m_ = program_.Loop.StartTimer(kFirstContactMs, [this] { Timer3m(); });
+  view_->ShowAll();
+}
+
+void Maintenance::Timer3m() {
+  const auto once = std::move(Timer3m_);
+  AtLink([this] {
+    if (FirstContact()) StartPolling();
+  });
+}
+
+bool Maintenance::FirstContact() {
+  machine_.Link.FlushLink();
+  poll_.SensorsLive = true;
+  if (!link_.AskFirst(wire::ServiceVersionCommand{})) return false;
+  identity_.TakeVersion(machine_);
+  if (HasFirmware(machine_) && !ReadMachine()) return false;
+  controls_.Download = true;
+  return ReadInnerVersions(link_, identity_);
+}
+
+bool Maintenance::ReadMachine() {
+  if (!ReadIdentity(link_, identity_)) return false;
+  parameters_.ApplyGates();
+  if (!parameters_.Read()) return false;
+  EnableControls();
+  return true;
+}
+
+void Maintenance::EnableControls() {
+  controls_.MachineKnown = true;
+  controls_.Video =
+      machine_.Version.FirmwareMajor > 2 ||
+      (Passes(machine_, kVideoGate) && machine_.HasHardware(IdentityReply::kVideoSettings));
+  controls_.Board_Sen = machine_.HasHardware(IdentityReply::kOpticalBoardSwitch);
+}
+
+void Maintenance::Exit() {
+  if (closed_) return;
+  if (machine_.PollLock) {
+    leaving_ = true;
+    return;
+  }
+  if (MayLeave()) Unload();
+}
+
+bool Maintenance::MayLeave() {
+  if (program_.Loop.Quitting() || !Boxes().Edited()) return true;
+  const machine::LinkHold hold(machine_);
+  const int answer = program_.Ask(
+      "      Parameters have been changed and not been written to the machine.      \r\n"
+      "      Do you want to leave without writing them?      ",
+      kYesNoExclamation, "Maintenance");
+  leaving_ = false;
+  return answer == kYes;
+}
+
+void Maintenance::Unload() {
+  if (closed_) return;
+  closed_ = true;
+  controls_ = {};
+  Timer1m_.reset();
+  Timer3m_.reset();
+  if (!LinkFailed()) machine_.Link.MachineLatchOff();
+  machine_.Link.CloseLink();
+  parameters_.SaveSelection();
+  view_->Close();
+}
+
+// The poll.
+
+void Maintenance::StartPolling() {
+  Timer1m_ = program_.Loop.StartTimer(kPollMs, [this] { Timer1m(); });
+}
+
+/// Each poll begins a while behind the end of the last.
+void Maintenance::Timer1m() {
+  const auto once = std::move(Timer1m_);
+  if (program_.Link.Pending == LinkRequest::kDownload) {
+    TakeDownload();
+  } else {
+    AtLink([this] { poll_.Poll(false); }, &MaintenanceView::ShowReadings);
+  }
+  if (!closed_) StartPolling();
+}
+
+void Maintenance::TakeDownload() {
+  const LinkRequest request = std::exchange(program_.Link, {});
+  AtLink([&] { download_(request.File); });
+}
+
+void Maintenance::TellBasicInfo() {
+  if (poll_.StatusAnswers() != kAnswersBeforeInfo) return;
+  const Identity& id = identity_;
+  const Readings& now = poll_.Now();
+  program_.Log.WriteLine("   Basic info: " + id.Serial_number + "," + id.Boards_dealed + "," +
+                         id.Manuf_date + "," + id.Hardware_ID + "," + id.Soft_ver + "," +
+                         id.Down_ID + "," + id.txtUSB_ID + "," + id.Flash_ID_text + "," +
+                         id.USB_driver + "," + id.DLLver + "," + now.Inside_temp.Text + "," +
+                         now.Supply_volt.Text);
+}
+
+bool Maintenance::TakeUnasked(const wire::Frame& frame) {
+  if (!wire::Answers<wire::VerdictReply>(wire::CodeOf(frame))) return false;
+  verdict_.Take(wire::Get<wire::VerdictReply>(frame));
+  return true;
+}
+
+// The buttons.
+
+void Maintenance::AtLink(const std::function<void()>& work, void (MaintenanceView::*show)()) {
+  if (closed_) return;
+  {
+    const ServiceLink::Turn turn(link_);
+    if (turn) work();
+  }
+  if (closed_) return;
+  (view_->*show)();
+  if (leaving_) Exit();
+}
+
+void Maintenance::Feed_card() {
+  AtLink([this] { poll_.Poll(true); }, &MaintenanceView::ShowReadings);
+}
+
+void Maintenance::Get_param() {
+  AtLink([this] { parameters_.Read(); });
+}
+
+void Maintenance::save_param() {
+  if (!parameters_.Known()) return;
+  AtLink([this] { parameters_.Save(); });
+}
+
+void Maintenance::SelectIndex(int index) {
+  if (!controls_.MachineKnown) return;
+  AtLink([this, index] { parameters_.SelectIndex(index); });
+}
+
+void Maintenance::Test() {
+  if (!TestText.empty()) return;
+  AtLink([this] {
+    if (const auto reply = link_.Ask(wire::TestCommand{})) TestText = wire::DiagnosisText(*reply);
+  });
+}
+
+void Maintenance::Test_write() {
+  AtLink([this] {
+    link_.Write(wire::TestWriteCommand{static_cast<std::uint8_t>(Test6.Value()),
+                                       static_cast<std::uint8_t>(Test7.Value())});
+  });
+}
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "maintenance/console_poll.h"
+#include "maintenance/identity.h"
+#include "maintenance/maintenance_view.h"
+#include "maintenance/parameter_block.h"
+#include "maintenance/verdict.h"
+
+namespace morvane::maintenance {
+
+/// What is there of the window and what is enabled.
+struct ServiceControls {
+  bool MachineKnown = false;  ///< the controls that need the machine
+  bool Download = false;      ///< the button is there
+  bool Video = false;         ///< `Video_Brightness`, `Video_Contrast` and their labels are
+  bool Board_Sen = false;     ///< it, its label and `Calibrate_Board_Switch` are
+};
+
+/// The window `Maintenance`, the machine's service console, without its looks. Opened once; the
+/// link must be open. Each public procedure is a control's event; while one of them, or the poll,
+/// has the link, another does nothing.
+class Maintenance {
+ public:
+  static constexpr std::int16_t kLinkTimeoutMs = 400;
+  static constexpr int kFirstContactMs = 2000;
+  static constexpr int kPollMs = 50;
+
+  /// `download`: what becomes of a firmware file that is asked for from outside.
+  Maintenance(Program& program, machine::Machine& machine,
+              std::function<void(const std::string&)> download);
+  ~Maintenance();
+  Maintenance(const Maintenance&) = delete;
+  Maintenance& operator=(const Maintenance&) = delete;
+
+  void Open(MaintenanceView& view);
+  /// The close box or Escape. Asks once if something has been edited and not been written. During
+  /// an exchange the window goes when that is over.
+  void Exit();
+  [[nodiscard]] bool Closed() const { return closed_; }
+
+  // The outputs and the gate test are switched in `Console`; the next poll tells the machine.
+  void Feed_card();
+  void Get_param();
+  void save_param();
+  void SelectIndex(int index);
+  void SelectNational(int national) { parameters_.CardSelection.National = national; }
+  void SelectCardType(int cardType) { parameters_.CardSelection.CardType = cardType; }
+  void SelectThreshold(int threshold) { parameters_.CardSelection.Threshold = threshold; }
+  void Test();
+  /// Sends the numbers in `Test6` and `Test7`.
+  void Test_write();
+
+  // What the window shows.
+  [[nodiscard]] ConsolePoll& Console() { return poll_; }
+  [[nodiscard]] const ConsolePoll& Console() const { return poll_; }
+  /// Boxes that are typed in; empty until the first read.
+  [[nodiscard]] ParameterBoxes& Boxes() { return parameters_.Boxes; }
+  [[nodiscard]] const ParameterBlock& Parameters() const { return parameters_; }
+  [[nodiscard]] const Identity& TheIdentity() const { return identity_; }
+  [[nodiscard]] const Verdict& LastVerdict() const { return verdict_; }
+  [[nodiscard]] const ServiceControls& Controls() const { return controls_; }
+  [[nodiscard]] bool LinkFailed() const { return link_.LinkFailed(); }
+  std::string TestText;
+  ValueBox Test6;
+  ValueBox Test7;
+
+ private:
+  void WindowStart();
+  void Timer3m();
+  bool FirstContact();
+  bool ReadMachine();
+  void EnableControls();
+  void StartPolling();
+  void Timer1m();
+  void TakeDownload();
+  void TellBasicInfo();
+  [[nodiscard]] bool TakeUnasked(const wire::Frame& frame);
+  /// Does `work` with the link, unless another has it; then `show`s what has come of it.
+  void AtLink(const std::function<void()>& work,
+              void (MaintenanceView::*show)() = &MaintenanceView::ShowAll);
+  [[nodiscard]] bool MayLeave();
+  void Unload();
+
+  Program& program_;
+  machine::Machine& machine_;
+  const std::function<void(const std::string&)> download_;
+  ServiceLink link_;
+  ConsolePoll poll_;
+  ParameterBlock parameters_;
+  Identity identity_;
+  Verdict verdict_;
+  ServiceControls controls_;
+  MaintenanceView* view_ = nullptr;
+  std::unique_ptr<Timer> Timer1m_;
+  std::unique_ptr<Timer> Timer3m_;
+  bool leaving_ = false;  ///< somebody wants to leave, once the link is free
+  bool closed_ = false;
+};
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,29 @@
+#include "shell/maintenance_flow.h"
+
+#include "machine/open_link.h"
+#include "maintenance/maintenance.h"
+
+namespace morvane::shell {
+
+using maintenance::Maintenance;
+
+void MaintenanceFlow(Program& program, machine::Machine& machine,
+                     maintenance::MaintenanceDialog& dialogs,
+                     const std::function<void(const std::string&)>& download) {
+  program.Status("Maintenance");
+  if (machine::OpenLink(program, machine.Link, Maintenance::kLinkTimeoutMs)) {
+    Maintenance console(program, machine, download);
+    if (const auto window = dialogs.OpenMaintenance(console)) {
+      console.Open(*window);
+      program.Loop.RunUntil([&] { return console.Closed(); });
+      console.Exit();
+    } else {
+      machine.Link.CloseLink();
+      program.ShowMessage("      This program has no window for the service.      ", kOkCritical,
+                          "Maintenance");
+    }
+  }
+  program.Status("Ready");
+}
+
+}  // namespace morvane::shell

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "machine/machine.h"
+#include "maintenance/maintenance_view.h"
+#include "program/program.h"
+
+namespace morvane::shell {
+
+/// `cmdMaintenance`: the service console, from opening the link until its window has gone.
+/// `download` as in `Maintenance`.
+void MaintenanceFlow(Program& program, machine::Machine& machine,
+                     maintenance::MaintenanceDialog& dialogs,
+                     const std::function<void(const std::string&)>& download);
+
+}  // namespace morvane::shell
