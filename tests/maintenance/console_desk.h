@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "maintenance/maintenance.h"
+#include "maintenance/service_desk.h"
+
+namespace morvane::maintenance {
+
+class NotedView final : public MaintenanceView {
+ public:
+  int Readings = 0;
+  int All = 0;
+  int Closes = 0;
+  void ShowReadings() override { ++Readings; }
+  void ShowAll() override { ++All; }
+  void Close() override { ++Closes; }
+};
+
+/// The console at a simulated machine, every frame of which is noted.
+class ConsoleDesk : public ServiceDesk {
+ protected:
+  NotedView view;
+  std::vector<std::string> downloads;
+  std::optional<Maintenance> console;
+
+  void SetUp() override {
+    RuntimeError error;
+    ASSERT_TRUE(desk.Prog.Log.Start(desk.Folder.Path(), error));
+  }
+  /// Opens the window at a machine with these options ("firmware=2.7F").
+  void Open(const std::string& options = "") {
+    Connect(options);
+    console.emplace(desk.Prog, machine,
+                    [this](const std::string& path) { downloads.push_back(path); });
+    console->Open(view);
+  }
+  /// Up to the end of the window start; nothing is polled yet.
+  void Start(const std::string& options = "") {
+    Open(options);
+    desk.Loop.WaitMs(Maintenance::kFirstContactMs);
+  }
+  /// As many polls.
+  void Poll(int polls = 1) {
+    for (const int before = view.Readings; view.Readings < before + polls && !console->Closed();) {
+      desk.Loop.WaitMs(1);
+    }
+  }
+  void Type(Parameter parameter, const std::string& text) {
+    FilteredBox shown{text, static_cast<int>(text.size())};
+    console->Boxes().Box(parameter).Change(shown);
+  }
+  [[nodiscard]] std::string Text(Parameter parameter) {
+    return console->Boxes().Box(parameter).Text();
+  }
+  [[nodiscard]] std::vector<std::string> LinesWith(const std::string& words) const {
+    std::vector<std::string> lines;
+    for (const auto& line : desk.LogLines()) {
+      if (line.find(words) != std::string::npos) lines.push_back(line);
+    }
+    return lines;
+  }
+};
+
+}  // namespace morvane::maintenance

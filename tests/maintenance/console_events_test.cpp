@@ -1,0 +1,176 @@
+#include <array>
+
+#include "maintenance/console_desk.h"
+
+namespace morvane::maintenance {
+namespace {
+
+using test::Bytes;
+using ::testing::Contains;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+/// Everything that can come while a frame is on its way.
+struct Event {
+  const char* Name;
+  std::function<void(ConsoleDesk&, Maintenance&)> Do;
+  bool Leaves = false;
+};
+
+const std::vector<Event> kEvents{
+    {"Feed_card", [](auto&, auto& console) { console.Feed_card(); }},
+    {"Get_param", [](auto&, auto& console) { console.Get_param(); }},
+    {"save_param", [](auto&, auto& console) { console.save_param(); }},
+    {"Card_Index_j", [](auto&, auto& console) { console.SelectIndex(1); }},
+    {"Test", [](auto&, auto& console) { console.Test(); }},
+    {"Test_write", [](auto&, auto& console) { console.Test_write(); }},
+    {"the close box", [](auto&, auto& console) { console.Exit(); }, true},
+};
+
+/// What has the link when they come.
+struct Work {
+  const char* Name;
+  std::function<void(Maintenance&)> Do;
+};
+
+const std::vector<Work> kWork{
+    {"Feed_card", [](auto& console) { console.Feed_card(); }},
+    {"Get_param", [](auto& console) { console.Get_param(); }},
+    {"save_param", [](auto& console) { console.save_param(); }},
+    {"Card_Index_sm", [](auto& console) { console.SelectIndex(2); }},
+    {"Test", [](auto& console) { console.Test(); }},
+    {"Test_write", [](auto& console) { console.Test_write(); }},
+};
+
+class Events : public ConsoleDesk {
+ protected:
+  /// Opens anew and does `work`, or the window start without one; all frames that it sends.
+  std::size_t FramesOf(const Work* work) {
+    OnFrame = nullptr;
+    Damage = nullptr;
+    if (work == nullptr) {
+      Start();
+      return bridge.Sent.size();
+    }
+    Start();
+    Begin(*work);
+    return bridge.Sent.size();
+  }
+  void Begin(const Work& work) {
+    bridge.Sent.clear();
+    desk.Ui.Boxes.clear();
+    desk.Ui.Answers = {kYes, kYes};
+    work.Do(*console);
+  }
+};
+
+TEST_F(Events, WhatComesDuringAnExchangeDoesNothingAndTheCloseBoxWaits) {
+  for (const Work& work : kWork) {
+    const std::size_t frames = FramesOf(&work);
+    for (const Event& event : kEvents) {
+      for (std::size_t at = 0; at < frames; ++at) {
+        SCOPED_TRACE(std::string(event.Name) + " in frame " + std::to_string(at) + " of " +
+                     work.Name);
+        OnFrame = nullptr;
+        Start();
+        const int boxes = work.Name == std::string("save_param") ? 2 : 0;
+        OnFrame = [&](const Bytes&) {
+          if (bridge.Sent.size() == at + 1) event.Do(*this, *console);
+        };
+        Begin(work);
+        EXPECT_EQ(bridge.Sent.size(), frames);
+        EXPECT_EQ(bridge.Overlaps, 0);
+        EXPECT_EQ(desk.Ui.Boxes.size(), static_cast<std::size_t>(boxes));
+        EXPECT_EQ(console->Closed(), event.Leaves);
+        EXPECT_EQ(machine.Link.IsOpen(), !event.Leaves);
+        EXPECT_FALSE(machine.PollLock);
+      }
+    }
+  }
+}
+
+TEST_F(Events, TheSettlingOfAWriteLetsEventsThroughAndNoneOfThemSends) {
+  for (const Event& event : kEvents) {
+    SCOPED_TRACE(event.Name);
+    Start();
+    const auto timer = desk.Loop.StartTimer(5, [&] {
+      if (!console->Closed()) event.Do(*this, *console);
+    });
+    Begin(kWork[2]);
+    EXPECT_EQ(bridge.Overlaps, 0);
+    EXPECT_EQ(SubCodes(0x13).size(), 6U);
+    EXPECT_EQ(bridge.Sent.size(), 12U) << "what was read back comes behind";
+    EXPECT_EQ(console->Closed(), event.Leaves);
+  }
+}
+
+TEST_F(Events, AProgramThatQuitsDuringAnExchangeLeavesTheMachineInPeace) {
+  for (const Work& work : kWork) {
+    SCOPED_TRACE(work.Name);
+    Start();
+    OnFrame = [&](const Bytes&) { desk.Loop.Quit(); };
+    Begin(work);
+    console->Exit();
+    EXPECT_TRUE(console->Closed());
+    EXPECT_FALSE(machine.Link.IsOpen());
+    EXPECT_EQ(bridge.Overlaps, 0);
+  }
+}
+
+TEST_F(Events, ALinkLostAtAnyExchangeIsToldOnceAndTheNextWindowWorks) {
+  constexpr int kStart = 12;
+  for (int target = 1; target < kStart + 6; ++target) {
+    SCOPED_TRACE(target);
+    desk.Ui.Boxes.clear();
+    int frames = 0;
+    Damage = [&](const Bytes&, Bytes wire) { return frames++ >= target ? Bytes{} : wire; };
+    Start();
+    desk.Loop.WaitMs(5000);
+    EXPECT_EQ(bridge.Sent.size(), static_cast<std::size_t>(target) + 2) << "one retry, no more";
+    ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+    EXPECT_EQ(desk.Ui.Boxes[0].Text, desk.Prog.Texts.Msg055);
+    EXPECT_EQ(desk.Ui.Boxes[0].Title, "Communication Error");
+    EXPECT_TRUE(console->Closed());
+    EXPECT_FALSE(machine.Link.IsOpen());
+    EXPECT_FALSE(machine.PollLock);
+    EXPECT_THAT(bridge.Calls, Not(Contains("WriteLatch 1 0")));
+    Damage = nullptr;
+    Start();
+    EXPECT_TRUE(console->Controls().MachineKnown);
+    Poll();
+    console->Exit();
+  }
+}
+
+TEST_F(Events, ALinkLostWhileParametersAreWrittenEndsTheUpdateWithoutAnotherWord) {
+  const std::size_t frames = FramesOf(&kWork[2]);
+  for (std::size_t target = 6; target < frames; ++target) {
+    SCOPED_TRACE(target);
+    Start();
+    Damage = [&](const Bytes&, Bytes wire) { return bridge.Sent.size() > target ? Bytes{} : wire; };
+    Begin(kWork[2]);
+    ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
+    EXPECT_EQ(desk.Ui.Boxes[1].Text, desk.Prog.Texts.Msg055);
+    EXPECT_TRUE(console->Closed());
+    Damage = nullptr;
+  }
+}
+
+TEST_F(Events, AReplyThatIsLostOnceIsAskedForAgain) {
+  for (int target = 0; target < 18; ++target) {
+    SCOPED_TRACE(target);
+    int frames = 0;
+    Damage = [&](const Bytes&, Bytes wire) { return frames++ == target ? Bytes{} : wire; };
+    Start();
+    Poll();
+    EXPECT_EQ(bridge.Sent.size(), 19U);
+    EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+    EXPECT_EQ(console->Parameters().Known(), true);
+    EXPECT_NE(console->Console().Now().Inside_temp.Text, "");
+    Damage = nullptr;
+    console->Exit();
+  }
+}
+
+}  // namespace
+}  // namespace morvane::maintenance
