@@ -77,5 +77,62 @@ TEST(ParameterBoxes, AreEditedAsSoonAsOneIs) {
   EXPECT_TRUE(boxes.Edited());
 }
 
+TEST(ParameterBoxes, ABoardSwitchThatIsIgnoredTakesTheReaderWithIt) {
+  ParameterBoxes boxes;
+  boxes.SwitchesOn = boxes.UseBoardKnown = true;
+  boxes.SetUse_Board(true);
+  boxes.SetIgnore_box(true);
+  EXPECT_FALSE(boxes.Switches().UseBoard);
+  EXPECT_FALSE(boxes.UseBoardOn());
+  boxes.SetIgnore_box(false);
+  EXPECT_FALSE(boxes.Switches().UseBoard) << "it does not come back by itself";
+  EXPECT_TRUE(boxes.UseBoardOn());
+  boxes.UseBoardKnown = false;
+  EXPECT_FALSE(boxes.UseBoardOn()) << "firmware before 2.70";
+}
+
+TEST(ParameterBoxes, WhatTheMachineSaysOfItsSwitchesGoesByTheSameRule) {
+  ParameterBoxes boxes;
+  boxes.SwitchesOn = boxes.UseBoardKnown = true;
+  boxes.Take(wire::SwitchAnswer{258, false, true, true});
+  EXPECT_EQ(boxes.param_ID, "258");
+  EXPECT_TRUE(boxes.Switches().IgnoreBox);
+  EXPECT_FALSE(boxes.Switches().UseBoard);
+  boxes.Take(wire::SwitchAnswer{258, false, false, true});
+  EXPECT_TRUE(boxes.Switches().UseBoard);
+  EXPECT_FALSE(boxes.Edited());
+}
+
+TEST(ParameterBoxes, AnEditedCheckBoxIsKnownUntilTheMachineHasSpoken) {
+  ParameterBoxes boxes;
+  boxes.SwitchesOn = true;
+  boxes.SetIgnore_flip(true);
+  EXPECT_TRUE(boxes.Edited(&wire::SwitchBlock::IgnoreFlip));
+  EXPECT_FALSE(boxes.Edited(&wire::SwitchBlock::IgnoreBox));
+  EXPECT_TRUE(boxes.Edited());
+  boxes.Take(wire::SwitchAnswer{0, true, false, false});
+  EXPECT_FALSE(boxes.Edited());
+}
+
+TEST(ParameterBoxes, WhatDiffersIsNamedInTheOrderOfTheBoxes) {
+  ParameterBoxes boxes;
+  boxes.Take(wire::PositionBlock{1, 2, 3, 4});
+  ParameterBoxes other = boxes;
+  EXPECT_EQ(boxes.DiffersFrom(other), "");
+  other.SetUse_Board(true);
+  Type(other, Parameter::start_y, "5");
+  Type(other, Parameter::pos_x, "0");
+  EXPECT_EQ(boxes.DiffersFrom(other), "pos_x, start_y, Use_Board");
+  EXPECT_EQ(other.DiffersFrom(boxes), "pos_x, start_y, Use_Board");
+}
+
+TEST(ParameterBoxes, AnEmptyBoxIsNoOtherNumberThanNought) {
+  ParameterBoxes boxes;
+  boxes.Take(wire::PositionBlock{0, 2, 3, 4});
+  ParameterBoxes other = boxes;
+  Type(other, Parameter::pos_x, "");
+  EXPECT_EQ(boxes.DiffersFrom(other), "");
+}
+
 }  // namespace
 }  // namespace morvane::maintenance

@@ -7,6 +7,7 @@
 
 #include "machine/board_run.h"
 #include "machine/sorting_run.h"
+#include "maintenance/maintenance.h"
 #include "shell/shell.h"
 #include "support/fakes.h"
 #include "support/paper_machine.h"
@@ -92,6 +93,17 @@ class FakeWindows final : public FlowWindows {
     if (OnSort) OnSort(run);
     return window;
   }
+  std::unique_ptr<maintenance::MaintenanceView> OpenMaintenance(
+      maintenance::Maintenance& console) override {
+    if (!HasWindows) return FlowWindows::OpenMaintenance(console);
+    struct NoView final : maintenance::MaintenanceView {
+      void ShowReadings() override {}
+      void ShowAll() override {}
+      void Close() override {}
+    };
+    if (OnMaintenance) OnMaintenance(console);
+    return std::make_unique<NoView>();
+  }
 
   void ShowStatistics(const StatisticsPage& page) override {
     Pages.push_back(page);
@@ -116,6 +128,7 @@ class FakeWindows final : public FlowWindows {
   std::function<void(generate::GenerateForm&)> OnGenerate;
   std::function<void(machine::BoardRun&)> OnRun;  ///< the window has been opened
   std::function<void(machine::SortingRun&)> OnSort;
+  std::function<void(maintenance::Maintenance&)> OnMaintenance;
   std::vector<std::string> Analyses;              ///< the titles of their windows
   std::function<void(analysis::DeepF&)> OnDeepF;  ///< the window has been opened
 };
