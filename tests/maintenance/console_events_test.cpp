@@ -89,6 +89,26 @@ TEST_F(Events, WhatComesDuringAnExchangeDoesNothingAndTheCloseBoxWaits) {
   }
 }
 
+TEST_F(Events, WhatComesDuringTheWindowStartAndThePollDoesNothingToo) {
+  constexpr std::size_t kStart = 12;
+  for (const Event& event : kEvents) {
+    for (std::size_t at = 1; at <= kStart + 6; ++at) {
+      SCOPED_TRACE(std::string(event.Name) + " in frame " + std::to_string(at));
+      OnFrame = [&](const Bytes&) {
+        if (bridge.Sent.size() == at) event.Do(*this, *console);
+      };
+      Start();
+      if (!event.Leaves) Poll();
+      if (!console->Closed()) desk.Loop.WaitMs(Maintenance::kPollMs);
+      EXPECT_EQ(bridge.Overlaps, 0);
+      EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+      EXPECT_EQ(console->Closed(), event.Leaves);
+      const std::size_t polls = event.Leaves ? (at > kStart ? 1 : 0) : 2;
+      EXPECT_EQ(bridge.Sent.size(), kStart + 6 * polls);
+    }
+  }
+}
+
 TEST_F(Events, TheSettlingOfAWriteLetsEventsThroughAndNoneOfThemSends) {
   for (const Event& event : kEvents) {
     SCOPED_TRACE(event.Name);
