@@ -9,7 +9,6 @@ namespace {
 using test::Bytes;
 using test::FramesAre;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class Console : public ServiceDesk {
  protected:

@@ -8,15 +8,10 @@ namespace {
 
 using test::Bytes;
 using test::FramesAre;
-using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
-
-constexpr const char* kLostLink =
-    "      Lost Communication with Morvane  -  Maintenance Aborted!      ";
 
 class TheConsole : public ConsoleDesk {};
 

@@ -1,13 +1,11 @@
 #include "maintenance/parameter_block.h"
 
 #include "maintenance/console_desk.h"
-#include "support/frame_list.h"
 
 namespace morvane::maintenance {
 namespace {
 
 using test::Bytes;
-using test::FramesAre;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
