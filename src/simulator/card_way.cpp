@@ -114,6 +114,16 @@ bool CardWay::PutBack() {
   return true;
 }
 
+std::optional<int> CardWay::FeedOne() {
+  if (state_ != StatusReply::kIdle) return std::nullopt;
+  if (feeder_.Left() == 0) feeder_.LoadPack();
+  const int card = feeder_.Front();
+  feeder_.Feed();
+  pockets_[PocketOfHand[kNorth]].Add(card);
+  ++changes_;
+  return card;
+}
+
 void CardWay::GoOn(Time now) {
   if (Busy()) return;
   if (kind_ == RunKind::None) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "simulator/board_pile.h"
@@ -63,6 +64,12 @@ class CardWay {
   /// A status poll: at speed 0 the next card falls.
   void Polled();
 
+  /// Feeds one card by itself into the pocket of North, its machine number; a feeder that is empty
+  /// gets a pack. Nothing while there is a run.
+  std::optional<int> FeedOne();
+  /// What a card takes; 0 = a card a poll.
+  [[nodiscard]] Time CardTime() const { return cardTime_; }
+
   /// The machine stops with `code` before the next card falls.
   void CauseFault(std::uint8_t code) { nextFault_ = code; }
   /// The boards that reading runs find. Without any they read a shuffled pack.
@@ -116,7 +123,7 @@ class CardWay {
   [[nodiscard]] std::size_t PocketOfFront() const;
   [[nodiscard]] bool Done() const;
 
-  Time cardTime_;  ///< 0 = a card a poll
+  Time cardTime_;
   Feeder feeder_;
   std::vector<CardFault> faults_;
   int packsToSort_;

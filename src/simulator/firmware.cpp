@@ -26,13 +26,23 @@ bool NeedsFirmware(std::uint8_t code) {
   }
 }
 
+VerdictReply VerdictOn(MachineCard card) {
+  constexpr std::uint16_t kTime = 41;
+  constexpr std::uint8_t kThreshold = 46;
+  constexpr std::uint8_t kNotRecognised = 25;
+  if (card.Card() == 0) return {kTime, 0, 0, kThreshold, kNotRecognised};
+  const int rank = kRanks + 2 - RankPosition(card.Card());
+  const int suit = CardSuit(card.Card());
+  return {kTime, static_cast<std::uint8_t>(rank), static_cast<std::uint8_t>(suit), kThreshold, 0};
+}
+
 }  // namespace
 
 Firmware::Firmware(const Options& options)
     : run_(options),
       slot_(options),
       identity_(options),
-      sensors_(options),
+      sensors_(options, Run().CardTime()),
       parameters_(options),
       hasFirmware_(options.HasFirmware()),
       answersWrites_(options.AnswersWrites) {}
@@ -41,6 +51,14 @@ std::size_t Firmware::Answer(const Frame& command, Time now, Frame& reply) {
   Run().Advance(now);
   reply = {};
   return Dispatch(command, now, reply) ? FrameSize(CodeOf(reply)) : 0;
+}
+
+std::size_t Firmware::Unasked(Time now, Frame& frame) {
+  const auto card = sensors_.Feed().TakePassed(now);
+  if (!card) return 0;
+  frame = {};
+  Put(VerdictOn(MachineCard(*card)), frame);
+  return kShortFrame;
 }
 
 bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
@@ -55,9 +73,10 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdFetchBoard:
     case CmdCounter:
       return run_.Answer(command, now, reply);
-    case CmdSensor:
     case CmdOutputs:
-      return AnswerSensor(command, reply);
+      return AnswerOutputs(command, now, reply);
+    case CmdSensor:
+      return AnswerSensor(command, now, reply);
     case CmdReadParameters:
       return parameters_.Answer(command, reply);
     case CmdWriteParameters:
@@ -81,11 +100,19 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
   }
 }
 
-bool Firmware::AnswerSensor(const Frame& command, Frame& reply) {
-  if (CodeOf(command) == CmdSensor && slot_.Answer(command, Seen().FlipPlateSeen(), reply)) {
-    return true;
+bool Firmware::AnswerOutputs(const Frame& command, Time now, Frame& reply) {
+  const auto outputs = Get<OutputsCommand>(command);
+  if (!Agrees(outputs, command)) return false;
+  if (outputs.Feed && hasFirmware_ && !sensors_.Feed().UnderWay(now)) {
+    if (const auto card = Run().FeedOne()) sensors_.Feed().SetOut(*card, now);
   }
-  return sensors_.Answer(command, Slot().Occupied(), reply);
+  sensors_.Answer(outputs, Slot().Occupied(), now, reply);
+  return true;
+}
+
+bool Firmware::AnswerSensor(const Frame& command, Time now, Frame& reply) {
+  return slot_.Answer(command, Seen().FlipPlateSeen(), reply) ||
+         sensors_.AnswerStatus(command, now, reply);
 }
 
 bool Firmware::Write(const Frame& command) {
@@ -160,7 +187,7 @@ void Firmware::RemoveBoard() {
 void Firmware::Restart() {
   run_.Forget();
   slot_.Slot().Forget();
-  Seen().Forget();
+  sensors_.Forget();
   testNumbers_ = {};
   pedal_ = {};
   ++changes_;

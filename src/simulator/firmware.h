@@ -13,9 +13,9 @@
 
 namespace morvane::simulator {
 
-/// The machine behind its wire: plain commands in, plain replies out. It never speaks first; what
-/// happens meanwhile is told in the answer to the next status poll. Each command belongs to one
-/// organ; here stands only what concerns several.
+/// The machine behind its wire: plain commands in, plain replies out. What happens meanwhile is
+/// told in the answer to the next status poll; only what it took a fed card for comes unasked. Each
+/// command belongs to one organ; here stands only what concerns several.
 class Firmware {
  public:
   using Time = std::chrono::microseconds;
@@ -25,6 +25,8 @@ class Firmware {
   /// Obeys the plain `command` at time `now`. The size of the plain `reply`, 0 when there is none:
   /// an unknown command is not answered.
   std::size_t Answer(const wire::Frame& command, Time now, wire::Frame& reply);
+  /// The same of a plain frame that it says behind an answer though nobody has asked.
+  std::size_t Unasked(Time now, wire::Frame& frame);
 
   void PressPedal();
   /// A raw label byte, whether it is one or not.
@@ -50,7 +52,8 @@ class Firmware {
   bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
   void TakeFlags(std::uint8_t flags);
   bool AnswerTest(wire::Frame& reply) const;
-  bool AnswerSensor(const wire::Frame& command, wire::Frame& reply);
+  bool AnswerOutputs(const wire::Frame& command, Time now, wire::Frame& reply);
+  bool AnswerSensor(const wire::Frame& command, Time now, wire::Frame& reply);
   [[nodiscard]] bool Write(const wire::Frame& command);
   bool WriteTest(const wire::Frame& command);
 

@@ -59,6 +59,7 @@ std::string FrameLog::Text(std::size_t at) const {
   const Entry& entry = entries_[(first_ + at) % kCapacity];
   const std::string times = entry.Times > 1 ? std::to_string(entry.Times) + " x " : "";
   if (entry.How == Ending::kBad) return times + "bytes with a bad check";
+  if (entry.How == Ending::kUnasked) return "unasked: " + ReplyText(FrameOf(entry.Reply));
   const std::string command = times + CommandText(FrameOf(entry.Command));
   if (entry.How == Ending::kSilent) return command + " -> no answer";
   return command + " -> " + ReplyText(FrameOf(entry.Reply));

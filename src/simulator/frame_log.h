@@ -18,11 +18,13 @@ class FrameLog {
 
   enum class Ending : std::uint8_t {
     kAnswered,
-    kSilent,  ///< a command that gets no answer, or whose answer was lost
-    kBad,     ///< bytes whose check failed
+    kSilent,   ///< a command that gets no answer, or whose answer was lost
+    kBad,      ///< bytes whose check failed
+    kUnasked,  ///< a reply without a command
   };
 
-  /// Plain frames; `reply` means nothing unless it was answered, `command` where it was bad.
+  /// Plain frames; `reply` means nothing unless it was answered, `command`
+  /// where it was bad or there was none.
   void Note(const wire::Frame& command, const wire::Frame& reply, Ending ending);
 
   [[nodiscard]] std::size_t Count() const { return count_; }

@@ -3,13 +3,15 @@
 #include <cmath>
 
 #include "simulator/agrees.h"
-#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 namespace {
 
 using namespace wire;
 
+/// What a photo sensor measures that sees nothing, or something.
+constexpr std::uint8_t kLit = 35;
+constexpr std::uint8_t kDark = 210;
 constexpr std::uint8_t kMotorsSince = 0x20;
 constexpr std::uint8_t kClimateSince = 0x24;
 constexpr std::uint8_t kSpareSince = 0x26;
@@ -25,38 +27,32 @@ std::uint16_t SupplySteps(int tenths) {
 
 }  // namespace
 
-bool SensorOrgan::Answer(const Frame& command, bool boardInSlot, Frame& reply) {
-  switch (CodeOf(command)) {
-    case CmdOutputs:
-      return AnswerOutputs(command, boardInSlot, reply);
-    case CmdSensor:
-      return AnswerStatus(command, reply);
-    default:
-      return false;
-  }
-}
-
-bool SensorOrgan::AnswerOutputs(const Frame& command, bool boardInSlot, Frame& reply) {
-  const auto outputs = Get<OutputsCommand>(command);
-  if (!Agrees(outputs, command)) return false;
+void SensorOrgan::Answer(const OutputsCommand& outputs, bool boardInSlot, Time now, Frame& reply) {
+  sensors_.Advance(now);
   sensors_.TakeOutputs(outputs.Outputs);
   PhotoReply photos;
   unsigned switches = boardInSlot ? PhotoReply::kBoxSwitch : 0U;
   for (std::size_t photo = 1; photo < photos.Photo.size(); ++photo) {
     const int number = static_cast<int>(photo);
-    photos.Photo[photo] = sensors_.Photo(number);
-    if (sensors_.Covered(number)) switches |= PhotoReply::PhotoBit(photo);
+    const bool sees = sensors_.Covered(number) || feed_.IsAt(number, now);
+    photos.Photo[photo] = sees ? kDark : kLit;
+    if (sees) switches |= PhotoReply::PhotoBit(photo);
   }
   if (sensors_.On(Sensors::Switch::Front)) switches |= PhotoReply::kFrontSwitch;
   if (sensors_.On(Sensors::Switch::Cover)) switches |= PhotoReply::kCoverSwitch;
   photos.Switches = static_cast<std::uint8_t>(switches);
   Put(photos, reply);
-  return true;
 }
 
-bool SensorOrgan::AnswerStatus(const Frame& command, Frame& reply) const {
+void SensorOrgan::Forget() {
+  sensors_.Forget();
+  feed_.Forget();
+}
+
+bool SensorOrgan::AnswerStatus(const Frame& command, Time now, Frame& reply) {
   const auto asked = Get<SensorCommand>(command);
   if (!Agrees(asked, command)) return false;
+  sensors_.Advance(now);
   switch (asked.Selector) {
     case kMotors1And2.Selector:
       reply = Motors(asked.Selector, 1);

@@ -1,31 +1,41 @@
 #pragma once
 
+#include "simulator/card_feed.h"
 #include "simulator/options.h"
 #include "simulator/sensors.h"
-#include "wire/frame.h"
+#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 
-/// Outputs and sensors of the open machine.
+/// Outputs and sensors of the open machine, and the card that is fed past them.
 class SensorOrgan {
  public:
-  explicit SensorOrgan(const Options& options) : options_(options) {}
+  using Time = std::chrono::microseconds;
 
-  /// As `RunOrgan::Answer`; `boardInSlot` is what the board switch says. Selectors that the
-  /// firmware is too old for are not answered.
-  bool Answer(const wire::Frame& command, bool boardInSlot, wire::Frame& reply);
+  /// A fed card takes `way`.
+  SensorOrgan(const Options& options, Time way)
+      : options_(options), sensors_(options.Speed), feed_(way) {}
+
+  /// Switches, and answers by what the photo sensors and the switches see; `boardInSlot` is what
+  /// the board switch says.
+  void Answer(const wire::OutputsCommand& outputs, bool boardInSlot, Time now, wire::Frame& reply);
+  /// A status frame, as `RunOrgan::Answer`. Selectors that the firmware is too old for are not
+  /// answered.
+  bool AnswerStatus(const wire::Frame& command, Time now, wire::Frame& reply);
 
   [[nodiscard]] Sensors& Seen() { return sensors_; }
   [[nodiscard]] const Sensors& Seen() const { return sensors_; }
+  [[nodiscard]] CardFeed& Feed() { return feed_; }
+  /// The power has gone.
+  void Forget();
 
  private:
-  bool AnswerOutputs(const wire::Frame& command, bool boardInSlot, wire::Frame& reply);
-  bool AnswerStatus(const wire::Frame& command, wire::Frame& reply) const;
   [[nodiscard]] wire::Frame Motors(std::uint8_t selector, int first) const;
   [[nodiscard]] wire::Frame Climate() const;
 
   Options options_;
   Sensors sensors_;
+  CardFeed feed_;
 };
 
 }  // namespace morvane::simulator

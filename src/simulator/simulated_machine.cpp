@@ -103,6 +103,7 @@ void SimulatedMachine::Carry(const Saying& saying) {
     received_.Push(std::array<std::uint8_t, 1>{0x55});
   }
   received_.Push(saying.Wire);
+  received_.Push(saying.Unasked);
   onItsWay_ += ThinkingTime();
 }
 

@@ -173,7 +173,18 @@ std::optional<WiredMachine::Saying> WiredMachine::TakeFrame(std::size_t size, Ti
   const bool said = replySize != 0 && fault.What != LinkFault::Kind::LoseReply;
   frames_.Note(command, reply_, said ? FrameLog::Ending::kAnswered : FrameLog::Ending::kSilent);
   if (!said) return std::nullopt;
-  return Say(replySize, fault);
+  Saying saying = Say(replySize, fault);
+  saying.Unasked = SayUnasked(now);
+  return saying;
+}
+
+std::span<const std::uint8_t> WiredMachine::SayUnasked(Time now) {
+  const std::span<std::uint8_t> wire = std::span(unasked_).first(firmware_.Unasked(now, unasked_));
+  if (wire.empty()) return wire;
+  frames_.Note({}, unasked_, FrameLog::Ending::kUnasked);
+  Scramble(wire, kStepFromMachine);
+  noise_.Pass(wire);
+  return wire;
 }
 
 WiredMachine::Saying WiredMachine::Say(std::size_t size, const LinkFault& fault) {
@@ -189,7 +200,7 @@ WiredMachine::Saying WiredMachine::Say(std::size_t size, const LinkFault& fault)
   }
   noise_.Pass(wire);
   if (fault.What == Kind::CutReply) wire = wire.first(std::min<std::size_t>(fault.Place, size));
-  return {wire, fault.What};
+  return {.Wire = wire, .Unasked = {}, .How = fault.What};
 }
 
 }  // namespace morvane::simulator

@@ -117,6 +117,7 @@ class WiredMachine {
   /// What the machine says; its bytes stay until it hears the next one.
   struct Saying {
     std::span<const std::uint8_t> Wire;
+    std::span<const std::uint8_t> Unasked;  ///< a second frame behind it, or nothing
     /// What befalls it on its way; the faults of its bytes have been done.
     LinkFault::Kind How = LinkFault::Kind::None;
   };
@@ -131,6 +132,7 @@ class WiredMachine {
  private:
   std::optional<Saying> TakeFrame(std::size_t size, Time now);
   Saying Say(std::size_t size, const LinkFault& fault);
+  std::span<const std::uint8_t> SayUnasked(Time now);
 
   Firmware firmware_;
   FaultPlan faults_;
@@ -146,6 +148,7 @@ class WiredMachine {
   bool deaf_ = false;  ///< after a bad frame, until the line has been silent
   Time heardAt_{0};
   wire::Frame reply_{};
+  wire::Frame unasked_{};
 };
 
 }  // namespace morvane::simulator

@@ -133,6 +133,12 @@ std::string OfBlock(const Frame& reply) {
   return " " + std::to_string(Get<ParametersReply<VideoBlock>>(reply).SubCode);
 }
 
+std::string OfVerdict(const Frame& reply) {
+  const auto verdict = Get<VerdictReply>(reply);
+  if (verdict.Error != 0) return ": code " + std::to_string(verdict.Error);
+  return ": rank " + std::to_string(verdict.Rank) + ", suit " + std::to_string(verdict.Suit);
+}
+
 struct Row {
   std::uint8_t Code;
   std::string_view Name;
@@ -163,7 +169,7 @@ constexpr std::array<Row, 15> kReplies{{{ParametersReply<VideoBlock>::Code, "par
                                         {PhotoReply::Code, "photo sensors", OfPhotos},
                                         {LogicVersionReply::Code, "logic version", OfNothing},
                                         {BootAreaReply::Code, "boot area", OfNothing},
-                                        {VerdictReply::Code, "verdict", OfNothing},
+                                        {VerdictReply::Code, "verdict", OfVerdict},
                                         {StatusReply::Code, "status", OfStatus},
                                         {StatusReply::LongCode, "status", OfStatus},
                                         {AcceptedReply::Code, "accepted", OfNothing},

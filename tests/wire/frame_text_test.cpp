@@ -49,7 +49,8 @@ TEST(FrameText, TheServiceHasItsNamesToo) {
             "photo sensors: 1 2 3 4 255, switches 0x81");
   EXPECT_EQ(ReplyText(Of({0x23, 37})), "logic version");
   EXPECT_EQ(ReplyText(Of({0xB2})), "boot area");
-  EXPECT_EQ(ReplyText(Of({0x15})), "verdict");
+  EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 0})), "verdict: rank 14, suit 3");
+  EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 61})), "verdict: code 61");
 }
 
 TEST(FrameText, AStatusFrameIsToldByItsSelector) {

@@ -28,6 +28,7 @@ void PacedLine::Hear(std::span<const std::uint8_t> bytes, Time now) {
       taken_ = 0;
     }
     said_.Push(saying->Wire);
+    said_.Push(saying->Unasked);
   }
 }
 

@@ -114,13 +114,13 @@ QLayout* SensorBox::MakeNumbers() {
   };
   NumberEdit* const degrees =
       AddNumber("txtDegrees", "De&grees", Sensors::kHighestTemperature / kTenths, *row);
-  degrees->ShowNumber(sensors.Temperature() / kTenths);
+  degrees->ShowNumber(sensors.TemperatureSet() / kTenths);
   degrees->OnChange = [&sensors, degrees](const std::string&) {
     sensors.SetTemperature(degrees->Number() * kTenths);
   };
   NumberEdit* const volts =
       AddNumber("txtVolts", "Volt&s", Sensors::kHighestSupply / kTenths, *row);
-  volts->ShowNumber(sensors.Supply() / kTenths);
+  volts->ShowNumber(sensors.SupplySet() / kTenths);
   volts->OnChange = [&sensors, volts](const std::string&) {
     sensors.SetSupply(volts->Number() * kTenths);
   };

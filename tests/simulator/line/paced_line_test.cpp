@@ -97,5 +97,15 @@ TEST_F(PacedLineTest, WhatIsUnderWayGoesWithTheOneAtTheOtherEnd) {
   EXPECT_EQ(Arrived(wire, 20'000), 8U) << "the half command stands in no one's way";
 }
 
+TEST_F(PacedLineTest, WhatNobodyAskedForComesBehindTheAnswer) {
+  WiredMachine machine0{OfSpeed(0)};
+  PacedLine fast{machine0, Pace::kFast};
+  fast.Hear(ToWire({23, 0, 1}), microseconds(0));
+  const Bytes taken = Taken(fast, 0);
+  ASSERT_EQ(taken.size(), 16U);
+  const Bytes verdict(taken.begin() + 8, taken.end());
+  EXPECT_EQ(Keyed(verdict, verdict[7] ^ 255U, 21).at(0), 21);
+}
+
 }  // namespace
 }  // namespace morvane::simulator

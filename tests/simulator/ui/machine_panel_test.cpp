@@ -312,11 +312,11 @@ TEST_F(MachinePanelTest, HandsAreAtTheOpenMachine) {
   EXPECT_FALSE(sensors.On(Sensors::Switch::FlipPlate));
   Enter("txtDegrees", "41");
   Enter("txtVolts", "12");
-  EXPECT_EQ(sensors.Temperature(), 410);
-  EXPECT_EQ(sensors.Supply(), 120);
+  EXPECT_EQ(sensors.TemperatureSet(), 410);
+  EXPECT_EQ(sensors.SupplySet(), 120);
   Enter("txtSpeed", "13000");
   simulated.Opened().TakeOutputs(0x11);
-  EXPECT_EQ(sensors.Speed(4), 13000);
+  EXPECT_EQ(sensors.SpeedSet(4), 13000);
   desk.Loop.WaitMs(200);
   EXPECT_EQ(Shown("lblOutputs"), "On: motors, camera LEDs");
   simulated.Opened().TakeOutputs(0);
