@@ -10,6 +10,7 @@
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
 #include "platform/system_processes.h"
+#include "simulator/simulated_machine.h"
 #include "system_parts.h"
 
 namespace {
@@ -69,6 +70,9 @@ int main(int argc, char** argv) {
   morvane::cli::Workplace place{program,      operatorAtTerminal, terminal,
                                 *machine.Usb, processes,          machine.Simulated};
   const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
+  if (machine.Simulated != nullptr && !machine.Simulated->Trouble().empty()) {
+    std::cerr << "morvane-cli: " << machine.Simulated->Trouble() << "\n";
+  }
   std::cout.flush();
   if (std::cout) return status;
   // Whoever has closed the other end has had enough.

@@ -55,7 +55,7 @@ int Serve(const morvane::MachineArguments& arguments, morvane::bridges::Simulate
   if (!std::cout) return Fail(kFailed, "standard output cannot be written");
   if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
   morvane::SystemClock clock;
-  LineServer server(machine, terminal, clock, arguments.Pace, std::cout);
+  LineServer server(machine, terminal, clock, arguments.Pace, std::cout, std::cerr);
   server.Run({STDIN_FILENO, endSignals});
   return kDone;
 }

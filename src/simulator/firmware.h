@@ -42,6 +42,7 @@ class Firmware {
   [[nodiscard]] Sensors& Seen() { return sensors_.Seen(); }
   [[nodiscard]] const Sensors& Seen() const { return sensors_.Seen(); }
   [[nodiscard]] const StoredParameters& Parameters() const { return parameters_.Parameters(); }
+  [[nodiscard]] const std::string& Trouble() const { return parameters_.Trouble(); }
   [[nodiscard]] std::string StateText() const { return run_.StateText(); }
   [[nodiscard]] std::uint64_t Changes() const {
     return changes_ + Run().Changes() + Seen().Changes();

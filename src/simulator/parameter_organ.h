@@ -19,6 +19,8 @@ class ParameterOrgan {
   bool Write(const wire::Frame& command);
 
   [[nodiscard]] const StoredParameters& Parameters() const { return parameters_; }
+  /// As `ParameterStore::Trouble`.
+  [[nodiscard]] const std::string& Trouble() const { return store_.Trouble(); }
 
  private:
   [[nodiscard]] bool Has(std::uint8_t subCode) const;

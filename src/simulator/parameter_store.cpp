@@ -1,6 +1,6 @@
 #include "simulator/parameter_store.h"
 
-#include <array>
+#include <cerrno>
 #include <charconv>
 
 #include "platform/files.h"
@@ -63,14 +63,32 @@ std::optional<StoredParameters> ParametersIn(std::string_view text) {
   return text.empty() ? std::optional(parameters) : std::nullopt;
 }
 
-StoredParameters ParameterStore::Load() const {
+StoredParameters ParameterStore::Load() {
   std::string text;
-  if (path_.empty() || ReadFile(path_, text, kLongest)) return {};
-  return ParametersIn(text).value_or(StoredParameters{});
+  if (path_.empty()) return {};
+  if (const auto error = ReadFile(path_, text, kLongest)) {
+    if (error->Number != ENOENT) LeaveAlone(error->Description);
+    return {};
+  }
+  if (const auto parameters = ParametersIn(text)) return *parameters;
+  if (text.starts_with(kHeading)) {
+    trouble_ = "store=" + path_ + " is damaged; the parameters are those of a new machine";
+  } else if (!text.empty()) {
+    LeaveAlone("it holds something else");
+  }
+  return {};
 }
 
-void ParameterStore::Save(const StoredParameters& parameters) const {
-  if (!path_.empty()) static_cast<void>(WriteFile(path_, TextOf(parameters)));
+void ParameterStore::LeaveAlone(const std::string& why) {
+  leftAlone_ = true;
+  trouble_ = "store=" + path_ + " keeps no parameters: " + why;
+}
+
+void ParameterStore::Save(const StoredParameters& parameters) {
+  if (path_.empty() || leftAlone_) return;
+  const auto error = WriteFile(path_, TextOf(parameters));
+  trouble_ =
+      error ? "store=" + path_ + " does not keep what was written: " + error->Description : "";
 }
 
 }  // namespace morvane::simulator

@@ -75,6 +75,8 @@ class WiredMachine {
   [[nodiscard]] const Sensors& Opened() const { return firmware_.Seen(); }
   /// What it keeps without power.
   [[nodiscard]] const StoredParameters& Parameters() const { return firmware_.Parameters(); }
+  /// What is wrong with the file of `store=`, in a line for its owner; empty while nothing is.
+  [[nodiscard]] const std::string& Trouble() const { return firmware_.Trouble(); }
   /// What goes wrong on the wire.
   [[nodiscard]] FaultPlan& Faults() { return faults_; }
 

@@ -178,5 +178,17 @@ TEST_F(MachineEndToEnd, ABadPackIsWrongUsageOfTheOtherProgramsToo) {
   EXPECT_EQ(LogPath(), "") << "nothing was touched";
 }
 
+TEST_F(MachineEndToEnd, AStoreThatKeepsNothingIsToldOnce) {
+  const std::string trouble = "store=" + folder.Path() + " keeps no parameters: Is a directory\n";
+  const auto machine = Start({"--machine", "simulated,speed=0,store=" + folder.Path()});
+  SetFile("set.pbn", 1, 1);
+  EXPECT_EQ(Deal(Named(*machine)).Err, "") << "the machine's own affair";
+  machine->Signal(SIGTERM);
+  EXPECT_EQ(machine->Finish().Err, "morvane-machine: " + trouble);
+  const Outcome dealt = Deal("simulated,speed=0,store=" + folder.Path());
+  EXPECT_EQ(dealt.Status, 0);
+  EXPECT_THAT(dealt.Err, EndsWith("morvane-cli: " + trouble));
+}
+
 }  // namespace
 }  // namespace morvane::e2e

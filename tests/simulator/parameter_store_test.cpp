@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "platform/files.h"
 #include "simulator/talk.h"
 #include "support/fakes.h"
@@ -93,21 +95,61 @@ TEST_F(StoredMachine, NothingIsWrittenBeforeAChange) {
 }
 
 TEST_F(StoredMachine, ADamagedFileIsANewMachineAndIsReplacedByTheNextChange) {
-  ASSERT_FALSE(WriteFile(path, "1 2 3"));
+  ASSERT_FALSE(WriteFile(path, std::string(kText).substr(0, 90)));
   Talk talk(WithStore());
   EXPECT_TRUE(talk.Machine.Parameters() == StoredParameters{});
+  EXPECT_EQ(talk.Machine.Trouble(),
+            "store=" + path + " is damaged; the parameters are those of a new machine");
   talk.Write(ToWire({19, 1, 11, 12, 13, 14}));
+  EXPECT_EQ(talk.Machine.Trouble(), "");
   std::string bytes;
   ASSERT_FALSE(ReadFile(path, bytes));
   EXPECT_TRUE(ParametersIn(bytes));
 }
 
+TEST_F(StoredMachine, AFileOfAnotherKindIsLeftAlone) {
+  const std::string set = "[Event \"\"]\n[Board \"1\"]\n";
+  ASSERT_FALSE(WriteFile(path, set));
+  Talk talk(WithStore());
+  EXPECT_EQ(talk.Machine.Trouble(),
+            "store=" + path + " keeps no parameters: it holds something else");
+  talk.Write(ToWire({19, 1, 11, 12, 13, 14}));
+  EXPECT_EQ(talk.Machine.Parameters().Records[0].Positions.PosX, 11);
+  EXPECT_NE(talk.Machine.Trouble(), "");
+  std::string bytes;
+  ASSERT_FALSE(ReadFile(path, bytes));
+  EXPECT_EQ(bytes, set);
+}
+
+TEST_F(StoredMachine, AnEmptyFileIsANewMachine) {
+  ASSERT_FALSE(WriteFile(path, ""));
+  Talk talk(WithStore());
+  EXPECT_EQ(talk.Machine.Trouble(), "");
+  talk.Write(ToWire({19, 1, 11, 12, 13, 14}));
+  EXPECT_EQ(Talk(WithStore()).Machine.Parameters().Records[0].Positions.PosX, 11);
+}
+
 TEST_F(StoredMachine, APathThatCannotBeAFileIsAMachineThatForgets) {
   path = folder.Path();
   Talk talk(WithStore());
+  EXPECT_EQ(talk.Machine.Trouble(), "store=" + path + " keeps no parameters: Is a directory");
   talk.Write(ToWire({19, 1, 11, 12, 13, 14}));
   EXPECT_EQ(talk.Machine.Parameters().Records[0].Positions.PosX, 11);
   EXPECT_TRUE(Talk(WithStore()).Machine.Parameters() == StoredParameters{});
+}
+
+TEST_F(StoredMachine, AFileThatCannotBeWrittenIsToldUntilItCan) {
+  path = folder / "missing/machine.txt";
+  Talk talk(WithStore());
+  EXPECT_EQ(talk.Machine.Trouble(), "") << "nothing was written yet";
+  talk.Write(ToWire({19, 1, 11, 12, 13, 14}));
+  EXPECT_EQ(talk.Machine.Trouble(),
+            "store=" + path + " does not keep what was written: No such file or directory");
+  EXPECT_EQ(talk.Machine.Parameters().Records[0].Positions.PosX, 11);
+  std::filesystem::create_directory(folder / "missing");
+  talk.Write(ToWire({19, 1, 11, 12, 13, 15}));
+  EXPECT_EQ(talk.Machine.Trouble(), "");
+  EXPECT_EQ(Talk(WithStore()).Machine.Parameters().Records[0].Positions.StartY, 15);
 }
 
 }  // namespace

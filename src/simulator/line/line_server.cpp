@@ -27,6 +27,7 @@ timespec TimeSpec(microseconds time) {
 
 void LineServer::Run(Listening listening) {
   wordsOver_ = listening.Words < 0;
+  TellTrouble();
   while (!over_) Wait(listening);
 }
 
@@ -61,6 +62,13 @@ void LineServer::Carry() {
   }
   const std::size_t said = line_.Take(bytes, clock_.Elapsed());
   if (said > 0) terminal_.Write(std::span(bytes).first(said));
+  TellTrouble();
+}
+
+void LineServer::TellTrouble() {
+  if (machine_.Trouble() == told_) return;
+  told_ = machine_.Trouble();
+  if (!told_.empty()) troubles_ << "morvane-machine: " << told_ << std::endl;
 }
 
 void LineServer::TakeWords(int words) {

@@ -19,12 +19,14 @@ struct Listening {
 /// The end of what is typed is no reason, for a program in the background has nobody who types.
 class LineServer {
  public:
+  /// `troubles` hears what is wrong with the machine's file.
   LineServer(WiredMachine& machine, const PseudoTerminal& terminal, Clock& clock, Pace pace,
-             std::ostream& answers)
+             std::ostream& answers, std::ostream& troubles)
       : machine_(machine),
         terminal_(terminal),
         clock_(clock),
         answers_(answers),
+        troubles_(troubles),
         line_(machine, pace) {}
 
   void Run(Listening listening);
@@ -34,12 +36,15 @@ class LineServer {
   [[nodiscard]] bool MayRead(int words) const;
   void Carry();
   void TakeWords(int words);
+  void TellTrouble();
 
   WiredMachine& machine_;
   const PseudoTerminal& terminal_;
   Clock& clock_;
   std::ostream& answers_;
+  std::ostream& troubles_;
   PacedLine line_;
+  std::string told_;        ///< of troubles, the last
   std::string typed_;       ///< of the line that has no end yet
   bool wordsOver_ = false;  ///< nothing more will be typed
   bool over_ = false;

@@ -41,6 +41,7 @@ MachinePanel::MachinePanel(EventLoop& loop, SimulatedMachine& machine, PackSourc
   auto* all = new QVBoxLayout(content);
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->addLayout(MakeState());
+  all->addWidget(MakeTrouble());
   pedal_ = AddButton("cmdPedal", "Press the &pedal", [this] { machine_.PressPedal(); });
   pedal_->setMinimumHeight(kPedalHeight);
   all->addWidget(pedal_);
@@ -96,6 +97,15 @@ QLayout* MachinePanel::MakeState() {
   row->addWidget(state_, 1);
   row->addWidget(power_);
   return row;
+}
+
+QWidget* MachinePanel::MakeTrouble() {
+  trouble_ = new ShownValue("lblTrouble", "What is wrong with its file", this);
+  trouble_->setTextFormat(Qt::PlainText);
+  trouble_->setWordWrap(true);
+  // A path is one long word, and the panel must not grow with it.
+  trouble_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+  return trouble_;
 }
 
 QWidget* MachinePanel::MakeSlot() {
@@ -193,6 +203,7 @@ void MachinePanel::ShowFault() {
 void MachinePanel::ShowMachine() {
   const std::uint64_t changed = machine_.Changed() * 2 + (machine_.PowerIsOn() ? 1 : 0);
   state_->Show(ToQt(machine_.StateText()));
+  ShowTrouble();
   power_->setText(machine_.PowerIsOn() ? "Power o&ff" : "Power o&n");
   slot_->Show(inserted_ == 0 ? QString("The slot is empty")
                              : QString("Board %1 is in the slot").arg(inserted_));
@@ -203,6 +214,13 @@ void MachinePanel::ShowMachine() {
   feeder_->ShowMachine();
   sensors_->ShowMachine();
   ShowPockets();
+}
+
+void MachinePanel::ShowTrouble() {
+  const QString trouble = ToQt(machine_.Trouble());
+  trouble_->Show(trouble);
+  trouble_->setToolTip(trouble);
+  trouble_->setVisible(!trouble.isEmpty());
 }
 
 void MachinePanel::ShowPockets() {

@@ -40,6 +40,7 @@ class MachinePanel final : public QWidget {
   QPushButton* AddButton(const char* name, const char* caption, std::function<void()> press);
   NumberEdit* AddNumberBox(const char* name, const char* spokenName, int limit);
   QLayout* MakeState();
+  QWidget* MakeTrouble();
   QWidget* MakeSlot();
   QWidget* MakeFault();
   QWidget* MakeTabs();
@@ -50,6 +51,7 @@ class MachinePanel final : public QWidget {
   void SwitchPower();
   void ShowFault();
   void ShowMachine();
+  void ShowTrouble();
   void ShowPockets();
 
   SimulatedMachine& machine_;
@@ -60,6 +62,7 @@ class MachinePanel final : public QWidget {
 
   ShownValue* state_ = nullptr;
   QPushButton* power_ = nullptr;
+  ShownValue* trouble_ = nullptr;
   QPushButton* pedal_ = nullptr;
   ShownValue* slot_ = nullptr;
   NumberEdit* board_ = nullptr;

@@ -12,6 +12,7 @@
 #include <set>
 
 #include "machine/ui/run_window.h"
+#include "simulator/talk.h"
 #include "simulator/ui/fake_packs.h"
 #include "wire/commands.h"
 
@@ -322,6 +323,28 @@ TEST_F(MachinePanelTest, HandsAreAtTheOpenMachine) {
   simulated.Opened().TakeOutputs(0);
   desk.Loop.WaitMs(200);
   EXPECT_EQ(Shown("lblOutputs"), "No output is on");
+}
+
+TEST_F(MachinePanelTest, WithoutTroubleThereIsNoLineOfIt) {
+  EXPECT_FALSE(test::Find<QLabel>(panel, "lblTrouble").isVisible());
+}
+
+TEST_F(MachinePanelTest, AStoreThatCannotBeWrittenIsToldAndWidensNothing) {
+  const test::TempFolder folder;
+  simulator::Options options;
+  options.Store = folder / (std::string(200, 'x') + "/machine.txt");
+  SimulatedMachine broken(options, desk.Clock);
+  MachinePanel other(desk.Loop, broken, packs);
+  other.show();
+  UsbXpress::Handle handle = -1;
+  ASSERT_EQ(broken.Open(0, handle), 0);
+  std::uint32_t written = 0;
+  broken.Write(handle, ToWire({19, 1, 11, 12, 13, 14}), written);
+  desk.Loop.WaitMs(200);
+  const auto& trouble = test::Find<QLabel>(other, "lblTrouble");
+  EXPECT_TRUE(trouble.isVisible());
+  EXPECT_THAT(trouble.text().toStdString(), StartsWith("store=" + folder.Path()));
+  EXPECT_EQ(other.width(), panel.width());
 }
 
 }  // namespace
