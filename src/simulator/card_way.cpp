@@ -150,6 +150,7 @@ void CardWay::ClearError() {
 
 void CardWay::Forget() {
   kind_ = RunKind::None;
+  fellInto_ = {};  // the cards lie where they are; the counts were in its memory
   SetState(StatusReply::kIdle);
 }
 
