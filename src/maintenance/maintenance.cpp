@@ -72,7 +72,10 @@ bool Maintenance::FirstContact() {
 
 bool Maintenance::ReadMachine() {
   if (!ReadIdentity(link_, identity_)) return false;
-  parameters_.ApplyGates();
+  if (!parameters_.ApplyGates()) {
+    Unload();
+    return false;
+  }
   if (!parameters_.Read()) return false;
   EnableControls();
   return true;

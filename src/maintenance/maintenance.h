@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "maintenance/console_poll.h"
@@ -36,6 +37,10 @@ class Maintenance {
   Maintenance(const Maintenance&) = delete;
   Maintenance& operator=(const Maintenance&) = delete;
 
+  /// For who has no radio buttons; before `Open`. The stored selection stays as it is, and with an
+  /// `index` (`CardSettings::Index`) that one is worked on in its place: where the machine cannot
+  /// do it, the service ends behind the box that says so, and no parameter has been read.
+  void KeepSelection(std::optional<int> index) { parameters_.KeepSelection(index); }
   void Open(MaintenanceView& view);
   /// The close box or Escape. Asks once if something has been edited and not been written. During
   /// an exchange the window goes when that is over.

@@ -26,9 +26,16 @@ void ParameterBlock::LoadSelection() {
   Boxes = {};
   known_ = false;
   CardSelection = CardSettings::Load(program_.Store);
+  if (askedIndex_) CardSelection.CardIndex = *askedIndex_;
+}
+
+void ParameterBlock::KeepSelection(std::optional<int> index) {
+  keepsSelection_ = true;
+  askedIndex_ = index;
 }
 
 void ParameterBlock::SaveSelection() {
+  if (keepsSelection_) return;
   const auto store = [&](const SettingKey& key, int value) {
     program_.StoreSetting(key, std::to_string(value));
   };
@@ -39,14 +46,16 @@ void ParameterBlock::SaveSelection() {
 }
 
 /// A machine for standard cards alone loses the small index too: required.
-void ParameterBlock::ApplyGates() {
+bool ParameterBlock::ApplyGates() {
   Boxes.SwitchesOn = Passes(machine_, kSwitchesGate);
   Boxes.UseBoardKnown = Passes(machine_, kUseBoardGate);
+  if (askedIndex_) return CanDo(*askedIndex_);
   if (!machine_.HasHardware(wire::IdentityReply::kLargeIndexCards) ||
       !Passes(machine_, kJumboGate) ||
       (CardSelection.CardIndex == CardSettings::kSmallIndex && !Passes(machine_, kSmallGate))) {
     CardSelection.CardIndex = CardSettings::kStandardIndex;
   }
+  return true;
 }
 
 bool ParameterBlock::Read() {
@@ -87,11 +96,15 @@ bool ParameterBlock::Save() {
   return answer == kYes ? Write(Mode::kUpdate) : Read();
 }
 
-bool ParameterBlock::SelectIndex(int index) {
+bool ParameterBlock::CanDo(int index) {
   const std::string refusal =
       WhyNotIndex(machine_, program_.Texts, index, machine_.FirmwareInHex());
-  CardSelection.CardIndex = refusal.empty() ? index : CardSettings::kStandardIndex;
   if (!refusal.empty()) program_.ShowMessage(refusal, kOkCritical, "Maintenance Error");
+  return refusal.empty();
+}
+
+bool ParameterBlock::SelectIndex(int index) {
+  CardSelection.CardIndex = CanDo(index) ? index : CardSettings::kStandardIndex;
   return Read();
 }
 

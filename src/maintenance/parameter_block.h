@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "machine/card_settings.h"
 #include "maintenance/parameter_transfer.h"
@@ -23,9 +24,13 @@ class ParameterBlock {
 
   void LoadSelection();
   void SaveSelection();
+  /// The stored selection stays as it is, and with an `index` (`CardSettings::Index`) that one is
+  /// worked on in its place. Before `LoadSelection`.
+  void KeepSelection(std::optional<int> index);
   /// The machine is known now: what it has not is off, and another index is selected where it
-  /// cannot do the one that was.
-  void ApplyGates();
+  /// cannot do the one that was. False: it cannot do the one of `KeepSelection`, which the operator
+  /// has been told.
+  [[nodiscard]] bool ApplyGates();
 
   /// All that the machine has was read since the window start.
   [[nodiscard]] bool Known() const { return known_; }
@@ -48,11 +53,15 @@ class ParameterBlock {
  private:
   bool Send(ParameterBoxes& boxes);
   bool Update();
+  /// Whether the machine can do that index; the operator has been told if not.
+  [[nodiscard]] bool CanDo(int index);
 
   Program& program_;
   ServiceLink& link_;
   const machine::Machine& machine_;
   bool known_ = false;
+  bool keepsSelection_ = false;
+  std::optional<int> askedIndex_;
 };
 
 }  // namespace morvane::maintenance

@@ -26,6 +26,7 @@ class ValueBox {
   /// What the machine holds.
   void Take(int value);
 
+  [[nodiscard]] const BoxLimits& Limits() const { return limits_; }
   [[nodiscard]] const std::string& Text() const { return text_; }
   /// An empty box counts as 0.
   [[nodiscard]] int Value() const;
