@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <QCommandLineParser>
+#include <QHash>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,10 @@ cli::CommandWords WordsOf(const QCommandLineParser& parser, const QStringList& a
   given.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
   for (const QString& word : parser.positionalArguments())
     given.Words.push_back(word.toStdString());
+  QHash<QString, qsizetype> taken;
   for (const QString& name : parser.optionNames()) {
-    given.Options.push_back({name.toStdString(), parser.value(name).toStdString()});
+    given.Options.push_back(
+        {name.toStdString(), parser.values(name).value(taken[name]++).toStdString()});
   }
   return given;
 }

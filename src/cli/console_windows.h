@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,11 @@ class ConsoleWindows final : public shell::FlowWindows {
   void RunBy(const RunRequest& request, MachineSide side);
   [[nodiscard]] const RunReport& Report() const { return report_; }
 
+  using Service =
+      std::function<std::unique_ptr<maintenance::MaintenanceView>(maintenance::Maintenance&)>;
+  /// What looks at the service console from now on.
+  void ServeBy(Service service) { service_ = std::move(service); }
+
   void ShowMainMenu() override {}
   void BringToFront() override {}
   /// A number that is refused is not asked for again: the load ends there.
@@ -35,6 +41,10 @@ class ConsoleWindows final : public shell::FlowWindows {
   std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
   std::unique_ptr<machine::RunView> OpenPoker(poker::Poker& run) override;
   std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override;
+  std::unique_ptr<maintenance::MaintenanceView> OpenMaintenance(
+      maintenance::Maintenance& console) override {
+    return service_ ? service_(console) : nullptr;
+  }
 
  private:
   Workplace& place_;
@@ -43,6 +53,7 @@ class ConsoleWindows final : public shell::FlowWindows {
   RunRequest request_;
   MachineSide side_;
   RunReport report_;
+  Service service_;
 };
 
 }  // namespace morvane::cli

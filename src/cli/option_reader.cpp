@@ -45,10 +45,18 @@ std::string OptionReader::Path(std::size_t at) const {
 bool OptionReader::Has(std::string_view name) const { return Text(name).has_value(); }
 
 std::optional<std::string> OptionReader::Text(std::string_view name) const {
-  const auto option = std::find_if(options_.begin(), options_.end(),
+  const auto option = std::find_if(options_.rbegin(), options_.rend(),
                                    [name](const GivenOption& given) { return given.Name == name; });
-  if (option == options_.end()) return std::nullopt;
+  if (option == options_.rend()) return std::nullopt;
   return option->Value;
+}
+
+std::vector<std::string> OptionReader::Texts(std::string_view name) const {
+  std::vector<std::string> values;
+  for (const GivenOption& given : options_) {
+    if (given.Name == name) values.push_back(given.Value);
+  }
+  return values;
 }
 
 std::optional<int> OptionReader::Number(std::string_view name) {

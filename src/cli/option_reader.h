@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvane::cli {
 
@@ -29,7 +30,10 @@ class OptionReader {
   [[nodiscard]] std::string Path(std::size_t at) const;
 
   [[nodiscard]] bool Has(std::string_view name) const;
+  /// Of an option given twice the last counts.
   [[nodiscard]] std::optional<std::string> Text(std::string_view name) const;
+  /// Every value of an option that may stand there several times, in order.
+  [[nodiscard]] std::vector<std::string> Texts(std::string_view name) const;
   /// A number from 1 on.
   std::optional<int> Number(std::string_view name);
   /// What a board number box takes; whether there is such a board is seen when it is used.

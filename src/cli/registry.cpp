@@ -10,6 +10,9 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/maintain_info_command.h"
+#include "cli/maintain_parameters_command.h"
+#include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
 #include "cli/poker_print_command.h"
@@ -25,12 +28,14 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 18> kCommands{
-    &kGenerateCommand,  &kConvertCommand,   &kShowCommand,       &kStatsCommand,
-    &kAnalyzeCommand,   &kPrintCommand,     &kTextCommand,       &kDealCommand,
-    &kReadCommand,      &kSortCommand,      &kPokerNewCommand,   &kPokerShowCommand,
-    &kPokerDealCommand, &kPokerReadCommand, &kPokerPrintCommand, &kHistoryCommand,
-    &kAuditCommand,     &kHelpCommand};
+constexpr std::array<const Command*, 21> kCommands{
+    &kGenerateCommand,     &kConvertCommand,       &kShowCommand,
+    &kStatsCommand,        &kAnalyzeCommand,       &kPrintCommand,
+    &kTextCommand,         &kDealCommand,          &kReadCommand,
+    &kSortCommand,         &kPokerNewCommand,      &kPokerShowCommand,
+    &kPokerDealCommand,    &kPokerReadCommand,     &kPokerPrintCommand,
+    &kMaintainInfoCommand, &kMaintainWatchCommand, &kMaintainParametersCommand,
+    &kHistoryCommand,      &kAuditCommand,         &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

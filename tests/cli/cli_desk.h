@@ -11,6 +11,9 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/maintain_info_command.h"
+#include "cli/maintain_parameters_command.h"
+#include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
 #include "cli/poker_print_command.h"
@@ -106,6 +109,20 @@ struct CliDesk {
   ExitStatus Run(const PokerPrintOptions& options) { return Do(PokerPrint, options); }
   ExitStatus Run(const PokerDealOptions& options) { return Do(PokerDeal, options); }
   ExitStatus Run(const PokerReadOptions& options) { return Do(PokerRead, options); }
+  ExitStatus Run(const MaintainInfoOptions& options) { return Do(MaintainInfo, options); }
+  ExitStatus Run(const MaintainWatchOptions& options) { return Do(MaintainWatch, options); }
+  ExitStatus Run(const MaintainParametersOptions& options) {
+    return Do(MaintainParameters, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainInfoOptions& options) {
+    return DoOn(usb, nullptr, MaintainInfo, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainWatchOptions& options) {
+    return DoOn(usb, nullptr, MaintainWatch, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainParametersOptions& options) {
+    return DoOn(usb, nullptr, MaintainParameters, options);
+  }
   /// On another machine than the simulated one; `seen` is the one whose pockets are looked into.
   ExitStatus RunOn(UsbXpress& usb, simulator::SimulatedMachine* seen, const DealOptions& options) {
     return DoOn(usb, seen, Deal, options);

@@ -10,6 +10,7 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/maintain_parameters_command.h"
 #include "cli/show_command.h"
 
 namespace morvane {
@@ -77,6 +78,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"audit", "a", "b"}, "audit: wrong number of files"},
         WrongUsage{{"history", "a"}, "history: wrong number of files"},
         WrongUsage{{"help", "nosuch"}, "unknown command: nosuch"},
+        WrongUsage{{"maintain"},
+                   "unknown command: maintain; there is maintain info, maintain watch, "
+                   "maintain parameters"},
         WrongUsage{{"help", ""}, "unknown command: "},
         WrongUsage{{"help", "deal", "show"}, "help: wrong number of commands"},
         WrongUsage{{"poker", "print", "a"}, "poker print: wrong number of files"},
@@ -139,6 +143,48 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{
             {"generate", "a", "--seedr", kSeed40, "--seedo", kSeed40, "--generator", "morvane"},
             "--seedr and --seedo are seeds of the other generator"}));
+
+/// A `maintain parameters` with one change that cannot be.
+WrongUsage Change(const QString& change, const std::string& error) {
+  return {{"maintain", "parameters", "--set", change}, "--set: " + error};
+}
+const std::string kByte = " takes a number from 0 to 255, without leading zeros";
+const std::string kPercent = " takes a number from 10 to 90, without leading zeros";
+
+INSTANTIATE_TEST_SUITE_P(
+    Parameters, WrongUsageTest,
+    ::testing::Values(
+        Change("pos_x=007", "pos_x" + kByte), Change("pos_x=", "pos_x" + kByte),
+        Change("pos_x=256", "pos_x" + kByte), Change("pos_x=-1", "pos_x" + kByte),
+        Change("pos_x= 1", "pos_x" + kByte), Change("pos_x=1=1", "pos_x" + kByte),
+        Change("pos_x=18446744073709551617", "pos_x" + kByte),
+        Change("pos_y=0", "pos_y takes a number from 1 to 255, without leading zeros"),
+        Change("Bold_th_txt=9", "Bold_th_txt" + kPercent),
+        Change("Fine_th1_txt=91", "Fine_th1_txt" + kPercent),
+        Change("Ignore_box=2", "Ignore_box takes 0 or 1"),
+        Change("Use_Board=on", "Use_Board takes 0 or 1"),
+        Change("Pos_x=1", "there is no parameter Pos_x"), Change("=1", "there is no parameter "),
+        Change("param_ID=1", "param_ID is never written"),
+        Change("CardIndex=Small", "CardIndex is chosen with --index"),
+        WrongUsage{{"maintain", "parameters", "--set", "pos_x=1", "--set", "pos_x=1"},
+                   "--set: pos_x stands there twice"},
+        WrongUsage{{"maintain", "parameters", "--set", "pos_x"}, "--set pos_x: wanted NAME=VALUE"},
+        WrongUsage{{"maintain", "parameters", "--set", "pos_x=1", "--from", "a"},
+                   "--set and --from do not go together"},
+        WrongUsage{{"maintain", "parameters", "--from", ""}, "--from: a file without a name"},
+        WrongUsage{{"maintain", "parameters", "--index", "large"},
+                   "--index large: wanted standard, jumbo or small"},
+        WrongUsage{{"maintain", "watch", "--polls", "0"}, "--polls 0: wanted a number above 0"},
+        WrongUsage{{"maintain", "info", "--polls", "1"},
+                   "--polls does not belong to maintain info"}));
+
+TEST(Arguments, TheLimitsOfAParameterAreTaken) {
+  for (const char* const change :
+       {"pos_x=0", "pos_x=255", "pos_y=1", "Bold_th1_txt=10", "Fine_th_txt=90",
+        "Reco_option_txt=255", "Board_Sen=0", "Ignore_flip=1"}) {
+    EXPECT_EQ(Parsed({"maintain", "parameters", "--set", change}).Error, "") << change;
+  }
+}
 
 TEST(Arguments, OfTwoWrongValuesOneIsTold) {
   EXPECT_EQ(Parsed({"deal", "a", "--to", "x", "--from", "y"}).Error,
@@ -239,6 +285,23 @@ TEST(Arguments, ANumberMayHaveBlanksAroundItAndAPlusSign) {
 
 TEST(Arguments, OfAnOptionGivenTwiceTheLastCounts) {
   EXPECT_EQ(Show({"/a", "--board", "7", "--board", "8"}).Board, 8);
+}
+
+TEST(Arguments, EachOfSeveralValuesOfAnOptionIsTakenInOrder) {
+  const Arguments arguments =
+      Parsed({"maintain", "parameters", "--set", "pos_x=1", "--index", "jumbo", "--set=pos_y=2"});
+  EXPECT_EQ(arguments.Error, "");
+  cli::OptionReader given({}, arguments.Given.Options);
+  const cli::MaintainParametersOptions options = cli::ReadMaintainParametersOptions(given);
+  EXPECT_EQ(options.Set, (cli::ParameterChanges{{"pos_x", "1"}, {"pos_y", "2"}}));
+  EXPECT_EQ(options.Index, 1);
+}
+
+TEST(Arguments, WhereAParametersFileIsRelativeItIsMadeAbsolute) {
+  const Arguments arguments = Parsed({"maintain", "parameters", "--from", "b.txt"});
+  cli::OptionReader given({}, arguments.Given.Options);
+  EXPECT_EQ(cli::ReadMaintainParametersOptions(given).From,
+            (std::filesystem::current_path() / "b.txt").string());
 }
 
 TEST(Arguments, TheFirstOptionThatDoesNotBelongIsTold) {

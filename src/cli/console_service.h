@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "cli/job.h"
+#include "maintenance/maintenance.h"
+
+namespace morvane::cli {
+
+/// The service console without a window. What it does, it does once the machine is known, or at a
+/// poll.
+class ConsoleService : public maintenance::MaintenanceView {
+ public:
+  void ShowReadings() final { Polled(); }
+  void ShowAll() final;
+  void Close() override {}
+
+ protected:
+  explicit ConsoleService(maintenance::Maintenance& console) : console_(console) {}
+
+  /// The machine has said what it is.
+  virtual void Known() = 0;
+  virtual void Polled() {}
+
+  /// It has a firmware that answers for more than itself.
+  [[nodiscard]] bool HasFirmware() const { return console_.Controls().MachineKnown; }
+  maintenance::Maintenance& console_;
+
+ private:
+  bool known_ = false;
+};
+
+/// Brings up the console of `job`, which `service` looks at, until it is left. The selection of
+/// cards that is stored stays as it is; `index` as in `Maintenance::KeepSelection`.
+void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& service);
+
+/// What is told where a command needs more than a machine without firmware can say.
+void SayNoFirmware(Terminal& terminal);
+
+}  // namespace morvane::cli

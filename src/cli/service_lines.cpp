@@ -1,0 +1,116 @@
+#include "cli/service_lines.h"
+
+#include <array>
+#include <utility>
+
+#include "cli/parameter_changes.h"
+#include "text/printable.h"
+
+namespace morvane::cli {
+namespace {
+
+using maintenance::Identity;
+using maintenance::Parameter;
+using maintenance::Readings;
+
+constexpr std::array<std::pair<std::string_view, std::string Identity::*>, 12> kIdentity{{
+    {"Serial_number", &Identity::Serial_number},
+    {"Boards_dealed", &Identity::Boards_dealed},
+    {"Manuf_date", &Identity::Manuf_date},
+    {"Hardware_ID", &Identity::Hardware_ID},
+    {"Soft_ver", &Identity::Soft_ver},
+    {"Down_ID", &Identity::Down_ID},
+    {"txtUSB_ID", &Identity::txtUSB_ID},
+    {"Flash_ID_text", &Identity::Flash_ID_text},
+    {"USB_driver", &Identity::USB_driver},
+    {"DLLver", &Identity::DLLver},
+    {"Boot_ver", &Identity::Boot_ver},
+    {"FPGA_ver", &Identity::FPGA_ver},
+}};
+
+/// By their bits.
+constexpr std::array<std::string_view, 8> kOutputs{"Motors",          "Gate1",        "Gate2",
+                                                   "Gate3",           "Cam_leds",     "Cam_power",
+                                                   "Front_green_led", "Front_Red_Led"};
+
+constexpr std::array<std::string_view, 7> kNationals{"AKQJ", "ARDV", "1RDV", "AKDB",
+                                                     "AHVB", "EKDB", "EKDKn"};
+constexpr std::array<std::string_view, 2> kCardTypes{"Standard", "Framed"};
+constexpr std::array<std::string_view, 3> kThresholds{"Normal", "Fine", "Bold"};
+
+template <std::size_t N>
+std::string Caption(const std::array<std::string_view, N>& captions, int choice) {
+  return std::string(captions[static_cast<std::size_t>(choice)]);
+}
+
+ServiceLine IndexLine(const machine::CardSettings& selection) {
+  return {std::string(kCardIndexName), Caption(kIndexCaptions, selection.CardIndex)};
+}
+
+}  // namespace
+
+std::string TextOf(const ServiceLine& line) {
+  return line.Name + (line.Value.empty() ? ":" : ": " + Printable(line.Value));
+}
+
+std::string TextOf(const ServiceLines& lines) {
+  std::string text;
+  for (const ServiceLine& line : lines) text += TextOf(line) + "\n";
+  return text;
+}
+
+ServiceLines IdentityLines(const Identity& identity) {
+  ServiceLines lines;
+  for (const auto& [name, member] : kIdentity) {
+    lines.push_back({std::string(name), identity.*member});
+  }
+  return lines;
+}
+
+ServiceLines OutputLines(std::uint8_t outputs) {
+  ServiceLines lines;
+  for (std::size_t bit = 0; bit < kOutputs.size(); ++bit) {
+    lines.push_back({std::string(kOutputs[bit]), (outputs >> bit & 1U) != 0 ? "1" : "0"});
+  }
+  return lines;
+}
+
+ServiceLines SensorLines(const Readings& readings) {
+  ServiceLines lines;
+  const auto numbered = [&lines](const std::string& name, const auto& row) {
+    for (std::size_t i = 1; i < row.size(); ++i) {
+      lines.push_back({name + std::to_string(i), row[i].Text});
+    }
+  };
+  numbered("Photo", readings.Photo);
+  lines.push_back({"Front_Switch", readings.Front_Switch.Text});
+  lines.push_back({"Cover_Switch", readings.Cover_Switch.Text});
+  lines.push_back({"Box_Switch", readings.Box_Switch.Text});
+  lines.push_back({"Flip_Switch", readings.Flip_Switch.Text});
+  numbered("Motor_speed_", readings.Motor_speed);
+  lines.push_back({"Inside_temp", readings.Inside_temp.Text});
+  lines.push_back({"Supply_volt", readings.Supply_volt.Text});
+  lines.push_back({"Board_no_txt", readings.Board_no_txt});
+  lines.push_back({"Board_no_test_txt", readings.Board_no_test_txt});
+  return lines;
+}
+
+ServiceLines SelectionLines(const machine::CardSettings& selection) {
+  return {{"National", Caption(kNationals, selection.National)},
+          {"CardType", Caption(kCardTypes, selection.CardType)},
+          {"Threshold", Caption(kThresholds, selection.Threshold)},
+          IndexLine(selection)};
+}
+
+ServiceLines ParameterLines(const maintenance::Maintenance& console) {
+  const maintenance::ParameterBlock& block = console.Parameters();
+  if (!block.Known()) return {};
+  ServiceLines lines{IndexLine(block.CardSelection),
+                     {std::string(kParamIdName), block.Boxes.param_ID}};
+  for (const std::string_view name : ParameterNames()) {
+    if (Has(console, name)) lines.push_back({std::string(name), ValueOf(block.Boxes, name)});
+  }
+  return lines;
+}
+
+}  // namespace morvane::cli
