@@ -9,6 +9,7 @@
 
 #include "platform/qt/number_edit.h"
 #include "platform/qt/shown_value.h"
+#include "wire/service_commands.h"
 
 namespace morvane::simulator {
 namespace {
@@ -27,15 +28,30 @@ constexpr std::array<SwitchWords, 3> kSwitches{{
     {Sensors::Switch::FlipPlate, "chkFlip", "F&lip plate closed"},
 }};
 
-/// In the order of their bits.
-constexpr std::array<const char*, 8> kOutputs{
-    "motors", "gate 1", "gate 2", "gate 3", "camera LEDs", "camera power", "green LED", "red LED"};
+struct OutputWord {
+  unsigned Bit;
+  const char* Word;
+};
 
-QString OutputsText(std::uint8_t outputs) {
+using Outputs = wire::OutputsCommand;
+constexpr std::array<unsigned, 3> kGates{Outputs::kGate1, Outputs::kGate2, Outputs::kGate3};
+constexpr std::array<OutputWord, 5> kOutputs{{{Outputs::kMotors, "motors"},
+                                              {Outputs::kCamLeds, "LEDs"},
+                                              {Outputs::kCamPower, "camera"},
+                                              {Outputs::kFrontGreenLed, "green"},
+                                              {Outputs::kFrontRedLed, "red"}}};
+
+/// All of them fit in a line.
+QString OutputsText(unsigned outputs) {
   QStringList on;
-  for (std::size_t bit = 0; bit < kOutputs.size(); ++bit) {
-    if ((outputs >> bit & 1U) != 0) on += kOutputs[bit];
+  for (const OutputWord& output : kOutputs) {
+    if ((outputs & output.Bit) != 0) on += output.Word;
   }
+  QStringList gates;
+  for (std::size_t gate = 0; gate < kGates.size(); ++gate) {
+    if ((outputs & kGates[gate]) != 0) gates += QString::number(gate + 1);
+  }
+  if (!gates.isEmpty()) on += (gates.size() > 1 ? "gates " : "gate ") + gates.join(" ");
   return on.isEmpty() ? QString("No output is on") : "On: " + on.join(", ");
 }
 

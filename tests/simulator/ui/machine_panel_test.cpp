@@ -319,7 +319,15 @@ TEST_F(MachinePanelTest, HandsAreAtTheOpenMachine) {
   simulated.Opened().TakeOutputs(0x11);
   EXPECT_EQ(sensors.SpeedSet(4), 13000);
   desk.Loop.WaitMs(200);
-  EXPECT_EQ(Shown("lblOutputs"), "On: motors, camera LEDs");
+  EXPECT_EQ(Shown("lblOutputs"), "On: motors, LEDs");
+  simulated.Opened().TakeOutputs(0x04);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblOutputs"), "On: gate 2");
+  const int oneLine = test::Find<QLabel>(panel, "lblOutputs").height();
+  simulated.Opened().TakeOutputs(0xFF);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(Shown("lblOutputs"), "On: motors, LEDs, camera, green, red, gates 1 2 3");
+  EXPECT_EQ(test::Find<QLabel>(panel, "lblOutputs").height(), oneLine);
   simulated.Opened().TakeOutputs(0);
   desk.Loop.WaitMs(200);
   EXPECT_EQ(Shown("lblOutputs"), "No output is on");
