@@ -69,6 +69,7 @@ class Maintenance {
   [[nodiscard]] const Verdict& LastVerdict() const { return verdict_; }
   [[nodiscard]] const ServiceControls& Controls() const { return controls_; }
   [[nodiscard]] bool LinkFailed() const { return link_.LinkFailed(); }
+  [[nodiscard]] const machine::Machine& TheMachine() const { return machine_; }
   std::string TestText;
   ValueBox Test6;
   ValueBox Test7;

@@ -1,5 +1,6 @@
 #include "maintenance/readings.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "wire/board_labels.h"
@@ -29,6 +30,14 @@ std::string Tenths(double tenths) {
 }
 
 }  // namespace
+
+std::optional<double> NumberIn(const Reading& reading) {
+  double number = 0;
+  const char* end = reading.Text.data() + reading.Text.size();
+  const auto read = std::from_chars(reading.Text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return number;
+}
 
 void Readings::Take(const PhotoReply& reply) {
   for (std::size_t sensor = 1; sensor <= 5; ++sensor) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "wire/service_replies.h"
@@ -21,6 +22,8 @@ struct Reading {
   Shade Look = Shade::kPlain;
   bool operator==(const Reading&) const = default;
 };
+/// The number that it shows, if it shows one.
+[[nodiscard]] std::optional<double> NumberIn(const Reading& reading);
 
 /// What the sensors say, as the console shows it; decoded from the machine's answers.
 struct Readings {

@@ -50,7 +50,7 @@ class WindowPictures : public EveryWindow {
     const QString name = NameOf(window);
     if (!taken_.insert(name).second && name != "MainMenu") return;
     if (window.objectName() == "MainMenu" || window.objectName() == "DealinProg" ||
-        window.objectName() == "Poker") {
+        window.objectName() == "Poker" || window.objectName() == "Maintenance") {
       window.resize(kRoomy);
     }
     desk.Loop.Pump();
@@ -66,6 +66,7 @@ class WindowPictures : public EveryWindow {
       name +=
           tabs->currentIndex() == 0 ? "" : "_" + tabs->tabText(tabs->currentIndex()).remove('&');
     }
+    if (name == "Maintenance" && !test::Enabled(window, "Motors")) return name + "_start";
     if (name == "Poker") return name + PokerState(window);
     if (name != "DealinProg") return name;
     if (window.windowTitle().contains("Reading")) name += "_read";

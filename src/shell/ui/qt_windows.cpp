@@ -8,6 +8,7 @@
 #include "generate/ui/generate.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
+#include "maintenance/ui/maintenance_window.h"
 #include "poker/ui/poker_window.h"
 #include "print/ui/hand_record.h"
 #include "shell/ui/main_menu.h"
@@ -76,6 +77,11 @@ std::unique_ptr<machine::RunView> QtWindows::OpenSortProg(machine::SortingRun& r
 
 std::unique_ptr<machine::RunView> QtWindows::OpenPoker(poker::Poker& poker) {
   return std::make_unique<poker::PokerWindow>(program_, poker, mainMenu_);
+}
+
+std::unique_ptr<maintenance::MaintenanceView> QtWindows::OpenMaintenance(
+    maintenance::Maintenance& maintenance) {
+  return std::make_unique<maintenance::MaintenanceWindow>(program_, maintenance, mainMenu_);
 }
 
 std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {

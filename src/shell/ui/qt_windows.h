@@ -26,6 +26,8 @@ class QtWindows final : public FlowWindows {
   std::unique_ptr<analysis::DeepFView> OpenDeepF(analysis::DeepF& run) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenSortProg(machine::SortingRun& run) override;
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenPoker(poker::Poker& poker) override;
+  [[nodiscard]] std::unique_ptr<maintenance::MaintenanceView> OpenMaintenance(
+      maintenance::Maintenance& maintenance) override;
 
  private:
   Program& program_;

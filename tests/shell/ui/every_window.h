@@ -19,6 +19,8 @@
 #include "machine/sorting_run.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
+#include "maintenance/maintenance.h"
+#include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/window_place.h"
 #include "poker/poker.h"
@@ -56,6 +58,7 @@ class EveryWindow : public MainMenuTest {
     LookAtHandRecord(look);
     LookAtDeepF(look);
     LookAtRuns(look);
+    LookAtMaintenance(look);
   }
 
   void LookAtMainMenu(const Look& look) {
@@ -280,6 +283,30 @@ class EveryWindow : public MainMenuTest {
     test::Find<QAbstractButton>(window, "FirstDeal").click();
     look(window);
     poker.Exit();
+  }
+
+  /// Before the machine answers; then each page, with the motors on, a flip plate that is open, and
+  /// parameters that are not written.
+  void LookAtMaintenance(const Look& look) {
+    ASSERT_TRUE(
+        machine::OpenLink(desk.Prog, machine_.Link, maintenance::Maintenance::kLinkTimeoutMs));
+    maintenance::Maintenance console(desk.Prog, machine_, [](const std::string&) {});
+    maintenance::MaintenanceWindow window(desk.Prog, console, menu.get());
+    console.Open(window);
+    window.activateWindow();
+    look(window);
+    desk.Loop.WaitMs(maintenance::Maintenance::kFirstContactMs + 100);
+    for (const char* output : {"Motors", "Cam_leds"}) {
+      test::Find<QAbstractButton>(window, output).click();
+    }
+    test::Find<QAbstractButton>(window, "Ignore_flip").click();
+    simulated.Opened().Cover(2, true);
+    simulated.Opened().SetSpeed(3, 9000);
+    simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
+    desk.Loop.WaitMs(500);
+    LookAtPages(window, look);
+    desk.AnswerBox(QMessageBox::Yes);
+    console.Exit();
   }
 
   void LookAtSort(const Look& look) {

@@ -1,0 +1,158 @@
+#include "maintenance/ui/maintenance_window.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "maintenance/maintenance.h"
+#include "maintenance/ui/card_panel.h"
+#include "maintenance/ui/developer_panel.h"
+#include "maintenance/ui/identity_panel.h"
+#include "maintenance/ui/output_panel.h"
+#include "maintenance/ui/parameter_panel.h"
+#include "maintenance/ui/sensor_panel.h"
+#include "maintenance/ui/service_widgets.h"
+#include "maintenance/ui/verdict_panel.h"
+#include "platform/qt/held_enter.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
+#include "platform/qt/window_place.h"
+
+namespace morvane::maintenance {
+namespace {
+
+constexpr QSize kComfortable{1000, 720};
+
+}  // namespace
+
+MaintenanceWindow::MaintenanceWindow(Program& program, Maintenance& maintenance, QWidget* parent)
+    : QDialog(parent), maintenance_(maintenance) {
+  setObjectName("Maintenance");
+  setWindowTitle(QString("Morvane - Maintenance") +
+                 (maintenance.TheMachine().IsSimulated() ? " - Simulated machine" : ""));
+  setWindowModality(Qt::WindowModal);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  // In the order in which the tab key walks through them.
+  auto* live = new ScrollingPart(MakeLive(program), this);
+  live->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);  // not sideways
+  auto* column = new QVBoxLayout;
+  column->setContentsMargins(0, kServiceMargin, kServiceMargin, kServiceMargin);
+  column->setSpacing(kServiceSpacing);
+  contact_ = new ShownValue("lblContact", "The machine", this);
+  contact_->setWordWrap(true);
+  column->addWidget(contact_);
+  column->addWidget(MakePages(program.ServiceLevel), 1);
+  column->addWidget(MakeButtons());
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(live);
+  row->addLayout(column, 1);
+  for (auto* button : findChildren<QPushButton*>()) button->installEventFilter(this);
+  resize(sizeHint().expandedTo(kComfortable));
+  FitToScreen(*this);
+  tabs_->tabBar()->setFocus();  // a key pressed by mistake there switches nothing on
+  show();
+}
+
+MaintenanceWindow::~MaintenanceWindow() { hide(); }
+
+QWidget* MaintenanceWindow::MakeLive(const Program& program) {
+  auto* live = new QWidget(this);
+  sensors_ = new SensorPanel(maintenance_, program.Time, live);
+  outputs_ = new OutputPanel(maintenance_, program.ServiceLevel, live);
+  verdict_ = new VerdictPanel(maintenance_, program.ServiceLevel, live);
+  auto* column = new QVBoxLayout(live);
+  column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
+  column->setSpacing(kServiceSpacing);
+  column->addWidget(sensors_);
+  column->addWidget(outputs_);
+  column->addWidget(verdict_);
+  column->addStretch();
+  return live;
+}
+
+QWidget* MaintenanceWindow::MakePages(int serviceLevel) {
+  tabs_ = new QTabWidget(this);
+  tabs_->setObjectName("tabs");
+  AddPage(parameters_ = new ParameterPanel(maintenance_, this), "&Parameters");
+  AddPage(cards_ = new CardPanel(maintenance_, this), "&Cards");
+  AddPage(identity_ = new IdentityPanel(maintenance_, this), "&Identity");
+  if (serviceLevel >= 2) AddPage(developer_ = new DeveloperPanel(maintenance_, this), "&Developer");
+  return tabs_;
+}
+
+void MaintenanceWindow::AddPage(QWidget* page, const char* caption) {
+  tabs_->addTab(new ScrollingPart(page, tabs_), caption);
+}
+
+QWidget* MaintenanceWindow::MakeButtons() {
+  auto* buttons = new QWidget(this);
+  Download_ = NewLaterButton("Download", "Download", buttons);
+  auto* exit = NewServiceButton(
+      "cmdExit", "&Exit", [this] { AskToLeave(); }, buttons);
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(Download_);
+  row->addStretch();
+  row->addWidget(exit);
+  return buttons;
+}
+
+void MaintenanceWindow::ShowReadings() {
+  sensors_->Show();
+  outputs_->ShowReadings();
+  verdict_->Show();
+}
+
+void MaintenanceWindow::ShowAll() {
+  ShowContact();
+  ShowReadings();
+  outputs_->Show();
+  parameters_->Show();
+  cards_->Show();
+  identity_->Show();
+  if (developer_ != nullptr) developer_->Show();
+  Download_->setVisible(maintenance_.Controls().Download);
+}
+
+void MaintenanceWindow::ShowContact() {
+  const Identity& machine = maintenance_.TheIdentity();
+  QString text = "Asking the machine ...";
+  if (maintenance_.Controls().MachineKnown) {
+    text = "Machine " + ToQt(machine.Serial_number) + ", firmware " + ToQt(machine.Soft_ver);
+  } else if (maintenance_.Controls().Download) {
+    text = "The machine holds no firmware. It can only be loaded with one.";
+  }
+  if (contact_->text() != text) contact_->Show(text);
+}
+
+void MaintenanceWindow::Close() { hide(); }
+
+void MaintenanceWindow::AskToLeave() {
+  parameters_->LeaveBox();
+  maintenance_.Exit();
+}
+
+void MaintenanceWindow::closeEvent(QCloseEvent* event) {
+  AskToLeave();
+  event->setAccepted(maintenance_.Closed());
+}
+
+/// Enter presses the button that has the focus, and no other.
+void MaintenanceWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  QDialog::keyPressEvent(event);
+}
+
+bool MaintenanceWindow::eventFilter(QObject* button, QEvent* event) {
+  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
+}
+
+}  // namespace morvane::maintenance

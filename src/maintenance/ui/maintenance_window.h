@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QDialog>
+
+#include "maintenance/maintenance_view.h"
+#include "program/program.h"
+
+class QPushButton;
+class QTabWidget;
+
+namespace morvane {
+class ShownValue;
+}
+
+namespace morvane::maintenance {
+
+class CardPanel;
+class DeveloperPanel;
+class IdentityPanel;
+class Maintenance;
+class OutputPanel;
+class ParameterPanel;
+class SensorPanel;
+class VerdictPanel;
+
+/// `Maintenance`, the machine's service console: what all sensors say and the outputs in sight, and
+/// beside them pages of what is seldom wanted at once.
+class MaintenanceWindow final : public QDialog, public MaintenanceView {
+ public:
+  MaintenanceWindow(Program& program, Maintenance& maintenance, QWidget* parent);
+  MaintenanceWindow(const MaintenanceWindow&) = delete;
+  MaintenanceWindow& operator=(const MaintenanceWindow&) = delete;
+  ~MaintenanceWindow() override;
+
+  void ShowReadings() override;
+  void ShowAll() override;
+  void Close() override;
+
+  /// Escape does what the close box does.
+  void reject() override { AskToLeave(); }
+  bool eventFilter(QObject* button, QEvent* event) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QWidget* MakeLive(const Program& program);
+  QWidget* MakePages(int serviceLevel);
+  QWidget* MakeButtons();
+  void AddPage(QWidget* page, const char* caption);
+  void AskToLeave();
+  void ShowContact();
+
+  Maintenance& maintenance_;
+  ShownValue* contact_ = nullptr;
+  SensorPanel* sensors_ = nullptr;
+  OutputPanel* outputs_ = nullptr;
+  VerdictPanel* verdict_ = nullptr;
+  QTabWidget* tabs_ = nullptr;
+  ParameterPanel* parameters_ = nullptr;
+  CardPanel* cards_ = nullptr;
+  IdentityPanel* identity_ = nullptr;
+  DeveloperPanel* developer_ = nullptr;
+  QPushButton* Download_ = nullptr;
+};
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,27 @@
+#include "maintenance/ui/option_group.h"
+
+#include <QGridLayout>
+#include <QRadioButton>
+#include <utility>
+
+#include "maintenance/ui/service_widgets.h"
+
+namespace morvane::maintenance {
+
+OptionGroup::OptionGroup(const char* caption, int columns, std::initializer_list<Option> options,
+                         std::function<void(int)> chosen, QWidget* parent)
+    : QGroupBox(caption, parent) {
+  QGridLayout* const grid = NewGrid(this);
+  int place = 0;
+  for (const Option& option : options) {
+    auto* button = new QRadioButton(option.Caption, this);
+    button->setObjectName(option.Name);
+    buttons_.addButton(button, place);
+    grid->addWidget(button, place / columns, place % columns);
+    ++place;
+  }
+  grid->setColumnStretch(columns, 1);
+  connect(&buttons_, &QButtonGroup::idClicked, this, std::move(chosen));
+}
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,63 @@
+#include "maintenance/ui/service_widgets.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
+namespace morvane::maintenance {
+
+QGridLayout* NewGrid(QWidget* group) {
+  auto* grid = new QGridLayout(group);
+  grid->setContentsMargins(kGroupMargin, kGroupMargin, kGroupMargin, kGroupMargin);
+  grid->setSpacing(kGroupMargin);
+  return grid;
+}
+
+QPushButton* NewServiceButton(const char* name, const char* caption, std::function<void()> press,
+                              QWidget* parent) {
+  auto* button = new QPushButton(caption, parent);
+  button->setObjectName(name);
+  QObject::connect(button, &QPushButton::clicked, button, std::move(press));
+  return button;
+}
+
+QPushButton* NewLaterButton(const char* name, const char* caption, QWidget* parent) {
+  auto* button = new QPushButton(caption, parent);
+  button->setObjectName(name);
+  button->setEnabled(false);
+  button->setToolTip(QString(caption).remove('&') + " is not available in this version yet");
+  return button;
+}
+
+QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent) {
+  auto* label = new QLabel(caption, parent);
+  label->setBuddy(control);
+  return label;
+}
+
+void KeepSizeFor(QLabel& label, const QStringList& texts) {
+  QSize size(0, 0);
+  for (const QString& text : texts) {
+    label.setText(text);
+    size = size.expandedTo(label.sizeHint());
+  }
+  label.setText("");
+  label.setFixedSize(size);
+}
+
+void MarkEdited(QWidget& control, bool edited) {
+  if (control.font().bold() == edited) return;
+  QFont font = control.font();
+  font.setBold(edited);
+  control.setFont(font);
+  control.setAccessibleDescription(edited ? "Changed, not written to the machine" : "");
+}
+
+void KeepWidthOfMark(QWidget& control) {
+  MarkEdited(control, true);
+  control.setMinimumWidth(control.sizeHint().width());
+  MarkEdited(control, false);
+}
+
+}  // namespace morvane::maintenance
