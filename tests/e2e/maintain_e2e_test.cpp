@@ -1,0 +1,135 @@
+#include <csignal>
+
+#include "bridges/scripted_peer.h"
+#include "e2e/e2e_fixture.h"
+
+// The service console of the command line, with the simulated machine as another program at the
+// other end of a pseudo-terminal. Each run costs two seconds before the first contact.
+
+namespace morvane::e2e {
+namespace {
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class MaintainEndToEnd : public EndToEnd {
+ protected:
+  /// Starts a machine that keeps its parameters, and says where it is.
+  std::string Start(const std::string& more = "", const std::string& input = "/dev/null") {
+    machine = std::make_unique<Process>(
+        std::vector<std::string>{"--pace", "wire", "--machine",
+                                 "simulated,speed=0,store=" + (folder / "store") + more},
+        Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
+    EXPECT_TRUE(machine->Until([&] { return machine->Out().ends_with('\n'); })) << machine->Err();
+    return machine->Out().substr(0, machine->Out().find('\n'));
+  }
+  [[nodiscard]] std::vector<std::string> On(const std::string& named,
+                                            const std::vector<std::string>& words) const {
+    std::vector<std::string> line{"--machine", named, "maintain"};
+    line.insert(line.end(), words.begin(), words.end());
+    return Whole(line);
+  }
+  Outcome Maintain(const std::string& named, const std::vector<std::string>& words) {
+    return Process(On(named, words), Around()).Finish();
+  }
+  std::unique_ptr<Process> machine;
+};
+
+TEST_F(MaintainEndToEnd, InfoShowsTheMachineAtTheOtherEnd) {
+  const Outcome outcome = Maintain(Start(",serial=12,firmware=2.44"), {"info"});
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Err, "");
+  EXPECT_THAT(outcome.Out, StartsWith("Serial_number: 12\n"));
+  EXPECT_THAT(outcome.Out, HasSubstr("\nSoft_ver: 2.44\n"));
+  EXPECT_THAT(outcome.Out, HasSubstr("\nMotor_speed_4: 0\n"));
+  EXPECT_THAT(outcome.Out, EndsWith("\nReco_option_txt: 0\n"));
+  EXPECT_EQ(CountLines("   Basic info: 12,0,"), 1);
+  EXPECT_EQ(CountLines(" Maintenance: "), 1);
+}
+
+TEST_F(MaintainEndToEnd, ParametersAreKeptWrittenAndBroughtBack) {
+  std::string named = Start();
+  const Outcome kept = Maintain(named, {"parameters", "--index", "jumbo"});
+  EXPECT_EQ(kept.Status, 0);
+  test::WriteContent(folder / "backup.txt", kept.Out);
+  auto words =
+      On(named, {"parameters", "--index", "jumbo", "--set", "pos_x=1", "--set", "Fine_th_txt=90"});
+  words.insert(words.begin(), "--yes");
+  const Outcome written = Process(words, Around()).Finish();
+  EXPECT_EQ(written.Status, 0) << written.Err;
+  EXPECT_THAT(written.Out, HasSubstr("\npos_x: 1\n"));
+  // The machine keeps them without power.
+  machine->Signal(SIGTERM);
+  machine->Finish();
+  named = Start();
+  EXPECT_EQ(Maintain(named, {"parameters", "--index", "jumbo"}).Out, written.Out);
+  words = On(named, {"parameters", "--from", "backup.txt"});
+  words.insert(words.begin(), "--yes");
+  const Outcome back = Process(words, Around()).Finish();
+  EXPECT_EQ(back.Status, 0) << back.Err;
+  EXPECT_EQ(back.Out, kept.Out);
+  EXPECT_EQ(CountLines("   Parameters update: 11,84,"), 1) << "the index, then pos_x";
+  EXPECT_EQ(CountLines("   Parameters update: 162,84,"), 1);
+}
+
+TEST_F(MaintainEndToEnd, WithNobodyToAskNothingIsWritten) {
+  const std::string named = Start();
+  const Outcome outcome = Maintain(named, {"parameters", "--set", "pos_x=1"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_THAT(outcome.Err, EndsWith("There is nobody to ask; --yes would answer Yes.\n"));
+  EXPECT_THAT(outcome.Out, HasSubstr("\npos_x: 60\n"));
+}
+
+TEST_F(MaintainEndToEnd, AnInterruptEndsWatchWellAndLeavesTheLineToTheNext) {
+  const std::string named = Start();
+  for (const int number : {SIGINT, SIGTERM}) {
+    Process watch(On(named, {"watch"}), Around());
+    ASSERT_TRUE(watch.Until([&] { return watch.Out().ends_with('\n'); })) << watch.Err();
+    watch.Signal(number);
+    const Outcome outcome = watch.Finish();
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_EQ(outcome.Err, "");
+    EXPECT_THAT(outcome.Out, StartsWith("Photo1: "));
+    EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+  }
+}
+
+TEST_F(MaintainEndToEnd, AnInterruptBeforeTheFirstContactEndsWatchAtOnce) {
+  Process watch(On(Start(), {"watch"}), Around());
+  ASSERT_TRUE(watch.Until([&] { return CountLines(" Maintenance: ") == 1; }));
+  watch.Signal(SIGINT);
+  const Outcome outcome = watch.Finish();
+  EXPECT_EQ(outcome.Status, 0);
+  EXPECT_EQ(outcome.Out, "");
+}
+
+TEST_F(MaintainEndToEnd, AMachineThatGoesInTheMiddleIsTold) {
+  Process watch(On(Start(), {"watch"}), Around());
+  ASSERT_TRUE(watch.Until([&] { return watch.Out().ends_with('\n'); })) << watch.Err();
+  machine->Kill();
+  const Outcome outcome = watch.Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Err,
+            "Communication Error: Lost Communication with Morvane  -  Maintenance Aborted!\n");
+  EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
+}
+
+TEST_F(MaintainEndToEnd, WatchWhoseReaderHasGoneEnds) {
+  const bridges::ScriptedPeer keys;
+  const std::string named = Start("", keys.Path());
+  Process shell({"-c", MORVANE_CLI " --data data --settings settings.ini --machine " + named +
+                           " maintain watch | head -n 3"},
+                {.Folder = folder.Path(), .Program = "/bin/sh"});
+  ASSERT_TRUE(shell.Until([&] { return shell.Out().find("Photo3: ") != std::string::npos; }));
+  // The next line that it writes has nowhere to go.
+  shell.Until([&] {
+    keys.Send({'c', 'o', 'v', 'e', 'r', '\n'});
+    return CountLines(" Exit: ") == 1;
+  });
+  EXPECT_EQ(shell.Finish().Err, "");
+  EXPECT_EQ(CountLines(" Exit: "), 1);
+}
+
+}  // namespace
+}  // namespace morvane::e2e
