@@ -63,8 +63,8 @@ class WindowPictures : public EveryWindow {
   static QString NameOf(const QWidget& window) {
     QString name = window.objectName();
     if (const auto* tabs = window.findChild<QTabWidget*>("tabs")) {
-      name +=
-          tabs->currentIndex() == 0 ? "" : "_" + tabs->tabText(tabs->currentIndex()).remove('&');
+      const QString page = tabs->tabText(tabs->currentIndex()).remove('&').replace(' ', '_');
+      if (tabs->currentIndex() != 0) name += "_" + page;
     }
     if (name == "Maintenance" && !test::Enabled(window, "Motors")) return name + "_start";
     if (name == "Poker") return name + PokerState(window);
