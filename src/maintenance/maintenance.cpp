@@ -104,7 +104,7 @@ bool Maintenance::MayLeave() {
   const int answer = program_.Ask(
       "      Parameters have been changed and not been written to the machine.      \r\n"
       "      Do you want to leave without writing them?      ",
-      kYesNoExclamation, "Maintenance");
+      kYesNoExclamationNo, "Maintenance");
   leaving_ = false;
   return answer == kYes;
 }

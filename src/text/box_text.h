@@ -33,6 +33,7 @@ enum BoxFlags : int {
   kOkInformation = 64,
   kYesNoCancelInformation = 67,
   kYesNoInformation = 68,
+  kYesNoExclamationNo = 308,  ///< Return answers No
 };
 
 /// The answers of a message box.

@@ -317,7 +317,7 @@ TEST_F(TheConsole, LeavingWithEditsAsksOnceAndStaysWithoutAYes) {
   console->Exit();
   EXPECT_FALSE(console->Closed());
   EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
-  EXPECT_EQ(desk.Ui.Boxes.back().Flags, kYesNoExclamation);
+  EXPECT_EQ(desk.Ui.Boxes.back().Flags, kYesNoExclamationNo);
   EXPECT_EQ(Text(Parameter::pos_x), "123");
   desk.Ui.Answers = {kYes};
   console->Exit();

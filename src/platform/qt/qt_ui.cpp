@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kButtons = 0x0F;
 constexpr int kIcons = 0x70;
+constexpr int kSecondIsDefault = 0x100;
 
 QMessageBox::StandardButtons ButtonsOf(int flags) {
   switch (flags & kButtons) {
@@ -103,6 +104,7 @@ void Prepare(QMessageBox& box, const std::string& text, int flags, const std::st
   box.setStandardButtons(buttons);
   box.setEscapeButton(CautiousAnswer(buttons));
   box.setResult(CautiousAnswer(buttons));
+  if ((flags & kSecondIsDefault) != 0) box.setDefaultButton(CautiousAnswer(buttons));
 }
 
 }  // namespace

@@ -79,6 +79,16 @@ TEST_F(QtUiTest, TheButtonIsTheAnswer) {
   EXPECT_EQ(AnswerTo(kYesNoQuestion, QMessageBox::No), kNo);
 }
 
+TEST_F(QtUiTest, ReturnIsTheFirstButtonUnlessTheFlagsSayNo) {
+  const auto returnIn = [this](int flags) {
+    desk.When("MessageBox", [](QWidget& box) { test::Press(box, Qt::Key_Return); });
+    return desk.Ui.MessageBox("text", flags, "title");
+  };
+  EXPECT_EQ(returnIn(kYesNoExclamation), kYes);
+  EXPECT_EQ(returnIn(kYesNoExclamationNo), kNo);
+  EXPECT_EQ(this->Look(kYesNoExclamationNo), this->Look(kYesNoExclamation));
+}
+
 TEST_F(QtUiTest, EscapeIsTheAnswerThatChangesLeast) {
   EXPECT_EQ(EscapeFrom(kOkCritical), kOk);
   EXPECT_EQ(EscapeFrom(kOkCancel), kCancel);
