@@ -11,7 +11,8 @@
 namespace morvane::simulator {
 
 /// The last exchanges as the machine saw them, oldest first. Polls that get the same answer but for
-/// the counts of cards are one entry. It is of fixed size; texts are made when they are asked for.
+/// the counts of cards or what is measured are one entry, and so is each of the frames that the
+/// service polls in turn. It is of fixed size; texts are made when they are asked for.
 class FrameLog {
  public:
   static constexpr std::size_t kCapacity = 64;
@@ -45,6 +46,7 @@ class FrameLog {
                                      Ending ending);
   [[nodiscard]] static bool Repeats(const Entry& before, const Entry& now);
   [[nodiscard]] static wire::Frame FrameOf(const Head& head);
+  [[nodiscard]] Entry* Repeated(const Entry& now);
 
   std::array<Entry, kCapacity> entries_{};
   std::size_t first_ = 0;

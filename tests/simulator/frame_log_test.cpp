@@ -58,6 +58,40 @@ TEST_F(FrameLogTest, OtherCommandsAreNotFolded) {
   EXPECT_EQ(Lines(), (Texts{"CmdVersion -> version: 2.90", "CmdVersion -> version: 2.90"}));
 }
 
+TEST_F(FrameLogTest, TheServicesPollIsALineForEachOfItsFrames) {
+  const auto poll = [this](std::uint8_t outputs) {
+    talk.Ask({23, outputs, 0});
+    for (std::uint8_t selector = 0; selector <= 4; ++selector) talk.Ask({27, selector, 0});
+  };
+  for (int i = 0; i < 5; ++i) poll(0);
+  talk.Machine.Opened().SetTemperature(300);
+  poll(0);
+  EXPECT_EQ(Lines(),
+            (Texts{"6 x CmdOutputs 0x00 -> photo sensors: 35 35 35 35 35, switches 0x40",
+                   "6 x CmdSensor 0 -> sensor: motors 0 0", "6 x CmdSensor 1 -> sensor: motors 0 0",
+                   "6 x CmdSensor 2 -> sensor: climate 306 628", "6 x CmdSensor 3 -> sensor: 3",
+                   "6 x CmdSensor label -> sensor: 0x00"}));
+}
+
+TEST_F(FrameLogTest, AnotherOutputSwitchOrLabelIsALineOfItsOwnInItsPlace) {
+  talk.Ask({23, 0, 0});
+  talk.Ask({27, 4, 0});
+  talk.Ask({23, 64, 0});
+  talk.Machine.Opened().Set(Sensors::Switch::Front, true);
+  talk.Ask({23, 64, 0});
+  talk.Machine.InsertBoard(1);
+  talk.Ask({27, 4, 0});
+  talk.Ask({19, 1, 1, 2, 3, 4});
+  talk.Ask({27, 4, 0});
+  EXPECT_EQ(Lines(),
+            (Texts{"CmdOutputs 0x00 -> photo sensors: 35 35 35 35 35, switches 0x40",
+                   "CmdSensor label -> sensor: 0x00",
+                   "CmdOutputs 0x40 -> photo sensors: 35 35 35 35 35, switches 0x40",
+                   "CmdOutputs 0x40 -> photo sensors: 35 35 35 35 35, switches 0x60",
+                   "CmdSensor label -> sensor: 0x0F, board 1", "CmdWriteParameters 1 -> no answer",
+                   "CmdSensor label -> sensor: 0x0F, board 1"}));
+}
+
 TEST_F(FrameLogTest, WhatIsNotAnsweredIsSaid) {
   talk.Ask({0x77});
   Bytes bad = ToWire({0x1A, 0, 0, 0, 0, 0, 0, 0});
