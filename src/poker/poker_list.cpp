@@ -182,17 +182,12 @@ void List::DrawCard(const Place& place, const CardText& card) {
   canvas_.Text(x + signWidth, y, card.Rank, rank, colour);
 }
 
-/// Of all lengths: 1 unless the page has less room than a few deals take.
-double PartThatFits(const Canvas& page) {
-  constexpr double kWidth = 555;
-  constexpr double kHeight = 350;
-  return std::min({page.Width() / kWidth, page.Height() / kHeight, 1.0});
-}
-
 }  // namespace
 
 bool DrawPokerList(Canvas& page, const PokerOrder& order, const std::function<bool()>& dealDone) {
-  print::ShrunkCanvas canvas(page, PartThatFits(page));
+  constexpr double kWidth = 555;
+  constexpr double kHeight = 350;
+  print::ShrunkCanvas canvas(page, kWidth, kHeight);
   return List(canvas, order).Draw(dealDone);
 }
 

@@ -1,6 +1,5 @@
 #include "print/document.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -45,13 +44,6 @@ std::string BoardsText(int first, int last) {
   return "Boards " + std::to_string(first) + " - " + std::to_string(last);
 }
 
-/// Of all lengths: 1 unless the page has less room than the boards take, which A4 and Letter have.
-double PartThatFits(const Canvas& page, PrintMode mode) {
-  constexpr double kWidth = 555;
-  const double height = mode == PrintMode::kScoreCards ? 730 : 768;
-  return std::min({page.Width() / kWidth, page.Height() / height, 1.0});
-}
-
 }  // namespace
 
 Document::Document(const BoardSet& set, PrintOptions options)
@@ -63,35 +55,39 @@ Document::Document(const BoardSet& set, PrintOptions options)
 }
 
 bool Document::Draw(Canvas& page, const std::function<bool()>& boardDone) const {
-  ShrunkCanvas canvas(page, PartThatFits(page, options_.Mode));
+  const bool cards = options_.Mode == PrintMode::kScoreCards;
+  constexpr double kWidth = 555;
+  ShrunkCanvas canvas(page, kWidth, cards ? 730 : 768);
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     if (i > 0 && !canvas.NewPage()) return false;
-    if (!DrawPage(i, canvas, boardDone)) return false;
+    if (cards ? !DrawCards(pages_[i], canvas, boardDone) : !DrawRecords(i, canvas, boardDone)) {
+      return false;
+    }
   }
   return true;
 }
 
-bool Document::DrawPage(std::size_t index, Canvas& canvas,
-                        const std::function<bool()>& boardDone) const {
+bool Document::DrawRecords(std::size_t index, Canvas& canvas, const BoardDone& boardDone) const {
   const Page& page = pages_[index];
-  const bool areCards = options_.Mode == PrintMode::kScoreCards;
-  if (!areCards) {
-    const int first = page.HasStatistics ? options_.From : page.Boards.front();
-    const int last = page.HasStatistics ? options_.To : page.Boards.back();
-    DrawPageFrame(canvas, options_, BoardsText(first, last),
-                  {static_cast<int>(index) + 1, static_cast<int>(pages_.size())});
-  }
+  const int first = page.HasStatistics ? options_.From : page.Boards.front();
+  const int last = page.HasStatistics ? options_.To : page.Boards.back();
+  DrawPageFrame(canvas, options_, BoardsText(first, last),
+                {static_cast<int>(index) + 1, static_cast<int>(pages_.size())});
   if (page.HasStatistics) {
     DrawStatistics(canvas, options_, TotalsOf(set_, options_.From, options_.To));
   }
-  if (!areCards) DrawGrid(canvas, options_, static_cast<int>(page.Boards.size()));
+  DrawGrid(canvas, options_, static_cast<int>(page.Boards.size()));
   int place = 0;
   for (const int n : page.Boards) {
-    if (areCards) {
-      DrawScoreCard(canvas, options_, set_.At(n), n);
-    } else {
-      DrawCell(canvas, options_, place++, set_.At(n), n);
-    }
+    DrawCell(canvas, options_, place++, set_.At(n), n);
+    if (!boardDone()) return false;
+  }
+  return true;
+}
+
+bool Document::DrawCards(const Page& page, Canvas& canvas, const BoardDone& boardDone) const {
+  for (const int n : page.Boards) {
+    DrawScoreCard(canvas, options_, set_.At(n), n);
     if (!boardDone()) return false;
   }
   return true;

@@ -30,7 +30,9 @@ class Document {
   bool Draw(Canvas& page, const std::function<bool()>& boardDone) const;
 
  private:
-  bool DrawPage(std::size_t index, Canvas& canvas, const std::function<bool()>& boardDone) const;
+  using BoardDone = std::function<bool()>;
+  bool DrawRecords(std::size_t index, Canvas& canvas, const BoardDone& boardDone) const;
+  bool DrawCards(const Page& page, Canvas& canvas, const BoardDone& boardDone) const;
 
   const BoardSet& set_;
   PrintOptions options_;

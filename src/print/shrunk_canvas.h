@@ -1,13 +1,17 @@
 #pragma once
 
+#include <algorithm>
+
 #include "platform/canvas.h"
 
 namespace morvane::print {
 
-/// Draws on paper that is too small for what it is given, all lengths times `factor`.
+/// Paper that may be too small for what is drawn, which takes `width` x `height` points: all
+/// lengths are shortened in proportion then. A4 and Letter have room.
 class ShrunkCanvas final : public Canvas {
  public:
-  ShrunkCanvas(Canvas& paper, double factor) : paper_(paper), factor_(factor) {}
+  ShrunkCanvas(Canvas& paper, double width, double height)
+      : paper_(paper), factor_(std::min({paper.Width() / width, paper.Height() / height, 1.0})) {}
 
   [[nodiscard]] double Width() const override { return paper_.Width() / factor_; }
   [[nodiscard]] double Height() const override { return paper_.Height() / factor_; }
