@@ -3,8 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "text/columns.h"
 #include "text/suit_signs.h"
-#include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {
@@ -12,11 +12,6 @@ namespace {
 constexpr std::size_t kColumn = 18;
 
 using HandLines = std::array<std::string, 5>;  // the name, then a line a suit
-
-std::string Padded(std::string text) {
-  const std::size_t width = CharacterCount(text);
-  return text.append(width < kColumn ? kColumn - width : 1, ' ');
-}
 
 HandLines LinesOf(const HandCards& hands, std::size_t hand) {
   HandLines lines;
@@ -48,7 +43,7 @@ std::string BoardDiagram(const Board& board, int n) {
   const HandLines west = LinesOf(hands, kWest);
   const HandLines east = LinesOf(hands, kEast);
   for (std::size_t i = 0; i < west.size(); ++i) {
-    text += Padded(west[i]) + std::string(kColumn, ' ') + east[i] + "\n";
+    text += LeftAligned(west[i] + " ", kColumn) + std::string(kColumn, ' ') + east[i] + "\n";
   }
   AddInTheMiddle(text, LinesOf(hands, kSouth));
   return text;

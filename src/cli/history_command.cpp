@@ -1,29 +1,19 @@
 #include "cli/history_command.h"
 
-#include <algorithm>
 #include <array>
 #include <numeric>
 
 #include "text/columns.h"
-#include "text/text_encoding.h"
+#include "text/printable.h"
 
 namespace morvane::cli {
 namespace {
 
 using history::HistoryEntry;
 
-/// A name from a file must not steer the terminal.
-std::string Shown(std::string name) {
-  std::replace_if(
-      name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
-  return name;
-}
-
 std::string EntryLine(const HistoryEntry& entry) {
-  const std::size_t length = CharacterCount(entry.Name);
-  const std::size_t room = history::kNameCharacters;
-  return RightAligned(std::to_string(entry.Position), 6) + "  " + Shown(entry.Name) +
-         std::string(room - std::min(room, length), ' ') +
+  return RightAligned(std::to_string(entry.Position), 6) + "  " +
+         LeftAligned(PrintableLine(entry.Name), history::kNameCharacters) +
          RightAligned(std::to_string(entry.Boards), 6) + "\n";
 }
 

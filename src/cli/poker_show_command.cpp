@@ -6,8 +6,8 @@
 #include "cli/order_job.h"
 #include "poker/card_text.h"
 #include "poker/slot_names.h"
+#include "text/columns.h"
 #include "text/printable.h"
-#include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {
@@ -18,11 +18,6 @@ constexpr std::size_t kLabel = 17;   // columns of the screen
 constexpr std::size_t kCard = 4;     // a card and the blanks behind it
 constexpr std::size_t kBetween = 2;  // the players' cards and the shared ones
 
-std::string Padded(std::string text, std::size_t width) {
-  const std::size_t has = CharacterCount(text);
-  return text.append(has < width ? width - has : 0, ' ');
-}
-
 /// Ends a line without blanks.
 std::string Ended(const std::string& line) {
   return line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
@@ -32,20 +27,20 @@ std::string Cards(const PokerDeal& deal, std::size_t first, std::size_t last) {
   std::string text;
   for (std::size_t slot = first; slot <= last; ++slot) {
     const poker::CardText card = poker::CardTextOf(deal[slot]);
-    text += Padded(std::string(card.Sign).append(card.Rank), kCard);
+    text += LeftAligned(std::string(card.Sign).append(card.Rank), kCard);
   }
   return text;
 }
 
 std::string Heads() {
-  std::string line = Padded("      Player: ", kLabel);
+  std::string line = LeftAligned("      Player: ", kLabel);
   for (int player = 1; player <= poker::kPlayers; ++player) {
-    line += Padded(std::to_string(player), kCard);
+    line += LeftAligned(std::to_string(player), kCard);
   }
   line.append(kBetween, ' ');
   for (const poker::SlotGroup& group : poker::SharedCards) {
     const int slots = group.Last - group.First + 1;
-    line += Padded(std::string(group.Name), static_cast<std::size_t>(slots) * kCard);
+    line += LeftAligned(std::string(group.Name), static_cast<std::size_t>(slots) * kCard);
   }
   return Ended(line);
 }
@@ -55,10 +50,10 @@ std::string DealLines(const PokerDeal& deal, int number) {
   if (std::all_of(deal.begin(), deal.end(), [](auto card) { return card == 0; })) {
     return label + " (empty)\n";
   }
-  return Ended(Padded(label, kLabel) + Cards(deal, 1, 6) + std::string(kBetween, ' ') +
+  return Ended(LeftAligned(label, kLabel) + Cards(deal, 1, 6) + std::string(kBetween, ' ') +
                Cards(deal, 13, 20)) +
-         Ended(Padded("", kLabel) + Cards(deal, 7, 12)) +
-         Ended(Padded("      21-28 :", kLabel) + Cards(deal, 21, 28));
+         Ended(LeftAligned("", kLabel) + Cards(deal, 7, 12)) +
+         Ended(LeftAligned("      21-28 :", kLabel) + Cards(deal, 21, 28));
 }
 
 std::string Texts(const poker::PokerOrder& order) {

@@ -1,20 +1,17 @@
 #include "files/import_report.h"
 
-#include <algorithm>
-
 #include "text/box_text.h"
+#include "text/printable.h"
 
 namespace morvane::files {
 namespace {
 
 constexpr std::string_view kPadding = "      ";
 
-void AddLine(std::string& text, std::string line) {
-  // A quoted value may hold anything.
-  std::replace_if(
-      line.begin(), line.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
+void AddLine(std::string& text, const std::string& line) {
   if (!text.empty()) text += kCrLf;
-  text.append(kPadding).append(line).append(kPadding);
+  // A quoted value may hold anything.
+  text.append(kPadding).append(PrintableLine(line)).append(kPadding);
 }
 
 void AddRemarks(std::string& text, const std::string& caption, const Remarks& remarks) {

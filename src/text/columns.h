@@ -2,16 +2,24 @@
 
 #include <string>
 
+#include "text/text_encoding.h"
+
 namespace morvane {
 
-/// `text` behind as many blanks as make it `width` characters; longer ones stay as they are.
-[[nodiscard]] inline std::string RightAligned(const std::string& text, std::size_t width) {
-  return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
+/// The blanks that make UTF-8 `text` `width` characters; none for a longer one.
+[[nodiscard]] inline std::string BlanksTo(std::size_t width, const std::string& text) {
+  const std::size_t has = CharacterCount(text);
+  return std::string(has < width ? width - has : 0, ' ');
 }
 
-/// `text` before as many blanks.
+/// `text` behind them.
+[[nodiscard]] inline std::string RightAligned(const std::string& text, std::size_t width) {
+  return BlanksTo(width, text) + text;
+}
+
+/// `text` before them.
 [[nodiscard]] inline std::string LeftAligned(const std::string& text, std::size_t width) {
-  return text + std::string(text.size() < width ? width - text.size() : 0, ' ');
+  return text + BlanksTo(width, text);
 }
 
 }  // namespace morvane

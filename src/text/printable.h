@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 namespace morvane {
@@ -15,6 +16,13 @@ namespace morvane {
     shown += commands ? '?' : text[at];
     if (secondSet) ++at;
   }
+  return shown;
+}
+
+/// The same for a text that is to stand in one line: a '?' for LF too.
+[[nodiscard]] inline std::string PrintableLine(const std::string& text) {
+  std::string shown = Printable(text);
+  std::replace(shown.begin(), shown.end(), '\n', '?');
   return shown;
 }
 

@@ -33,6 +33,16 @@ TEST(HistoryCommand, ListsTheFilesThatWereLoadedAndSaved) {
             "History: 2 entries, 4 boards, 11 of 20000 records in use\n");
 }
 
+TEST(HistoryCommand, ANameCannotCommandTheTerminal) {
+  HistoryDesk desk;
+  ConvertOptions convert;
+  convert.In = {desk.In};
+  convert.Out = desk.Folder / "a\x1B[2J\xC2\x9D\x7F.pbn";
+  ASSERT_EQ(desk.Run(convert), kDone);
+  EXPECT_EQ(desk.History(true), kDone);
+  EXPECT_NE(desk.Screen.Output.find("     6  a?[2J??  "), std::string::npos) << desk.Screen.Output;
+}
+
 TEST(HistoryCommand, FailsWhereThereIsNoHistory) {
   HistoryDesk desk;
   test::WriteContent(desk.Folder / "Morvane_Data", "a file in its place");

@@ -14,7 +14,7 @@ namespace {
 constexpr int kCharacters = 60;
 
 /// The path on one line, without what a menu would take for more than text.
-QString Line(const std::string& path) { return ToQt(Printable(path)).replace('\n', '?'); }
+QString Line(const std::string& path) { return ToQt(PrintableLine(path)); }
 
 QString Caption(const QMenu& menu, std::size_t place, const QString& line) {
   const QFontMetrics metrics = menu.fontMetrics();
