@@ -3,13 +3,6 @@
 #include "text/text.h"
 
 namespace morvane::cli {
-namespace {
-
-using poker::PokerStage;
-
-std::string DealText(int number) { return "Deal " + std::to_string(number); }
-
-}  // namespace
 
 void ConsolePoker::Prepare() {
   run_.ReadByPedal = true;
@@ -36,11 +29,9 @@ std::string ConsolePoker::Invitation() const {
 }
 
 std::string ConsolePoker::Progress() const {
-  const PokerStage stage = run_.Stage();
-  const std::string what =
-      stage.What == PokerStage::Task::kRead ? ", read" : ", run " + std::to_string(stage.Done + 1);
-  return DealText(run_.Order().CurrentDeal) + what + "  " + std::to_string(stage.Fallen) + " of " +
-         std::to_string(stage.Count) + " cards  " + run_.Cards().txtDealTime + " s";
+  const poker::PokerStage stage = run_.Stage();
+  return run_.Name() + "  " + std::to_string(stage.Fallen) + " of " + std::to_string(stage.Count) +
+         " cards  " + run_.Cards().txtDealTime + " s";
 }
 
 void ConsolePoker::Note(bool ok) {

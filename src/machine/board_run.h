@@ -27,6 +27,7 @@ class BoardRun : public MachineRun {
   [[nodiscard]] const BoardWalk& Place() const { return parts_.Walk; }
   [[nodiscard]] const Board& CurrentBoard() const { return parts_.Prog.Set.Current(); }
   [[nodiscard]] int Left() const override;
+  [[nodiscard]] std::string Name() const override;
 
  protected:
   using MachineRun::MachineRun;
@@ -36,7 +37,6 @@ class BoardRun : public MachineRun {
   void EnableAfterRun() override;
   void StartFromMachine() override;
   [[nodiscard]] std::string LogHead() const override;
-  [[nodiscard]] std::string Name() const override;
   void Finish(RunEnd end) override;
 
   /// Why the current board cannot be started; empty when it can.

@@ -55,6 +55,10 @@ void MachineRun::Open(RunView& view) {
 void MachineRun::FirstContact() {
   const auto once = std::move(Timer3d_);
   Machine& machine = parts_.TheMachine;
+  if (machine.PollLock) {  // a box is open, and the window may not go behind it
+    Timer3d_ = parts_.Prog.Loop.StartTimer(kPollMs, [this] { FirstContact(); });
+    return;
+  }
   machine.Link.FlushLink();
   machine.VersionProbe();
   ShowContact();

@@ -59,6 +59,8 @@ class MachineRun {
   [[nodiscard]] const RunHistory& History() const { return history_; }
   /// How many boards and copies are still to be done, with the current one.
   [[nodiscard]] virtual int Left() const { return 0; }
+  /// What the history calls the run of cards: "Board 7".
+  [[nodiscard]] virtual std::string Name() const = 0;
   /// How the last run of cards ended; `kNone` before the first and while one is under way.
   enum class Outcome { kNone, kDone, kStopped, kLinkLost };
   [[nodiscard]] Outcome LastOutcome() const { return outcome_; }
@@ -81,8 +83,6 @@ class MachineRun {
   virtual RunEnd RunOnce() = 0;
   /// What the log has before the line of a run.
   [[nodiscard]] virtual std::string LogHead() const = 0;
-  /// What the history calls it: "Board 7".
-  [[nodiscard]] virtual std::string Name() const = 0;
   /// What follows from how the run ended.
   virtual void Finish(RunEnd /*end*/) {}
 

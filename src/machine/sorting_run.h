@@ -13,6 +13,9 @@ class SortingRun final : public MachineRun {
       : MachineRun(program, machine, memory, RunKind::kSort, &kSortGate) {}
 
   void cmdSort();
+  [[nodiscard]] std::string Name() const override {
+    return "Sort " + std::to_string(History().Count() + 1);
+  }
 
  private:
   void EnableAtContact() override { Controls().cmdSort = true; }
@@ -21,9 +24,6 @@ class SortingRun final : public MachineRun {
   RunEnd RunOnce() override;
   void Finish(RunEnd end) override;
   [[nodiscard]] std::string LogHead() const override { return "Sort: "; }
-  [[nodiscard]] std::string Name() const override {
-    return "Sort " + std::to_string(History().Count() + 1);
-  }
 };
 
 }  // namespace morvane::machine

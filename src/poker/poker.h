@@ -40,6 +40,7 @@ class Poker final : public machine::MachineRun {
   [[nodiscard]] const std::string& Label1() const { return label1_; }
   [[nodiscard]] const std::string& Label3() const { return label3_; }
   [[nodiscard]] PokerStage Stage() const;
+  [[nodiscard]] std::string Name() const override;
   /// The button that goes on with the work, which the pedal presses too; `Read` only by hand.
   [[nodiscard]] PokerButton NextButton() const;
 
@@ -50,7 +51,6 @@ class Poker final : public machine::MachineRun {
   machine::RunEnd RunOnce() override;
   void Finish(machine::RunEnd end) override;
   [[nodiscard]] std::string LogHead() const override { return "Poker: " + Name(); }
-  [[nodiscard]] std::string Name() const override;
 
   [[nodiscard]] bool RunIsOn(PokerButton button) const;
   [[nodiscard]] bool BetweenDeals() const { return done_ == 0 || done_ == kRuns; }

@@ -246,15 +246,21 @@ TEST_F(PokerMishaps, TheEndOfTheProgramInTheErrorDialogCancelsAndCloses) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
-TEST_F(PokerMishaps, AMachineThatDoesNotAnswerClosesTheWindowBehindABoxThatIsOpen) {
+TEST_F(PokerMishaps, TheFirstContactWaitsForABoxThatIsOpen) {
   Silence();
   poker.Open(view);
   bool first = true;
   desk.Ui.OnBox = [&] {
-    if (std::exchange(first, false)) desk.Loop.WaitMs(3000);
+    if (!std::exchange(first, false)) return;
+    desk.Loop.WaitMs(3000);
+    EXPECT_FALSE(poker.Closed()) << "not behind the box";
+    EXPECT_THAT(bridge.Sent, IsEmpty());
   };
   poker.Number_deals = "0";
   poker.Press(Button::Generate);
+  EXPECT_FALSE(poker.Closed());
+  desk.Loop.WaitMs(2000);  // the time of its tries
+  EXPECT_EQ(LastBox(), desk.Prog.Texts.Msg047);
   EXPECT_TRUE(poker.Closed());
   EXPECT_EQ(view.Closings, 1);
   EXPECT_THAT(ButtonsOn(), IsEmpty());
@@ -272,7 +278,7 @@ TEST_F(PokerMishaps, BehindALostLinkTheNextWindowBeginsAfresh) {
   Poker other(desk.Prog, machine, memory);
   other.Open(view);
   EXPECT_EQ(machine::StatusLine(machine::StatusOf(other)), "Waiting for the machine ...");
-  // The first contact is made behind a box.
+  // The first contact waits for a box.
   desk.Ui.OnBox = [this] { desk.Loop.WaitMs(3000); };
   other.Number_deals = "0";
   other.Press(Button::Generate);
