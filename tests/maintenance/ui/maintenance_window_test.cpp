@@ -1,0 +1,499 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+#include "maintenance/ui/console_desk.h"
+#include "maintenance/ui/service_widgets.h"
+#include "maintenance/ui/trace_line.h"
+#include "platform/qt/spoken.h"
+
+// The console's window: opening, what is always in sight, the pages without parameters, and
+// leaving.
+
+namespace morvane::maintenance {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class MaintenanceWindowTest : public ConsoleDesk {
+ protected:
+  using ConsoleDesk::ConsoleDesk;
+  std::string Caption(const char* name) {
+    return QString::fromStdString(Text(name)).remove('&').toStdString();
+  }
+  /// Of an indicator; empty for the window's own.
+  std::string Ground(const char* name) {
+    const auto& label = test::Find<QLabel>(*window, name);
+    return label.autoFillBackground() ? label.palette().color(QPalette::Window).name().toStdString()
+                                      : "";
+  }
+  std::string Word(const char* name) { return Text((std::string(name) + "_word").c_str()); }
+  std::string SpokenBy(const char* name) {
+    return dynamic_cast<Spoken&>(test::Find<QWidget>(*window, name)).SpokenText().toStdString();
+  }
+  int Outputs() { return simulated.Opened().Outputs(); }
+};
+
+TEST_F(MaintenanceWindowTest, HasItsNamesAndItsCaptions) {
+  Contact();
+  EXPECT_EQ(window->objectName(), "Maintenance");
+  EXPECT_EQ(window->windowTitle(), "Morvane - Maintenance - Simulated machine");
+  const std::vector<std::pair<const char*, const char*>> captions{
+      {"Motors", "Motors on"},
+      {"Gate1", "Gate 1"},
+      {"Gate2", "Gate 2"},
+      {"Gate3", "Gate 3"},
+      {"Cam_leds", "Camera LEDs"},
+      {"Cam_power", "Camera Power"},
+      {"Front_green_led", "Front Green LED"},
+      {"Front_Red_Led", "Front Red LED"},
+      {"National_1", "AKQJ"},
+      {"National_2", "ARDV"},
+      {"National_3", "1RDV"},
+      {"National_4", "AKDB"},
+      {"National_5", "AHVB"},
+      {"National_6", "EKDB"},
+      {"National_7", "EKDKn"},
+      {"CardType_1", "Standard"},
+      {"CardType_2", "Framed"},
+      {"Threshold_1", "Normal"},
+      {"Threshold_2", "Fine"},
+      {"Threshold_3", "Bold"},
+      {"Card_Index_st", "Standard"},
+      {"Card_Index_j", "Jumbo"},
+      {"Card_Index_sm", "Small"},
+      {"Ignore_flip", "Disable Flip Plate Switch"},
+      {"Ignore_box", "Disable Board Switch"},
+      {"Use_Board", "Use Board Number Reader as Board Switch"}};
+  for (const auto& [name, caption] : captions) EXPECT_EQ(Caption(name), caption) << name;
+}
+
+TEST_F(MaintenanceWindowTest, UntilTheMachineAnswersNothingOfItIsOn) {
+  Open();
+  EXPECT_EQ(Text("lblContact"), "Asking the machine ...");
+  for (const char* name : {"Motors", "Front_Red_Led", "Feed_card", "Card_Index_j", "pos_x",
+                           "Board_Sen", "Ignore_flip", "Get_param", "save_param", "National_2"}) {
+    EXPECT_FALSE(Enabled(name)) << name;
+  }
+  EXPECT_FALSE(Visible("Download"));
+  EXPECT_EQ(Text("Photo1"), "");
+  EXPECT_EQ(Text("pos_x"), "");
+  EXPECT_TRUE(Enabled("cmdExit"));
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs + 100);
+  EXPECT_EQ(Text("lblContact"), "Machine 4711, firmware 2.90");
+  for (const char* name : {"Motors", "Front_Red_Led", "Feed_card", "Card_Index_j", "pos_x",
+                           "Board_Sen", "Ignore_flip", "Get_param", "save_param", "National_2"}) {
+    EXPECT_TRUE(Enabled(name)) << name;
+  }
+  EXPECT_TRUE(Visible("Download"));
+  EXPECT_FALSE(Enabled("Download"));
+}
+
+TEST_F(MaintenanceWindowTest, AKeyPressedAtTheStartSwitchesNothingOn) {
+  Contact();
+  Press(Qt::Key_Space);
+  Press(Qt::Key_Return);
+  Polls();
+  EXPECT_EQ(Outputs(), 0);
+  EXPECT_FALSE(console.Closed());
+}
+
+TEST_F(MaintenanceWindowTest, APhotoSensorTellsItsValueByAWordAndByColour) {
+  Contact();
+  simulated.Opened().Cover(2, true);
+  Polls();
+  EXPECT_EQ(Text("Photo2"), "210");
+  EXPECT_EQ(Word("Photo2"), "covered");
+  EXPECT_EQ(Ground("Photo2"), "#80ff80");
+  EXPECT_EQ(SpokenBy("Photo2"), "210, covered");
+  EXPECT_EQ(Text("Photo1"), "35");
+  EXPECT_EQ(Word("Photo1"), "free");
+  EXPECT_EQ(Ground("Photo1"), "");
+}
+
+TEST_F(MaintenanceWindowTest, SwitchesAreOnOrOff) {
+  Contact();
+  simulated.Opened().Set(simulator::Sensors::Switch::Front, true);
+  simulated.Opened().Set(simulator::Sensors::Switch::Cover, false);
+  simulated.InsertBoard(7);
+  Polls();
+  EXPECT_EQ(Text("Front_Switch"), "ON");
+  EXPECT_EQ(Ground("Front_Switch"), "#80ff80");
+  EXPECT_EQ(Text("Cover_Switch"), "OFF");
+  EXPECT_EQ(Ground("Cover_Switch"), "");
+  EXPECT_EQ(Text("Box_Switch"), "ON");
+  EXPECT_EQ(Text("Board_no_txt"), "7");
+  EXPECT_NE(Text("Board_no_test_txt"), "");
+}
+
+TEST_F(MaintenanceWindowTest, TheFlipPlateNeedsTheLightOfTheCamera) {
+  Contact();
+  EXPECT_EQ(Text("Flip_Switch"), "");
+  EXPECT_EQ(Word("Flip_Switch"), "LEDs off");
+  Click("Cam_leds");
+  Polls();
+  EXPECT_EQ(Text("Flip_Switch"), "ON");
+  EXPECT_EQ(Word("Flip_Switch"), "");
+  EXPECT_EQ(Ground("Flip_Switch"), "#80ff80");
+  simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
+  Polls();
+  EXPECT_EQ(Text("Flip_Switch"), "OFF");
+  EXPECT_EQ(Ground("Flip_Switch"), "#ff4040");
+}
+
+TEST_F(MaintenanceWindowTest, AMotorStandsOrRunsAtTheRightOrTheWrongSpeed) {
+  Contact();
+  EXPECT_EQ(Text("Motor_speed_1"), "0");
+  EXPECT_EQ(Word("Motor_speed_1"), "stands");
+  EXPECT_EQ(Ground("Motor_speed_1"), "#ffffff");
+  simulated.Opened().SetSpeed(3, 9000);
+  Click("Motors");
+  desk.Loop.WaitMs(10'000);  // they run up
+  EXPECT_EQ(Word("Motor_speed_1"), "right speed");
+  EXPECT_EQ(Ground("Motor_speed_1"), "#80ff80");
+  EXPECT_EQ(Text("Motor_speed_3"), "9000");
+  EXPECT_EQ(Word("Motor_speed_3"), "wrong speed");
+  EXPECT_EQ(Ground("Motor_speed_3"), "#ff4040");
+  EXPECT_EQ(SpokenBy("Motor_speed_3_trace"), "0 to 9000 in the last half minute");
+}
+
+TEST_F(MaintenanceWindowTest, TheTraceForgetsWhatIsOlderThanHalfAMinute) {
+  Contact();
+  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "24 to 24 in the last half minute");
+  simulated.Opened().SetSupply(231);
+  desk.Loop.WaitMs(1000);
+  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "23.1 to 24 in the last half minute");
+  desk.Loop.WaitMs(31'000);
+  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "23.1 to 23.1 in the last half minute");
+}
+
+TEST_F(MaintenanceWindowTest, APollPlacesNothingAnew) {
+  struct Counter final : QObject {
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      if (event->type() == QEvent::LayoutRequest) ++Requests;
+      return false;
+    }
+    int Requests = 0;
+  } counter;
+  Contact();
+  qApp->installEventFilter(&counter);
+  for (int volts = 200; volts < 240; ++volts) {
+    simulated.Opened().SetSupply(volts);
+    simulated.Opened().Cover(1, volts % 2 == 0);
+    desk.Loop.WaitMs(100);
+  }
+  EXPECT_EQ(counter.Requests, 0);
+  EXPECT_EQ(Text("Supply_volt"), "23.9");
+}
+
+TEST_F(MaintenanceWindowTest, EachCheckBoxSwitchesItsOutput) {
+  Contact();
+  const std::vector<std::pair<const char*, int>> outputs{{"Motors", 1},
+                                                         {"Gate1", 2},
+                                                         {"Gate2", 4},
+                                                         {"Gate3", 8},
+                                                         {"Cam_leds", 16},
+                                                         {"Cam_power", 32},
+                                                         {"Front_green_led", 64},
+                                                         {"Front_Red_Led", 128}};
+  for (const auto& [name, bit] : outputs) {
+    Click(name);
+    Polls();
+    EXPECT_EQ(Outputs(), bit) << name;
+    Click(name);
+    Polls();
+    EXPECT_EQ(Outputs(), 0) << name;
+  }
+}
+
+TEST_F(MaintenanceWindowTest, OutputsAreSwitchedByTheirLetters) {
+  Contact();
+  PressLetter(Qt::Key_M, "Motors");
+  PressLetter(Qt::Key_2, "Gate2");
+  PressLetter(Qt::Key_N, "Front_Red_Led");
+  Polls();
+  EXPECT_EQ(Outputs(), 1 + 4 + 128);
+  PressLetter(Qt::Key_M, "Motors");
+  Polls();
+  EXPECT_EQ(Outputs(), 4 + 128);
+}
+
+TEST_F(MaintenanceWindowTest, EnterOnACheckBoxDoesNothing) {
+  Contact();
+  Focus("Gate1");
+  feeds = 0;
+  Press(Qt::Key_Return);
+  Polls();
+  EXPECT_EQ(Outputs(), 0);
+  EXPECT_EQ(feeds, 0);
+  EXPECT_FALSE(console.Closed());
+}
+
+TEST_F(MaintenanceWindowTest, FeedCardMovesOneCard) {
+  Contact();
+  Click("Feed_card");
+  Polls();
+  EXPECT_EQ(feeds, 1);
+  PressLetter(Qt::Key_F, "Feed_card");
+  EXPECT_EQ(feeds, 2);
+}
+
+TEST_F(MaintenanceWindowTest, WhatTheLastCardWasTakenForIsShown) {
+  Contact();
+  EXPECT_EQ(Text("Symbol") + Text("Suit") + Text("Threshold") + Text("Reco_error"), "");
+  wire::Frame verdict{};
+  wire::Put(wire::VerdictReply{.Time = 300, .Rank = 13, .Suit = 2, .Threshold = 45, .Error = 0},
+            verdict);
+  EXPECT_TRUE(machine.OnUnasked(verdict));
+  Polls();
+  EXPECT_EQ(Text("Symbol"), "K");
+  EXPECT_EQ(Text("Suit"), "H");
+  EXPECT_EQ(Text("Threshold"), "45");
+  EXPECT_EQ(Text("Reco_time"), "300");
+  EXPECT_EQ(Text("Reco_error"), "OK");
+}
+
+TEST_F(MaintenanceWindowTest, EnterHeldDownFeedsOneCard) {
+  Contact();
+  Focus("Feed_card");
+  Press(Qt::Key_Return);
+  for (int i = 0; i < 5; ++i) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QApplication::sendEvent(&test::Find<QWidget>(*window, "Feed_card"), &held);
+  }
+  Polls();
+  EXPECT_EQ(feeds, 1);
+}
+
+TEST_F(MaintenanceWindowTest, TheIdentityIsReadAndCopied) {
+  Contact();
+  Page(kIdentityPage);
+  EXPECT_EQ(Text("Serial_number"), "4711");
+  EXPECT_EQ(Text("Manuf_date"), "14.6.2019");
+  EXPECT_EQ(Text("Hardware_ID"), "127");
+  EXPECT_EQ(Text("Soft_ver"), "2.90");
+  EXPECT_EQ(Text("Down_ID"), "33");  // 1 + 0x20
+  EXPECT_EQ(Text("Boot_ver"), "01.20");
+  EXPECT_EQ(Text("FPGA_ver"), "3.7");
+  EXPECT_EQ(Text("Flash_ID_text"), "4");
+  EXPECT_TRUE(test::Find<QLineEdit>(*window, "Serial_number").isReadOnly());
+  PressLetter(Qt::Key_Y, "Copy");
+  const std::string copied = QApplication::clipboard()->text().toStdString();
+  EXPECT_THAT(copied, ::testing::StartsWith("Serial number: 4711\nBoards dealt: 0\n"));
+  EXPECT_THAT(copied, ::testing::HasSubstr("\nFirmware: 2.90\n"));
+}
+
+TEST_F(MaintenanceWindowTest, APlainProgramHasNothingOfTheService) {
+  Contact();
+  for (const char* name :
+       {"Focus", "Focus_label", "Advance", "Test", "Test_write", "GateTest", "GateTestText"}) {
+    EXPECT_FALSE(There(name)) << name;
+  }
+}
+
+TEST_F(MaintenanceWindowTest, ServiceLevelOneHasTheFocus) {
+  Service(1);
+  Contact();
+  EXPECT_TRUE(Visible("Focus") && Visible("Focus_label"));
+  for (const char* name : {"Advance", "Test", "Test_write", "GateTest"}) {
+    EXPECT_FALSE(There(name)) << name;
+  }
+}
+
+TEST_F(MaintenanceWindowTest, TheGateTestCountsItsRounds) {
+  Service(2);
+  Contact();
+  EXPECT_EQ(Text("GateTestText"), "");
+  PressLetter(Qt::Key_A, "GateTest");
+  Polls();
+  EXPECT_GE(std::stoi(Text("GateTestText")), 2);
+  Click("GateTest");
+  Polls();
+  const std::string rounds = Text("GateTestText");
+  Polls();
+  EXPECT_EQ(Text("GateTestText"), rounds);
+  EXPECT_EQ(Outputs(), 0);
+}
+
+TEST_F(MaintenanceWindowTest, TheDiagnosisIsAskedForWhenItsBoxIsEmpty) {
+  Service(2);
+  Contact();
+  Page(kDeveloperPage);
+  auto& text = test::Find<QPlainTextEdit>(*window, "TestText");
+  Click("Test");
+  const QString diagnosis = text.toPlainText();
+  EXPECT_NE(diagnosis, "");
+  EXPECT_EQ(console.TestText, diagnosis.toStdString());
+  text.setFocus();
+  text.selectAll();
+  test::Type(*window, "note");
+  Click("Test");
+  EXPECT_EQ(text.toPlainText(), "note");
+  text.setFocus();
+  text.selectAll();
+  Press(Qt::Key_Delete);
+  PressLetter(Qt::Key_T, "Test");
+  EXPECT_EQ(text.toPlainText(), diagnosis);
+}
+
+TEST_F(MaintenanceWindowTest, TwoNumbersAreSentAndAnEmptyOneIs0) {
+  Service(2);
+  Contact();
+  Page(kDeveloperPage);
+  TypeInto("Test6", "17");
+  TypeInto("Test7", "256");
+  EXPECT_EQ(Text("Test7"), "25");
+  TypeInto("Test7", "");
+  PressLetter(Qt::Key_U, "Test_write");
+  EXPECT_EQ(Text("Test6"), "17");
+  EXPECT_EQ(Text("Test7"), "0");
+  EXPECT_THAT(testWrites, ElementsAre(std::pair(17, 0)));
+}
+
+TEST_F(MaintenanceWindowTest, WhatIsNotThereYetSaysSo) {
+  Service(2);
+  Contact();
+  for (const char* name : {"Advance", "Calibrate_Board_Switch", "Download"}) {
+    EXPECT_FALSE(Enabled(name)) << name;
+    EXPECT_EQ(test::Find<QWidget>(*window, name).toolTip().toStdString(),
+              Text(name) + " is not available in this version yet");
+  }
+}
+
+// Leaving.
+
+TEST_F(MaintenanceWindowTest, EscapeLeaves) {
+  Contact();
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(console.Closed());
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_FALSE(simulated.LatchOn());
+}
+
+TEST_F(MaintenanceWindowTest, TheCloseBoxLeavesBeforeTheMachineAnswersToo) {
+  Open();
+  window->close();
+  EXPECT_TRUE(console.Closed());
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MaintenanceWindowTest, TheButtonAndItsLetterLeave) {
+  Contact();
+  PressLetter(Qt::Key_E, "cmdExit");
+  EXPECT_TRUE(console.Closed());
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MaintenanceWindowTest, DuringAnExchangeTheWindowGoesWhenThatIsOver) {
+  Contact();
+  bool asked = false;
+  desk.When("MessageBox", [&](QWidget& box) {
+    // Behind the Yes the machine gets time for each frame that is written.
+    desk.Loop.After(15, [&] {
+      asked = true;
+      EXPECT_TRUE(machine.PollLock);
+      window->close();
+      EXPECT_FALSE(console.Closed());
+      EXPECT_TRUE(window->isVisible());
+    });
+    test::Press(box, Qt::Key_Y, Qt::AltModifier);
+  });
+  desk.AnswerBox(QMessageBox::Ok);
+  Click("save_param");
+  EXPECT_TRUE(asked);
+  EXPECT_TRUE(console.Closed());
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MaintenanceWindowTest, ALostLinkClosesIt) {
+  Contact();
+  desk.AnswerBox(QMessageBox::Ok);
+  simulated.PowerOff();
+  desk.Loop.WaitMs(3000);
+  ASSERT_THAT(desk.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Boxes[0].Title, "Communication Error");
+  EXPECT_TRUE(console.Closed());
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(MaintenanceWindowTest, TheCardsThatWereChosenAreStored) {
+  Contact();
+  Page(kCardPage);
+  Click("National_5");
+  Click("CardType_2");
+  Click("Threshold_3");
+  Page(kParameterPage);
+  Click("Card_Index_sm");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(desk.Store.Get(kNational), "4");
+  EXPECT_EQ(desk.Store.Get(kCardType), "1");
+  EXPECT_EQ(desk.Store.Get(kThreshold), "2");
+  EXPECT_EQ(desk.Store.Get(kCardIndex), "2");
+}
+
+TEST_F(MaintenanceWindowTest, TheStoredCardsAreShown) {
+  desk.Store.Set(kNational, "6");
+  desk.Store.Set(kThreshold, "1");
+  desk.Store.Set(kCardIndex, "1");
+  Contact();
+  EXPECT_TRUE(Checked("National_7"));
+  EXPECT_TRUE(Checked("CardType_1"));
+  EXPECT_TRUE(Checked("Threshold_2"));
+  EXPECT_TRUE(Checked("Card_Index_j"));
+}
+
+/// Boot bytes 0.
+class WithoutFirmware : public MaintenanceWindowTest {
+ protected:
+  WithoutFirmware() : MaintenanceWindowTest(Bare()) {}
+  static simulator::Options Bare() {
+    simulator::Options options = MachineOf();
+    options.BootMajor = options.BootMinor = 0;
+    return options;
+  }
+};
+
+TEST_F(WithoutFirmware, OnlyDownloadIsThereAndALineSaysWhy) {
+  Open();
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs + 500);
+  EXPECT_EQ(Text("lblContact"), "The machine holds no firmware. It can only be loaded with one.");
+  EXPECT_TRUE(Visible("Download"));
+  for (const char* name : {"Motors", "Feed_card", "pos_x", "Get_param", "save_param",
+                           "Card_Index_st", "National_1", "Ignore_flip"}) {
+    EXPECT_FALSE(Enabled(name)) << name;
+  }
+  EXPECT_EQ(Text("Down_ID"), "0");
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(console.Closed());
+  EXPECT_THAT(desk.Boxes, IsEmpty());
+}
+
+/// Too old to tell of its motors.
+class OldFirmware : public MaintenanceWindowTest {
+ protected:
+  OldFirmware() : MaintenanceWindowTest(MachineOf(0x1F, 0)) {}
+};
+
+TEST_F(OldFirmware, WhatItDoesNotTellStaysEmpty) {
+  Contact();
+  EXPECT_EQ(Text("Photo1"), "35");
+  for (const char* name :
+       {"Motor_speed_1", "Motor_speed_4", "Inside_temp", "Supply_volt", "Flip_Switch"}) {
+    EXPECT_EQ(Text(name), "") << name;
+    EXPECT_EQ(Ground(name), "") << name;
+  }
+  EXPECT_EQ(Word("Flip_Switch"), "");
+  EXPECT_EQ(SpokenBy("Inside_temp_trace"), "");
+}
+
+TEST(ServiceColours, AreTheRequiredOnes) {
+  EXPECT_EQ(kGoodGround, QColor(0x80, 0xFF, 0x80));
+  EXPECT_EQ(kBadGround, QColor(0xFF, 0x40, 0x40));
+  EXPECT_EQ(kStillGround, QColor(0xFF, 0xFF, 0xFF));
+}
+
+}  // namespace
+}  // namespace morvane::maintenance
