@@ -7,25 +7,17 @@
 
 #include "support/link_gaps.h"
 
-#include <gmock/gmock.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <cstdio>
-#include <fstream>
 
 #include "bench/dealt_set.h"
+#include "bench/link_parts.h"
 #include "bench/options.h"
-#include "bridges/serial_bridge.h"
 #include "cli/job.h"
-#include "e2e/process.h"
-#include "platform/qt/qt_event_loop.h"
-#include "platform/system_clock.h"
-#include "platform/system_entropy.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
-#include "support/fakes.h"
 #include "support/qt_desk.h"
 
 namespace morvane::bench {
@@ -34,42 +26,7 @@ namespace {
 constexpr double kWantedPerCent = 1;
 constexpr int kLookMs = 100;
 
-/// What both programs have from the system, and the line to the machine.
-struct Parts {
-  explicit Parts(const std::string& path) : Serial(path) {}
-  test::TempFolder Folder;
-  SystemClock Time;
-  SystemEntropy Random;
-  QtEventLoop Loop;
-  test::MemorySettings Store;
-  test::FakeSound Silence;
-  test::FakePrinter NoPaper;
-  test::FakeProcesses NoPrograms;
-  bridges::SerialBridge Serial;
-  test::LinkGaps Gaps{Serial, Time};
-
-  [[nodiscard]] morvane::Ports On(Ui& ui) {
-    return {ui, Loop, Time, Store, Random, Silence, NoPaper};
-  }
-  [[nodiscard]] ProgramPaths Paths() const { return {Folder.Path(), Folder / "Morvane_Data"}; }
-};
-
-/// A terminal whose every line is really written, progress included, though nobody sees it.
-class UnseenTerminal final : public Terminal {
- public:
-  void Out(const std::string& text) override { file_ << text << std::flush; }
-  void Error(const std::string& text) override { std::fputs(text.c_str(), stderr); }
-  [[nodiscard]] bool CanAsk() const override { return false; }
-  [[nodiscard]] bool ShowsProgress() const override { return true; }
-  std::optional<std::string> ReadLine() override { return std::nullopt; }
-  std::optional<std::string> ReadLineIfAny() override { return std::nullopt; }
-  [[nodiscard]] bool InputEnded() const override { return true; }
-
- private:
-  std::ofstream file_{"/dev/null"};
-};
-
-void DealAtTerminal(Parts& parts, const BoardSet& set) {
+void DealAtTerminal(LinkParts& parts, const BoardSet& set) {
   UnseenTerminal terminal;
   ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
   Program program(parts.On(ui), parts.Paths());
@@ -115,7 +72,7 @@ class QuickOperator {
   std::unique_ptr<Timer> timer_;
 };
 
-void DealAtDesktop(Parts& parts, const BoardSet& set) {
+void DealAtDesktop(LinkParts& parts, const BoardSet& set) {
   QtUi ui(parts.Loop);
   Program program(parts.On(ui), parts.Paths());
   shell::QtWindows windows(program);
@@ -159,16 +116,14 @@ int Run(const Options& options) {
   e2e::Process machine(
       {"--machine", "simulated,speed=" + speed, "--pace", "wire"},
       {.Folder = folder.Path(), .Program = options.Text("machine").value_or(MORVANE_MACHINE)});
-  const std::string prefix = "serial:";
-  if (!machine.Until([&] { return machine.Out().find('\n') != std::string::npos; })) return 1;
-  const std::size_t at = machine.Out().find(prefix) + prefix.size();
-  const std::string path = machine.Out().substr(at, machine.Out().find('\n', at) - at);
+  const std::string path = DeviceOf(machine);
+  if (path.empty()) return 1;
   std::printf("%d boards, the cards falling %s times as fast as in a real machine\n", boards,
               speed.c_str());
   const BoardSet set = RandomBoards(boards);
   bool good = true;
-  const auto deal = [&](const char* what, void (*run)(Parts&, const BoardSet&)) {
-    Parts parts(path);
+  const auto deal = [&](const char* what, void (*run)(LinkParts&, const BoardSet&)) {
+    LinkParts parts(path);
     run(parts, set);
     good = Show(what, parts.Gaps.Noted(), boards) && good;
   };

@@ -51,6 +51,29 @@ TEST_F(LinkGapsTest, CountsWhatLiesInsideTheRunsAndNothingBetweenThem) {
   EXPECT_NEAR(noted.PerCent(), 0.36, 1e-4);
 }
 
+TEST_F(LinkGapsTest, APollOfTheConsoleGoesFromOneFrameOfTheOutputsToTheNext) {
+  LinkGaps polls(bridge, clock, LinkGaps::Of::kPolls);
+  const auto exchange = [&](int idle, std::uint8_t code) {
+    bridge.Replies.push_back(Short({code}));
+    clock.Spend(microseconds(idle));
+    std::uint32_t count = 0;
+    polls.Write(1, OnTheWire(Short({code}), 23), count);
+    Bytes reply(8);
+    polls.Read(1, reply, count);
+  };
+  exchange(5, 0x1A);  // the window start
+  for (int poll = 1; poll <= 3; ++poll) {
+    exchange(50'000, 0x17);
+    exchange(20, 0x1B);
+    exchange(40, 0x1B);
+  }
+  EXPECT_EQ(polls.Noted().Runs, 3);
+  EXPECT_EQ(polls.Noted().Sends, 9U);
+  EXPECT_EQ(polls.Noted().Gaps.count(), 3 * (20 + 40));
+  EXPECT_EQ(polls.Noted().Worst.count(), 40);
+  EXPECT_EQ(polls.Noted().Taken.count(), 2 * 60) << "the last one has not ended";
+}
+
 TEST_F(LinkGapsTest, AReadingRunAndASortAreRunsToo) {
   for (const Bytes& start : {Long({0x9C}), Short({0x35})}) {
     Exchange(0, start);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "wire/commands.h"
+#include "wire/service_commands.h"
 
 namespace morvane::test {
 namespace {
@@ -29,9 +29,14 @@ UsbXpress::Status LinkGaps::Write(Handle handle, std::span<const std::uint8_t> b
   return status;
 }
 
+bool LinkGaps::Starts(std::uint8_t code) const {
+  return of_ == Of::kPolls ? code == wire::CmdOutputs : StartsRun(code);
+}
+
 void LinkGaps::NoteSend(std::span<const std::uint8_t> bytes, Time now) {
   const std::uint8_t code = CodeOnTheWire(bytes);
-  if (!running_ && StartsRun(code)) {
+  if (running_ && of_ == Of::kPolls && Starts(code)) EndRun();
+  if (!running_ && Starts(code)) {
     running_ = true;
     ++figures_.Runs;
     start_ = now;

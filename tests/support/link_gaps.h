@@ -10,10 +10,13 @@ namespace morvane::test {
 
 /// A bridge that lets everything through and notes how long the program leaves the wire idle inside
 /// its runs: from the end of each reply to the next send. A run goes from its start frame to the
-/// reply of the version probe that ends it; what lies between two runs is the operator's.
+/// reply of the version probe that ends it; what lies between two runs is the operator's. In the
+/// service console the runs are its polls, from the frame of the outputs to the last reply before
+/// the next one.
 class LinkGaps final : public PassingBridge {
  public:
   using Time = std::chrono::microseconds;
+  enum class Of : std::uint8_t { kRuns, kPolls };
 
   /// All that passed inside the runs.
   struct Figures {
@@ -31,7 +34,8 @@ class LinkGaps final : public PassingBridge {
     }
   };
 
-  LinkGaps(UsbXpress& usb, const Clock& time) : PassingBridge(usb), time_(time) {}
+  LinkGaps(UsbXpress& usb, const Clock& time, Of of = Of::kRuns)
+      : PassingBridge(usb), time_(time), of_(of) {}
   [[nodiscard]] const Figures& Noted() const { return figures_; }
 
   Status Write(Handle handle, std::span<const std::uint8_t> bytes, std::uint32_t& written) override;
@@ -40,8 +44,10 @@ class LinkGaps final : public PassingBridge {
  private:
   void NoteSend(std::span<const std::uint8_t> bytes, Time now);
   void EndRun();
+  [[nodiscard]] bool Starts(std::uint8_t code) const;
 
   const Clock& time_;
+  const Of of_;
   Figures figures_;
   bool running_ = false;
   bool probing_ = false;  ///< the probe is sent, its reply ends the run
