@@ -66,7 +66,7 @@ class WindowPictures : public EveryWindow {
       const QString page = tabs->tabText(tabs->currentIndex()).remove('&').replace(' ', '_');
       if (tabs->currentIndex() != 0) name += "_" + page;
     }
-    if (name == "Maintenance" && !test::Enabled(window, "Motors")) return name + "_start";
+    if (name.startsWith("Maintenance") && !test::Enabled(window, "Motors")) return name + "_start";
     if (name == "Poker") return name + PokerState(window);
     if (name != "DealinProg") return name;
     if (window.windowTitle().contains("Reading")) name += "_read";

@@ -35,6 +35,7 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
   connect(TestText_, &QPlainTextEdit::textChanged, this,
           [this] { maintenance_.TestText = FromQt(TestText_->toPlainText()); });
   auto* numbers = new QHBoxLayout;
+  numbers->addWidget(NewLabelOf(Test6_, "Numbers", this));
   numbers->addWidget(Test6_);
   numbers->addWidget(Test7_);
   numbers->addWidget(Test_write_);

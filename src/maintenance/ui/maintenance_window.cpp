@@ -81,7 +81,7 @@ QWidget* MaintenanceWindow::MakeLive(const Program& program) {
 QWidget* MaintenanceWindow::MakePages(int serviceLevel) {
   tabs_ = new QTabWidget(this);
   tabs_->setObjectName("tabs");
-  AddPage(parameters_ = new ParameterPanel(maintenance_, this), "&Parameters");
+  tabs_->addTab(parameters_ = new ParameterPanel(maintenance_, tabs_), "&Parameters");
   AddPage(cards_ = new CardPanel(maintenance_, this), "&Cards");
   AddPage(identity_ = new IdentityPanel(maintenance_, this), "&Identity");
   if (serviceLevel >= 2) AddPage(developer_ = new DeveloperPanel(maintenance_, this), "&Developer");

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -11,13 +12,14 @@
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/value_edit.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_text.h"
 #include "platform/qt/shown_value.h"
 
 namespace morvane::maintenance {
 namespace {
 
-constexpr const char* kEditedText = "What is bold is not written to the machine yet.";
+constexpr const char* kEditedText = "Not written yet: bold";
 
 /// The names of two columns over their boxes.
 void AddHead(QGridLayout& grid, const char* first, const char* second, QWidget* parent) {
@@ -29,11 +31,17 @@ void AddHead(QGridLayout& grid, const char* first, const char* second, QWidget* 
 
 ParameterPanel::ParameterPanel(Maintenance& maintenance, QWidget* parent)
     : QWidget(parent), maintenance_(maintenance) {
+  QWidget* body = MakeBody();
+  Fill(*this, body, MakeButtons());
+}
+
+QWidget* ParameterPanel::MakeBody() {
+  auto* body = new QWidget(this);
   index_ = new OptionGroup(
       "Card Index:", 3,
       {{"Card_Index_st", "Standard"}, {"Card_Index_j", "&Jumbo"}, {"Card_Index_sm", "&Small"}},
-      [this](int index) { maintenance_.SelectIndex(index); }, this);
-  QGridLayout* const grid = NewGrid(this);
+      [this](int index) { maintenance_.SelectIndex(index); }, body);
+  QGridLayout* const grid = NewGrid(body);
   grid->setSpacing(kServiceSpacing);
   grid->addWidget(index_, 0, 0, 1, 2);
   grid->addWidget(MakePlaces(), 1, 0, 3, 1);
@@ -41,9 +49,10 @@ ParameterPanel::ParameterPanel(Maintenance& maintenance, QWidget* parent)
   grid->addWidget(MakeVideo(), 2, 1);
   grid->addWidget(MakeSwitches(), 4, 0, 1, 2);
   grid->addWidget(MakeBoardSwitch(), 5, 0, 1, 2);
-  grid->addLayout(MakeButtons(), 6, 0, 1, 2);
+  grid->addWidget(MakeId(), 6, 0, 1, 2);
   grid->setRowStretch(7, 1);
   grid->setColumnStretch(1, 1);
+  return body;
 }
 
 ValueEdit* ParameterPanel::Add(Parameter parameter, const QString& spokenName) {
@@ -147,34 +156,39 @@ QWidget* ParameterPanel::MakeSwitches() {
   return group;
 }
 
-QBoxLayout* ParameterPanel::MakeButtons() {
-  param_ID_ = new ShownText("param_ID", "Cannot be changed", this);
+QWidget* ParameterPanel::MakeId() {
+  auto* id = new QWidget(this);
+  param_ID_ = new ShownText("param_ID", "Cannot be changed", id);
   param_ID_->setAccessibleName("Parameters ID");
   param_ID_->setFixedWidth(param_ID_->fontMetrics().horizontalAdvance("00000000"));
+  auto* row = new QHBoxLayout(id);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(NewLabelOf(param_ID_, "Parameters ID", id));
+  row->addWidget(param_ID_);
+  row->addStretch();
+  return id;
+}
+
+QWidget* ParameterPanel::MakeButtons() {
+  auto* buttons = new QWidget(this);
   Get_param_ = NewServiceButton(
-      "Get_param", "&Read from machine", [this] { maintenance_.Get_param(); }, this);
+      "Get_param", "&Read from machine", [this] { maintenance_.Get_param(); }, buttons);
   save_param_ = NewServiceButton(
       "save_param", "Sa&ve to machine",
       [this] {
         LeaveBox();
         maintenance_.save_param();
       },
-      this);
-  edited_ = new ShownValue("lblEdited", "Changes", this);
+      buttons);
+  edited_ = new ShownValue("lblEdited", "Changes", buttons);
   KeepSizeFor(*edited_, {kEditedText});
-  auto* id = new QHBoxLayout;
-  id->addWidget(NewLabelOf(param_ID_, "Parameters ID", this));
-  id->addWidget(param_ID_);
-  id->addStretch();
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(Get_param_);
-  buttons->addWidget(save_param_);
-  buttons->addStretch();
-  auto* column = new QVBoxLayout;
-  column->addLayout(id);
-  column->addLayout(buttons);
-  column->addWidget(edited_);
-  return column;
+  // Above each other: a narrow screen has no room for more in sight.
+  QGridLayout* const grid = NewGrid(buttons);
+  grid->addWidget(edited_, 0, 0, 1, 2);
+  grid->addWidget(Get_param_, 1, 0);
+  grid->addWidget(save_param_, 2, 0);
+  grid->setColumnStretch(1, 1);
+  return buttons;
 }
 
 void ParameterPanel::LeaveBox() {

@@ -5,7 +5,6 @@
 
 #include "maintenance/parameter_boxes.h"
 
-class QBoxLayout;
 class QCheckBox;
 class QGridLayout;
 class QPushButton;
@@ -35,7 +34,9 @@ class ParameterPanel final : public QWidget {
   QWidget* MakeVideo();
   QWidget* MakeBoardSwitch();
   QWidget* MakeSwitches();
-  QBoxLayout* MakeButtons();
+  QWidget* MakeBody();
+  QWidget* MakeId();
+  QWidget* MakeButtons();
   ValueEdit* Add(Parameter parameter, const QString& spokenName);
   void AddPair(QGridLayout& grid, const char* caption, Parameter first, Parameter second);
   QCheckBox* AddSwitch(const char* name, const char* caption, void (ParameterBoxes::*set)(bool on));
