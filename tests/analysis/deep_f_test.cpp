@@ -1,8 +1,4 @@
-#include "analysis/deep_f.h"
-
-#include <gmock/gmock.h>
-
-#include "analysis/scripted_solver.h"
+#include "analysis/deep_f_desk.h"
 
 namespace morvane::analysis {
 namespace {
@@ -10,51 +6,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
-
-class RecordingView final : public DeepFView {
- public:
-  explicit RecordingView(const DeepF& run) : run_(run) {}
-  void Show() override {
-    if (Labels.empty() || Labels.back() != run_.Label()) Labels.push_back(run_.Label());
-  }
-  void Close() override { ++Closes; }
-  std::vector<std::string> Labels;
-  int Closes = 0;
-
- private:
-  const DeepF& run_;
-};
-
-class DeepFTest : public ::testing::Test {
- protected:
-  DeepFTest() {
-    test::FillSet(desk.Prog.Set, 1, 3);
-    RuntimeError error;
-    std::filesystem::create_directory(desk.Prog.Paths.Data);
-    EXPECT_TRUE(desk.Prog.Log.Start(desk.Prog.Paths.Data, error));
-  }
-  void Open(Solver which = Solver::kDds, int target = 0) {
-    run.emplace(desk.Prog, process, which, target);
-    view.emplace(*run);
-    run->Open(*view);
-  }
-  void RunAll(Solver which = Solver::kDds, int target = 0) {
-    Open(which, target);
-    desk.Loop.RunUntil([&] { return run->Closed(); });
-  }
-  [[nodiscard]] std::string LastLine() const { return desk.LogLines().back(); }
-  [[nodiscard]] std::string LevelsOfBoard(int n) const {
-    Levels levels{};
-    std::copy_n(desk.Prog.Set.At(n).Tricks.begin(), levels.size(), levels.begin());
-    return ResultOf(levels);
-  }
-
-  test::TestDesk desk;
-  ScriptedSolver solver{desk};
-  SolverProcess process{solver, "/opt/morvane", "/home/me/settings.ini"};
-  std::optional<DeepF> run;
-  std::optional<RecordingView> view;
-};
 
 TEST_F(DeepFTest, AWholeSetIsAnalysedBoardByBoard) {
   solver.Script = {{.Result = "43210432104321043210"},
@@ -296,97 +247,6 @@ TEST_P(WrongResult, CountsAsWrongTricks) {
 INSTANTIATE_TEST_SUITE_P(Every, WrongResult,
                          ::testing::Values("", "4321043210432104321", "432104321043210432101",
                                            "4321043210432104321x", "83210432104321043210"));
-
-// Cancelling.
-
-TEST_F(DeepFTest, ABreakThatTheSolverAnswersCancels) {
-  solver.AnswersBreaks = true;
-  Open();
-  desk.Loop.WaitMs(300);
-  run->DF_Cancel();
-  EXPECT_EQ(run->Label(), "Canceling... Please wait");
-  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
-  EXPECT_EQ(LevelsOfBoard(1), std::string(20, '0'));
-  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  1.0s Cancel Board: 1");
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
-}
-
-TEST_F(DeepFTest, AnAnswerThatComesFirstIsKeptAndTheRunIsCancelled) {
-  Open();
-  desk.Loop.WaitMs(300);
-  run->DF_Cancel();
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
-  EXPECT_EQ(LevelsOfBoard(1), "43210432104321043210");
-  EXPECT_THAT(solver.Orders, SizeIs(1));
-  // The search for the next board comes first, so the next one is named: required.
-  EXPECT_EQ(LastLine(), "    DDS: 1,3 ver: 9.9  1.0s Cancel Board: 2");
-}
-
-TEST_F(DeepFTest, TheNextRunTakesTheBreakBack) {
-  solver.AnswersBreaks = true;
-  Open();
-  desk.Loop.WaitMs(300);
-  run->DF_Cancel();
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  RunAll();
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
-}
-
-TEST_F(DeepFTest, ASolverThatHasDiedIsTold) {
-  solver.Script = {{.AfterMs = -1, .DiesAfterMs = 500}};
-  Open();
-  desk.Loop.WaitMs(500);
-  EXPECT_FALSE(run->IsSolverGone());
-  desk.Loop.WaitMs(500);
-  EXPECT_TRUE(run->IsSolverGone());
-  EXPECT_EQ(run->Label(), "The solver has ended without an answer");
-  EXPECT_FALSE(run->Closed());
-  run->DF_Cancel();
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
-  EXPECT_FALSE(desk.Prog.AnalysisRunning);
-}
-
-/// It answers and goes between the two looks of a tick.
-TEST_F(DeepFTest, AnAnswerOfASolverThatHasGoneCounts) {
-  solver.Script = {{.AfterMs = 1022, .DiesAfterMs = 900}};
-  RunAll(Solver::kDds, 1);
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
-}
-
-TEST_F(DeepFTest, NoSolverIsStartedWhileAnEarlierOneLives) {
-  solver.Script = {{.LingersMs = 5000}, {}, {}};
-  Open();
-  desk.Loop.WaitMs(4000);
-  EXPECT_THAT(solver.Orders, SizeIs(1));
-  EXPECT_EQ(desk.Store.Get(kSolverDone), "99");  // not touched before it has gone
-  EXPECT_EQ(run->Label(), "Analyzing board: 2  out from: 1 to: 3");
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  EXPECT_THAT(solver.Orders, SizeIs(3));
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kAllFinished);
-}
-
-TEST_F(DeepFTest, ACancelWhileAnEarlierSolverLingersStartsNoOther) {
-  solver.Script = {{.LingersMs = 60'000}};
-  Open();
-  desk.Loop.WaitMs(2000);
-  run->DF_Cancel();
-  desk.Loop.RunUntil([&] { return run->Closed(); });
-  EXPECT_THAT(solver.Orders, SizeIs(1));
-  EXPECT_EQ(run->Outcome(), DeepF::Status::kCancelled);
-}
-
-TEST_F(DeepFTest, ARunThatGoesBreaksItsSolver) {
-  Open();
-  desk.Loop.WaitMs(300);
-  EXPECT_TRUE(desk.Prog.AnalysisRunning);
-  run.reset();
-  EXPECT_EQ(desk.Store.Get(kSolverBreak), "98");
-  EXPECT_FALSE(desk.Prog.AnalysisRunning);
-}
 
 // The bar.
 
