@@ -9,6 +9,7 @@
 #include "platform/system_clock.h"
 #include "platform/system_entropy.h"
 #include "platform/user_folders.h"
+#include "platform/utf8_of_path.h"
 #include "program/program.h"
 
 namespace morvane {
@@ -28,8 +29,7 @@ struct SystemParts {
   }
   /// `folder` made absolute, without a separator at its end.
   static std::string FolderPath(const std::string& folder) {
-    const auto path = (PathOfUtf8(AbsolutePath(folder)) / "").parent_path().u8string();
-    return {path.begin(), path.end()};
+    return Utf8OfPath((PathOfUtf8(AbsolutePath(folder)) / "").parent_path());
   }
 
   ProgramPaths Paths;

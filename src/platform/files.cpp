@@ -6,6 +6,7 @@
 #include <new>
 
 #include "platform/file_beside.h"
+#include "platform/utf8_of_path.h"
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -56,8 +57,7 @@ std::string AbsolutePath(std::string_view path) {
   std::error_code failure;
   const auto absolute = std::filesystem::absolute(PathOfUtf8(path), failure);
   if (failure) return std::string(path);
-  const std::u8string text = absolute.u8string();
-  return {text.begin(), text.end()};
+  return Utf8OfPath(absolute);
 }
 
 std::string FileTitle(std::string_view path) {
@@ -74,8 +74,7 @@ std::string FileBehind(const std::string& path) {
   std::error_code failure;
   const auto real = std::filesystem::canonical(PathOfUtf8(path), failure);
   if (failure || !std::filesystem::is_regular_file(real, failure)) return path;
-  const std::u8string text = real.u8string();
-  return {text.begin(), text.end()};
+  return Utf8OfPath(real);
 }
 
 std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes,

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/utf8_of_path.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -43,11 +44,6 @@ std::filesystem::path BehindLinks(std::filesystem::path path) {
   return path;
 }
 
-std::string Utf8Of(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 }  // namespace
 
 bool InstanceLock::Claim() {
@@ -58,7 +54,7 @@ bool InstanceLock::Claim() {
   path += ".";
   path += UserText();
   path += ".instance";
-  path_ = Utf8Of(path);
+  path_ = Utf8OfPath(path);
   bool held = false;
   lock_ = FileLock::Try(path_, held);
   return !held;
@@ -67,7 +63,7 @@ bool InstanceLock::Claim() {
 std::string InstanceLock::Key() const {
   std::error_code failure;
   const auto file = std::filesystem::canonical(PathOfUtf8(path_), failure);
-  return failure ? "" : Utf8Of(file);
+  return failure ? "" : Utf8OfPath(file);
 }
 
 }  // namespace morvane

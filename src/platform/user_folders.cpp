@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/utf8_of_path.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -18,11 +19,6 @@ namespace {
 constexpr std::string_view kDataFolder = "Morvane_Data";
 constexpr std::string_view kSettingsFile = "morvane.exe.ini";
 
-std::string Utf8Of(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 /// A folder from the environment; only an absolute path counts.
 std::string EnvironmentFolder(const char* name) {
 #ifdef _WIN32
@@ -34,7 +30,7 @@ std::string EnvironmentFolder(const char* name) {
   std::filesystem::path folder(text);
   if (!folder.is_absolute()) return {};
   if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
-  return Utf8Of(folder);
+  return Utf8OfPath(folder);
 }
 
 }  // namespace
@@ -43,19 +39,19 @@ std::string EnvironmentFolder(const char* name) {
 
 std::string HomeFolder() {
   const std::string home = EnvironmentFolder("USERPROFILE");
-  return home.empty() ? Utf8Of(std::filesystem::absolute("/")) : home;
+  return home.empty() ? Utf8OfPath(std::filesystem::absolute("/")) : home;
 }
 
 std::string ApplicationFolder(const std::string& argv0) {
   constexpr DWORD kLongestPath = 32768;
   std::wstring path(kLongestPath, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), kLongestPath));
-  if (path.empty()) return Utf8Of(PathOfUtf8(AbsolutePath(argv0)).parent_path());
-  return Utf8Of(std::filesystem::path(path).parent_path());
+  if (path.empty()) return Utf8OfPath(PathOfUtf8(AbsolutePath(argv0)).parent_path());
+  return Utf8OfPath(std::filesystem::path(path).parent_path());
 }
 
 std::string DefaultDataFolder(const std::string& applicationFolder) {
-  return JoinPath(Utf8Of(PathOfUtf8(applicationFolder).root_path()), kDataFolder);
+  return JoinPath(Utf8OfPath(PathOfUtf8(applicationFolder).root_path()), kDataFolder);
 }
 
 std::string DefaultSettingsFile() {
@@ -75,7 +71,7 @@ std::string HomeFolder() {
 std::string ApplicationFolder(const std::string& argv0) {
   std::error_code failure;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
-  return Utf8Of((failure ? PathOfUtf8(AbsolutePath(argv0)) : program).parent_path());
+  return Utf8OfPath((failure ? PathOfUtf8(AbsolutePath(argv0)) : program).parent_path());
 }
 
 std::string DefaultDataFolder(const std::string& /*applicationFolder*/) {

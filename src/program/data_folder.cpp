@@ -1,6 +1,7 @@
 #include "program/data_folder.h"
 
 #include "platform/files.h"
+#include "platform/utf8_of_path.h"
 
 namespace morvane {
 
@@ -13,8 +14,7 @@ std::optional<FileLock> LockDataFolder(const std::string& folder, LockPatience& 
 }
 
 std::string BasePathOf(const std::string& dataFolder) {
-  const std::u8string base = PathOfUtf8(dataFolder).parent_path().u8string();
-  return {base.begin(), base.end()};
+  return Utf8OfPath(PathOfUtf8(dataFolder).parent_path());
 }
 
 }  // namespace morvane
