@@ -50,7 +50,7 @@ class WindowPictures : public EveryWindow {
     const QString name = NameOf(window);
     if (!taken_.insert(name).second && name != "MainMenu") return;
     if (window.objectName() == "MainMenu" || window.objectName() == "DealinProg" ||
-        window.objectName() == "Poker" || window.objectName() == "Maintenance") {
+        window.objectName() == "Poker") {
       window.resize(kRoomy);
     }
     desk.Loop.Pump();

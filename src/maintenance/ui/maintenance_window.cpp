@@ -26,7 +26,7 @@
 namespace morvane::maintenance {
 namespace {
 
-constexpr QSize kComfortable{1000, 720};
+constexpr QSize kComfortable{880, 720};
 
 }  // namespace
 

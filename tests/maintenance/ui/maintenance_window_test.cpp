@@ -239,6 +239,8 @@ TEST_F(MaintenanceWindowTest, FeedCardMovesOneCard) {
   EXPECT_EQ(feeds, 1);
   PressLetter(Qt::Key_F, "Feed_card");
   EXPECT_EQ(feeds, 2);
+  Polls();
+  EXPECT_EQ(Text("Reco_error"), "OK") << "the machine has told what it took the card for";
 }
 
 TEST_F(MaintenanceWindowTest, WhatTheLastCardWasTakenForIsShown) {

@@ -303,7 +303,8 @@ class EveryWindow : public MainMenuTest {
     simulated.Opened().Cover(2, true);
     simulated.Opened().SetSpeed(3, 9000);
     simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
-    desk.Loop.WaitMs(500);
+    test::Find<QAbstractButton>(window, "Feed_card").click();
+    desk.Loop.WaitMs(20'000);  // the motors run up
     LookAtPages(window, look);
     desk.AnswerBox(QMessageBox::Yes);
     console.Exit();
