@@ -64,6 +64,7 @@ std::optional<ImportReport> ImportFile(Program& program, history::History& histo
     return Abort(program, path, "      The file cannot be read: " + error->Description + "      ");
   }
   if (!imported->Exists()) return Abort(program, path, ReportText(report));
+  ClearSet(program);
   program.Set = std::move(*imported);
   TakeLoadedSet(program, history, path, FileUse::kImported,
                 "Boards imported: " + std::to_string(report.Taken));

@@ -33,13 +33,6 @@ FileRequest OpenRequest(const Program& program) {
   return request;
 }
 
-void ClearSet(Program& program) {
-  program.Set.Clear();
-  program.Set.BoardSetFile.clear();
-  program.Set.MarkSaved();  // before the refresh, which shows it
-  program.Operator.RefreshSet();
-}
-
 bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& path,
                      FileNotes& notes) {
   std::string extension = ExtensionOf(FileTitle(path));
@@ -53,6 +46,13 @@ bool ReadByExtension(Program& program, NumberDialog& dialog, const std::string& 
 }
 
 }  // namespace
+
+void ClearSet(Program& program) {
+  program.Set.Clear();
+  program.Set.BoardSetFile.clear();
+  program.Set.MarkSaved();  // before the refresh, which shows it
+  program.Operator.RefreshSet();
+}
 
 void TakeLoadedSet(Program& program, history::History& history, const std::string& path,
                    FileUse use, const std::string& status) {

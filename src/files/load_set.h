@@ -50,6 +50,9 @@ struct SetSource {
 bool ReplaceSet(Program& program, history::History& history, const SetSource& source,
                 const std::string& pending);
 
+/// Empties the set before another takes its place, so that nothing of it is shown beside that one.
+void ClearSet(Program& program);
+
 /// The end of a load that went well: the set, which came from `path` by `use`, is remembered,
 /// logged and shown, and `status` stands in the status bar.
 void TakeLoadedSet(Program& program, history::History& history, const std::string& path,

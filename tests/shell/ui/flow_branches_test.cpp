@@ -155,6 +155,16 @@ TEST_F(ImportBranches, YesSavesTheSetFirst) {
   ExpectTheNewSet();
 }
 
+TEST_F(ImportBranches, BehindTheReportNoFigureIsOfTheSetBefore) {
+  ChooseFile("cdOpen", "evening.pbn");
+  desk.When("MessageBox", [this](QWidget& box) {
+    EXPECT_EQ(Text("txtFirstBoard") + Text("txtLastBoard"), "");
+    test::Press(box, Qt::Key_Return);
+  });
+  ImportByItsKeys();
+  ExpectTheNewSet();
+}
+
 TEST_F(ImportBranches, YesAndASaveThatIsCancelledKeepsTheSet) {
   Change();
   AnswerWith(Qt::Key_Y);
