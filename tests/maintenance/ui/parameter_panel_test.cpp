@@ -18,7 +18,7 @@ class ParameterPage : public ConsoleDesk {
     const auto& control = test::Find<QWidget>(*window, name);
     const bool bold = control.font().bold();
     EXPECT_EQ(control.accessibleDescription(), bold ? "Changed, not written to the machine" : "");
-    EXPECT_TRUE(!bold || Text("lblEdited") != "");
+    EXPECT_FALSE(bold && Text("lblEdited").empty());
     return bold;
   }
   [[nodiscard]] const simulator::IndexRecord& Record(std::size_t index = 0) const {
