@@ -62,6 +62,24 @@ class Events : public ConsoleDesk {
     desk.Ui.Answers = {kYes, kYes};
     work.Do(*console);
   }
+  void QuitAt(std::size_t frame) {
+    OnFrame = [this, frame](const Bytes&) {
+      if (bridge.Sent.size() == frame) desk.Loop.Quit();
+    };
+  }
+  /// After a quit, that the window goes with what was under way, of `frames`, and nothing behind
+  /// it.
+  void ExpectLeftInPeace(std::size_t frames) {
+    EXPECT_TRUE(desk.Loop.Quitting());
+    console->Exit();
+    EXPECT_TRUE(console->Closed());
+    EXPECT_FALSE(machine.Link.IsOpen());
+    EXPECT_EQ(bridge.Overlaps, 0);
+    EXPECT_EQ(bridge.Sent.size(), frames);
+    EXPECT_THAT(bridge.Calls, Contains("WriteLatch 1 0"));
+    desk.Loop.Restart();
+    OnFrame = nullptr;
+  }
 };
 
 TEST_F(Events, WhatComesDuringAnExchangeDoesNothingAndTheCloseBoxWaits) {
@@ -126,14 +144,26 @@ TEST_F(Events, TheSettlingOfAWriteLetsEventsThroughAndNoneOfThemSends) {
 
 TEST_F(Events, AProgramThatQuitsDuringAnExchangeLeavesTheMachineInPeace) {
   for (const Work& work : kWork) {
-    SCOPED_TRACE(work.Name);
+    const std::size_t frames = FramesOf(&work);
+    for (std::size_t at = 1; at <= frames; ++at) {
+      SCOPED_TRACE(std::string(work.Name) + " in frame " + std::to_string(at));
+      OnFrame = nullptr;
+      Start();
+      QuitAt(at);
+      Begin(work);
+      ExpectLeftInPeace(frames);
+    }
+  }
+}
+
+TEST_F(Events, AProgramThatQuitsDuringTheWindowStartOrAPollLeavesTheMachineInPeace) {
+  constexpr std::size_t kStart = 12;
+  for (std::size_t at = 1; at <= kStart + 6; ++at) {
+    SCOPED_TRACE(at);
+    QuitAt(at);
     Start();
-    OnFrame = [&](const Bytes&) { desk.Loop.Quit(); };
-    Begin(work);
-    console->Exit();
-    EXPECT_TRUE(console->Closed());
-    EXPECT_FALSE(machine.Link.IsOpen());
-    EXPECT_EQ(bridge.Overlaps, 0);
+    if (at > kStart) Poll();
+    ExpectLeftInPeace(at > kStart ? kStart + 6 : kStart);
   }
 }
 
@@ -144,6 +174,7 @@ TEST_F(Events, ALinkLostAtAnyExchangeIsToldOnceAndTheNextWindowWorks) {
     desk.Ui.Boxes.clear();
     int frames = 0;
     Damage = [&](const Bytes&, Bytes wire) { return frames++ >= target ? Bytes{} : wire; };
+    desk.Store.Set(kCardIndex, "7");  // there is no such card
     Start();
     desk.Loop.WaitMs(5000);
     EXPECT_EQ(bridge.Sent.size(), static_cast<std::size_t>(target) + 2) << "one retry, no more";
@@ -154,6 +185,7 @@ TEST_F(Events, ALinkLostAtAnyExchangeIsToldOnceAndTheNextWindowWorks) {
     EXPECT_FALSE(machine.Link.IsOpen());
     EXPECT_FALSE(machine.PollLock);
     EXPECT_THAT(bridge.Calls, Not(Contains("WriteLatch 1 0")));
+    EXPECT_EQ(desk.Store.Get(kCardIndex), "0") << "as when it is left";
     Damage = nullptr;
     Start();
     EXPECT_TRUE(console->Controls().MachineKnown);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
+#include <utility>
 
 namespace morvane::maintenance {
 namespace {
@@ -18,6 +20,32 @@ TEST(ParameterBoxes, EachNameStandsOnce) {
   EXPECT_EQ(names.size(), kParameters);
   EXPECT_EQ(NameOf(Parameter::Board_Sen), "Board_Sen");
   EXPECT_EQ(NameOf(Parameter::Fine_th1_txt), "Fine_th1_txt");
+}
+
+TEST(ParameterBoxes, EachHasTheLimitsOfItsOwn) {
+  const std::map<std::string_view, std::pair<int, int>> others{{"pos_y", {1, 255}},
+                                                               {"Bold_th_txt", {10, 90}},
+                                                               {"Bold_th1_txt", {10, 90}},
+                                                               {"Fine_th_txt", {10, 90}},
+                                                               {"Fine_th1_txt", {10, 90}}};
+  for (std::size_t i = 0; i < kParameters; ++i) {
+    const auto parameter = static_cast<Parameter>(i);
+    SCOPED_TRACE(NameOf(parameter));
+    const auto found = others.find(NameOf(parameter));
+    const auto [lower, upper] = found == others.end() ? std::pair{0, 255} : found->second;
+    ParameterBoxes boxes;
+    ValueBox& box = boxes.Box(parameter);
+    Type(boxes, parameter, std::to_string(upper));
+    Type(boxes, parameter, std::to_string(upper + 1));
+    EXPECT_EQ(box.Text(), std::to_string(upper)) << "the one above is refused";
+    Type(boxes, parameter, "");
+    box.Leave();
+    EXPECT_EQ(box.Text(), std::to_string(lower));
+    if (lower == 0) continue;
+    Type(boxes, parameter, std::to_string(lower - 1));
+    box.Leave();
+    EXPECT_EQ(box.Text(), std::to_string(lower));
+  }
 }
 
 TEST(ParameterBoxes, AreEmptyUntilTheyAreRead) {

@@ -72,6 +72,18 @@ TEST_F(Transfer, OlderFirmwareIsToldLessAndItsThresholdsStay) {
   EXPECT_EQ(boxes.Box(Parameter::Bold_th_txt).Text(), "10");
 }
 
+TEST_F(Transfer, BehindEachWriteTheMachineHasTenMilliseconds) {
+  ASSERT_TRUE(Read(CardIndex::Standard));
+  std::vector<std::chrono::microseconds> sent;
+  OnFrame = [&](const Bytes&) { sent.push_back(desk.Clock.Elapsed()); };
+  ASSERT_TRUE(Send(CardIndex::Standard));
+  ASSERT_TRUE(Read(CardIndex::Standard));
+  ASSERT_EQ(sent.size(), 12U);
+  for (std::size_t i = 1; i <= 6; ++i) {
+    EXPECT_EQ(sent[i] - sent[i - 1], std::chrono::milliseconds(10)) << i;
+  }
+}
+
 TEST_F(Transfer, TheSwitchesAreWrittenInBytesAndReadInBits) {
   boxes.SwitchesOn = boxes.UseBoardKnown = true;
   ASSERT_TRUE(Read(CardIndex::Standard));
