@@ -54,7 +54,8 @@ class Machine {
   std::function<bool(const wire::Frame&)> OnUnasked;
 
   /// Sends `command` and takes its reply, with one retry that has filler of its own. Nothing when
-  /// both tries were bad (`Lost`), or when a command that allows it was answered by another frame.
+  /// both tries were bad (`Lost`), or when a command that allows it was answered by another frame
+  /// (`kDropsOthers`: by any; `kAnotherWillDo`: by one for `OnUnasked`, and silence behind it).
   template <typename Command>
   std::optional<typename Command::Reply> Exchange(const Command& command) {
     return Exchange(command, [] {});
@@ -71,15 +72,18 @@ class Machine {
       Link.SendFrame();
       meanwhile();
       Link.ReceiveFrame();
-      if (CameUnasked<Reply>()) Link.ReceiveFrame();
+      const bool another = CameAnother(command);
+      if (another) Link.ReceiveFrame();
       if (Link.RxStatus == MachineLink::kGood) {
-        if (wire::Answers<Reply>(wire::CodeOf(Link.RxFrame))) {
+        if (IsReplyTo(command)) {
           const auto reply = wire::Get<Reply>(Link.RxFrame);
           Take(reply);
           return reply;
         }
         if constexpr (requires { requires Command::kDropsOthers; }) return std::nullopt;
         Link.FlushLink();
+      } else if constexpr (requires { requires Command::kAnotherWillDo; }) {
+        if (another) return Forgiven<Reply>();
       }
       EndTry(attempt);
     }
@@ -117,10 +121,30 @@ class Machine {
   static constexpr int kTries = 2;
 
   void BeginExchange();
+  /// A command whose reply says what it answers knows it by that too.
+  template <typename Command>
+  [[nodiscard]] bool IsReplyTo(const Command& command) const {
+    using Reply = typename Command::Reply;
+    if (!wire::Answers<Reply>(wire::CodeOf(Link.RxFrame))) return false;
+    if constexpr (requires(const Reply& reply) { command.IsEchoedBy(reply); }) {
+      return command.IsEchoedBy(wire::Get<Reply>(Link.RxFrame));
+    }
+    return true;
+  }
+  /// A good frame that the reply comes behind: one that nobody has asked for, or the second reply
+  /// to a question that had to be repeated.
+  template <typename Command>
+  [[nodiscard]] bool CameAnother(const Command& command) const {
+    if (Link.RxStatus != MachineLink::kGood || IsReplyTo(command)) return false;
+    return wire::Answers<typename Command::Reply>(wire::CodeOf(Link.RxFrame)) ||
+           (OnUnasked && OnUnasked(Link.RxFrame));
+  }
+  /// The machine has spoken: the silence behind it is no bad try.
   template <typename Reply>
-  [[nodiscard]] bool CameUnasked() const {
-    return OnUnasked && Link.RxStatus == MachineLink::kGood &&
-           !wire::Answers<Reply>(wire::CodeOf(Link.RxFrame)) && OnUnasked(Link.RxFrame);
+  std::optional<Reply> Forgiven() {
+    Link.CommErrorCount = 0;
+    ExpectLateReply();
+    return std::nullopt;
   }
   void EndTry(int attempt);
   void FillRandom();

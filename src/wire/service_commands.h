@@ -5,7 +5,8 @@
 #include "wire/service_replies.h"
 
 // The commands of the machine's service, in the manner of commands.h. One without a `Reply` writes:
-// its sender does not wait for an answer.
+// its sender does not wait for an answer. `IsEchoedBy` tells its reply from one to the same command
+// with other bytes.
 
 namespace morvane::wire {
 
@@ -25,6 +26,7 @@ struct ReadParametersCommand {
   static constexpr std::uint8_t Code = CmdReadParameters;
   using Reply = ParametersReply<Block>;
   std::uint8_t SubCode = 0;
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.SubCode == SubCode; }
 
   static constexpr auto Fields = std::tuple(Byte(1, &ReadParametersCommand::SubCode));
 };
@@ -58,6 +60,9 @@ template <typename Block>
 struct OutputsCommand {
   static constexpr std::uint8_t Code = CmdOutputs;
   using Reply = PhotoReply;
+  /// What the machine says of the card that it was to feed may be all its answer. Asked again, it
+  /// would feed another.
+  static constexpr bool kAnotherWillDo = true;
   static constexpr std::uint8_t kMotors = 1;
   static constexpr std::uint8_t kGate1 = 2;
   static constexpr std::uint8_t kGate2 = 4;
@@ -103,6 +108,7 @@ struct ServiceIdentityCommand {
   static constexpr std::uint8_t Code = CmdIdentity;
   using Reply = IdentityReply;
   std::uint8_t Page = 1;  ///< 1 or 2
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Page == Page; }
 
   static constexpr auto Fields = std::tuple(Byte(1, &ServiceIdentityCommand::Page), Zeros(2));
 };
@@ -112,6 +118,7 @@ struct CounterPageCommand {
   using Reply = CounterPageReply;
   static constexpr std::uint8_t kPages = 8;
   std::uint8_t Page = 0;
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Page == Page; }
 
   static constexpr auto Fields = std::tuple(Zeros(1), Byte(2, &CounterPageCommand::Page));
 };
