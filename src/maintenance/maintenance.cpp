@@ -127,15 +127,20 @@ void Maintenance::StartPolling() {
   Timer1m_ = program_.Loop.StartTimer(kPollMs, [this] { Timer1m(); });
 }
 
-/// Each poll begins a while behind the end of the last.
+/// Each poll begins a while behind the end of the last. While another has the link, which may be
+/// for an open box, it waits, and so does a firmware file from outside.
 void Maintenance::Timer1m() {
   const auto once = std::move(Timer1m_);
+  if (!machine_.PollLock) Tick();
+  if (!closed_) StartPolling();
+}
+
+void Maintenance::Tick() {
   if (program_.Link.Pending == LinkRequest::kDownload) {
     TakeDownload();
   } else {
     AtLink([this] { poll_.Poll(false); }, &MaintenanceView::ShowReadings);
   }
-  if (!closed_) StartPolling();
 }
 
 void Maintenance::TakeDownload() {
@@ -174,10 +179,12 @@ void Maintenance::AtLink(const std::function<void()>& work, void (MaintenanceVie
 }
 
 void Maintenance::Feed_card() {
+  if (!controls_.MachineKnown) return;
   AtLink([this] { poll_.Poll(true); }, &MaintenanceView::ShowReadings);
 }
 
 void Maintenance::Get_param() {
+  if (!controls_.MachineKnown) return;
   AtLink([this] { parameters_.Read(); });
 }
 
@@ -192,13 +199,14 @@ void Maintenance::SelectIndex(int index) {
 }
 
 void Maintenance::Test() {
-  if (!TestText.empty()) return;
+  if (!controls_.MachineKnown || !TestText.empty()) return;
   AtLink([this] {
     if (const auto reply = link_.Ask(wire::TestCommand{})) TestText = wire::DiagnosisText(*reply);
   });
 }
 
 void Maintenance::Test_write() {
+  if (!controls_.MachineKnown) return;
   AtLink([this] {
     link_.Write(wire::TestWriteCommand{static_cast<std::uint8_t>(Test6.Value()),
                                        static_cast<std::uint8_t>(Test7.Value())});

@@ -82,6 +82,7 @@ class Maintenance {
   void EnableControls();
   void StartPolling();
   void Timer1m();
+  void Tick();
   void TakeDownload();
   void TellBasicInfo();
   [[nodiscard]] bool TakeUnasked(const wire::Frame& frame);

@@ -253,6 +253,51 @@ TEST_F(TheConsole, AFirmwareFileFromOutsideIsTakenUpInThePlaceOfAPoll) {
   EXPECT_EQ(bridge.Sent.size(), 6U) << "and the polling goes on";
 }
 
+TEST_F(TheConsole, AFirmwareFileThatComesBehindABoxWaitsUntilTheBoxIsAnswered) {
+  Start();
+  desk.Ui.Answers = {kNo};
+  desk.Ui.OnBox = [this] {
+    desk.Prog.Link = {LinkRequest::kDownload, "new.adc"};
+    desk.Loop.WaitMs(3 * Maintenance::kPollMs);
+    EXPECT_THAT(downloads, IsEmpty());
+  };
+  console->save_param();
+  desk.Loop.WaitMs(Maintenance::kPollMs);
+  EXPECT_THAT(downloads, ElementsAre("new.adc"));
+}
+
+TEST_F(TheConsole, WhileABoxIsOpenNothingIsPolledAndNoReadingIsCalledNew) {
+  Start();
+  bridge.Sent.clear();
+  desk.Ui.Answers = {kNo};
+  desk.Ui.OnBox = [this] {
+    desk.Loop.WaitMs(500);
+    EXPECT_EQ(view.Readings, 0);
+    EXPECT_THAT(bridge.Sent, IsEmpty());
+  };
+  console->save_param();
+  Poll();
+  EXPECT_EQ(view.Readings, 1) << "and the polling goes on";
+}
+
+TEST_F(TheConsole, BeforeTheMachineIsKnownNoButtonSends) {
+  const auto pressAll = [this] {
+    bridge.Sent.clear();
+    console->Feed_card();
+    console->Get_param();
+    console->save_param();
+    console->SelectIndex(1);
+    console->Test();
+    console->Test_write();
+    EXPECT_THAT(bridge.Sent, IsEmpty());
+    EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  };
+  Open();
+  pressAll();
+  Start("boot=0.00");
+  pressAll();
+}
+
 // The developer's buttons.
 
 TEST_F(TheConsole, TheTestTextIsFetchedOnceItIsEmpty) {
