@@ -1,9 +1,11 @@
 #include "cli/parameter_file.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cli/service_lines.h"
 #include "platform/files.h"
+#include "text/text_encoding.h"
 
 namespace morvane::cli {
 namespace {
@@ -76,8 +78,11 @@ class ParameterText {
 
 std::string ReadParameterFile(const std::string& path, ParameterFile& file) {
   std::string text;
-  if (const auto failure = ReadFile(path, text, kLongest)) return path + ": " + failure->Description;
-  const std::string fault = ParameterText(file).Take(text);
+  if (const auto failure = ReadFile(path, text, kLongest)) {
+    return path + ": " + failure->Description;
+  }
+  // A shell may have written it in UTF-16.
+  const std::string fault = ParameterText(file).Take(DecodeAnyText(std::move(text)));
   return fault.empty() ? "" : path + " holds no parameters of a machine: " + fault;
 }
 

@@ -28,7 +28,10 @@ struct Desk : CliDesk {
   [[nodiscard]] int Polls() const {
     int polls = 0;
     for (std::size_t at = 0; at < Machine.Frames().Count(); ++at) {
-      if (Machine.Frames().Text(at).starts_with("CmdOutputs")) ++polls;
+      // Repeated ones are one entry, with their number in front.
+      const std::string text = Machine.Frames().Text(at);
+      if (text.find("CmdOutputs") == std::string::npos) continue;
+      polls += text.starts_with("CmdOutputs") ? 1 : std::stoi(text);
     }
     return polls;
   }

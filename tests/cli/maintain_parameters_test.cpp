@@ -282,6 +282,14 @@ TEST(MaintainParameters, AFileWithTheLineEndsOfAnotherSystemIsTheSame) {
   EXPECT_EQ(desk.Record(0).Positions.PosX, 61);
 }
 
+TEST(MaintainParameters, AFileThatAShellHasWrittenInUtf16IsTheSame) {
+  Desk desk;
+  std::string text = "\xFF\xFE";
+  for (const char c : With(desk.Printed(), "pos_x: 60", "pos_x: 61")) text += {c, '\0'};
+  EXPECT_EQ(desk.From(text), kDone);
+  EXPECT_EQ(desk.Record(0).Positions.PosX, 61);
+}
+
 TEST(MaintainParameters, AFileOfAnotherIndexIsRefused) {
   Desk desk;
   EXPECT_EQ(desk.From(kJumboOfANewMachine, kSmall), kFailed);
