@@ -84,7 +84,7 @@ std::string WhyNot(const ParameterChange& change) {
 
 std::string WhyNot(const ParameterChanges& changes) {
   for (auto change = changes.begin(); change != changes.end(); ++change) {
-    if (const std::string fault = WhyNot(*change); !fault.empty()) return fault;
+    if (std::string fault = WhyNot(*change); !fault.empty()) return fault;
     const bool twice = std::any_of(changes.begin(), change, [&](const ParameterChange& before) {
       return before.Name == change->Name;
     });
