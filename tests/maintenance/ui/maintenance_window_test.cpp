@@ -223,10 +223,11 @@ TEST_F(MaintenanceWindowTest, OutputsAreSwitchedByTheirLetters) {
 
 TEST_F(MaintenanceWindowTest, EnterOnACheckBoxDoesNothing) {
   Contact();
+  TypeInto("pos_x", "61");
   Focus("Gate1");
-  feeds = 0;
   Press(Qt::Key_Return);
   Polls();
+  EXPECT_EQ(Text("pos_x"), "61") << "nothing was read from the machine";
   EXPECT_EQ(Outputs(), 0);
   EXPECT_EQ(feeds, 0);
   EXPECT_FALSE(console.Closed());
