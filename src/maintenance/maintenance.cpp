@@ -12,7 +12,6 @@ namespace {
 using machine::Machine;
 using wire::IdentityReply;
 
-constexpr machine::VersionGate kVideoGate{0x80, nullptr};
 /// The status answers behind which the log gets what is known of the machine.
 constexpr int kAnswersBeforeInfo = 10;
 

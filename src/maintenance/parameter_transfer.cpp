@@ -11,7 +11,6 @@ using machine::VersionGate;
 using wire::CardIndex;
 
 constexpr VersionGate kThresholdGate{0x44, nullptr};
-constexpr VersionGate kVideoGate{0x80, nullptr};
 
 /// One block into its boxes; false when the link was lost.
 template <typename Block>

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "machine/gates.h"
 #include "maintenance/parameter_boxes.h"
 #include "maintenance/service_link.h"
 
 namespace morvane::maintenance {
+
+/// Since when a firmware has the camera's settings.
+inline constexpr machine::VersionGate kVideoGate{0x80, nullptr};
 
 /// `ReadParameters`: the record of `index` and what stands once in the machine, as far as its
 /// firmware has it, into the boxes. False: the link is lost, which the operator has been told.
