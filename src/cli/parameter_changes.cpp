@@ -8,28 +8,24 @@
 namespace morvane::cli {
 namespace {
 
+using maintenance::kParameterSwitches;
 using maintenance::Maintenance;
 using maintenance::Parameter;
 using maintenance::ParameterBoxes;
+using maintenance::ParameterSwitch;
 using maintenance::ValueBox;
-using wire::SwitchBlock;
 
+/// The check boxes stand behind the record's boxes.
 constexpr std::size_t kFirstSwitch = 12;
-/// The check boxes stand behind the record's boxes. `Ignore_box` has its say over `Use_Board`, so
-/// it is typed first.
-constexpr std::array<std::string_view, 3> kSwitchNames{"Ignore_flip", "Ignore_box", "Use_Board"};
-constexpr std::array<bool SwitchBlock::*, 3> kSwitches{
-    &SwitchBlock::IgnoreFlip, &SwitchBlock::IgnoreBox, &SwitchBlock::UseBoard};
-constexpr std::array<void (ParameterBoxes::*)(bool), 3> kSetters{
-    &ParameterBoxes::SetIgnore_flip, &ParameterBoxes::SetIgnore_box, &ParameterBoxes::SetUse_Board};
-
-using Names = std::array<std::string_view, maintenance::kParameters + kSwitchNames.size()>;
+using Names = std::array<std::string_view, maintenance::kParameters + kParameterSwitches.size()>;
 
 Names AllNames() {
   Names names{};
   auto* at = names.begin();
   for (std::size_t i = 0; i < maintenance::kParameters; ++i) {
-    if (i == kFirstSwitch) at = std::copy(kSwitchNames.begin(), kSwitchNames.end(), at);
+    if (i == kFirstSwitch) {
+      for (const ParameterSwitch& checkBox : kParameterSwitches) *at++ = checkBox.Name;
+    }
     *at++ = NameOf(static_cast<Parameter>(i));
   }
   return names;
@@ -42,10 +38,12 @@ std::optional<Parameter> BoxOf(std::string_view name) {
   return std::nullopt;
 }
 
-std::optional<std::size_t> SwitchOf(std::string_view name) {
-  const auto* const found = std::find(kSwitchNames.begin(), kSwitchNames.end(), name);
-  if (found == kSwitchNames.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - kSwitchNames.begin());
+/// Null: it is none.
+const ParameterSwitch* SwitchOf(std::string_view name) {
+  const auto* const found =
+      std::find_if(kParameterSwitches.begin(), kParameterSwitches.end(),
+                   [name](const ParameterSwitch& checkBox) { return checkBox.Name == name; });
+  return found == kParameterSwitches.end() ? nullptr : found;
 }
 
 /// Types the text and leaves the box. Whether it stands there then.
@@ -71,7 +69,7 @@ std::string WhyNot(const ParameterChange& change) {
   const std::string& name = change.Name;
   if (name == kParamIdName) return name + " is never written";
   if (name == kCardIndexName) return name + " is chosen with --index";
-  if (SwitchOf(name)) {
+  if (SwitchOf(name) != nullptr) {
     const bool takes = change.Value == "0" || change.Value == "1";
     return takes ? "" : name + " takes 0 or 1";
   }
@@ -95,7 +93,8 @@ std::string WhyNot(const ParameterChanges& changes) {
 
 bool Has(const Maintenance& console, std::string_view name) {
   const ParameterBoxes& boxes = console.Parameters().Boxes;
-  if (SwitchOf(name)) return name == "Use_Board" ? boxes.UseBoardKnown : boxes.SwitchesOn;
+  if (SwitchOf(name) != nullptr)
+    return name == "Use_Board" ? boxes.UseBoardKnown : boxes.SwitchesOn;
   const auto parameter = BoxOf(name);
   if (!parameter || boxes.Box(*parameter).Text().empty()) return false;
   switch (*parameter) {
@@ -110,7 +109,7 @@ bool Has(const Maintenance& console, std::string_view name) {
 }
 
 std::string ValueOf(const ParameterBoxes& boxes, std::string_view name) {
-  if (const auto which = SwitchOf(name)) return boxes.Switches().*kSwitches[*which] ? "1" : "0";
+  if (const auto* const which = SwitchOf(name)) return boxes.Switches().*which->Bit ? "1" : "0";
   const auto parameter = BoxOf(name);
   return parameter ? boxes.Box(*parameter).Text() : "";
 }
@@ -121,9 +120,10 @@ std::string Type(const ParameterChanges& changes, const Maintenance& console,
     if (!Has(console, change.Name)) return "this machine has no " + change.Name;
     if (const auto parameter = BoxOf(change.Name)) TypeInto(boxes.Box(*parameter), change.Value);
   }
-  for (std::size_t i = 0; i < kSwitchNames.size(); ++i) {
+  // `Ignore_box` has its say over `Use_Board`, so it is set first, wherever it stands.
+  for (const ParameterSwitch& checkBox : kParameterSwitches) {
     for (const ParameterChange& change : changes) {
-      if (change.Name == kSwitchNames[i]) (boxes.*kSetters[i])(change.Value == "1");
+      if (change.Name == checkBox.Name) (boxes.*checkBox.Set)(change.Value == "1");
     }
   }
   if (boxes.Switches().UseBoard && boxes.Switches().IgnoreBox) {

@@ -1,7 +1,6 @@
 #include "maintenance/parameter_boxes.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace morvane::maintenance {
 namespace {
@@ -67,12 +66,6 @@ constexpr std::array<Place<VideoBlock>, 3> kVideo{{
     {Parameter::Video_Brightness, &VideoBlock::Brightness},
     {Parameter::Video_Contrast, &VideoBlock::Contrast},
     {Parameter::Board_Sen, &VideoBlock::BoardSen},
-}};
-
-constexpr std::array<std::pair<bool wire::SwitchBlock::*, std::string_view>, 3> kSwitches{{
-    {&wire::SwitchBlock::IgnoreFlip, "Ignore_flip"},
-    {&wire::SwitchBlock::IgnoreBox, "Ignore_box"},
-    {&wire::SwitchBlock::UseBoard, "Use_Board"},
 }};
 
 template <typename Block, std::size_t N>
@@ -150,8 +143,8 @@ std::string ParameterBoxes::DiffersFrom(const ParameterBoxes& other) const {
   for (std::size_t i = 0; i < kParameters; ++i) {
     name(boxes_[i].Value() != other.boxes_[i].Value(), kRows[i].Name);
   }
-  for (const auto& [checkBox, what] : kSwitches) {
-    name(switches_.*checkBox != other.switches_.*checkBox, what);
+  for (const ParameterSwitch& checkBox : kParameterSwitches) {
+    name(switches_.*checkBox.Bit != other.switches_.*checkBox.Bit, checkBox.Name);
   }
   return names;
 }

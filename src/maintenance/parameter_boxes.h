@@ -92,4 +92,16 @@ class ParameterBoxes {
   wire::SwitchBlock taken_;  ///< as they came from the machine
 };
 
+/// A check box of the parameter block, by the system's name.
+struct ParameterSwitch {
+  std::string_view Name;
+  bool wire::SwitchBlock::*Bit;
+  void (ParameterBoxes::*Set)(bool);
+};
+inline constexpr std::array<ParameterSwitch, 3> kParameterSwitches{{
+    {"Ignore_flip", &wire::SwitchBlock::IgnoreFlip, &ParameterBoxes::SetIgnore_flip},
+    {"Ignore_box", &wire::SwitchBlock::IgnoreBox, &ParameterBoxes::SetIgnore_box},
+    {"Use_Board", &wire::SwitchBlock::UseBoard, &ParameterBoxes::SetUse_Board},
+}};
+
 }  // namespace morvane::maintenance
