@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QTabWidget>
@@ -14,6 +15,7 @@
 #include "machine/open_link.h"
 #include "maintenance/maintenance.h"
 #include "maintenance/ui/maintenance_window.h"
+#include "platform/qt/spoken.h"
 #include "simulator/simulated_machine.h"
 #include "support/bridge_tap.h"
 #include "support/qt_desk.h"
@@ -106,6 +108,24 @@ class ConsoleDesk : public ::testing::Test {
     const QWidget* focus = window->focusWidget();
     return focus == nullptr ? "" : focus->objectName().toStdString();
   }
+
+  // Of what is always in sight.
+  [[nodiscard]] std::string Caption(const char* name) const {
+    return QString::fromStdString(Text(name)).remove('&').toStdString();
+  }
+  /// Of an indicator; empty for the window's own.
+  [[nodiscard]] std::string Ground(const char* name) const {
+    const auto& label = test::Find<QLabel>(*window, name);
+    return label.autoFillBackground() ? label.palette().color(QPalette::Window).name().toStdString()
+                                      : "";
+  }
+  [[nodiscard]] std::string Word(const char* name) const {
+    return Text((std::string(name) + "_word").c_str());
+  }
+  [[nodiscard]] std::string SpokenBy(const char* name) const {
+    return dynamic_cast<Spoken&>(test::Find<QWidget>(*window, name)).SpokenText().toStdString();
+  }
+  [[nodiscard]] int Outputs() { return simulated.Opened().Outputs(); }
 
  private:
   void Note(const wire::Frame& frame) {

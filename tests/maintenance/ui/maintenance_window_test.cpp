@@ -1,15 +1,10 @@
 #include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QPlainTextEdit>
 
 #include "maintenance/ui/console_desk.h"
-#include "maintenance/ui/service_widgets.h"
-#include "maintenance/ui/trace_line.h"
-#include "platform/qt/spoken.h"
 
-// The console's window: opening, what is always in sight, the pages without parameters, and
-// leaving.
+// The console's window: opening, the pages without parameters, and leaving.
 
 namespace morvane::maintenance {
 namespace {
@@ -21,20 +16,6 @@ using ::testing::SizeIs;
 class MaintenanceWindowTest : public ConsoleDesk {
  protected:
   using ConsoleDesk::ConsoleDesk;
-  std::string Caption(const char* name) {
-    return QString::fromStdString(Text(name)).remove('&').toStdString();
-  }
-  /// Of an indicator; empty for the window's own.
-  std::string Ground(const char* name) {
-    const auto& label = test::Find<QLabel>(*window, name);
-    return label.autoFillBackground() ? label.palette().color(QPalette::Window).name().toStdString()
-                                      : "";
-  }
-  std::string Word(const char* name) { return Text((std::string(name) + "_word").c_str()); }
-  std::string SpokenBy(const char* name) {
-    return dynamic_cast<Spoken&>(test::Find<QWidget>(*window, name)).SpokenText().toStdString();
-  }
-  int Outputs() { return simulated.Opened().Outputs(); }
 };
 
 TEST_F(MaintenanceWindowTest, HasItsNamesAndItsCaptions) {
@@ -101,176 +82,6 @@ TEST_F(MaintenanceWindowTest, AKeyPressedAtTheStartSwitchesNothingOn) {
   EXPECT_FALSE(console.Closed());
 }
 
-TEST_F(MaintenanceWindowTest, APhotoSensorTellsItsValueByAWordAndByColour) {
-  Contact();
-  simulated.Opened().Cover(2, true);
-  Polls();
-  EXPECT_EQ(Text("Photo2"), "210");
-  EXPECT_EQ(Word("Photo2"), "covered");
-  EXPECT_EQ(Ground("Photo2"), "#80ff80");
-  EXPECT_EQ(SpokenBy("Photo2"), "210, covered");
-  EXPECT_EQ(Text("Photo1"), "35");
-  EXPECT_EQ(Word("Photo1"), "free");
-  EXPECT_EQ(Ground("Photo1"), "");
-}
-
-TEST_F(MaintenanceWindowTest, SwitchesAreOnOrOff) {
-  Contact();
-  simulated.Opened().Set(simulator::Sensors::Switch::Front, true);
-  simulated.Opened().Set(simulator::Sensors::Switch::Cover, false);
-  simulated.InsertBoard(7);
-  Polls();
-  EXPECT_EQ(Text("Front_Switch"), "ON");
-  EXPECT_EQ(Ground("Front_Switch"), "#80ff80");
-  EXPECT_EQ(Text("Cover_Switch"), "OFF");
-  EXPECT_EQ(Ground("Cover_Switch"), "");
-  EXPECT_EQ(Text("Box_Switch"), "ON");
-  EXPECT_EQ(Text("Board_no_txt"), "7");
-  EXPECT_NE(Text("Board_no_test_txt"), "");
-}
-
-TEST_F(MaintenanceWindowTest, TheFlipPlateNeedsTheLightOfTheCamera) {
-  Contact();
-  EXPECT_EQ(Text("Flip_Switch"), "");
-  EXPECT_EQ(Word("Flip_Switch"), "LEDs off");
-  Click("Cam_leds");
-  Polls();
-  EXPECT_EQ(Text("Flip_Switch"), "ON");
-  EXPECT_EQ(Word("Flip_Switch"), "");
-  EXPECT_EQ(Ground("Flip_Switch"), "#80ff80");
-  simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
-  Polls();
-  EXPECT_EQ(Text("Flip_Switch"), "OFF");
-  EXPECT_EQ(Ground("Flip_Switch"), "#ff4040");
-}
-
-TEST_F(MaintenanceWindowTest, AMotorStandsOrRunsAtTheRightOrTheWrongSpeed) {
-  Contact();
-  EXPECT_EQ(Text("Motor_speed_1"), "0");
-  EXPECT_EQ(Word("Motor_speed_1"), "stands");
-  EXPECT_EQ(Ground("Motor_speed_1"), "#ffffff");
-  simulated.Opened().SetSpeed(3, 9000);
-  Click("Motors");
-  desk.Loop.WaitMs(10'000);  // they run up
-  EXPECT_EQ(Word("Motor_speed_1"), "right speed");
-  EXPECT_EQ(Ground("Motor_speed_1"), "#80ff80");
-  EXPECT_EQ(Text("Motor_speed_3"), "9000");
-  EXPECT_EQ(Word("Motor_speed_3"), "wrong speed");
-  EXPECT_EQ(Ground("Motor_speed_3"), "#ff4040");
-  EXPECT_EQ(SpokenBy("Motor_speed_3_trace"), "0 to 9000 in the last half minute");
-}
-
-TEST_F(MaintenanceWindowTest, TheTraceForgetsWhatIsOlderThanHalfAMinute) {
-  Contact();
-  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "24 to 24 in the last half minute");
-  simulated.Opened().SetSupply(231);
-  desk.Loop.WaitMs(1000);
-  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "23.1 to 24 in the last half minute");
-  desk.Loop.WaitMs(31'000);
-  EXPECT_EQ(SpokenBy("Supply_volt_trace"), "23.1 to 23.1 in the last half minute");
-}
-
-TEST_F(MaintenanceWindowTest, APollPlacesNothingAnew) {
-  struct Counter final : QObject {
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-      if (event->type() == QEvent::LayoutRequest) ++Requests;
-      return false;
-    }
-    int Requests = 0;
-  } counter;
-  Contact();
-  qApp->installEventFilter(&counter);
-  for (int volts = 200; volts < 240; ++volts) {
-    simulated.Opened().SetSupply(volts);
-    simulated.Opened().Cover(1, volts % 2 == 0);
-    desk.Loop.WaitMs(100);
-  }
-  EXPECT_EQ(counter.Requests, 0);
-  EXPECT_EQ(Text("Supply_volt"), "23.9");
-}
-
-TEST_F(MaintenanceWindowTest, EachCheckBoxSwitchesItsOutput) {
-  Contact();
-  const std::vector<std::pair<const char*, int>> outputs{{"Motors", 1},
-                                                         {"Gate1", 2},
-                                                         {"Gate2", 4},
-                                                         {"Gate3", 8},
-                                                         {"Cam_leds", 16},
-                                                         {"Cam_power", 32},
-                                                         {"Front_green_led", 64},
-                                                         {"Front_Red_Led", 128}};
-  for (const auto& [name, bit] : outputs) {
-    Click(name);
-    Polls();
-    EXPECT_EQ(Outputs(), bit) << name;
-    Click(name);
-    Polls();
-    EXPECT_EQ(Outputs(), 0) << name;
-  }
-}
-
-TEST_F(MaintenanceWindowTest, OutputsAreSwitchedByTheirLetters) {
-  Contact();
-  PressLetter(Qt::Key_M, "Motors");
-  PressLetter(Qt::Key_2, "Gate2");
-  PressLetter(Qt::Key_N, "Front_Red_Led");
-  Polls();
-  EXPECT_EQ(Outputs(), 1 + 4 + 128);
-  PressLetter(Qt::Key_M, "Motors");
-  Polls();
-  EXPECT_EQ(Outputs(), 4 + 128);
-}
-
-TEST_F(MaintenanceWindowTest, EnterOnACheckBoxDoesNothing) {
-  Contact();
-  TypeInto("pos_x", "61");
-  Focus("Gate1");
-  Press(Qt::Key_Return);
-  Polls();
-  EXPECT_EQ(Text("pos_x"), "61") << "nothing was read from the machine";
-  EXPECT_EQ(Outputs(), 0);
-  EXPECT_EQ(feeds, 0);
-  EXPECT_FALSE(console.Closed());
-}
-
-TEST_F(MaintenanceWindowTest, FeedCardMovesOneCard) {
-  Contact();
-  Click("Feed_card");
-  Polls();
-  EXPECT_EQ(feeds, 1);
-  PressLetter(Qt::Key_F, "Feed_card");
-  EXPECT_EQ(feeds, 2);
-  Polls();
-  EXPECT_EQ(Text("Reco_error"), "OK") << "the machine has told what it took the card for";
-}
-
-TEST_F(MaintenanceWindowTest, WhatTheLastCardWasTakenForIsShown) {
-  Contact();
-  EXPECT_EQ(Text("Symbol") + Text("Suit") + Text("Threshold") + Text("Reco_error"), "");
-  wire::Frame verdict{};
-  wire::Put(wire::VerdictReply{.Time = 300, .Rank = 13, .Suit = 2, .Threshold = 45, .Error = 0},
-            verdict);
-  EXPECT_TRUE(machine.OnUnasked(verdict));
-  Polls();
-  EXPECT_EQ(Text("Symbol"), "K");
-  EXPECT_EQ(Text("Suit"), "H");
-  EXPECT_EQ(Text("Threshold"), "45");
-  EXPECT_EQ(Text("Reco_time"), "300");
-  EXPECT_EQ(Text("Reco_error"), "OK");
-}
-
-TEST_F(MaintenanceWindowTest, EnterHeldDownFeedsOneCard) {
-  Contact();
-  Focus("Feed_card");
-  Press(Qt::Key_Return);
-  for (int i = 0; i < 5; ++i) {
-    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-    QApplication::sendEvent(&test::Find<QWidget>(*window, "Feed_card"), &held);
-  }
-  Polls();
-  EXPECT_EQ(feeds, 1);
-}
-
 TEST_F(MaintenanceWindowTest, TheIdentityIsReadAndCopied) {
   Contact();
   Page(kIdentityPage);
@@ -304,21 +115,6 @@ TEST_F(MaintenanceWindowTest, ServiceLevelOneHasTheFocus) {
   for (const char* name : {"Advance", "Test", "Test_write", "GateTest"}) {
     EXPECT_FALSE(There(name)) << name;
   }
-}
-
-TEST_F(MaintenanceWindowTest, TheGateTestCountsItsRounds) {
-  Service(2);
-  Contact();
-  EXPECT_EQ(Text("GateTestText"), "");
-  PressLetter(Qt::Key_A, "GateTest");
-  Polls();
-  EXPECT_GE(std::stoi(Text("GateTestText")), 2);
-  Click("GateTest");
-  Polls();
-  const std::string rounds = Text("GateTestText");
-  Polls();
-  EXPECT_EQ(Text("GateTestText"), rounds);
-  EXPECT_EQ(Outputs(), 0);
 }
 
 TEST_F(MaintenanceWindowTest, TheDiagnosisIsAskedForWhenItsBoxIsEmpty) {
@@ -402,7 +198,7 @@ TEST_F(MaintenanceWindowTest, DuringAnExchangeTheWindowGoesWhenThatIsOver) {
       EXPECT_FALSE(console.Closed());
       EXPECT_TRUE(window->isVisible());
     });
-    test::Press(box, Qt::Key_Y, Qt::AltModifier);
+    static_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
   });
   desk.AnswerBox(QMessageBox::Ok);
   Click("save_param");
@@ -472,30 +268,6 @@ TEST_F(WithoutFirmware, OnlyDownloadIsThereAndALineSaysWhy) {
   Press(Qt::Key_Escape);
   EXPECT_TRUE(console.Closed());
   EXPECT_THAT(desk.Boxes, IsEmpty());
-}
-
-/// Too old to tell of its motors.
-class OldFirmware : public MaintenanceWindowTest {
- protected:
-  OldFirmware() : MaintenanceWindowTest(MachineOf(0x1F, 0)) {}
-};
-
-TEST_F(OldFirmware, WhatItDoesNotTellStaysEmpty) {
-  Contact();
-  EXPECT_EQ(Text("Photo1"), "35");
-  for (const char* name :
-       {"Motor_speed_1", "Motor_speed_4", "Inside_temp", "Supply_volt", "Flip_Switch"}) {
-    EXPECT_EQ(Text(name), "") << name;
-    EXPECT_EQ(Ground(name), "") << name;
-  }
-  EXPECT_EQ(Word("Flip_Switch"), "");
-  EXPECT_EQ(SpokenBy("Inside_temp_trace"), "");
-}
-
-TEST(ServiceColours, AreTheRequiredOnes) {
-  EXPECT_EQ(kGoodGround, QColor(0x80, 0xFF, 0x80));
-  EXPECT_EQ(kBadGround, QColor(0xFF, 0x40, 0x40));
-  EXPECT_EQ(kStillGround, QColor(0xFF, 0xFF, 0xFF));
 }
 
 }  // namespace
