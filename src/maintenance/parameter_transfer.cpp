@@ -1,6 +1,5 @@
 #include "maintenance/parameter_transfer.h"
 
-#include "machine/gates.h"
 #include "wire/service_commands.h"
 
 namespace morvane::maintenance {
@@ -54,6 +53,11 @@ bool SendParameters(ServiceLink& link, const machine::Machine& machine, CardInde
   // The suit comes behind the switches: required.
   return Write(link, index, boxes.Positions()) && Write(link, index, boxes.Symbol()) &&
          Write(link, index, boxes.Switches()) && Write(link, index, boxes.Suit());
+}
+
+const machine::VersionGate* GateOf(Parameter parameter) {
+  if (parameter < Parameter::Bold_th_txt) return nullptr;
+  return parameter < Parameter::Video_Brightness ? &kThresholdGate : &kVideoGate;
 }
 
 /// No comma parts the digit of the index from the first number: required.

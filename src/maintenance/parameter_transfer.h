@@ -20,6 +20,9 @@ bool ReadParameters(ServiceLink& link, const machine::Machine& machine, wire::Ca
 bool SendParameters(ServiceLink& link, const machine::Machine& machine, wire::CardIndex index,
                     ParameterBoxes& boxes);
 
+/// Since which firmware a machine has the box; null: every one has it.
+[[nodiscard]] const machine::VersionGate* GateOf(Parameter parameter);
+
 /// What the log says of the values.
 [[nodiscard]] std::string ParametersText(const ParameterBoxes& boxes, wire::CardIndex index);
 

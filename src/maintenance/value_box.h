@@ -30,8 +30,10 @@ class ValueBox {
   [[nodiscard]] const std::string& Text() const { return text_; }
   /// An empty box counts as 0.
   [[nodiscard]] int Value() const;
+  /// The machine has told its value.
+  [[nodiscard]] bool Known() const { return !taken_.empty(); }
   /// Another number than the machine's stands in it.
-  [[nodiscard]] bool Edited() const { return !taken_.empty() && text_ != taken_; }
+  [[nodiscard]] bool Edited() const { return Known() && text_ != taken_; }
 
  private:
   BoxLimits limits_;

@@ -64,6 +64,16 @@ TEST(ValueBox, TooLowANumberStandsUntilTheBoxIsLeft) {
   EXPECT_EQ(position.Text(), "1");
 }
 
+TEST(ValueBox, IsKnownOnceTheMachineHasToldItsValue) {
+  ValueBox box;
+  EXPECT_FALSE(box.Known());
+  Typed(box, "8");
+  EXPECT_FALSE(box.Known());
+  EXPECT_FALSE(box.Edited()) << "there is nothing that it differs from";
+  box.Take(0);
+  EXPECT_TRUE(box.Known());
+}
+
 TEST(ValueBox, IsEditedWhereItDiffersFromTheMachine) {
   ValueBox box;
   box.Take(7);

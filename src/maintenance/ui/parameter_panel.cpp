@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "maintenance/maintenance.h"
+#include "maintenance/parameter_transfer.h"
 #include "maintenance/ui/option_group.h"
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/value_edit.h"
@@ -15,6 +16,7 @@
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_text.h"
 #include "platform/qt/shown_value.h"
+#include "text/text.h"
 
 namespace morvane::maintenance {
 namespace {
@@ -25,6 +27,16 @@ constexpr const char* kEditedText = "Not written yet: bold";
 void AddHead(QGridLayout& grid, const char* first, const char* second, QWidget* parent) {
   grid.addWidget(new QLabel(first, parent), 0, 1, Qt::AlignHCenter);
   grid.addWidget(new QLabel(second, parent), 0, 2, Qt::AlignHCenter);
+}
+
+/// Why nobody can type in the box though the machine is known; empty: one can.
+QString WhyOff(const Maintenance& maintenance, Parameter parameter) {
+  if (maintenance.Parameters().Boxes.Box(parameter).Known()) return {};
+  const machine::VersionGate* gate = GateOf(parameter);
+  if (gate == nullptr || Passes(maintenance.TheMachine(), *gate)) {
+    return "The machine has not told this value; read again";
+  }
+  return "Machines have this since firmware 2." + ToQt(Hex2(gate->Minor));
 }
 
 }  // namespace
@@ -201,9 +213,11 @@ void ParameterPanel::Show() {
   const ServiceControls& now = maintenance_.Controls();
   index_->setEnabled(now.MachineKnown);
   index_->Show(maintenance_.Parameters().CardSelection.CardIndex);
-  for (ValueEdit* box : boxes_) {
-    box->setEnabled(now.MachineKnown);
-    box->Show();
+  for (std::size_t i = 0; i < kParameters; ++i) {
+    const QString whyOff = WhyOff(maintenance_, static_cast<Parameter>(i));
+    boxes_[i]->setEnabled(now.MachineKnown && whyOff.isEmpty());
+    boxes_[i]->setToolTip(now.MachineKnown ? whyOff : "");
+    boxes_[i]->Show();
   }
   video_->setVisible(now.Video);
   boardSwitch_->setVisible(now.Board_Sen);

@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <array>
 
 #include "maintenance/ui/console_desk.h"
 
@@ -282,6 +283,41 @@ TEST_F(OldSwitches, AreOff) {
   }
   EXPECT_EQ(Text("Bold_th_txt"), "") << "never read";
   EXPECT_TRUE(Enabled("save_param"));
+}
+
+/// The hardware has a board switch to set, 2.43 has no threshold yet.
+class BeforeTheThresholds : public ParameterPage {
+ protected:
+  explicit BeforeTheThresholds(std::uint8_t minor = 0x43) : ParameterPage(MachineOf(minor)) {}
+  static constexpr std::array kThresholds{"Bold_th_txt", "Bold_th1_txt", "Fine_th_txt",
+                                          "Fine_th1_txt", "Reco_option_txt"};
+  /// Why nobody can type in it; empty: one can.
+  [[nodiscard]] std::string WhyOff(const char* name) const {
+    const auto& box = test::Find<QWidget>(*window, name);
+    EXPECT_TRUE(box.isVisible()) << name;
+    EXPECT_EQ(box.isEnabled(), box.toolTip().isEmpty()) << name;
+    return box.toolTip().toStdString();
+  }
+};
+
+TEST_F(BeforeTheThresholds, WhatTheMachineHasNotIsOffAndSaysSinceWhen) {
+  Contact();
+  for (const char* name : kThresholds) {
+    EXPECT_EQ(WhyOff(name), "Machines have this since firmware 2.44") << name;
+  }
+  EXPECT_EQ(WhyOff("Board_Sen"), "Machines have this since firmware 2.80");
+  EXPECT_EQ(WhyOff("pos_x") + WhyOff("Suit_y_max"), "");
+}
+
+class WithThresholds : public BeforeTheThresholds {
+ protected:
+  WithThresholds() : BeforeTheThresholds(0x44) {}
+};
+
+TEST_F(WithThresholds, OnlyTheBoardSwitchIsOff) {
+  Contact();
+  for (const char* name : kThresholds) EXPECT_EQ(WhyOff(name), "") << name;
+  EXPECT_EQ(WhyOff("Board_Sen"), "Machines have this since firmware 2.80");
 }
 
 /// 2.69.
