@@ -10,7 +10,7 @@ namespace morvane::maintenance {
 
 OptionGroup::OptionGroup(const char* caption, int columns, std::initializer_list<Option> options,
                          std::function<void(int)> chosen, QWidget* parent)
-    : QGroupBox(caption, parent) {
+    : QGroupBox(caption, parent), chosen_(std::move(chosen)) {
   QGridLayout* const grid = NewGrid(this);
   int place = 0;
   for (const Option& option : options) {
@@ -21,7 +21,16 @@ OptionGroup::OptionGroup(const char* caption, int columns, std::initializer_list
     ++place;
   }
   grid->setColumnStretch(columns, 1);
-  connect(&buttons_, &QButtonGroup::idClicked, this, std::move(chosen));
+  connect(&buttons_, &QButtonGroup::idClicked, this, [this](int option) { Click(option); });
+}
+
+void OptionGroup::Show(int option) {
+  option_ = option;
+  buttons_.button(option)->setChecked(true);
+}
+
+void OptionGroup::Click(int option) {
+  if (std::exchange(option_, option) != option) chosen_(option);
 }
 
 }  // namespace morvane::maintenance

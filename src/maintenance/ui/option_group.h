@@ -14,14 +14,19 @@ class OptionGroup final : public QGroupBox {
     const char* Name;
     const char* Caption;
   };
-  /// `chosen` gets the place of the option among them, from 0.
+  /// `chosen` gets the place of the option among them, from 0; not of the one that is chosen
+  /// already.
   OptionGroup(const char* caption, int columns, std::initializer_list<Option> options,
               std::function<void(int)> chosen, QWidget* parent);
 
-  void Show(int option) { buttons_.button(option)->setChecked(true); }
+  void Show(int option);
 
  private:
+  void Click(int option);
+
   QButtonGroup buttons_;
+  const std::function<void(int)> chosen_;
+  int option_ = -1;  ///< the one that is chosen
 };
 
 }  // namespace morvane::maintenance

@@ -244,6 +244,17 @@ TEST_F(ParameterPage, QuittingWithEditsAsksNothing) {
   EXPECT_THAT(desk.Boxes, IsEmpty());
 }
 
+TEST_F(ParameterPage, TheIndexThatIsChosenAlreadyIsNotReadAgain) {
+  Contact();
+  TypeInto("start_x", "99");
+  Click("Card_Index_st");
+  EXPECT_EQ(Text("start_x"), "99");
+  Click("Card_Index_sm");
+  EXPECT_EQ(Text("param_ID"), "1003");
+  Click("Card_Index_st");
+  EXPECT_EQ(Text("start_x"), "64");
+}
+
 /// Hardware bits 5, 6 and 3 are clear.
 class PlainHardware : public ParameterPage {
  protected:
