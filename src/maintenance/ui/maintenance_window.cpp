@@ -1,5 +1,6 @@
 #include "maintenance/ui/maintenance_window.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -54,7 +55,7 @@ MaintenanceWindow::MaintenanceWindow(Program& program, Maintenance& maintenance,
   row->setSpacing(0);
   row->addWidget(live);
   row->addLayout(column, 1);
-  for (auto* button : findChildren<QPushButton*>()) button->installEventFilter(this);
+  for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
   resize(sizeHint().expandedTo(kComfortable));
   FitToScreen(*this);
   tabs_->tabBar()->setFocus();  // a key pressed by mistake there switches nothing on
@@ -151,8 +152,18 @@ void MaintenanceWindow::keyPressEvent(QKeyEvent* event) {
   QDialog::keyPressEvent(event);
 }
 
+/// Every key is offered here before it works as the letter of a button.
+bool MaintenanceWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    keyHeld_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  }
+  return QDialog::event(event);
+}
+
+/// Held down, neither Enter nor a letter presses again.
 bool MaintenanceWindow::eventFilter(QObject* button, QEvent* event) {
-  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
+  const bool heldLetter = keyHeld_ && event->type() == QEvent::Shortcut;
+  return heldLetter || IsHeldEnter(*event) || QDialog::eventFilter(button, event);
 }
 
 }  // namespace morvane::maintenance

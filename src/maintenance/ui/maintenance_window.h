@@ -41,6 +41,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   bool eventFilter(QObject* button, QEvent* event) override;
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -63,6 +64,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   IdentityPanel* identity_ = nullptr;
   DeveloperPanel* developer_ = nullptr;
   QPushButton* Download_ = nullptr;
+  bool keyHeld_ = false;  ///< the last key came of one that is held down
 };
 
 }  // namespace morvane::maintenance

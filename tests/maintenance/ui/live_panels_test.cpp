@@ -183,6 +183,27 @@ TEST_F(LivePanels, EnterHeldDownFeedsOneCard) {
   EXPECT_EQ(feeds, 1);
 }
 
+TEST_F(LivePanels, ALetterHeldDownPressesOnce) {
+  Contact();
+  feeds = 0;
+  PressLetter(Qt::Key_F, "Feed_card");
+  PressLetter(Qt::Key_M, "Motors");
+  const auto hold = [this](Qt::Key letter, const char* name) {
+    QTest::simulateEvent(window->windowHandle(), true, letter, Qt::AltModifier, "", true);
+    const auto& button = test::Find<QAbstractButton>(*window, name);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !button.isDown(); }));
+  };
+  for (int i = 0; i < 3; ++i) {
+    hold(Qt::Key_F, "Feed_card");
+    hold(Qt::Key_M, "Motors");
+  }
+  Polls();
+  EXPECT_EQ(feeds, 1);
+  EXPECT_EQ(Outputs(), 1);
+  PressLetter(Qt::Key_F, "Feed_card");
+  EXPECT_EQ(feeds, 2) << "pressed anew";
+}
+
 TEST_F(LivePanels, TheGateTestCountsItsRounds) {
   Service(2);
   Contact();
