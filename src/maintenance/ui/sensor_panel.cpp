@@ -105,9 +105,9 @@ QGroupBox* SensorPanel::MakeInside() {
   auto* group = new QGroupBox("Inside", this);
   auto* row = RowOf(group);
   Inside_temp_ = new SensorCell(
-      {"Inside_temp", "Temperature \u00B0C", "Temperature inside", "-123.4", {}, {}}, group);
+      {"Inside_temp", "Temperature \u00B0C", "Temperature inside", "88888.8", {}, {}}, group);
   Inside_temp_->AddTrace({4, {}});
-  Supply_volt_ = new SensorCell({"Supply_volt", "Supply V", "Supply", "123.4", {}, {}}, group);
+  Supply_volt_ = new SensorCell({"Supply_volt", "Supply V", "Supply", "8888.8", {}, {}}, group);
   Supply_volt_->AddTrace({2, {}});
   row->addWidget(Inside_temp_);
   row->addWidget(Supply_volt_);

@@ -204,6 +204,18 @@ TEST_F(LivePanels, ALetterHeldDownPressesOnce) {
   EXPECT_EQ(feeds, 2) << "pressed anew";
 }
 
+/// What the formulas give for a raw 65535.
+TEST_F(LivePanels, NoReadingIsCutHoweverSenseless) {
+  Open();
+  for (const auto& [name, text] :
+       {std::pair("Inside_temp", "10810.1"), std::pair("Supply_volt", "2502.7")}) {
+    const auto& label = test::Find<QLabel>(*window, name);
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(text),
+              label.contentsRect().width() - 2 * label.margin())
+        << name;
+  }
+}
+
 TEST_F(LivePanels, TheGateTestCountsItsRounds) {
   Service(2);
   Contact();
