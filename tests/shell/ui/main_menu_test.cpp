@@ -42,7 +42,7 @@ TEST_F(Menu, EntriesWithoutAFlowAreDisabled) {
   }
   EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
                                    "menuDeal", "menuRead", "menuSort", "menuEdit", "Analize",
-                                   "menuPrint", "menuPoker", "cmdPref"));
+                                   "menuPrint", "cmdMaintenance", "menuPoker", "cmdPref"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {
