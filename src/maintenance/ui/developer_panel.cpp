@@ -1,6 +1,7 @@
 #include "maintenance/ui/developer_panel.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
