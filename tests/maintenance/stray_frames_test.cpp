@@ -21,7 +21,7 @@ class Strays : public ConsoleDesk {
   /// The reply to frame `slow` comes only when that has been asked again; the one to the question's
   /// repetition comes then in front of the reply to the next question.
   void ReplySlowlyTo(int slow) {
-    Damage = [this, slow, frame = 0, second = Bytes{}](const Bytes&, Bytes wire) mutable {
+    Damage = [slow, frame = 0, second = Bytes{}](const Bytes&, Bytes wire) mutable {
       const int number = frame++;
       if (number == slow) return Bytes{};
       if (number == slow + 1) second = wire;
