@@ -1,7 +1,6 @@
 #include "cli/service_lines.h"
 
 #include <array>
-#include <utility>
 
 #include "cli/parameter_changes.h"
 #include "text/printable.h"
@@ -12,21 +11,6 @@ namespace {
 using maintenance::Identity;
 using maintenance::Parameter;
 using maintenance::Readings;
-
-constexpr std::array<std::pair<std::string_view, std::string Identity::*>, 12> kIdentity{{
-    {"Serial_number", &Identity::Serial_number},
-    {"Boards_dealed", &Identity::Boards_dealed},
-    {"Manuf_date", &Identity::Manuf_date},
-    {"Hardware_ID", &Identity::Hardware_ID},
-    {"Soft_ver", &Identity::Soft_ver},
-    {"Down_ID", &Identity::Down_ID},
-    {"txtUSB_ID", &Identity::txtUSB_ID},
-    {"Flash_ID_text", &Identity::Flash_ID_text},
-    {"USB_driver", &Identity::USB_driver},
-    {"DLLver", &Identity::DLLver},
-    {"Boot_ver", &Identity::Boot_ver},
-    {"FPGA_ver", &Identity::FPGA_ver},
-}};
 
 /// By their bits.
 constexpr std::array<std::string_view, 8> kOutputs{"Motors",          "Gate1",        "Gate2",
@@ -61,8 +45,8 @@ std::string TextOf(const ServiceLines& lines) {
 
 ServiceLines IdentityLines(const Identity& identity) {
   ServiceLines lines;
-  for (const auto& [name, member] : kIdentity) {
-    lines.push_back({std::string(name), identity.*member});
+  for (const auto& [name, text] : maintenance::kIdentityTexts) {
+    lines.push_back({std::string(name), identity.*text});
   }
   return lines;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "maintenance/service_link.h"
 
@@ -25,6 +27,28 @@ struct Identity {
   /// What the version reply and the link say.
   void TakeVersion(const machine::Machine& machine);
 };
+
+/// A text of the identity, by the system's name for its box.
+struct IdentityText {
+  std::string_view Name;
+  std::string Identity::*Text;
+};
+/// In the order in which they are told; the log has the first `kLoggedIdentity`.
+inline constexpr std::array<IdentityText, 12> kIdentityTexts{{
+    {"Serial_number", &Identity::Serial_number},
+    {"Boards_dealed", &Identity::Boards_dealed},
+    {"Manuf_date", &Identity::Manuf_date},
+    {"Hardware_ID", &Identity::Hardware_ID},
+    {"Soft_ver", &Identity::Soft_ver},
+    {"Down_ID", &Identity::Down_ID},
+    {"txtUSB_ID", &Identity::txtUSB_ID},
+    {"Flash_ID_text", &Identity::Flash_ID_text},
+    {"USB_driver", &Identity::USB_driver},
+    {"DLLver", &Identity::DLLver},
+    {"Boot_ver", &Identity::Boot_ver},
+    {"FPGA_ver", &Identity::FPGA_ver},
+}};
+inline constexpr std::size_t kLoggedIdentity = 10;
 
 // Each false: the link is lost, which the operator has been told.
 

@@ -149,13 +149,10 @@ void Maintenance::TakeDownload() {
 
 void Maintenance::TellBasicInfo() {
   if (poll_.StatusAnswers() != kAnswersBeforeInfo) return;
-  const Identity& id = identity_;
+  std::string line = "   Basic info: ";
+  for (std::size_t i = 0; i < kLoggedIdentity; ++i) line += identity_.*kIdentityTexts[i].Text + ",";
   const Readings& now = poll_.Now();
-  program_.Log.WriteLine("   Basic info: " + id.Serial_number + "," + id.Boards_dealed + "," +
-                         id.Manuf_date + "," + id.Hardware_ID + "," + id.Soft_ver + "," +
-                         id.Down_ID + "," + id.txtUSB_ID + "," + id.Flash_ID_text + "," +
-                         id.USB_driver + "," + id.DLLver + "," + now.Inside_temp.Text + "," +
-                         now.Supply_volt.Text);
+  program_.Log.WriteLine(line + now.Inside_temp.Text + "," + now.Supply_volt.Text);
 }
 
 bool Maintenance::TakeUnasked(const wire::Frame& frame) {

@@ -64,9 +64,8 @@ const machine::VersionGate* GateOf(Parameter parameter) {
 std::string ParametersText(const ParameterBoxes& boxes, CardIndex index) {
   std::string text = std::to_string(static_cast<int>(index));
   for (const Parameter parameter : kLoggedFirst) text += boxes.Box(parameter).Text() + ",";
-  const wire::SwitchBlock& switches = boxes.Switches();
-  for (const bool on : {switches.IgnoreFlip, switches.IgnoreBox, switches.UseBoard}) {
-    text += on ? "1," : "0,";
+  for (const ParameterSwitch& checkBox : kParameterSwitches) {
+    text += boxes.Switches().*checkBox.Bit ? "1," : "0,";
   }
   for (const Parameter parameter : kLoggedLast) text += boxes.Box(parameter).Text() + ",";
   return text + boxes.Box(Parameter::Board_Sen).Text();
