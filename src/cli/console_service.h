@@ -13,6 +13,12 @@ class ConsoleService : public maintenance::MaintenanceView {
  public:
   void ShowReadings() final { Polled(); }
   void ShowAll() final;
+  void ShowPicture() override {}
+  void Magnify() final {}
+  std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
+      maintenance::AutoSetup& /*setup*/) override {
+    return std::make_unique<maintenance::AutoSetupView>();
+  }
   void Close() override {}
 
  protected:

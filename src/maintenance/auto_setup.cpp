@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "maintenance/picture_fetch.h"
 #include "text/box_text.h"
 #include "wire/picture_commands.h"
 
@@ -58,7 +59,7 @@ void AutoSetup::Run(AutoSetupView& view) {
   }
   stage_ = Stage::kPicture;
   view.ShowSearch();
-  if (!FetchPicture(view)) return;
+  if (!TakePicture(view)) return;
   program_.Log.WriteLine("   AutoSetup OK for " + CardIndexName(cards_.CardIndex) + " " +
                          PlaceText(search_.At()));
   KeepRaisedLimits();
@@ -81,18 +82,16 @@ bool AutoSetup::Try() {
   return true;
 }
 
-bool AutoSetup::FetchPicture(AutoSetupView& view) {
+bool AutoSetup::TakePicture(AutoSetupView& view) {
   const SearchPosition& at = search_.At();
   link_.Ask(wire::PositionedCaptureCommand{OnTheWire(cards_.CardIndex), OnTheWire(at.pos_x),
                                            OnTheWire(at.pos_y)});
   pictures_.ImageMode = PictureStore::Kind::kGrey;
-  for (int y = 0; y < PixelPlane::kHeight; ++y) {
-    const auto line = link_.Ask(wire::PictureLineCommand{OnTheWire(y)});
-    if (!line) return false;
-    program_.Loop.Pump();
-    pictures_.Take(y, line->Pixels);
+  const auto shown = [&view](int /*line*/) {
     view.ShowPicture();
-  }
+    return true;
+  };
+  if (!FetchPicture(program_, link_, pictures_, shown)) return false;
   pictures_.DrawStartPoint(at.start_x, at.start_y);
   view.ShowPicture();
   return true;

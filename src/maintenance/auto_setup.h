@@ -5,6 +5,7 @@
 #include <string>
 
 #include "machine/card_settings.h"
+#include "maintenance/auto_setup_view.h"
 #include "maintenance/picture_store.h"
 #include "maintenance/service_link.h"
 #include "maintenance/setup_search.h"
@@ -17,16 +18,7 @@ struct HeightLimits {
   static constexpr int kSuit = 76;
   int Sym_y_max = 0;
   int Suit_y_max = 0;
-};
-
-/// What the search needs of its window; the calls say that something changed.
-class AutoSetupView {
- public:
-  virtual ~AutoSetupView() = default;
-  /// After each trial.
-  virtual void ShowSearch() = 0;
-  /// A line of the final picture has been painted.
-  virtual void ShowPicture() = 0;
+  bool operator==(const HeightLimits&) const = default;
 };
 
 /// The window `AutoSetup` without its looks: looks for the ten of spades and, where it is found,
@@ -54,7 +46,7 @@ class AutoSetup {
 
  private:
   bool Try();
-  bool FetchPicture(AutoSetupView& view);
+  bool TakePicture(AutoSetupView& view);
   void KeepRaisedLimits();
   void TellFailure();
 

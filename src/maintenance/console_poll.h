@@ -24,6 +24,8 @@ class ConsolePoll {
   /// `feed`: move one card past the camera. False: the link is lost, which the operator has been
   /// told.
   bool Poll(bool feed);
+  /// The outputs alone. False as above.
+  bool SendOutputs() { return AskOutputs(false); }
 
   [[nodiscard]] const Readings& Now() const { return readings_; }
   /// How many rounds of the gates the test has made: `GateTestText`.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "machine/gates.h"
+#include "maintenance/auto_setup_command.h"
 #include "text/box_text.h"
 #include "wire/service_commands.h"
 
@@ -17,14 +18,17 @@ constexpr int kAnswersBeforeInfo = 10;
 
 }  // namespace
 
-Maintenance::Maintenance(Program& program, Machine& machine,
+Maintenance::Maintenance(Program& program, Machine& machine, PictureStore& pictures,
                          std::function<void(const std::string&)> download)
     : program_(program),
       machine_(machine),
+      pictures_(pictures),
       download_(std::move(download)),
       link_(program, machine, [this] { Unload(); }),
       poll_(link_, machine, [this] { TellBasicInfo(); }),
-      parameters_(program, link_, machine) {
+      parameters_(program, link_, machine),
+      bench_(program, link_, machine, parameters_, pictures, *this),
+      developer_(link_, *this) {
   machine_.OnUnasked = [this](const wire::Frame& frame) { return TakeUnasked(frame); };
 }
 
@@ -157,7 +161,7 @@ void Maintenance::TellBasicInfo() {
 
 bool Maintenance::TakeUnasked(const wire::Frame& frame) {
   if (!wire::Answers<wire::VerdictReply>(wire::CodeOf(frame))) return false;
-  verdict_.Take(wire::Get<wire::VerdictReply>(frame));
+  bench_.Take(wire::Get<wire::VerdictReply>(frame));
   return true;
 }
 
@@ -174,39 +178,38 @@ void Maintenance::AtLink(const std::function<void()>& work, void (MaintenanceVie
   if (leaving_) Exit();
 }
 
+void Maintenance::AtMachine(const std::function<void()>& work) {
+  if (controls_.MachineKnown) AtLink(work);
+}
+
 void Maintenance::Feed_card() {
   if (!controls_.MachineKnown) return;
   AtLink([this] { poll_.Poll(true); }, &MaintenanceView::ShowReadings);
 }
 
 void Maintenance::Get_param() {
-  if (!controls_.MachineKnown) return;
-  AtLink([this] { parameters_.Read(); });
+  AtMachine([this] { parameters_.Read(); });
 }
 
 void Maintenance::save_param() {
   if (!parameters_.Known()) return;
-  AtLink([this] { parameters_.Save(); });
+  AtMachine([this] { parameters_.Save(); });
 }
 
 void Maintenance::SelectIndex(int index) {
-  if (!controls_.MachineKnown) return;
-  AtLink([this, index] { parameters_.SelectIndex(index); });
+  AtMachine([this, index] { parameters_.SelectIndex(index); });
 }
 
-void Maintenance::Test() {
-  if (!controls_.MachineKnown || !TestText.empty()) return;
-  AtLink([this] {
-    if (const auto reply = link_.Ask(wire::TestCommand{})) TestText = wire::DiagnosisText(*reply);
+void Maintenance::AutoSetup_command() {
+  AtMachine([this] {
+    AutoSetupCommand(program_, link_, machine_, poll_, parameters_, pictures_, *this).Run();
   });
 }
 
-void Maintenance::Test_write() {
-  if (!controls_.MachineKnown) return;
-  AtLink([this] {
-    link_.Write(wire::TestWriteCommand{static_cast<std::uint8_t>(Test6.Value()),
-                                       static_cast<std::uint8_t>(Test7.Value())});
-  });
+/// Polls stand still meanwhile; the first contact must not.
+void Maintenance::Magnify() {
+  if (program_.ServiceLevel == 0 || Timer3m_ != nullptr) return;
+  AtLink([this] { view_->Magnify(); });
 }
 
 }  // namespace morvane::maintenance

@@ -5,11 +5,13 @@
 #include <optional>
 #include <string>
 
+#include "maintenance/console_host.h"
 #include "maintenance/console_poll.h"
+#include "maintenance/developer_tests.h"
 #include "maintenance/identity.h"
 #include "maintenance/maintenance_view.h"
 #include "maintenance/parameter_block.h"
-#include "maintenance/verdict.h"
+#include "maintenance/recognition_bench.h"
 
 namespace morvane::maintenance {
 
@@ -24,14 +26,15 @@ struct ServiceControls {
 /// The window `Maintenance`, the machine's service console, without its looks. Opened once; the
 /// link must be open. Each public procedure is a control's event; while one of them, or the poll,
 /// has the link, another does nothing.
-class Maintenance {
+class Maintenance final : private ConsoleHost {
  public:
   static constexpr std::int16_t kLinkTimeoutMs = 400;
   static constexpr int kFirstContactMs = 2000;
   static constexpr int kPollMs = 50;
 
-  /// `download`: what becomes of a firmware file that is asked for from outside.
-  Maintenance(Program& program, machine::Machine& machine,
+  /// `pictures` outlive the console. `download`: what becomes of a firmware file that is asked for
+  /// from outside.
+  Maintenance(Program& program, machine::Machine& machine, PictureStore& pictures,
               std::function<void(const std::string&)> download);
   ~Maintenance();
   Maintenance(const Maintenance&) = delete;
@@ -55,9 +58,9 @@ class Maintenance {
   void SelectNational(int national) { parameters_.CardSelection.National = national; }
   void SelectCardType(int cardType) { parameters_.CardSelection.CardType = cardType; }
   void SelectThreshold(int threshold) { parameters_.CardSelection.Threshold = threshold; }
-  void Test();
-  /// Sends the numbers in `Test6` and `Test7`.
-  void Test_write();
+  void AutoSetup_command();
+  /// A click on the picture: `Magnify1`, for technicians.
+  void Magnify();
 
   // What the window shows.
   [[nodiscard]] ConsolePoll& Console() { return poll_; }
@@ -66,15 +69,18 @@ class Maintenance {
   [[nodiscard]] ParameterBoxes& Boxes() { return parameters_.Boxes; }
   [[nodiscard]] const ParameterBlock& Parameters() const { return parameters_; }
   [[nodiscard]] const Identity& TheIdentity() const { return identity_; }
-  [[nodiscard]] const Verdict& LastVerdict() const { return verdict_; }
+  [[nodiscard]] RecognitionBench& Bench() { return bench_; }
+  [[nodiscard]] const RecognitionBench& Bench() const { return bench_; }
+  [[nodiscard]] DeveloperTests& Developer() { return developer_; }
   [[nodiscard]] const ServiceControls& Controls() const { return controls_; }
   [[nodiscard]] bool LinkFailed() const { return link_.LinkFailed(); }
   [[nodiscard]] const machine::Machine& TheMachine() const { return machine_; }
-  std::string TestText;
-  ValueBox Test6;
-  ValueBox Test7;
 
  private:
+  void AtMachine(const std::function<void()>& work) override;
+  [[nodiscard]] MaintenanceView& View() override { return *view_; }
+  [[nodiscard]] bool Leaving() const override { return leaving_ || program_.Loop.Quitting(); }
+
   void WindowStart();
   void Timer3m();
   bool FirstContact();
@@ -94,12 +100,14 @@ class Maintenance {
 
   Program& program_;
   machine::Machine& machine_;
+  PictureStore& pictures_;
   const std::function<void(const std::string&)> download_;
   ServiceLink link_;
   ConsolePoll poll_;
   ParameterBlock parameters_;
   Identity identity_;
-  Verdict verdict_;
+  RecognitionBench bench_;
+  DeveloperTests developer_;
   ServiceControls controls_;
   MaintenanceView* view_ = nullptr;
   std::unique_ptr<Timer> Timer1m_;

@@ -2,8 +2,11 @@
 
 #include <memory>
 
+#include "maintenance/auto_setup_view.h"
+
 namespace morvane::maintenance {
 
+class AutoSetup;
 class Maintenance;
 
 /// What the console needs of its window. Everything shown is read from `Maintenance`; the calls
@@ -13,8 +16,14 @@ class MaintenanceView {
   virtual ~MaintenanceView() = default;
   /// The readings and the verdict; after each poll.
   virtual void ShowReadings() = 0;
-  /// All of it: identity, parameters, outputs, which controls are there and enabled.
+  /// All of it: identity, parameters, outputs, picture, which controls are there and enabled.
   virtual void ShowAll() = 0;
+  /// `Picture1` has changed, or how far its fetch has come.
+  virtual void ShowPicture() = 0;
+  /// Brings up `Magnify1`, until it is closed.
+  virtual void Magnify() = 0;
+  /// Shows the window `AutoSetup` and gives it away; it goes when it is destroyed.
+  [[nodiscard]] virtual std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) = 0;
   /// The service is over: the window goes.
   virtual void Close() = 0;
 };

@@ -1,13 +1,12 @@
 #include "maintenance/recognition_bench.h"
 
 #include "machine/gates.h"
+#include "maintenance/picture_fetch.h"
 
 namespace morvane::maintenance {
 namespace {
 
-using machine::VersionGate;
-
-constexpr VersionGate kFocusGate{0x72, nullptr};
+constexpr machine::VersionGate kFocusGate{0x72, nullptr};
 
 std::uint8_t ByteOf(int value) { return static_cast<std::uint8_t>(value); }
 
@@ -16,78 +15,107 @@ std::string Between(std::uint8_t low, std::uint8_t high) { return std::to_string
 
 }  // namespace
 
-bool RecognitionBench::Capture(const machine::CardSettings& cards) {
-  ClearResults();
-  lastPictureKind_ = PictureStore::Kind::kGrey;
-  if (const auto reply = link_.Ask(wire::CaptureCommand{ByteOf(cards.CardIndex)})) Take(*reply);
-  RecoOn = true;  // whatever stopped it
-  return !link_.LinkFailed();
+void RecognitionBench::Capture() { AtMachine(&RecognitionBench::CapturePicture); }
+void RecognitionBench::Reco() {
+  if (recoOn_) AtMachine(&RecognitionBench::Recognise);
+}
+void RecognitionBench::Showb() { AtMachine(&RecognitionBench::ShowPicture); }
+
+/// The window stays alive meanwhile: its buttons are off.
+void RecognitionBench::AtMachine(void (RecognitionBench::*work)()) {
+  host_.AtMachine([this, work] {
+    busy_ = true;
+    (this->*work)();
+    busy_ = false;
+  });
 }
 
-bool RecognitionBench::Reco(const machine::CardSettings& cards) {
+void RecognitionBench::CapturePicture() {
+  ClearResults();
+  lastPictureKind_ = PictureStore::Kind::kGrey;
+  host_.View().ShowAll();
+  const int index = parameters_.CardSelection.CardIndex;
+  if (const auto reply = link_.Ask(wire::CaptureCommand{ByteOf(index)})) Take(*reply);
+  recoOn_ = true;  // whatever stopped it
+}
+
+void RecognitionBench::Recognise() {
   ClearResults();
   lastPictureKind_ = PictureStore::Kind::kLabels;
+  host_.View().ShowAll();
+  const machine::CardSettings& cards = parameters_.CardSelection;
   const auto verdict =
       link_.Ask(wire::RecogniseCommand{ByteOf(cards.National), ByteOf(cards.CardType),
                                        ByteOf(cards.Threshold), ByteOf(cards.CardIndex)});
   if (verdict) Take(*verdict);
   if (const auto symbol = link_.Ask(wire::SymbolMeasureCommand{})) Take(*symbol);
   if (const auto suit = link_.Ask(wire::SuitMeasureCommand{})) Take(*suit);
-  RecoOn = !HoldStop;
-  return !link_.LinkFailed();
+  recoOn_ = !holdStop_;
 }
 
-bool RecognitionBench::Showb(const std::function<bool(int line)>& goesOn) {
+void RecognitionBench::ShowPicture() {
   pictures_.ImageMode = lastPictureKind_;
-  for (int y = 0; y < PixelPlane::kHeight; ++y) {
-    const auto line = link_.Ask(wire::PictureLineCommand{ByteOf(y)});
-    if (link_.LinkFailed()) return false;
-    program_.Loop.Pump();
-    if (line && line->Line == y) pictures_.Take(y, line->Pixels);
-    if (!goesOn(y)) break;
-  }
-  return true;
+  linesFetched_ = 0;
+  host_.View().ShowAll();
+  FetchPicture(program_, link_, pictures_, [this](int line) {
+    linesFetched_ = line + 1;
+    host_.View().ShowPicture();
+    return !host_.Leaving();
+  });
+  linesFetched_.reset();
+}
+
+void RecognitionBench::Frame_draw() {
+  pictures_.DrawFrames(symbolBox_, suitBox_);
+  host_.View().ShowPicture();
+}
+
+void RecognitionBench::Start_draw() {
+  pictures_.DrawStart(parameters_.Boxes.Box(Parameter::start_x).Value(),
+                      parameters_.Boxes.Box(Parameter::start_y).Value());
+  host_.View().ShowPicture();
 }
 
 void RecognitionBench::ClearResults() {
-  Verdict = {};
-  Cap_time.clear();
-  Symbol_size_x.clear();
-  Symbol_size_y.clear();
-  Suit_size_x.clear();
-  Suit_size_y.clear();
+  texts_.Verdict = {};
+  texts_.Cap_time.clear();
+  texts_.Symbol_size_x.clear();
+  texts_.Symbol_size_y.clear();
+  texts_.Suit_size_x.clear();
+  texts_.Suit_size_y.clear();
 }
 
 void RecognitionBench::Take(const wire::CaptureReply& reply) {
-  Cap_time = std::to_string(reply.Time);
+  texts_.Cap_time = std::to_string(reply.Time);
   if (program_.ServiceLevel == 0) return;
   const bool known =
       machine_.Version.FirmwareMajor > 2 || (Passes(machine_, kFocusGate) && reply.IsMarked());
-  Focus = known ? std::to_string(reply.Focus) : "N/A";
+  texts_.Focus = known ? std::to_string(reply.Focus) : "N/A";
 }
 
 void RecognitionBench::Take(const wire::VerdictReply& reply) {
-  Verdict.Take(reply);
+  texts_.Verdict.Take(reply);
   if (reply.Error != 0) return;
-  const bool other =
-      (!HoldS.empty() && HoldS != Verdict.Symbol) || (!HoldC.empty() && HoldC != Verdict.Suit);
-  HoldStop = other;
-  if (other) RecoOn = false;
+  const auto differs = [](const std::string& expected, const std::string& seen) {
+    return !expected.empty() && expected != seen;
+  };
+  holdStop_ = differs(HoldS, texts_.Verdict.Symbol) || differs(HoldC, texts_.Verdict.Suit);
+  if (holdStop_) recoOn_ = false;
 }
 
 void RecognitionBench::Take(const wire::SymbolMeasureReply& reply) {
-  Reco_param1 = std::to_string(reply.Param1);
-  Reco_param2 = std::to_string(reply.Param2);
-  SymbolBox = reply.Box;
-  Symbol_size_x = Between(SymbolBox.XMin, SymbolBox.XMax);
-  Symbol_size_y = Between(SymbolBox.YMin, SymbolBox.YMax);
+  texts_.Reco_param1 = std::to_string(reply.Param1);
+  texts_.Reco_param2 = std::to_string(reply.Param2);
+  symbolBox_ = reply.Box;
+  texts_.Symbol_size_x = Between(symbolBox_.XMin, symbolBox_.XMax);
+  texts_.Symbol_size_y = Between(symbolBox_.YMin, symbolBox_.YMax);
 }
 
 void RecognitionBench::Take(const wire::SuitMeasureReply& reply) {
-  Verdict.Threshold += "," + std::to_string(reply.Threshold);
-  SuitBox = reply.Box;
-  Suit_size_x = Between(SuitBox.XMin, SuitBox.XMax);
-  Suit_size_y = Between(SuitBox.YMin, SuitBox.YMax);
+  texts_.Verdict.Threshold += "," + std::to_string(reply.Threshold);
+  suitBox_ = reply.Box;
+  texts_.Suit_size_x = Between(suitBox_.XMin, suitBox_.XMax);
+  texts_.Suit_size_y = Between(suitBox_.YMin, suitBox_.YMax);
 }
 
 }  // namespace morvane::maintenance

@@ -76,7 +76,7 @@ void SetupSearch::NextPoint() {
   }
   if (over_) return;
   const double done = (at_.pos_x - kFirstX + 220.0 * rowCount_) / 48;
-  progress_ = std::clamp(static_cast<int>(std::lround(done)), 0, 100);
+  progress_ = std::clamp(static_cast<int>(std::nearbyint(done)), 0, 100);
 }
 
 void SetupSearch::NextRow() {

@@ -23,6 +23,8 @@ class ValueBox {
   void Change(FilteredBox& box);
   /// The focus leaves it: an empty box, too, gets its lower limit.
   void Leave();
+  /// As if it had been typed.
+  void Put(int value);
   /// What the machine holds.
   void Take(int value);
 

@@ -8,11 +8,11 @@ namespace morvane::shell {
 using maintenance::Maintenance;
 
 void MaintenanceFlow(Program& program, machine::Machine& machine,
-                     maintenance::MaintenanceDialog& dialogs,
+                     maintenance::PictureStore& pictures, maintenance::MaintenanceDialog& dialogs,
                      const std::function<void(const std::string&)>& download) {
   program.Status("Maintenance");
   if (machine::OpenLink(program, machine.Link, Maintenance::kLinkTimeoutMs)) {
-    Maintenance console(program, machine, download);
+    Maintenance console(program, machine, pictures, download);
     if (const auto window = dialogs.OpenMaintenance(console)) {
       console.Open(*window);
       program.Loop.RunUntil([&] { return console.Closed(); });

@@ -5,14 +5,15 @@
 
 #include "machine/machine.h"
 #include "maintenance/maintenance_view.h"
+#include "maintenance/picture_store.h"
 #include "program/program.h"
 
 namespace morvane::shell {
 
 /// `cmdMaintenance`: the service console, from opening the link until its window has gone.
-/// `download` as in `Maintenance`.
+/// `pictures` and `download` as in `Maintenance`.
 void MaintenanceFlow(Program& program, machine::Machine& machine,
-                     maintenance::MaintenanceDialog& dialogs,
+                     maintenance::PictureStore& pictures, maintenance::MaintenanceDialog& dialogs,
                      const std::function<void(const std::string&)>& download);
 
 }  // namespace morvane::shell

@@ -173,7 +173,7 @@ void Shell::MenuPrint() {
 void Shell::MenuMaintenance() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  MaintenanceFlow(program_, machine_, windows_,
+  MaintenanceFlow(program_, machine_, pictures_, windows_,
                   [this](const std::string& path) { RefuseFirmware(path); });
 }
 

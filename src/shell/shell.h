@@ -12,6 +12,7 @@
 #include "history/history.h"
 #include "machine/board_walk.h"
 #include "machine/machine.h"
+#include "maintenance/picture_store.h"
 #include "platform/instance.h"
 #include "program/program.h"
 #include "shell/analyze_flow.h"
@@ -121,6 +122,7 @@ class Shell {
   generate::Generator generator_;
   history::History history_;
   machine::Machine machine_;
+  maintenance::PictureStore pictures_;
   machine::RunMemory runMemory_;
   analysis::SolverProcess solver_;
   std::unique_ptr<OpenAnalysis> analysis_;  ///< beside the flows

@@ -31,6 +31,7 @@ enum BoxFlags : int {
   kYesNoCancelExclamation = 51,
   kYesNoExclamation = 52,
   kOkInformation = 64,
+  kOkCancelInformation = 65,
   kYesNoCancelInformation = 67,
   kYesNoInformation = 68,
   kYesNoExclamationNo = 308,  ///< Return answers No

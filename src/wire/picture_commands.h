@@ -22,6 +22,7 @@ struct PictureLineCommand {
   static constexpr std::uint8_t Code = CmdPictureLine;
   using Reply = PictureLineReply;
   std::uint8_t Line = 0;  ///< 0..191
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Line == Line; }
 
   static constexpr auto Fields = std::tuple(Byte(1, &PictureLineCommand::Line));
 };
@@ -30,6 +31,7 @@ struct ErrorPictureLineCommand {
   static constexpr std::uint8_t Code = CmdErrorPictureLine;
   using Reply = ErrorPictureLineReply;
   std::uint8_t Line = 0;
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Line == Line; }
 
   static constexpr auto Fields = std::tuple(Byte(1, &ErrorPictureLineCommand::Line));
 };

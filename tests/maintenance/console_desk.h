@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "maintenance/auto_setup.h"
 #include "maintenance/maintenance.h"
 #include "maintenance/service_desk.h"
 
@@ -14,8 +15,37 @@ class NotedView final : public MaintenanceView {
   int Readings = 0;
   int All = 0;
   int Closes = 0;
+  int Pictures = 0;
+  int Magnified = 0;
+  AutoSetup* Setup = nullptr;      ///< the last that was opened
+  std::function<void()> OnShow;    ///< while all, or the picture, is shown
+  std::function<void()> OnSearch;  ///< while the search of Auto Setup is
+  std::function<void()> OnMagnify;
   void ShowReadings() override { ++Readings; }
-  void ShowAll() override { ++All; }
+  void ShowAll() override {
+    ++All;
+    if (OnShow) OnShow();
+  }
+  void ShowPicture() override {
+    ++Pictures;
+    if (OnShow) OnShow();
+  }
+  void Magnify() override {
+    ++Magnified;
+    if (OnMagnify) OnMagnify();
+  }
+  std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override {
+    struct NotedSearch final : AutoSetupView {
+      std::function<void()>& OnSearch;
+      explicit NotedSearch(std::function<void()>& onSearch) : OnSearch(onSearch) {}
+      void ShowSearch() override {
+        if (OnSearch) OnSearch();
+      }
+      void ShowPicture() override {}
+    };
+    Setup = &setup;
+    return std::make_unique<NotedSearch>(OnSearch);
+  }
   void Close() override { ++Closes; }
 };
 
@@ -23,6 +53,7 @@ class NotedView final : public MaintenanceView {
 class ConsoleDesk : public ServiceDesk {
  protected:
   NotedView view;
+  std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
   std::vector<std::string> downloads;
   std::optional<Maintenance> console;
 
@@ -33,7 +64,7 @@ class ConsoleDesk : public ServiceDesk {
   /// Opens the window at a machine with these options ("firmware=2.7F").
   void Open(const std::string& options = "") {
     Connect(options);
-    console.emplace(desk.Prog, machine,
+    console.emplace(desk.Prog, machine, *pictures,
                     [this](const std::string& path) { downloads.push_back(path); });
     console->Open(view);
   }

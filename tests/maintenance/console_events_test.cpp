@@ -22,8 +22,8 @@ const std::vector<Event> kEvents{
     {"Get_param", [](auto&, auto& console) { console.Get_param(); }},
     {"save_param", [](auto&, auto& console) { console.save_param(); }},
     {"Card_Index_j", [](auto&, auto& console) { console.SelectIndex(1); }},
-    {"Test", [](auto&, auto& console) { console.Test(); }},
-    {"Test_write", [](auto&, auto& console) { console.Test_write(); }},
+    {"Test", [](auto&, auto& console) { console.Developer().Test(); }},
+    {"Test_write", [](auto&, auto& console) { console.Developer().Test_write(); }},
     {"the close box", [](auto&, auto& console) { console.Exit(); }, true},
 };
 
@@ -38,8 +38,8 @@ const std::vector<Work> kWork{
     {"Get_param", [](auto& console) { console.Get_param(); }},
     {"save_param", [](auto& console) { console.save_param(); }},
     {"Card_Index_sm", [](auto& console) { console.SelectIndex(2); }},
-    {"Test", [](auto& console) { console.Test(); }},
-    {"Test_write", [](auto& console) { console.Test_write(); }},
+    {"Test", [](auto& console) { console.Developer().Test(); }},
+    {"Test_write", [](auto& console) { console.Developer().Test_write(); }},
 };
 
 class Events : public ConsoleDesk {

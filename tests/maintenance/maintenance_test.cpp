@@ -211,7 +211,7 @@ TEST_F(TheConsole, AVerdictThatComesUnaskedIsShownAndTheReplyBehindItTaken) {
   };
   Poll();
   EXPECT_EQ(bridge.Sent.size(), 6U) << "nothing was asked twice";
-  const Verdict& verdict = console->LastVerdict();
+  const Verdict& verdict = console->Bench().Shown().Verdict;
   EXPECT_EQ(verdict.Reco_time, "300");
   EXPECT_EQ(verdict.Threshold, "45");
   EXPECT_EQ(verdict.Symbol, "A");
@@ -287,8 +287,8 @@ TEST_F(TheConsole, BeforeTheMachineIsKnownNoButtonSends) {
     console->Get_param();
     console->save_param();
     console->SelectIndex(1);
-    console->Test();
-    console->Test_write();
+    console->Developer().Test();
+    console->Developer().Test_write();
     EXPECT_THAT(bridge.Sent, IsEmpty());
     EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   };
@@ -303,24 +303,24 @@ TEST_F(TheConsole, BeforeTheMachineIsKnownNoButtonSends) {
 TEST_F(TheConsole, TheTestTextIsFetchedOnceItIsEmpty) {
   Start();
   bridge.Sent.clear();
-  console->TestText = "kept";
-  console->Test();
-  EXPECT_EQ(console->TestText, "kept");
+  console->Developer().TestText = "kept";
+  console->Developer().Test();
+  EXPECT_EQ(console->Developer().TestText, "kept");
   EXPECT_THAT(bridge.Sent, IsEmpty());
-  console->TestText.clear();
-  console->Test();
+  console->Developer().TestText.clear();
+  console->Developer().Test();
   EXPECT_TRUE(FramesAre(bridge.Sent, {"1E .. .. .. .. .. .."}));
-  EXPECT_NE(console->TestText, "");
+  EXPECT_NE(console->Developer().TestText, "");
 }
 
 TEST_F(TheConsole, TheTestWriteSendsBothNumbersAndWaitsForNoAnswer) {
   Start();
   bridge.Sent.clear();
   FilteredBox six{"6", 1};
-  console->Test6.Change(six);
+  console->Developer().Test6.Change(six);
   FilteredBox seven{"255", 3};
-  console->Test7.Change(seven);
-  console->Test_write();
+  console->Developer().Test7.Change(seven);
+  console->Developer().Test_write();
   EXPECT_TRUE(FramesAre(bridge.Sent, {"24 06 FF 00 00 00 00"}));
 }
 

@@ -77,7 +77,7 @@ TEST_F(Strays, AVerdictInThePlaceOfTheAnswerToTheFeedFeedsNoOtherCard) {
   console->Feed_card();
   Poll();
   EXPECT_TRUE(FramesAre(bridge.Sent, {"17 00 01 .. .. .. ..", "17 00 00 .. .. .. .."}));
-  EXPECT_EQ(console->LastVerdict().Symbol + console->LastVerdict().Suit, "AH");
+  EXPECT_EQ(console->Bench().Shown().Verdict.Symbol + console->Bench().Shown().Verdict.Suit, "AH");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_FALSE(console->Closed());
 }
@@ -90,7 +90,7 @@ TEST_F(Strays, AVerdictInThePlaceOfAnyOtherAnswerIsShownAndTheQuestionRepeated) 
   };
   console->Get_param();
   EXPECT_THAT(SubCodes(0x11), ElementsAre(1, 1, 2, 3, 4, 9, 14));
-  EXPECT_EQ(console->LastVerdict().Symbol, "A");
+  EXPECT_EQ(console->Bench().Shown().Verdict.Symbol, "A");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 

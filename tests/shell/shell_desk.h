@@ -99,6 +99,12 @@ class FakeWindows final : public FlowWindows {
     struct NoView final : maintenance::MaintenanceView {
       void ShowReadings() override {}
       void ShowAll() override {}
+      void ShowPicture() override {}
+      void Magnify() override {}
+      std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
+          maintenance::AutoSetup& /*setup*/) override {
+        return std::make_unique<maintenance::AutoSetupView>();
+      }
       void Close() override {}
     };
     if (OnMaintenance) OnMaintenance(console);

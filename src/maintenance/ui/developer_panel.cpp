@@ -17,15 +17,17 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
     : QWidget(parent),
       maintenance_(maintenance),
       Test_(NewServiceButton(
-          "Test", "&Test", [&maintenance] { maintenance.Test(); }, this)),
+          "Test", "&Test", [&maintenance] { maintenance.Developer().Test(); }, this)),
       TestText_(new QPlainTextEdit(this)),
-      Test6_(new ValueEdit(maintenance.Test6, "Test6", "First number of the test", this)),
-      Test7_(new ValueEdit(maintenance.Test7, "Test7", "Second number of the test", this)),
+      Test6_(
+          new ValueEdit(maintenance.Developer().Test6, "Test6", "First number of the test", this)),
+      Test7_(
+          new ValueEdit(maintenance.Developer().Test7, "Test7", "Second number of the test", this)),
       Test_write_(NewServiceButton(
           "Test_write", "Send n&umbers",
           [this] {
             for (ValueEdit* box : {Test6_, Test7_}) box->Leave();
-            maintenance_.Test_write();
+            maintenance_.Developer().Test_write();
           },
           this)) {
   Test_->setToolTip("Asks the machine for its diagnosis text, when the box is empty");
@@ -34,7 +36,7 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
   TestText_->setPlaceholderText("The diagnosis of the machine; empty it to ask again");
   TestText_->setTabChangesFocus(true);
   connect(TestText_, &QPlainTextEdit::textChanged, this,
-          [this] { maintenance_.TestText = FromQt(TestText_->toPlainText()); });
+          [this] { maintenance_.Developer().TestText = FromQt(TestText_->toPlainText()); });
   auto* numbers = new QHBoxLayout;
   numbers->addWidget(NewLabelOf(Test6_, "Numbers", this));
   numbers->addWidget(Test6_);
@@ -54,7 +56,7 @@ void DeveloperPanel::Show() {
     control->setEnabled(maintenance_.Controls().MachineKnown);
   }
   // Setting it anew would scroll it back.
-  const QString text = ToQt(maintenance_.TestText);
+  const QString text = ToQt(maintenance_.Developer().TestText);
   if (TestText_->toPlainText() != text) TestText_->setPlainText(text);
   Test6_->Show();
   Test7_->Show();

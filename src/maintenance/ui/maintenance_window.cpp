@@ -123,6 +123,14 @@ void MaintenanceWindow::ShowAll() {
   Download_->setVisible(maintenance_.Controls().Download);
 }
 
+void MaintenanceWindow::ShowPicture() {}
+
+void MaintenanceWindow::Magnify() {}
+
+std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& /*setup*/) {
+  return std::make_unique<AutoSetupView>();
+}
+
 void MaintenanceWindow::ShowContact() {
   const Identity& machine = maintenance_.TheIdentity();
   QString text = "Asking the machine ...";

@@ -34,6 +34,9 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
 
   void ShowReadings() override;
   void ShowAll() override;
+  void ShowPicture() override;
+  void Magnify() override;
+  std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override;
   void Close() override;
 
   /// Escape does what the close box does.

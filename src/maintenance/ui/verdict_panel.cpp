@@ -58,7 +58,7 @@ VerdictPanel::VerdictPanel(const Maintenance& maintenance, int serviceLevel, QWi
 
 void VerdictPanel::Show() {
   for (std::size_t i = 0; i < kTexts; ++i) {
-    texts_[i]->ShowText(maintenance_.LastVerdict().*kRows[i].Text);
+    texts_[i]->ShowText(maintenance_.Bench().Shown().Verdict.*kRows[i].Text);
   }
 }
 

@@ -45,7 +45,8 @@ class ConsoleDesk : public ::testing::Test {
   machine::Machine machine{desk.Random, bridge, machine::MachineKind::kSimulated};
   int feeds = 0;                                ///< frames that move a card
   std::vector<std::pair<int, int>> testWrites;  ///< the numbers sent
-  Maintenance console{desk.Prog, machine, [](const std::string&) {}};
+  std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
+  Maintenance console{desk.Prog, machine, *pictures, [](const std::string&) {}};
   QMainWindow mainWindow;
   std::unique_ptr<MaintenanceWindow> window;
 

@@ -125,7 +125,7 @@ TEST_F(MaintenanceWindowTest, TheDiagnosisIsAskedForWhenItsBoxIsEmpty) {
   Click("Test");
   const QString diagnosis = text.toPlainText();
   EXPECT_NE(diagnosis, "");
-  EXPECT_EQ(console.TestText, diagnosis.toStdString());
+  EXPECT_EQ(console.Developer().TestText, diagnosis.toStdString());
   text.setFocus();
   text.selectAll();
   test::Type(*window, "note");

@@ -290,7 +290,8 @@ class EveryWindow : public MainMenuTest {
   void LookAtMaintenance(const Look& look) {
     ASSERT_TRUE(
         machine::OpenLink(desk.Prog, machine_.Link, maintenance::Maintenance::kLinkTimeoutMs));
-    maintenance::Maintenance console(desk.Prog, machine_, [](const std::string&) {});
+    const auto pictures = std::make_unique<maintenance::PictureStore>();
+    maintenance::Maintenance console(desk.Prog, machine_, *pictures, [](const std::string&) {});
     maintenance::MaintenanceWindow window(desk.Prog, console, menu.get());
     console.Open(window);
     window.activateWindow();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+
+#include "maintenance/picture_store.h"
+#include "maintenance/service_link.h"
+#include "wire/picture_commands.h"
+
+namespace morvane::maintenance {
+
+/// Fetches the picture in the machine line by line into `pictures`, as what its `ImageMode` says.
+/// `goesOn` hears of each line 0..191 and says whether the next is wanted. False: the link is lost,
+/// which the operator has been told.
+inline bool FetchPicture(Program& program, ServiceLink& link, PictureStore& pictures,
+                         const std::function<bool(int line)>& goesOn) {
+  for (int y = 0; y < PixelPlane::kHeight; ++y) {
+    const auto line = link.Ask(wire::PictureLineCommand{static_cast<std::uint8_t>(y)});
+    if (!line) return false;
+    program.Loop.Pump();
+    pictures.Take(y, line->Pixels);
+    if (!goesOn(y)) break;
+  }
+  return true;
+}
+
+}  // namespace morvane::maintenance
