@@ -1,7 +1,6 @@
 #include "maintenance/auto_setup.h"
 
-#include <map>
-
+#include "maintenance/paper_camera.h"
 #include "maintenance/service_desk.h"
 #include "support/frame_list.h"
 
@@ -10,7 +9,6 @@ namespace {
 
 using test::Bytes;
 using test::FramesAre;
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 struct NotedSearch final : AutoSetupView {
@@ -24,15 +22,12 @@ struct NotedSearch final : AutoSetupView {
   void ShowPicture() override { ++Lines; }
 };
 
-/// A machine on paper that sees the ten of spades, where it belongs, in these columns.
 class SetupDesk : public ServiceDesk {
  protected:
   std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
   machine::CardSettings cards;
   HeightLimits old{90, 80};
-  int seenFrom = 20;  ///< from this position on
-  std::uint8_t symbolBottom = 80;
-  std::uint8_t suitBottom = 60;
+  PaperCamera camera;
   NotedSearch view;
   std::unique_ptr<AutoSetup> setup;
 
@@ -40,30 +35,11 @@ class SetupDesk : public ServiceDesk {
     RuntimeError error;
     ASSERT_TRUE(desk.Prog.Log.Start(desk.Folder.Path(), error));
     Use(0x90);
-    Damage = [this](const Bytes& plain, const Bytes&) { return ReplyTo(plain); };
+    Damage = [this](const Bytes& plain, const Bytes&) { return camera.ReplyTo(plain); };
   }
   void Run() {
     setup = std::make_unique<AutoSetup>(desk.Prog, link, *pictures, cards, old);
     setup->Run(view);
-  }
-
- private:
-  [[nodiscard]] Bytes ReplyTo(const Bytes& plain) const {
-    switch (plain[0]) {
-      case 0x22:
-        return plain[1] >= seenFrom ? test::OnTheWire(test::Short({0x15, 0, 9, 10, 1, 46, 0}), 21)
-                                    : test::OnTheWire(test::Short({0x15, 0, 9, 0, 0, 46, 25}), 21);
-      case 0x0F:
-        return test::OnTheWire(test::Short({0x0F, 0, 0, 54, 94, 20, symbolBottom}), 21);
-      case 0x10:
-        return test::OnTheWire(test::Short({0x10, 0, 0, 54, 94, 10, suitBottom}), 21);
-      case 0x0A:
-        return test::OnTheWire(test::Short({0x0A, 0, 1}), 21);
-      case 0x01:
-        return test::OnTheWire(test::Long({0x81, plain[1]}), 21);
-      default:
-        return {};
-    }
   }
 };
 
@@ -88,13 +64,13 @@ TEST_F(SetupDesk, WithoutAYesNothingIsKept) {
 }
 
 TEST_F(SetupDesk, ThreeColumnsAwayItTakesThreeMoreTrials) {
-  seenFrom = 50;
+  camera.SeenFrom = 50;
   Run();
   EXPECT_EQ(SubCodes(0x22), (std::vector<int>{20, 30, 40, 50, 50, 50}));
 }
 
 TEST_F(SetupDesk, ACardThatIsNotThereIsTold) {
-  seenFrom = 256;
+  camera.SeenFrom = 256;
   cards.CardIndex = machine::CardSettings::kLargeIndex;
   Run();
   EXPECT_EQ(SubCodes(0x22).size(), 23U);
@@ -107,7 +83,7 @@ TEST_F(SetupDesk, ACardThatIsNotThereIsTold) {
 TEST_F(SetupDesk, CancelEndsItAtAnyTrialWithoutAWord) {
   for (int at = 1; at <= 5; ++at) {
     SCOPED_TRACE(at);
-    seenFrom = 60;
+    camera.SeenFrom = 60;
     view.Searches = 0;
     bridge.Sent.clear();
     view.OnSearch = [&] {
@@ -141,8 +117,8 @@ TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {
     SCOPED_TRACE(std::to_string(row.Symbol) + "/" + std::to_string(row.Suit) + " " +
                  std::to_string(row.SymbolBottom) + "/" + std::to_string(row.SuitBottom));
     old = {row.Symbol, row.Suit};
-    symbolBottom = row.SymbolBottom;
-    suitBottom = row.SuitBottom;
+    camera.SymbolBottom = row.SymbolBottom;
+    camera.SuitBottom = row.SuitBottom;
     Run();
     EXPECT_EQ(setup->symy(), row.symy);
     EXPECT_EQ(setup->suity(), row.suity);
@@ -154,7 +130,7 @@ TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {
 TEST_F(SetupDesk, OtherIndexesHaveNoRaisedLimits) {
   cards.CardIndex = machine::CardSettings::kSmallIndex;
   old = {80, 70};
-  symbolBottom = 99;
+  camera.SymbolBottom = 99;
   Run();
   EXPECT_EQ(setup->symy(), "");
   EXPECT_EQ(setup->Kept().Sym_y_max, 0);

@@ -1,6 +1,8 @@
 #include "maintenance/recognition_bench.h"
 
-#include "maintenance/service_desk.h"
+#include <map>
+
+#include "maintenance/console_desk.h"
 #include "support/frame_list.h"
 
 namespace morvane::maintenance {
@@ -8,21 +10,31 @@ namespace {
 
 using test::Bytes;
 using test::FramesAre;
-using ::testing::ElementsAre;
 
 /// The bench at a machine on paper: each command has the reply that the test wrote for it.
-class Bench : public ServiceDesk {
+class Bench : public ServiceDesk, public ConsoleHost {
  protected:
+  NotedView view;
+  bool leaves = false;
   std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
   std::map<std::uint8_t, Bytes> replies;  ///< plain, by code; none: silence
-  machine::CardSettings cards;
+  std::optional<ParameterBlock> parameters;
   std::unique_ptr<RecognitionBench> bench;
+
+  void AtMachine(const std::function<void()>& work) override {
+    work();
+    view.ShowAll();
+  }
+  MaintenanceView& View() override { return view; }
+  [[nodiscard]] bool Leaving() const override { return leaves; }
 
   void SetUp() override { UseFirmware(0x90); }
   void UseFirmware(std::uint8_t minor) {
     Damage = nullptr;
     Use(minor);
-    bench = std::make_unique<RecognitionBench>(desk.Prog, link, machine, *pictures);
+    parameters.emplace(desk.Prog, link, machine);
+    bench =
+        std::make_unique<RecognitionBench>(desk.Prog, link, machine, *parameters, *pictures, *this);
     Damage = [this](const Bytes& plain, const Bytes&) {
       const auto reply = replies.find(plain[0]);
       if (reply == replies.end()) return Bytes{};
@@ -36,17 +48,20 @@ class Bench : public ServiceDesk {
     replies[0x10] = test::Short({0x10, 47, 0, 11, 31, 60, 90});
     replies[0x01] = test::Long({0x81});
   }
+  [[nodiscard]] machine::CardSettings& Cards() { return parameters->CardSelection; }
+  [[nodiscard]] const RecognitionBench::Texts& Shown() const { return bench->Shown(); }
   void Verdict(std::uint8_t rank, std::uint8_t suit, std::uint8_t error = 0) {
     replies[0x15] = test::Short({0x15, 0, 41, rank, suit, 46, error});
-    ASSERT_TRUE(bench->Reco(cards));
+    bench->Capture();  // `Reco` may be off
+    bench->Reco();
   }
 };
 
 TEST_F(Bench, ACaptureTellsItsTimeAndTheIndexOfTheCards) {
-  cards.CardIndex = 2;
-  EXPECT_TRUE(bench->Capture(cards));
+  Cards().CardIndex = 2;
+  bench->Capture();
   EXPECT_TRUE(FramesAre(bridge.Sent, {"0A 02 00 00 .. .. .."}));
-  EXPECT_EQ(bench->Cap_time, "258");
+  EXPECT_EQ(Shown().Cap_time, "258");
 }
 
 TEST_F(Bench, TheFocusIsShownToTechniciansWhereItWasMeasured) {
@@ -60,108 +75,193 @@ TEST_F(Bench, TheFocusIsShownToTechniciansWhereItWasMeasured) {
     SCOPED_TRACE(row.Focus);
     UseFirmware(row.Minor);
     replies[0x0A][5] = row.Marker;
-    bench->Capture(cards);
-    EXPECT_EQ(bench->Focus, row.Focus);
+    bench->Capture();
+    EXPECT_EQ(Shown().Focus, row.Focus);
   }
   machine.Version.FirmwareMajor = 3;
-  bench->Capture(cards);
-  EXPECT_EQ(bench->Focus, "77") << "whatever the marker says";
+  bench->Capture();
+  EXPECT_EQ(Shown().Focus, "77") << "whatever the marker says";
   desk.Prog.ServiceLevel = 0;
   replies[0x0A][3] = 78;
-  bench->Capture(cards);
-  EXPECT_EQ(bench->Focus, "77") << "it stays as it was";
+  bench->Capture();
+  EXPECT_EQ(Shown().Focus, "77") << "it stays as it was";
 }
 
 TEST_F(Bench, ARecognitionIsThreeFrames) {
-  cards = {.National = 5, .CardType = 1, .Threshold = 2, .CardIndex = 1};
-  EXPECT_TRUE(bench->Reco(cards));
+  Cards() = {.National = 5, .CardType = 1, .Threshold = 2, .CardIndex = 1};
+  bench->Reco();
   EXPECT_TRUE(FramesAre(bridge.Sent,
                         {"15 05 01 02 01 00 00", "0F .. .. .. .. .. ..", "10 .. .. .. .. .. .."}));
-  EXPECT_EQ(bench->Verdict.Symbol, "A");
-  EXPECT_EQ(bench->Verdict.Threshold, "46,47");
-  EXPECT_EQ(bench->Reco_param1, "5");
-  EXPECT_EQ(bench->Reco_param2, "6");
-  EXPECT_EQ(bench->Symbol_size_x, "9") << "20 - 10 - 1";
-  EXPECT_EQ(bench->Symbol_size_y, "19");
-  EXPECT_EQ(bench->Suit_size_x, "19");
-  EXPECT_EQ(bench->Suit_size_y, "29");
+  EXPECT_EQ(Shown().Verdict.Symbol, "A");
+  EXPECT_EQ(Shown().Verdict.Threshold, "46,47");
+  EXPECT_EQ(Shown().Reco_param1, "5");
+  EXPECT_EQ(Shown().Reco_param2, "6");
+  EXPECT_EQ(Shown().Symbol_size_x, "9") << "20 - 10 - 1";
+  EXPECT_EQ(Shown().Symbol_size_y, "19");
+  EXPECT_EQ(Shown().Suit_size_x, "19");
+  EXPECT_EQ(Shown().Suit_size_y, "29");
 }
 
 TEST_F(Bench, WithoutTheSuitThereIsOneThreshold) {
   replies.erase(0x10);
-  EXPECT_FALSE(bench->Reco(cards));
-  EXPECT_EQ(bench->Verdict.Threshold, "46");
+  bench->Reco();
+  EXPECT_EQ(Shown().Verdict.Threshold, "46");
 }
 
 TEST_F(Bench, AnotherCardThanExpectedStopsTheBenchUntilThereIsANewPicture) {
   bench->HoldC = "S";
   Verdict(13, 1);
-  EXPECT_TRUE(bench->RecoOn) << "a king of spades";
+  EXPECT_TRUE(bench->RecoOn()) << "a king of spades";
   Verdict(13, 2);
-  EXPECT_TRUE(bench->HoldStop);
-  EXPECT_FALSE(bench->RecoOn) << "a heart";
-  EXPECT_TRUE(bench->Capture(cards));
-  EXPECT_TRUE(bench->RecoOn);
-  EXPECT_TRUE(bench->HoldStop) << "only a card that is right clears it";
+  EXPECT_TRUE(bench->HoldStop());
+  EXPECT_FALSE(bench->RecoOn()) << "a heart";
+  bench->Capture();
+  EXPECT_TRUE(bench->RecoOn());
+  EXPECT_TRUE(bench->HoldStop()) << "only a card that is right clears it";
   Verdict(2, 1);
-  EXPECT_FALSE(bench->HoldStop);
-  EXPECT_TRUE(bench->RecoOn);
+  EXPECT_FALSE(bench->HoldStop());
+  EXPECT_TRUE(bench->RecoOn());
 }
 
 TEST_F(Bench, WhatIsExpectedIsComparedAsText) {
   bench->HoldS = "10";
   Verdict(10, 1);
-  EXPECT_FALSE(bench->HoldStop);
+  EXPECT_FALSE(bench->HoldStop());
   bench->HoldS = "a";
   Verdict(14, 1);
-  EXPECT_TRUE(bench->HoldStop);
+  EXPECT_TRUE(bench->HoldStop());
 }
 
 TEST_F(Bench, AnErrorLeavesTheHoldAsItIs) {
   bench->HoldS = "K";
   Verdict(14, 1, 25);
-  EXPECT_FALSE(bench->HoldStop);
-  EXPECT_EQ(bench->Verdict.Reco_error, "25");
-  EXPECT_EQ(bench->Symbol_size_x, "9") << "the measurements come all the same";
+  EXPECT_FALSE(bench->HoldStop());
+  EXPECT_EQ(Shown().Verdict.Reco_error, "25");
+  EXPECT_EQ(Shown().Symbol_size_x, "9") << "the measurements come all the same";
   Verdict(14, 1);
-  EXPECT_TRUE(bench->HoldStop);
+  EXPECT_TRUE(bench->HoldStop());
   Verdict(14, 1, 25);
-  EXPECT_TRUE(bench->HoldStop);
+  EXPECT_TRUE(bench->HoldStop());
 }
 
 TEST_F(Bench, ACardWithoutARankIsOkWithAnEmptySymbol) {
   Verdict(0, 1);
-  EXPECT_EQ(bench->Verdict.Symbol, "");
-  EXPECT_EQ(bench->Verdict.Reco_error, "OK");
+  EXPECT_EQ(Shown().Verdict.Symbol, "");
+  EXPECT_EQ(Shown().Verdict.Reco_error, "OK");
 }
 
 TEST_F(Bench, ThePictureIsFetchedLineByLineAsWhatWasDoneLast) {
-  bench->Capture(cards);
+  bench->Capture();
   bridge.Sent.clear();
   replies[0x01][8] = 200;
   std::vector<int> lines;
-  EXPECT_TRUE(bench->Showb([&](int line) {
-    lines.push_back(line);
-    return true;
-  }));
-  EXPECT_EQ(lines.size(), 192U);
+  view.OnShow = [&] {
+    EXPECT_EQ(bench->ButtonsOn(), !bench->LinesFetched());
+    if (bench->LinesFetched()) lines.push_back(*bench->LinesFetched());
+  };
+  bench->Showb();
+  view.OnShow = nullptr;
+  ASSERT_EQ(lines.size(), 193U);
+  EXPECT_EQ(lines[0], 0);
+  EXPECT_EQ(lines.back(), 192);
+  EXPECT_EQ(SubCodes(1).size(), 192U);
+  EXPECT_EQ(SubCodes(1).front(), 0);
   EXPECT_EQ(SubCodes(1).back(), 191);
   EXPECT_EQ(pictures->Picture1.At(0, 191), Grey(200));
-  bench->Reco(cards);
-  EXPECT_TRUE(bench->Showb([](int) { return true; }));
+  EXPECT_EQ(pictures->Picture1.At(0, 192), kRed) << "the mark of the transfer stays below";
+  EXPECT_TRUE(bench->ButtonsOn());
+  bench->Reco();
+  bench->Showb();
   EXPECT_EQ(pictures->Picture1.At(0, 191), kBlack) << "labels";
   EXPECT_EQ(pictures->Picture1.At(1, 191), kWhite);
 }
 
-TEST_F(Bench, AFetchEndsWhereItIsNotWantedAnyMoreOrTheLinkIsLost) {
-  bench->Capture(cards);
+TEST_F(Bench, TwoFetchesShowTheSamePicture) {
+  replies[0x01][50] = 77;
+  bench->Capture();
+  bench->Showb();
+  const auto first = std::make_unique<PaintedPicture>(pictures->Picture1);
+  bench->Showb();
+  for (int y = 0; y < PaintedPicture::kRows; ++y) {
+    for (int x = 0; x < PaintedPicture::kColumns; ++x) {
+      ASSERT_EQ(pictures->Picture1.At(x, y), first->At(x, y));
+    }
+  }
+}
+
+TEST_F(Bench, AFetchEndsWhenSomebodyLeaves) {
+  bench->Capture();
   bridge.Sent.clear();
-  EXPECT_TRUE(bench->Showb([](int line) { return line < 9; }));
+  view.OnShow = [&] { leaves = bench->LinesFetched() == 10; };
+  bench->Showb();
   EXPECT_EQ(SubCodes(1).size(), 10U);
+  EXPECT_TRUE(bench->ButtonsOn());
+}
+
+TEST_F(Bench, AFetchEndsWhereTheLinkIsLost) {
+  bench->Capture();
+  bridge.Sent.clear();
   replies.erase(0x01);
-  EXPECT_FALSE(bench->Showb([](int) { return true; }));
-  EXPECT_EQ(SubCodes(1).size(), 12U) << "both tries of the first line";
+  bench->Showb();
+  EXPECT_EQ(SubCodes(1), (std::vector<int>{0, 0})) << "both tries of the first line";
   EXPECT_EQ(recoveries, 1);
+  EXPECT_TRUE(bench->ButtonsOn());
+}
+
+TEST_F(Bench, AnotherLineThanTheOneAskedForIsABadReceive) {
+  bench->Capture();
+  bridge.Sent.clear();
+  const auto reply = Damage;
+  Damage = [&](const Bytes& plain, const Bytes& wire) {
+    return plain[0] == 0x01 && plain[1] == 5 ? test::OnTheWire(test::Long({0x81, 200}), 21)
+                                             : reply(plain, wire);
+  };
+  bench->Showb();
+  EXPECT_EQ(SubCodes(1), (std::vector<int>{0, 1, 2, 3, 4, 5, 5}));
+  EXPECT_EQ(recoveries, 1);
+}
+
+TEST_F(Bench, OverlaysStayUntilTheNextPicture) {
+  bench->Reco();
+  bench->Frame_draw();
+  EXPECT_EQ(pictures->Picture1.At(10, 30), kRed) << "the corners of both boxes";
+  EXPECT_EQ(pictures->Picture1.At(20, 50), kRed);
+  EXPECT_EQ(pictures->Picture1.At(11, 60), kRed);
+  EXPECT_EQ(pictures->Picture1.At(31, 90), kRed);
+  EXPECT_EQ(pictures->Picture1.At(15, 40), kWhite) << "outlines";
+  parameters->Boxes.Box(Parameter::start_x).Put(66);
+  parameters->Boxes.Box(Parameter::start_y).Put(60);
+  bench->Start_draw();
+  EXPECT_EQ(pictures->Picture1.At(36, 20), kYellow);
+  EXPECT_EQ(pictures->Picture1.At(96, 190), kYellow);
+  EXPECT_EQ(pictures->Picture1.At(61, 60), kBlue);
+  EXPECT_EQ(view.Pictures, 2);
+  bench->Capture();
+  bench->Showb();
+  EXPECT_EQ(pictures->Picture1.At(61, 60), kBlack);
+}
+
+TEST_F(Bench, ALinkLostAtAnyFrameOfARecognitionLeavesTheRest) {
+  for (const std::uint8_t deaf : std::vector<std::uint8_t>{0x15, 0x0F, 0x10}) {
+    SCOPED_TRACE(deaf);
+    ServiceLink fresh(desk.Prog, machine, [] {});
+    RecognitionBench lost(desk.Prog, fresh, machine, *parameters, *pictures, *this);
+    bridge.Sent.clear();
+    const auto reply = replies.extract(deaf);
+    lost.Reco();
+    replies.insert({reply.key(), reply.mapped()});
+    EXPECT_EQ(bridge.Sent.back()[0], deaf) << "nothing behind it";
+    EXPECT_TRUE(lost.ButtonsOn());
+    EXPECT_TRUE(lost.RecoOn());
+    EXPECT_EQ(desk.Ui.Boxes.back().Text, desk.Prog.Texts.Msg055);
+  }
+}
+
+TEST_F(Bench, AnErrorOfRecognitionStillTellsTheMeasurements) {
+  Verdict(0, 0, 25);
+  EXPECT_EQ(Shown().Verdict.Reco_error, "25");
+  EXPECT_EQ(Shown().Verdict.Symbol, "");
+  EXPECT_EQ(bench->SuitBox(), (wire::SymbolFrame{11, 31, 60, 90}));
 }
 
 }  // namespace
