@@ -59,7 +59,7 @@ struct Messages {
   std::string Msg040;  ///< Run options: large index chosen, the firmware is too old
   std::string Msg041;  ///< Run options: `Check_board` ticked, the firmware is too old
   std::string Msg042;  ///< Run options: small index chosen, the firmware is too old
-  std::string Msg043;  ///< (Auto Setup: the firmware is too old)
+  std::string Msg043;  ///< Auto Setup: the firmware is too old
   std::string Msg044;  ///< (Test deal: the firmware is too old)
   std::string Msg045;  ///< Run options: large index chosen, the machine cannot deal it
   std::string Msg046;  ///< Run options: `Check_board` ticked, the machine reads no labels
@@ -125,15 +125,15 @@ struct Messages {
   std::string Msg106;  ///< Generate: the first board is below 1. (Preferences: or above 640)
   std::string Msg107;  ///< (Preferences: last board outside 1..640 or below the first)
   std::string Msg108;  ///< Edit: Analyze with changes that were not accepted
-  std::string Msg109;  ///< (Auto Setup: before it begins; *** the card index)
+  std::string Msg109;  ///< Auto Setup: before it begins; *** the card index
   std::string Msg110;  ///< Load log: the first record of a set; take, skip or give up
   std::string Msg111;  ///< Load log: the system's error, or a number outside 1..640
   std::string Msg112;  ///< Load log: a record that is no board
   std::string Msg113;  ///< (Switch calibration: no setting senses the board)
   std::string Msg114;  ///< (Switch calibration: the board is sensed well, 200 will do; asks)
   std::string Msg115;  ///< (Switch calibration: another value is better; *** it; asks)
-  std::string Msg116;  ///< (Auto Setup: done; asks)
-  std::string Msg117;  ///< (Auto Setup: the card was not found)
+  std::string Msg116;  ///< Auto Setup: done; asks
+  std::string Msg117;  ///< Auto Setup: the card was not found
   std::string Msg118;  ///< (Firmware download: this machine needs 2.80, the file is older)
   std::string Msg119;  ///< Generate: the system's random source failed
   std::string Msg120;  ///< (Test deal: before it begins)
