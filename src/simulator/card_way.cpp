@@ -139,7 +139,9 @@ void CardWay::GoOn(Time now) {
 void CardWay::Break() { Stop(wire::kBreakDealing); }
 
 void CardWay::Stop(std::uint8_t code) {
-  if (Busy()) SetState(code);
+  if (!Busy()) return;
+  lastStop_ = {code, feeder_.Left() > 0 ? feeder_.Front() : 0, lastStop_.Times + 1};
+  SetState(code);
 }
 
 void CardWay::ClearError() {

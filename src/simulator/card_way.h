@@ -28,6 +28,13 @@ struct Route {
   bool operator==(const Route&) const = default;
 };
 
+/// What stopped a run: which error, and at which machine card, 0 where none came.
+struct RunStop {
+  std::uint8_t Code = 0;
+  int Card = 0;
+  int Times = 0;  ///< how many there were since the machine was made
+};
+
 /// The cards' way from the feeder into the pockets: one run at a time, card by card, until it is
 /// done, broken or stopped by a fault. Nothing here allocates while cards fall.
 class CardWay {
@@ -106,6 +113,8 @@ class CardWay {
   [[nodiscard]] std::uint32_t Stops(std::size_t code) const {
     return code < stops_.size() ? stops_[code] : 0;
   }
+  /// The last run that did not come to its end.
+  [[nodiscard]] const RunStop& LastStop() const { return lastStop_; }
   /// Goes up with every change of what can be seen.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
 
@@ -141,6 +150,7 @@ class CardWay {
   Time nextCardAt_{0};
   std::uint32_t boardsDealt_ = 0;
   std::array<std::uint32_t, wire::StatusReply::kLastError + 1> stops_{};
+  RunStop lastStop_;
   int runsFinished_ = 0;  ///< dealt, read or sorted since the power came on first
   std::uint64_t changes_ = 0;
 };

@@ -4,6 +4,7 @@
 
 #include "simulator/agrees.h"
 #include "wire/machine_errors.h"
+#include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
 namespace morvane::simulator {
@@ -26,16 +27,6 @@ bool NeedsFirmware(std::uint8_t code) {
   }
 }
 
-VerdictReply VerdictOn(MachineCard card) {
-  constexpr std::uint16_t kTime = 41;
-  constexpr std::uint8_t kThreshold = 46;
-  constexpr std::uint8_t kNotRecognised = 25;
-  if (card.Card() == 0) return {kTime, 0, 0, kThreshold, kNotRecognised};
-  const int rank = kRanks + 2 - RankPosition(card.Card());
-  const int suit = CardSuit(card.Card());
-  return {kTime, static_cast<std::uint8_t>(rank), static_cast<std::uint8_t>(suit), kThreshold, 0};
-}
-
 }  // namespace
 
 Firmware::Firmware(const Options& options)
@@ -44,6 +35,7 @@ Firmware::Firmware(const Options& options)
       identity_(options),
       sensors_(options, Run().CardTime()),
       parameters_(options),
+      camera_(options),
       hasFirmware_(options.HasFirmware()),
       answersWrites_(options.AnswersWrites) {}
 
@@ -57,7 +49,7 @@ std::size_t Firmware::Unasked(Time now, Frame& frame) {
   const auto card = sensors_.Feed().TakePassed(now);
   if (!card) return 0;
   frame = {};
-  Put(VerdictOn(MachineCard(*card)), frame);
+  Put(camera_.VerdictInPassing(*card), frame);
   return kShortFrame;
 }
 
@@ -77,6 +69,15 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
       return AnswerOutputs(command, now, reply);
     case CmdSensor:
       return AnswerSensor(command, now, reply);
+    case CmdPictureLine:
+    case CmdErrorPictureLine:
+    case CmdCapture:
+    case CmdSymbolMeasure:
+    case CmdSuitMeasure:
+    case CmdRecognise:
+    case CmdTrial:
+    case CmdErrorVerdict:
+      return AnswerCamera(command, reply);
     case CmdReadParameters:
       return parameters_.Answer(command, reply);
     case CmdWriteParameters:
@@ -104,10 +105,20 @@ bool Firmware::AnswerOutputs(const Frame& command, Time now, Frame& reply) {
   const auto outputs = Get<OutputsCommand>(command);
   if (!Agrees(outputs, command)) return false;
   if (outputs.Feed && hasFirmware_ && !sensors_.Feed().UnderWay(now)) {
-    if (const auto card = Run().FeedOne()) sensors_.Feed().SetOut(*card, now);
+    if (const auto card = Run().FeedOne()) {
+      sensors_.Feed().SetOut(*card, now);
+      Eye().Show(*card);
+    }
   }
   sensors_.Answer(outputs, Slot().Occupied(), now, reply);
   return true;
+}
+
+bool Firmware::AnswerCamera(const Frame& command, Frame& reply) {
+  constexpr unsigned kLight = OutputsCommand::kCamLeds | OutputsCommand::kCamPower;
+  const bool lit = (Seen().Outputs() & kLight) == kLight;
+  camera_.Note(Run().LastStop(), parameters_);
+  return camera_.Answer(command, parameters_, lit, reply);
 }
 
 bool Firmware::AnswerSensor(const Frame& command, Time now, Frame& reply) {
@@ -188,6 +199,8 @@ void Firmware::Restart() {
   run_.Forget();
   slot_.Slot().Forget();
   sensors_.Forget();
+  camera_.Note(Run().LastStop(), parameters_);
+  camera_.Forget();
   testNumbers_ = {};
   pedal_ = {};
   ++changes_;

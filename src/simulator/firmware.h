@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "simulator/camera_organ.h"
 #include "simulator/identity_organ.h"
 #include "simulator/parameter_organ.h"
 #include "simulator/run_organ.h"
@@ -41,11 +42,13 @@ class Firmware {
   [[nodiscard]] const BoardSlot& Slot() const { return slot_.Slot(); }
   [[nodiscard]] Sensors& Seen() { return sensors_.Seen(); }
   [[nodiscard]] const Sensors& Seen() const { return sensors_.Seen(); }
+  [[nodiscard]] Camera& Eye() { return camera_.Eye(); }
+  [[nodiscard]] const Camera& Eye() const { return camera_.Eye(); }
   [[nodiscard]] const StoredParameters& Parameters() const { return parameters_.Parameters(); }
   [[nodiscard]] const std::string& Trouble() const { return parameters_.Trouble(); }
   [[nodiscard]] std::string StateText() const { return run_.StateText(); }
   [[nodiscard]] std::uint64_t Changes() const {
-    return changes_ + Run().Changes() + Seen().Changes();
+    return changes_ + Run().Changes() + Seen().Changes() + Eye().Changes();
   }
 
  private:
@@ -55,6 +58,7 @@ class Firmware {
   bool AnswerTest(wire::Frame& reply) const;
   bool AnswerOutputs(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerSensor(const wire::Frame& command, Time now, wire::Frame& reply);
+  bool AnswerCamera(const wire::Frame& command, wire::Frame& reply);
   [[nodiscard]] bool Write(const wire::Frame& command);
   bool WriteTest(const wire::Frame& command);
 
@@ -63,6 +67,7 @@ class Firmware {
   IdentityOrgan identity_;
   SensorOrgan sensors_;
   ParameterOrgan parameters_;
+  CameraOrgan camera_;
   bool hasFirmware_;
   bool answersWrites_;
   std::array<std::uint8_t, 2> testNumbers_{};

@@ -1,7 +1,10 @@
 #include "simulator/options.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+
+#include "wire/machine_card.h"
 
 namespace morvane::simulator {
 namespace {
@@ -9,12 +12,17 @@ namespace {
 constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
     "speed, firmware, boot, hardware, serial, noise, seed, fault, packs, carry, answers-writes, "
-    "store, pack";
+    "index, letters, ideal, symbol, suit, card, misread, focus-marker, store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
 constexpr int kLastErrorCode = 240;
 constexpr int kMostCards = 208;  // of a sort
+constexpr int kLastNational = 6;
+/// By `wire::CardIndex`.
+constexpr std::array<std::string_view, 3> kIndexWords{"standard", "jumbo", "small"};
+constexpr std::string_view kSizeRange = "WIDTHxHEIGHT from 8x10 to 100x150";
+constexpr std::string_view kCardRange = "a suit and a rank, such as ST, or none";
 
 /// The number that the whole text is, within `low`..`high`.
 template <typename Number>
@@ -120,6 +128,79 @@ bool TakeAnswersWrites(std::string_view value, Options& options) {
   return value == "0" || value == "1";
 }
 
+bool TakeIndex(std::string_view value, Options& options) {
+  const auto at = std::find(kIndexWords.begin(), kIndexWords.end(), value);
+  if (at == kIndexWords.end()) return false;
+  options.Index = static_cast<wire::CardIndex>(at - kIndexWords.begin());
+  return true;
+}
+
+bool TakeLetters(std::string_view value, Options& options) {
+  const auto letters = NumberIn<int>(value, 0, kLastNational);
+  if (letters) options.Letters = *letters;
+  return letters.has_value();
+}
+
+/// Two numbers with `between` between them.
+struct Pair {
+  int First;
+  int Second;
+};
+std::optional<Pair> PairIn(std::string_view text, char between, Pair low, Pair high) {
+  const std::size_t at = text.find(between);
+  if (at == std::string_view::npos) return std::nullopt;
+  const auto first = NumberIn<int>(text.substr(0, at), low.First, high.First);
+  const auto second = NumberIn<int>(text.substr(at + 1), low.Second, high.Second);
+  if (!first || !second) return std::nullopt;
+  return Pair{*first, *second};
+}
+
+bool TakeIdeal(std::string_view value, Options& options) {
+  const auto place = PairIn(value, '/', {1, 1}, {255, 255});
+  if (place) options.Ideal = CameraPlace{place->First, place->Second};
+  return place.has_value();
+}
+
+bool TakeSize(std::string_view value, std::optional<PrintSize>& size) {
+  const auto taken = PairIn(value, 'x', {8, 10}, {100, 150});
+  if (taken) size = PrintSize{taken->First, taken->Second};
+  return taken.has_value();
+}
+
+bool TakeSymbol(std::string_view value, Options& options) {
+  return TakeSize(value, options.Symbol);
+}
+
+bool TakeSuit(std::string_view value, Options& options) { return TakeSize(value, options.Suit); }
+
+/// The machine card of "ST"; 0 for "none".
+std::optional<int> MachineCardIn(std::string_view text) {
+  constexpr std::string_view kSuitLetters = "SHDC";
+  if (text == "none") return 0;
+  if (text.size() != 2) return std::nullopt;
+  const std::size_t suit = kSuitLetters.find(text[0]);
+  if (suit == std::string_view::npos) return std::nullopt;
+  const int card = CardOf(static_cast<int>(suit) + 1, text[1]);
+  return card == 0 ? std::nullopt : std::optional(wire::MachineCard::Of(card).Number());
+}
+
+bool TakeCard(std::string_view value, Options& options) {
+  const auto card = MachineCardIn(value);
+  if (card) options.Card = *card;
+  return card.has_value();
+}
+
+bool TakeMisread(std::string_view value, Options& options) {
+  const auto card = MachineCardIn(value);
+  if (card) options.Misread = *card;
+  return card.has_value();
+}
+
+bool TakeFocusMarker(std::string_view value, Options& options) {
+  options.MarksFocus = value == "1";
+  return value == "0" || value == "1";
+}
+
 bool TakeStore(std::string_view value, Options& options) {
   options.Store = value;
   return !value.empty();
@@ -136,7 +217,7 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 13> kKeyTable{{
+constexpr std::array<Key, 21> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"boot", TakeBoot, "a version with two digits behind the point; 0.00 is no firmware"},
@@ -148,6 +229,14 @@ constexpr std::array<Key, 13> kKeyTable{{
     {"packs", TakePacks, "a number from 1 to 4"},
     {"carry", TakeCarry, kCarryList},
     {"answers-writes", TakeAnswersWrites, "0 or 1"},
+    {"index", TakeIndex, "standard, jumbo or small"},
+    {"letters", TakeLetters, "a number from 0 to 6"},
+    {"ideal", TakeIdeal, "X/Y, both from 1 to 255"},
+    {"symbol", TakeSymbol, kSizeRange},
+    {"suit", TakeSuit, kSizeRange},
+    {"card", TakeCard, kCardRange},
+    {"misread", TakeMisread, kCardRange},
+    {"focus-marker", TakeFocusMarker, "0 or 1"},
     {"store", TakeStore, "the path of a file, without commas"},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
@@ -195,7 +284,9 @@ std::string OptionsUsage(std::size_t indent) {
   const std::string next = "\n" + std::string(indent, ' ');
   return "simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F," + next +
          "serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE," + next +
-         "packs=4,carry=right,answers-writes=0,store=FILE," + next + "pack=FILE]";
+         "packs=4,carry=right,answers-writes=0,index=standard," + next +
+         "letters=0,ideal=X/Y,symbol=WxH,suit=WxH,card=ST," + next +
+         "misread=none,focus-marker=1,store=FILE,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

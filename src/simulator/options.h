@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "simulator/carry.h"
+#include "wire/parameters.h"
 
 namespace morvane::simulator {
 
@@ -18,6 +19,20 @@ struct CardFault {
   int Card = 1;
   std::uint8_t Code = 1;
   bool operator==(const CardFault&) const = default;
+};
+
+/// Where the camera's field of view is, as `pos_x` and `pos_y` of a record.
+struct CameraPlace {
+  int X = 0;
+  int Y = 0;
+  bool operator==(const CameraPlace&) const = default;
+};
+
+/// In pixels of the camera's picture.
+struct PrintSize {
+  int Width = 0;
+  int Height = 0;
+  bool operator==(const PrintSize&) const = default;
 };
 
 /// What kind of machine it is.
@@ -37,6 +52,16 @@ struct Options {
   bool AnswersWrites = false;  ///< also the frames that nobody waits for an answer to
   std::string Store;           ///< file that keeps the parameters; empty: they are lost at the end
   std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
+  // The card in front of the camera, and how the pack is printed; what is empty goes by the index.
+  static constexpr int kTenOfSpades = 9;
+  wire::CardIndex Index = wire::CardIndex::Standard;
+  int Letters = 0;  ///< of the honours, 0..6 as the program counts the countries
+  std::optional<CameraPlace> Ideal;
+  std::optional<PrintSize> Symbol;
+  std::optional<PrintSize> Suit;
+  int Card = kTenOfSpades;  ///< machine card 1..52 in front of the camera, 0 for none
+  int Misread = 0;          ///< machine card that it takes every card for, 0 for none
+  bool MarksFocus = true;   ///< it says that it has measured the focus
   bool operator==(const Options&) const = default;
 
   [[nodiscard]] bool FirmwareSince(std::uint8_t minor) const {
@@ -49,7 +74,7 @@ struct Options {
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
-/// What `ParseOptions` takes, with its defaults, for the person who has to write it: four lines,
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: five lines,
 /// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);
 

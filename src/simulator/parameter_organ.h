@@ -19,6 +19,10 @@ class ParameterOrgan {
   bool Write(const wire::Frame& command);
 
   [[nodiscard]] const StoredParameters& Parameters() const { return parameters_; }
+  /// Whether there is a record for it.
+  [[nodiscard]] bool HasIndex(wire::CardIndex index) const {
+    return Has(wire::SubCodeOf<wire::PositionBlock>(index));
+  }
   /// As `ParameterStore::Trouble`.
   [[nodiscard]] const std::string& Trouble() const { return store_.Trouble(); }
 

@@ -25,7 +25,7 @@ struct StoredParameters {
 
   std::array<IndexRecord, 3> Records{{
       {1001, {60, 80, 64, 20}, {kSymbol}, {kSuit}, {}},
-      {1002, {62, 84, 64, 24}, {kLarge}, {kLarge}, {}},
+      {1002, {62, 22, 64, 24}, {kLarge}, {kLarge}, {}},
       {1003, {58, 78, 64, 18}, {kSmall}, {kSmall}, {}},
   }};  ///< [index]
   wire::ThresholdBlock Thresholds{

@@ -73,6 +73,10 @@ class WiredMachine {
   /// What a person sees and does at the open machine, and what the outputs do.
   [[nodiscard]] Sensors& Opened() { return firmware_.Seen(); }
   [[nodiscard]] const Sensors& Opened() const { return firmware_.Seen(); }
+  /// Lays machine card 1..55 before the camera, or none with 0.
+  void ShowCard(int machineCard) { firmware_.Eye().Show(machineCard); }
+  /// The machine card before it; 0 is none.
+  [[nodiscard]] int CardShown() const { return firmware_.Eye().Card(); }
   /// What it keeps without power.
   [[nodiscard]] const StoredParameters& Parameters() const { return firmware_.Parameters(); }
   /// What is wrong with the file of `store=`, in a line for its owner; empty while nothing is.

@@ -66,7 +66,7 @@ constexpr const char* kJumboOfANewMachine =
     "CardIndex: Jumbo\n"
     "param_ID: 1002\n"
     "pos_x: 62\n"
-    "pos_y: 84\n"
+    "pos_y: 22\n"
     "start_x: 64\n"
     "start_y: 24\n"
     "Sym_x_max: 60\n"
@@ -320,14 +320,14 @@ TEST(MaintainParameters, ADamagedFileIsTakenInNoPart) {
   const std::vector<BadFile> files{
       {kJumboOfANewMachine, "", "it does not end with a line's end"},
       {"Board_Sen: 180\n", "Board_Sen: 18", "it does not end with a line's end"},
-      {"pos_y: 84\n", "pos_y 84\n", "line 4: it is no \"NAME: VALUE\""},
-      {"pos_y: 84\n", "\n", "line 4: it is no \"NAME: VALUE\""},
-      {"pos_y: 84\n", "pos_y: 0\n",
+      {"pos_y: 22\n", "pos_y 22\n", "line 4: it is no \"NAME: VALUE\""},
+      {"pos_y: 22\n", "\n", "line 4: it is no \"NAME: VALUE\""},
+      {"pos_y: 22\n", "pos_y: 0\n",
        "line 4: pos_y takes a number from 1 to 255, without leading zeros"},
-      {"pos_y: 84\n", "pos_y: 84 \n",
+      {"pos_y: 22\n", "pos_y: 22 \n",
        "line 4: pos_y takes a number from 1 to 255, without leading zeros"},
-      {"pos_y: 84\n", "pos_z: 84\n", "line 4: there is no parameter pos_z"},
-      {"pos_y: 84\n", "pos_x: 84\n", "pos_x stands there twice"},
+      {"pos_y: 22\n", "pos_z: 84\n", "line 4: there is no parameter pos_z"},
+      {"pos_y: 22\n", "pos_x: 84\n", "pos_x stands there twice"},
       {"Use_Board: 0", "Use_Board: 2", "line 17: Use_Board takes 0 or 1"},
       {"CardIndex: Jumbo\n", "", "it does not say whose parameters it has"},
       {"CardIndex: Jumbo\n", "CardIndex: Huge\n", "line 1: it is no CardIndex"},
@@ -347,7 +347,7 @@ TEST(MaintainParameters, ADamagedFileIsTakenInNoPart) {
 TEST(MaintainParameters, AFileThatIsNotWholeIsTakenInNoPart) {
   for (const char* const line : {"pos_x: 62\n", "Use_Board: 0\n", "Board_Sen: 180\n"}) {
     Desk desk;
-    const std::string text = With(With(kJumboOfANewMachine, line, ""), "pos_y: 84", "pos_y: 85");
+    const std::string text = With(With(kJumboOfANewMachine, line, ""), "pos_y: 22", "pos_y: 85");
     EXPECT_EQ(desk.From(text), kFailed);
     const std::string name(line, std::string(line).find(':'));
     EXPECT_THAT(desk.Screen.Errors,
@@ -360,7 +360,7 @@ TEST(MaintainParameters, AFileThatIsNotWholeIsTakenInNoPart) {
 
 TEST(MaintainParameters, AFileOfANewerMachineIsTakenInNoPart) {
   Desk desk(",firmware=2.70");
-  EXPECT_EQ(desk.From(With(kJumboOfANewMachine, "pos_y: 84", "pos_y: 85")), kFailed);
+  EXPECT_EQ(desk.From(With(kJumboOfANewMachine, "pos_y: 22", "pos_y: 85")), kFailed);
   EXPECT_THAT(desk.Screen.Errors, EndsWith("this machine has no Video_Brightness.\n"));
   EXPECT_EQ(desk.Writes(), 0);
 }

@@ -21,6 +21,11 @@ TEST(Options, WithoutKeysIsARealMachine) {
   EXPECT_EQ(Options{}.BootMinor, 0x20);
   EXPECT_FALSE(Options{}.AnswersWrites);
   EXPECT_EQ(Options{}.Store, "");
+  EXPECT_EQ(Options{}.Index, wire::CardIndex::Standard);
+  EXPECT_EQ(Options{}.Letters, 0);
+  EXPECT_EQ(Options{}.Card, 9) << "the Ten of Spades";
+  EXPECT_EQ(Options{}.Misread, 0);
+  EXPECT_TRUE(Options{}.MarksFocus);
   EXPECT_EQ(Options{}.Hardware, 0x7F);
   EXPECT_EQ(Options{}.Serial, 4711);
 }
@@ -29,7 +34,16 @@ TEST(Options, EveryKeyIsTaken) {
   const Options options = Parsed(
       "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
       "fault=3:20:30,fault=4:208:240,packs=3,carry=north,boot=2.01,answers-writes=1,"
-      "store=/tmp/a b.txt");
+      "index=small,letters=6,ideal=240/113,symbol=30x78,suit=29x70,card=D2,misread=CK,"
+      "focus-marker=0,store=/tmp/a b.txt");
+  EXPECT_EQ(options.Index, wire::CardIndex::Small);
+  EXPECT_EQ(options.Letters, 6);
+  EXPECT_EQ(options.Ideal, (CameraPlace{240, 113}));
+  EXPECT_EQ(options.Symbol, (PrintSize{30, 78}));
+  EXPECT_EQ(options.Suit, (PrintSize{29, 70}));
+  EXPECT_EQ(options.Card, 27);  // the Two of Diamonds: 2 x 13 before it
+  EXPECT_EQ(options.Misread, 51);
+  EXPECT_FALSE(options.MarksFocus);
   EXPECT_EQ(options.BootMajor, 2);
   EXPECT_EQ(options.BootMinor, 0x01);
   EXPECT_TRUE(options.AnswersWrites);
@@ -83,6 +97,16 @@ TEST(Options, EachWayToCarryHasItsWord) {
     EXPECT_EQ(Parsed("simulated,carry=" + std::string(words.Word)).FirstCarry, words.Way);
     EXPECT_EQ(WordsOf(words.Way).Word, words.Word);
   }
+}
+
+TEST(Options, ThePrintOfTheCards) {
+  EXPECT_EQ(Parsed("simulated,index=jumbo").Index, wire::CardIndex::Jumbo);
+  EXPECT_EQ(Parsed("simulated,index=standard").Index, wire::CardIndex::Standard);
+  EXPECT_EQ(Parsed("simulated,card=none").Card, 0);
+  EXPECT_EQ(Parsed("simulated,card=SA").Card, 13);
+  EXPECT_EQ(Parsed("simulated,card=HT").Card, 22);
+  EXPECT_EQ(Parsed("simulated,ideal=1/255").Ideal, (CameraPlace{1, 255}));
+  EXPECT_EQ(Parsed("simulated,symbol=8x10,suit=100x150").Suit, (PrintSize{100, 150}));
 }
 
 TEST(Options, NumbersReachTheirEnds) {
@@ -148,6 +172,23 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,carry=",
                                       "simulated,carry=Right",
                                       "simulated,carry=wrong",
+                                      "simulated,index=large",
+                                      "simulated,letters=7",
+                                      "simulated,ideal=60",
+                                      "simulated,ideal=0/80",
+                                      "simulated,ideal=60/256",
+                                      "simulated,symbol=24",
+                                      "simulated,symbol=7x40",
+                                      "simulated,symbol=24x151",
+                                      "simulated,suit=101x20",
+                                      "simulated,suit=20x9",
+                                      "simulated,card=",
+                                      "simulated,card=S",
+                                      "simulated,card=10S",
+                                      "simulated,card=S1",
+                                      "simulated,card=XA",
+                                      "simulated,misread=st",
+                                      "simulated,focus-marker=2",
                                       "simulated,colour=red",
                                       "simulated,,speed=1",
                                       "simulated,speed=1,",
@@ -169,7 +210,8 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
             "card 1 to 208 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, boot, "
-            "hardware, serial, noise, seed, fault, packs, carry, answers-writes, store, pack");
+            "hardware, serial, noise, seed, fault, packs, carry, answers-writes, index, letters, "
+            "ideal, symbol, suit, card, misread, focus-marker, store, pack");
   EXPECT_EQ(ParseOptions("simulated,carry=left", options),
             "simulated machine: \"carry=left\": carry= takes right, swapped, dropped, exchanged, "
             "turned, north or nothing");
@@ -186,11 +228,17 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   };
   give("seed=N", "seed=7");
   give("BOARD:CARD:CODE", "1:2:3");
+  give("ideal=X/Y", "ideal=3/4");
+  give("symbol=WxH", "symbol=20x30");
+  give("suit=WxH", "suit=21x31");
   give("store=FILE", "store=kept.txt");
   give("pack=FILE", "pack=set.pbn");
   Options expected;
   expected.Seed = 7;
   expected.Faults = {{1, 2, 3}};
+  expected.Ideal = CameraPlace{3, 4};
+  expected.Symbol = PrintSize{20, 30};
+  expected.Suit = PrintSize{21, 31};
   expected.Store = "kept.txt";
   expected.Pack = "set.pbn";
   EXPECT_EQ(Parsed(usage), expected);
