@@ -17,7 +17,9 @@ class NotedView final : public MaintenanceView {
   int Closes = 0;
   int Pictures = 0;
   int Magnified = 0;
-  AutoSetup* Setup = nullptr;      ///< the last that was opened
+  AutoSetup* Setup = nullptr;  ///< the last that was opened
+  std::string SymY;
+  std::string SuitY;
   std::function<void()> OnShow;    ///< while all, or the picture, is shown
   std::function<void()> OnSearch;  ///< while the search of Auto Setup is
   std::function<void()> OnMagnify;
@@ -36,15 +38,16 @@ class NotedView final : public MaintenanceView {
   }
   std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override {
     struct NotedSearch final : AutoSetupView {
-      std::function<void()>& OnSearch;
-      explicit NotedSearch(std::function<void()>& onSearch) : OnSearch(onSearch) {}
+      NotedView& View;
+      explicit NotedSearch(NotedView& view) : View(view) {}
       void ShowSearch() override {
-        if (OnSearch) OnSearch();
+        View.SymY = View.Setup->symy();
+        View.SuitY = View.Setup->suity();
+        if (View.OnSearch) View.OnSearch();
       }
-      void ShowPicture() override {}
     };
     Setup = &setup;
-    return std::make_unique<NotedSearch>(OnSearch);
+    return std::make_unique<NotedSearch>(*this);
   }
   void Close() override { ++Closes; }
 };

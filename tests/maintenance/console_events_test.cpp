@@ -24,6 +24,11 @@ const std::vector<Event> kEvents{
     {"Card_Index_j", [](auto&, auto& console) { console.SelectIndex(1); }},
     {"Test", [](auto&, auto& console) { console.Developer().Test(); }},
     {"Test_write", [](auto&, auto& console) { console.Developer().Test_write(); }},
+    {"Capture", [](auto&, auto& console) { console.Bench().Capture(); }},
+    {"Reco", [](auto&, auto& console) { console.Bench().Reco(); }},
+    {"Showb", [](auto&, auto& console) { console.Bench().Showb(); }},
+    {"AutoSetup_command", [](auto&, auto& console) { console.AutoSetup_command(); }},
+    {"Picture1", [](auto&, auto& console) { console.Magnify(); }},
     {"the close box", [](auto&, auto& console) { console.Exit(); }, true},
 };
 
@@ -40,6 +45,8 @@ const std::vector<Work> kWork{
     {"Card_Index_sm", [](auto& console) { console.SelectIndex(2); }},
     {"Test", [](auto& console) { console.Developer().Test(); }},
     {"Test_write", [](auto& console) { console.Developer().Test_write(); }},
+    {"Capture", [](auto& console) { console.Bench().Capture(); }},
+    {"Reco", [](auto& console) { console.Bench().Reco(); }},
 };
 
 class Events : public ConsoleDesk {

@@ -66,6 +66,8 @@ class ServiceDesk : public ::testing::Test {
     for (const std::uint8_t byte : test::OnTheWire(plain, 23)) {
       if (const auto saying = sim->Hear(byte, desk.Clock.Elapsed())) {
         reply.assign(saying->Wire.begin(), saying->Wire.end());
+        if (!machine.OnUnasked) continue;  // nobody would know what it is
+        reply.insert(reply.end(), saying->Unasked.begin(), saying->Unasked.end());
       }
     }
     if (OnFrame) OnFrame(plain);
