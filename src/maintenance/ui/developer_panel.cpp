@@ -17,7 +17,7 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
     : QWidget(parent),
       maintenance_(maintenance),
       Test_(NewServiceButton(
-          "Test", "&Test", [&maintenance] { maintenance.Developer().Test(); }, this)),
+          "Test", "Te&st", [&maintenance] { maintenance.Developer().Test(); }, this)),
       TestText_(new QPlainTextEdit(this)),
       Test6_(
           new ValueEdit(maintenance.Developer().Test6, "Test6", "First number of the test", this)),

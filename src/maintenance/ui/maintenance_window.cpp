@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "maintenance/maintenance.h"
 #include "maintenance/ui/card_panel.h"
@@ -15,6 +16,7 @@
 #include "maintenance/ui/identity_panel.h"
 #include "maintenance/ui/output_panel.h"
 #include "maintenance/ui/parameter_panel.h"
+#include "maintenance/ui/picture_panel.h"
 #include "maintenance/ui/sensor_panel.h"
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/verdict_panel.h"
@@ -28,11 +30,13 @@ namespace morvane::maintenance {
 namespace {
 
 constexpr QSize kComfortable{880, 720};
+constexpr int kPicturePage = 1;
+constexpr const char* kPictureCaption = "Pic&ture";
 
 }  // namespace
 
 MaintenanceWindow::MaintenanceWindow(Program& program, Maintenance& maintenance, QWidget* parent)
-    : QDialog(parent), maintenance_(maintenance) {
+    : QDialog(parent), program_(program), maintenance_(maintenance) {
   setObjectName("Maintenance");
   setWindowTitle(QString("Morvane - Maintenance") +
                  (maintenance.TheMachine().IsSimulated() ? " - Simulated machine" : ""));
@@ -40,23 +44,23 @@ MaintenanceWindow::MaintenanceWindow(Program& program, Maintenance& maintenance,
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   // In the order in which the tab key walks through them.
-  auto* live = new ScrollingPart(MakeLive(program), this);
-  live->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);  // not sideways
+  live_ = new ScrollingPart(MakeLive(program), this);
+  live_->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);  // not sideways
   auto* column = new QVBoxLayout;
   column->setContentsMargins(0, kServiceMargin, kServiceMargin, kServiceMargin);
   column->setSpacing(kServiceSpacing);
   contact_ = new ShownValue("lblContact", "The machine", this);
   contact_->setWordWrap(true);
   column->addWidget(contact_);
-  column->addWidget(MakePages(program.ServiceLevel), 1);
+  column->addWidget(MakePages(program), 1);
   column->addWidget(MakeButtons());
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
-  row->addWidget(live);
+  row->addWidget(live_);
   row->addLayout(column, 1);
   for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
-  resize(sizeHint().expandedTo(kComfortable));
+  resize(sizeHint().expandedTo(kComfortable).expandedTo({WidthBesidePicture(), 0}));
   FitToScreen(*this);
   tabs_->tabBar()->setFocus();  // a key pressed by mistake there switches nothing on
   show();
@@ -79,14 +83,23 @@ QWidget* MaintenanceWindow::MakeLive(const Program& program) {
   return live;
 }
 
-QWidget* MaintenanceWindow::MakePages(int serviceLevel) {
-  tabs_ = new QTabWidget(this);
+QWidget* MaintenanceWindow::MakePages(Program& program) {
+  auto* pages = new QWidget(this);
+  pages_ = new QHBoxLayout(pages);
+  pages_->setContentsMargins(0, 0, 0, 0);
+  pages_->setSpacing(0);
+  pages_->addWidget(tabs_ = new QTabWidget(pages));
   tabs_->setObjectName("tabs");
   tabs_->addTab(parameters_ = new ParameterPanel(maintenance_, tabs_), "&Parameters");
+  picture_ = new PicturePanel(program, maintenance_, this);
+  picturePart_ = new ScrollingPart(picture_, this);
+  tabs_->insertTab(kPicturePage, picturePart_, kPictureCaption);
   AddPage(cards_ = new CardPanel(maintenance_, this), "&Cards");
   AddPage(identity_ = new IdentityPanel(maintenance_, this), "&Identity");
-  if (serviceLevel >= 2) AddPage(developer_ = new DeveloperPanel(maintenance_, this), "&Developer");
-  return tabs_;
+  if (program.ServiceLevel >= 2) {
+    AddPage(developer_ = new DeveloperPanel(maintenance_, this), "&Developer");
+  }
+  return pages;
 }
 
 void MaintenanceWindow::AddPage(QWidget* page, const char* caption) {
@@ -110,6 +123,7 @@ void MaintenanceWindow::ShowReadings() {
   sensors_->Show();
   outputs_->ShowReadings();
   verdict_->Show();
+  picture_->ShowReadings();
 }
 
 void MaintenanceWindow::ShowAll() {
@@ -117,13 +131,14 @@ void MaintenanceWindow::ShowAll() {
   ShowReadings();
   outputs_->Show();
   parameters_->Show();
+  picture_->Show();
   cards_->Show();
   identity_->Show();
   if (developer_ != nullptr) developer_->Show();
   Download_->setVisible(maintenance_.Controls().Download);
 }
 
-void MaintenanceWindow::ShowPicture() {}
+void MaintenanceWindow::ShowPicture() { picture_->ShowPicture(); }
 
 void MaintenanceWindow::Magnify() {}
 
@@ -152,6 +167,34 @@ void MaintenanceWindow::AskToLeave() {
 void MaintenanceWindow::closeEvent(QCloseEvent* event) {
   AskToLeave();
   event->setAccepted(maintenance_.Closed());
+}
+
+/// All of it beside each other.
+int MaintenanceWindow::WidthBesidePicture() const {
+  return live_->sizeHint().width() + tabs_->sizeHint().width() + picturePart_->sizeHint().width() +
+         kServiceMargin;
+}
+
+void MaintenanceWindow::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  PlacePicture(width() >= WidthBesidePicture());
+}
+
+/// What has the focus in it keeps it.
+void MaintenanceWindow::PlacePicture(bool beside) {
+  if (std::exchange(beside_, beside) == beside) return;
+  QWidget* focus = focusWidget();
+  const bool inPicture = focus != nullptr && picture_->isAncestorOf(focus);
+  if (beside) {
+    tabs_->removeTab(tabs_->indexOf(picturePart_));
+    pages_->addWidget(picturePart_, 1);
+    picturePart_->show();
+  } else {
+    pages_->removeWidget(picturePart_);
+    tabs_->insertTab(kPicturePage, picturePart_, kPictureCaption);
+    if (inPicture) tabs_->setCurrentIndex(kPicturePage);
+  }
+  if (inPicture) focus->setFocus();
 }
 
 /// Enter presses the button that has the focus, and no other.

@@ -5,12 +5,14 @@
 #include "maintenance/maintenance_view.h"
 #include "program/program.h"
 
+class QHBoxLayout;
 class QPushButton;
 class QTabWidget;
 
 namespace morvane {
+class ScrollingPart;
 class ShownValue;
-}
+}  // namespace morvane
 
 namespace morvane::maintenance {
 
@@ -20,11 +22,13 @@ class IdentityPanel;
 class Maintenance;
 class OutputPanel;
 class ParameterPanel;
+class PicturePanel;
 class SensorPanel;
 class VerdictPanel;
 
 /// `Maintenance`, the machine's service console: what all sensors say and the outputs in sight, and
-/// beside them pages of what is seldom wanted at once.
+/// beside them pages of what is seldom wanted at once. The camera's picture is a page of its own in
+/// a narrow window, and in sight in a wide one.
 class MaintenanceWindow final : public QDialog, public MaintenanceView {
  public:
   MaintenanceWindow(Program& program, Maintenance& maintenance, QWidget* parent);
@@ -47,22 +51,31 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* MakeLive(const Program& program);
-  QWidget* MakePages(int serviceLevel);
+  QWidget* MakePages(Program& program);
   QWidget* MakeButtons();
   void AddPage(QWidget* page, const char* caption);
   void AskToLeave();
   void ShowContact();
+  [[nodiscard]] int WidthBesidePicture() const;
+  void PlacePicture(bool beside);
 
+  Program& program_;
   Maintenance& maintenance_;
   ShownValue* contact_ = nullptr;
+  ScrollingPart* live_ = nullptr;
   SensorPanel* sensors_ = nullptr;
   OutputPanel* outputs_ = nullptr;
   VerdictPanel* verdict_ = nullptr;
+  QHBoxLayout* pages_ = nullptr;  ///< the tabs, and the picture where there is room for it
   QTabWidget* tabs_ = nullptr;
   ParameterPanel* parameters_ = nullptr;
+  PicturePanel* picture_ = nullptr;
+  ScrollingPart* picturePart_ = nullptr;
+  bool beside_ = false;  ///< the picture stands beside the tabs, and is no page of theirs
   CardPanel* cards_ = nullptr;
   IdentityPanel* identity_ = nullptr;
   DeveloperPanel* developer_ = nullptr;

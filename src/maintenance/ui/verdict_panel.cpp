@@ -7,6 +7,7 @@
 #include "maintenance/maintenance.h"
 #include "maintenance/ui/sensor_cell.h"
 #include "maintenance/ui/service_widgets.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/shown_text.h"
 
 namespace morvane::maintenance {
@@ -22,7 +23,7 @@ struct Row {
 constexpr std::array<Row, VerdictPanel::kTexts> kRows{{
     {"Symbol", "Symbol", "10", &Verdict::Symbol},
     {"Suit", "Suit", "D", &Verdict::Suit},
-    {"Threshold", "Threshold", "255", &Verdict::Threshold},
+    {"Threshold", "Threshold", "255,255", &Verdict::Threshold},
     {"Reco_time", "Time", "65535", &Verdict::Reco_time},
     {"Reco_error", "Error", "255", &Verdict::Reco_error},
 }};
@@ -41,17 +42,15 @@ VerdictPanel::VerdictPanel(const Maintenance& maintenance, int serviceLevel, QWi
     row->addWidget(texts_[i]);
   }
   if (serviceLevel == 0) return;
-  // Filled with the pictures of the camera, once there are any.
-  auto* focus = new ShownText("Focus", "Sharpness of the picture", this);
-  focus->setAccessibleName("Focus");
-  focus->setEnabled(false);
-  focus->setFixedWidth(focus->fontMetrics().horizontalAdvance("000000"));
-  auto* label = NewLabelOf(focus, "Focus", this);
+  Focus_ = new ShownText("Focus", "Sharpness of the picture", this);
+  Focus_->setAccessibleName("Focus");
+  Focus_->setFixedWidth(Focus_->fontMetrics().horizontalAdvance("000000"));
+  auto* label = NewLabelOf(Focus_, "Focus", this);
   label->setObjectName("Focus_label");
   auto* column = new QVBoxLayout;
   column->setSpacing(1);
   column->addWidget(label, 0, Qt::AlignHCenter);
-  column->addWidget(focus, 0, Qt::AlignHCenter);
+  column->addWidget(Focus_, 0, Qt::AlignHCenter);
   column->addStretch();
   row->addLayout(column);
 }
@@ -60,6 +59,9 @@ void VerdictPanel::Show() {
   for (std::size_t i = 0; i < kTexts; ++i) {
     texts_[i]->ShowText(maintenance_.Bench().Shown().Verdict.*kRows[i].Text);
   }
+  if (Focus_ == nullptr) return;
+  const QString focus = ToQt(maintenance_.Bench().Shown().Focus);
+  if (Focus_->text() != focus) Focus_->setText(focus);
 }
 
 }  // namespace morvane::maintenance

@@ -3,6 +3,10 @@
 #include <QGroupBox>
 #include <array>
 
+namespace morvane {
+class ShownText;
+}
+
 namespace morvane::maintenance {
 
 class Maintenance;
@@ -18,6 +22,7 @@ class VerdictPanel final : public QGroupBox {
  private:
   const Maintenance& maintenance_;
   std::array<SensorCell*, kTexts> texts_{};
+  ShownText* Focus_ = nullptr;  ///< technicians have it
 };
 
 }  // namespace morvane::maintenance

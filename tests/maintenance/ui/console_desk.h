@@ -140,6 +140,6 @@ class ConsoleDesk : public ::testing::Test {
 };
 
 /// The pages, by their place.
-enum ConsolePage { kParameterPage, kCardPage, kIdentityPage, kDeveloperPage };
+enum ConsolePage { kParameterPage, kPicturePage, kCardPage, kIdentityPage, kDeveloperPage };
 
 }  // namespace morvane::maintenance

@@ -134,7 +134,7 @@ TEST_F(MaintenanceWindowTest, TheDiagnosisIsAskedForWhenItsBoxIsEmpty) {
   text.setFocus();
   text.selectAll();
   Press(Qt::Key_Delete);
-  PressLetter(Qt::Key_T, "Test");
+  PressLetter(Qt::Key_S, "Test");
   EXPECT_EQ(text.toPlainText(), diagnosis);
 }
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QGroupBox>
+#include <array>
+
+class QLineEdit;
+
+namespace morvane {
+class ShownValue;
+}
+
+namespace morvane::maintenance {
+
+class RecognitionBench;
+
+/// What the machine has measured in the last picture, and which card is expected next.
+class MeasurePanel final : public QGroupBox {
+ public:
+  static constexpr std::size_t kTexts = 7;
+  MeasurePanel(RecognitionBench& bench, QWidget* parent);
+  void Show();
+
+ private:
+  QLineEdit* AddHold(const char* name, const char* caption, std::string& text, int row);
+
+  RecognitionBench& bench_;
+  std::array<ShownValue*, kTexts> texts_{};
+};
+
+}  // namespace morvane::maintenance

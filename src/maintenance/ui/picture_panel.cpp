@@ -1,0 +1,204 @@
+#include "maintenance/ui/picture_panel.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QClipboard>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "maintenance/maintenance.h"
+#include "maintenance/picture_file.h"
+#include "maintenance/ui/measure_panel.h"
+#include "maintenance/ui/pixel_view.h"
+#include "maintenance/ui/service_widgets.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
+#include "platform/qt/window_place.h"
+
+namespace morvane::maintenance {
+namespace {
+
+constexpr int kUsualZoom = 2;
+
+QString NumberOrNone(bool known, int number) { return known ? QString::number(number) : QString(); }
+
+void ShowChanged(ShownValue& value, const QString& text) {
+  if (value.text() != text) value.Show(text);
+}
+
+}  // namespace
+
+PicturePanel::PicturePanel(Program& program, Maintenance& maintenance, QWidget* parent)
+    : QWidget(parent), program_(program), maintenance_(maintenance) {
+  auto* column = new QVBoxLayout(this);
+  column->setSpacing(kServiceSpacing);
+  column->addWidget(MakeButtons());
+  column->addWidget(MakeView(), 1);
+  column->addWidget(MakeReadOuts());
+  column->addWidget(measured_ = new MeasurePanel(maintenance_.Bench(), this));
+  PointAt(std::nullopt);
+}
+
+QPushButton* PicturePanel::Add(const char* name, const char* caption, const char* tip,
+                               std::function<void()> press) {
+  auto* button = NewServiceButton(name, caption, std::move(press), this);
+  button->setToolTip(tip);
+  return button;
+}
+
+QWidget* PicturePanel::MakeButtons() {
+  auto* buttons = new QWidget(this);
+  QGridLayout* const grid = NewGrid(buttons);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto bench = [this](QPushButton* PicturePanel::*pressed, void (RecognitionBench::*work)(),
+                            QPushButton* PicturePanel::*then) {
+    return [=, this] { Press(this->*pressed, work, this->*then); };
+  };
+  Capture_ = Add("Capture", "Ta&ke picture", "Has the machine take a picture of the card",
+                 bench(&PicturePanel::Capture_, &RecognitionBench::Capture, &PicturePanel::Showb_));
+  Reco_ = Add("Reco", "Rec&ognise", "Has the machine recognise the card of the last picture",
+              bench(&PicturePanel::Reco_, &RecognitionBench::Reco, &PicturePanel::Reco_));
+  Showb_ = Add("Showb", "Show pi&xels",
+               "Fetches the picture, or behind Recognise what the machine has made of it",
+               bench(&PicturePanel::Showb_, &RecognitionBench::Showb, &PicturePanel::Showb_));
+  auto* frames = Add("Frame_draw", "Draw frames", "Around the symbol and the suit as measured",
+                     [this] { maintenance_.Bench().Frame_draw(); });
+  Start_draw_ = Add("Start_draw", "Draw start point", "Where the search of the symbol begins",
+                    [this] { maintenance_.Bench().Start_draw(); });
+  AutoSetup_command_ =
+      Add("AutoSetup_command", "Auto Setup", "Finds the camera's position with a ten of spades",
+          [this] { maintenance_.AutoSetup_command(); });
+  int place = 0;
+  for (QPushButton* button : {Capture_, Reco_, Showb_, frames, Start_draw_, AutoSetup_command_}) {
+    grid->addWidget(button, place / 3, place % 3);
+    ++place;
+  }
+  return buttons;
+}
+
+QWidget* PicturePanel::MakeView() {
+  Picture1_ = new PixelView("Picture1", "Picture of the camera",
+                            {PaintedPicture::kColumns, PaintedPicture::kRows}, kUsualZoom, this);
+  Picture1_->setToolTip("The wheel zooms; Ctrl with plus, minus and 0 does, too");
+  Picture1_->OnPoint = [this](std::optional<QPoint> pixel) { PointAt(pixel); };
+  Picture1_->OnClick = [this] { maintenance_.Magnify(); };
+  Picture1_->OnCopy = [this] { Copy(); };
+  Picture1_->OnZoom = [this] { ShowPoint(); };
+  StayFree(*Picture1_);
+  return Picture1_;
+}
+
+QWidget* PicturePanel::MakeReadOuts() {
+  auto* part = new QWidget(this);
+  QGridLayout* const grid = NewGrid(part);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto add = [&](const char* name, const char* caption, const char* spoken,
+                       const char* widest, int column) {
+    auto* value = new ShownValue(name, spoken, part);
+    KeepSizeFor(*value, {widest});
+    grid->addWidget(new QLabel(caption, part), 0, column);
+    grid->addWidget(value, 0, column + 1);
+    return value;
+  };
+  Cur_x_ = add("Cur_x", "x", "Column of the pixel", "888", 0);
+  Cur_y_ = add("Cur_y", "y", "Row of the pixel", "888", 2);
+  Brightness_ = add("Brightness", "Brightness", "Brightness of the pixel", "888", 4);
+  zoom_ = add("Zoom", "Zoom", "Zoom", "8x", 6);
+  grid->setColumnStretch(8, 1);
+  fetched_ = new QProgressBar(part);
+  fetched_->setObjectName("Fetched");
+  fetched_->setAccessibleName("Lines of the picture fetched");
+  fetched_->setRange(0, PixelPlane::kHeight);
+  fetched_->setFormat("Line %v of %m");
+  QSizePolicy keepsItsPlace = fetched_->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  fetched_->setSizePolicy(keepsItsPlace);
+  auto* row = new QHBoxLayout;
+  row->addWidget(Add("Save_picture", "Save as PNG...", "", [this] { Save(); }));
+  row->addWidget(
+      Add("Copy_picture", "Copy", "To the clipboard (Ctrl+C on the picture)", [this] { Copy(); }));
+  row->addWidget(fetched_, 1);
+  grid->addLayout(row, 1, 0, 1, 9);
+  return part;
+}
+
+/// While the machine works the three are off, and the picture has the keyboard of the pressed one.
+void PicturePanel::Press(QPushButton* pressed, void (RecognitionBench::*work)(),
+                         QPushButton* then) {
+  done_ = false;
+  (maintenance_.Bench().*work)();
+  if (!done_ || maintenance_.Closed()) return;
+  if (pressed != then || Picture1_->hasFocus()) (then->isEnabled() ? then : Capture_)->setFocus();
+}
+
+void PicturePanel::Show() {
+  const bool known = maintenance_.Controls().MachineKnown;
+  const RecognitionBench& bench = maintenance_.Bench();
+  const bool busy = !bench.ButtonsOn();
+  done_ = done_ || busy;
+  for (QPushButton* button : {Capture_, Reco_, Showb_}) {
+    if (busy && button->hasFocus()) Picture1_->setFocus();
+  }
+  Capture_->setEnabled(known && !busy);
+  Reco_->setEnabled(known && !busy && bench.RecoOn());
+  Showb_->setEnabled(known && !busy);
+  AutoSetup_command_->setEnabled(known && !busy);
+  Start_draw_->setEnabled(known);
+  ShowPicture();
+  ShowReadings();
+}
+
+void PicturePanel::ShowPicture() {
+  const PaintedPicture& painted = maintenance_.Bench().Pictures().Picture1;
+  Picture1_->Show([&painted](int x, int y) { return painted.At(x, y); });
+  ShowPoint();
+  ShowProgress();
+}
+
+void PicturePanel::ShowReadings() {
+  const RecognitionBench& bench = maintenance_.Bench();
+  Reco_->setEnabled(Capture_->isEnabled() && bench.RecoOn());
+  measured_->Show();
+}
+
+void PicturePanel::PointAt(std::optional<QPoint> pixel) {
+  point_ = pixel;
+  ShowPoint();
+}
+
+/// Of what is painted, overlays included.
+void PicturePanel::ShowPoint() {
+  const QPoint at = point_.value_or(QPoint());
+  const bool known = point_.has_value();
+  const int red =
+      static_cast<int>(maintenance_.Bench().Pictures().Picture1.At(at.x(), at.y()) & 0xFFU);
+  ShowChanged(*Cur_x_, NumberOrNone(known, at.x()));
+  ShowChanged(*Cur_y_, NumberOrNone(known, at.y()));
+  ShowChanged(*Brightness_, NumberOrNone(known, red));
+  ShowChanged(*zoom_, QString::number(Picture1_->Zoom()) + "x");
+  Picture1_->Say(known ? QString("x %1, y %2, brightness %3").arg(at.x()).arg(at.y()).arg(red)
+                       : "");
+}
+
+void PicturePanel::ShowProgress() {
+  const auto lines = maintenance_.Bench().LinesFetched();
+  fetched_->setVisible(lines.has_value());
+  if (lines) fetched_->setValue(*lines);
+}
+
+void PicturePanel::Save() {
+  QByteArray png;
+  QBuffer buffer(&png);
+  buffer.open(QIODevice::WriteOnly);
+  Picture1_->Image().save(&buffer, "PNG");
+  SavePicture(program_, {png.constData(), static_cast<std::size_t>(png.size())});
+}
+
+void PicturePanel::Copy() { QApplication::clipboard()->setImage(Picture1_->Image()); }
+
+}  // namespace morvane::maintenance
