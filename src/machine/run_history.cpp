@@ -17,6 +17,8 @@ double Median(std::vector<double> values) {
   return (*std::max_element(values.begin(), values.begin() + middle) + upper) / 2;
 }
 
+}  // namespace
+
 /// Rounded up: who is told of seven minutes is not kept waiting in the eighth.
 std::string About(double seconds) {
   constexpr int kMinute = 60;
@@ -27,8 +29,6 @@ std::string About(double seconds) {
   return "about " + std::to_string(minutes / kMinute) + " h" +
          (rest == 0 ? "" : " " + std::to_string(rest) + " min");
 }
-
-}  // namespace
 
 void RunHistory::Add(Entry entry, double now) {
   if (entry.Good) {

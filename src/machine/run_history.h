@@ -47,6 +47,8 @@ class RunHistory {
 /// How many boards and copies come behind this copy of this board.
 [[nodiscard]] int LeftBehind(const RunMemory& range, int board, int copy);
 
+/// "about 7 minutes", rounded up.
+[[nodiscard]] std::string About(double seconds);
 /// "25 boards left, about 7 minutes"; no time where `secondsEach` is not known.
 [[nodiscard]] std::string LeftLine(int left, std::optional<double> secondsEach);
 

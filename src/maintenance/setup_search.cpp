@@ -8,9 +8,6 @@ namespace {
 
 using wire::CardIndex;
 
-constexpr int kFirstX = 20;
-constexpr int kLastX = 240;
-constexpr int kStep = 10;
 constexpr int kLowestRow = 20;
 constexpr int kRefinements = 3;
 /// By `CardIndex`.

@@ -30,6 +30,10 @@ struct TrialAnswer {
 class SetupSearch {
  public:
   enum class State { kSearching, kFound, kNotFound };
+  // The grid.
+  static constexpr int kFirstX = 20;
+  static constexpr int kLastX = 240;
+  static constexpr int kStep = 10;  ///< of both coordinates
 
   explicit SetupSearch(wire::CardIndex index);
 

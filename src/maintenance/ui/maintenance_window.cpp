@@ -11,9 +11,11 @@
 #include <utility>
 
 #include "maintenance/maintenance.h"
+#include "maintenance/ui/auto_setup_window.h"
 #include "maintenance/ui/card_panel.h"
 #include "maintenance/ui/developer_panel.h"
 #include "maintenance/ui/identity_panel.h"
+#include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/output_panel.h"
 #include "maintenance/ui/parameter_panel.h"
 #include "maintenance/ui/picture_panel.h"
@@ -140,10 +142,15 @@ void MaintenanceWindow::ShowAll() {
 
 void MaintenanceWindow::ShowPicture() { picture_->ShowPicture(); }
 
-void MaintenanceWindow::Magnify() {}
+void MaintenanceWindow::Magnify() {
+  MagnifyWindow window(maintenance_.Bench().Pictures(), this);
+  window.show();
+  program_.Loop.RunUntil([&window] { return !window.isVisible(); });
+}
 
-std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& /*setup*/) {
-  return std::make_unique<AutoSetupView>();
+std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& setup) {
+  return std::make_unique<AutoSetupWindow>(
+      program_.Time, setup, [this] { ShowPicture(); }, this);
 }
 
 void MaintenanceWindow::ShowContact() {
