@@ -55,6 +55,13 @@ class FakeTerminal final : public Terminal {
   std::string Errors;
 };
 
+/// A simulated machine as fast as it is asked; `more` as behind `--machine simulated`.
+inline simulator::Options Asked(const std::string& more) {
+  simulator::Options options;
+  EXPECT_EQ(simulator::ParseOptions("simulated,speed=0" + more, options), std::nullopt);
+  return options;
+}
+
 inline simulator::Options AtSpeed(double speed) {
   simulator::Options options;
   options.Speed = speed;

@@ -17,12 +17,6 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-simulator::Options Asked(const std::string& more) {
-  simulator::Options options;
-  EXPECT_EQ(simulator::ParseOptions("simulated,speed=0" + more, options), std::nullopt);
-  return options;
-}
-
 struct Desk : CliDesk {
   explicit Desk(const std::string& more = "") : CliDesk(false, Asked(more)) {}
   [[nodiscard]] int Polls() const {

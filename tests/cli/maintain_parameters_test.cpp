@@ -15,12 +15,6 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-simulator::Options Asked(const std::string& more) {
-  simulator::Options options;
-  EXPECT_EQ(simulator::ParseOptions("simulated,speed=0" + more, options), std::nullopt);
-  return options;
-}
-
 constexpr int kJumbo = machine::CardSettings::kLargeIndex;
 constexpr int kSmall = machine::CardSettings::kSmallIndex;
 
