@@ -19,6 +19,17 @@ void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& se
   job.Shell.MenuMaintenance();
 }
 
+std::optional<int> IndexIn(OptionReader& given) {
+  const auto word = given.Choice("index", {"standard", "jumbo", "small"});
+  if (!word) return std::nullopt;
+  return *word == "standard" ? 0 : *word == "jumbo" ? 1 : 2;
+}
+
+void TellBreak(Job& job, int boxesBefore) {
+  const bool told = job.Place.Operator.BoxesShown() != boxesBefore;
+  if (job.Place.Prog.Loop.Quitting() && !told) job.Place.Screen.Error("Broken off.\n");
+}
+
 void SayNoFirmware(Terminal& terminal) {
   terminal.Error("The machine holds no firmware: it can only be loaded with one.\n");
 }

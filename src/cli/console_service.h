@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/job.h"
+#include "cli/option_reader.h"
 #include "maintenance/maintenance.h"
 
 namespace morvane::cli {
@@ -39,6 +40,14 @@ class ConsoleService : public maintenance::MaintenanceView {
 /// Brings up the console of `job`, which `service` looks at, until it is left. The selection of
 /// cards that is stored stays as it is; `index` as in `Maintenance::KeepSelection`.
 void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& service);
+
+/// Whose record is meant, `CardSettings::Index`.
+inline constexpr Option kIndexOption{"index", "standard|jumbo|small",
+                                     "whose record is meant; otherwise that of the settings"};
+[[nodiscard]] std::optional<int> IndexIn(OptionReader& given);
+
+/// Says that the command was interrupted, unless there have been boxes since `boxesBefore`.
+void TellBreak(Job& job, int boxesBefore);
 
 /// What is told where a command needs more than a machine without firmware can say.
 void SayNoFirmware(Terminal& terminal);

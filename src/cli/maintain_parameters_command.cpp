@@ -93,12 +93,6 @@ bool TakeFile(Terminal& terminal, const MaintainParametersOptions& options, Want
   return true;
 }
 
-std::optional<int> IndexIn(OptionReader& given) {
-  const auto word = given.Choice("index", {"standard", "jumbo", "small"});
-  if (!word) return std::nullopt;
-  return *word == "standard" ? 0 : *word == "jumbo" ? 1 : 2;
-}
-
 ParameterChanges ChangesIn(OptionReader& given) {
   ParameterChanges changes;
   for (const std::string& text : given.Texts("set")) {

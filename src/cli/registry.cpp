@@ -10,8 +10,11 @@
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
+#include "cli/maintain_auto_setup_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
+#include "cli/maintain_picture_command.h"
+#include "cli/maintain_recognise_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -28,14 +31,30 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 21> kCommands{
-    &kGenerateCommand,     &kConvertCommand,       &kShowCommand,
-    &kStatsCommand,        &kAnalyzeCommand,       &kPrintCommand,
-    &kTextCommand,         &kDealCommand,          &kReadCommand,
-    &kSortCommand,         &kPokerNewCommand,      &kPokerShowCommand,
-    &kPokerDealCommand,    &kPokerReadCommand,     &kPokerPrintCommand,
-    &kMaintainInfoCommand, &kMaintainWatchCommand, &kMaintainParametersCommand,
-    &kHistoryCommand,      &kAuditCommand,         &kHelpCommand};
+constexpr std::array<const Command*, 24> kCommands{&kGenerateCommand,
+                                                   &kConvertCommand,
+                                                   &kShowCommand,
+                                                   &kStatsCommand,
+                                                   &kAnalyzeCommand,
+                                                   &kPrintCommand,
+                                                   &kTextCommand,
+                                                   &kDealCommand,
+                                                   &kReadCommand,
+                                                   &kSortCommand,
+                                                   &kPokerNewCommand,
+                                                   &kPokerShowCommand,
+                                                   &kPokerDealCommand,
+                                                   &kPokerReadCommand,
+                                                   &kPokerPrintCommand,
+                                                   &kMaintainInfoCommand,
+                                                   &kMaintainWatchCommand,
+                                                   &kMaintainParametersCommand,
+                                                   &kMaintainPictureCommand,
+                                                   &kMaintainRecogniseCommand,
+                                                   &kMaintainAutoSetupCommand,
+                                                   &kHistoryCommand,
+                                                   &kAuditCommand,
+                                                   &kHelpCommand};
 
 constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},

@@ -32,6 +32,9 @@ using ServiceLines = std::vector<ServiceLine>;
 /// 0 or 1. None before they have been read.
 [[nodiscard]] ServiceLines ParameterLines(const maintenance::Maintenance& console);
 
+/// What the bench shows of a card; `Focus` where the machine's is shown at all.
+[[nodiscard]] ServiceLines RecognitionLines(const maintenance::RecognitionBench::Texts& texts);
+
 /// The captions of the indexes, by `CardSettings::Index`.
 inline constexpr std::array<std::string_view, 3> kIndexCaptions{"Standard", "Jumbo", "Small"};
 inline constexpr std::string_view kCardIndexName = "CardIndex";

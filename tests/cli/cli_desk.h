@@ -11,8 +11,11 @@
 #include "cli/deal_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
+#include "cli/maintain_auto_setup_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
+#include "cli/maintain_picture_command.h"
+#include "cli/maintain_recognise_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -120,6 +123,18 @@ struct CliDesk {
   ExitStatus Run(const MaintainWatchOptions& options) { return Do(MaintainWatch, options); }
   ExitStatus Run(const MaintainParametersOptions& options) {
     return Do(MaintainParameters, options);
+  }
+  ExitStatus Run(const MaintainPictureOptions& options) { return Do(MaintainPicture, options); }
+  ExitStatus Run(const MaintainRecogniseOptions& options) { return Do(MaintainRecognise, options); }
+  ExitStatus Run(const MaintainAutoSetupOptions& options) { return Do(MaintainAutoSetup, options); }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainPictureOptions& options) {
+    return DoOn(usb, nullptr, MaintainPicture, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainRecogniseOptions& options) {
+    return DoOn(usb, nullptr, MaintainRecognise, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainAutoSetupOptions& options) {
+    return DoOn(usb, nullptr, MaintainAutoSetup, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainInfoOptions& options) {
     return DoOn(usb, nullptr, MaintainInfo, options);

@@ -11,6 +11,7 @@
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_parameters_command.h"
+#include "cli/maintain_recognise_command.h"
 #include "cli/show_command.h"
 
 namespace morvane {
@@ -80,7 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"help", "nosuch"}, "unknown command: nosuch"},
         WrongUsage{{"maintain"},
                    "unknown command: maintain; there is maintain info, maintain watch, "
-                   "maintain parameters"},
+                   "maintain parameters, maintain picture, maintain recognise, "
+                   "maintain auto-setup"},
         WrongUsage{{"help", ""}, "unknown command: "},
         WrongUsage{{"help", "deal", "show"}, "help: wrong number of commands"},
         WrongUsage{{"poker", "print", "a"}, "poker print: wrong number of files"},
@@ -176,7 +178,20 @@ INSTANTIATE_TEST_SUITE_P(
                    "--index large: wanted standard, jumbo or small"},
         WrongUsage{{"maintain", "watch", "--polls", "0"}, "--polls 0: wanted a number above 0"},
         WrongUsage{{"maintain", "info", "--polls", "1"},
-                   "--polls does not belong to maintain info"}));
+                   "--polls does not belong to maintain info"},
+        WrongUsage{{"maintain", "picture"}, "maintain picture: wrong number of files"},
+        WrongUsage{{"maintain", "picture", "/a.pbn"}, "/a.pbn is a board set by its name"},
+        WrongUsage{{"maintain", "picture", "a", "--index", "3"},
+                   "--index 3: wanted standard, jumbo or small"},
+        WrongUsage{{"maintain", "recognise", "--labels", ""}, "--labels: a file without a name"},
+        WrongUsage{{"maintain", "recognise", "--labels", "/a.csv"},
+                   "/a.csv is a board set by its name"},
+        WrongUsage{{"maintain", "recognise", "--national", "7"},
+                   "--national 7: wanted 0, 1, 2, 3, 4, 5 or 6"},
+        WrongUsage{{"maintain", "recognise", "--type", "2"}, "--type 2: wanted 0 or 1"},
+        WrongUsage{{"maintain", "recognise", "--font", "bold"}, "--font bold: wanted 0, 1 or 2"},
+        WrongUsage{{"maintain", "auto-setup", "--font", "1"},
+                   "--font does not belong to maintain auto-setup"}));
 
 TEST(Arguments, TheLimitsOfAParameterAreTaken) {
   for (const char* const change :
@@ -302,6 +317,18 @@ TEST(Arguments, WhereAParametersFileIsRelativeItIsMadeAbsolute) {
   cli::OptionReader given({}, arguments.Given.Options);
   EXPECT_EQ(cli::ReadMaintainParametersOptions(given).From,
             (std::filesystem::current_path() / "b.txt").string());
+}
+
+TEST(Arguments, TheCardFamilyOfARecognitionIsTaken) {
+  const Arguments arguments = Parsed({"maintain", "recognise", "--national", "6", "--type", "1",
+                                      "--font", "2", "--index", "small", "--labels", "l.png"});
+  cli::OptionReader given({}, arguments.Given.Options);
+  const cli::MaintainRecogniseOptions options = cli::ReadMaintainRecogniseOptions(given);
+  EXPECT_EQ(options.National, 6);
+  EXPECT_EQ(options.CardType, 1);
+  EXPECT_EQ(options.Threshold, 2);
+  EXPECT_EQ(options.Index, 2);
+  EXPECT_EQ(options.Labels, (std::filesystem::current_path() / "l.png").string());
 }
 
 TEST(Arguments, TheFirstOptionThatDoesNotBelongIsTold) {
