@@ -1,5 +1,6 @@
 #include "simulator/frame_log.h"
 
+#include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
 namespace morvane::simulator {
@@ -12,6 +13,9 @@ namespace {
 constexpr std::size_t kServiceFrames = 6;
 
 bool IsServicePoll(std::uint8_t code) { return code == CmdOutputs || code == CmdSensor; }
+
+/// One of a picture's, which are asked for one after the other.
+bool IsLine(std::uint8_t code) { return code == CmdPictureLine || code == CmdErrorPictureLine; }
 
 /// Another flag, state or event is worth a line; counts of cards are not.
 bool SameStatus(const StatusReply& before, const StatusReply& now) {
@@ -62,6 +66,7 @@ bool FrameLog::Repeats(const Entry& before, const Entry& now) {
   if (CodeOf(command) != CodeOf(earlier)) return false;
   const Frame reply = FrameOf(now.Reply);
   const bool silent = now.How == Ending::kSilent;
+  if (IsLine(CodeOf(command))) return silent || CodeOf(FrameOf(before.Reply)) == CodeOf(reply);
   if (CodeOf(command) == CmdStatus) {
     return Get<StatusCommand>(command).Flags == Get<StatusCommand>(earlier).Flags &&
            (silent || SameStatus(Get<StatusReply>(FrameOf(before.Reply)), Get<StatusReply>(reply)));

@@ -4,6 +4,7 @@
 
 #include "text/text.h"
 #include "wire/board_labels.h"
+#include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
 namespace morvane::wire {
@@ -139,16 +140,48 @@ std::string OfVerdict(const Frame& reply) {
   return ": rank " + std::to_string(verdict.Rank) + ", suit " + std::to_string(verdict.Suit);
 }
 
+std::string OfLine(const Frame& command) {
+  return " " + std::to_string(Get<PictureLineCommand>(command).Line);
+}
+
+std::string OfCapture(const Frame& command) {
+  const auto here = Get<PositionedCaptureCommand>(command);
+  const std::string index = " index " + std::to_string(here.Index);
+  Frame again = command;
+  PutRows(here, again);
+  if (again != command) return index;
+  return index + " at " + std::to_string(here.PosX) + " " + std::to_string(here.PosY);
+}
+
+std::string OfTrial(const Frame& command) {
+  const auto trial = Get<TrialCommand>(command);
+  return " " + std::to_string(trial.PosX) + " " + std::to_string(trial.PosY);
+}
+
+std::string OfFrame(const Frame& reply) {
+  const SymbolFrame box = Get<SymbolMeasureReply>(reply).Box;
+  return ": " + std::to_string(box.XMin) + ".." + std::to_string(box.XMax) + " x " +
+         std::to_string(box.YMin) + ".." + std::to_string(box.YMax);
+}
+
 struct Row {
   std::uint8_t Code;
   std::string_view Name;
   std::string (*Says)(const Frame& frame);
 };
 
-constexpr std::array<Row, 19> kCommands{{{CmdReadParameters, "CmdReadParameters", OfSubCode},
+constexpr std::array<Row, 27> kCommands{{{CmdReadParameters, "CmdReadParameters", OfSubCode},
                                          {CmdWriteParameters, "CmdWriteParameters", OfSubCode},
                                          {CmdOutputs, "CmdOutputs", OfOutputs},
                                          {CmdLogicVersion, "CmdLogicVersion", OfNothing},
+                                         {CmdPictureLine, "CmdPictureLine", OfLine},
+                                         {CmdErrorPictureLine, "CmdErrorPictureLine", OfLine},
+                                         {CmdCapture, "CmdCapture", OfCapture},
+                                         {CmdSymbolMeasure, "CmdSymbolMeasure", OfNothing},
+                                         {CmdSuitMeasure, "CmdSuitMeasure", OfNothing},
+                                         {CmdRecognise, "CmdRecognise", OfNothing},
+                                         {CmdTrial, "CmdTrial", OfTrial},
+                                         {CmdErrorVerdict, "CmdErrorVerdict", OfNothing},
                                          {CmdTestWrite, "CmdTestWrite", OfNothing},
                                          {CmdStoredData, "CmdStoredData", OfNothing},
                                          {CmdSetCounter, "CmdSetCounter", OfNothing},
@@ -165,9 +198,15 @@ constexpr std::array<Row, 19> kCommands{{{CmdReadParameters, "CmdReadParameters"
                                          {CmdRead, "CmdRead", OfStart},
                                          {CmdRoute, "CmdRoute", OfRoute}}};
 
-constexpr std::array<Row, 15> kReplies{{{ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
+constexpr std::array<Row, 21> kReplies{{{ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
                                         {PhotoReply::Code, "photo sensors", OfPhotos},
                                         {LogicVersionReply::Code, "logic version", OfNothing},
+                                        {PictureLineReply::Code, "picture line", OfLine},
+                                        {ErrorPictureLineReply::Code, "error line", OfLine},
+                                        {CaptureReply::Code, "picture", OfNothing},
+                                        {SymbolMeasureReply::Code, "symbol", OfFrame},
+                                        {SuitMeasureReply::Code, "suit", OfFrame},
+                                        {ErrorVerdictReply::Code, "error verdict", OfVerdict},
                                         {BootAreaReply::Code, "boot area", OfNothing},
                                         {VerdictReply::Code, "verdict", OfVerdict},
                                         {StatusReply::Code, "status", OfStatus},

@@ -52,6 +52,16 @@ TEST_F(FrameLogTest, APollWithAnotherFlagOrAnotherAnswerIsALineOfItsOwn) {
                             "CmdStatus -> status: idle, 0 0 0 0"}));
 }
 
+TEST_F(FrameLogTest, APicturesLinesAreOneLine) {
+  talk.Ask({10, 0, 0, 0});
+  for (std::uint8_t y = 0; y < 192; ++y) talk.Ask({1, y});
+  talk.Ask({2, 0});
+  talk.Ask({1, 192});
+  EXPECT_EQ(Lines(),
+            (Texts{"CmdCapture index 0 -> picture", "192 x CmdPictureLine 191 -> picture line 191",
+                   "CmdErrorPictureLine 0 -> error line 0", "CmdPictureLine 192 -> no answer"}));
+}
+
 TEST_F(FrameLogTest, OtherCommandsAreNotFolded) {
   talk.Ask({0x1A, 0});
   talk.Ask({0x1A, 0});

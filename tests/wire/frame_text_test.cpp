@@ -53,6 +53,24 @@ TEST(FrameText, TheServiceHasItsNamesToo) {
   EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 61})), "verdict: code 61");
 }
 
+TEST(FrameText, TheCameraHasItsNamesToo) {
+  EXPECT_EQ(CommandText(Of({0x01, 191})), "CmdPictureLine 191");
+  EXPECT_EQ(CommandText(Of({0x02, 7})), "CmdErrorPictureLine 7");
+  EXPECT_EQ(CommandText(Of({0x0A, 1, 0, 0, 9, 9, 9})), "CmdCapture index 1");
+  EXPECT_EQ(CommandText(Of({0x0A, 1, 0, 23, 60, 80, 9})), "CmdCapture index 1 at 60 80");
+  EXPECT_EQ(CommandText(Of({0x0F})), "CmdSymbolMeasure");
+  EXPECT_EQ(CommandText(Of({0x10})), "CmdSuitMeasure");
+  EXPECT_EQ(CommandText(Of({0x15})), "CmdRecognise");
+  EXPECT_EQ(CommandText(Of({0x22, 60, 80, 0, 2, 66, 60})), "CmdTrial 60 80");
+  EXPECT_EQ(CommandText(Of({0x25})), "CmdErrorVerdict");
+  EXPECT_EQ(ReplyText(Of({0x81, 5})), "picture line 5");
+  EXPECT_EQ(ReplyText(Of({0x82, 5})), "error line 5");
+  EXPECT_EQ(ReplyText(Of({0x0A})), "picture");
+  EXPECT_EQ(ReplyText(Of({0x0F, 1, 2, 58, 83, 20, 61})), "symbol: 58..83 x 20..61");
+  EXPECT_EQ(ReplyText(Of({0x10, 1, 2, 59, 82, 68, 97})), "suit: 59..82 x 68..97");
+  EXPECT_EQ(ReplyText(Of({0x25, 0, 41, 61, 0, 46, 55})), "error verdict: code 55");
+}
+
 TEST(FrameText, AStatusFrameIsToldByItsSelector) {
   EXPECT_EQ(ReplyText(Of({0x1B, 0, 79, 73, 0xFF, 0x7F})), "sensor: motors 14000 0");
   EXPECT_EQ(ReplyText(Of({0x1B, 0x81, 79, 73, 0xFF, 0x7F})), "sensor: motors 14000 0, flip plate");

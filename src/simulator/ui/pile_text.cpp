@@ -16,11 +16,6 @@ QString CountText(const std::vector<int>& cards) {
   return "<b>" + QString::number(cards.size()) + "</b>";
 }
 
-QString SignOf(int card) {
-  if (card == 0) return kJoker;
-  return SuitSign(static_cast<std::size_t>(CardSuit(card))) + QChar(CardLetter(card));
-}
-
 /// "AK4", or how many they are where a sort has put them: "×52".
 QString RanksText(const std::vector<int>& cards, std::size_t suit, bool counted) {
   std::vector<int> ranks;
@@ -37,9 +32,14 @@ QString RanksText(const std::vector<int>& cards, std::size_t suit, bool counted)
 
 }  // namespace
 
+QString CardText(int card) {
+  if (card == 0) return kJoker;
+  return SuitSign(static_cast<std::size_t>(CardSuit(card))) + QChar(CardLetter(card));
+}
+
 QString CardsInOrder(const std::vector<int>& cards, const QPalette& palette) {
   QString text;
-  for (const int card : cards) text += (text.isEmpty() ? "" : " ") + SignOf(card);
+  for (const int card : cards) text += (text.isEmpty() ? "" : " ") + CardText(card);
   return ColouredSuits(text, palette);
 }
 

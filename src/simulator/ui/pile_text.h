@@ -10,6 +10,8 @@ namespace morvane::simulator {
 // Cards as rich text, the suits in their colours on the ground of a palette. They are program cards
 // 1..52; 0 is a joker.
 
+/// "♠A" or "JK", without colours.
+[[nodiscard]] QString CardText(int card);
 /// "♠A ♥7 JK", in their order.
 [[nodiscard]] QString CardsInOrder(const std::vector<int>& cards, const QPalette& palette);
 /// "13: ♠ AK4 ♥ ...", suit by suit; with `counted` only how many they are.

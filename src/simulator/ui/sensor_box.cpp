@@ -1,20 +1,26 @@
 #include "simulator/ui/sensor_box.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStringList>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/number_edit.h"
 #include "platform/qt/shown_value.h"
+#include "simulator/ui/pile_text.h"
+#include "wire/machine_card.h"
 #include "wire/service_commands.h"
 
 namespace morvane::simulator {
 namespace {
 
 constexpr int kTenths = 10;
+constexpr int kJoker = kCards + 1;  ///< the first of three that look the same
 
 struct SwitchWords {
   Sensors::Switch Which;
@@ -66,6 +72,7 @@ SensorBox::SensorBox(WiredMachine& machine, QWidget* parent)
   column->addLayout(MakePhotos());
   column->addLayout(MakeSwitches());
   column->addLayout(MakeNumbers());
+  column->addLayout(MakeCard());
   column->addWidget(outputs_);
   column->addStretch();
   ShowMachine();
@@ -144,6 +151,31 @@ QLayout* SensorBox::MakeNumbers() {
   return row;
 }
 
+QLayout* SensorBox::MakeCard() {
+  card_ = new QComboBox(this);
+  card_->setObjectName("cboCard");
+  card_->setAccessibleName("Card at the camera");
+  card_->addItem("none", 0);
+  for (int card = 1; card <= kCards; ++card) {
+    card_->addItem(CardText(card), wire::MachineCard::Of(card).Number());
+  }
+  card_->addItem(CardText(0), kJoker);
+  connect(card_, &QComboBox::activated, this,
+          [this](int at) { machine_.ShowCard(card_->itemData(at).toInt()); });
+  auto* label = new QLabel("Card a&t the camera", this);
+  label->setBuddy(card_);
+  auto* row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(card_);
+  row->addStretch();
+  return row;
+}
+
+void SensorBox::ShowCard() {
+  if (card_->view()->isVisible()) return;
+  card_->setCurrentIndex(card_->findData(std::min(machine_.CardShown(), kJoker)));
+}
+
 void SensorBox::ShowMachine() {
   const Sensors& sensors = std::as_const(machine_).Opened();
   for (int photo = 1; photo <= Sensors::kPhotos; ++photo) {
@@ -152,6 +184,7 @@ void SensorBox::ShowMachine() {
   for (const SwitchWords& words : kSwitches) {
     switches_[static_cast<std::size_t>(words.Which)]->setChecked(sensors.On(words.Which));
   }
+  ShowCard();
   outputs_->Show(OutputsText(sensors.Outputs()));
 }
 

@@ -7,6 +7,7 @@
 #include "simulator/wired_machine.h"
 
 class QCheckBox;
+class QComboBox;
 class QLayout;
 
 namespace morvane {
@@ -30,10 +31,13 @@ class SensorBox final : public QWidget {
   QLayout* MakePhotos();
   QLayout* MakeSwitches();
   QLayout* MakeNumbers();
+  QLayout* MakeCard();
+  void ShowCard();
 
   WiredMachine& machine_;
   std::array<QCheckBox*, Sensors::kPhotos> photos_{};
   std::array<QCheckBox*, 3> switches_{};  ///< [Sensors::Switch]
+  QComboBox* card_ = nullptr;
   ShownValue* outputs_;
 };
 

@@ -334,6 +334,22 @@ TEST_F(MachinePanelTest, HandsAreAtTheOpenMachine) {
   EXPECT_EQ(Shown("lblOutputs"), "No output is on");
 }
 
+TEST_F(MachinePanelTest, TheCardAtTheCameraIsChosenAndAFedOneIsShown) {
+  Turn(3);
+  auto& cards = test::Find<QComboBox>(panel, "cboCard");
+  EXPECT_EQ(cards.currentText().toStdString(), "\u2660T");
+  EXPECT_EQ(cards.count(), 54);
+  cards.setFocus();
+  QTest::keyClick(&cards, Qt::Key_Down);
+  EXPECT_EQ(simulated.CardShown(), 8) << "the Nine of Spades";
+  simulated.ShowCard(55);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(cards.currentText().toStdString(), "JK");
+  simulated.ShowCard(0);
+  desk.Loop.WaitMs(200);
+  EXPECT_EQ(cards.currentText().toStdString(), "none");
+}
+
 TEST_F(MachinePanelTest, WithoutTroubleThereIsNoLineOfIt) {
   EXPECT_FALSE(test::Find<QLabel>(panel, "lblTrouble").isVisible());
 }
