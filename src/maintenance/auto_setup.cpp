@@ -54,6 +54,8 @@ void AutoSetup::Run(AutoSetupView& view) {
     if (cancelRequested_ || program_.Loop.Quitting()) return;
   }
   if (search_.Now() == SetupSearch::State::kNotFound) {
+    stage_ = Stage::kOver;
+    view.ShowSearch();
     TellFailure();
     return;
   }
@@ -110,7 +112,6 @@ void AutoSetup::KeepRaisedLimits() {
 }
 
 void AutoSetup::TellFailure() {
-  stage_ = Stage::kOver;
   program_.ShowMessage(program_.Texts.Msg117, kOkCritical, "Auto Setup");
   program_.Log.WriteLine("   AutoSetup Failed for " + CardIndexName(cards_.CardIndex));
 }

@@ -71,7 +71,10 @@ void SetupSearch::NextPoint() {
   } else {
     at_.pos_x += kStep;
   }
-  if (over_) return;
+  if (over_) {
+    progress_ = 100;
+    return;
+  }
   const double done = (at_.pos_x - kFirstX + 220.0 * rowCount_) / 48;
   progress_ = std::clamp(static_cast<int>(std::nearbyint(done)), 0, 100);
 }

@@ -39,7 +39,9 @@ TEST(SetupSearch, ScansRowByRowByTens) {
 TEST(SetupSearch, EndsBehindTheRowAtTwenty) {
   // The rows 110, 100 .. 20, 23 trials each.
   EXPECT_EQ(After(CardIndex::Standard, 229).Now(), State::kSearching);
+  EXPECT_EQ(After(CardIndex::Standard, 229).Progress(), 46) << "(220 + 220 x 9) / 48";
   EXPECT_EQ(After(CardIndex::Standard, 230).Now(), State::kNotFound);
+  EXPECT_EQ(After(CardIndex::Standard, 230).Progress(), 100);
   EXPECT_EQ(SetupSearch(CardIndex::Standard).GridTrials(), 230);
   EXPECT_EQ(After(CardIndex::Small, 275).Now(), State::kSearching);
   EXPECT_EQ(After(CardIndex::Small, 276).Now(), State::kNotFound);

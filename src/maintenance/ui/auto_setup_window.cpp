@@ -138,7 +138,10 @@ void AutoSetupWindow::ShowAll() {
 
 QString AutoSetupWindow::Doing() const {
   if (setup_.Now() == Stage::kPicture) return "The card is found. Fetching its picture ...";
-  if (setup_.Now() == Stage::kOver) return "The card is found.";
+  if (setup_.Now() == Stage::kOver) {
+    const bool found = setup_.Search().Now() == SetupSearch::State::kFound;
+    return found ? "The card is found." : "The card has not been found.";
+  }
   const int refinements = setup_.Search().Refinements();
   if (refinements == 0) {
     return QString("Looking for the ten of spades: row %1 of %2")
