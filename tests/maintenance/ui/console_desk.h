@@ -14,6 +14,7 @@
 #include "machine/machine.h"
 #include "machine/open_link.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/ui/camera_bridge.h"
 #include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/spoken.h"
 #include "simulator/simulated_machine.h"
@@ -41,7 +42,8 @@ class ConsoleDesk : public ::testing::Test {
 
   test::QtDesk desk;
   simulator::SimulatedMachine simulated;
-  test::BridgeTap bridge{simulated};
+  CameraBridge camera{simulated};
+  test::BridgeTap bridge{camera};
   machine::Machine machine{desk.Random, bridge, machine::MachineKind::kSimulated};
   int feeds = 0;                                ///< frames that move a card
   std::vector<std::pair<int, int>> testWrites;  ///< the numbers sent
