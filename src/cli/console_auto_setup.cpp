@@ -27,7 +27,8 @@ void ConsoleAutoSetup::ShowSearch() {
                                  "  Position Y: " + std::to_string(at.pos_y) + "  " +
                                  std::to_string(search.Progress()) + " %"
                            : "");
-  if (setup_.Now() == AutoSetup::Stage::kOver) PrintFound();
+  const bool found = search.Now() == SetupSearch::State::kFound;
+  if (found && setup_.Now() == AutoSetup::Stage::kOver) PrintFound();
 }
 
 void ConsoleAutoSetup::ShowPicture() {
