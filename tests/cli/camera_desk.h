@@ -2,7 +2,7 @@
 
 #include "cli/cli_desk.h"
 #include "maintenance/paper_camera.h"
-#include "maintenance/png.h"
+#include "maintenance/picture_store.h"
 #include "simulator/wired_machine.h"
 #include "support/scripted_bridge.h"
 
