@@ -96,13 +96,17 @@ constexpr std::array<Glyph, kRankGlyphs> kRanks{{
 
 constexpr std::array<Glyph, 4> kSuits{{
     {{"....#....", "...###...", "..#####..", ".#######.", "#########", "#########", "#########",
-      ".##.#.##.", "...###...", "..#####.."}},
+      ".##.#.##.", "...###...", "..#####.."},
+     10},
     {{".###.###.", "#########", "#########", "#########", "#########", ".#######.", "..#####..",
-      "..#####..", "...###...", "....#...."}},
+      "..#####..", "...###...", "....#...."},
+     10},
     {{"....#....", "...###...", "...###...", "..#####..", ".#######.", "#########", ".#######.",
-      "..#####..", "...###...", "....#...."}},
+      "..#####..", "...###...", "....#...."},
+     10},
     {{"...###...", "..#####..", "..#####..", "...###...", ".###.###.", "#########", "#########",
-      ".##.#.##.", "...###...", "..#####.."}},
+      ".##.#.##.", "...###...", "..#####.."},
+     10},
 }};
 
 /// Where the middle of a pixel lies in the drawing: between two of its cells.
@@ -124,11 +128,8 @@ Between Cells(int pixel, int pixels, int cells) {
 
 // Smoothed: where the cells around it have half the ink or more.
 bool Glyph::InkAt(int x, int y, int width, int height) const {
-  const auto isEmpty = [](std::string_view row) { return row.empty(); };
-  const auto rows =
-      static_cast<int>(std::find_if(Drawing.begin(), Drawing.end(), isEmpty) - Drawing.begin());
   const Between column = Cells(x, width, static_cast<int>(Drawing[0].size()));
-  const Between row = Cells(y, height, rows);
+  const Between row = Cells(y, height, Rows);
   const auto inRow = [&](int at) {
     const std::string_view cells = Drawing[static_cast<std::size_t>(at)];
     const auto ink = [&cells](int cell) {

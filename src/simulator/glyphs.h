@@ -11,8 +11,9 @@ namespace morvane::simulator {
 /// A shape that is printed on cards. Its coarse drawing is scaled to any size, and fills it from
 /// edge to edge.
 struct Glyph {
-  static constexpr std::size_t kMostRows = 11;
-  std::array<std::string_view, kMostRows> Drawing;  ///< '#' is ink; unused rows are empty
+  static constexpr int kMostRows = 11;
+  std::array<std::string_view, kMostRows> Drawing;  ///< '#' is ink
+  int Rows = kMostRows;                             ///< of the drawing
 
   /// Whether it has ink at `x`, `y` when it is `width` wide and `height` high.
   [[nodiscard]] bool InkAt(int x, int y, int width, int height) const;

@@ -91,18 +91,28 @@ Recogniser::Likeness Recogniser::LikenessOf(const std::optional<InkBox>& box,
                                             std::span<const Glyph> glyphs) const {
   Likeness best;
   if (!box || box->TouchesTheEdge()) return best;
+  int fewest = box->Width() * box->Height();
+  const int pixels = fewest;
   for (std::size_t glyph = 0; glyph < glyphs.size(); ++glyph) {
-    int alike = 0;
-    for (int y = 0; y < box->Height(); ++y) {
-      for (int x = 0; x < box->Width(); ++x) {
-        const bool ink = Labels().At(box->Left + x, box->Top + y) == label;
-        if (ink == glyphs[glyph].InkAt(x, y, box->Width(), box->Height())) ++alike;
-      }
-    }
-    const int percent = kWholly * alike / (box->Width() * box->Height());
-    if (percent > best.Percent) best = {glyph, static_cast<std::uint8_t>(percent)};
+    const int unlike = Unlike(*box, label, glyphs[glyph], fewest);
+    if (unlike >= fewest) continue;
+    fewest = unlike;
+    best = {glyph, static_cast<std::uint8_t>(kWholly * (pixels - unlike) / pixels)};
   }
   return best;
+}
+
+/// The pixels in which the two differ, as far as they are fewer than `most`.
+int Recogniser::Unlike(const InkBox& box, InkLabels::Class label, const Glyph& glyph,
+                       int most) const {
+  int unlike = 0;
+  for (int y = 0; y < box.Height() && unlike < most; ++y) {
+    for (int x = 0; x < box.Width(); ++x) {
+      const bool ink = Labels().At(box.Left + x, box.Top + y) == label;
+      if (ink != glyph.InkAt(x, y, box.Width(), box.Height())) ++unlike;
+    }
+  }
+  return unlike;
 }
 
 }  // namespace morvane::simulator

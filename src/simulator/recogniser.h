@@ -66,6 +66,8 @@ class Recogniser {
                         const Refusals& refusals);
   [[nodiscard]] Likeness LikenessOf(const std::optional<InkBox>& box, InkLabels::Class label,
                                     std::span<const Glyph> glyphs) const;
+  [[nodiscard]] int Unlike(const InkBox& box, InkLabels::Class label, const Glyph& glyph,
+                           int most) const;
 
   InkLabels ink_;
   std::optional<InkBox> symbolBox_;
