@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "wire/machine_card.h"
 
 namespace morvane::simulator {
@@ -17,5 +20,9 @@ struct CardRank {
   if (card == 0) return {};
   return {kRanks + 2 - RankPosition(card), CardSuit(card)};
 }
+
+inline constexpr std::string_view kCardWords = "a suit and a rank, such as ST, or none";
+/// The machine card of those words; 0 for "none".
+[[nodiscard]] std::optional<int> MachineCardIn(std::string_view words);
 
 }  // namespace morvane::simulator

@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 
-#include "wire/machine_card.h"
+#include "simulator/card_rank.h"
 
 namespace morvane::simulator {
 namespace {
@@ -22,7 +22,6 @@ constexpr int kLastNational = 6;
 /// By `wire::CardIndex`.
 constexpr std::array<std::string_view, 3> kIndexWords{"standard", "jumbo", "small"};
 constexpr std::string_view kSizeRange = "WIDTHxHEIGHT from 8x10 to 100x150";
-constexpr std::string_view kCardRange = "a suit and a rank, such as ST, or none";
 
 /// The number that the whole text is, within `low`..`high`.
 template <typename Number>
@@ -173,17 +172,6 @@ bool TakeSymbol(std::string_view value, Options& options) {
 
 bool TakeSuit(std::string_view value, Options& options) { return TakeSize(value, options.Suit); }
 
-/// The machine card of "ST"; 0 for "none".
-std::optional<int> MachineCardIn(std::string_view text) {
-  constexpr std::string_view kSuitLetters = "SHDC";
-  if (text == "none") return 0;
-  if (text.size() != 2) return std::nullopt;
-  const std::size_t suit = kSuitLetters.find(text[0]);
-  if (suit == std::string_view::npos) return std::nullopt;
-  const int card = CardOf(static_cast<int>(suit) + 1, text[1]);
-  return card == 0 ? std::nullopt : std::optional(wire::MachineCard::Of(card).Number());
-}
-
 bool TakeCard(std::string_view value, Options& options) {
   const auto card = MachineCardIn(value);
   if (card) options.Card = *card;
@@ -234,8 +222,8 @@ constexpr std::array<Key, 21> kKeyTable{{
     {"ideal", TakeIdeal, "X/Y, both from 1 to 255"},
     {"symbol", TakeSymbol, kSizeRange},
     {"suit", TakeSuit, kSizeRange},
-    {"card", TakeCard, kCardRange},
-    {"misread", TakeMisread, kCardRange},
+    {"card", TakeCard, kCardWords},
+    {"misread", TakeMisread, kCardWords},
     {"focus-marker", TakeFocusMarker, "0 or 1"},
     {"store", TakeStore, "the path of a file, without commas"},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},

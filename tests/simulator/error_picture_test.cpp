@@ -70,6 +70,22 @@ TEST(ErrorPicture, IsReplacedByTheNextErrorAndGoesWithThePower) {
   EXPECT_THAT(Verdict(talk), ElementsAre(37, 0, 0, 0, 0, 0, 0));
 }
 
+TEST(ErrorPicture, OneThatNobodyHasAskedForGoesWithThePowerToo) {
+  CameraTalk talk;
+  StopAtTheAce(talk, 54);
+  talk.Machine.PowerOff();
+  talk.Machine.PowerOn();
+  EXPECT_THAT(Verdict(talk), ElementsAre(37, 0, 0, 0, 0, 0, 0));
+}
+
+TEST(ErrorPicture, ReadsTheLettersOfItsCards) {
+  Options options = Talk::Fast();
+  options.Letters = 5;
+  CameraTalk talk(options);
+  StopAtTheAce(talk, 54);
+  EXPECT_THAT(Verdict(talk), ElementsAre(37, 0, 41, 14, 1, 46, 0)) << "its ace is an E";
+}
+
 TEST(ErrorPicture, LeavesTheBufferAndItsMeasuresAlone) {
   CameraTalk talk;
   const Rows grey = talk.CapturedAt(60, 90);

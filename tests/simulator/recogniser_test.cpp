@@ -1,9 +1,12 @@
 // The recogniser of the simulated machine, against frames on paper.
 
+#include "simulator/recogniser.h"
+
 #include <gmock/gmock.h>
 
 #include <set>
 
+#include "simulator/camera.h"
 #include "simulator/camera_talk.h"
 
 namespace morvane::simulator {
@@ -278,6 +281,78 @@ TEST(Recogniser, ARequestThatCanBeNoneIsNotAnswered) {
   EXPECT_TRUE(talk.Ask({34, 60, 80, 3, 0, 66, 60}).empty());
   EXPECT_TRUE(talk.Ask({34, 60, 80, 0, 3, 66, 60}).empty());
   EXPECT_GT(talk.Fetch()[0][0], 200) << "nothing was recognised";
+}
+
+// From here on pictures that no camera has taken.
+
+Picture Paper() {
+  Picture picture;
+  picture.Pixels.fill(220);
+  return picture;
+}
+
+void Blacken(Picture& picture, const Bounds& box, std::uint8_t level = 40) {
+  for (int y = box.Top; y <= box.Bottom; ++y) {
+    for (int x = box.Left; x <= box.Right; ++x) picture.Set(x, y, level);
+  }
+}
+
+/// A ten of spades where it belongs, as the camera takes it.
+Picture TenOfSpades() {
+  Picture picture;
+  Camera(Talk::Fast()).Take({60, 80}, true, picture);
+  return picture;
+}
+
+int ErrorOf(const Picture& picture) {
+  return Recogniser()
+      .Recognise(picture, TaskOf({}, wire::CardIndex::Standard, CardFont::Normal))
+      .Error;
+}
+
+TEST(Recogniser, AShapeThatIsNoRankIsNotRecognised) {
+  Picture picture = TenOfSpades();
+  EXPECT_EQ(ErrorOf(picture), 0);
+  Blacken(picture, {59, 82, 21, 60});
+  EXPECT_EQ(ErrorOf(picture), 25);
+}
+
+TEST(Recogniser, AShapeThatIsNoSuitIsNotRecognised) {
+  Picture picture = TenOfSpades();
+  Blacken(picture, {60, 81, 69, 96});
+  EXPECT_EQ(ErrorOf(picture), 36);
+}
+
+TEST(Recogniser, WhatLiesAboveRow20IsNotSearched) {
+  Picture picture = Paper();
+  Blacken(picture, {59, 82, 2, 19});
+  EXPECT_EQ(ErrorOf(picture), 26);
+  Blacken(picture, {59, 82, 2, 20});
+  EXPECT_EQ(ErrorOf(picture), 29) << "found, but 19 rows are too few";
+}
+
+// 46 percent of 255 are 117.3.
+TEST(Recogniser, InkIsDarkerThanTheThreshold) {
+  Picture picture = Paper();
+  Blacken(picture, {59, 82, 21, 60}, 117);
+  EXPECT_EQ(ErrorOf(picture), 26);
+  Blacken(picture, {59, 82, 21, 60}, 116);
+  EXPECT_EQ(ErrorOf(picture), 25);
+}
+
+TEST(Recogniser, ABlemishedShapeIsStillRecognised) {
+  Picture picture = TenOfSpades();
+  Blacken(picture, {62, 62, 30, 34}, 220);
+  Blacken(picture, {70, 71, 80, 82}, 220);
+  Recogniser recogniser;
+  const auto verdict =
+      recogniser.Recognise(picture, TaskOf({}, wire::CardIndex::Standard, CardFont::Normal));
+  EXPECT_EQ(verdict.Rank, 10);
+  EXPECT_EQ(verdict.Suit, 1);
+  EXPECT_EQ(verdict.Error, 0);
+  EXPECT_EQ(recogniser.SuitMeasure().Box, (wire::SymbolFrame{59, 82, 68, 97}));
+  // 6 of 22 x 28 pixels of the suit are wrong: 610 / 616.
+  EXPECT_EQ(recogniser.SymbolMeasure().Param2, 99);
 }
 
 TEST(Trial, TakesItsPictureAndLooksFromItsStartPoint) {

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 
+#include "simulator/card_rank.h"
 #include "text/text.h"
 #include "wire/machine_errors.h"
 #include "wire/replies.h"
@@ -12,11 +13,13 @@ namespace morvane::simulator {
 namespace {
 
 constexpr int kWay = -1;
+constexpr int kCard = -2;
 constexpr int kTenths = 10;
 
 struct Command {
   std::string_view Word;
-  int Highest;  ///< of the number behind it, which begins at 1; 0 = there is none, kWay = a `Carry`
+  int Highest;  ///< of the number behind it, which begins at 1; 0 = there is none, kWay = a
+                ///< `Carry`, kCard = a card
   std::string_view Means;
   std::string (*Do)(WiredMachine& machine, int number);
 };
@@ -77,6 +80,11 @@ std::string Flip(WiredMachine& machine, int /*number*/) {
                                                    : "The flip plate is open.\n";
 }
 
+std::string ShowCard(WiredMachine& machine, int card) {
+  machine.ShowCard(card);
+  return card == 0 ? "No card is at the camera.\n" : "The card is at the camera.\n";
+}
+
 std::string Speed(WiredMachine& machine, int speed) {
   for (int motor = 1; motor <= Sensors::kMotors; ++motor) machine.Opened().SetSpeed(motor, speed);
   return "Motors that are on turn at " + std::to_string(speed) + ".\n";
@@ -110,7 +118,7 @@ std::string Nothing(WiredMachine& /*machine*/, int /*number*/) { return ""; }
 
 constexpr std::string_view kQuit = "quit";
 
-constexpr std::array<Command, 18> kCommands{{
+constexpr std::array<Command, 19> kCommands{{
     {"pedal", 0, "press the pedal", Pedal},
     {"board", kMaxBoards, "push board N into the slot", Board},
     {"remove", 0, "take the board out", Remove},
@@ -124,6 +132,7 @@ constexpr std::array<Command, 18> kCommands{{
     {"front", 0, "press the front switch, or let it go", Front},
     {"cover", 0, "open the cover, or close it", Cover},
     {"flip", 0, "open the flip plate, or close it", Flip},
+    {"card", kCard, "lay this card before the camera, such as ST, or none", ShowCard},
     {"speed", Sensors::kHighestSpeed, "let the motors turn at N", Speed},
     {"degrees", Sensors::kHighestTemperature / kTenths, "bring the inside to N degrees", Degrees},
     {"volts", Sensors::kHighestSupply / kTenths, "set the supply to N volts", Volts},
@@ -149,6 +158,7 @@ std::optional<int> WayIn(std::string_view text) {
 /// The number that the whole `text` is, 0 without one; nothing where it is none of the command's.
 std::optional<int> NumberFor(const Command& command, std::string_view text) {
   if (command.Highest == kWay) return WayIn(text);
+  if (command.Highest == kCard) return MachineCardIn(text);
   if (command.Highest == 0) return text.empty() ? std::optional(0) : std::nullopt;
   int number = 0;
   const char* const end = text.data() + text.size();
@@ -161,6 +171,7 @@ std::optional<int> NumberFor(const Command& command, std::string_view text) {
 std::string Expected(const Command& command) {
   const std::string word(command.Word);
   if (command.Highest == kWay) return word + " takes " + std::string(kCarryList) + ".\n";
+  if (command.Highest == kCard) return word + " takes " + std::string(kCardWords) + ".\n";
   if (command.Highest == 0) return word + " takes nothing behind it.\n";
   return word + " takes a number from 1 to " + std::to_string(command.Highest) + ".\n";
 }
@@ -185,9 +196,10 @@ std::string OperatorCommandsHelp() {
   std::string text;
   for (const Command& command : kCommands) {
     std::string row = "  " + std::string(command.Word) +
-                      (command.Highest > 0       ? " N"
-                       : command.Highest == kWay ? " WAY"
-                                                 : "");
+                      (command.Highest > 0        ? " N"
+                       : command.Highest == kWay  ? " WAY"
+                       : command.Highest == kCard ? " CARD"
+                                                  : "");
     row.resize(kColumn, ' ');
     text += row + std::string(command.Means) + "\n";
   }

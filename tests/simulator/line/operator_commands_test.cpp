@@ -84,6 +84,16 @@ TEST_F(OperatorCommands, HandsMoveTheSwitches) {
   EXPECT_EQ(talk.Ask({23, 16, 0}).at(6), 0x40);
 }
 
+TEST_F(OperatorCommands, ACardIsLaidBeforeTheCamera) {
+  EXPECT_EQ(Type("card HA"), "The card is at the camera.\n");
+  EXPECT_EQ(talk.Machine.CardShown(), 26);
+  EXPECT_EQ(Type("card none"), "No card is at the camera.\n");
+  EXPECT_EQ(talk.Machine.CardShown(), 0);
+  for (const char* line : {"card", "card 26", "card AH", "card ha"}) {
+    EXPECT_EQ(Type(line), "card takes a suit and a rank, such as ST, or none.\n");
+  }
+}
+
 TEST_F(OperatorCommands, SpeedTemperatureAndSupplyAreWhatIsTyped) {
   EXPECT_EQ(Type("speed 13000"), "Motors that are on turn at 13000.\n");
   talk.Ask({23, 1, 0});
@@ -109,9 +119,9 @@ TEST_F(OperatorCommands, OnlyQuitEnds) {
 
 TEST_F(OperatorCommands, HelpListsEveryCommand) {
   EXPECT_EQ(Type("help"), OperatorCommandsHelp());
-  for (const char* word :
-       {"pedal", "board N", "remove", "fault N", "carry WAY", "putback", "photo N", "front",
-        "cover", "flip", "speed N", "degrees N", "volts N", "off", "on", "state", "help", "quit"}) {
+  for (const char* word : {"pedal", "board N", "remove", "fault N", "carry WAY", "putback",
+                           "photo N", "front", "cover", "flip", "card CARD", "speed N", "degrees N",
+                           "volts N", "off", "on", "state", "help", "quit"}) {
     EXPECT_THAT(OperatorCommandsHelp(), testing::HasSubstr("  " + std::string(word) + " ")) << word;
   }
 }
