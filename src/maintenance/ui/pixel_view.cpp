@@ -48,6 +48,7 @@ PixelView::PixelView(const QString& name, const QString& spokenName, QSize pixel
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   viewport()->setMouseTracking(true);
+  viewport()->setBackgroundRole(QPalette::Window);
   viewport()->setCursor(Qt::CrossCursor);
   image_.fill(Qt::white);
 }

@@ -19,7 +19,9 @@ class PictureDesk : public ConsoleDesk {
       {0x15, test::Short({0x15, 0, 41, 10, 1, 46, 0})},
       {0x0F, test::Short({0x0F, 5, 6, 10, 20, 30, 50})},
       {0x10, test::Short({0x10, 47, 0, 11, 31, 60, 90})},
-  };                                ///< plain, by code
+  };  ///< plain, by code
+  /// Whether the ten of spades is seen in a trial there.
+  std::function<bool(int x, int y)> Seen;
   std::function<void(int)> OnLine;  ///< a line of the picture is asked for
   std::vector<std::uint8_t> codes;  ///< of the camera's frames, as they were sent
 
@@ -68,6 +70,12 @@ class PictureDesk : public ConsoleDesk {
         line[static_cast<std::size_t>(8 + x)] = Pixel(x, plain[1]);
       }
       return line;
+    }
+    if (plain[0] == 0x22 && Seen) {
+      codes.push_back(plain[0]);
+      const bool seen = Seen(plain[1], plain[2]);
+      return seen ? test::Short({0x15, 0, 9, 10, 1, 46, 0})
+                  : test::Short({0x15, 0, 9, 0, 0, 46, 25});
     }
     const auto reply = replies.find(plain[0]);
     if (reply == replies.end()) return {};

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QProgressBar>
 #include <QTabWidget>
 #include <functional>
 #include <memory>
@@ -20,6 +21,7 @@
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/window_place.h"
@@ -285,8 +287,8 @@ class EveryWindow : public MainMenuTest {
     poker.Exit();
   }
 
-  /// Before the machine answers; then each page, with the motors on, a flip plate that is open, and
-  /// parameters that are not written.
+  /// Before the machine answers; then each page, with the motors on, a flip plate that is open,
+  /// parameters that are not written, and a picture; then the windows that it opens.
   void LookAtMaintenance(const Look& look) {
     ASSERT_TRUE(
         machine::OpenLink(desk.Prog, machine_.Link, maintenance::Maintenance::kLinkTimeoutMs));
@@ -297,7 +299,7 @@ class EveryWindow : public MainMenuTest {
     window.activateWindow();
     look(window);
     desk.Loop.WaitMs(maintenance::Maintenance::kFirstContactMs + 100);
-    for (const char* output : {"Motors", "Cam_leds"}) {
+    for (const char* output : {"Motors", "Cam_leds", "Cam_power"}) {
       test::Find<QAbstractButton>(window, output).click();
     }
     test::Find<QAbstractButton>(window, "Ignore_flip").click();
@@ -306,9 +308,45 @@ class EveryWindow : public MainMenuTest {
     simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
     test::Find<QAbstractButton>(window, "Feed_card").click();
     desk.Loop.WaitMs(20'000);  // the motors run up
+    for (const char* step : {"Capture", "Showb", "Reco", "Frame_draw", "Start_draw"}) {
+      test::Find<QAbstractButton>(window, step).click();
+    }
     LookAtPages(window, look);
+    LookAtMagnify(*pictures, window, look);
+    LookAtAutoSetup(window, look);
     desk.AnswerBox(QMessageBox::Yes);
     console.Exit();
+  }
+
+  void LookAtMagnify(const maintenance::PictureStore& pictures, QWidget& console,
+                     const Look& look) {
+    maintenance::MagnifyWindow window(pictures, &console);
+    window.show();
+    test::Find<QAbstractButton>(window, "Raster").click();
+    desk.Loop.Pump();
+    look(window);
+    window.close();
+  }
+
+  /// In the middle of a search that finds nothing: the card is another.
+  void LookAtAutoSetup(QWidget& console, const Look& look) {
+    constexpr int kMiddle = 20;  // per cent
+    desk.AnswerBox(QMessageBox::Ok);
+    bool looked = false;
+    const auto before = desk.Loop.OnPump;
+    desk.Loop.OnPump = [&] {
+      before();
+      QWidget* window = test::TopWindow("AutoSetup");
+      if (window == nullptr || looked) return;
+      if (test::Find<QProgressBar>(*window, "ProgressBar1").value() < kMiddle) return;
+      looked = true;
+      window->activateWindow();  // as window managers do behind a box
+      look(*window);
+      test::Find<QAbstractButton>(*window, "Cancel").click();
+    };
+    test::Find<QAbstractButton>(console, "AutoSetup_command").click();
+    desk.Loop.OnPump = before;
+    EXPECT_TRUE(looked);
   }
 
   void LookAtSort(const Look& look) {
