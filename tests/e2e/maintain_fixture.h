@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "e2e/e2e_fixture.h"
+
+namespace morvane::e2e {
+
+/// The service console of the command line at a machine that is another program. Each run costs two
+/// seconds before the first contact.
+class MaintainEndToEnd : public EndToEnd {
+ protected:
+  /// Starts a machine that keeps its parameters, and says where it is.
+  std::string Start(const std::string& more = "", const std::string& input = "/dev/null") {
+    machine = std::make_unique<Process>(
+        std::vector<std::string>{"--pace", "wire", "--machine",
+                                 "simulated,speed=0,store=" + (folder / "store") + more},
+        Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
+    EXPECT_TRUE(machine->Until([&] { return machine->Out().ends_with('\n'); })) << machine->Err();
+    return machine->Out().substr(0, machine->Out().find('\n'));
+  }
+  [[nodiscard]] std::vector<std::string> On(const std::string& named,
+                                            const std::vector<std::string>& words) const {
+    std::vector<std::string> line{"--machine", named, "maintain"};
+    line.insert(line.end(), words.begin(), words.end());
+    return Whole(line);
+  }
+  Outcome Maintain(const std::string& named, const std::vector<std::string>& words) {
+    return Process(On(named, words), Around()).Finish();
+  }
+  std::unique_ptr<Process> machine;
+};
+
+}  // namespace morvane::e2e
