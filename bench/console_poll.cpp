@@ -48,8 +48,6 @@ std::int64_t ResidentKb() {
   return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
-double Seconds(test::LinkGaps::Time time) { return static_cast<double>(time.count()) / 1e6; }
-
 /// What the console takes while it polls; it is left when the time is over.
 class Meter {
  public:
@@ -111,8 +109,6 @@ void WatchAtDesktop(LinkParts& parts) {
   shell.MenuMaintenance();
 }
 
-const char* Mark(bool good) { return good ? "" : "  FELL SHORT"; }
-
 /// Whether all stayed under what is wanted.
 bool Show(const char* what, const Meter& meter, const test::LinkGaps::Figures& noted) {
   const double gaps = 100 * Seconds(noted.Gaps) / Seconds(noted.Taken);
@@ -130,10 +126,8 @@ bool Show(const char* what, const Meter& meter, const test::LinkGaps::Figures& n
               static_cast<long long>(meter.GrownKb()), Mark(steady),
               static_cast<long long>(kWantedGrowthKb));
   std::printf("  %-44s %9.2f s\n", "inside the polls", Seconds(noted.Taken));
-  std::printf("  %-44s %9.2f s\n", "their bytes on the wire, 10 bits at 115200",
-              Seconds(noted.OnTheWire()));
-  std::printf("  %-44s %9.3f s\n", "gaps between reply and next send, sum", Seconds(noted.Gaps));
-  std::printf("  %-44s %9.3f ms\n", "  the longest", Seconds(noted.Worst) * 1e3);
+  ShowBytes(noted);
+  ShowGaps(noted);
   std::printf("  %-44s %9.2f %%%s (wanted: under %.0f %%)\n", "  their sum beside the polls' time",
               gaps, Mark(quick), kWantedGapsPerCent);
   return polled && idle && steady && quick;

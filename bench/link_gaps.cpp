@@ -88,8 +88,6 @@ void DealAtDesktop(LinkParts& parts, const BoardSet& set) {
   shell.MenuDeal();
 }
 
-double Seconds(test::LinkGaps::Time time) { return static_cast<double>(time.count()) / 1e6; }
-
 /// Whether the gaps of all `boards` stayed under what is wanted.
 bool Show(const char* what, const test::LinkGaps::Figures& noted, int boards) {
   const double ofTheRun = 100 * Seconds(noted.Gaps) / Seconds(noted.Taken);
@@ -97,14 +95,12 @@ bool Show(const char* what, const test::LinkGaps::Figures& noted, int boards) {
   std::printf("%s\n", what);
   std::printf("  %-44s %9d of %d\n", "boards", noted.Runs, boards);
   std::printf("  %-44s %9.2f s\n", "from their first byte to their last", Seconds(noted.Taken));
-  std::printf("  %-44s %9.2f s\n", "their bytes on the wire, 10 bits at 115200",
-              Seconds(noted.OnTheWire()));
+  ShowBytes(noted);
   std::printf("  %-44s %9s\n", "sends", Grouped(static_cast<std::int64_t>(noted.Sends)).c_str());
   std::printf("  %-44s %9.2f s\n", "inside the writes", Seconds(noted.Writes));
-  std::printf("  %-44s %9.3f s\n", "gaps between reply and next send, sum", Seconds(noted.Gaps));
-  std::printf("  %-44s %9.3f ms\n", "  the longest", Seconds(noted.Worst) * 1e3);
+  ShowGaps(noted);
   std::printf("  %-44s %9.2f %%%s (wanted: under %.0f %%)\n", "  their sum beside the run's time",
-              ofTheRun, good ? "" : "  FELL SHORT", kWantedPerCent);
+              ofTheRun, Mark(good), kWantedPerCent);
   std::printf("  %-44s %9.2f %%\n", "  their sum beside the bytes' time", noted.PerCent());
   return good;
 }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -53,6 +54,18 @@ class UnseenTerminal final : public Terminal {
  private:
   std::ofstream file_{"/dev/null"};
 };
+
+inline double Seconds(test::LinkGaps::Time time) { return static_cast<double>(time.count()) / 1e6; }
+inline const char* Mark(bool good) { return good ? "" : "  FELL SHORT"; }
+
+inline void ShowBytes(const test::LinkGaps::Figures& noted) {
+  std::printf("  %-44s %9.2f s\n", "their bytes on the wire, 10 bits at 115200",
+              Seconds(noted.OnTheWire()));
+}
+inline void ShowGaps(const test::LinkGaps::Figures& noted) {
+  std::printf("  %-44s %9.3f s\n", "gaps between reply and next send, sum", Seconds(noted.Gaps));
+  std::printf("  %-44s %9.3f ms\n", "  the longest", Seconds(noted.Worst) * 1e3);
+}
 
 /// The device at whose other end `machine`, a `morvane-machine`, is; empty when it says none.
 inline std::string DeviceOf(e2e::Process& machine) {

@@ -74,6 +74,30 @@ TEST_F(LinkGapsTest, APollOfTheConsoleGoesFromOneFrameOfTheOutputsToTheNext) {
   EXPECT_EQ(polls.Noted().Taken.count(), 2 * 60) << "the last one has not ended";
 }
 
+TEST(LinkGapsOfPictures, APictureGoesFromItsFirstLineToTheReplyWithItsLast) {
+  VirtualClock clock;
+  ScriptedBridge bridge(clock);
+  LinkGaps gaps(bridge, clock, LinkGaps::Of::kPictures);
+  const auto exchange = [&](int idle, std::uint8_t code, std::uint8_t line) {
+    bridge.Replies.push_back(Short({0x0A}));
+    clock.Spend(microseconds(idle));
+    std::uint32_t count = 0;
+    gaps.Write(1, OnTheWire(Short({code, line}), 23), count);
+    Bytes reply(8);
+    gaps.Read(1, reply, count);
+  };
+  exchange(0, 0x0A, 0);
+  exchange(5000, 0x01, 0);
+  exchange(10, 0x01, 1);
+  exchange(30, 0x01, 191);
+  exchange(7000, 0x17, 0);  // a poll
+  EXPECT_EQ(gaps.Noted().Runs, 1);
+  EXPECT_EQ(gaps.Noted().Sends, 3U);
+  EXPECT_EQ(gaps.Noted().Gaps, microseconds(40));
+  EXPECT_EQ(gaps.Noted().Worst, microseconds(30));
+  EXPECT_EQ(gaps.Noted().Taken, microseconds(40));
+}
+
 TEST_F(LinkGapsTest, AReadingRunAndASortAreRunsToo) {
   for (const Bytes& start : {Long({0x9C}), Short({0x35})}) {
     Exchange(0, start);

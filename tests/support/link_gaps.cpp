@@ -2,17 +2,21 @@
 
 #include <algorithm>
 
+#include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
 namespace morvane::test {
 namespace {
 
-/// The plain code of a frame as it goes to the machine: its key starts at the sum, of which byte 7
-/// carries the complement.
-std::uint8_t CodeOnTheWire(std::span<const std::uint8_t> bytes) {
-  return bytes.size() < wire::kShortFrame ? 0
-                                          : static_cast<std::uint8_t>(bytes[0] ^ bytes[7] ^ 0xFFU);
+constexpr int kLastLine = 191;
+
+/// The first two plain bytes of a frame as it goes to the machine, `at` 0 or 1: its key starts at
+/// the sum, of which byte 7 carries the complement, and grows by 23 a byte.
+std::uint8_t PlainByte(std::span<const std::uint8_t> bytes, std::size_t at) {
+  if (bytes.size() < wire::kShortFrame) return 0;
+  return static_cast<std::uint8_t>(bytes[at] ^ ((bytes[7] ^ 0xFFU) + 23 * at));
 }
+std::uint8_t CodeOnTheWire(std::span<const std::uint8_t> bytes) { return PlainByte(bytes, 0); }
 
 bool StartsRun(std::uint8_t code) {
   return code == wire::CmdDeal || code == wire::CmdRead || code == wire::CmdSort;
@@ -30,7 +34,20 @@ UsbXpress::Status LinkGaps::Write(Handle handle, std::span<const std::uint8_t> b
 }
 
 bool LinkGaps::Starts(std::uint8_t code) const {
-  return of_ == Of::kPolls ? code == wire::CmdOutputs : StartsRun(code);
+  switch (of_) {
+    case Of::kPolls:
+      return code == wire::CmdOutputs;
+    case Of::kPictures:
+      return code == wire::CmdPictureLine;
+    default:
+      return StartsRun(code);
+  }
+}
+
+bool LinkGaps::Ends(std::span<const std::uint8_t> bytes) const {
+  const std::uint8_t code = CodeOnTheWire(bytes);
+  return of_ == Of::kPictures ? code == wire::CmdPictureLine && PlainByte(bytes, 1) == kLastLine
+                              : code == wire::CmdVersion;
 }
 
 void LinkGaps::NoteSend(std::span<const std::uint8_t> bytes, Time now) {
@@ -46,7 +63,7 @@ void LinkGaps::NoteSend(std::span<const std::uint8_t> bytes, Time now) {
     figures_.Worst = std::max(figures_.Worst, gap);
   }
   if (!running_) return;
-  probing_ = code == wire::CmdVersion;
+  ending_ = Ends(bytes);
   ++figures_.Sends;
   figures_.Bytes += bytes.size();
 }
@@ -57,7 +74,7 @@ UsbXpress::Status LinkGaps::Read(Handle handle, std::span<std::uint8_t> bytes,
   if (!running_) return status;
   replied_ = time_.Elapsed();
   figures_.Bytes += read;
-  if (probing_ && read == bytes.size()) EndRun();
+  if (ending_ && read == bytes.size()) EndRun();
   return status;
 }
 

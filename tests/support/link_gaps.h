@@ -12,11 +12,11 @@ namespace morvane::test {
 /// its runs: from the end of each reply to the next send. A run goes from its start frame to the
 /// reply of the version probe that ends it; what lies between two runs is the operator's. In the
 /// service console the runs are its polls, from the frame of the outputs to the last reply before
-/// the next one.
+/// the next one, or its pictures, from the first line asked for to the reply with the last.
 class LinkGaps final : public PassingBridge {
  public:
   using Time = std::chrono::microseconds;
-  enum class Of : std::uint8_t { kRuns, kPolls };
+  enum class Of : std::uint8_t { kRuns, kPolls, kPictures };
 
   /// All that passed inside the runs.
   struct Figures {
@@ -45,12 +45,13 @@ class LinkGaps final : public PassingBridge {
   void NoteSend(std::span<const std::uint8_t> bytes, Time now);
   void EndRun();
   [[nodiscard]] bool Starts(std::uint8_t code) const;
+  [[nodiscard]] bool Ends(std::span<const std::uint8_t> bytes) const;
 
   const Clock& time_;
   const Of of_;
   Figures figures_;
   bool running_ = false;
-  bool probing_ = false;  ///< the probe is sent, its reply ends the run
+  bool ending_ = false;  ///< the reply to what is sent ends the run
   Time start_{0};
   Time replied_{0};  ///< the end of the last read
 };
