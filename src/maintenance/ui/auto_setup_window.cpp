@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -13,7 +12,6 @@
 #include "maintenance/auto_setup.h"
 #include "maintenance/ui/search_map_view.h"
 #include "maintenance/ui/service_widgets.h"
-#include "platform/qt/held_enter.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
@@ -34,17 +32,14 @@ void ShowChanged(ShownValue& value, const QString& text) {
 
 AutoSetupWindow::AutoSetupWindow(const Clock& clock, AutoSetup& setup,
                                  std::function<void()> picture, QWidget* parent)
-    : QDialog(parent),
+    : ServiceDialog("AutoSetup", "Morvane - Auto Setup", parent),
       clock_(clock),
       setup_(setup),
       picture_(std::move(picture)),
       map_(setup.Search(), Seconds()) {
-  setObjectName("AutoSetup");
-  setWindowTitle("Morvane - Auto Setup");
-  setWindowModality(Qt::WindowModal);
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   QWidget* body = MakeBody();
   Fill(*this, body, MakeButtons());
+  WatchButtons();
   ShowAll();
   FitToScreen(*this);
   show();
@@ -95,7 +90,6 @@ QWidget* AutoSetupWindow::MakeButtons() {
   auto* buttons = new QWidget(this);
   Cancel_ = NewServiceButton(
       "Cancel", "&Cancel", [this] { reject(); }, buttons);
-  Cancel_->installEventFilter(this);
   QSizePolicy keepsItsPlace = Cancel_->sizePolicy();
   keepsItsPlace.setRetainSizeWhenHidden(true);
   Cancel_->setSizePolicy(keepsItsPlace);
@@ -157,16 +151,6 @@ void AutoSetupWindow::reject() { setup_.Cancel(); }
 void AutoSetupWindow::closeEvent(QCloseEvent* event) {
   reject();
   event->ignore();
-}
-
-/// Enter presses the button that has the focus, and no other.
-void AutoSetupWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-  QDialog::keyPressEvent(event);
-}
-
-bool AutoSetupWindow::eventFilter(QObject* button, QEvent* event) {
-  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
 }
 
 }  // namespace morvane::maintenance

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QDialog>
 #include <functional>
 
 #include "maintenance/auto_setup_view.h"
 #include "maintenance/search_map.h"
+#include "maintenance/ui/service_dialog.h"
 #include "platform/clock.h"
 
 class QProgressBar;
@@ -20,7 +20,7 @@ class AutoSetup;
 class SearchMapView;
 
 /// `AutoSetup`: the search as it goes, as a map. Escape and the close box cancel it.
-class AutoSetupWindow final : public QDialog, public AutoSetupView {
+class AutoSetupWindow final : public ServiceDialog, public AutoSetupView {
  public:
   /// `picture` is told of each line of the final picture.
   AutoSetupWindow(const Clock& clock, AutoSetup& setup, std::function<void()> picture,
@@ -36,8 +36,6 @@ class AutoSetupWindow final : public QDialog, public AutoSetupView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* button, QEvent* event) override;
 
  private:
   QWidget* MakeBody();

@@ -1,25 +1,19 @@
 #include "maintenance/ui/magnify_window.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "maintenance/ui/pixel_view.h"
 #include "maintenance/ui/service_widgets.h"
-#include "platform/qt/held_enter.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
 
 MagnifyWindow::MagnifyWindow(const PictureStore& pictures, QWidget* parent)
-    : QDialog(parent), magnified_(pictures) {
-  setObjectName("Magnify1");
-  setWindowTitle("Morvane - Magnify");
-  setWindowModality(Qt::WindowModal);
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    : ServiceDialog("Magnify1", "Morvane - Magnify", parent), magnified_(pictures) {
   Picture2_ = new PixelView("Picture2", "Picture of the camera, magnified",
                             {MagnifiedPicture::kWidth, MagnifiedPicture::kHeight}, 1, this);
   Picture2_->FixZoom();
@@ -29,6 +23,7 @@ MagnifyWindow::MagnifyWindow(const PictureStore& pictures, QWidget* parent)
   column->setSpacing(kServiceSpacing);
   column->addWidget(Picture2_, 1);
   column->addWidget(MakeButtons());
+  WatchButtons();
   ShowPixels();
   FitToScreen(*this);
   Picture2_->setFocus();
@@ -54,7 +49,6 @@ QWidget* MagnifyWindow::MakeButtons() {
                           std::function<void()> press) {
     auto* made = NewServiceButton(name, caption, std::move(press), part);
     made->setToolTip(tip);
-    made->installEventFilter(this);
     row->addWidget(made);
   };
   button("Refresh", "&Refresh", "Paints the picture anew", [this] {
@@ -89,16 +83,6 @@ void MagnifyWindow::PointAt(std::optional<QPoint> place) {
   Cursor_y_->Show(y);
   Bright_->Show(bright);
   Picture2_->Say(place ? QString("x %1, y %2, brightness %3").arg(x, y, bright) : "");
-}
-
-/// Enter presses the button that has the focus, and no other.
-void MagnifyWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-  QDialog::keyPressEvent(event);
-}
-
-bool MagnifyWindow::eventFilter(QObject* button, QEvent* event) {
-  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
 }
 
 }  // namespace morvane::maintenance

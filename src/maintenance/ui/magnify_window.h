@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <optional>
 
 #include "maintenance/magnified_picture.h"
+#include "maintenance/ui/service_dialog.h"
 
 namespace morvane {
 class ShownValue;
@@ -15,14 +15,10 @@ class PixelView;
 
 /// `Magnify1`: the last picture with each pixel as a square, and what is painted at the mouse. It
 /// hides when it is closed.
-class MagnifyWindow final : public QDialog {
+class MagnifyWindow final : public ServiceDialog {
  public:
   /// `pictures` outlive it.
   MagnifyWindow(const PictureStore& pictures, QWidget* parent);
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* button, QEvent* event) override;
 
  private:
   QWidget* MakeButtons();

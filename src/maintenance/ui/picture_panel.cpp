@@ -195,10 +195,15 @@ void PicturePanel::Save() {
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
-  Picture1_->Image().save(&buffer, "PNG");
+  Picture().save(&buffer, "PNG");
   SavePicture(program_, {png.constData(), static_cast<std::size_t>(png.size())});
 }
 
-void PicturePanel::Copy() { QApplication::clipboard()->setImage(Picture1_->Image()); }
+void PicturePanel::Copy() { QApplication::clipboard()->setImage(Picture()); }
+
+/// With what is drawn on it, and without the mark of the transfer below it.
+QImage PicturePanel::Picture() const {
+  return Picture1_->Image().copy(0, 0, PixelPlane::kWidth, PixelPlane::kHeight);
+}
 
 }  // namespace morvane::maintenance

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 #include <optional>
 
@@ -41,6 +42,7 @@ class PicturePanel final : public QWidget {
   void ShowProgress();
   void Save();
   void Copy();
+  [[nodiscard]] QImage Picture() const;
 
   Program& program_;
   Maintenance& maintenance_;

@@ -50,6 +50,7 @@ PixelView::PixelView(const QString& name, const QString& spokenName, QSize pixel
   viewport()->setMouseTracking(true);
   viewport()->setBackgroundRole(QPalette::Window);
   viewport()->setCursor(Qt::CrossCursor);
+  viewport()->setBackgroundRole(QPalette::Mid);  // white belongs to the picture
   image_.fill(Qt::white);
 }
 

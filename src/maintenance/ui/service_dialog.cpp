@@ -1,0 +1,31 @@
+#include "maintenance/ui/service_dialog.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+
+#include "platform/qt/held_enter.h"
+
+namespace morvane::maintenance {
+
+ServiceDialog::ServiceDialog(const char* name, const char* title, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName(name);
+  setWindowTitle(title);
+  setWindowModality(Qt::WindowModal);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+void ServiceDialog::WatchButtons() {
+  for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
+}
+
+void ServiceDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  QDialog::keyPressEvent(event);
+}
+
+bool ServiceDialog::eventFilter(QObject* button, QEvent* event) {
+  return IsHeldEnter(*event) || QDialog::eventFilter(button, event);
+}
+
+}  // namespace morvane::maintenance
