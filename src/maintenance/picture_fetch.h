@@ -14,7 +14,9 @@ namespace morvane::maintenance {
 inline bool FetchPicture(Program& program, ServiceLink& link, PictureStore& pictures,
                          const std::function<bool(int line)>& goesOn) {
   for (int y = 0; y < PixelPlane::kHeight; ++y) {
-    const auto line = link.Ask(wire::PictureLineCommand{static_cast<std::uint8_t>(y)});
+    // What has come is painted while the next line is on its way, which costs no time so.
+    const auto line = link.Ask(wire::PictureLineCommand{static_cast<std::uint8_t>(y)},
+                               [&program] { program.Loop.Paint(); });
     if (!line) return false;
     program.Loop.Pump();
     pictures.Take(y, line->Pixels);

@@ -21,8 +21,13 @@ class ServiceLink {
   /// The reply to `command`. Nothing: another frame came in its place, or the link is lost.
   template <typename Command>
   std::optional<typename Command::Reply> Ask(const Command& command) {
+    return Ask(command, [] {});
+  }
+  /// `meanwhile` as in `Machine::Exchange`.
+  template <typename Command, typename Meanwhile>
+  std::optional<typename Command::Reply> Ask(const Command& command, Meanwhile meanwhile) {
     if (linkFailed_) return std::nullopt;
-    const auto reply = machine_.Exchange(command);
+    const auto reply = machine_.Exchange(command, meanwhile);
     if (machine_.Lost()) Fail(program_.Texts.Msg055);
     return reply;
   }
