@@ -13,7 +13,7 @@ struct Picture {
   std::array<std::uint8_t, std::size_t{kWidth} * kHeight> Pixels{};
 
   [[nodiscard]] static constexpr std::size_t Place(int x, int y) {
-    return static_cast<std::size_t>(x + kWidth * y);
+    return static_cast<std::size_t>(x) + std::size_t{kWidth} * static_cast<std::size_t>(y);
   }
   [[nodiscard]] static constexpr bool Has(int x, int y) {
     return x >= 0 && x < kWidth && y >= 0 && y < kHeight;
