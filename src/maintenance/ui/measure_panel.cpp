@@ -37,7 +37,6 @@ constexpr std::array<Cell, MeasurePanel::kTexts> kCells{{
 MeasurePanel::MeasurePanel(RecognitionBench& bench, QWidget* parent)
     : QGroupBox("Measured", parent), bench_(bench) {
   QGridLayout* const grid = NewGrid(this);
-  grid->setHorizontalSpacing(kServiceSpacing);
   grid->addWidget(new QLabel("x", this), 0, 1, Qt::AlignHCenter);
   grid->addWidget(new QLabel("y", this), 0, 2, Qt::AlignHCenter);
   grid->addWidget(new QLabel("Symbol size", this), 1, 0);
@@ -54,25 +53,23 @@ MeasurePanel::MeasurePanel(RecognitionBench& bench, QWidget* parent)
     KeepSizeFor(*texts_[i], {time ? "88888" : "-888"});
     grid->addWidget(texts_[i], cell.Row, cell.Column, 1, time ? 2 : 1);
   }
-  AddHold("HoldS", "Expected rank", bench.HoldS, 3);
-  AddHold("HoldC", "Suit", bench.HoldC, 3);
+  AddHold({"HoldS", "Expected rank", "Expected rank"}, bench.HoldS, 0);
+  AddHold({"HoldC", "Suit", "Expected suit"}, bench.HoldC, 3);
   grid->setColumnStretch(6, 1);
 }
 
 /// Compared letter by letter with what is shown of the card.
-QLineEdit* MeasurePanel::AddHold(const char* name, const char* caption, std::string& text,
-                                 int row) {
+void MeasurePanel::AddHold(const Hold& hold, std::string& text, int column) {
   auto* box = new QLineEdit(this);
-  box->setObjectName(name);
+  box->setObjectName(hold.Name);
+  box->setAccessibleName(hold.Spoken);
   box->setToolTip("Another card than this stops the recognition until the next capture");
   box->setFixedWidth(box->fontMetrics().horizontalAdvance("00000"));
   connect(box, &QLineEdit::textEdited, this,
           [&text](const QString& typed) { text = FromQt(typed); });
   auto* grid = static_cast<QGridLayout*>(layout());
-  const bool first = grid->itemAtPosition(row, 0) == nullptr;
-  grid->addWidget(NewLabelOf(box, caption, this), row, first ? 0 : 3);
-  grid->addWidget(box, row, first ? 1 : 4, 1, 2);
-  return box;
+  grid->addWidget(NewLabelOf(box, hold.Caption, this), 3, column);
+  grid->addWidget(box, 3, column + 1, 1, 2);
 }
 
 void MeasurePanel::Show() {

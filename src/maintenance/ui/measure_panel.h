@@ -3,8 +3,6 @@
 #include <QGroupBox>
 #include <array>
 
-class QLineEdit;
-
 namespace morvane {
 class ShownValue;
 }
@@ -21,7 +19,12 @@ class MeasurePanel final : public QGroupBox {
   void Show();
 
  private:
-  QLineEdit* AddHold(const char* name, const char* caption, std::string& text, int row);
+  struct Hold {
+    const char* Name;
+    const char* Caption;
+    const char* Spoken;
+  };
+  void AddHold(const Hold& hold, std::string& text, int column);
 
   RecognitionBench& bench_;
   std::array<ShownValue*, kTexts> texts_{};

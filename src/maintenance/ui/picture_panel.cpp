@@ -36,6 +36,7 @@ void ShowChanged(ShownValue& value, const QString& text) {
 PicturePanel::PicturePanel(Program& program, Maintenance& maintenance, QWidget* parent)
     : QWidget(parent), program_(program), maintenance_(maintenance) {
   auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(kGroupMargin, kGroupMargin, kGroupMargin, kGroupMargin);
   column->setSpacing(kServiceSpacing);
   column->addWidget(MakeButtons());
   column->addWidget(MakeView(), 1);

@@ -16,7 +16,7 @@ constexpr qreal kDot = 0.16;    // of a cell, from its middle
 constexpr qreal kDisc = 0.34;
 constexpr qreal kCross = 0.26;
 constexpr qreal kThick = 2;
-constexpr const char* kHere = "here now";
+constexpr const char* kHere = "now";
 constexpr std::array<std::pair<Mark, const char*>, 3> kLegend{
     {{Mark::kMissed, "not seen"}, {Mark::kHit, "seen"}, {Mark::kLost, "seen and lost"}}};
 
@@ -56,8 +56,10 @@ QRect SearchMapView::Grid() const {
 
 QSize SearchMapView::sizeHint() const {
   const QRect grid = Grid();
-  const int legend = 2 * kGap + Cell();
-  return {grid.right() + 1 + fontMetrics().horizontalAdvance("8"), grid.bottom() + 1 + legend};
+  int legend = LegendWidth(kHere);
+  for (const auto& [mark, text] : kLegend) legend += LegendWidth(text);
+  const int right = std::max(grid.width() + fontMetrics().horizontalAdvance("8"), legend);
+  return {grid.left() + right, grid.bottom() + 1 + 2 * kGap + Cell()};
 }
 
 QRectF SearchMapView::PlaceOf(double column, double row) const {
@@ -142,17 +144,21 @@ void SearchMapView::PaintNumbers(QPainter& painter) const {
   }
 }
 
+/// Of a sign, what stands beside it, and the room behind.
+int SearchMapView::LegendWidth(const char* text) const {
+  return Cell() + fontMetrics().horizontalAdvance(text) + 3 * kGap;
+}
+
 void SearchMapView::PaintLegend(QPainter& painter) const {
   const int y = Grid().bottom() + 1 + kGap;
   int x = Grid().left();
   const auto add = [&](const char* text, const auto& paint) {
     const QRectF place(x, y, Cell(), Cell());
     paint(place);
-    const int wide = fontMetrics().horizontalAdvance(text);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(QRectF(x + Cell() + kGap, y, wide + kGap, Cell()),
+    painter.drawText(QRectF(x + Cell() + kGap, y, LegendWidth(text), Cell()),
                      Qt::AlignLeft | Qt::AlignVCenter, text);
-    x += Cell() + wide + 3 * kGap;
+    x += LegendWidth(text);
   };
   for (const auto& [mark, text] : kLegend) {
     add(text, [&, sign = mark](const QRectF& place) { PaintMark(painter, place, sign); });

@@ -29,6 +29,7 @@ class SearchMapView final : public QWidget, public Spoken {
   void PaintHere(QPainter& painter, const QRectF& place) const;
   void PaintNumbers(QPainter& painter) const;
   void PaintLegend(QPainter& painter) const;
+  [[nodiscard]] int LegendWidth(const char* text) const;
 
   const SearchMap& map_;
 };
