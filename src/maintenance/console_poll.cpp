@@ -17,7 +17,7 @@ constexpr std::uint8_t kLabelSince = 0x37;
 
 }  // namespace
 
-bool ConsolePoll::Poll(bool feed) { return AskOutputs(feed) && AskStatus(); }
+bool ConsolePoll::Poll(bool feed) { return AskOutputs(NextOutputs(), feed) && AskStatus(); }
 
 std::uint8_t ConsolePoll::NextOutputs() {
   if (!GateTest) {
@@ -31,8 +31,8 @@ std::uint8_t ConsolePoll::NextOutputs() {
   return static_cast<std::uint8_t>(gate + Outputs);
 }
 
-bool ConsolePoll::AskOutputs(bool feed) {
-  const auto reply = link_.Ask(OutputsCommand{NextOutputs(), feed});
+bool ConsolePoll::AskOutputs(std::uint8_t outputs, bool feed) {
+  const auto reply = link_.Ask(OutputsCommand{outputs, feed});
   if (reply && SensorsLive) readings_.Take(*reply);
   return !link_.LinkFailed();
 }

@@ -24,8 +24,8 @@ class ConsolePoll {
   /// `feed`: move one card past the camera. False: the link is lost, which the operator has been
   /// told.
   bool Poll(bool feed);
-  /// The outputs alone. False as above.
-  bool SendOutputs() { return AskOutputs(false); }
+  /// The check boxes alone: no gate is fired, it would stay on until the next poll. False as above.
+  bool SendOutputs() { return AskOutputs(Outputs, false); }
 
   [[nodiscard]] const Readings& Now() const { return readings_; }
   /// How many rounds of the gates the test has made: `GateTestText`.
@@ -35,7 +35,7 @@ class ConsolePoll {
 
  private:
   [[nodiscard]] std::uint8_t NextOutputs();
-  bool AskOutputs(bool feed);
+  bool AskOutputs(std::uint8_t outputs, bool feed);
   bool AskStatus();
   template <typename Reply, typename Take>
   bool Ask(const wire::SensorStatusCommand<Reply>& command, std::uint8_t sinceMinor, Take take);

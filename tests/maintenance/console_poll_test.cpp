@@ -89,6 +89,17 @@ TEST_F(Console, TheGatesAreFiredInTurnAndTheirRoundsCounted) {
   EXPECT_THAT(SubCodes(23), ElementsAre(32, 34)) << "the turn begins anew";
 }
 
+TEST_F(Console, TheOutputsBesideAPollFireNoGate) {
+  Use(0x1F);
+  poll.Outputs = wire::OutputsCommand::kCamPower;
+  poll.GateTest = true;
+  EXPECT_TRUE(poll.SendOutputs());
+  poll.Poll(false);
+  EXPECT_TRUE(poll.SendOutputs());
+  poll.Poll(false);
+  EXPECT_THAT(SubCodes(23), ElementsAre(32, 34, 32, 36)) << "and the turn stays";
+}
+
 TEST_F(Console, EachStatusAnswerCounts) {
   poll.Poll(false);
   EXPECT_EQ(poll.StatusAnswers(), 5);
