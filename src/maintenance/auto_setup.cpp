@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "maintenance/picture_fetch.h"
-#include "text/box_text.h"
 #include "wire/picture_commands.h"
 
 namespace morvane::maintenance {
@@ -89,9 +88,9 @@ bool AutoSetup::TakePicture(AutoSetupView& view) {
   link_.Ask(wire::PositionedCaptureCommand{OnTheWire(cards_.CardIndex), OnTheWire(at.pos_x),
                                            OnTheWire(at.pos_y)});
   pictures_.ImageMode = PictureStore::Kind::kGrey;
-  const auto shown = [&view](int /*line*/) {
+  const auto shown = [&](int /*line*/) {
     view.ShowPicture();
-    return true;
+    return !program_.Loop.Quitting();
   };
   if (!FetchPicture(program_, link_, pictures_, shown)) return false;
   pictures_.DrawStartPoint(at.start_x, at.start_y);

@@ -9,8 +9,8 @@
 namespace morvane::maintenance {
 
 /// Fetches the picture in the machine line by line into `pictures`, as what its `ImageMode` says.
-/// `goesOn` hears of each line 0..191 and says whether the next is wanted. False: the link is lost,
-/// which the operator has been told.
+/// `goesOn` hears of each line 0..191 and says whether the picture is wanted any more. False: it is
+/// not, or the link is lost, which the operator has been told.
 inline bool FetchPicture(Program& program, ServiceLink& link, PictureStore& pictures,
                          const std::function<bool(int line)>& goesOn) {
   for (int y = 0; y < PixelPlane::kHeight; ++y) {
@@ -20,7 +20,7 @@ inline bool FetchPicture(Program& program, ServiceLink& link, PictureStore& pict
     if (!line) return false;
     program.Loop.Pump();
     pictures.Take(y, line->Pixels);
-    if (!goesOn(y)) break;
+    if (!goesOn(y)) return false;
   }
   return true;
 }

@@ -133,6 +133,19 @@ TEST(MaintainAutoSetup, AnInterruptAtAnyTrialLeavesTheMachineItsOldLimits) {
   }
 }
 
+TEST(MaintainAutoSetup, AnInterruptInThePictureIsNoYes) {
+  for (const int line : {0, 100, 191}) {
+    Desk desk(/*yes=*/true);
+    desk.OnFrame = [&](const test::Bytes& plain) {
+      if (plain[0] == 0x01 && plain[1] == line) desk.Loop.Quit();
+    };
+    EXPECT_EQ(desk.Setup(), kFailed);
+    EXPECT_EQ(desk.Behind.Parameters(), desk.Before);
+    EXPECT_EQ(desk.Screen.Output, "");
+    EXPECT_EQ(desk.Screen.Errors, "The machine keeps its parameters.\nBroken off.\n");
+  }
+}
+
 TEST(MaintainAutoSetup, AnOlderFirmwareIsTold) {
   Desk desk(/*yes=*/true, ",firmware=2.7F");
   EXPECT_EQ(desk.Setup(), kFailed);

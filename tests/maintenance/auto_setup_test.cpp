@@ -9,7 +9,10 @@ namespace {
 
 using test::Bytes;
 using test::FramesAre;
+using ::testing::Contains;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 struct NotedSearch final : AutoSetupView {
   int Searches = 0;
@@ -94,6 +97,19 @@ TEST_F(SetupDesk, CancelEndsItAtAnyTrialWithoutAWord) {
     EXPECT_EQ(setup->Found(), std::nullopt);
     EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   }
+}
+
+TEST_F(SetupDesk, AProgramThatQuitsInThePictureAsksNothingAndKeepsNothing) {
+  desk.Ui.Answers = {kYes};
+  OnFrame = [&](const Bytes& plain) {
+    if (plain[0] == 0x01 && plain[1] == 50) desk.Loop.Quit();
+  };
+  Run();
+  EXPECT_EQ(SubCodes(0x01).size(), 51U);
+  EXPECT_EQ(setup->Found(), std::nullopt);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  EXPECT_THAT(desk.LogLines(), Not(Contains(HasSubstr("AutoSetup OK"))));
+  desk.Loop.Restart();
 }
 
 TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {
