@@ -59,6 +59,7 @@ class AutoSetupService final : public ConsoleService {
   }
   [[nodiscard]] ParameterBoxes Wanted(const ParameterBoxes& before) const {
     ParameterBoxes wanted = before;
+    wanted.ClampThresholds();  // as every write does
     const auto& found = *outcome_->Found;
     const HeightLimits& kept = outcome_->Kept;
     wanted.Box(Parameter::pos_x).Put(found.pos_x);

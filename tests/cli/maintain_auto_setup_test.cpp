@@ -146,6 +146,17 @@ TEST(MaintainAutoSetup, AnInterruptInThePictureIsNoYes) {
   }
 }
 
+// A threshold of 5 in a machine, which is written as 10.
+TEST(MaintainAutoSetup, AThresholdThatAWritePutsRightIsNoFailure) {
+  Desk desk;
+  for (const std::uint8_t byte : test::OnTheWire(test::Short({0x13, 9, 5, 50, 40, 40, 0}), 23)) {
+    desk.Behind.Hear(byte, desk.Clock.Elapsed());
+  }
+  ASSERT_EQ(desk.Behind.Parameters().Thresholds.BoldSymbol, 5);
+  EXPECT_EQ(desk.Setup(), kDone);
+  EXPECT_EQ(desk.Behind.Parameters().Thresholds.BoldSymbol, 10);
+}
+
 TEST(MaintainAutoSetup, AnOlderFirmwareIsTold) {
   Desk desk(/*yes=*/true, ",firmware=2.7F");
   EXPECT_EQ(desk.Setup(), kFailed);
