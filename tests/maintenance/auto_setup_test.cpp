@@ -60,6 +60,21 @@ TEST_F(SetupDesk, ThreeTrialsThePictureAndTheQuestion) {
   EXPECT_EQ(pictures->Picture1.At(61, 60), kBlue) << "the start point is drawn";
 }
 
+TEST_F(SetupDesk, TheFramesCarryFontAndIndex) {
+  cards.Threshold = 1;
+  cards.CardIndex = machine::CardSettings::kSmallIndex;
+  Run();
+  EXPECT_TRUE(FramesAre({bridge.Sent[0], bridge.Sent[9]},
+                        {"22 14 82 01 02 42 3C", "0A 02 00 17 14 82 .."}));
+}
+
+TEST_F(SetupDesk, TheFinalPictureIsGreyWhateverWasFetchedBefore) {
+  pictures->ImageMode = PictureStore::Kind::kLabels;
+  Run();
+  EXPECT_EQ(pictures->ImageMode, PictureStore::Kind::kGrey);
+  EXPECT_EQ(pictures->Picture1.At(0, 0), kBlack) << "as a label it were paper";
+}
+
 TEST_F(SetupDesk, WithoutAYesNothingIsKept) {
   desk.Ui.Answers = {kNo};
   Run();
@@ -99,6 +114,17 @@ TEST_F(SetupDesk, CancelEndsItAtAnyTrialWithoutAWord) {
   }
 }
 
+TEST_F(SetupDesk, CancelAtTheLastTrialIsNoMissingCard) {
+  camera.SeenFrom = 256;
+  cards.CardIndex = machine::CardSettings::kLargeIndex;
+  view.OnSearch = [&] {
+    if (view.Searches == 23) setup->Cancel();
+  };
+  Run();
+  EXPECT_EQ(SubCodes(0x22).size(), 23U);
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
 TEST_F(SetupDesk, AProgramThatQuitsInThePictureAsksNothingAndKeepsNothing) {
   desk.Ui.Answers = {kYes};
   OnFrame = [&](const Bytes& plain) {
@@ -110,6 +136,18 @@ TEST_F(SetupDesk, AProgramThatQuitsInThePictureAsksNothingAndKeepsNothing) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.LogLines(), Not(Contains(HasSubstr("AutoSetup OK"))));
   desk.Loop.Restart();
+}
+
+// 240 + 64 - (4 + 40 / 4) = 290, and 50 more with each round.
+TEST_F(SetupDesk, APositionBeyondTheByteGoesOutAsTheHighest) {
+  camera.SeenFrom = 240;
+  camera.SymbolLeft = 4;
+  Run();
+  const std::vector<int> columns = SubCodes(0x22);
+  ASSERT_EQ(columns.size(), 23U + 2);
+  EXPECT_EQ((std::vector<int>{columns.end() - 3, columns.end()}), (std::vector{240, 255, 255}));
+  EXPECT_EQ(setup->Search().At().pos_x, 390);
+  EXPECT_EQ(desk.Ui.Boxes.back().Text, desk.Prog.Texts.Msg117) << "so far right is not found";
 }
 
 TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {

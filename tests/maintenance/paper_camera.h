@@ -7,6 +7,7 @@ namespace morvane::maintenance {
 /// A camera on paper that sees the ten of spades, where it belongs, in these columns.
 struct PaperCamera {
   int SeenFrom = 20;  ///< from this position on
+  std::uint8_t SymbolLeft = 54;
   std::uint8_t SymbolBottom = 80;
   std::uint8_t SuitBottom = 60;
 
@@ -19,7 +20,9 @@ struct PaperCamera {
         return plain[1] >= SeenFrom ? OnTheWire(Short({0x15, 0, 9, 10, 1, 46, 0}), 21)
                                     : OnTheWire(Short({0x15, 0, 9, 0, 0, 46, 25}), 21);
       case 0x0F:
-        return OnTheWire(Short({0x0F, 0, 0, 54, 94, 20, SymbolBottom}), 21);
+        return OnTheWire(Short({0x0F, 0, 0, SymbolLeft, static_cast<std::uint8_t>(SymbolLeft + 40),
+                                20, SymbolBottom}),
+                         21);
       case 0x10:
         return OnTheWire(Short({0x10, 0, 0, 54, 94, 10, SuitBottom}), 21);
       case 0x0A:

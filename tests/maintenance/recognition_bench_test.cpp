@@ -68,13 +68,18 @@ TEST_F(Bench, TheFocusIsShownToTechniciansWhereItWasMeasured) {
   struct Row {
     std::uint8_t Minor;
     std::uint8_t Marker;
+    std::uint8_t SecondMarker;
     const char* Focus;
   };
   desk.Prog.ServiceLevel = 1;
-  for (const Row& row : {Row{0x71, 23, "N/A"}, {0x72, 23, "77"}, {0x72, 22, "N/A"}}) {
+  for (const Row& row : {Row{0x71, 23, 11, "N/A"},
+                         {0x72, 23, 11, "77"},
+                         {0x72, 22, 11, "N/A"},
+                         {0x72, 23, 12, "N/A"}}) {
     SCOPED_TRACE(row.Focus);
     UseFirmware(row.Minor);
     replies[0x0A][5] = row.Marker;
+    replies[0x0A][6] = row.SecondMarker;
     bench->Capture();
     EXPECT_EQ(Shown().Focus, row.Focus);
   }
@@ -85,6 +90,34 @@ TEST_F(Bench, TheFocusIsShownToTechniciansWhereItWasMeasured) {
   replies[0x0A][3] = 78;
   bench->Capture();
   EXPECT_EQ(Shown().Focus, "77") << "it stays as it was";
+}
+
+TEST_F(Bench, ACaptureClearsWhatWasSeenBefore) {
+  desk.Prog.ServiceLevel = 1;
+  bench->Capture();
+  bench->Reco();
+  EXPECT_EQ(Shown().Cap_time, "") << "of the capture before";
+  bench->Capture();
+  EXPECT_EQ(Shown().Cap_time, "258");
+  for (const std::string& text :
+       {Shown().Verdict.Threshold, Shown().Verdict.Symbol, Shown().Verdict.Suit,
+        Shown().Verdict.Reco_time, Shown().Verdict.Reco_error, Shown().Symbol_size_x,
+        Shown().Symbol_size_y, Shown().Suit_size_x, Shown().Suit_size_y}) {
+    EXPECT_EQ(text, "");
+  }
+  EXPECT_EQ(Shown().Reco_param1, "5") << "the last answer's";
+  EXPECT_EQ(Shown().Focus, "77");
+  EXPECT_EQ(bench->SymbolBox(), (wire::SymbolFrame{10, 20, 30, 50}));
+}
+
+TEST_F(Bench, ARecognitionClearsTheLastOne) {
+  bench->Reco();
+  std::string during = "never shown";
+  view.OnShow = [&] {
+    if (!bench->ButtonsOn()) during = Shown().Verdict.Symbol + Shown().Suit_size_y;
+  };
+  bench->Reco();
+  EXPECT_EQ(during, "");
 }
 
 TEST_F(Bench, ARecognitionIsThreeFrames) {
