@@ -98,14 +98,19 @@ ServiceLines ParameterLines(const maintenance::Maintenance& console) {
 }
 
 ServiceLines RecognitionLines(const maintenance::RecognitionBench::Texts& texts) {
-  ServiceLines lines{
-      {"Symbol", texts.Verdict.Symbol},         {"Suit", texts.Verdict.Suit},
-      {"Threshold", texts.Verdict.Threshold},   {"Reco_time", texts.Verdict.Reco_time},
-      {"Reco_error", texts.Verdict.Reco_error}, {"Cap_time", texts.Cap_time},
-      {"Symbol_size_x", texts.Symbol_size_x},   {"Symbol_size_y", texts.Symbol_size_y},
-      {"Suit_size_x", texts.Suit_size_x},       {"Suit_size_y", texts.Suit_size_y},
-      {"Reco_param1", texts.Reco_param1},       {"Reco_param2", texts.Reco_param2}};
+  ServiceLines lines{{"Symbol", texts.Verdict.Symbol},
+                     {"Suit", texts.Verdict.Suit},
+                     {"Threshold", texts.Verdict.Threshold},
+                     {"Reco_time", texts.Verdict.Reco_time},
+                     {"Reco_error", texts.Verdict.Reco_error}};
   if (!texts.Focus.empty()) lines.push_back({"Focus", texts.Focus});
+  lines.insert(lines.end(), {{"Symbol_size_x", texts.Symbol_size_x},
+                             {"Symbol_size_y", texts.Symbol_size_y},
+                             {"Suit_size_x", texts.Suit_size_x},
+                             {"Suit_size_y", texts.Suit_size_y},
+                             {"Reco_param1", texts.Reco_param1},
+                             {"Reco_param2", texts.Reco_param2},
+                             {"Cap_time", texts.Cap_time}});
   return lines;
 }
 

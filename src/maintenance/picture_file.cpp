@@ -9,7 +9,7 @@
 namespace morvane::maintenance {
 namespace {
 
-constexpr const char* kTitle = "Save picture";
+constexpr const char* kTitle = "Save Picture";
 
 /// The dialog has asked whether to replace the file, but under the name given there.
 bool MayReplace(Program& program, const std::string& path) {

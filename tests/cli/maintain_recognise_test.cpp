@@ -38,13 +38,13 @@ constexpr const char* kTenOfSpades =
     "Threshold: 46,0\n"
     "Reco_time: 258\n"
     "Reco_error: OK\n"
-    "Cap_time: 1\n"
     "Symbol_size_x: 39\n"
     "Symbol_size_y: 59\n"
     "Suit_size_x: 39\n"
     "Suit_size_y: 49\n"
     "Reco_param1: 0\n"
-    "Reco_param2: 0\n";
+    "Reco_param2: 0\n"
+    "Cap_time: 1\n";
 
 TEST(MaintainRecognise, ShowsTheVerdictAndTheMeasurements) {
   Desk desk;
