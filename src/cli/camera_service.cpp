@@ -44,7 +44,7 @@ void CameraService::ShowPicture() {
 
 bool CameraService::Capture() {
   console_.Bench().Capture();
-  return !console_.LinkFailed();
+  return !console_.LinkFailed() && !job_.Place.Prog.Loop.Quitting();
 }
 
 bool CameraService::Fetch(const std::string& out) {

@@ -121,6 +121,17 @@ TEST(MaintainRecognise, ALinkLostAtAnyExchangeIsAFailureWithoutAVerdict) {
   }
 }
 
+TEST(MaintainRecognise, AnInterruptInTheCaptureRecognisesNothing) {
+  Desk desk;
+  desk.OnFrame = [&](const test::Bytes& plain) {
+    if (plain[0] == 0x0A) desk.Loop.Quit();
+  };
+  EXPECT_EQ(desk.Recognise(), kFailed);
+  EXPECT_THAT(desk.Sent(0x15), IsEmpty());
+  EXPECT_EQ(desk.Screen.Output, "");
+  EXPECT_EQ(desk.Screen.Errors, "Broken off.\n");
+}
+
 TEST(MaintainRecognise, ALinkLostAtTheLabelsIsAFailureBehindTheVerdict) {
   Desk desk;
   desk.Deaf = [](const test::Bytes& plain) { return plain[0] == 0x01 && plain[1] == 9; };
