@@ -12,7 +12,8 @@ bool IsIn(int x, int y) {
 }
 
 std::size_t Place(int x, int y) {
-  return static_cast<std::size_t>(x + MagnifiedPicture::kWidth * y);
+  return static_cast<std::size_t>(x) +
+         std::size_t{MagnifiedPicture::kWidth} * static_cast<std::size_t>(y);
 }
 
 /// To the nearest pixel of the picture, halves to the even one: required.

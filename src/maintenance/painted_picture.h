@@ -33,7 +33,7 @@ class PaintedPicture {
  private:
   static constexpr bool IsIn(int x, int y) { return x >= 0 && x < kColumns && y >= 0 && y < kRows; }
   static constexpr std::size_t Place(int x, int y) {
-    return static_cast<std::size_t>(x + kColumns * y);
+    return static_cast<std::size_t>(x) + std::size_t{kColumns} * static_cast<std::size_t>(y);
   }
   std::array<Colour, std::size_t{kColumns} * kRows> pixels_{};
 };

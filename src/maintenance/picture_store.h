@@ -20,7 +20,7 @@ class PixelPlane {
 
  private:
   static constexpr std::size_t Place(int x, int y) {
-    return static_cast<std::size_t>(x + (kWidth + 1) * y);
+    return static_cast<std::size_t>(x) + std::size_t{kWidth + 1} * static_cast<std::size_t>(y);
   }
   std::array<std::uint8_t, std::size_t{kWidth + 1} * (kHeight + 1)> values_{};
 };
