@@ -148,6 +148,8 @@ TEST_F(Bench, AnotherCardThanExpectedStopsTheBenchUntilThereIsANewPicture) {
   Verdict(13, 2);
   EXPECT_TRUE(bench->HoldStop());
   EXPECT_FALSE(bench->RecoOn()) << "a heart";
+  bench->Showb();
+  EXPECT_FALSE(bench->RecoOn()) << "looking at it is no way out";
   bench->Capture();
   EXPECT_TRUE(bench->RecoOn());
   EXPECT_TRUE(bench->HoldStop()) << "only a card that is right clears it";
