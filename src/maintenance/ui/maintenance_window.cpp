@@ -204,9 +204,11 @@ void MaintenanceWindow::PlacePicture(bool beside) {
   if (inPicture) focus->setFocus();
 }
 
-/// Enter presses the button that has the focus, and no other.
+/// Enter presses the button that has the focus, and no other. An Escape that is held down has
+/// closed a window over this one, and does not close this one, too.
 void MaintenanceWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
   QDialog::keyPressEvent(event);
 }
 

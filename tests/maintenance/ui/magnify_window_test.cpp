@@ -121,6 +121,16 @@ TEST_F(Magnify, TheMouseReadsWhatIsPainted) {
   });
 }
 
+TEST_F(Magnify, AnEscapeThatIsHeldDownClosesNoMoreThanIt) {
+  OpenWithPicture();
+  Open([&](QWidget& magnify) { test::Press(magnify, Qt::Key_Escape); });
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, "", true);
+  QApplication::sendEvent(&View(), &held);
+  EXPECT_FALSE(console.Closed());
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(console.Closed());
+}
+
 // Not blue, but the colour of the second test: 0, 192, 255.
 TEST_F(Magnify, TheThirdClassOfALabelPicture) {
   Service(1);
