@@ -120,7 +120,7 @@ QWidget* PicturePanel::MakeReadOuts() {
   keepsItsPlace.setRetainSizeWhenHidden(true);
   fetched_->setSizePolicy(keepsItsPlace);
   auto* row = new QHBoxLayout;
-  row->addWidget(Add("Save_picture", "Save as PNG...", "", [this] { Save(); }));
+  row->addWidget(Save_picture_ = Add("Save_picture", "Save as PNG...", "", [this] { Save(); }));
   row->addWidget(
       Add("Copy_picture", "Copy", "To the clipboard (Ctrl+C on the picture)", [this] { Copy(); }));
   row->addWidget(fetched_, 1);
@@ -142,7 +142,7 @@ void PicturePanel::Show() {
   const RecognitionBench& bench = maintenance_.Bench();
   const bool busy = !bench.ButtonsOn();
   done_ = done_ || busy;
-  for (QPushButton* button : {Capture_, Reco_, Showb_}) {
+  for (QPushButton* button : {Capture_, Reco_, Showb_, AutoSetup_command_, Save_picture_}) {
     if (busy && button->hasFocus()) Picture1_->setFocus();
   }
   Capture_->setEnabled(known && !busy);
@@ -150,6 +150,7 @@ void PicturePanel::Show() {
   Showb_->setEnabled(known && !busy);
   AutoSetup_command_->setEnabled(known && !busy);
   Start_draw_->setEnabled(known);
+  Save_picture_->setEnabled(!busy);  // a fetch would stand still behind its dialog
   ShowPicture();
   ShowReadings();
 }

@@ -52,6 +52,7 @@ class PicturePanel final : public QWidget {
   QPushButton* Showb_ = nullptr;
   QPushButton* Start_draw_ = nullptr;
   QPushButton* AutoSetup_command_ = nullptr;
+  QPushButton* Save_picture_ = nullptr;
   QProgressBar* fetched_ = nullptr;
   ShownValue* Cur_x_ = nullptr;
   ShownValue* Cur_y_ = nullptr;

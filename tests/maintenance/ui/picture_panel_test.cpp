@@ -76,7 +76,7 @@ TEST_F(PicturePanelTest, DuringEachLineTheButtonsAreOffAndTheBarTellsIt) {
   OnLine = [&](int line) {
     SCOPED_TRACE(line);
     EXPECT_EQ(line, lines++);
-    for (const char* name : {"Capture", "Reco", "Showb", "AutoSetup_command"}) {
+    for (const char* name : {"Capture", "Reco", "Showb", "AutoSetup_command", "Save_picture"}) {
       EXPECT_FALSE(Enabled(name)) << name;
     }
     EXPECT_TRUE(Visible("Fetched"));
@@ -85,7 +85,7 @@ TEST_F(PicturePanelTest, DuringEachLineTheButtonsAreOffAndTheBarTellsIt) {
   Click("Showb");
   EXPECT_EQ(lines, 192);
   EXPECT_FALSE(Visible("Fetched"));
-  for (const char* name : {"Capture", "Reco", "Showb", "AutoSetup_command"}) {
+  for (const char* name : {"Capture", "Reco", "Showb", "AutoSetup_command", "Save_picture"}) {
     EXPECT_TRUE(Enabled(name)) << name;
   }
   EXPECT_EQ(FocusName(), "Showb") << "where it was";
