@@ -48,7 +48,6 @@ PixelView::PixelView(const QString& name, const QString& spokenName, QSize pixel
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   viewport()->setMouseTracking(true);
-  viewport()->setBackgroundRole(QPalette::Window);
   viewport()->setCursor(Qt::CrossCursor);
   viewport()->setBackgroundRole(QPalette::Mid);  // white belongs to the picture
   image_.fill(Qt::white);
@@ -124,17 +123,26 @@ void PixelView::PlaceBars() {
     const bool across = bar == horizontalScrollBar();
     bar->setRange(0, std::max(0, across ? spare.width() : spare.height()));
     bar->setPageStep(across ? viewport()->width() : viewport()->height());
-    bar->setSingleStep(zoom_);
+    bar->setSingleStep(fontMetrics().lineSpacing());
   }
 }
 
-/// The arrows are the cross's, also where a window would use them otherwise.
+/// Ctrl+C is the picture's, also where a window would use it otherwise.
 bool PixelView::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (key.matches(QKeySequence::Copy)) event->accept();
   }
-  return QAbstractScrollArea::event(event);
+  const bool done = QAbstractScrollArea::event(event);
+  if (event->type() == QEvent::Paint && hasFocus()) PaintFocus();
+  return done;
+}
+
+/// The frame around the pixels, which styles leave as it is.
+void PixelView::PaintFocus() {
+  QPainter painter(this);
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2 * frameWidth()));  // half is outside
+  painter.drawRect(rect());
 }
 
 void PixelView::paintEvent(QPaintEvent* event) {
@@ -163,14 +171,14 @@ void PixelView::scrollContentsBy(int /*dx*/, int /*dy*/) { viewport()->update();
 void PixelView::wheelEvent(QWheelEvent* event) {
   if (fixed_) {
     QAbstractScrollArea::wheelEvent(event);
-    return;
+  } else {
+    wheel_ += event->angleDelta().y();
+    const int steps = wheel_ / kNotch;
+    wheel_ %= kNotch;
+    ZoomAround(zoom_ + steps, event->position().toPoint());
+    event->accept();  // the part around it stays where it is
   }
-  wheel_ += event->angleDelta().y();
-  const int steps = wheel_ / kNotch;
-  wheel_ %= kNotch;
-  ZoomAround(zoom_ + steps, event->position().toPoint());
   PointAt(PixelAt(event->position().toPoint()));
-  event->accept();  // the part around it stays where it is
 }
 
 void PixelView::mousePressEvent(QMouseEvent* event) {
@@ -198,8 +206,9 @@ void PixelView::mouseReleaseEvent(QMouseEvent* event) {
   if (!dragged_ && PixelAt(event->pos()) && OnClick) OnClick();
 }
 
+/// Without the mouse the operator is at the cross, while that is seen.
 bool PixelView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::Leave) PointAt(std::nullopt);
+  if (event->type() == QEvent::Leave) PointAt(hasFocus() ? cross_ : std::nullopt);
   return QAbstractScrollArea::viewportEvent(event);
 }
 

@@ -60,6 +60,7 @@ class PixelView final : public QAbstractScrollArea, public Spoken {
   [[nodiscard]] QRect PlaceOf(const QRect& pixels) const;
   void ZoomAround(int zoom, const QPoint& place);
   void PlaceBars();
+  void PaintFocus();
   void PointAt(std::optional<QPoint> pixel);
   void MoveCross(const QPoint& by);
   bool ZoomByKey(const QKeyEvent& event);

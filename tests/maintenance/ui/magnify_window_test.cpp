@@ -1,5 +1,7 @@
 #include "maintenance/ui/magnify_window.h"
 
+#include <cmath>
+
 #include "maintenance/ui/picture_desk.h"
 
 namespace morvane::maintenance {
@@ -117,6 +119,27 @@ TEST_F(Magnify, TheMouseReadsWhatIsPainted) {
     MoveOver(magnify, 41, 80);
     EXPECT_EQ(ReadOut(magnify), "10,20,192");
     MoveOver(magnify, -9, 80);
+    magnify.close();
+  });
+}
+
+TEST_F(Magnify, AfterTheWheelItReadsWhatIsUnderTheMouse) {
+  OpenWithPicture();
+  Open([&](QWidget& magnify) {
+    magnify.resize(600, 400);
+    desk.Loop.Pump();
+    auto& view = test::Find<PixelView>(magnify, "Picture2");
+    MoveOver(magnify, 40, 80);
+    EXPECT_EQ(ReadOut(magnify), "10,20,80");
+    const QPoint place(40 + (view.viewport()->width() - 512) / 2, 80);
+    QWheelEvent event(place, view.viewport()->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view.viewport(), &event);
+    const int scrolled = view.verticalScrollBar()->value();
+    EXPECT_GT(scrolled, 20) << "some lines of the screen";
+    EXPECT_EQ(test::TextOf(magnify, "Cursor_x"), "10");
+    EXPECT_EQ(test::TextOf(magnify, "Cursor_y"),
+              std::to_string(static_cast<int>(std::nearbyint((80 + scrolled) / 4.0))));
     magnify.close();
   });
 }

@@ -232,6 +232,26 @@ TEST_F(PicturePanelTest, ArrowKeysMoveACross) {
   EXPECT_EQ(ReadOut(), "0,0,0") << "it stays on the picture";
 }
 
+TEST_F(PicturePanelTest, WhenTheMouseHasLeftThePictureTheCrossReadsAgain) {
+  OpenPicture();
+  Fetch();
+  View().setFocus();
+  Press(Qt::Key_Right);  // in the middle
+  MoveTo(PlaceOf(10, 20));
+  EXPECT_EQ(ReadOut(), "10,20,80");
+  MoveTo({-30, -30});
+  EXPECT_EQ(ReadOut(), "64,96,160");
+}
+
+TEST_F(PicturePanelTest, APictureWithTheKeyboardShowsItBeforeAnyArrow) {
+  OpenPicture();
+  Focus("Copy_picture");
+  const auto frame = [this] { return View().grab().toImage().pixelColor(0, 40); };
+  EXPECT_NE(frame(), window->palette().color(QPalette::Highlight));
+  View().setFocus();
+  EXPECT_EQ(frame(), window->palette().color(QPalette::Highlight));
+}
+
 TEST_F(PicturePanelTest, TheWheelZoomsUnderTheMouse) {
   OpenPicture();
   Fetch();
