@@ -172,6 +172,21 @@ TEST_F(AutoSetupWindowTest, TheEndOfTheProgramEndsIt) {
   EXPECT_EQ(Search(), nullptr);
 }
 
+TEST_F(AutoSetupWindowTest, ALostLinkEndsItAndTheServiceBehindOneBox) {
+  Behind = [&](int trial) {
+    if (trial != 3) return;
+    camera.Answer = nullptr;
+    simulated.PowerOff();
+    desk.AnswerBox(QMessageBox::Ok);
+  };
+  Run();
+  EXPECT_EQ(trials, 3);
+  EXPECT_EQ(Search(), nullptr);
+  EXPECT_TRUE(console.Closed());
+  ASSERT_THAT(desk.Boxes, SizeIs(2)) << "the prompt, and one for the link";
+  EXPECT_EQ(desk.Boxes[1].Title, "Communication Error");
+}
+
 TEST_F(AutoSetupWindowTest, ThePictureStaysInSight) {
   bool looked = false;
   Behind = [&](int trial) {

@@ -319,6 +319,43 @@ TEST_F(PicturePanelTest, WhatIsSavedAndCopiedIsWhatIsPainted) {
   EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(128, 192));
 }
 
+TEST_F(PicturePanelTest, ALinkThatIsLostWhileAFileIsAskedForEndsTheServiceBehindIt) {
+  OpenPicture();
+  Fetch();
+  desk.When("cdSave", [this](QWidget& dialog) {
+    desk.AnswerBox(QMessageBox::Ok);
+    simulated.PowerOff();
+    desk.Loop.WaitMs(3000);
+    EXPECT_TRUE(console.Closed());
+    dialog.close();
+  });
+  Click("Save_picture");
+  EXPECT_THAT(desk.Boxes, SizeIs(1));
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(PicturePanelTest, TheEndOfTheProgramEndsAQuestionForAFile) {
+  OpenPicture();
+  Fetch();
+  desk.When("cdSave", [this](QWidget&) { desk.Loop.Quit(); });
+  Click("Save_picture");
+  EXPECT_EQ(test::TopWindow("cdSave"), nullptr);
+  EXPECT_THAT(desk.Boxes, IsEmpty());
+}
+
+TEST_F(PicturePanelTest, TheTabKeyWalksThroughThePageAsTheEyeDoes) {
+  OpenPicture();
+  Focus("Capture");
+  std::vector<std::string> names;
+  for (int i = 0; i < 11; ++i) {
+    names.push_back(FocusName());
+    Press(Qt::Key_Tab);
+  }
+  EXPECT_THAT(names, ElementsAre("Capture", "Reco", "Showb", "Frame_draw", "Start_draw",
+                                 "AutoSetup_command", "Picture1", "Save_picture", "Copy_picture",
+                                 "HoldS", "HoldC"));
+}
+
 TEST_F(PicturePanelTest, TheFocusIsShownToTechnicians) {
   Service(1);
   OpenPicture();
