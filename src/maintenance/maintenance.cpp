@@ -202,7 +202,9 @@ void Maintenance::SelectIndex(int index) {
 
 void Maintenance::AutoSetup_command() {
   AtMachine([this] {
+    bench_.Rest(true);
     AutoSetupCommand(program_, link_, machine_, poll_, parameters_, pictures_, *this).Run();
+    bench_.Rest(false);
   });
 }
 

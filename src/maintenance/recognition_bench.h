@@ -29,6 +29,8 @@ class RecognitionBench {
   void Reco();
   /// Fetches what the last of the two has left in the machine. Ends early when somebody leaves.
   void Showb();
+  /// Something else is at work with the camera: the buttons are off.
+  void Rest(bool on) { busy_ = on; }
   /// "Draw frames": what the machine has measured.
   void Frame_draw();
   /// "Draw start point": of the boxes as they stand.

@@ -148,11 +148,13 @@ TEST_F(Camera, AnotherCardNoneOrAMisreadOneIsNotFound) {
 
 TEST_F(Camera, TheFinalPictureShowsTheStartPoint) {
   Start("ideal=60/80");
+  view.OnSearch = [&] { EXPECT_FALSE(console->Bench().ButtonsOn()) << "until it is over"; };
   AutoSetup({kOk, kNo});
   EXPECT_EQ(pictures->Picture1.At(66 - 2, 47), kYellow);
   EXPECT_EQ(pictures->Picture1.At(66 - 5, 47), kBlue);
   EXPECT_NEAR(pictures->CardImage.At(0, 0), 220, 4);
   EXPECT_EQ(pictures->ImageMode, PictureStore::Kind::kGrey);
+  EXPECT_TRUE(console->Bench().ButtonsOn());
 }
 
 // What comes meanwhile.
