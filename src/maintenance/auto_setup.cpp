@@ -72,7 +72,6 @@ void AutoSetup::Run(AutoSetupView& view) {
 
 bool AutoSetup::Try() {
   const SearchPosition& at = search_.At();
-  TrialAnswer answer;
   const auto verdict = link_.Ask(wire::TrialCommand{
       OnTheWire(at.pos_x), OnTheWire(at.pos_y), OnTheWire(cards_.Threshold),
       OnTheWire(cards_.CardIndex), OnTheWire(at.start_x), OnTheWire(at.start_y)});

@@ -8,7 +8,6 @@
 namespace morvane::maintenance {
 namespace {
 
-using machine::CardSettings;
 using wire::OutputsCommand;
 
 constexpr const char* kCaption = "Auto Setup";

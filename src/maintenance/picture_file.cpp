@@ -21,9 +21,9 @@ bool MayReplace(Program& program, const std::string& path) {
 }
 
 std::optional<std::string> AskPictureFile(Program& program) {
-  const auto path = program.Operator.AskFile({kTitle, "PNG (*.png)|*.png", 1, "", true});
+  auto path = program.Operator.AskFile({kTitle, "PNG (*.png)|*.png", 1, "", true});
   if (!path || LowerCase(*path).ends_with(".png")) return path;
-  const std::string named = *path + ".png";
+  std::string named = *path + ".png";
   if (!MayReplace(program, named)) return std::nullopt;
   return named;
 }

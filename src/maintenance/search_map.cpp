@@ -29,7 +29,7 @@ void SearchMap::Take(double seconds) {
 int SearchMap::Rows() const { return static_cast<int>(marks_.size()) / kColumns; }
 
 SearchMap::Mark SearchMap::At(int column, int row) const {
-  return marks_[static_cast<std::size_t>(row * kColumns + column)];
+  return marks_[static_cast<std::size_t>(row) * kColumns + static_cast<std::size_t>(column)];
 }
 
 SearchMap::Place SearchMap::Here() const {

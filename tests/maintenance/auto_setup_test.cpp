@@ -156,8 +156,8 @@ TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {
     int Suit;
     std::uint8_t SymbolBottom;
     std::uint8_t SuitBottom;
-    const char* symy;
-    const char* suity;
+    const char* SymY;
+    const char* SuitY;
     int KeptSymbol;
     int KeptSuit;
   };
@@ -174,8 +174,8 @@ TEST_F(SetupDesk, HighSymbolsKeepTheRaisedLimits) {
     camera.SymbolBottom = row.SymbolBottom;
     camera.SuitBottom = row.SuitBottom;
     Run();
-    EXPECT_EQ(setup->symy(), row.symy);
-    EXPECT_EQ(setup->suity(), row.suity);
+    EXPECT_EQ(setup->symy(), row.SymY);
+    EXPECT_EQ(setup->suity(), row.SuitY);
     EXPECT_EQ(setup->Kept().Sym_y_max, row.KeptSymbol);
     EXPECT_EQ(setup->Kept().Suit_y_max, row.KeptSuit);
   }
