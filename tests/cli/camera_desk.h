@@ -45,7 +45,7 @@ struct CameraDesk : CliDesk {
   [[nodiscard]] test::Bytes Line(int y) const {
     test::Bytes line = test::Long({0x81, static_cast<std::uint8_t>(y)});
     for (int x = 0; x < maintenance::PixelPlane::kWidth; ++x) {
-      line[static_cast<std::size_t>(8 + x)] = static_cast<std::uint8_t>((x + y) % Classes);
+      line[8 + static_cast<std::size_t>(x)] = static_cast<std::uint8_t>((x + y) % Classes);
     }
     return line;
   }

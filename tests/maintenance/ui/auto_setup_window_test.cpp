@@ -10,10 +10,7 @@ namespace morvane::maintenance {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
-using ::testing::StartsWith;
 
 class AutoSetupWindowTest : public PictureDesk {
  protected:

@@ -67,7 +67,7 @@ class PictureDesk : public ConsoleDesk {
       if (OnLine) OnLine(plain[1]);
       test::Bytes line = test::Long({0x81, plain[1]});
       for (int x = 0; x < PixelPlane::kWidth; ++x) {
-        line[static_cast<std::size_t>(8 + x)] = Pixel(x, plain[1]);
+        line[8 + static_cast<std::size_t>(x)] = Pixel(x, plain[1]);
       }
       return line;
     }
