@@ -157,7 +157,14 @@ void PicturePanel::Show() {
 
 void PicturePanel::ShowPicture() {
   const PaintedPicture& painted = maintenance_.Bench().Pictures().Picture1;
-  Picture1_->Show([&painted](int x, int y) { return painted.At(x, y); });
+  const auto colour = [&painted](int x, int y) { return painted.At(x, y); };
+  const int lines = maintenance_.Bench().LinesFetched().value_or(0);
+  const int before = std::exchange(linesShown_, lines);
+  if (lines > 0 && lines == before + 1) {
+    Picture1_->ShowLines(colour, before, lines + 1);  // the line and the mark below it
+  } else {
+    Picture1_->Show(colour);
+  }
   ShowPoint();
   ShowProgress();
 }

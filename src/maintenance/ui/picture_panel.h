@@ -59,6 +59,7 @@ class PicturePanel final : public QWidget {
   ShownValue* Brightness_ = nullptr;
   ShownValue* zoom_ = nullptr;
   MeasurePanel* measured_ = nullptr;
+  int linesShown_ = 0;           ///< of the fetch that is under way
   std::optional<QPoint> point_;  ///< of the picture, at which the operator is
   bool done_ = false;            ///< what was pressed last has had the machine
 };

@@ -53,10 +53,10 @@ PixelView::PixelView(const QString& name, const QString& spokenName, QSize pixel
   image_.fill(Qt::white);
 }
 
-void PixelView::Show(const std::function<Colour(int x, int y)>& colour) {
+void PixelView::ShowLines(const std::function<Colour(int x, int y)>& colour, int first, int end) {
   const int width = image_.width();
   std::vector<QRgb> line(static_cast<std::size_t>(width));
-  for (int y = 0; y < image_.height(); ++y) {
+  for (int y = first; y < end; ++y) {
     for (int x = 0; x < width; ++x) line[static_cast<std::size_t>(x)] = ShownAs(colour(x, y));
     const std::size_t bytes = line.size() * sizeof(QRgb);
     if (std::memcmp(image_.constScanLine(y), line.data(), bytes) == 0) continue;

@@ -24,7 +24,11 @@ class PixelView final : public QAbstractScrollArea, public Spoken {
   void FixZoom() { fixed_ = true; }
 
   /// Takes over what `colour` says of each pixel; paints no more than the lines that have changed.
-  void Show(const std::function<Colour(int x, int y)>& colour);
+  void Show(const std::function<Colour(int x, int y)>& colour) {
+    ShowLines(colour, 0, image_.height());
+  }
+  /// The same of the lines from `first` to `end`, which is not one of them.
+  void ShowLines(const std::function<Colour(int x, int y)>& colour, int first, int end);
   [[nodiscard]] const QImage& Image() const { return image_; }
   [[nodiscard]] int Zoom() const { return zoom_; }
   void ZoomTo(int zoom);
