@@ -146,7 +146,7 @@ std::string OfLine(const Frame& command) {
 
 std::string OfCapture(const Frame& command) {
   const auto here = Get<PositionedCaptureCommand>(command);
-  const std::string index = " index " + std::to_string(here.Index);
+  std::string index = " index " + std::to_string(here.Index);
   Frame again = command;
   PutRows(here, again);
   if (again != command) return index;
