@@ -5,14 +5,13 @@
 
 #include "cli/console_auto_setup.h"
 #include "cli/console_service.h"
+#include "maintenance/auto_setup_command.h"
 #include "text/box_text.h"
 
 namespace morvane::cli {
 namespace {
 
-using maintenance::HeightLimits;
 using maintenance::Maintenance;
-using maintenance::Parameter;
 using maintenance::ParameterBoxes;
 
 class AutoSetupService final : public ConsoleService {
@@ -60,14 +59,7 @@ class AutoSetupService final : public ConsoleService {
   [[nodiscard]] ParameterBoxes Wanted(const ParameterBoxes& before) const {
     ParameterBoxes wanted = before;
     wanted.ClampThresholds();  // as every write does
-    const auto& found = *outcome_->Found;
-    const HeightLimits& kept = outcome_->Kept;
-    wanted.Box(Parameter::pos_x).Put(found.pos_x);
-    wanted.Box(Parameter::pos_y).Put(found.pos_y);
-    wanted.Box(Parameter::start_x).Put(found.start_x);
-    wanted.Box(Parameter::start_y).Put(found.start_y);
-    if (kept.Sym_y_max != 0) wanted.Box(Parameter::Sym_y_max).Put(kept.Sym_y_max);
-    if (kept.Suit_y_max != 0) wanted.Box(Parameter::Suit_y_max).Put(kept.Suit_y_max);
+    maintenance::PutFound(*outcome_->Found, outcome_->Kept, wanted);
     return wanted;
   }
 

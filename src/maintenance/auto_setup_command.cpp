@@ -14,6 +14,15 @@ constexpr const char* kCaption = "Auto Setup";
 
 }  // namespace
 
+void PutFound(const SearchPosition& found, const HeightLimits& kept, ParameterBoxes& boxes) {
+  boxes.Box(Parameter::pos_x).Put(found.pos_x);
+  boxes.Box(Parameter::pos_y).Put(found.pos_y);
+  boxes.Box(Parameter::start_x).Put(found.start_x);
+  boxes.Box(Parameter::start_y).Put(found.start_y);
+  if (kept.Sym_y_max != 0) boxes.Box(Parameter::Sym_y_max).Put(kept.Sym_y_max);
+  if (kept.Suit_y_max != 0) boxes.Box(Parameter::Suit_y_max).Put(kept.Suit_y_max);
+}
+
 void AutoSetupCommand::Run() {
   if (!Passes(machine_, machine::kAutoSetupGate)) {
     program_.ShowMessage(Fill(program_.Texts.Msg043, "***", machine_.FirmwareInHex()), kOkCritical,
@@ -74,15 +83,8 @@ void AutoSetupCommand::Search(const HeightLimits& old) {
 
 void AutoSetupCommand::Keep(const SearchPosition& found, const HeightLimits& old,
                             const HeightLimits& kept) {
-  ParameterBoxes& boxes = parameters_.Boxes;
-  boxes.Box(Parameter::pos_x).Put(found.pos_x);
-  boxes.Box(Parameter::pos_y).Put(found.pos_y);
-  boxes.Box(Parameter::start_x).Put(found.start_x);
-  boxes.Box(Parameter::start_y).Put(found.start_y);
-  if (parameters_.Index() == wire::CardIndex::Standard) {
-    Put({kept.Sym_y_max != 0 ? kept.Sym_y_max : old.Sym_y_max,
-         kept.Suit_y_max != 0 ? kept.Suit_y_max : old.Suit_y_max});
-  }
+  Put(old);
+  PutFound(found, kept, parameters_.Boxes);
   parameters_.Write(ParameterBlock::Mode::kUpdate);
 }
 

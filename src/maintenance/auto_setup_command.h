@@ -7,6 +7,9 @@
 
 namespace morvane::maintenance {
 
+/// What was found into its boxes, and the raised limits that are to stay.
+void PutFound(const SearchPosition& found, const HeightLimits& kept, ParameterBoxes& boxes);
+
 /// The button `AutoSetup_command`: the prompt, the limits that are raised for the search, the
 /// search, and what the machine is to keep of it. Whoever runs it has the link, and nothing else
 /// takes it meanwhile.

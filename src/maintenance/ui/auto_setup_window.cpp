@@ -24,10 +24,6 @@ using Stage = AutoSetup::Stage;
 
 constexpr const char* kLeft = "Time left at most: ";
 
-void ShowChanged(ShownValue& value, const QString& text) {
-  if (value.text() != text) value.Show(text);
-}
-
 }  // namespace
 
 AutoSetupWindow::AutoSetupWindow(const Clock& clock, AutoSetup& setup,

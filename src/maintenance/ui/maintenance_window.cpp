@@ -161,7 +161,7 @@ void MaintenanceWindow::ShowContact() {
   } else if (maintenance_.Controls().Download) {
     text = "The machine holds no firmware. It can only be loaded with one.";
   }
-  if (contact_->text() != text) contact_->Show(text);
+  ShowChanged(*contact_, text);
 }
 
 void MaintenanceWindow::Close() { hide(); }

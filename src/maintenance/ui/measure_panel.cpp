@@ -75,7 +75,7 @@ void MeasurePanel::AddHold(const Hold& hold, std::string& text, int column) {
 void MeasurePanel::Show() {
   for (std::size_t i = 0; i < kTexts; ++i) {
     const QString text = ToQt(bench_.Shown().*kCells[i].Text);
-    if (texts_[i]->text() != text) texts_[i]->Show(text);
+    ShowChanged(*texts_[i], text);
   }
 }
 

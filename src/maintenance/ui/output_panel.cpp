@@ -82,7 +82,7 @@ void OutputPanel::ShowReadings() {
   if (GateTestText_ == nullptr) return;
   const int cycles = maintenance_.Console().GateCycles();
   const QString text = cycles == 0 ? QString() : QString::number(cycles);
-  if (GateTestText_->text() != text) GateTestText_->Show(text);
+  ShowChanged(*GateTestText_, text);
 }
 
 }  // namespace morvane::maintenance

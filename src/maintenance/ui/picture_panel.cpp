@@ -27,10 +27,6 @@ constexpr int kUsualZoom = 2;
 
 QString NumberOrNone(bool known, int number) { return known ? QString::number(number) : QString(); }
 
-void ShowChanged(ShownValue& value, const QString& text) {
-  if (value.text() != text) value.Show(text);
-}
-
 }  // namespace
 
 PicturePanel::PicturePanel(Program& program, Maintenance& maintenance, QWidget* parent)

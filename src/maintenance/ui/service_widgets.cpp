@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <utility>
 
+#include "platform/qt/shown_value.h"
+
 namespace morvane::maintenance {
 
 QGridLayout* NewGrid(QWidget* group) {
@@ -34,6 +36,10 @@ QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent) {
   auto* label = new QLabel(caption, parent);
   label->setBuddy(control);
   return label;
+}
+
+void ShowChanged(ShownValue& value, const QString& text) {
+  if (value.text() != text) value.Show(text);
 }
 
 void KeepSizeFor(QLabel& label, const QStringList& texts) {

@@ -9,6 +9,10 @@ class QLabel;
 class QPushButton;
 class QWidget;
 
+namespace morvane {
+class ShownValue;
+}
+
 // What the parts of the service's windows have in common in their looks.
 
 namespace morvane::maintenance {
@@ -31,6 +35,9 @@ inline constexpr QColor kStillGround{0xFF, 0xFF, 0xFF};
 [[nodiscard]] QPushButton* NewLaterButton(const char* name, const char* caption, QWidget* parent);
 /// A label of a control, which its letter reaches.
 [[nodiscard]] QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent);
+
+/// Shows the text where it is another one: a reader need not hear it twice.
+void ShowChanged(ShownValue& value, const QString& text);
 
 /// Gives the label the size for the largest of the texts and for each of them, so that nothing has
 /// to be placed anew when its text changes.
