@@ -48,10 +48,8 @@ void Machine::EndTry(int attempt) {
   ExpectLateReply();
 }
 
-void Machine::FillRandom() {
-  for (std::uint8_t& byte : wire::Filler(Link.TxFrame)) {
-    byte = static_cast<std::uint8_t>(255 * random_.Random());
-  }
+void Machine::FillRandom(std::span<std::uint8_t> bytes) {
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(255 * random_.Random());
 }
 
 void Machine::Take(const StatusReply& reply) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "machine/machine_link.h"
@@ -64,10 +65,19 @@ class Machine {
   /// let no events through.
   template <typename Command, typename Meanwhile>
   std::optional<typename Command::Reply> Exchange(const Command& command, Meanwhile meanwhile) {
+    return Exchange(command, meanwhile, [](MachineLink::Receive) {});
+  }
+  /// `badTry` hears of each try that was bad, with what was received, before the next one.
+  template <typename Command, typename Meanwhile, typename BadTry>
+  std::optional<typename Command::Reply> Exchange(const Command& command, Meanwhile meanwhile,
+                                                  BadTry badTry) {
     using Reply = typename Command::Reply;
     BeginExchange();
     for (int attempt = 1; attempt <= kTries; ++attempt) {
-      FillRandom();
+      FillRandom(wire::Filler(Link.TxFrame));
+      if constexpr (requires { requires Command::kRandomPayload; }) {
+        FillRandom(wire::Payload(Link.TxFrame));
+      }
       wire::Put(command, Link.TxFrame);
       Link.SendFrame();
       meanwhile();
@@ -85,6 +95,7 @@ class Machine {
       } else if constexpr (requires { requires Command::kAnotherWillDo; }) {
         if (another) return Forgiven<Reply>();
       }
+      badTry(Link.RxStatus);
       EndTry(attempt);
     }
     return std::nullopt;
@@ -94,7 +105,7 @@ class Machine {
   template <typename Command>
   void Tell(const Command& command) {
     BeginExchange();
-    FillRandom();
+    FillRandom(wire::Filler(Link.TxFrame));
     wire::Put(command, Link.TxFrame);
     Link.SendFrame();
     told_ = true;
@@ -147,7 +158,7 @@ class Machine {
     return std::nullopt;
   }
   void EndTry(int attempt);
-  void FillRandom();
+  void FillRandom(std::span<std::uint8_t> bytes);
 
   // What is kept here of a reply; all else is the caller's.
   template <typename Reply>

@@ -26,8 +26,14 @@ class ServiceLink {
   /// `meanwhile` as in `Machine::Exchange`.
   template <typename Command, typename Meanwhile>
   std::optional<typename Command::Reply> Ask(const Command& command, Meanwhile meanwhile) {
+    return Ask(command, meanwhile, [](machine::MachineLink::Receive) {});
+  }
+  /// `badTry` as there.
+  template <typename Command, typename Meanwhile, typename BadTry>
+  std::optional<typename Command::Reply> Ask(const Command& command, Meanwhile meanwhile,
+                                             BadTry badTry) {
     if (linkFailed_) return std::nullopt;
-    const auto reply = machine_.Exchange(command, meanwhile);
+    const auto reply = machine_.Exchange(command, meanwhile, badTry);
     if (machine_.Lost()) Fail(program_.Texts.Msg055);
     return reply;
   }

@@ -4,6 +4,7 @@
 
 #include "text/text.h"
 #include "wire/board_labels.h"
+#include "wire/flash_commands.h"
 #include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
@@ -158,6 +159,15 @@ std::string OfTrial(const Frame& command) {
   return " " + std::to_string(trial.PosX) + " " + std::to_string(trial.PosY);
 }
 
+std::string OfFlashBlock(const Frame& command) {
+  const std::uint16_t block = Get<FlashBlockCommand>(command).Block;
+  return " 0x" + Hex(block >> 8U) + Hex(block);
+}
+
+std::string OfProgramming(const Frame& reply) {
+  return ": status " + std::to_string(Get<DownloadReply>(reply).Status);
+}
+
 std::string OfFrame(const Frame& reply) {
   const SymbolFrame box = Get<SymbolMeasureReply>(reply).Box;
   return ": " + std::to_string(box.XMin) + ".." + std::to_string(box.XMax) + " x " +
@@ -170,7 +180,12 @@ struct Row {
   std::string (*Says)(const Frame& frame);
 };
 
-constexpr std::array<Row, 27> kCommands{{{CmdReadParameters, "CmdReadParameters", OfSubCode},
+constexpr std::array<Row, 32> kCommands{{{CmdStartDownload, "CmdStartDownload", OfNothing},
+                                         {CmdFlashBlock, "CmdFlashBlock", OfFlashBlock},
+                                         {CmdEraseErrors, "CmdEraseErrors", OfNothing},
+                                         {CmdEraseRecord, "CmdEraseRecord", OfNothing},
+                                         {CmdWriteRecord, "CmdWriteRecord", OfNothing},
+                                         {CmdReadParameters, "CmdReadParameters", OfSubCode},
                                          {CmdWriteParameters, "CmdWriteParameters", OfSubCode},
                                          {CmdOutputs, "CmdOutputs", OfOutputs},
                                          {CmdLogicVersion, "CmdLogicVersion", OfNothing},
@@ -198,7 +213,12 @@ constexpr std::array<Row, 27> kCommands{{{CmdReadParameters, "CmdReadParameters"
                                          {CmdRead, "CmdRead", OfStart},
                                          {CmdRoute, "CmdRoute", OfRoute}}};
 
-constexpr std::array<Row, 21> kReplies{{{ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
+constexpr std::array<Row, 26> kReplies{{{DownloadReply::Code, "download", OfProgramming},
+                                        {DownloadReply::kBlockCode, "block", OfProgramming},
+                                        {EraseErrorsReply::Code, "errors erased", OfProgramming},
+                                        {EraseRecordReply::Code, "record erased", OfProgramming},
+                                        {WriteRecordReply::Code, "record written", OfProgramming},
+                                        {ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
                                         {PhotoReply::Code, "photo sensors", OfPhotos},
                                         {LogicVersionReply::Code, "logic version", OfNothing},
                                         {PictureLineReply::Code, "picture line", OfLine},

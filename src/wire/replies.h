@@ -120,10 +120,14 @@ struct TestReply {
 /// Whether a frame of this code is the reply `R`.
 template <typename R>
 [[nodiscard]] constexpr bool Answers(std::uint8_t code) {
-  if constexpr (requires { R::LongCode; }) {
-    if (code == R::LongCode) return true;
+  if constexpr (requires { R::IsCode(code); }) {
+    return R::IsCode(code);
+  } else {
+    if constexpr (requires { R::LongCode; }) {
+      if (code == R::LongCode) return true;
+    }
+    return code == R::Code;
   }
-  return code == R::Code;
 }
 
 }  // namespace morvane::wire

@@ -53,6 +53,19 @@ TEST(FrameText, TheServiceHasItsNamesToo) {
   EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 61})), "verdict: code 61");
 }
 
+TEST(FrameText, ProgrammingHasItsNamesToo) {
+  EXPECT_EQ(CommandText(Of({0x29, 95})), "CmdStartDownload");
+  EXPECT_EQ(CommandText(Of({0xAA, 98, 2, 0x1F})), "CmdFlashBlock 0x021F");
+  EXPECT_EQ(CommandText(Of({0x2B})), "CmdEraseErrors");
+  EXPECT_EQ(CommandText(Of({0x2C})), "CmdEraseRecord");
+  EXPECT_EQ(CommandText(Of({0xAD})), "CmdWriteRecord");
+  EXPECT_EQ(ReplyText(Of({0x29, 0})), "download: status 0");
+  EXPECT_EQ(ReplyText(Of({0x2A, 3})), "block: status 3");
+  EXPECT_EQ(ReplyText(Of({0x2B, 1})), "errors erased: status 1");
+  EXPECT_EQ(ReplyText(Of({0x2C, 0})), "record erased: status 0");
+  EXPECT_EQ(ReplyText(Of({0x2D, 0})), "record written: status 0");
+}
+
 TEST(FrameText, TheCameraHasItsNamesToo) {
   EXPECT_EQ(CommandText(Of({0x01, 191})), "CmdPictureLine 191");
   EXPECT_EQ(CommandText(Of({0x02, 7})), "CmdErrorPictureLine 7");
