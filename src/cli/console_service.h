@@ -20,6 +20,10 @@ class ConsoleService : public maintenance::MaintenanceView {
       maintenance::AutoSetup& /*setup*/) override {
     return std::make_unique<maintenance::AutoSetupView>();
   }
+  std::unique_ptr<maintenance::FirmwareView> OpenFirmware(
+      maintenance::FirmwareDownload& /*download*/) override {
+    return std::make_unique<maintenance::FirmwareView>();
+  }
   void Close() override {}
 
  protected:

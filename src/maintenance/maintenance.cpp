@@ -15,15 +15,17 @@ using wire::IdentityReply;
 
 /// The status answers behind which the log gets what is known of the machine.
 constexpr int kAnswersBeforeInfo = 10;
+/// What the machine needs to start.
+constexpr int kRestartMs = 500;
+/// Twice, so that who asked for a download finds the machine started.
+constexpr int kBeforeLeavingMs = 1000;
 
 }  // namespace
 
-Maintenance::Maintenance(Program& program, Machine& machine, PictureStore& pictures,
-                         std::function<void(const std::string&)> download)
+Maintenance::Maintenance(Program& program, Machine& machine, PictureStore& pictures)
     : program_(program),
       machine_(machine),
       pictures_(pictures),
-      download_(std::move(download)),
       link_(program, machine, [this] { Unload(); }),
       poll_(link_, machine, [this] { TellBasicInfo(); }),
       parameters_(program, link_, machine),
@@ -36,8 +38,9 @@ Maintenance::~Maintenance() { machine_.OnUnasked = nullptr; }
 
 // Opening, the first contact, and leaving.
 
-void Maintenance::Open(MaintenanceView& view) {
+void Maintenance::Open(MaintenanceView& view, std::string firmware) {
   view_ = &view;
+  firmware_ = std::move(firmware);
   // What a window whose link was lost has left behind.
   machine_.PollLock = false;
   program_.Log.WriteTime(" Maintenance: ");
@@ -49,6 +52,7 @@ void Maintenance::WindowStart() {
   controls_ = {};
   machine_.Version = {};
   machine_.HardwareId = 0;  // as it stays on a machine without firmware
+  bench_.ForgetFrames();
   parameters_.LoadSelection();
   machine_.Link.MachineLatchOn();
   Timer1m_.reset();
@@ -59,7 +63,9 @@ void Maintenance::WindowStart() {
 void Maintenance::Timer3m() {
   const auto once = std::move(Timer3m_);
   AtLink([this] {
-    if (FirstContact()) StartPolling();
+    if (!FirstContact()) return;
+    StartPolling();
+    if (!firmware_.empty()) DownloadFrom(firmware_, DownloadCommand::For::kAnother);
   });
 }
 
@@ -135,20 +141,15 @@ void Maintenance::StartPolling() {
 void Maintenance::Timer1m() {
   const auto once = std::move(Timer1m_);
   if (!machine_.PollLock) Tick();
-  if (!closed_) StartPolling();
+  if (!closed_ && Timer3m_ == nullptr) StartPolling();
 }
 
 void Maintenance::Tick() {
   if (program_.Link.Pending == LinkRequest::kDownload) {
-    TakeDownload();
+    Download(std::exchange(program_.Link, {}).File);
   } else {
     AtLink([this] { poll_.Poll(false); }, &MaintenanceView::ShowReadings);
   }
-}
-
-void Maintenance::TakeDownload() {
-  const LinkRequest request = std::exchange(program_.Link, {});
-  AtLink([&] { download_(request.File); });
 }
 
 void Maintenance::TellBasicInfo() {
@@ -206,6 +207,36 @@ void Maintenance::AutoSetup_command() {
     AutoSetupCommand(program_, link_, machine_, poll_, parameters_, pictures_, *this).Run();
     bench_.Rest(false);
   });
+}
+
+void Maintenance::Download(const std::string& path) {
+  if (!controls_.Download) return;
+  AtLink([&] { DownloadFrom(path, DownloadCommand::For::kOperator); });
+}
+
+void Maintenance::DownloadFrom(const std::string& path, DownloadCommand::For whom) {
+  Timer1m_.reset();
+  const bool sent = DownloadCommand(program_, link_, machine_, *this).Run(path, whom);
+  if (closed_) return;
+  if (sent) {
+    MeetAnew();
+  } else {
+    StartPolling();
+  }
+  if (whom == DownloadCommand::For::kOperator) return;
+  program_.Loop.WaitMs(kBeforeLeavingMs);
+  program_.Loop.WaitMs(kBeforeLeavingMs);
+  Unload();
+}
+
+/// The machine starts what it was loaded with as soon as the latch line drops.
+void Maintenance::MeetAnew() {
+  identity_ = {};
+  controls_ = {};
+  view_->ShowAll();
+  machine_.Link.MachineLatchOff();
+  program_.Loop.WaitMs(kRestartMs);
+  WindowStart();
 }
 
 /// Polls stand still meanwhile; the first contact must not.

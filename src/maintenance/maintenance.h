@@ -8,6 +8,7 @@
 #include "maintenance/console_host.h"
 #include "maintenance/console_poll.h"
 #include "maintenance/developer_tests.h"
+#include "maintenance/download_command.h"
 #include "maintenance/identity.h"
 #include "maintenance/maintenance_view.h"
 #include "maintenance/parameter_block.h"
@@ -32,10 +33,8 @@ class Maintenance final : private ConsoleHost {
   static constexpr int kFirstContactMs = 2000;
   static constexpr int kPollMs = 50;
 
-  /// `pictures` outlive the console. `download`: what becomes of a firmware file that is asked for
-  /// from outside.
-  Maintenance(Program& program, machine::Machine& machine, PictureStore& pictures,
-              std::function<void(const std::string&)> download);
+  /// `pictures` outlive the console.
+  Maintenance(Program& program, machine::Machine& machine, PictureStore& pictures);
   ~Maintenance();
   Maintenance(const Maintenance&) = delete;
   Maintenance& operator=(const Maintenance&) = delete;
@@ -44,7 +43,9 @@ class Maintenance final : private ConsoleHost {
   /// `index` (`CardSettings::Index`) that one is worked on in its place: where the machine cannot
   /// do it, the service ends behind the box that says so, and no parameter has been read.
   void KeepSelection(std::optional<int> index) { parameters_.KeepSelection(index); }
-  void Open(MaintenanceView& view);
+  /// With a `firmware` file the console is there for its download alone: that is begun as soon as
+  /// the machine is known, and the console leaves behind it.
+  void Open(MaintenanceView& view, std::string firmware = {});
   /// The close box or Escape. Asks once if something has been edited and not been written. During
   /// an exchange the window goes when that is over.
   void Exit();
@@ -59,6 +60,8 @@ class Maintenance final : private ConsoleHost {
   void SelectCardType(int cardType) { parameters_.CardSelection.CardType = cardType; }
   void SelectThreshold(int threshold) { parameters_.CardSelection.Threshold = threshold; }
   void AutoSetup_command();
+  /// The button: the operator picks a file, unless `path` is one.
+  void Download(const std::string& path = {});
   /// A click on the picture: `Magnify1`, for technicians.
   void Magnify();
 
@@ -89,7 +92,8 @@ class Maintenance final : private ConsoleHost {
   void StartPolling();
   void Timer1m();
   void Tick();
-  void TakeDownload();
+  void DownloadFrom(const std::string& path, DownloadCommand::For whom);
+  void MeetAnew();
   void TellBasicInfo();
   [[nodiscard]] bool TakeUnasked(const wire::Frame& frame);
   /// Does `work` with the link, unless another has it; then `show`s what has come of it.
@@ -101,7 +105,6 @@ class Maintenance final : private ConsoleHost {
   Program& program_;
   machine::Machine& machine_;
   PictureStore& pictures_;
-  const std::function<void(const std::string&)> download_;
   ServiceLink link_;
   ConsolePoll poll_;
   ParameterBlock parameters_;
@@ -110,6 +113,7 @@ class Maintenance final : private ConsoleHost {
   DeveloperTests developer_;
   ServiceControls controls_;
   MaintenanceView* view_ = nullptr;
+  std::string firmware_;  ///< `FirmwareFile`, while `ExternalFirmware` is 1
   std::unique_ptr<Timer> Timer1m_;
   std::unique_ptr<Timer> Timer3m_;
   bool leaving_ = false;  ///< somebody wants to leave, once the link is free

@@ -3,10 +3,12 @@
 #include <memory>
 
 #include "maintenance/auto_setup_view.h"
+#include "maintenance/firmware_view.h"
 
 namespace morvane::maintenance {
 
 class AutoSetup;
+class FirmwareDownload;
 class Maintenance;
 
 /// What the console needs of its window. Everything shown is read from `Maintenance`; the calls
@@ -24,6 +26,8 @@ class MaintenanceView {
   virtual void Magnify() = 0;
   /// Shows the window `AutoSetup` and gives it away; it goes when it is destroyed.
   [[nodiscard]] virtual std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) = 0;
+  /// The same of the window `Firmware`.
+  [[nodiscard]] virtual std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) = 0;
   /// The service is over: the window goes.
   virtual void Close() = 0;
 };

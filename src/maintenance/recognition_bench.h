@@ -31,6 +31,8 @@ class RecognitionBench {
   void Showb();
   /// Something else is at work with the camera: the buttons are off.
   void Rest(bool on) { busy_ = on; }
+  /// The machine starts anew: what it has measured is no more.
+  void ForgetFrames() { symbolBox_ = suitBox_ = {}; }
   /// "Draw frames": what the machine has measured.
   void Frame_draw();
   /// "Draw start point": of the boxes as they stand.

@@ -9,12 +9,12 @@ using maintenance::Maintenance;
 
 void MaintenanceFlow(Program& program, machine::Machine& machine,
                      maintenance::PictureStore& pictures, maintenance::MaintenanceDialog& dialogs,
-                     const std::function<void(const std::string&)>& download) {
+                     const std::string& firmware) {
   program.Status("Maintenance");
   if (machine::OpenLink(program, machine.Link, Maintenance::kLinkTimeoutMs)) {
-    Maintenance console(program, machine, pictures, download);
+    Maintenance console(program, machine, pictures);
     if (const auto window = dialogs.OpenMaintenance(console)) {
-      console.Open(*window);
+      console.Open(*window, firmware);
       program.Loop.RunUntil([&] { return console.Closed(); });
       console.Exit();
     } else {
@@ -23,7 +23,6 @@ void MaintenanceFlow(Program& program, machine::Machine& machine,
                           "Maintenance");
     }
   }
-  program.Status("Ready");
 }
 
 }  // namespace morvane::shell

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "machine/machine.h"
@@ -11,9 +10,9 @@
 namespace morvane::shell {
 
 /// `cmdMaintenance`: the service console, from opening the link until its window has gone.
-/// `pictures` and `download` as in `Maintenance`.
+/// `pictures` and `firmware` as in `Maintenance`.
 void MaintenanceFlow(Program& program, machine::Machine& machine,
                      maintenance::PictureStore& pictures, maintenance::MaintenanceDialog& dialogs,
-                     const std::function<void(const std::string&)>& download);
+                     const std::string& firmware);
 
 }  // namespace morvane::shell

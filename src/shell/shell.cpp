@@ -67,7 +67,7 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
     keeper_ = program_.Loop.StartTimer(kKeepMs, [this] { Keep(); });
   }
   if (!files.FirmwareFile.empty()) {
-    RefuseFirmware(files.FirmwareFile);
+    Service(files.FirmwareFile);
   } else if (!startFile_.empty()) {
     files::LoadBoardSet(program_, history_, windows_, startFile_);
     RefreshStatistics();
@@ -149,7 +149,7 @@ void Shell::MenuEdit() {
   if (FlowActive()) return;
   const Flow flow(*this);
   EditFlow(program_, generator_, clip_, windows_,
-           {[this](const std::string& path) { RefuseFirmware(path); },
+           {[this](const std::string& path) { Service(path, "Edit Board"); },
             [this](int board) { Analyze(analysis::ChosenSolver(program_.Store), board); }});
 }
 
@@ -167,14 +167,18 @@ analysis::DeepF::Status Shell::Analyze(analysis::Solver solver, int board) {
 void Shell::MenuPrint() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  PrintFlow(program_, windows_, [this](const std::string& path) { RefuseFirmware(path); });
+  PrintFlow(program_, windows_, [this](const std::string& path) { Service(path, "Printing"); });
 }
 
 void Shell::MenuMaintenance() {
   if (FlowActive()) return;
   const Flow flow(*this);
-  MaintenanceFlow(program_, machine_, pictures_, windows_,
-                  [this](const std::string& path) { RefuseFirmware(path); });
+  Service({});
+}
+
+void Shell::Service(const std::string& firmware, const std::string& status) {
+  MaintenanceFlow(program_, machine_, pictures_, windows_, firmware);
+  program_.Status(status);
 }
 
 void Shell::CmdPref() {
@@ -254,7 +258,7 @@ void Shell::Timer2mmTick() {
   const LinkRequest request = std::exchange(program_.Link, {});
   if (request.Pending == LinkRequest::kDownload) {
     const Flow flow(*this);
-    RefuseFirmware(request.File);
+    Service(request.File);
   }
   if (request.Pending == LinkRequest::kLoad) {
     startFile_ = request.File;
@@ -266,14 +270,6 @@ void Shell::Timer2mmTick() {
   }
   const Point mouse = program_.Operator.Mouse();
   generator_.Pool.SampleMouse(mouse.X, mouse.Y);
-}
-
-void Shell::RefuseFirmware(const std::string& path) {
-  program_.ShowMessage(
-      "      Firmware download is not available in this version.      \r\n"
-      "      Firmware file: " +
-          path + "      ",
-      kOkExclamation, "Download New Firmware");
 }
 
 void Shell::Activated() {

@@ -114,7 +114,8 @@ class Shell {
   void Timer2mmTick();
   void Keep();
   void WriteExit();
-  void RefuseFirmware(const std::string& path);
+  /// The service, with a `firmware` file for its download alone; `status` behind it.
+  void Service(const std::string& firmware, const std::string& status = "Ready");
 
   Program& program_;
   FlowWindows& windows_;

@@ -6,6 +6,7 @@
 #include "machine/hand_list.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
+#include "wire/flash_commands.h"
 
 namespace morvane::machine {
 namespace {
@@ -59,6 +60,35 @@ TEST_F(Exchange, TwoLostRepliesAreALostLink) {
   EXPECT_FALSE(machine.Exchange(StatusCommand{}));
   EXPECT_THAT(bridge.Sent, SizeIs(2));
   EXPECT_TRUE(machine.Lost());
+}
+
+TEST_F(Exchange, EachBadTryIsHeardOfWithWhatWasReceived) {
+  Bytes spoilt = test::OnTheWire(Short({0x19, 0}), 21);
+  spoilt[3] ^= 1U;
+  std::deque<Bytes> answers{spoilt, {}, test::OnTheWire(Short({0x1A, 0}), 21)};
+  bridge.Answer = [&](const Bytes&) {
+    const Bytes answer = answers.front();
+    answers.pop_front();
+    return answer;
+  };
+  std::vector<int> heard;
+  const auto note = [&](MachineLink::Receive received) { heard.push_back(received); };
+  EXPECT_FALSE(machine.Exchange(
+      StatusCommand{}, [] {}, note));
+  EXPECT_THAT(heard, ElementsAre(MachineLink::kBadCheck, MachineLink::kTooShort));
+  heard.clear();
+  EXPECT_TRUE(machine.Exchange(
+      wire::VersionCommand{}, [] {}, note));
+  EXPECT_THAT(heard, IsEmpty());
+}
+
+TEST_F(Exchange, ACommandCanAskForARandomPayload) {
+  bridge.Replies = {Short({0x2D, 0})};
+  EXPECT_TRUE(machine.Exchange(wire::WriteRecordCommand{}));
+  const Bytes& sent = bridge.Sent.at(0);
+  EXPECT_EQ(Bytes(sent.begin() + 8, sent.begin() + 16), Bytes(8, 0)) << "the record";
+  EXPECT_NE(Bytes(sent.begin() + 16, sent.begin() + 76), Bytes(sent.begin() + 76, sent.end()));
+  EXPECT_NE(Bytes(sent.begin() + 16, sent.begin() + 76), Bytes(60, sent[16]));
 }
 
 TEST_F(Exchange, EachBeginsWithoutErrors) {

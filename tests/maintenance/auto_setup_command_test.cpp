@@ -182,10 +182,10 @@ TEST_F(Command, NothingPollsMeanwhile) {
   };
   Press({kOk, kNo});
   EXPECT_EQ(SubCodes(0x17).size(), 1U) << "the lights alone";
-  EXPECT_THAT(downloads, IsEmpty()) << "a firmware from outside waits";
+  EXPECT_THAT(LinesWith("Firmware file"), IsEmpty()) << "a firmware from outside waits";
   view.OnSearch = nullptr;
   desk.Loop.WaitMs(3 * Maintenance::kPollMs);
-  EXPECT_THAT(downloads, ElementsAre("new.adc"));
+  EXPECT_THAT(LinesWith("Firmware file open"), ElementsAre("   Firmware file open: new.adc"));
 }
 
 TEST_F(Command, AProgramThatQuitsLeavesTheOldLimits) {

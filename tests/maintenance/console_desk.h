@@ -18,6 +18,9 @@ class NotedView final : public MaintenanceView {
   int Pictures = 0;
   int Magnified = 0;
   AutoSetup* Setup = nullptr;  ///< the last that was opened
+  int Downloads = 0;
+  FirmwareDownload* Firmware = nullptr;  ///< while its window is open
+  std::function<void()> OnDownload;      ///< while it is shown
   std::string SymY;
   std::string SuitY;
   std::function<void()> OnShow;    ///< while all, or the picture, is shown
@@ -49,6 +52,21 @@ class NotedView final : public MaintenanceView {
     Setup = &setup;
     return std::make_unique<NotedSearch>(*this);
   }
+  std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) override {
+    struct NotedDownload final : FirmwareView {
+      NotedView& View;
+      explicit NotedDownload(NotedView& view) : View(view) {}
+      NotedDownload(const NotedDownload&) = delete;
+      NotedDownload& operator=(const NotedDownload&) = delete;
+      ~NotedDownload() override { View.Firmware = nullptr; }
+      void ShowDownload() override {
+        if (View.OnDownload) View.OnDownload();
+      }
+    };
+    ++Downloads;
+    Firmware = &download;
+    return std::make_unique<NotedDownload>(*this);
+  }
   void Close() override { ++Closes; }
 };
 
@@ -57,19 +75,18 @@ class ConsoleDesk : public ServiceDesk {
  protected:
   NotedView view;
   std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
-  std::vector<std::string> downloads;
   std::optional<Maintenance> console;
 
   void SetUp() override {
     RuntimeError error;
     ASSERT_TRUE(desk.Prog.Log.Start(desk.Folder.Path(), error));
   }
-  /// Opens the window at a machine with these options ("firmware=2.7F").
-  void Open(const std::string& options = "") {
+  /// Opens the window at a machine with these options ("firmware=2.7F"), for the download of
+  /// `firmware` alone where it is a file.
+  void Open(const std::string& options = "", const std::string& firmware = "") {
     Connect(options);
-    console.emplace(desk.Prog, machine, *pictures,
-                    [this](const std::string& path) { downloads.push_back(path); });
-    console->Open(view);
+    console.emplace(desk.Prog, machine, *pictures);
+    console->Open(view, firmware);
   }
   /// Up to the end of the window start; nothing is polled yet.
   void Start(const std::string& options = "") {

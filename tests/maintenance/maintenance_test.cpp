@@ -241,31 +241,6 @@ TEST_F(TheConsole, FirmwareWithoutStatusFramesHasNoBasicInfo) {
   EXPECT_THAT(LinesWith("Basic info"), IsEmpty());
 }
 
-TEST_F(TheConsole, AFirmwareFileFromOutsideIsTakenUpInThePlaceOfAPoll) {
-  Start();
-  bridge.Sent.clear();
-  desk.Prog.Link = {LinkRequest::kDownload, "new.adc"};
-  desk.Loop.WaitMs(Maintenance::kPollMs);
-  EXPECT_THAT(downloads, ElementsAre("new.adc"));
-  EXPECT_EQ(desk.Prog.Link.Pending, LinkRequest::kNone);
-  EXPECT_THAT(bridge.Sent, IsEmpty());
-  Poll();
-  EXPECT_EQ(bridge.Sent.size(), 6U) << "and the polling goes on";
-}
-
-TEST_F(TheConsole, AFirmwareFileThatComesBehindABoxWaitsUntilTheBoxIsAnswered) {
-  Start();
-  desk.Ui.Answers = {kNo};
-  desk.Ui.OnBox = [this] {
-    desk.Prog.Link = {LinkRequest::kDownload, "new.adc"};
-    desk.Loop.WaitMs(3 * Maintenance::kPollMs);
-    EXPECT_THAT(downloads, IsEmpty());
-  };
-  console->save_param();
-  desk.Loop.WaitMs(Maintenance::kPollMs);
-  EXPECT_THAT(downloads, ElementsAre("new.adc"));
-}
-
 TEST_F(TheConsole, WhileABoxIsOpenNothingIsPolledAndNoReadingIsCalledNew) {
   Start();
   bridge.Sent.clear();

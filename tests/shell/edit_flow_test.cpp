@@ -74,23 +74,6 @@ TEST(MenuEdit, ShufflesTheGeneratorsDeckWithThePoolsStates) {
   EXPECT_EQ(deals.Pool.StartParamDays, y);
 }
 
-TEST(MenuEdit, AFirmwareRequestIsAnsweredWhileItIsOpen) {
-  ShellDesk desk;
-  desk.Start();
-  desk.Ui.Answers = {kYes, kOk};
-  desk.Desktop.OnEdit = [&](Editor&) {
-    desk.Main.LinkExecute("2/tmp/new.adc");
-    desk.Loop.WaitMs(Editor::kTimer1Ms);
-  };
-  desk.Main.MenuEdit();
-  ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
-  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Download New Firmware");
-  EXPECT_EQ(desk.Ui.Boxes[1],
-            (FakeUi::Box{"      Firmware download is not available in this version.      \r\n"
-                         "      Firmware file: /tmp/new.adc      ",
-                         48, "Download New Firmware"}));
-}
-
 TEST(MenuEdit, AFileToLoadWaitsUntilItIsClosed) {
   ShellDesk desk;
   desk.Start();

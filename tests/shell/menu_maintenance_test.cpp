@@ -64,22 +64,5 @@ TEST(MenuMaintenance, EndsWithTheProgram) {
   EXPECT_THAT(desk.Bridge.Sent, IsEmpty());
 }
 
-TEST(MenuMaintenance, AFirmwareFileFromOutsideIsRefusedInTheWindow) {
-  ShellDesk desk;
-  desk.Start();
-  desk.Paper.Damage = [](int, const test::Bytes& plain, test::Bytes wire) {
-    if (!wire.empty()) return wire;
-    return test::OnTheWire(
-        plain[0] == 0x32 ? test::Long({0xB2}) : test::Short({plain[0], plain[1]}), 21);
-  };
-  desk.Desktop.OnMaintenance = [&](Maintenance& console) {
-    desk.Loop.After(Maintenance::kFirstContactMs + 10, [&] { desk.Main.LinkExecute("2new.adc"); });
-    desk.Loop.After(Maintenance::kFirstContactMs + 200, [&] { console.Exit(); });
-  };
-  desk.Main.MenuMaintenance();
-  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
-  EXPECT_EQ(desk.Ui.Boxes[0].Title, "Download New Firmware");
-}
-
 }  // namespace
 }  // namespace morvane::shell

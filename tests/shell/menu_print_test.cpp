@@ -63,22 +63,6 @@ TEST(MenuPrint, AProgramWithoutTheWindowSaysSo) {
   EXPECT_EQ(desk.Ui.Statuses.back(), "Ready");
 }
 
-TEST(MenuPrint, AFirmwareRequestIsAnsweredWhileItIsOpen) {
-  ShellDesk desk;
-  desk.Start();
-  test::FillSet(desk.Prog.Set, 1, 1);
-  desk.Ui.Answers = {kYes};
-  desk.Desktop.OnHandRecord = [&](HandRecord&) {
-    desk.Programs.Call("2new.hex");
-    desk.Loop.WaitMs(2 * HandRecord::kTimer1Ms);
-    ASSERT_EQ(desk.Ui.Boxes.size(), 2U);
-    EXPECT_EQ(desk.Ui.Boxes[0].Text, Fill(desk.Prog.Texts.Msg091, "***", "new.hex"));
-    EXPECT_EQ(desk.Ui.Boxes[1].Title, "Download New Firmware");
-  };
-  desk.Main.MenuPrint();
-  EXPECT_EQ(desk.Prog.Link.Pending, LinkRequest::kNone);
-}
-
 TEST(MenuPrint, AFileToLoadWaitsUntilItIsClosed) {
   ShellDesk desk;
   desk.Start();

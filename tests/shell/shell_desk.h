@@ -105,6 +105,10 @@ class FakeWindows final : public FlowWindows {
           maintenance::AutoSetup& /*setup*/) override {
         return std::make_unique<maintenance::AutoSetupView>();
       }
+      std::unique_ptr<maintenance::FirmwareView> OpenFirmware(
+          maintenance::FirmwareDownload& /*download*/) override {
+        return std::make_unique<maintenance::FirmwareView>();
+      }
       void Close() override {}
     };
     if (OnMaintenance) OnMaintenance(console);

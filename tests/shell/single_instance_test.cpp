@@ -122,20 +122,6 @@ TEST(Link, ABoardFileIsLoadedAtTheNextTickAndTheWindowIsInFrontAtOnce) {
   EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
 }
 
-TEST(Link, AFirmwareFileIsRefusedWhenNoFlowIsOpen) {
-  ShellDesk desk;
-  desk.Start();
-  desk.Programs.Call("2/f/New.adc");
-  EXPECT_EQ(desk.Desktop.ToFront, 1);
-  desk.Ui.OnBox = [&] { EXPECT_TRUE(desk.Main.FlowActive()); };
-  desk.Loop.WaitMs(5 * Shell::kTimer2Ms);
-  EXPECT_THAT(
-      desk.Ui.Boxes,
-      ElementsAre(FakeUi::Box{"      Firmware download is not available in this version.      \r\n"
-                              "      Firmware file: /f/New.adc      ",
-                              48, "Download New Firmware"}));
-}
-
 TEST(Link, OfTwoQuickCommandsTheSecondIsDropped) {
   ShellDesk desk;
   desk.Start();

@@ -171,22 +171,6 @@ TEST(StartUp, WithoutQuotesTheTextIsNoFileName) {
   EXPECT_EQ(desk.LogLines().size(), 4U);
 }
 
-TEST(StartUp, AFirmwareFileIsRefusedAndNotTakenForABoardFile) {
-  ShellDesk desk;
-  desk.Main.StartUp("\"/disk/New.Adc\"");
-  EXPECT_THAT(
-      desk.Ui.Boxes,
-      ElementsAre(FakeUi::Box{"      Firmware download is not available in this version.      \r\n"
-                              "      Firmware file: /disk/New.Adc      ",
-                              48, "Download New Firmware"}));
-  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Loading...", "Ready"));
-  EXPECT_EQ(desk.LastLine(),
-            "    Download New Firmware: Firmware download is not available in this version. : "
-            "Firmware file: /disk/New.Adc");
-  desk.MoveMouse();
-  EXPECT_EQ(desk.Bits(), 24);
-}
-
 TEST(StartUp, WithoutADataFolderHistoryAndLogTellItAndTheProgramGoesOn) {
   ShellDesk desk;
   std::filesystem::remove(desk.Prog.Paths.Data);

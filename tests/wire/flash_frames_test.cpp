@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "wire/flash_commands.h"
+#include "wire/replies.h"
 
 namespace morvane::wire {
 namespace {

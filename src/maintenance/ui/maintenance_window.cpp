@@ -153,6 +153,10 @@ std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& setup
       program_.Time, setup, [this] { ShowPicture(); }, this);
 }
 
+std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& /*download*/) {
+  return std::make_unique<FirmwareView>();
+}
+
 void MaintenanceWindow::ShowContact() {
   const Identity& machine = maintenance_.TheIdentity();
   QString text = "Asking the machine ...";

@@ -41,6 +41,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void ShowPicture() override;
   void Magnify() override;
   std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override;
+  std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) override;
   void Close() override;
 
   /// Escape does what the close box does.

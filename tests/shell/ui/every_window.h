@@ -293,7 +293,7 @@ class EveryWindow : public MainMenuTest {
     ASSERT_TRUE(
         machine::OpenLink(desk.Prog, machine_.Link, maintenance::Maintenance::kLinkTimeoutMs));
     const auto pictures = std::make_unique<maintenance::PictureStore>();
-    maintenance::Maintenance console(desk.Prog, machine_, *pictures, [](const std::string&) {});
+    maintenance::Maintenance console(desk.Prog, machine_, *pictures);
     maintenance::MaintenanceWindow window(desk.Prog, console, menu.get());
     console.Open(window);
     window.activateWindow();
