@@ -14,6 +14,7 @@
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 #endif
 
@@ -71,6 +72,17 @@ bool TakeAlone([[maybe_unused]] const QSerialPort& port) {
   UnbarPseudoTerminal(port.handle());
 #endif
   return true;
+}
+
+/// A pseudo-terminal has no control line. The speed 0, by which a system drops it, can be seen at
+/// the other end.
+void SetPseudoLine([[maybe_unused]] const QSerialPort& port, [[maybe_unused]] bool up) {
+#ifndef _WIN32
+  termios settings{};
+  if (tcgetattr(port.handle(), &settings) != 0) return;
+  cfsetspeed(&settings, up ? B115200 : B0);
+  tcsetattr(port.handle(), TCSANOW, &settings);
+#endif
 }
 
 }  // namespace
@@ -222,8 +234,8 @@ UsbXpress::Status SerialBridge::Read(Handle handle, std::span<std::uint8_t> byte
 UsbXpress::Status SerialBridge::WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) {
   if (!Usable(handle)) return kInvalidHandle;
   constexpr std::uint8_t kLine0 = 1;
-  // A pseudo-terminal has no such line; nobody there looks at it.
-  if ((mask & kLine0) != 0) port_.setDataTerminalReady((value & kLine0) != 0);
+  const bool on = (value & kLine0) != 0;
+  if ((mask & kLine0) != 0 && !port_.setDataTerminalReady(on)) SetPseudoLine(port_, on);
   return kSuccess;
 }
 

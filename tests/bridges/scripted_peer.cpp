@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -46,6 +47,12 @@ Bytes ScriptedPeer::TakeUpTo(std::size_t count, int ms) const {
     taken.push_back(byte);
   }
   return taken;
+}
+
+unsigned ScriptedPeer::Speed() const {
+  termios settings{};
+  EXPECT_EQ(tcgetattr(file_, &settings), 0);
+  return cfgetospeed(&settings);
 }
 
 void ScriptedPeer::Leave() {

@@ -27,6 +27,8 @@ class ScriptedPeer {
   [[nodiscard]] Bytes Take(std::size_t count) const;
   /// What lies there now and within `ms` of the last byte.
   [[nodiscard]] Bytes TakeAll(int ms) const;
+  /// Of the device, one of the system's constants.
+  [[nodiscard]] unsigned Speed() const;
   /// Pulls the plug.
   void Leave();
 

@@ -1,5 +1,7 @@
 #include "bridges/serial_bridge.h"
 
+#include <termios.h>
+
 #include <QCoreApplication>
 #include <QTimer>
 #include <filesystem>
@@ -213,6 +215,17 @@ TEST_F(SerialBridgeTest, TheLatchNeedsNoLine) {
   EXPECT_EQ(bridge_.WriteLatch(handle_, 0, 1), UsbXpress::kSuccess);
   peer_.Send({1});
   EXPECT_EQ(Read(1), Bytes{1});  // the refusal did no harm
+}
+
+TEST_F(SerialBridgeTest, WithoutALineTheLatchIsTheSpeedOfTheDevice) {
+  Open(5);
+  EXPECT_EQ(peer_.Speed(), unsigned{B115200});
+  EXPECT_EQ(bridge_.WriteLatch(handle_, 1, 0), UsbXpress::kSuccess);
+  EXPECT_EQ(peer_.Speed(), unsigned{B0});
+  EXPECT_EQ(bridge_.WriteLatch(handle_, 2, 2), UsbXpress::kSuccess);
+  EXPECT_EQ(peer_.Speed(), unsigned{B0}) << "another line";
+  EXPECT_EQ(bridge_.WriteLatch(handle_, 1, 1), UsbXpress::kSuccess);
+  EXPECT_EQ(peer_.Speed(), unsigned{B115200});
 }
 
 TEST_F(SerialBridgeTest, TheLinkMayBeOpenedAgain) {

@@ -16,6 +16,9 @@ using std::chrono::microseconds;
 
 /// So long it may take until a program that comes back to the foreground reads what is typed.
 constexpr microseconds kLongestWait{500'000};
+/// So long until it is seen that the control line drops, of which the system tells nobody. Programs
+/// leave it down for half a second.
+constexpr microseconds kLineCheck{50'000};
 
 timespec TimeSpec(microseconds time) {
   constexpr microseconds::rep kSecond = 1'000'000;
@@ -38,11 +41,16 @@ void LineServer::Wait(const Listening& listening) {
                                {listening.EndWish, POLLIN, 0},
                                {MayRead(listening.Words) ? listening.Words : -1, POLLIN, 0}}};
   const microseconds now = clock_.Elapsed();
+  const microseconds longest = machine_.LatchOn() ? kLineCheck : kLongestWait;
   const auto wait =
-      std::clamp(line_.NextAt().value_or(now + kLongestWait) - now, microseconds(0), kLongestWait);
+      std::clamp(line_.NextAt().value_or(now + longest) - now, microseconds(0), longest);
   const timespec time = TimeSpec(wait);
   ppoll(files.data(), files.size(), &time, nullptr);
-  if (files[kClosings].revents != 0 && terminal_.TakeClosing()) line_.Clear();
+  if (files[kClosings].revents != 0 && terminal_.TakeClosing()) {
+    line_.Clear();
+    SetLatch(false);
+  }
+  SetLatch(terminal_.LineIsUp());
   Carry();
   if (files[kWords].revents != 0) TakeWords(listening.Words);
   if (files[kEnd].revents != 0) over_ = true;
@@ -53,6 +61,10 @@ bool LineServer::MayRead(int words) const {
   if (wordsOver_) return false;
   const pid_t inFront = tcgetpgrp(words);
   return inFront < 0 || inFront == getpgrp();  // below 0: no terminal of ours
+}
+
+void LineServer::SetLatch(bool on) {
+  if (on != machine_.LatchOn()) machine_.TakeLatch(on);
 }
 
 void LineServer::Carry() {

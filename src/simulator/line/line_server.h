@@ -34,6 +34,7 @@ class LineServer {
  private:
   void Wait(const Listening& listening);
   [[nodiscard]] bool MayRead(int words) const;
+  void SetLatch(bool on);
   void Carry();
   void TakeWords(int words);
   void TellTrouble();

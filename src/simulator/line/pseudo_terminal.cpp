@@ -14,11 +14,12 @@
 namespace morvane::simulator {
 namespace {
 
-/// Bytes pass as they are: no echo, no lines, no signals.
-bool MakeRaw(int terminal) {
+/// Nobody is there, and bytes pass as they are: no echo, no lines, no signals.
+bool Reset(int terminal) {
   termios settings{};
   if (tcgetattr(terminal, &settings) != 0) return false;
   cfmakeraw(&settings);
+  cfsetspeed(&settings, B0);
   return tcsetattr(terminal, TCSANOW, &settings) == 0;
 }
 
@@ -43,7 +44,7 @@ bool PseudoTerminal::OpenEnds() {
   if (ptsname_r(ours_, name.data(), name.size()) != 0) return false;
   path_ = name.data();
   kept_ = open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-  if (kept_ < 0 || !MakeRaw(kept_)) return false;
+  if (kept_ < 0 || !Reset(kept_)) return false;
   closings_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
   return closings_ >= 0 && inotify_add_watch(closings_, path_.c_str(), IN_CLOSE) >= 0;
 }
@@ -71,6 +72,11 @@ bool PseudoTerminal::IsOurLink() const {
   return !link_.empty() && std::filesystem::read_symlink(link_, failure) == path_;
 }
 
+bool PseudoTerminal::LineIsUp() const {
+  termios settings{};
+  return tcgetattr(kept_, &settings) == 0 && cfgetospeed(&settings) != B0;
+}
+
 std::size_t PseudoTerminal::Read(std::span<std::uint8_t> bytes) const {
   const ssize_t got = read(ours_, bytes.data(), bytes.size());
   return got > 0 ? static_cast<std::size_t>(got) : 0;
@@ -93,7 +99,7 @@ bool PseudoTerminal::TakeClosing() const {
   // Who was killed has left its claim to have the device for itself, which would keep others out.
   ioctl(kept_, TIOCNXCL);
   tcflush(kept_, TCIFLUSH);
-  MakeRaw(kept_);
+  Reset(kept_);
   return true;
 }
 

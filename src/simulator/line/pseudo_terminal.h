@@ -32,6 +32,10 @@ class PseudoTerminal {
   /// Can be read from when a program has closed the device.
   [[nodiscard]] int Closings() const { return closings_; }
 
+  /// The control line that says that a program is there. A pseudo-terminal has none; the line is
+  /// down where the device has the speed 0, which is what hangs up a real one.
+  [[nodiscard]] bool LineIsUp() const;
+
   /// What has come, `bytes` at most; how many. It does not wait.
   [[nodiscard]] std::size_t Read(std::span<std::uint8_t> bytes) const;
   /// What the other end, which does not read, has no room for is lost.

@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -118,6 +119,36 @@ TEST(PseudoTerminalTest, WhoWasRefusedDoesNotDisturbWhoHasIt) {
   EXPECT_TRUE(terminal.TakeClosing());
   const Client next(terminal.Path());
   EXPECT_EQ(flock(next.File(), LOCK_EX | LOCK_NB), 0) << "the lock is only looked at";
+}
+
+void SetSpeed(const Client& client, speed_t speed) {
+  termios settings{};
+  ASSERT_EQ(tcgetattr(client.File(), &settings), 0);
+  cfsetspeed(&settings, speed);
+  ASSERT_EQ(tcsetattr(client.File(), TCSANOW, &settings), 0);
+}
+
+TEST(PseudoTerminalTest, TheControlLineIsUpWhereTheDeviceHasASpeed) {
+  PseudoTerminal terminal;
+  ASSERT_FALSE(terminal.Open());
+  EXPECT_FALSE(terminal.LineIsUp()) << "nobody is there";
+  const Client client(terminal.Path());
+  SetSpeed(client, B115200);
+  EXPECT_TRUE(terminal.LineIsUp());
+  SetSpeed(client, B0);
+  EXPECT_FALSE(terminal.LineIsUp());
+  terminal.Write(EveryByte());
+  EXPECT_EQ(ReadFrom(client.File(), 256), EveryByte()) << "bytes pass all the same";
+}
+
+TEST(PseudoTerminalTest, TheControlLineDropsWithTheProgramThatHeldIt) {
+  PseudoTerminal terminal;
+  ASSERT_FALSE(terminal.Open());
+  Client client(terminal.Path());
+  SetSpeed(client, B115200);
+  client.Leave();
+  EXPECT_TRUE(terminal.TakeClosing());
+  EXPECT_FALSE(terminal.LineIsUp());
 }
 
 TEST(PseudoTerminalTest, TheDeviceGoesWithIt) {
