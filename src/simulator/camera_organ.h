@@ -11,6 +11,7 @@ namespace morvane::simulator {
 /// Takes pictures, recognises the card in them, and tells line by line what there is to see.
 class CameraOrgan {
  public:
+  /// `options` as in `IdentityOrgan`.
   explicit CameraOrgan(const Options& options);
 
   /// As `RunOrgan::Answer`; `lit`: the camera has light and power.
@@ -36,7 +37,7 @@ class CameraOrgan {
   void Recognise(const RecoTask& task, wire::Frame& reply);
   void Misread(wire::VerdictReply& verdict) const;
 
-  Options options_;
+  const Options& options_;
   Camera camera_;
   Recogniser recogniser_;
   Picture grey_;

@@ -26,8 +26,9 @@ std::uint64_t SeedOf(const Options& options) {
 
 }  // namespace
 
-CardWay::CardWay(const Options& options)
-    : cardTime_(CardTimeAt(options.Speed)),
+CardWay::CardWay(const Options& options, Counters& counters)
+    : counters_(counters),
+      cardTime_(CardTimeAt(options.Speed)),
       feeder_(SeedOf(options)),
       faults_(options.Faults),
       packsToSort_(options.Packs),
@@ -226,14 +227,16 @@ std::size_t CardWay::PocketOfFront() const {
 }
 
 void CardWay::Finish() {
-  if (kind_ == RunKind::Deal) ++boardsDealt_;
+  if (kind_ == RunKind::Deal) ++counters_.BoardsDealt;
   if (kind_ == RunKind::Read) boards_.Finished();
   ++runsFinished_;
   SetState(StatusReply::kIdle);
 }
 
 void CardWay::SetState(std::uint8_t state) {
-  if (state != StatusReply::kIdle && state < stops_.size()) ++stops_[state];
+  if (state != StatusReply::kIdle && state < counters_.Stops.size()) {
+    ++counters_.Stops[state];
+  };
   state_ = state;
   ++changes_;
 }

@@ -9,6 +9,7 @@
 #include "simulator/board_pile.h"
 #include "simulator/carrier.h"
 #include "simulator/deck.h"
+#include "simulator/machine_memory.h"
 #include "simulator/options.h"
 #include "wire/replies.h"
 
@@ -42,7 +43,8 @@ class CardWay {
   using Time = std::chrono::microseconds;
   static constexpr Time kCardTime{280'000};  ///< at speed 1
 
-  explicit CardWay(const Options& options);
+  /// `counters` outlive it.
+  CardWay(const Options& options, Counters& counters);
 
   /// Empties the pockets, loads the feeder and begins. The same order again while it is carried out
   /// is a repetition and changes nothing. `pockets` means nothing to a sort.
@@ -107,12 +109,6 @@ class CardWay {
   [[nodiscard]] std::size_t CardsOfRun() const {
     return kind_ == RunKind::Stack ? route_.Count : feeder_.Loaded();
   }
-  [[nodiscard]] std::uint32_t BoardsDealt() const { return boardsDealt_; }
-  void SetBoardsDealt(std::uint32_t boards) { boardsDealt_ = boards; }
-  /// How often a run has stopped with `code`, 0 for what is none, since the machine was made.
-  [[nodiscard]] std::uint32_t Stops(std::size_t code) const {
-    return code < stops_.size() ? stops_[code] : 0;
-  }
   /// The last run that did not come to its end.
   [[nodiscard]] const RunStop& LastStop() const { return lastStop_; }
   /// Goes up with every change of what can be seen.
@@ -132,6 +128,7 @@ class CardWay {
   [[nodiscard]] std::size_t PocketOfFront() const;
   [[nodiscard]] bool Done() const;
 
+  Counters& counters_;
   Time cardTime_;
   Feeder feeder_;
   std::vector<CardFault> faults_;
@@ -148,8 +145,6 @@ class CardWay {
   std::uint8_t state_ = wire::StatusReply::kIdle;
   std::uint8_t nextFault_ = 0;
   Time nextCardAt_{0};
-  std::uint32_t boardsDealt_ = 0;
-  std::array<std::uint32_t, wire::StatusReply::kLastError + 1> stops_{};
   RunStop lastStop_;
   int runsFinished_ = 0;  ///< dealt, read or sorted since the power came on first
   std::uint64_t changes_ = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "simulator/agrees.h"
+#include "wire/flash_commands.h"
 #include "wire/machine_errors.h"
 #include "wire/picture_commands.h"
 #include "wire/service_commands.h"
@@ -21,6 +22,8 @@ bool NeedsFirmware(std::uint8_t code) {
     case CmdLogicVersion:
     case CmdOutputs:
     case CmdSensor:
+    case CmdStartDownload:
+    case CmdFlashBlock:
       return false;
     default:
       return true;
@@ -30,19 +33,23 @@ bool NeedsFirmware(std::uint8_t code) {
 }  // namespace
 
 Firmware::Firmware(const Options& options)
-    : run_(options),
-      slot_(options),
-      identity_(options),
-      sensors_(options, Run().CardTime()),
-      parameters_(options),
-      camera_(options),
-      hasFirmware_(options.HasFirmware()),
-      answersWrites_(options.AnswersWrites) {}
+    : kind_(options),
+      store_(options.Store),
+      memory_(store_.Load()),
+      run_(kind_, memory_.Counted),
+      slot_(kind_),
+      identity_(kind_),
+      sensors_(kind_, Run().CardTime()),
+      parameters_(kind_, memory_.Parameters),
+      camera_(kind_),
+      flash_(kind_, memory_) {}
 
 std::size_t Firmware::Answer(const Frame& command, Time now, Frame& reply) {
   Run().Advance(now);
   reply = {};
-  return Dispatch(command, now, reply) ? FrameSize(CodeOf(reply)) : 0;
+  const bool answered = Dispatch(command, now, reply);
+  store_.Keep(memory_);
+  return answered ? FrameSize(CodeOf(reply)) : 0;
 }
 
 std::size_t Firmware::Unasked(Time now, Frame& frame) {
@@ -55,7 +62,7 @@ std::size_t Firmware::Unasked(Time now, Frame& frame) {
 
 bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
   const std::uint8_t code = CodeOf(command);
-  if (!hasFirmware_ && NeedsFirmware(code)) return false;
+  if (!kind_.HasFirmware() && NeedsFirmware(code)) return false;
   switch (code) {
     case CmdDeal:
     case CmdRead:
@@ -64,6 +71,7 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdFetchLog:
     case CmdFetchBoard:
     case CmdCounter:
+    case CmdEraseErrors:
       return run_.Answer(command, now, reply);
     case CmdOutputs:
       return AnswerOutputs(command, now, reply);
@@ -84,7 +92,12 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdTestWrite:
     case CmdSetCounter:
       std::copy_n(command.begin(), kShortFrame, reply.begin());
-      return Write(command) && answersWrites_;
+      return Write(command) && kind_.AnswersWrites;
+    case CmdStartDownload:
+    case CmdFlashBlock:
+    case CmdEraseRecord:
+    case CmdWriteRecord:
+      return AnswerFlash(command, reply);
     case CmdVersion:
       run_.GiveUp();  // whoever asks for it has given up what stopped the machine
       return identity_.Answer(command, reply);
@@ -104,7 +117,7 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
 bool Firmware::AnswerOutputs(const Frame& command, Time now, Frame& reply) {
   const auto outputs = Get<OutputsCommand>(command);
   if (!Agrees(outputs, command)) return false;
-  if (outputs.Feed && hasFirmware_ && !sensors_.Feed().UnderWay(now)) {
+  if (outputs.Feed && kind_.HasFirmware() && !sensors_.Feed().UnderWay(now)) {
     if (const auto card = Run().FeedOne()) {
       sensors_.Feed().SetOut(*card, now);
       Eye().Show(*card);
@@ -112,6 +125,13 @@ bool Firmware::AnswerOutputs(const Frame& command, Time now, Frame& reply) {
   }
   sensors_.Answer(outputs, Slot().Occupied(), now, reply);
   return true;
+}
+
+// Nothing moves any more once its program is being replaced.
+bool Firmware::AnswerFlash(const Frame& command, Frame& reply) {
+  const bool answered = flash_.Answer(command, reply);
+  if (flash_.Loading()) run_.Forget();
+  return answered;
 }
 
 bool Firmware::AnswerCamera(const Frame& command, Frame& reply) {
@@ -192,10 +212,21 @@ void Firmware::InsertBoard(std::uint8_t label) {
 void Firmware::RemoveBoard() {
   if (Slot().Occupied()) Run().Stop(kBoardNotFitted);
   slot_.Slot().Remove();
+  store_.Keep(memory_);
   ++changes_;
 }
 
+std::string Firmware::StateText() const {
+  if (flash_.Loading()) return "being loaded";
+  return kind_.HasFirmware() ? run_.StateText() : "without firmware";
+}
+
+void Firmware::LatchDropped() {
+  if (flash_.Loading()) Restart();
+}
+
 void Firmware::Restart() {
+  flash_.Boot();
   run_.Forget();
   slot_.Slot().Forget();
   sensors_.Forget();
@@ -203,6 +234,7 @@ void Firmware::Restart() {
   camera_.Forget();
   testNumbers_ = {};
   pedal_ = {};
+  store_.Keep(memory_);
   ++changes_;
 }
 

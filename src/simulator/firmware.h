@@ -6,7 +6,9 @@
 #include <string>
 
 #include "simulator/camera_organ.h"
+#include "simulator/flash_organ.h"
 #include "simulator/identity_organ.h"
+#include "simulator/machine_store.h"
 #include "simulator/parameter_organ.h"
 #include "simulator/run_organ.h"
 #include "simulator/sensor_organ.h"
@@ -22,6 +24,8 @@ class Firmware {
   using Time = std::chrono::microseconds;
 
   explicit Firmware(const Options& options);
+  Firmware(const Firmware&) = delete;
+  Firmware& operator=(const Firmware&) = delete;
 
   /// Obeys the plain `command` at time `now`. The size of the plain `reply`, 0 when there is none:
   /// an unknown command is not answered.
@@ -34,8 +38,11 @@ class Firmware {
   void InsertBoard(std::uint8_t label);
   /// Out of a run in progress, this stops it.
   void RemoveBoard();
-  /// What a power cycle leaves: boards, cards and counters stay, everything else is forgotten.
+  /// What a power cycle leaves: boards, cards and the memory stay, everything else is forgotten. A
+  /// firmware that was loaded runs from here on.
   void Restart();
+  /// Nobody drives the machine any more: behind a download it starts again.
+  void LatchDropped();
 
   [[nodiscard]] CardWay& Run() { return run_.Run(); }
   [[nodiscard]] const CardWay& Run() const { return run_.Run(); }
@@ -44,9 +51,10 @@ class Firmware {
   [[nodiscard]] const Sensors& Seen() const { return sensors_.Seen(); }
   [[nodiscard]] Camera& Eye() { return camera_.Eye(); }
   [[nodiscard]] const Camera& Eye() const { return camera_.Eye(); }
-  [[nodiscard]] const StoredParameters& Parameters() const { return parameters_.Parameters(); }
-  [[nodiscard]] const std::string& Trouble() const { return parameters_.Trouble(); }
-  [[nodiscard]] std::string StateText() const { return run_.StateText(); }
+  [[nodiscard]] const MachineMemory& Memory() const { return memory_; }
+  /// As `MachineStore::Trouble`.
+  [[nodiscard]] const std::string& Trouble() const { return store_.Trouble(); }
+  [[nodiscard]] std::string StateText() const;
   [[nodiscard]] std::uint64_t Changes() const {
     return changes_ + Run().Changes() + Seen().Changes() + Eye().Changes();
   }
@@ -54,6 +62,7 @@ class Firmware {
  private:
   bool Dispatch(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
+  bool AnswerFlash(const wire::Frame& command, wire::Frame& reply);
   void TakeFlags(std::uint8_t flags);
   bool AnswerTest(wire::Frame& reply) const;
   bool AnswerOutputs(const wire::Frame& command, Time now, wire::Frame& reply);
@@ -62,14 +71,16 @@ class Firmware {
   [[nodiscard]] bool Write(const wire::Frame& command);
   bool WriteTest(const wire::Frame& command);
 
+  Options kind_;  ///< as it is now; the organs look at it
+  MachineStore store_;
+  MachineMemory memory_;
   RunOrgan run_;
   SlotOrgan slot_;
   IdentityOrgan identity_;
   SensorOrgan sensors_;
   ParameterOrgan parameters_;
   CameraOrgan camera_;
-  bool hasFirmware_;
-  bool answersWrites_;
+  FlashOrgan flash_;
   std::array<std::uint8_t, 2> testNumbers_{};
   Report pedal_;
   std::uint64_t changes_ = 0;

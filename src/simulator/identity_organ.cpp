@@ -10,8 +10,6 @@ using namespace wire;
 
 constexpr std::uint8_t kLogicVersion = 37;
 constexpr std::uint8_t kFlash = 4;
-constexpr std::uint16_t kMadeOnDayAndMonth = 14 << 8 | 6;
-constexpr std::uint16_t kMadeInYear = 2019;
 
 }  // namespace
 
@@ -43,13 +41,17 @@ bool IdentityOrgan::AnswerVersion(Frame& reply) const {
   return true;
 }
 
+std::uint16_t IdentityOrgan::DayAndMonth() const {
+  return static_cast<std::uint16_t>(options_.Day << 8U | options_.Month);
+}
+
 bool IdentityOrgan::AnswerPage(const Frame& command, Frame& reply) const {
   switch (const std::uint8_t page = Get<IdentityCommand>(command).Page) {
     case 1:
       Put(IdentityReply{page, options_.Serial, options_.Hardware}, reply);
       return true;
     case 2:
-      Put(IdentityReply{page, kMadeOnDayAndMonth, kMadeInYear}, reply);
+      Put(IdentityReply{page, DayAndMonth(), options_.Year}, reply);
       return true;
     default:
       return false;

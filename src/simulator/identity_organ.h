@@ -8,6 +8,7 @@ namespace morvane::simulator {
 /// What kind of machine it is: versions, serial number, hardware, date of manufacture.
 class IdentityOrgan {
  public:
+  /// `options` outlive it, and may change.
   explicit IdentityOrgan(const Options& options) : options_(options) {}
 
   /// As `RunOrgan::Answer`.
@@ -16,9 +17,10 @@ class IdentityOrgan {
  private:
   bool AnswerVersion(wire::Frame& reply) const;
   bool AnswerPage(const wire::Frame& command, wire::Frame& reply) const;
+  [[nodiscard]] std::uint16_t DayAndMonth() const;
   bool AnswerBootArea(const wire::Frame& command, wire::Frame& reply) const;
 
-  Options options_;
+  const Options& options_;
 };
 
 }  // namespace morvane::simulator

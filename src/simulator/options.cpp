@@ -5,6 +5,8 @@
 #include <charconv>
 
 #include "simulator/card_rank.h"
+#include "simulator/flash.h"
+#include "simulator/version_text.h"
 
 namespace morvane::simulator {
 namespace {
@@ -12,7 +14,8 @@ namespace {
 constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
     "speed, firmware, boot, hardware, serial, noise, seed, fault, packs, carry, answers-writes, "
-    "index, letters, ideal, symbol, suit, card, misread, focus-marker, store, pack";
+    "index, letters, ideal, symbol, suit, card, misread, focus-marker, flash, erase, "
+    "store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -52,18 +55,6 @@ bool TakeSpeed(std::string_view value, Options& options) {
   const auto speed = NumberIn<double>(value, 0.0, kFastest);
   if (speed) options.Speed = *speed;
   return speed.has_value();
-}
-
-/// A version: the digits behind the point are those of a byte in hexadecimal, as it is shown.
-bool TakeVersion(std::string_view value, std::uint8_t& major, std::uint8_t& minor) {
-  const std::size_t point = value.find('.');
-  if (point == std::string_view::npos || value.size() - point != 3) return false;
-  const auto before = NumberIn<int>(value.substr(0, point), 0, 255);
-  const auto behind = DecimalOrHex("0x" + std::string(value.substr(point + 1)), 255);
-  if (!before || !behind) return false;
-  major = static_cast<std::uint8_t>(*before);
-  minor = static_cast<std::uint8_t>(*behind);
-  return true;
 }
 
 bool TakeFirmware(std::string_view value, Options& options) {
@@ -189,6 +180,30 @@ bool TakeFocusMarker(std::string_view value, Options& options) {
   return value == "0" || value == "1";
 }
 
+std::optional<int> FlashStepIn(std::string_view text) {
+  if (text == "start") return FlashFault::kStart;
+  if (text == "erase-record") return FlashFault::kEraseRecord;
+  if (text == "write-record") return FlashFault::kWriteRecord;
+  const auto block = DecimalOrHex(text, Flash::kBlocks - 1);
+  return block ? std::optional(static_cast<int>(*block)) : std::nullopt;
+}
+
+bool TakeFlash(std::string_view value, Options& options) {
+  const std::size_t colon = value.find(':');
+  if (colon == std::string_view::npos) return false;
+  const auto step = FlashStepIn(value.substr(0, colon));
+  const auto status = NumberIn<std::uint8_t>(value.substr(colon + 1), 0, 255);
+  if (!step || !status) return false;
+  options.FlashFaults.push_back({*step, *status});
+  return true;
+}
+
+bool TakeErase(std::string_view value, Options& options) {
+  const auto status = NumberIn<std::uint8_t>(value, 0, 255);
+  if (status) options.EraseStatus = *status;
+  return status.has_value();
+}
+
 bool TakeStore(std::string_view value, Options& options) {
   options.Store = value;
   return !value.empty();
@@ -205,7 +220,7 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 21> kKeyTable{{
+constexpr std::array<Key, 23> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"boot", TakeBoot, "a version with two digits behind the point; 0.00 is no firmware"},
@@ -225,6 +240,9 @@ constexpr std::array<Key, 21> kKeyTable{{
     {"card", TakeCard, kCardWords},
     {"misread", TakeMisread, kCardWords},
     {"focus-marker", TakeFocusMarker, "0 or 1"},
+    {"flash", TakeFlash,
+     "BLOCK:STATUS with block 0 to 1023, start, erase-record or write-record, and status 0 to 255"},
+    {"erase", TakeErase, "a status from 0 to 255"},
     {"store", TakeStore, "the path of a file, without commas"},
     {kPack, TakePack, "a board file; it stands last, for the rest of the text is its path"},
 }};
@@ -274,7 +292,7 @@ std::string OptionsUsage(std::size_t indent) {
          "serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE," + next +
          "packs=4,carry=right,answers-writes=0,index=standard," + next +
          "letters=0,ideal=X/Y,symbol=WxH,suit=WxH,card=ST," + next +
-         "misread=none,focus-marker=1,store=FILE,pack=FILE]";
+         "misread=none,focus-marker=1,flash=BLOCK:STATUS,erase=0," + next + "store=FILE,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

@@ -21,6 +21,17 @@ struct CardFault {
   bool operator==(const CardFault&) const = default;
 };
 
+/// The answer to one step of programming has `Status` in place of a good one: a block of the
+/// firmware by its number on the wire, or one of those below. It happens once.
+struct FlashFault {
+  static constexpr int kStart = -1;  ///< of a download
+  static constexpr int kEraseRecord = -2;
+  static constexpr int kWriteRecord = -3;
+  int Step = kStart;
+  std::uint8_t Status = 1;
+  bool operator==(const FlashFault&) const = default;
+};
+
 /// Where the camera's field of view is, as `pos_x` and `pos_y` of a record.
 struct CameraPlace {
   int X = 0;
@@ -42,6 +53,9 @@ struct Options {
   std::uint8_t FirmwareMinor = 0x90;  ///< packed decimal
   std::uint16_t Hardware = 0x7F;      ///< capability bits
   std::uint16_t Serial = 4711;
+  std::uint8_t Day = 14;  ///< of manufacture, as the next two; no key sets them
+  std::uint8_t Month = 6;
+  std::uint16_t Year = 2019;
   double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
   std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
   std::vector<CardFault> Faults;
@@ -50,7 +64,9 @@ struct Options {
   std::uint8_t BootMajor = 1;        ///< of the boot code; both 0 = no firmware has been loaded
   std::uint8_t BootMinor = 0x20;
   bool AnswersWrites = false;  ///< also the frames that nobody waits for an answer to
-  std::string Store;           ///< file that keeps the parameters; empty: they are lost at the end
+  std::vector<FlashFault> FlashFaults;
+  std::uint8_t EraseStatus = 0;  ///< of the answer when the error counters are to be erased
+  std::string Store;             ///< file of its memory; empty: it is lost at the end
   std::string Pack;  ///< board file whose boards are read; who makes the machine loads it. Or empty
   // The card in front of the camera, and how the pack is printed; what is empty goes by the index.
   static constexpr int kTenOfSpades = 9;
@@ -74,7 +90,7 @@ struct Options {
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
-/// What `ParseOptions` takes, with its defaults, for the person who has to write it: five lines,
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: six lines,
 /// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);
 

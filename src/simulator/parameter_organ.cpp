@@ -37,10 +37,7 @@ bool ParameterOrgan::Answer(const Frame& command, Frame& reply) const {
 }
 
 bool ParameterOrgan::Write(const Frame& command) {
-  const StoredParameters before = parameters_;
-  if (!Has(SubCodeIn(command)) || !TakeBlock(command, parameters_)) return false;
-  if (parameters_ != before) store_.Save(parameters_);
-  return true;
+  return Has(SubCodeIn(command)) && TakeBlock(command, parameters_);
 }
 
 // The records of the other indexes are denied by firmware 2.x alone.

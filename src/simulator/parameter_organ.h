@@ -1,17 +1,17 @@
 #pragma once
 
 #include "simulator/options.h"
-#include "simulator/parameter_store.h"
+#include "simulator/stored_parameters.h"
 #include "wire/frame.h"
 
 namespace morvane::simulator {
 
-/// The numbers of the camera, kept in the file of `store=`. Blocks that the firmware or the
-/// hardware is too old for do not exist.
+/// The numbers of the camera. Blocks that the firmware or the hardware is too old for do not exist.
 class ParameterOrgan {
  public:
-  explicit ParameterOrgan(const Options& options)
-      : options_(options), store_(options.Store), parameters_(store_.Load()) {}
+  /// `options` as in `IdentityOrgan`; `parameters` outlive it too.
+  ParameterOrgan(const Options& options, StoredParameters& parameters)
+      : options_(options), parameters_(parameters) {}
 
   /// As `RunOrgan::Answer`, for what is read.
   bool Answer(const wire::Frame& command, wire::Frame& reply) const;
@@ -23,15 +23,12 @@ class ParameterOrgan {
   [[nodiscard]] bool HasIndex(wire::CardIndex index) const {
     return Has(wire::SubCodeOf<wire::PositionBlock>(index));
   }
-  /// As `ParameterStore::Trouble`.
-  [[nodiscard]] const std::string& Trouble() const { return store_.Trouble(); }
 
  private:
   [[nodiscard]] bool Has(std::uint8_t subCode) const;
 
-  Options options_;
-  ParameterStore store_;
-  StoredParameters parameters_;
+  const Options& options_;
+  StoredParameters& parameters_;
 };
 
 }  // namespace morvane::simulator

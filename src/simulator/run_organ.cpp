@@ -1,9 +1,11 @@
 #include "simulator/run_organ.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "simulator/agrees.h"
+#include "wire/flash_commands.h"
 #include "wire/service_commands.h"
 
 namespace morvane::simulator {
@@ -51,6 +53,8 @@ bool RunOrgan::Answer(const Frame& command, CardWay::Time now, Frame& reply) {
       return AnswerBoard(reply);
     case CmdCounter:
       return AnswerCounter(command, reply);
+    case CmdEraseErrors:
+      return EraseErrors(command, reply);
     default:
       return false;
   }
@@ -120,10 +124,9 @@ bool RunOrgan::AnswerBoard(Frame& reply) const {
 bool RunOrgan::AnswerCounter(const Frame& command, Frame& reply) const {
   CounterPageReply page{Get<CounterPageCommand>(command).Page, {}};
   if (page.Page >= CounterPageCommand::kPages) return false;
-  for (std::size_t i = 0; i < page.Counters.size(); ++i) {
-    page.Counters[i] = run_.Stops(page.Page * page.Counters.size() + i);
-  }
-  if (page.Page == 0) page.Counters[0] = run_.BoardsDealt();
+  const auto stops = std::span(counters_.Stops).subspan(page.Page * page.Counters.size());
+  std::copy_n(stops.begin(), std::min(stops.size(), page.Counters.size()), page.Counters.begin());
+  if (page.Page == 0) page.Counters[0] = counters_.BoardsDealt;
   Put(page, reply);
   return true;
 }
@@ -131,7 +134,14 @@ bool RunOrgan::AnswerCounter(const Frame& command, Frame& reply) const {
 bool RunOrgan::SetCounter(const Frame& command) {
   const auto counter = Get<SetCounterCommand>(command);
   if (!Agrees(counter, command)) return false;
-  run_.SetBoardsDealt(counter.Boards);
+  counters_.BoardsDealt = counter.Boards;
+  return true;
+}
+
+bool RunOrgan::EraseErrors(const Frame& command, Frame& reply) {
+  if (!Agrees(EraseErrorsCommand{}, command)) return false;
+  if (options_.EraseStatus == 0) counters_.Stops = {};
+  Put(EraseErrorsReply{options_.EraseStatus}, reply);
   return true;
 }
 

@@ -8,11 +8,13 @@
 
 namespace morvane::simulator {
 
-/// Deals, reads, sorts and stacks: start commands, what a run leaves to be fetched, and how many
-/// boards were dealt.
+/// Deals, reads, sorts and stacks: start commands, what a run leaves to be fetched, and what is
+/// counted.
 class RunOrgan {
  public:
-  explicit RunOrgan(const Options& options) : run_(options) {}
+  /// `options` as in `IdentityOrgan`; `counters` outlive it too.
+  RunOrgan(const Options& options, Counters& counters)
+      : options_(options), counters_(counters), run_(options, counters) {}
 
   /// Whether the plain `command` is one of this organ's and has been obeyed; `reply` is filled
   /// then.
@@ -37,7 +39,10 @@ class RunOrgan {
   bool StartSort(const wire::Frame& command, CardWay::Time now, wire::Frame& reply);
   bool AnswerBoard(wire::Frame& reply) const;
   bool AnswerCounter(const wire::Frame& command, wire::Frame& reply) const;
+  bool EraseErrors(const wire::Frame& command, wire::Frame& reply);
 
+  const Options& options_;
+  Counters& counters_;
   CardWay run_;
   std::optional<Route> route_;  ///< of the next deal, which is a stacking run then
 };

@@ -12,7 +12,7 @@ class SensorOrgan {
  public:
   using Time = std::chrono::microseconds;
 
-  /// A fed card takes `way`.
+  /// `options` as in `IdentityOrgan`; a fed card takes `way`.
   SensorOrgan(const Options& options, Time way)
       : options_(options), sensors_(options.Speed), feed_(way) {}
 
@@ -33,7 +33,7 @@ class SensorOrgan {
   [[nodiscard]] wire::Frame Motors(std::uint8_t selector, int first) const;
   [[nodiscard]] wire::Frame Climate() const;
 
-  Options options_;
+  const Options& options_;
   Sensors sensors_;
   CardFeed feed_;
 };

@@ -9,7 +9,8 @@ namespace morvane::simulator {
 /// The board slot with the reader of its label.
 class SlotOrgan {
  public:
-  explicit SlotOrgan(const Options& options);
+  /// `options` as in `IdentityOrgan`.
+  explicit SlotOrgan(const Options& options) : options_(options) {}
 
   /// As `RunOrgan::Answer`, for the status frame of the label.
   bool Answer(const wire::Frame& command, bool flipPlate, wire::Frame& reply) const;
@@ -18,8 +19,7 @@ class SlotOrgan {
   [[nodiscard]] const BoardSlot& Slot() const { return slot_; }
 
  private:
-  bool hasReader_;
-  bool knowsLabels_;
+  const Options& options_;
   BoardSlot slot_;
 };
 

@@ -133,6 +133,7 @@ std::vector<int> WiredMachine::NextCards(std::size_t most) const {
 std::string WiredMachine::StateText() const { return powered_ ? firmware_.StateText() : "off"; }
 
 void WiredMachine::TakeLatch(bool on) {
+  if (latch_ && !on && powered_) firmware_.LatchDropped();
   latch_ = on;
   ++changes_;
 }

@@ -20,7 +20,7 @@ namespace morvane::simulator {
 
 /// The machine with its end of the line: wire bytes in, wire bytes out, whatever carries them. It
 /// knows no clock, it is told the time with what it hears. An exchange allocates nothing, but for
-/// one that changes parameters which a file keeps.
+/// one that changes what a file keeps.
 class WiredMachine {
  public:
   using Time = std::chrono::microseconds;
@@ -78,7 +78,8 @@ class WiredMachine {
   /// The machine card before it; 0 is none.
   [[nodiscard]] int CardShown() const { return firmware_.Eye().Card(); }
   /// What it keeps without power.
-  [[nodiscard]] const StoredParameters& Parameters() const { return firmware_.Parameters(); }
+  [[nodiscard]] const MachineMemory& Memory() const { return firmware_.Memory(); }
+  [[nodiscard]] const StoredParameters& Parameters() const { return Memory().Parameters; }
   /// What is wrong with the file of `store=`, in a line for its owner; empty while nothing is.
   [[nodiscard]] const std::string& Trouble() const { return firmware_.Trouble(); }
   /// What goes wrong on the wire.
@@ -94,8 +95,8 @@ class WiredMachine {
   [[nodiscard]] CardPiles CardsByHand() const;
   /// The cards as they lie in the pockets, analysed; its number is 0.
   [[nodiscard]] Board DealtBoard() const;
-  /// Boards dealt to the end since the machine was made.
-  [[nodiscard]] int BoardsDealt() const { return static_cast<int>(firmware_.Run().BoardsDealt()); }
+  /// Boards dealt to the end in the machine's whole life, or what a program has set them to.
+  [[nodiscard]] int BoardsDealt() const { return static_cast<int>(Memory().Counted.BoardsDealt); }
   /// Boards that lie ready to be read.
   [[nodiscard]] std::size_t BoardsToRead() const { return firmware_.Run().Boards().Left(); }
   /// Those and the ones that have been read, until they are put back.
@@ -132,7 +133,8 @@ class WiredMachine {
   std::optional<Saying> Hear(std::uint8_t byte, Time now);
   /// The line has gone: what was half heard is no command.
   void ForgetHalfHeard() { heardCount_ = 0; }
-  /// The line by which the program shows that it drives the machine.
+  /// The line by which the program shows that it drives the machine. When it drops behind a
+  /// download, the machine starts what it was given.
   void TakeLatch(bool on);
 
  private:

@@ -20,6 +20,8 @@ TEST(Options, WithoutKeysIsARealMachine) {
   EXPECT_EQ(Options{}.BootMajor, 1);
   EXPECT_EQ(Options{}.BootMinor, 0x20);
   EXPECT_FALSE(Options{}.AnswersWrites);
+  EXPECT_TRUE(Options{}.FlashFaults.empty());
+  EXPECT_EQ(Options{}.EraseStatus, 0);
   EXPECT_EQ(Options{}.Store, "");
   EXPECT_EQ(Options{}.Index, wire::CardIndex::Standard);
   EXPECT_EQ(Options{}.Letters, 0);
@@ -35,7 +37,8 @@ TEST(Options, EveryKeyIsTaken) {
       "simulated,speed=0.5,firmware=3.07,hardware=0x1f,serial=123,noise=0.001,seed=99,"
       "fault=3:20:30,fault=4:208:240,packs=3,carry=north,boot=2.01,answers-writes=1,"
       "index=small,letters=6,ideal=240/113,symbol=30x78,suit=29x70,card=D2,misread=CK,"
-      "focus-marker=0,store=/tmp/a b.txt");
+      "focus-marker=0,flash=0x201:3,flash=start:255,flash=1023:0,flash=erase-record:1,"
+      "flash=write-record:2,erase=7,store=/tmp/a b.txt");
   EXPECT_EQ(options.Index, wire::CardIndex::Small);
   EXPECT_EQ(options.Letters, 6);
   EXPECT_EQ(options.Ideal, (CameraPlace{240, 113}));
@@ -44,6 +47,12 @@ TEST(Options, EveryKeyIsTaken) {
   EXPECT_EQ(options.Card, 27);  // the Two of Diamonds: 2 x 13 before it
   EXPECT_EQ(options.Misread, 51);
   EXPECT_FALSE(options.MarksFocus);
+  EXPECT_EQ(options.FlashFaults, (std::vector<FlashFault>{{513, 3},
+                                                          {FlashFault::kStart, 255},
+                                                          {1023, 0},
+                                                          {FlashFault::kEraseRecord, 1},
+                                                          {FlashFault::kWriteRecord, 2}}));
+  EXPECT_EQ(options.EraseStatus, 7);
   EXPECT_EQ(options.BootMajor, 2);
   EXPECT_EQ(options.BootMinor, 0x01);
   EXPECT_TRUE(options.AnswersWrites);
@@ -189,6 +198,24 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,card=XA",
                                       "simulated,misread=st",
                                       "simulated,focus-marker=2",
+                                      "simulated,flash",
+                                      "simulated,flash=",
+                                      "simulated,flash=1",
+                                      "simulated,flash=1:",
+                                      "simulated,flash=:1",
+                                      "simulated,flash=1:256",
+                                      "simulated,flash=1:-1",
+                                      "simulated,flash=1:0x1",
+                                      "simulated,flash=1024:1",
+                                      "simulated,flash=0x400:1",
+                                      "simulated,flash=-1:1",
+                                      "simulated,flash=Start:1",
+                                      "simulated,flash=record:1",
+                                      "simulated,flash=1:2:3",
+                                      "simulated,erase",
+                                      "simulated,erase=",
+                                      "simulated,erase=256",
+                                      "simulated,erase=good",
                                       "simulated,colour=red",
                                       "simulated,,speed=1",
                                       "simulated,speed=1,",
@@ -211,7 +238,10 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, boot, "
             "hardware, serial, noise, seed, fault, packs, carry, answers-writes, index, letters, "
-            "ideal, symbol, suit, card, misread, focus-marker, store, pack");
+            "ideal, symbol, suit, card, misread, focus-marker, flash, erase, store, pack");
+  EXPECT_EQ(ParseOptions("simulated,flash=1024:1", options),
+            "simulated machine: \"flash=1024:1\": flash= takes BLOCK:STATUS with block 0 to 1023, "
+            "start, erase-record or write-record, and status 0 to 255");
   EXPECT_EQ(ParseOptions("simulated,carry=left", options),
             "simulated machine: \"carry=left\": carry= takes right, swapped, dropped, exchanged, "
             "turned, north or nothing");
@@ -231,6 +261,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   give("ideal=X/Y", "ideal=3/4");
   give("symbol=WxH", "symbol=20x30");
   give("suit=WxH", "suit=21x31");
+  give("flash=BLOCK:STATUS", "flash=3:1");
   give("store=FILE", "store=kept.txt");
   give("pack=FILE", "pack=set.pbn");
   Options expected;
@@ -239,6 +270,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   expected.Ideal = CameraPlace{3, 4};
   expected.Symbol = PrintSize{20, 30};
   expected.Suit = PrintSize{21, 31};
+  expected.FlashFaults = {{3, 1}};
   expected.Store = "kept.txt";
   expected.Pack = "set.pbn";
   EXPECT_EQ(Parsed(usage), expected);
