@@ -1,11 +1,12 @@
 #include "cli/console_service.h"
 
+#include <utility>
+
 namespace morvane::cli {
 
 void ConsoleService::ShowAll() {
-  if (known_ || !console_.Controls().Download) return;
-  known_ = true;
-  Known();
+  const bool known = console_.Controls().Download;
+  if (std::exchange(known_, known) != known && known) Known();
 }
 
 void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& service) {

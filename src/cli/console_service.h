@@ -29,7 +29,7 @@ class ConsoleService : public maintenance::MaintenanceView {
  protected:
   explicit ConsoleService(maintenance::Maintenance& console) : console_(console) {}
 
-  /// The machine has said what it is.
+  /// The machine has said what it is; again where it has been started anew.
   virtual void Known() = 0;
   virtual void Polled() {}
 

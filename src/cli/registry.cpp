@@ -11,6 +11,7 @@
 #include "cli/help_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_auto_setup_command.h"
+#include "cli/maintain_firmware_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
 #include "cli/maintain_picture_command.h"
@@ -31,7 +32,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 24> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 25> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -52,6 +53,7 @@ constexpr std::array<const Command*, 24> kCommands{&kGenerateCommand,
                                                    &kMaintainPictureCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
+                                                   &kMaintainFirmwareCommand,
                                                    &kHistoryCommand,
                                                    &kAuditCommand,
                                                    &kHelpCommand};

@@ -12,6 +12,7 @@
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_auto_setup_command.h"
+#include "cli/maintain_firmware_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
 #include "cli/maintain_picture_command.h"
@@ -127,6 +128,7 @@ struct CliDesk {
   ExitStatus Run(const MaintainPictureOptions& options) { return Do(MaintainPicture, options); }
   ExitStatus Run(const MaintainRecogniseOptions& options) { return Do(MaintainRecognise, options); }
   ExitStatus Run(const MaintainAutoSetupOptions& options) { return Do(MaintainAutoSetup, options); }
+  ExitStatus Run(const MaintainFirmwareOptions& options) { return Do(MaintainFirmware, options); }
   ExitStatus RunOn(UsbXpress& usb, const MaintainPictureOptions& options) {
     return DoOn(usb, nullptr, MaintainPicture, options);
   }
@@ -135,6 +137,9 @@ struct CliDesk {
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainAutoSetupOptions& options) {
     return DoOn(usb, nullptr, MaintainAutoSetup, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainFirmwareOptions& options) {
+    return DoOn(usb, nullptr, MaintainFirmware, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainInfoOptions& options) {
     return DoOn(usb, nullptr, MaintainInfo, options);
