@@ -70,7 +70,7 @@ int ConsoleUi::Answer(int buttons) {
 }
 
 std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
-  auto path = std::exchange(nextFile_, std::nullopt);
+  auto path = NextFile();
   std::error_code none;
   if (!path || !request.Saving || !std::filesystem::is_regular_file(PathOfUtf8(*path), none)) {
     return path;
@@ -78,6 +78,13 @@ std::optional<std::string> ConsoleUi::AskFile(const FileRequest& request) {
   if (MayReplace(*path, request.Title)) return path;
   terminal_.Error("Not replaced.\n");
   return std::nullopt;
+}
+
+std::optional<std::string> ConsoleUi::NextFile() {
+  if (nextFiles_.empty()) return std::nullopt;
+  std::string path = std::move(nextFiles_.front());
+  nextFiles_.pop_front();
+  return path;
 }
 
 bool ConsoleUi::MayReplace(const std::string& path, const std::string& title) {

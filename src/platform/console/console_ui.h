@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -28,7 +29,9 @@ class ConsoleUi final : public Ui {
   /// Boxes of that title say from now on that they are about the file.
   void NameFile(const std::string& title, std::string path) { files_[title] = std::move(path); }
   /// The next file dialog is answered with `path`; every other is cancelled.
-  void AnswerNextFile(std::string path) { nextFile_ = std::move(path); }
+  void AnswerNextFile(std::string path) { AnswerNextFiles({std::move(path)}); }
+  /// The next file dialogs are answered with `paths`, in order; every other is cancelled.
+  void AnswerNextFiles(std::deque<std::string> paths) { nextFiles_ = std::move(paths); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string&) override {}
@@ -44,6 +47,7 @@ class ConsoleUi final : public Ui {
 
  private:
   int Ask(int buttons);
+  std::optional<std::string> NextFile();
   [[nodiscard]] int Answer(int buttons);
   [[nodiscard]] bool MayReplace(const std::string& path, const std::string& title);
   [[nodiscard]] std::optional<int> KnownAnswer(const std::string& text) const;
@@ -57,7 +61,7 @@ class ConsoleUi final : public Ui {
   bool keepsConsent_ = false;
   int boxesShown_ = 0;
   mutable bool failureTold_ = false;
-  std::optional<std::string> nextFile_;
+  std::deque<std::string> nextFiles_;
   std::map<std::string, int> answers_;        ///< by the question's text
   std::map<std::string, std::string> files_;  ///< by the title of their boxes
 };

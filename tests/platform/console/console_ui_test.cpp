@@ -213,6 +213,16 @@ TEST(ConsoleUi, OneFileDialogIsAnsweredAndEveryOtherCancelled) {
   EXPECT_EQ(desk.Ui.AskFile({}), std::nullopt);
 }
 
+TEST(ConsoleUi, SeveralFileDialogsAreAnsweredInOrderUntilOtherAnswersComeInTheirPlace) {
+  ConsoleDesk desk;
+  desk.Ui.AnswerNextFiles({"/a", "/b", "/c"});
+  EXPECT_EQ(desk.Ui.AskFile({}), "/a");
+  EXPECT_EQ(desk.Ui.AskFile({}), "/b");
+  desk.Ui.AnswerNextFile("/set.pbn");
+  EXPECT_EQ(desk.Ui.AskFile({}), "/set.pbn");
+  EXPECT_EQ(desk.Ui.AskFile({}), std::nullopt);
+}
+
 TEST(ConsoleUi, WhereTheMouseWouldBeTheSystemsRandomSourceSays) {
   ConsoleDesk desk;  // whose source gives 1, 2, 3, 4
   const Point at = desk.Ui.Mouse();
