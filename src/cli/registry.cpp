@@ -5,8 +5,10 @@
 
 #include "cli/analyze_command.h"
 #include "cli/audit_command.h"
+#include "cli/boot_c_command.h"
 #include "cli/convert_command.h"
 #include "cli/deal_command.h"
+#include "cli/firmware_file_command.h"
 #include "cli/generate_command.h"
 #include "cli/help_command.h"
 #include "cli/history_command.h"
@@ -28,11 +30,12 @@
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
 #include "cli/text_command.h"
+#include "cli/txt_hex_command.h"
 
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 25> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 28> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -54,6 +57,9 @@ constexpr std::array<const Command*, 25> kCommands{&kGenerateCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
                                                    &kMaintainFirmwareCommand,
+                                                   &kFirmwareFileCommand,
+                                                   &kBootCCommand,
+                                                   &kTxtHexCommand,
                                                    &kHistoryCommand,
                                                    &kAuditCommand,
                                                    &kHelpCommand};

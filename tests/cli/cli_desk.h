@@ -7,8 +7,10 @@
 
 #include "cli/analyze_command.h"
 #include "cli/audit_command.h"
+#include "cli/boot_c_command.h"
 #include "cli/convert_command.h"
 #include "cli/deal_command.h"
+#include "cli/firmware_file_command.h"
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_auto_setup_command.h"
@@ -29,6 +31,7 @@
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
 #include "cli/text_command.h"
+#include "cli/txt_hex_command.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
 
@@ -120,6 +123,9 @@ struct CliDesk {
   ExitStatus Run(const PokerPrintOptions& options) { return Do(PokerPrint, options); }
   ExitStatus Run(const PokerDealOptions& options) { return Do(PokerDeal, options); }
   ExitStatus Run(const PokerReadOptions& options) { return Do(PokerRead, options); }
+  ExitStatus Run(const FirmwareFileOptions& options) { return Do(MakeFirmwareFile, options); }
+  ExitStatus Run(const BootCOptions& options) { return Do(MakeBootC, options); }
+  ExitStatus Run(const TxtHexOptions& options) { return Do(TxtHex, options); }
   ExitStatus Run(const MaintainInfoOptions& options) { return Do(MaintainInfo, options); }
   ExitStatus Run(const MaintainWatchOptions& options) { return Do(MaintainWatch, options); }
   ExitStatus Run(const MaintainParametersOptions& options) {
