@@ -12,12 +12,9 @@
 #include <cstdio>
 #include <fstream>
 
-#include "bench/link_parts.h"
+#include "bench/link_programs.h"
 #include "bench/options.h"
 #include "cli/maintain_watch_command.h"
-#include "shell/ui/main_menu.h"
-#include "shell/ui/qt_windows.h"
-#include "support/qt_desk.h"
 
 namespace morvane::bench {
 namespace {
@@ -89,24 +86,11 @@ class Meter {
 };
 
 void WatchAtTerminal(LinkParts& parts) {
-  UnseenTerminal terminal;
-  ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
-  Program program(parts.On(ui), parts.Paths());
-  cli::Workplace place{program, ui, terminal, parts.Gaps, parts.NoPrograms};
-  cli::RunJob(place, "", [](cli::Job& job) { return cli::MaintainWatch(job, {}); });
+  AtTerminal(parts, [](cli::Job& job) { return cli::MaintainWatch(job, {}); });
 }
 
 void WatchAtDesktop(LinkParts& parts) {
-  QtUi ui(parts.Loop);
-  Program program(parts.On(ui), parts.Paths());
-  shell::QtWindows windows(program);
-  LoneInstance alone;
-  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
-  shell::MainMenu menu(program, shell);
-  windows.SetMainMenu(menu);
-  ui.SetMainWindow(menu.ForUi());
-  static_cast<void>(shell.StartUp(""));
-  shell.MenuMaintenance();
+  AtDesktop(parts, "", [](shell::Shell& shell) { shell.MenuMaintenance(); });
 }
 
 /// Whether all stayed under what is wanted.

@@ -7,12 +7,9 @@
 #include <QApplication>
 #include <cstdio>
 
-#include "bench/link_parts.h"
+#include "bench/link_programs.h"
 #include "bench/options.h"
 #include "cli/maintain_picture_command.h"
-#include "shell/ui/main_menu.h"
-#include "shell/ui/qt_windows.h"
-#include "support/qt_desk.h"
 
 namespace morvane::bench {
 namespace {
@@ -22,11 +19,7 @@ constexpr double kWantedRatio = 1.05;
 constexpr double kOnTheWire = 192 * (8 + 136) * 10 / 115200.0;
 
 void FetchAtTerminal(LinkParts& parts) {
-  UnseenTerminal terminal;
-  ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
-  Program program(parts.On(ui), parts.Paths());
-  cli::Workplace place{program, ui, terminal, parts.Gaps, parts.NoPrograms};
-  cli::RunJob(place, "", [&](cli::Job& job) {
+  AtTerminal(parts, [&](cli::Job& job) {
     return cli::MaintainPicture(job, {.Out = parts.Folder / "card.png"});
   });
 }
@@ -57,17 +50,10 @@ class Presser {
 };
 
 void FetchAtDesktop(LinkParts& parts) {
-  QtUi ui(parts.Loop);
-  Program program(parts.On(ui), parts.Paths());
-  shell::QtWindows windows(program);
-  LoneInstance alone;
-  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
-  shell::MainMenu menu(program, shell);
-  windows.SetMainMenu(menu);
-  ui.SetMainWindow(menu.ForUi());
-  static_cast<void>(shell.StartUp(""));
-  const Presser presser(parts);
-  shell.MenuMaintenance();
+  AtDesktop(parts, "", [&](shell::Shell& shell) {
+    const Presser presser(parts);
+    shell.MenuMaintenance();
+  });
 }
 
 /// Whether the picture came whole and in time.

@@ -98,6 +98,30 @@ TEST(LinkGapsOfPictures, APictureGoesFromItsFirstLineToTheReplyWithItsLast) {
   EXPECT_EQ(gaps.Noted().Taken, microseconds(40));
 }
 
+TEST(LinkGapsOfDownloads, ADownloadGoesFromItsStartToTheReplyToTheCodesFirstBlock) {
+  VirtualClock clock;
+  ScriptedBridge bridge(clock);
+  LinkGaps gaps(bridge, clock, LinkGaps::Of::kDownloads);
+  const auto exchange = [&](int idle, const Bytes& frame) {
+    bridge.Replies.push_back(Short({0x2A}));
+    clock.Spend(microseconds(idle));
+    std::uint32_t count = 0;
+    gaps.Write(1, OnTheWire(frame, 23), count);
+    Bytes reply(8);
+    gaps.Read(1, reply, count);
+  };
+  exchange(5000, Short({0x17}));
+  exchange(5000, Short({0x29, 95}));
+  exchange(10, Long({0xAA, 98, 0, 1}));
+  exchange(20, Long({0xAA, 98, 2, 0}));
+  exchange(30, Long({0xAA, 98, 0, 0}));
+  exchange(7000, Short({0x1A}));
+  EXPECT_EQ(gaps.Noted().Runs, 1);
+  EXPECT_EQ(gaps.Noted().Sends, 4U);
+  EXPECT_EQ(gaps.Noted().Bytes, 8U + 3 * 136 + 4 * 8);
+  EXPECT_EQ(gaps.Noted().Gaps, microseconds(60));
+}
+
 TEST_F(LinkGapsTest, AReadingRunAndASortAreRunsToo) {
   for (const Bytes& start : {Long({0x9C}), Short({0x35})}) {
     Exchange(0, start);

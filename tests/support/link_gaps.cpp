@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "wire/flash_commands.h"
 #include "wire/picture_commands.h"
 #include "wire/service_commands.h"
 
@@ -10,8 +11,8 @@ namespace {
 
 constexpr int kLastLine = 191;
 
-/// The first two plain bytes of a frame as it goes to the machine, `at` 0 or 1: its key starts at
-/// the sum, of which byte 7 carries the complement, and grows by 23 a byte.
+/// The first plain bytes of a frame as it goes to the machine, `at` 0 to 6: its key starts at the
+/// sum, of which byte 7 carries the complement, and grows by 23 a byte.
 std::uint8_t PlainByte(std::span<const std::uint8_t> bytes, std::size_t at) {
   if (bytes.size() < wire::kShortFrame) return 0;
   return static_cast<std::uint8_t>(bytes[at] ^ ((bytes[7] ^ 0xFFU) + 23 * at));
@@ -39,6 +40,8 @@ bool LinkGaps::Starts(std::uint8_t code) const {
       return code == wire::CmdOutputs;
     case Of::kPictures:
       return code == wire::CmdPictureLine;
+    case Of::kDownloads:
+      return code == wire::CmdStartDownload;
     default:
       return StartsRun(code);
   }
@@ -46,8 +49,14 @@ bool LinkGaps::Starts(std::uint8_t code) const {
 
 bool LinkGaps::Ends(std::span<const std::uint8_t> bytes) const {
   const std::uint8_t code = CodeOnTheWire(bytes);
-  return of_ == Of::kPictures ? code == wire::CmdPictureLine && PlainByte(bytes, 1) == kLastLine
-                              : code == wire::CmdVersion;
+  switch (of_) {
+    case Of::kPictures:
+      return code == wire::CmdPictureLine && PlainByte(bytes, 1) == kLastLine;
+    case Of::kDownloads:
+      return code == wire::CmdFlashBlock && PlainByte(bytes, 2) == 0 && PlainByte(bytes, 3) == 0;
+    default:
+      return code == wire::CmdVersion;
+  }
 }
 
 void LinkGaps::NoteSend(std::span<const std::uint8_t> bytes, Time now) {

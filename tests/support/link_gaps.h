@@ -12,11 +12,12 @@ namespace morvane::test {
 /// its runs: from the end of each reply to the next send. A run goes from its start frame to the
 /// reply of the version probe that ends it; what lies between two runs is the operator's. In the
 /// service console the runs are its polls, from the frame of the outputs to the last reply before
-/// the next one, or its pictures, from the first line asked for to the reply with the last.
+/// the next one, or its pictures, from the first line asked for to the reply with the last, or its
+/// downloads, from the start to the reply to the code's first block.
 class LinkGaps final : public PassingBridge {
  public:
   using Time = std::chrono::microseconds;
-  enum class Of : std::uint8_t { kRuns, kPolls, kPictures };
+  enum class Of : std::uint8_t { kRuns, kPolls, kPictures, kDownloads };
 
   /// All that passed inside the runs.
   struct Figures {

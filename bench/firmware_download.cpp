@@ -1,0 +1,68 @@
+// The largest firmware file downloaded over a pseudo-terminal at whose other end the simulated
+// machine is another process, by the command line and by the desktop's window: the time from the
+// first byte of the start to the last one of the answer to the last block, beside what the bytes of
+// the frames take on the wire; the machine answers at once.
+//   --machine=FILE   the program that serves the machine; the one built beside this
+
+#include <QApplication>
+#include <cstdio>
+
+#include "bench/link_programs.h"
+#include "bench/options.h"
+#include "cli/maintain_firmware_command.h"
+#include "maintenance/paper_flash.h"
+
+namespace morvane::bench {
+namespace {
+
+constexpr double kWantedRatio = 1.02;
+/// Two pieces of 65,533 bytes with their headers: 511 blocks each, and both first ones.
+constexpr std::size_t kPiece = (131050 - 16) / 2;
+constexpr std::uint64_t kFrames = 1 + 2 * 511 + 2;
+
+std::string LargestFile(const test::TempFolder& folder) {
+  std::string path = folder / "largest.adc";
+  test::WriteContent(
+      path, maintenance::FileOf(maintenance::CodeOf(2, 0x90, kPiece), std::string(kPiece, 'b')));
+  return path;
+}
+
+/// Whether it was whole and in time.
+bool Show(const char* what, const test::LinkGaps::Figures& noted) {
+  const double ratio = Seconds(noted.Taken) / Seconds(noted.OnTheWire());
+  const bool whole = noted.Runs == 1 && noted.Sends == kFrames;
+  const bool quick = ratio <= kWantedRatio;
+  std::printf("%s\n", what);
+  std::printf("  %-44s %9d%s\n", "frames", static_cast<int>(noted.Sends), Mark(whole));
+  std::printf("  %-44s %9.3f s\n", "from the first byte to the last", Seconds(noted.Taken));
+  ShowBytes(noted);
+  ShowGaps(noted);
+  std::printf("  %-44s %9.3f%s (wanted: at most %.2f)\n", "  the time beside the wire's", ratio,
+              Mark(quick), kWantedRatio);
+  return whole && quick;
+}
+
+int Run(const Options& options) {
+  const test::TempFolder folder;
+  const std::string file = LargestFile(folder);
+  e2e::Process machine(
+      {"--machine", "simulated,speed=0", "--pace", "wire"},
+      {.Folder = folder.Path(), .Program = options.Text("machine").value_or(MORVANE_MACHINE)});
+  const std::string path = DeviceOf(machine);
+  if (path.empty()) return 1;
+  LinkParts terminal(path, test::LinkGaps::Of::kDownloads);
+  AtTerminal(terminal, [&](cli::Job& job) { return cli::MaintainFirmware(job, {.File = file}); });
+  const bool good = Show("By the command line:", terminal.Gaps.Noted());
+  LinkParts desktop(path, test::LinkGaps::Of::kDownloads);
+  AtDesktop(desktop, '"' + file + '"', [](shell::Shell& /*shell*/) {});
+  return Show("By the desktop's window:", desktop.Gaps.Noted()) && good ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace morvane::bench
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  return morvane::bench::Run(morvane::bench::Options(argc, argv, {"machine"}));
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "bench/link_parts.h"
+#include "cli/job.h"
+#include "shell/ui/main_menu.h"
+#include "shell/ui/qt_windows.h"
+#include "support/qt_desk.h"
+
+namespace morvane::bench {
+
+/// What `command` does with the `cli::Job` of a command line at the line's machine.
+template <typename Command>
+void AtTerminal(LinkParts& parts, const Command& command) {
+  UnseenTerminal terminal;
+  ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
+  Program program(parts.On(ui), parts.Paths());
+  cli::Workplace place{program, ui, terminal, parts.Gaps, parts.NoPrograms};
+  cli::RunJob(place, "", command);
+}
+
+/// What `work` does with the shell of a desktop at the line's machine that was started with
+/// `commandLine`.
+template <typename Work>
+void AtDesktop(LinkParts& parts, const std::string& commandLine, const Work& work) {
+  QtUi ui(parts.Loop);
+  Program program(parts.On(ui), parts.Paths());
+  shell::QtWindows windows(program);
+  LoneInstance alone;
+  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
+  shell::MainMenu menu(program, shell);
+  windows.SetMainMenu(menu);
+  ui.SetMainWindow(menu.ForUi());
+  static_cast<void>(shell.StartUp(commandLine));
+  work(shell);
+}
+
+}  // namespace morvane::bench
