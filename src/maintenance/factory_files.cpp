@@ -109,7 +109,7 @@ std::string_view TextHexReader::Take(const Bytes& data) {
 
 }  // namespace
 
-std::string FirmwareFile(std::string_view code, std::string_view bitstream) {
+std::string FirmwareBytes(std::string_view code, std::string_view bitstream) {
   std::string bytes;
   PutWord(bytes, code.size());
   // Twice more where nobody reads it: required.

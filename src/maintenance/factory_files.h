@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "maintenance/firmware_file.h"
+
 namespace morvane::maintenance {
 
 // What the factory makes of the files of a firmware build, bytes to bytes.
@@ -19,15 +21,14 @@ struct SizeLimits {
   }
 };
 
-/// With the 16 bytes of its header the machine counts it in 16 bits.
-inline constexpr SizeLimits kCodeSizes{9, 0xFFFF - 16};
+inline constexpr SizeLimits kCodeSizes{9, FlashImage::kLongest};
 inline constexpr SizeLimits kBitstreamSizes{54981, 54981};
 inline constexpr SizeLimits kBootSizes{0, 8192};
 /// Several times what describes all addresses.
 inline constexpr SizeLimits kTextHexSizes{0, 1U << 20U};
 
 /// The bytes of the `.adc` file that holds both; their sizes are within the limits.
-[[nodiscard]] std::string FirmwareFile(std::string_view code, std::string_view bitstream);
+[[nodiscard]] std::string FirmwareBytes(std::string_view code, std::string_view bitstream);
 
 /// The text of `boot.c`, an array in C: the boot code, whose size is within the limits, and 0xFF up
 /// to 8192 entries.

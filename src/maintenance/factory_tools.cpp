@@ -129,7 +129,7 @@ bool Prepare(Program& program) {
   if (!bitstream) return false;
   return WriteAsked(
       program, "Morvane code (*.adc)|*.adc",
-      {kFirmwareTitle, FirmwareFile(code->Bytes, bitstream->Bytes), {code->Path, bitstream->Path}});
+      {kFirmwareTitle, FirmwareBytes(code->Bytes, bitstream->Bytes), {code->Path, bitstream->Path}});
 }
 
 bool txt_hex(Program& program) {

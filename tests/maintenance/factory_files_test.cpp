@@ -50,13 +50,13 @@ TEST(FactoryFileSizes, ABootCodeHas8192BytesAtMost) {
 TEST(FirmwareFile, HasFourLittleEndianSizesThenTheCodeThenTheBitstream) {
   const std::string bits(54981, 'B');  // 0xD6C5
   const std::string size("\xC5\xD6\0\0", 4);
-  EXPECT_EQ(FirmwareFile("code 9 by", bits),
+  EXPECT_EQ(FirmwareBytes("code 9 by", bits),
             std::string("\x09\0\0\0", 4) + size + size + size + "code 9 by" + bits);
 }
 
 TEST(FirmwareFile, TheLargestCodeHasItsSizeAndAllItsBytes) {
   const std::string code(65519, '\xFE');  // 0xFFEF
-  const std::string file = FirmwareFile(code, std::string(54981, '\0'));
+  const std::string file = FirmwareBytes(code, std::string(54981, '\0'));
   EXPECT_EQ(file.size(), 16U + 65519U + 54981U);
   EXPECT_EQ(file.substr(0, 4), std::string("\xEF\xFF\0\0", 4));
   EXPECT_EQ(file.substr(16, 65519), code);
