@@ -46,6 +46,7 @@ class FirmwareDownload {
   [[nodiscard]] Phase Now() const { return phase_; }
   [[nodiscard]] Outcome Result() const { return outcome_; }
   [[nodiscard]] bool CancelRequested() const { return cancelRequested_; }
+  [[nodiscard]] bool LinkFailed() const { return link_.LinkFailed(); }
   [[nodiscard]] bool MayCancel() const { return phase_ < Phase::kHeaders; }
 
   [[nodiscard]] std::uint16_t FramesCount() const { return FramesCount_; }

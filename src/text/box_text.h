@@ -35,6 +35,7 @@ enum BoxFlags : int {
   kYesNoCancelInformation = 67,
   kYesNoInformation = 68,
   kYesNoExclamationNo = 308,  ///< Return answers No
+  kYesNoSystem = 4356,        ///< a question without an icon over all windows; Return answers No
 };
 
 /// The answers of a message box.

@@ -14,6 +14,7 @@
 #include "maintenance/ui/auto_setup_window.h"
 #include "maintenance/ui/card_panel.h"
 #include "maintenance/ui/developer_panel.h"
+#include "maintenance/ui/firmware_window.h"
 #include "maintenance/ui/identity_panel.h"
 #include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/output_panel.h"
@@ -99,7 +100,7 @@ QWidget* MaintenanceWindow::MakePages(Program& program) {
   AddPage(cards_ = new CardPanel(maintenance_, this), "&Cards");
   AddPage(identity_ = new IdentityPanel(maintenance_, this), "&Identity");
   if (program.ServiceLevel >= 2) {
-    AddPage(developer_ = new DeveloperPanel(maintenance_, this), "&Developer");
+    AddPage(developer_ = new DeveloperPanel(maintenance_, this), "Developer");
   }
   return pages;
 }
@@ -110,7 +111,8 @@ void MaintenanceWindow::AddPage(QWidget* page, const char* caption) {
 
 QWidget* MaintenanceWindow::MakeButtons() {
   auto* buttons = new QWidget(this);
-  Download_ = NewLaterButton("Download", "Download", buttons);
+  Download_ = NewServiceButton(
+      "Download", "&Download", [this] { maintenance_.Download(); }, buttons);
   auto* exit = NewServiceButton(
       "cmdExit", "&Exit", [this] { AskToLeave(); }, buttons);
   auto* row = new QHBoxLayout(buttons);
@@ -137,7 +139,17 @@ void MaintenanceWindow::ShowAll() {
   cards_->Show();
   identity_->Show();
   if (developer_ != nullptr) developer_->Show();
-  Download_->setVisible(maintenance_.Controls().Download);
+  ShowDownload();
+}
+
+/// It has the focus where it is all that is of use. The focus must not move from it to the button
+/// that leaves.
+void MaintenanceWindow::ShowDownload() {
+  const ServiceControls& controls = maintenance_.Controls();
+  if (controls.Download == !Download_->isHidden()) return;
+  if (focusWidget() == Download_) tabs_->tabBar()->setFocus();
+  Download_->setVisible(controls.Download);
+  if (controls.Download && !controls.MachineKnown) Download_->setFocus();
 }
 
 void MaintenanceWindow::ShowPicture() { picture_->ShowPicture(); }
@@ -153,8 +165,8 @@ std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& setup
       program_.Time, setup, [this] { ShowPicture(); }, this);
 }
 
-std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& /*download*/) {
-  return std::make_unique<FirmwareView>();
+std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& download) {
+  return std::make_unique<FirmwareWindow>(program_.Time, download, this);
 }
 
 void MaintenanceWindow::ShowContact() {

@@ -61,6 +61,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void AddPage(QWidget* page, const char* caption);
   void AskToLeave();
   void ShowContact();
+  void ShowDownload();
   [[nodiscard]] int WidthBesidePicture() const;
   void PlacePicture(bool beside);
 

@@ -18,6 +18,7 @@ namespace {
 constexpr int kButtons = 0x0F;
 constexpr int kIcons = 0x70;
 constexpr int kSecondIsDefault = 0x100;
+constexpr int kOverAllWindows = 0x1000;
 
 QMessageBox::StandardButtons ButtonsOf(int flags) {
   switch (flags & kButtons) {
@@ -105,6 +106,7 @@ void Prepare(QMessageBox& box, const std::string& text, int flags, const std::st
   box.setEscapeButton(CautiousAnswer(buttons));
   box.setResult(CautiousAnswer(buttons));
   if ((flags & kSecondIsDefault) != 0) box.setDefaultButton(CautiousAnswer(buttons));
+  box.setWindowFlag(Qt::WindowStaysOnTopHint, (flags & kOverAllWindows) != 0);
 }
 
 }  // namespace
@@ -118,7 +120,7 @@ QtUi::~QtUi() {
 int QtUi::MessageBox(const std::string& text, int flags, const std::string& title) {
   QMessageBox box(Owner());
   Prepare(box, text, flags, title);
-  Run(box);
+  Run(box, (flags & kOverAllWindows) != 0 ? Qt::ApplicationModal : Qt::WindowModal);
   return AnswerOf(box.isVisible() ? CautiousAnswer(ButtonsOf(flags)) : box.result());
 }
 
@@ -143,8 +145,9 @@ std::optional<std::string> QtUi::AskFile(const FileRequest& request) {
   return FromQt(files.front());
 }
 
-void QtUi::Run(QDialog& dialog) {
-  dialog.open();
+void QtUi::Run(QDialog& dialog, Qt::WindowModality blocks) {
+  dialog.setWindowModality(blocks);
+  dialog.show();
   FitToScreen(dialog);
   loop_.RunUntil([&dialog] { return !dialog.isVisible(); });
 }

@@ -43,7 +43,8 @@ class QtUi final : public Ui {
 
  private:
   [[nodiscard]] QWidget* Owner() const;
-  void Run(QDialog& dialog);
+  /// Until it has gone.
+  void Run(QDialog& dialog, Qt::WindowModality blocks = Qt::WindowModal);
 
   EventLoop& loop_;
   MainWindow main_;

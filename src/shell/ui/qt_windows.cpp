@@ -81,12 +81,16 @@ std::unique_ptr<machine::RunView> QtWindows::OpenPoker(poker::Poker& poker) {
 
 std::unique_ptr<maintenance::MaintenanceView> QtWindows::OpenMaintenance(
     maintenance::Maintenance& maintenance) {
-  return std::make_unique<maintenance::MaintenanceWindow>(program_, maintenance, mainMenu_);
+  return std::make_unique<maintenance::MaintenanceWindow>(program_, maintenance, Below());
 }
 
 std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {
-  QWidget* below = run.IsModal() ? QApplication::activeModalWidget() : nullptr;  // the editor
-  return std::make_unique<analysis::DeepFWindow>(run, below != nullptr ? below : mainMenu_);
+  return std::make_unique<analysis::DeepFWindow>(run, run.IsModal() ? Below() : mainMenu_);
+}
+
+QWidget* QtWindows::Below() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : mainMenu_;
 }
 
 }  // namespace morvane::shell

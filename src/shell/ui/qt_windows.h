@@ -3,6 +3,8 @@
 #include "program/program.h"
 #include "shell/flow_windows.h"
 
+class QWidget;
+
 namespace morvane::shell {
 
 class MainMenu;
@@ -30,6 +32,9 @@ class QtWindows final : public FlowWindows {
       maintenance::Maintenance& maintenance) override;
 
  private:
+  /// What a window opens over that a flow opens within its own: the flow's, or else the main one.
+  [[nodiscard]] QWidget* Below() const;
+
   Program& program_;
   MainMenu* mainMenu_ = nullptr;
 };

@@ -9,14 +9,16 @@
 
 namespace morvane::maintenance {
 
-/// A machine whose camera is on paper: what the test answers comes back in place of the machine's
-/// word.
+/// A machine whose camera, or flash, is on paper: what the test answers comes back in place of the
+/// machine's word.
 class CameraBridge final : public test::PassingBridge {
  public:
   using PassingBridge::PassingBridge;
 
   /// Plain reply to a plain frame; empty: it goes to the machine.
   std::function<test::Bytes(const test::Bytes& plain)> Answer;
+  /// What becomes of such an answer on the wire; emptied, it is lost.
+  std::function<void(test::Bytes& wire)> OnWire;
 
   Status Write(Handle handle, std::span<const std::uint8_t> bytes,
                std::uint32_t& written) override {
@@ -25,6 +27,7 @@ class CameraBridge final : public test::PassingBridge {
     const test::Bytes reply = Answer ? Answer(plain) : test::Bytes{};
     if (reply.empty()) return PassingBridge::Write(handle, bytes, written);
     unread_ = test::OnTheWire(reply, kReceived);
+    if (OnWire) OnWire(unread_);
     written = static_cast<std::uint32_t>(bytes.size());
     return kSuccess;
   }

@@ -48,7 +48,7 @@ class ConsoleDesk : public ::testing::Test {
   int feeds = 0;                                ///< frames that move a card
   std::vector<std::pair<int, int>> testWrites;  ///< the numbers sent
   std::unique_ptr<PictureStore> pictures = std::make_unique<PictureStore>();
-  Maintenance console{desk.Prog, machine, *pictures, [](const std::string&) {}};
+  Maintenance console{desk.Prog, machine, *pictures};
   QMainWindow mainWindow;
   std::unique_ptr<MaintenanceWindow> window;
 

@@ -52,6 +52,7 @@ TEST(ConsoleUi, WithoutAnybodyToAskTheAnswerIsTheCautiousOne) {
   for (const auto& [flags, answer] : std::map<int, int>{{kYesNoQuestion, kNo},
                                                         {kYesNoExclamation, kNo},
                                                         {kYesNoInformation, kNo},
+                                                        {kYesNoSystem, kNo},
                                                         {kYesNoCancelExclamation, kCancel},
                                                         {kOkCancelCritical, kCancel}}) {
     ConsoleDesk desk;
@@ -74,7 +75,7 @@ TEST(ConsoleUi, WhatAFileHasInItCommandsNoTerminal) {
 
 TEST(ConsoleUi, WithYesEveryQuestionIsAnsweredYesUnasked) {
   for (const int flags :
-       std::vector<int>{kYesNoQuestion, kYesNoExclamation, kYesNoCancelExclamation}) {
+       std::vector<int>{kYesNoQuestion, kYesNoExclamation, kYesNoCancelExclamation, kYesNoSystem}) {
     ConsoleDesk desk(true, true);
     desk.Screen.Lines = {"n"};
     EXPECT_EQ(desk.Ask(flags), kYes) << flags;
@@ -102,21 +103,22 @@ TEST_P(ConsoleUiAnswerTest, IsTakenFromTheLine) {
   EXPECT_EQ(desk.Ask(GetParam().Flags), GetParam().Expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Words, ConsoleUiAnswerTest,
-                         ::testing::Values(Answer{kYesNoExclamation, "y", kYes},
-                                           Answer{kYesNoExclamation, "n", kNo},
-                                           Answer{kYesNoCancelExclamation, "Yes", kYes},
-                                           Answer{kYesNoCancelExclamation, " NO ", kNo},
-                                           Answer{kYesNoCancelExclamation, "cancel", kCancel},
-                                           Answer{kOkCancelCritical, "o", kOk},
-                                           Answer{kOkCancelCritical, "OK", kOk},
-                                           Answer{kOkCancelCritical, "c", kCancel}));
+INSTANTIATE_TEST_SUITE_P(
+    Words, ConsoleUiAnswerTest,
+    ::testing::Values(Answer{kYesNoExclamation, "y", kYes}, Answer{kYesNoExclamation, "n", kNo},
+                      Answer{kYesNoSystem, "y", kYes}, Answer{kYesNoSystem, "n", kNo},
+                      Answer{kYesNoCancelExclamation, "Yes", kYes},
+                      Answer{kYesNoCancelExclamation, " NO ", kNo},
+                      Answer{kYesNoCancelExclamation, "cancel", kCancel},
+                      Answer{kOkCancelCritical, "o", kOk}, Answer{kOkCancelCritical, "OK", kOk},
+                      Answer{kOkCancelCritical, "c", kCancel}));
 
 INSTANTIATE_TEST_SUITE_P(ThatAreNone, ConsoleUiAnswerTest,
                          ::testing::Values(Answer{kYesNoCancelExclamation, "", kCancel},
                                            Answer{kYesNoCancelExclamation, "ok", kCancel},
                                            Answer{kYesNoCancelExclamation, "1", kCancel},
                                            Answer{kYesNoExclamation, "cancel", kNo},
+                                           Answer{kYesNoSystem, "", kNo},
                                            Answer{kOkCancelCritical, "yes", kCancel},
                                            Answer{kOkCancelCritical, "no", kCancel}));
 

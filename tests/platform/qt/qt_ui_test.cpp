@@ -58,6 +58,7 @@ TEST_F(QtUiTest, TheFlagsChooseButtonsAndIcon) {
   EXPECT_EQ(this->Look(kYesNoExclamation), Look("Yes|No", QMessageBox::Warning));
   EXPECT_EQ(this->Look(kOkInformation), Look("OK", QMessageBox::Information));
   EXPECT_EQ(this->Look(kYesNoInformation), Look("Yes|No", QMessageBox::Information));
+  EXPECT_EQ(this->Look(kYesNoSystem), Look("Yes|No", QMessageBox::NoIcon));
   EXPECT_EQ(this->Look(0), Look("OK", QMessageBox::NoIcon));
 }
 
@@ -78,6 +79,7 @@ TEST_F(QtUiTest, ReturnIsTheFirstButtonUnlessTheFlagsSayNo) {
   };
   EXPECT_EQ(returnIn(kYesNoExclamation), kYes);
   EXPECT_EQ(returnIn(kYesNoExclamationNo), kNo);
+  EXPECT_EQ(returnIn(kYesNoSystem), kNo);
   EXPECT_EQ(this->Look(kYesNoExclamationNo), this->Look(kYesNoExclamation));
 }
 
@@ -85,6 +87,7 @@ TEST_F(QtUiTest, EscapeIsTheAnswerThatChangesLeast) {
   EXPECT_EQ(EscapeFrom(kOkCritical), kOk);
   EXPECT_EQ(EscapeFrom(kOkCancel), kCancel);
   EXPECT_EQ(EscapeFrom(kYesNoQuestion), kNo);
+  EXPECT_EQ(EscapeFrom(kYesNoSystem), kNo);
   EXPECT_EQ(EscapeFrom(kYesNoCancelExclamation), kCancel);
 }
 
@@ -192,6 +195,29 @@ TEST_F(QtUiTest, ABoxBlocksTheMainWindow) {
   desk.Ui.MessageBox("text", kOkCritical, "title");
   test::Click(*button);
   EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtUiTest, ABoxOverAllWindowsBlocksThoseBesideTheMainOneToo) {
+  QPushButton beside("Button");
+  beside.show();
+  int clicks = 0;
+  QObject::connect(&beside, &QPushButton::clicked, [&] { ++clicks; });
+  QMainWindow window;
+  window.show();
+  desk.Ui.SetMainWindow({&window, nullptr, nullptr});
+  bool onTop = false;
+  for (const int flags : {int{kYesNoQuestion}, int{kYesNoSystem}}) {
+    desk.When("MessageBox", [&](QWidget& box) {
+      test::Click(beside);
+      onTop = box.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+      box.close();
+    });
+    desk.Ui.MessageBox("text", flags, "title");
+    EXPECT_EQ(clicks, 1) << "only behind the first";
+    EXPECT_EQ(onTop, flags == kYesNoSystem);
+  }
+  test::Click(beside);
+  EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(QtUiTest, StatusAndRefreshGoToTheMainWindow) {

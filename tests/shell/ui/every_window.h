@@ -21,6 +21,8 @@
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/ui/camera_bridge.h"
+#include "maintenance/ui/firmware_bytes.h"
 #include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/qt_printer.h"
@@ -314,6 +316,7 @@ class EveryWindow : public MainMenuTest {
     LookAtPages(window, look);
     LookAtMagnify(*pictures, window, look);
     LookAtAutoSetup(window, look);  // it writes the parameters: nothing is lost at the end
+    LookAtFirmware(window, look);
     console.Exit();
   }
 
@@ -345,6 +348,38 @@ class EveryWindow : public MainMenuTest {
     };
     test::Find<QAbstractButton>(console, "AutoSetup_command").click();
     desk.Loop.OnPump = before;
+    EXPECT_TRUE(looked);
+  }
+
+  /// In the middle of a download.
+  void LookAtFirmware(QWidget& console, const Look& look) {
+    constexpr int kMiddle = 40;  // of 64 blocks
+    const std::string path = desk.Folder / "Firmware 2.91.adc";
+    test::WriteContent(path, maintenance::FirmwareBytes(4000, 4000, 2, '\x91'));
+    desk.When("cdOpen", [&path](QWidget& dialog) {
+      test::Type(dialog, path);
+      test::Press(dialog, Qt::Key_Return);
+    });
+    bool looked = false;
+    int blocks = 0;
+    flash_.Answer = [&](const test::Bytes& plain) {
+      if (plain[0] == 0x29) return test::Short({0x29});
+      if (plain[0] != 0xAA) return test::Bytes();
+      desk.Clock.Spend(std::chrono::milliseconds(100));
+      if (++blocks == kMiddle) {
+        desk.Loop.Post([&] {
+          QWidget* window = test::TopWindow("Firmware");
+          ASSERT_NE(window, nullptr);
+          looked = true;
+          window->activateWindow();  // as window managers do behind a dialog
+          look(*window);
+          test::Find<QAbstractButton>(*window, "Command1").click();
+        });
+      }
+      return test::Short({0x2A});
+    };
+    test::Find<QAbstractButton>(console, "Download").click();
+    flash_.Answer = nullptr;
     EXPECT_TRUE(looked);
   }
 
@@ -380,7 +415,8 @@ class EveryWindow : public MainMenuTest {
     run.Exit();
   }
 
-  machine::Machine machine_{desk.Random, simulated};
+  maintenance::CameraBridge flash_{simulated};
+  machine::Machine machine_{desk.Random, flash_};
   machine::RunMemory memory_;
 };
 

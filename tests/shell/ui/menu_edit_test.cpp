@@ -85,21 +85,6 @@ TEST_F(MenuEditWindow, GoesWithTheProgramFromItsQuestion) {
   EXPECT_THAT(desk.Boxes, SizeIs(1));
 }
 
-TEST_F(MenuEditWindow, AFirmwareRequestIsAskedAboutOverIt) {
-  InTheEditor([this](QWidget& window) {
-    shell.LinkExecute("2/tmp/new.adc");
-    desk.AnswerBox(QMessageBox::Yes);
-    desk.AnswerBox(QMessageBox::Ok);
-    desk.Loop.WaitMs(2 * Editor::kTimer1Ms);
-    EXPECT_TRUE(window.isVisible()) << "the editor stays";
-    test::Press(window, Qt::Key_Escape);
-  });
-  Trigger("menuEdit");
-  ASSERT_THAT(desk.Boxes, SizeIs(2));
-  EXPECT_THAT(desk.Boxes[0].Text, ::testing::HasSubstr("Firmware file: /tmp/new.adc"));
-  EXPECT_EQ(desk.Boxes[1].Title, "Download New Firmware");
-}
-
 TEST_F(MenuEditWindow, WhileAnAnalysisRunsBoardsAreLookedAtButNotChanged) {
   InTheEditor([this](QWidget& window) {
     desk.Prog.AnalysisRunning = true;

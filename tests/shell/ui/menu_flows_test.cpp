@@ -153,15 +153,24 @@ TEST_F(Flows, AFileThatIsDroppedIsLoaded) {
   EXPECT_EQ(desk.Boxes[0].Text, "File format error\nFile is empty\n\nLoad operation aborted!");
 }
 
-TEST_F(Flows, AFirmwareFileThatIsDroppedAsksForItsDownload) {
+TEST_F(Flows, AFirmwareFileThatIsDroppedOpensTheServiceForItAlone) {
   Start();
-  DropFile(*menu, "/disk/New.Adc");
-  desk.When("MessageBox", [](QWidget& box) { box.close(); });
+  const std::string path = desk.Folder / "New.Adc";
+  test::WriteContent(path, "no firmware");
+  DropFile(*menu, path);
+  EXPECT_EQ(test::TopWindow("Maintenance"), nullptr);
+  desk.When("Maintenance", [this](QWidget&) { EXPECT_EQ(Text("Panel1"), "Maintenance"); });
+  desk.When("MessageBox", [](QWidget& box) {
+    EXPECT_NE(test::TopWindow("Maintenance"), nullptr);
+    box.close();
+  });
   desk.Loop.WaitMs(Shell::kTimer2Ms);
-  ASSERT_THAT(desk.Boxes, SizeIs(1));
-  EXPECT_EQ(desk.Boxes[0].Title, "Download New Firmware");
-  EXPECT_THAT(desk.Boxes[0].Text, ::testing::HasSubstr("Firmware file: /disk/New.Adc"));
-  EXPECT_THAT(desk.Boxes[0].Text, ::testing::Not(::testing::HasSubstr("format")));
+  ASSERT_THAT(desk.Boxes, SizeIs(1)) << "no file is asked for";
+  EXPECT_EQ(desk.Boxes[0].Title, "Download Error");
+  EXPECT_THAT(desk.LogLines(), ::testing::Contains("   Firmware file open: " + path));
+  EXPECT_EQ(test::TopWindow("Maintenance"), nullptr) << "it leaves behind the download";
+  EXPECT_EQ(Text("Panel1"), "Ready");
+  EXPECT_FALSE(shell.FlowActive());
 }
 
 TEST_F(Flows, OnlyASingleFileOfThisComputerIsTakenAndNoneWhileACommandRuns) {

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+
+#include "maintenance/firmware_progress.h"
+#include "maintenance/ui/service_dialog.h"
+#include "platform/clock.h"
+
+class QProgressBar;
+class QPushButton;
+
+namespace morvane {
+class ShownValue;
+}
+
+namespace morvane::maintenance {
+
+/// `Firmware`: a download as it goes. Escape and the close box cancel it.
+class FirmwareWindow final : public ServiceDialog, public FirmwareView {
+ public:
+  FirmwareWindow(const Clock& clock, FirmwareDownload& download, QWidget* parent);
+  FirmwareWindow(const FirmwareWindow&) = delete;
+  FirmwareWindow& operator=(const FirmwareWindow&) = delete;
+  ~FirmwareWindow() override;
+
+  void ShowDownload() override;
+
+  void reject() override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QWidget* MakeBody();
+  QWidget* MakeFacts();
+  QWidget* MakeSteps();
+  QWidget* MakeProgress();
+  QWidget* MakeCounters();
+  QWidget* MakeButtons();
+  void ShowAll();
+  void ShowSteps();
+  void ShowCounters();
+  [[nodiscard]] QString TimeLeft() const;
+
+  const Clock& clock_;
+  FirmwareDownload& download_;
+  FirmwareProgress progress_;
+  ShownValue* doing_ = nullptr;
+  std::array<ShownValue*, FirmwareProgress::kSteps.size()> steps_{};
+  QProgressBar* Download_bar_ = nullptr;
+  ShownValue* blocks_ = nullptr;
+  ShownValue* left_ = nullptr;
+  ShownValue* lblFrames_ = nullptr;
+  ShownValue* lblSum_ = nullptr;
+  ShownValue* lblComm_ = nullptr;
+  ShownValue* lblProg_ = nullptr;
+  ShownValue* fault_ = nullptr;
+  QPushButton* Command1_ = nullptr;
+};
+
+}  // namespace morvane::maintenance
