@@ -81,6 +81,8 @@ void FeedPlain(std::span<const std::uint8_t> bytes) {
     machine.Write(handle, std::span(frame).first(size), written);
     CheckReplies(machine, handle);
   }
+  machine.TakeLatch(true);
+  machine.TakeLatch(false);  // what was loaded boots, if it does
   std::size_t cards = 0;
   for (const auto& pile : machine.CardsByPocket()) cards += pile.size();
   Require(cards <= simulator::Pile::kCapacity);

@@ -57,19 +57,19 @@ bool Gone(const QSerialPort& port) {
 }
 
 #ifndef _WIN32
-/// A pseudo-terminal stays barred behind a program that died, for as long as its other end lives.
-void UnbarPseudoTerminal(int file) {
+bool IsPseudoTerminal(int file) {
   const char* const name = ttyname(file);
-  if (name != nullptr && std::string_view(name).starts_with("/dev/pts/")) ioctl(file, TIOCNXCL);
+  return name != nullptr && std::string_view(name).starts_with("/dev/pts/");
 }
 #endif
 
 /// Takes the device for this program alone, by whatever name another asks for it. The system's own
-/// bar does not stop its administrator.
+/// bar does not stop its administrator, and a pseudo-terminal would stay barred behind a program
+/// that died, for as long as its other end lives.
 bool TakeAlone([[maybe_unused]] const QSerialPort& port) {
 #ifndef _WIN32
   if (flock(port.handle(), LOCK_EX | LOCK_NB) != 0) return false;
-  UnbarPseudoTerminal(port.handle());
+  if (IsPseudoTerminal(port.handle())) ioctl(port.handle(), TIOCNXCL);
 #endif
   return true;
 }
@@ -79,7 +79,7 @@ bool TakeAlone([[maybe_unused]] const QSerialPort& port) {
 void SetPseudoLine([[maybe_unused]] const QSerialPort& port, [[maybe_unused]] bool up) {
 #ifndef _WIN32
   termios settings{};
-  if (tcgetattr(port.handle(), &settings) != 0) return;
+  if (!IsPseudoTerminal(port.handle()) || tcgetattr(port.handle(), &settings) != 0) return;
   cfsetspeed(&settings, up ? B115200 : B0);
   tcsetattr(port.handle(), TCSANOW, &settings);
 #endif

@@ -67,6 +67,14 @@ TEST(WireBytes, CounterOfANewMachineIsALongFrame) {
   EXPECT_EQ(reply[135], 0xB1);  // B3 + 134 x 15h: the 135th key
 }
 
+TEST(WireBytes, TheStartOfADownload) {
+  Talk talk;
+  // 29 5F: S = 88, keys 88 9F B6 CD E4 FB 12.
+  talk.Write({0xA1, 0xC0, 0xB6, 0xCD, 0xE4, 0xFB, 0x12, 0x77});
+  // 29 00: S = 29.
+  EXPECT_EQ(talk.Read(8), (Bytes{0x00, 0x3E, 0x53, 0x68, 0x7D, 0x92, 0xA7, 0xD6}));
+}
+
 TEST(WireBytes, BoardLabel) {
   Talk talk;
   talk.Machine.InsertBoard(1);
