@@ -17,8 +17,7 @@ using ::testing::Not;
 using ::testing::StartsWith;
 
 struct Desk : CliDesk {
-  explicit Desk(const std::string& more = "")
-      : CliDesk(false, Asked(more.empty() ? "" : "," + more)) {
+  explicit Desk(const std::string& more = "") : CliDesk(false, Asked(more)) {
     PutFile(CodeOf(2, 0x83));
   }
   void PutFile(const std::string& code, const std::string& bitstream = std::string(200, 'b')) {
@@ -43,7 +42,7 @@ TEST(MaintainFirmware, IsDoneWhenTheMachineSaysThatItHoldsIt) {
 }
 
 TEST(MaintainFirmware, LoadsAMachineThatHoldsNone) {
-  Desk desk("boot=0.00");
+  Desk desk(",boot=0.00");
   EXPECT_EQ(desk.Load(), kDone);
   EXPECT_EQ(desk.Screen.Output, "Soft_ver: 2.83\n");
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("In the machine: no firmware\n"));
@@ -77,7 +76,7 @@ TEST(MaintainFirmware, AMachineWithVideoSettingsRefusesAnOlderOne) {
 }
 
 TEST(MaintainFirmware, AFaultIsToldWithItsBlockAndWithWhatTheMachineHoldsThen) {
-  Desk desk("flash=0x201:2");
+  Desk desk(",flash=0x201:2");
   EXPECT_EQ(desk.Load(), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("Error: 2 during programming at 513"));
   EXPECT_THAT(desk.Screen.Errors,
@@ -89,7 +88,7 @@ TEST(MaintainFirmware, AFaultIsToldWithItsBlockAndWithWhatTheMachineHoldsThen) {
 }
 
 TEST(MaintainFirmware, ARefusedStartLeavesTheOldOne) {
-  Desk desk("flash=start:5");
+  Desk desk(",flash=start:5");
   EXPECT_EQ(desk.Load(), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("Error 5 before the first block.\n"));
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("Nothing was written.\n"));
@@ -97,7 +96,7 @@ TEST(MaintainFirmware, ARefusedStartLeavesTheOldOne) {
 }
 
 TEST(MaintainFirmware, ABlockThatWasPassedOverIsSeenWhenTheMachineStarts) {
-  Desk desk("flash=0x201:3");
+  Desk desk(",flash=0x201:3");
   EXPECT_EQ(desk.Load(), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("New Firmware downloaded OK"));
   EXPECT_THAT(desk.Screen.Errors, EndsWith("it can only be loaded with one.\n"));
@@ -124,7 +123,7 @@ TEST(MaintainFirmware, AMachineThatReportsAnotherVersionIsNotCalledLoaded) {
 
 // The first contact is 2 s from the start; the wire takes 12 ms a block of some 1000.
 TEST(MaintainFirmware, BrokenOffItSaysWhatTheMachineHoldsAndASecondOneSucceeds) {
-  Desk desk;
+  Desk desk(",speed=1");
   const std::string half(65000, 'x');
   desk.PutFile(half, half);
   desk.Loop.After(4000, [&] { desk.Loop.Quit(); });

@@ -46,6 +46,7 @@ class ServiceDesk : public ::testing::Test {
     sim = std::make_unique<simulator::WiredMachine>(options);
     machine.Link.UsbHandle = 7;
     machine.Link.SetLinkTimeouts(200);
+    bridge.OnLatch = [this](bool on) { sim->TakeLatch(on); };
     bridge.Answer = [this](const test::Bytes& plain) { return Answered(plain); };
     bridge.Sent.clear();
     bridge.Calls.clear();

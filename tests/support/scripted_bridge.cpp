@@ -132,6 +132,7 @@ UsbXpress::Status ScriptedBridge::Read(Handle, std::span<std::uint8_t> bytes, st
 }
 
 UsbXpress::Status ScriptedBridge::WriteLatch(Handle, std::uint8_t mask, std::uint8_t value) {
+  if (OnLatch && (mask & 1U) != 0) OnLatch((value & 1U) != 0);
   return Note("WriteLatch", std::to_string(mask) + " " + std::to_string(value));
 }
 

@@ -39,6 +39,7 @@ class ScriptedBridge final : public UsbXpress {
   Status FailureStatus = kInvalidParameter;
   /// The bytes that come back for a plain frame; they join what is still unread.
   std::function<Bytes(const Bytes& plain)> Answer;
+  std::function<void(bool on)> OnLatch;
   /// Plain replies, one for each frame sent; used when `Answer` is not set. An empty one is
   /// silence.
   std::deque<Bytes> Replies;
