@@ -179,7 +179,7 @@ TEST_F(MachineEndToEnd, ABadPackIsWrongUsageOfTheOtherProgramsToo) {
 }
 
 TEST_F(MachineEndToEnd, AStoreThatKeepsNothingIsToldOnce) {
-  const std::string trouble = "store=" + folder.Path() + " keeps no parameters: Is a directory\n";
+  const std::string trouble = "store=" + folder.Path() + " keeps nothing: Is a directory\n";
   const auto machine = Start({"--machine", "simulated,speed=0,store=" + folder.Path()});
   SetFile("set.pbn", 1, 1);
   EXPECT_EQ(Deal(Named(*machine)).Err, "") << "the machine's own affair";

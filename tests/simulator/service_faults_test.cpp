@@ -14,8 +14,19 @@ struct Asked {
 };
 
 std::vector<Asked> AllAsked() {
-  std::vector<Asked> all{{{26}, 26}, {{18, 1, 0}, 18}, {{18, 2, 0}, 18},    {{50}, 178},
-                         {{35}, 35}, {{30}, 158},      {{23, 0x11, 0}, 23}, {{23, 0, 1}, 23}};
+  std::vector<Asked> all{{{26}, 26},
+                         {{18, 1, 0}, 18},
+                         {{18, 2, 0}, 18},
+                         {{50}, 178},
+                         {{35}, 35},
+                         {{30}, 158},
+                         {{23, 0x11, 0}, 23},
+                         {{23, 0, 1}, 23},
+                         {{41, 95}, 41},
+                         {{170, 98}, 42},
+                         {{44, 93, 0, 192, 0, 0, 0}, 44},
+                         {{173, 92, 0, 192, 0, 0, 0}, 45},
+                         {{43, 90, 0, 99, 99, 99, 99}, 43}};
   for (std::uint8_t subCode = 1; subCode <= 14; ++subCode) all.push_back({{17, subCode}, 17});
   for (std::uint8_t selector = 0; selector <= 4; ++selector) all.push_back({{27, selector, 0}, 27});
   for (std::uint8_t page = 0; page <= 7; ++page) all.push_back({{51, 0, page}, 179});
