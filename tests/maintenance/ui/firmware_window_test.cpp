@@ -50,12 +50,16 @@ class FirmwareWindowTest : public ConsoleDesk {
       test::Press(dialog, Qt::Key_Return);
     });
   }
-  /// The whole of it, but for a box that tells of its end.
-  void Run() {
+  /// `look` at the box that tells of its end, where one does.
+  void Run(const std::function<void(QWidget&)>& look = nullptr) {
     if (window == nullptr) Contact();
     WriteFile();
     ChooseFile();
+    if (look) desk.When("MessageBox", look);
     Click("Download");
+  }
+  void RunUntilTold() {
+    Run([](QWidget& box) { box.close(); });
   }
   static QWidget* Shown() { return test::TopWindow("Firmware"); }
   static std::string TextOf(const char* name) { return test::TextOf(*Shown(), name); }
@@ -112,8 +116,7 @@ TEST_F(FirmwareWindowTest, TellsOfTheFileAndHowFarItHasCome) {
     EXPECT_TRUE(test::Find<QWidget>(*Shown(), "Step_1").font().bold());
     EXPECT_FALSE(test::Find<QWidget>(*Shown(), "Step_2").font().bold());
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_THAT(blocks, ElementsAre(1, 2, 0x201, 0x200, 0));
   // 128, 256 and 384 of 516 bytes.
   EXPECT_THAT(
@@ -139,8 +142,7 @@ TEST_F(FirmwareWindowTest, EachStepIsUnderWayInItsTurn) {
     for (const auto& step : Steps()) line += " | " + step;
     shown.insert(line);
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   const std::string none = " | Code: not begun | Bitstream: not begun | Headers: not begun";
   EXPECT_THAT(
       shown,
@@ -159,8 +161,7 @@ TEST_F(FirmwareWindowTest, TheTimeLeftIsKnownBehindTheFirstBlock) {
   bridge.OnFrame = [&] {
     if (Shown() != nullptr) left.push_back(TextOf("TimeLeft"));
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_THAT(left, ElementsAre("Time left: ...", "Time left: ...", "Time left: about 3 minutes",
                                 "Time left: about 2 minutes", "Time left: about 2 minutes",
                                 "Time left: less than a minute"));
@@ -177,8 +178,7 @@ TEST_F(FirmwareWindowTest, BadAnswersAndBlocksPassedOverAreCounted) {
   };
   std::vector<std::string> counters;
   Behind = [&](int /*block*/) { counters = Counters(); };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_THAT(blocks, ElementsAre(1, 1, 2, 0x201, 0x201, 0x200, 0));
   EXPECT_THAT(counters, ElementsAre("Frames: 3", "Sum: 1", "Comm: 2", "Prog: 1"));
   EXPECT_EQ(desk.Boxes.at(0).Title, "Firmware download") << "it is done all the same";
@@ -186,12 +186,12 @@ TEST_F(FirmwareWindowTest, BadAnswersAndBlocksPassedOverAreCounted) {
 
 TEST_F(FirmwareWindowTest, AtFullSpeedItIsNotShownBlockByBlock) {
   Contact();
-  test::WriteContent(path, FirmwareBytes(25'600, 200, 2, 0));  // 200 blocks, of 2 ms
+  test::WriteContent(path, FirmwareBytes(25'600, 200, 2, '\x91'));  // 200 blocks, of 2 ms
   blockMs = 2;
   std::set<std::string> shown;
   Behind = [&](int /*block*/) { shown.insert(TextOf("lblFrames")); };
-  desk.AnswerBox(QMessageBox::Ok);
   ChooseFile();
+  desk.AnswerBox(QMessageBox::Ok);
   Click("Download");
   EXPECT_THAT(blocks, SizeIs(203));
   // Every 50 ms of 400, and where a phase begins.
@@ -205,8 +205,7 @@ TEST_F(FirmwareWindowTest, WhateverIsOnTheScreenAPhaseAndAnErrorAreShownAtOnce) 
   bridge.OnFrame = [&] {
     if (Shown() != nullptr) counters.push_back(TextOf("lblFrames") + ", " + TextOf("lblProg"));
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   // Before the start, 1, 2 (the last was shown just now), 0x201 (an error), 0x200 (a phase), and 0.
   EXPECT_THAT(counters,
               ElementsAre("Frames: 0, Prog: 0", "Frames: 0, Prog: 0", "Frames: 0, Prog: 0",
@@ -258,8 +257,7 @@ TEST_F(FirmwareWindowTest, EnterHeldDownOverTheFileDialogCancelsNothing) {
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
     QApplication::sendEvent(&test::Find<QWidget>(*Shown(), "Command1"), &held);
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_THAT(blocks, SizeIs(5));
 }
 
@@ -274,8 +272,7 @@ TEST_F(FirmwareWindowTest, TheHeadersCannotBeCancelled) {
     EXPECT_FALSE(CanCancel());
     EXPECT_EQ(TextOf("Doing"), "Writing the headers. From here on it cannot be cancelled.");
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_EQ(tried, 2);
   EXPECT_THAT(blocks, SizeIs(5));
   EXPECT_EQ(desk.Boxes.at(0).Title, "Firmware download");
@@ -294,7 +291,7 @@ TEST_F(FirmwareWindowTest, TheEndOfTheProgramEndsIt) {
 
 TEST_F(FirmwareWindowTest, AFaultStandsInItsOwnLine) {
   statuses[0x201] = 2;
-  desk.When("MessageBox", [&](QWidget& box) {
+  Run([&](QWidget& box) {
     EXPECT_EQ(TextOf("Fault"), "Error 2 at block 513");
     EXPECT_EQ(TextOf("Doing"), "The machine holds no whole firmware. It can be loaded again.");
     EXPECT_THAT(Steps(),
@@ -304,7 +301,6 @@ TEST_F(FirmwareWindowTest, AFaultStandsInItsOwnLine) {
     EXPECT_EQ(TextOf("TimeLeft"), "");
     box.close();
   });
-  Run();
   EXPECT_THAT(blocks, ElementsAre(1, 2, 0x201));
   ASSERT_THAT(desk.Boxes, SizeIs(1));
   EXPECT_EQ(desk.Boxes[0].Title, "Download Error");
@@ -313,13 +309,12 @@ TEST_F(FirmwareWindowTest, AFaultStandsInItsOwnLine) {
 
 TEST_F(FirmwareWindowTest, ARefusedStartHasWrittenNothing) {
   startStatus = 1;
-  desk.When("MessageBox", [&](QWidget& box) {
+  Run([&](QWidget& box) {
     EXPECT_EQ(TextOf("Fault"), "Error 1 before the first block");
     EXPECT_EQ(TextOf("Doing"), "The machine has refused the download. Nothing was written.");
     EXPECT_THAT(Steps(), Each(HasSubstr("not begun")));
     box.close();
   });
-  Run();
   EXPECT_THAT(blocks, IsEmpty());
 }
 
@@ -329,13 +324,12 @@ TEST_F(FirmwareWindowTest, ALostLinkClosesBothWindowsBehindOneBox) {
     camera.Answer = nullptr;
     simulated.PowerOff();
   };
-  desk.When("MessageBox", [&](QWidget& box) {
+  Run([&](QWidget& box) {
     EXPECT_EQ(TextOf("Doing"), "The machine holds no whole firmware. It can be loaded again.");
     EXPECT_EQ(TextOf("lblComm"), "Comm: 2");
     EXPECT_FALSE(CanCancel());
     box.close();
   });
-  Run();
   EXPECT_EQ(Shown(), nullptr);
   EXPECT_FALSE(window->isVisible());
   EXPECT_TRUE(console.Closed());
@@ -347,12 +341,11 @@ TEST_F(FirmwareWindowTest, WithoutTheLastAnswerTheOutcomeIsNotKnown) {
   camera.OnWire = [&](test::Bytes& wire) {
     if (!blocks.empty() && blocks.back() == 0) wire.clear();
   };
-  desk.When("MessageBox", [&](QWidget& box) {
+  Run([&](QWidget& box) {
     EXPECT_EQ(TextOf("Doing"), "It is not known what firmware the machine holds now.");
     EXPECT_THAT(Steps(), ElementsAre("Code: done", "Bitstream: done", "Headers: not completed"));
     box.close();
   });
-  Run();
   EXPECT_THAT(blocks, ElementsAre(1, 2, 0x201, 0x200, 0, 0));
   EXPECT_THAT(desk.LogLines(), Not(Contains("   Firmware downloaded OK")));
 }
@@ -403,8 +396,7 @@ TEST_F(FirmwareWindowTest, FitsASmallScreen) {
     EXPECT_TRUE(screen.contains(Shown()->frameGeometry()));
     looked = true;
   };
-  desk.AnswerBox(QMessageBox::Ok);
-  Run();
+  RunUntilTold();
   EXPECT_TRUE(looked);
 }
 
