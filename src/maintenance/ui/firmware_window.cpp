@@ -49,9 +49,10 @@ ShownValue* NewFact(const char* name, const char* spoken, const QString& text, Q
   return fact;
 }
 
+/// What belongs together stands close.
 void NoMargins(QLayout& layout) {
   layout.setContentsMargins(0, 0, 0, 0);
-  layout.setSpacing(kServiceSpacing);
+  layout.setSpacing(kServiceSpacing / 2);
 }
 
 }  // namespace
@@ -75,7 +76,7 @@ QWidget* FirmwareWindow::MakeBody() {
   auto* body = new QWidget(this);
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
-  column->setSpacing(kServiceMargin);
+  column->setSpacing(2 * kServiceSpacing);
   column->addWidget(MakeFacts());
   doing_ = new ShownValue("Doing", "What happens", body);
   QStringList doings;
@@ -86,6 +87,7 @@ QWidget* FirmwareWindow::MakeBody() {
   column->addWidget(MakeProgress());
   column->addWidget(MakeCounters());
   fault_ = new ShownValue("Fault", "Fault", body);
+  SetBold(*fault_, true);
   KeepSizeFor(*fault_, {kWidestFault});
   column->addWidget(fault_);
   column->addStretch();
