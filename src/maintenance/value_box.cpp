@@ -9,13 +9,17 @@ namespace morvane::maintenance {
 void ValueBox::Change(FilteredBox& box) { FilterNumberZero(box, text_, limits_.Upper); }
 
 void ValueBox::Leave() {
-  if (text_.empty() || Value() < limits_.Lower) text_ = std::to_string(limits_.Lower);
+  if (text_.empty() || WideValue() < limits_.Lower) text_ = std::to_string(limits_.Lower);
 }
 
-void ValueBox::Put(int value) { text_ = std::to_string(std::clamp(value, 0, limits_.Upper)); }
+void ValueBox::Put(std::int64_t value) {
+  text_ = std::to_string(std::clamp<std::int64_t>(value, 0, limits_.Upper));
+}
 
-void ValueBox::Take(int value) { text_ = taken_ = std::to_string(value); }
+void ValueBox::Take(std::int64_t value) { text_ = taken_ = std::to_string(value); }
 
 int ValueBox::Value() const { return Val(text_); }
+
+std::int64_t ValueBox::WideValue() const { return WideVal(text_); }
 
 }  // namespace morvane::maintenance

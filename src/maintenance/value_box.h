@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "text/number_filter.h"
@@ -9,8 +10,8 @@ namespace morvane::maintenance {
 /// What a value box takes: more than `Upper` cannot be typed, and a box that is left with less than
 /// `Lower` gets `Lower` in its place.
 struct BoxLimits {
-  int Upper = 255;
-  int Lower = 0;
+  std::int64_t Upper = 255;
+  std::int64_t Lower = 0;
 };
 
 /// A box with a number of the machine's, in decimal. Its text is the only working copy; a text that
@@ -24,14 +25,16 @@ class ValueBox {
   /// The focus leaves it: an empty box, too, gets its lower limit.
   void Leave();
   /// As if it had been typed.
-  void Put(int value);
+  void Put(std::int64_t value);
   /// What the machine holds.
-  void Take(int value);
+  void Take(std::int64_t value);
 
   [[nodiscard]] const BoxLimits& Limits() const { return limits_; }
   [[nodiscard]] const std::string& Text() const { return text_; }
   /// An empty box counts as 0.
   [[nodiscard]] int Value() const;
+  /// The same where 32 bits fit in.
+  [[nodiscard]] std::int64_t WideValue() const;
   /// The machine has told its value.
   [[nodiscard]] bool Known() const { return !taken_.empty(); }
   /// Another number than the machine's stands in it.

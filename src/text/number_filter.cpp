@@ -6,10 +6,10 @@
 namespace morvane {
 namespace {
 
-bool IsNumber(const std::string& text, int limit) {
+bool IsNumber(const std::string& text, std::int64_t limit) {
   if (text.empty()) return true;
   return text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos &&
-         Val(text) <= limit;
+         WideVal(text) <= limit;
 }
 
 bool KeepOrRestore(FilteredBox& box, std::string& previous, bool valid) {
@@ -24,11 +24,11 @@ bool KeepOrRestore(FilteredBox& box, std::string& previous, bool valid) {
 
 }  // namespace
 
-bool FilterNumber(FilteredBox& box, std::string& previous, int limit) {
+bool FilterNumber(FilteredBox& box, std::string& previous, std::int64_t limit) {
   return KeepOrRestore(box, previous, IsNumber(box.Text, limit));
 }
 
-bool FilterNumberZero(FilteredBox& box, std::string& previous, int limit) {
+bool FilterNumberZero(FilteredBox& box, std::string& previous, std::int64_t limit) {
   return KeepOrRestore(box, previous, box.Text == "0" || IsNumber(box.Text, limit));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace morvane {
@@ -18,10 +19,10 @@ struct FilteredBox {
 /// the first place or a value above `limit` makes the text invalid; an empty text is accepted. An
 /// invalid text gives way to `previous` and the caret moves one to the left unless it stood at the
 /// start; a valid text becomes the new `previous`. Whether the text was valid.
-bool FilterNumber(FilteredBox& box, std::string& previous, int limit);
+bool FilterNumber(FilteredBox& box, std::string& previous, std::int64_t limit);
 
 /// The same, but a lone "0" is accepted.
-bool FilterNumberZero(FilteredBox& box, std::string& previous, int limit);
+bool FilterNumberZero(FilteredBox& box, std::string& previous, std::int64_t limit);
 
 /// The event boxes' rule: a text longer than `kLongestEventText` gives way to `previous` in the
 /// same manner. Whether the text was short enough.

@@ -93,13 +93,17 @@ std::string Trim(std::string_view text) {
 }
 
 int Val(std::string_view text) {
+  return static_cast<int>(std::min<std::int64_t>(WideVal(text), 1'000'000'000));
+}
+
+std::int64_t WideVal(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  long long value = 0;
+  std::int64_t value = 0;
   for (const char c : text) {
     if (c < '0' || c > '9') break;
-    value = std::min(value * 10 + (c - '0'), 1'000'000'000LL);
+    value = std::min<std::int64_t>(value * 10 + (c - '0'), 10'000'000'000);
   }
-  return static_cast<int>(value);
+  return value;
 }
 
 }  // namespace morvane

@@ -42,5 +42,7 @@ namespace morvane {
 /// The value of the digits at the start of `text` (blanks before them skipped); 0 without any. It
 /// stops at 1,000,000,000: a larger number has that value.
 [[nodiscard]] int Val(std::string_view text);
+/// The same for numbers of 32 bits; it stops at 10,000,000,000.
+[[nodiscard]] std::int64_t WideVal(std::string_view text);
 
 }  // namespace morvane

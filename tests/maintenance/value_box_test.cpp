@@ -31,6 +31,18 @@ TEST(ValueBox, TooHighANumberIsRefusedAtOnce) {
   EXPECT_EQ(Typed(threshold, "91"), "90");
 }
 
+TEST(ValueBox, TakesAsManyBitsAsItsLimitHas) {
+  ValueBox box(BoxLimits{.Upper = 4'294'967'295});
+  EXPECT_EQ(Typed(box, "4294967295"), "4294967295");
+  EXPECT_EQ(box.WideValue(), 4'294'967'295);
+  EXPECT_EQ(Typed(box, "4294967296"), "4294967295");
+  EXPECT_EQ(Typed(box, "18446744073709551617"), "4294967295");
+  box.Put(5'000'000'000);
+  EXPECT_EQ(box.Text(), "4294967295");
+  box.Take(4'294'967'295);
+  EXPECT_FALSE(box.Edited());
+}
+
 TEST(ValueBox, LettersAreRefusedAndTheCaretStepsBack) {
   ValueBox box;
   box.Take(4);

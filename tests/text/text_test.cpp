@@ -44,6 +44,9 @@ TEST(Text, ValReadsTheLeadingDigits) {
   EXPECT_EQ(Val(" 12x"), 12);
   EXPECT_EQ(Val(""), 0);
   EXPECT_EQ(Val("99999999999999"), 1'000'000'000);
+  EXPECT_EQ(WideVal(" 4294967295x"), 4'294'967'295);
+  EXPECT_EQ(WideVal("4294967296"), 4'294'967'296);
+  EXPECT_EQ(WideVal("99999999999999999999"), 10'000'000'000);
 }
 
 struct Typed {

@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
+#include <string>
 #include <utility>
 
 #include "maintenance/ui/service_widgets.h"
@@ -11,6 +13,7 @@ namespace morvane::maintenance {
 namespace {
 
 constexpr int kCorner = 7;  // the mark, in pixels
+constexpr qsizetype kLeastDigits = 5;
 
 }  // namespace
 
@@ -20,7 +23,9 @@ ValueEdit::ValueEdit(ValueBox& box, const char* name, const QString& spokenName,
   setObjectName(name);
   setAccessibleName(spokenName);
   setAlignment(Qt::AlignRight);
-  setFixedWidth(fontMetrics().horizontalAdvance("00000"));
+  const auto digits = static_cast<qsizetype>(std::to_string(box.Limits().Upper).size());
+  setFixedWidth(
+      fontMetrics().horizontalAdvance(QString(std::max(digits + 2, kLeastDigits), QChar('0'))));
   SelectWholeOnFocus();
 }
 
