@@ -16,6 +16,7 @@ class ConsoleService : public maintenance::MaintenanceView {
   void ShowAll() final;
   void ShowPicture() override {}
   void Magnify() final {}
+  void ShowAdvance(maintenance::AdvanceForm& /*form*/) override {}
   std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
       maintenance::AutoSetup& /*setup*/) override {
     return std::make_unique<maintenance::AutoSetupView>();

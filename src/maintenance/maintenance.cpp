@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "machine/gates.h"
+#include "maintenance/advance_form.h"
 #include "maintenance/auto_setup_command.h"
 #include "text/box_text.h"
 #include "wire/service_commands.h"
@@ -243,6 +244,16 @@ void Maintenance::MeetAnew() {
 void Maintenance::Magnify() {
   if (program_.ServiceLevel == 0 || Timer3m_ != nullptr) return;
   AtLink([this] { view_->Magnify(); });
+}
+
+/// What it has changed is shown behind it.
+void Maintenance::Advance() {
+  if (!controls_.Download) return;
+  AtLink([this] {
+    AdvanceForm form(program_, link_, controls_.MachineKnown);
+    view_->ShowAdvance(form);
+    if (controls_.MachineKnown) ReadIdentity(link_, identity_);
+  });
 }
 
 }  // namespace morvane::maintenance

@@ -64,6 +64,8 @@ class Maintenance final : private ConsoleHost {
   void Download(const std::string& path = {});
   /// A click on the picture: `Magnify1`, for technicians.
   void Magnify();
+  /// The factory's form, once the machine has been spoken with; also where it holds no firmware.
+  void Advance();
 
   // What the window shows.
   [[nodiscard]] ConsolePoll& Console() { return poll_; }

@@ -7,6 +7,7 @@
 
 namespace morvane::maintenance {
 
+class AdvanceForm;
 class AutoSetup;
 class FirmwareDownload;
 class Maintenance;
@@ -24,6 +25,8 @@ class MaintenanceView {
   virtual void ShowPicture() = 0;
   /// Brings up `Magnify1`, until it is closed.
   virtual void Magnify() = 0;
+  /// Brings up `Advance_form` and opens `form` in it, until that is closed.
+  virtual void ShowAdvance(AdvanceForm& form) = 0;
   /// Shows the window `AutoSetup` and gives it away; it goes when it is destroyed.
   [[nodiscard]] virtual std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) = 0;
   /// The same of the window `Firmware`.

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "maintenance/advance_form.h"
 #include "maintenance/auto_setup.h"
 #include "maintenance/maintenance.h"
 #include "maintenance/service_desk.h"
@@ -26,6 +27,8 @@ class NotedView final : public MaintenanceView {
   std::function<void()> OnShow;    ///< while all, or the picture, is shown
   std::function<void()> OnSearch;  ///< while the search of Auto Setup is
   std::function<void()> OnMagnify;
+  int Advances = 0;
+  std::function<void(AdvanceForm&)> OnAdvance;  ///< while its form is there, opened
   void ShowReadings() override { ++Readings; }
   void ShowAll() override {
     ++All;
@@ -38,6 +41,12 @@ class NotedView final : public MaintenanceView {
   void Magnify() override {
     ++Magnified;
     if (OnMagnify) OnMagnify();
+  }
+  void ShowAdvance(AdvanceForm& form) override {
+    ++Advances;
+    AdvanceView nobody;
+    form.Open(nobody);
+    if (OnAdvance) OnAdvance(form);
   }
   std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override {
     struct NotedSearch final : AutoSetupView {

@@ -29,6 +29,7 @@ const std::vector<Event> kEvents{
     {"Showb", [](auto&, auto& console) { console.Bench().Showb(); }},
     {"AutoSetup_command", [](auto&, auto& console) { console.AutoSetup_command(); }},
     {"Picture1", [](auto&, auto& console) { console.Magnify(); }},
+    {"Advance", [](auto&, auto& console) { console.Advance(); }},
     {"the close box", [](auto&, auto& console) { console.Exit(); }, true},
 };
 

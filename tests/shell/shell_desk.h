@@ -101,6 +101,7 @@ class FakeWindows final : public FlowWindows {
       void ShowAll() override {}
       void ShowPicture() override {}
       void Magnify() override {}
+      void ShowAdvance(maintenance::AdvanceForm& /*form*/) override {}
       std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
           maintenance::AutoSetup& /*setup*/) override {
         return std::make_unique<maintenance::AutoSetupView>();

@@ -29,7 +29,10 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
             for (ValueEdit* box : {Test6_, Test7_}) box->Leave();
             maintenance_.Developer().Test_write();
           },
-          this)) {
+          this)),
+      Advance_(NewServiceButton(
+          "Advance", "Ad&vance", [&maintenance] { maintenance.Advance(); }, this)) {
+  Advance_->setToolTip("The factory's form: record, counters, tools for firmware");
   Test_->setToolTip("Asks the machine for its diagnosis text, when the box is empty");
   TestText_->setObjectName("TestText");
   TestText_->setAccessibleName("Diagnosis of the machine");
@@ -48,13 +51,14 @@ DeveloperPanel::DeveloperPanel(Maintenance& maintenance, QWidget* parent)
   column->addWidget(Test_, 0, Qt::AlignLeft);
   column->addWidget(TestText_, 1);
   column->addLayout(numbers);
-  column->addWidget(NewLaterButton("Advance", "Advance", this), 0, Qt::AlignLeft);
+  column->addWidget(Advance_, 0, Qt::AlignLeft);
 }
 
 void DeveloperPanel::Show() {
   for (QWidget* control : std::initializer_list<QWidget*>{Test_, Test6_, Test7_, Test_write_}) {
     control->setEnabled(maintenance_.Controls().MachineKnown);
   }
+  Advance_->setEnabled(maintenance_.Controls().Download);
   // Setting it anew would scroll it back.
   const QString text = ToQt(maintenance_.Developer().TestText);
   if (TestText_->toPlainText() != text) TestText_->setPlainText(text);

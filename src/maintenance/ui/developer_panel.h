@@ -23,6 +23,7 @@ class DeveloperPanel final : public QWidget {
   ValueEdit* Test6_;
   ValueEdit* Test7_;
   QPushButton* Test_write_;
+  QPushButton* Advance_;
 };
 
 }  // namespace morvane::maintenance

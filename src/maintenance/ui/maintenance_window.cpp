@@ -10,7 +10,9 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "maintenance/advance_form.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/ui/advance_window.h"
 #include "maintenance/ui/auto_setup_window.h"
 #include "maintenance/ui/card_panel.h"
 #include "maintenance/ui/developer_panel.h"
@@ -158,6 +160,13 @@ void MaintenanceWindow::Magnify() {
   MagnifyWindow window(maintenance_.Bench().Pictures(), this);
   window.show();
   program_.Loop.RunUntil([&window] { return !window.isVisible(); });
+}
+
+void MaintenanceWindow::ShowAdvance(AdvanceForm& form) {
+  AdvanceWindow window(program_, form, this);
+  window.show();
+  form.Open(window);
+  program_.Loop.RunUntil([&form] { return form.Closed(); });
 }
 
 std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& setup) {

@@ -40,6 +40,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void ShowAll() override;
   void ShowPicture() override;
   void Magnify() override;
+  void ShowAdvance(AdvanceForm& form) override;
   std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override;
   std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) override;
   void Close() override;

@@ -155,7 +155,7 @@ TEST_F(MaintenanceWindowTest, TwoNumbersAreSentAndAnEmptyOneIs0) {
 TEST_F(MaintenanceWindowTest, WhatIsNotThereYetSaysSo) {
   Service(2);
   Contact();
-  for (const char* name : {"Advance", "Calibrate_Board_Switch"}) {
+  for (const char* name : {"Calibrate_Board_Switch"}) {
     EXPECT_FALSE(Enabled(name)) << name;
     EXPECT_EQ(test::Find<QWidget>(*window, name).toolTip().toStdString(),
               Text(name) + " is not available in this version yet");

@@ -315,6 +315,7 @@ class EveryWindow : public MainMenuTest {
     }
     LookAtPages(window, look);
     LookAtMagnify(*pictures, window, look);
+    LookAtAdvance(console, look);
     LookAtAutoSetup(window, look);  // it writes the parameters: nothing is lost at the end
     LookAtFirmware(window, look);
     console.Exit();
@@ -328,6 +329,20 @@ class EveryWindow : public MainMenuTest {
     desk.Loop.Pump();
     look(window);
     window.close();
+  }
+
+  /// As the factory has it.
+  void LookAtAdvance(maintenance::Maintenance& console, const Look& look) {
+    const int before = std::exchange(desk.Prog.ServiceLevel, 2);
+    desk.When("Advance_form", [&](QWidget& window) {
+      desk.Loop.After(100, [&] {  // it reads the machine
+        window.activateWindow();
+        look(window);
+        window.close();
+      });
+    });
+    console.Advance();
+    desk.Prog.ServiceLevel = before;
   }
 
   /// In the middle of a search that finds nothing: the card is another.
