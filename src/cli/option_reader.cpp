@@ -9,14 +9,16 @@
 namespace morvane::cli {
 namespace {
 
-/// The number from 1 on that the whole text is; blanks around it and a plus sign are no harm.
-std::optional<int> NumberOf(const std::string& text) {
+/// The number from `lowest` on that the whole text is; blanks around it and a plus sign are no
+/// harm.
+template <typename Number>
+std::optional<Number> NumberOf(const std::string& text, Number lowest) {
   const std::string digits = Trim(text);
   const char* const end = digits.data() + digits.size();
   const char* const begin = digits.data() + (digits.starts_with("+") ? 1 : 0);
-  int number = 0;
+  Number number = 0;
   const auto result = std::from_chars(begin, end, number);
-  if (result.ec != std::errc() || result.ptr != end || number < 1) return std::nullopt;
+  if (result.ec != std::errc() || result.ptr != end || number < lowest) return std::nullopt;
   return number;
 }
 
@@ -62,9 +64,18 @@ std::vector<std::string> OptionReader::Texts(std::string_view name) const {
 std::optional<int> OptionReader::Number(std::string_view name) {
   const auto text = Text(name);
   if (!text) return std::nullopt;
-  const auto number = NumberOf(*text);
+  const auto number = NumberOf(*text, 1);
   if (!number) Wrong(name, *text, "a number above 0");
   return number;
+}
+
+std::optional<std::int64_t> OptionReader::NumberUpTo(std::string_view name, std::int64_t highest) {
+  const auto text = Text(name);
+  if (!text) return std::nullopt;
+  const auto number = NumberOf<std::int64_t>(*text, 0);
+  if (number && *number <= highest) return number;
+  Wrong(name, *text, "a number from 0 to " + std::to_string(highest));
+  return std::nullopt;
 }
 
 std::optional<std::string> OptionReader::BoardNumber(std::string_view name) {

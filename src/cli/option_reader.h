@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -36,6 +37,8 @@ class OptionReader {
   [[nodiscard]] std::vector<std::string> Texts(std::string_view name) const;
   /// A number from 1 on.
   std::optional<int> Number(std::string_view name);
+  /// A number from 0 to `highest`.
+  std::optional<std::int64_t> NumberUpTo(std::string_view name, std::int64_t highest);
   /// What a board number box takes; whether there is such a board is seen when it is used.
   std::optional<std::string> BoardNumber(std::string_view name);
   /// "on" or "off".

@@ -18,6 +18,7 @@
 #include "cli/maintain_parameters_command.h"
 #include "cli/maintain_picture_command.h"
 #include "cli/maintain_recognise_command.h"
+#include "cli/maintain_record_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -35,7 +36,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 28> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 29> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -57,6 +58,7 @@ constexpr std::array<const Command*, 28> kCommands{&kGenerateCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
                                                    &kMaintainFirmwareCommand,
+                                                   &kMaintainRecordCommand,
                                                    &kFirmwareFileCommand,
                                                    &kBootCCommand,
                                                    &kTxtHexCommand,

@@ -114,4 +114,20 @@ ServiceLines RecognitionLines(const maintenance::RecognitionBench::Texts& texts)
   return lines;
 }
 
+ServiceLines RecordLines(const maintenance::AdvanceForm& form) {
+  ServiceLines lines{{"Adv_SerialNumber", form.Adv_SerialNumber.Text()},
+                     {"Adv_Day", form.Adv_Day.Text()},
+                     {"Adv_month", form.Adv_month.Text()},
+                     {"Adv_Year", form.Adv_Year.Text()}};
+  for (const maintenance::HardwareBox& box : maintenance::kHardwareBoxes) {
+    lines.push_back({std::string(box.Name), form.IsChecked(box) ? "1" : "0"});
+  }
+  lines.push_back({"Curr_HID", std::to_string(form.Curr_HID())});
+  lines.push_back({"Boards_dealt", form.Boards_dealt.Text()});
+  for (std::size_t i = 0; i < form.Counters().size(); ++i) {
+    lines.push_back({"Error_view_" + std::to_string(i), std::to_string(form.Counters()[i])});
+  }
+  return lines;
+}
+
 }  // namespace morvane::cli

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "maintenance/advance_form.h"
 #include "maintenance/maintenance.h"
 
 namespace morvane::cli {
@@ -34,6 +35,9 @@ using ServiceLines = std::vector<ServiceLine>;
 
 /// What the bench shows of a card; `Focus` where the machine's is shown at all.
 [[nodiscard]] ServiceLines RecognitionLines(const maintenance::RecognitionBench::Texts& texts);
+
+/// The manufacturing record and the counters, the check boxes as 0 or 1.
+[[nodiscard]] ServiceLines RecordLines(const maintenance::AdvanceForm& form);
 
 /// The captions of the indexes, by `CardSettings::Index`.
 inline constexpr std::array<std::string_view, 3> kIndexCaptions{"Standard", "Jumbo", "Small"};

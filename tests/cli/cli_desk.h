@@ -19,6 +19,7 @@
 #include "cli/maintain_parameters_command.h"
 #include "cli/maintain_picture_command.h"
 #include "cli/maintain_recognise_command.h"
+#include "cli/maintain_record_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -146,6 +147,9 @@ struct CliDesk {
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainFirmwareOptions& options) {
     return DoOn(usb, nullptr, MaintainFirmware, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainRecordOptions& options) {
+    return DoOn(usb, nullptr, MaintainRecord, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainInfoOptions& options) {
     return DoOn(usb, nullptr, MaintainInfo, options);

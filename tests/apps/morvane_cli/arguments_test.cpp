@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"maintain"},
                    "unknown command: maintain; there is maintain info, maintain watch, "
                    "maintain parameters, maintain picture, maintain recognise, "
-                   "maintain auto-setup"},
+                   "maintain auto-setup, maintain record"},
         WrongUsage{{"help", ""}, "unknown command: "},
         WrongUsage{{"help", "deal", "show"}, "help: wrong number of commands"},
         WrongUsage{{"poker", "print", "a"}, "poker print: wrong number of files"},
@@ -192,6 +192,45 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"maintain", "recognise", "--font", "bold"}, "--font bold: wanted 0, 1 or 2"},
         WrongUsage{{"maintain", "auto-setup", "--font", "1"},
                    "--font does not belong to maintain auto-setup"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Record, WrongUsageTest,
+    ::testing::Values(WrongUsage{{"maintain", "record", "--serial", "65536"},
+                                 "--serial 65536: wanted a number from 0 to 65535"},
+                      WrongUsage{{"maintain", "record", "--serial=-1"},
+                                 "--serial -1: wanted a number from 0 to 65535"},
+                      WrongUsage{{"maintain", "record", "--hardware", "32"},
+                                 "--hardware 32: wanted a number from 0 to 31"},
+                      WrongUsage{{"maintain", "record", "--hardware", "0x1F"},
+                                 "--hardware 0x1F: wanted a number from 0 to 31"},
+                      WrongUsage{{"maintain", "record", "--boards-dealt", "4294967296"},
+                                 "--boards-dealt 4294967296: wanted a number from 0 to 4294967295"},
+                      WrongUsage{{"maintain", "record", "--boards-dealt", ""},
+                                 "--boards-dealt : wanted a number from 0 to 4294967295"},
+                      WrongUsage{{"maintain", "record", "--date", "2026-02-31"},
+                                 "--date 2026-02-31: wanted a day as 2026-03-09"},
+                      WrongUsage{{"maintain", "record", "--date", "1900-02-29"},
+                                 "--date 1900-02-29: wanted a day as 2026-03-09"},
+                      WrongUsage{{"maintain", "record", "--date", "2026-13-01"},
+                                 "--date 2026-13-01: wanted a day as 2026-03-09"},
+                      WrongUsage{{"maintain", "record", "--date", "2026-3-9"},
+                                 "--date 2026-3-9: wanted a day as 2026-03-09"},
+                      WrongUsage{{"maintain", "record", "--date", "09.03.2026"},
+                                 "--date 09.03.2026: wanted a day as 2026-03-09"},
+                      WrongUsage{{"maintain", "record", "--date", "2026-03-00"},
+                                 "--date 2026-03-00: wanted a day as 2026-03-09"}));
+
+TEST(Arguments, TheLimitsOfTheRecordAreTaken) {
+  for (const auto& [option, value] :
+       std::vector<std::pair<const char*, const char*>>{{"--serial", "0"},
+                                                        {"--serial", "65535"},
+                                                        {"--hardware", "31"},
+                                                        {"--boards-dealt", "4294967295"},
+                                                        {"--date", "2024-02-29"},
+                                                        {"--date", "0000-12-31"}}) {
+    EXPECT_EQ(Parsed({"maintain", "record", option, value}).Error, "") << option << value;
+  }
+}
 
 TEST(Arguments, TheLimitsOfAParameterAreTaken) {
   for (const char* const change :
