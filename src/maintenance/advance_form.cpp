@@ -198,12 +198,12 @@ bool AdvanceForm::EraseErrors() {
 
 std::string AdvanceForm::Error_view() const {
   constexpr std::size_t kNumber = 2;
-  constexpr std::size_t kValue = 12;
+  constexpr std::size_t kValue = 11;
   std::string text;
   for (std::size_t i = 0; i < kCounters; ++i) {
     text += Right(i, kNumber) + ":" + Right(counters_[i], kValue);
     const bool ends = i % kCountersInLine == kCountersInLine - 1;
-    text += !ends ? "   " : i + 1 < kCounters ? "\n" : "";
+    text += !ends ? "  " : i + 1 < kCounters ? "\n" : "";
   }
   return text;
 }

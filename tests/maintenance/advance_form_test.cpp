@@ -55,9 +55,9 @@ TEST_F(Form, TheErrorsAreListedByTheirNumbersFourInALine) {
   const std::string text = form->Error_view();
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 15) << "64 in 16 lines";
   EXPECT_EQ(text.substr(0, text.find('\n')),
-            " 0:  4294967295    1:           0    2:           0    3:          12");
-  EXPECT_NE(text.find("\n32:           7   33:           0"), std::string::npos);
-  EXPECT_TRUE(text.ends_with("   63:           1"));
+            " 0: 4294967295   1:          0   2:          0   3:         12");
+  EXPECT_NE(text.find("\n32:          7  33:          0"), std::string::npos);
+  EXPECT_TRUE(text.ends_with("  63:          1"));
 }
 
 TEST_F(Form, AMachineWithoutARecordIsShownAsItIs) {

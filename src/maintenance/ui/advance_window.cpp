@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <array>
 
@@ -22,6 +24,7 @@ namespace morvane::maintenance {
 namespace {
 
 constexpr int kServiceLevelToSet = 2;
+constexpr qsizetype kErrorColumns = 62;  // of a line of `Error_view`
 
 /// The letters of the check boxes, by `kHardwareBoxes`, each at the word's begin.
 constexpr std::array<const char*, kHardwareBoxes.size()> kWordsWithLetter{"Flip", "Sony", "Reader",
@@ -156,6 +159,10 @@ QWidget* AdvanceWindow::MakeErrors() {
   Error_view_->setTabChangesFocus(true);
   Error_view_->setLineWrapMode(QPlainTextEdit::NoWrap);
   Error_view_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  const int text = Error_view_->fontMetrics().horizontalAdvance(QString(kErrorColumns, QChar('0')));
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const auto around = static_cast<int>(Error_view_->document()->documentMargin());
+  Error_view_->setMinimumWidth(text + bar + 2 * (around + Error_view_->frameWidth() + 1));
   NewGrid(group)->addWidget(Error_view_);
   return group;
 }

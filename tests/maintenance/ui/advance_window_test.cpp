@@ -86,7 +86,7 @@ TEST_F(Advance, ShowsTheRecordTheCountersAndTheTools) {
     EXPECT_EQ(test::TextOf(form, "Curr_HID"), "103");  // 0x67
     EXPECT_EQ(test::TextOf(form, "Boards_dealt"), "70000");
     const QString errors = test::Find<QPlainTextEdit>(form, "Error_view").toPlainText();
-    EXPECT_TRUE(errors.contains(" 5:           3")) << errors.toStdString();
+    EXPECT_TRUE(errors.contains(" 5:          3")) << errors.toStdString();
     EXPECT_TRUE(test::Find<QPlainTextEdit>(form, "Error_view").isReadOnly());
   });
 }
@@ -235,8 +235,8 @@ TEST_F(Advance, SetsTheBoardsAndClearsTheErrorsOnAYes) {
     desk.AnswerBox(QMessageBox::Ok);
     test::Click(form, "ErrorClear");
     const QString errors = test::Find<QPlainTextEdit>(form, "Error_view").toPlainText();
-    EXPECT_TRUE(errors.contains(" 0:  4294967295")) << errors.toStdString();
-    EXPECT_TRUE(errors.contains(" 5:           0")) << errors.toStdString();
+    EXPECT_TRUE(errors.contains(" 0: 4294967295")) << errors.toStdString();
+    EXPECT_TRUE(errors.contains(" 5:          0")) << errors.toStdString();
   });
   EXPECT_THAT(writes, ElementsAre(52, 43));
   EXPECT_EQ(Text("Boards_dealed"), "4294967295");
