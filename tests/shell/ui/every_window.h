@@ -331,12 +331,10 @@ class EveryWindow : public MainMenuTest {
     window.close();
   }
 
-  /// As the factory has it.
   void LookAtAdvance(maintenance::Maintenance& console, const Look& look) {
     const int before = std::exchange(desk.Prog.ServiceLevel, 2);
     desk.When("Advance_form", [&](QWidget& window) {
       desk.Loop.After(100, [&] {  // it reads the machine
-        window.activateWindow();
         look(window);
         window.close();
       });
