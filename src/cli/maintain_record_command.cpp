@@ -44,7 +44,7 @@ class RecordService final : public ConsoleService {
     Type(form);
     const wire::ManufacturingRecord wanted = form.Record();
     if (wanted == before) return SayHeld(options_.Serial || options_.Hardware || options_.Date);
-    return MayGoOn() && form.Update() && IsHeld(form.Record() == wanted);
+    return MayGoOn() && form.Update();
   }
   void Type(AdvanceForm& form) const {
     if (options_.Serial) form.Adv_SerialNumber.Put(*options_.Serial);
@@ -63,7 +63,7 @@ class RecordService final : public ConsoleService {
     const std::int64_t wanted = *options_.BoardsDealt;
     if (form.Boards_dealt.WideValue() == wanted) return SayHeld(true);
     form.Boards_dealt.Put(wanted);
-    return MayGoOn() && form.Clear_boards() && IsHeld(form.Boards_dealt.WideValue() == wanted);
+    return MayGoOn() && form.Clear_boards();
   }
   /// Nobody has interrupted it.
   [[nodiscard]] bool MayGoOn() const { return !job_.Place.Prog.Loop.Quitting(); }
@@ -72,10 +72,6 @@ class RecordService final : public ConsoleService {
       job_.Place.Screen.Error("Nothing is written: the machine holds these values already.\n");
     }
     return true;
-  }
-  bool IsHeld(bool held) {
-    if (!held) job_.Place.Screen.Error("The machine does not hold what was written.\n");
-    return held;
   }
 
   Job& job_;

@@ -147,8 +147,14 @@ bool AdvanceForm::WriteRecord() {
     return false;
   }
   torn_ = false;
+  if (!ReadRecord() || !IsHeld(Record() == record)) return false;
   Tell("         Parameters updated OK          ", kOkInformation);
-  return ReadRecord();
+  return true;
+}
+
+bool AdvanceForm::IsHeld(bool held) {
+  if (!held) Tell("      The machine does not hold what was written      ", kOkCritical);
+  return held;
 }
 
 template <typename Reply>
@@ -173,9 +179,9 @@ bool AdvanceForm::Clear_boards() {
 
 /// The frame has no answer: what the machine has made of it is read.
 bool AdvanceForm::SetBoards() {
-  return link_.Write(
-             wire::SetCounterCommand{static_cast<std::uint32_t>(Boards_dealt.WideValue())}) &&
-         ReadCounters(0);
+  const auto boards = static_cast<std::uint32_t>(Boards_dealt.WideValue());
+  return link_.Write(wire::SetCounterCommand{boards}) && ReadCounters(0) &&
+         IsHeld(counters_[0] == boards);
 }
 
 bool AdvanceForm::ErrorClear() {

@@ -108,6 +108,7 @@ class AdvanceForm {
   template <typename Reply>
   [[nodiscard]] bool IsProgrammed(const std::optional<Reply>& reply);
   bool SetBoards();
+  [[nodiscard]] bool IsHeld(bool held);
   bool EraseErrors();
   void Pause();
   void Tell(const std::string& text, int flags);
@@ -120,8 +121,8 @@ class AdvanceForm {
   std::uint16_t hardware_ = 0;
   std::array<std::uint32_t, kCounters> counters_{};
   bool known_ = false;
-  bool torn_ =
-      false;  ///< the machine's record has been erased, and no other has been written whole
+  /// The machine's record has been erased, and no other has been written whole.
+  bool torn_ = false;
   bool busy_ = false;
   bool leaving_ = false;  ///< somebody wants to leave, once the work is done
   bool closed_ = false;

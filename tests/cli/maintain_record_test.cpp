@@ -162,7 +162,7 @@ TEST(MaintainRecord, WhatTheMachineDoesNotHoldThenIsAFailure) {
     desk.Paper.HearsRecord = false;
     desk.Paper.HearsCounter = false;
     EXPECT_EQ(desk.Ask(options), kFailed);
-    EXPECT_THAT(desk.Screen.Errors, EndsWith("The machine does not hold what was written.\n"));
+    EXPECT_THAT(desk.Screen.Errors, EndsWith("The machine does not hold what was written\n"));
     EXPECT_EQ(desk.Screen.Output, "");
   }
 }

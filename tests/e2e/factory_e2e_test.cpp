@@ -67,6 +67,22 @@ TEST_F(FactoryEndToEnd, AFirmwareFileHoldsBothPieces) {
                                                    std::string(54981, '\x02'));
 }
 
+TEST_F(FactoryEndToEnd, WhatIsMadeIsLoadedStartsAndShowsItsVersion) {
+  std::string code(20, '\x01');
+  code[0x10] = '\x02';
+  code[0x11] = '\x85';
+  test::WriteContent(folder / "code.dsp", code);
+  test::WriteContent(folder / "logic.bit", std::string(54981, '\x02'));
+  EXPECT_EQ(Run({"firmware-file", "code.dsp", "logic.bit", "new.adc"}).Status, 0);
+  const std::string machine = "simulated,speed=0,boot=0.00,store=" + (folder / "store");
+  const Outcome loaded = Run({"--machine", machine, "maintain", "firmware", "new.adc"});
+  EXPECT_EQ(loaded.Status, 0) << loaded.Err;
+  EXPECT_EQ(loaded.Out, "Soft_ver: 2.85\n");
+  const Outcome info = Run({"--machine", machine, "maintain", "info"});
+  EXPECT_THAT(info.Out, HasSubstr("\nSoft_ver: 2.85\n")) << "and so it is when it is started again";
+  EXPECT_EQ(CountLines("   Firmware downloaded OK"), 1);
+}
+
 TEST_F(FactoryEndToEnd, WhatCannotBeDoneEndsWith1AndWrongUsageWith2) {
   test::WriteContent(folder / "boot.adb", std::string(8193, 'A'));
   const Outcome refused = Run({"boot-c", "boot.adb", "boot.c"});

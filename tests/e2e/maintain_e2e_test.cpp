@@ -2,6 +2,7 @@
 
 #include "bridges/scripted_peer.h"
 #include "e2e/maintain_fixture.h"
+#include "maintenance/paper_flash.h"
 
 // The service console of the command line, with the simulated machine as another program at the
 // other end of a pseudo-terminal. Each run costs two seconds before the first contact.
@@ -48,6 +49,50 @@ TEST_F(MaintainEndToEnd, ParametersAreKeptWrittenAndBroughtBack) {
   EXPECT_EQ(back.Out, kept.Out);
   EXPECT_EQ(CountLines("   Parameters update: 11,22,"), 1) << "the index, then pos_x";
   EXPECT_EQ(CountLines("   Parameters update: 162,22,"), 1);
+}
+
+TEST_F(MaintainEndToEnd, AFirmwareIsLoadedOverTheLineAndAMachineThatIsStartedAgainHasIt) {
+  std::string code(400, '\x01');
+  code[0x10] = '\x02';
+  code[0x11] = '\x86';
+  test::WriteContent(folder / "new.adc", maintenance::FileOf(code, std::string(300, 'b')));
+  const Outcome loaded = Maintain(Start(), {"firmware", "new.adc"});
+  EXPECT_EQ(loaded.Status, 0) << loaded.Err;
+  EXPECT_EQ(loaded.Out, "Soft_ver: 2.86\n");
+  machine->Signal(SIGTERM);
+  machine->Finish();
+  EXPECT_THAT(Maintain(Start(), {"info"}).Out, HasSubstr("\nSoft_ver: 2.86\n"));
+}
+
+TEST_F(MaintainEndToEnd, ADownloadThatIsKilledLeavesAMachineThatCanBeLoaded) {
+  const std::string named = Start();
+  const std::string half(60000, 'x');
+  test::WriteContent(folder / "large.adc", maintenance::FileOf(half, half));
+  Process killed(On(named, {"firmware", "large.adc"}), Around());
+  ASSERT_TRUE(
+      killed.Until([&] { return killed.Err().find("In the machine: 2.90") != std::string::npos; }));
+  killed.Signal(SIGKILL);
+  killed.Finish();
+  const Outcome info = Maintain(named, {"info"});
+  EXPECT_THAT(info.Err, HasSubstr("The machine holds no firmware"));
+  test::WriteContent(folder / "new.adc",
+                     maintenance::FileOf(maintenance::CodeOf(2, 0x86), std::string(300, 'b')));
+  EXPECT_EQ(Maintain(named, {"firmware", "new.adc"}).Out, "Soft_ver: 2.86\n");
+}
+
+TEST_F(MaintainEndToEnd, ARecordIsWrittenWithItsBitsAndKeptWithoutPower) {
+  auto words = On(Start(",hardware=0x65"), {"record", "--serial", "77", "--hardware", "3", "--date",
+                                            "2026-03-09", "--boards-dealt", "12"});
+  words.insert(words.begin(), "--yes");
+  const Outcome written = Process(words, Around()).Finish();
+  EXPECT_EQ(written.Status, 0) << written.Err;
+  machine->Signal(SIGTERM);
+  machine->Finish();
+  const Outcome kept = Maintain(Start(), {"record"});
+  EXPECT_EQ(kept.Out, written.Out);
+  EXPECT_THAT(kept.Out, HasSubstr("Adv_SerialNumber: 77\n"));
+  EXPECT_THAT(kept.Out, HasSubstr("Curr_HID: 99\n")) << "0x63: bits 5 and 6 have stayed";
+  EXPECT_THAT(kept.Out, HasSubstr("Boards_dealt: 12\n"));
 }
 
 TEST_F(MaintainEndToEnd, WithNobodyToAskNothingIsWritten) {

@@ -159,11 +159,12 @@ TEST_F(Form, UpdateKeepsTheBitsThatHaveNoCheckBox) {
   EXPECT_EQ(paper.Block[3], 0x21);
 }
 
-TEST_F(Form, TheBoxesShowWhatTheMachineHasMadeOfIt) {
+TEST_F(Form, ARecordThatTheMachineDoesNotHoldIsNotCalledUpdated) {
   Open();
   Type(form->Adv_SerialNumber, "1");
   paper.HearsRecord = false;
-  EXPECT_TRUE(form->Update());
+  EXPECT_FALSE(form->Update());
+  ExpectBox("      The machine does not hold what was written      ", 16);
   EXPECT_EQ(form->Adv_SerialNumber.Text(), "4711");
 }
 
@@ -297,8 +298,10 @@ TEST_F(Form, BoardsThatTheMachineHasNotTakenShowWhatItHolds) {
   Open();
   Type(form->Boards_dealt, "");
   desk.Ui.Answers = {kYes};
-  form->Clear_boards();
+  EXPECT_FALSE(form->Clear_boards());
   EXPECT_TRUE(FramesAre(bridge.Sent, {"34 00 00 00 00 00 63", "33 00 00 .. .. .. .."}));
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Ui.Boxes[1].Text, "      The machine does not hold what was written      ");
   EXPECT_EQ(form->Boards_dealt.Text(), "70000");
 }
 

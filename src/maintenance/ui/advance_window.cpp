@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "maintenance/factory_tools.h"
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/value_edit.h"
 #include "platform/qt/qt_text.h"
@@ -44,8 +45,10 @@ QHBoxLayout* NewRow(QWidget* part) {
 
 }  // namespace
 
-AdvanceWindow::AdvanceWindow(const Program& program, AdvanceForm& form, QWidget* parent)
-    : ServiceDialog("Advance_form", "Morvane - Advance_Maintenance", parent), form_(form) {
+AdvanceWindow::AdvanceWindow(Program& program, AdvanceForm& form, QWidget* parent)
+    : ServiceDialog("Advance_form", "Morvane - Advance_Maintenance", parent),
+      program_(program),
+      form_(form) {
   QWidget* body = MakeBody(program.ServiceLevel);
   Fill(*this, body, MakeButtons());
   WatchButtons();
@@ -171,11 +174,25 @@ QWidget* AdvanceWindow::MakeTools() {
   auto* group = new QGroupBox("Tools", this);
   auto* column = new QVBoxLayout(group);
   column->setSpacing(kServiceSpacing);
-  column->addWidget(NewLaterButton("Boot", "&boot.adb -> boot.c", group));
-  column->addWidget(NewLaterButton("Prepare", "Code &Prepare", group));
-  column->addWidget(NewLaterButton("txt_hex", "t&xt -> hex", group));
+  const auto add = [&](const char* name, const char* caption, bool (*tool)(Program&),
+                       const char* made) {
+    column->addWidget(NewServiceButton(
+        name, caption, [this, tool, made] { Use(tool, made); }, group));
+  };
+  add("Boot", "&boot.adb -> boot.c", Boot, "The C file is written.");
+  add("Prepare", "Code &Prepare", Prepare, "The firmware file is written.");
+  add("txt_hex", "t&xt -> hex", txt_hex, "Intel HEX is written.");
+  lblTool_ = new ShownValue("lblTool", "What the tool has done", group);
+  lblTool_->setWordWrap(true);
+  column->addWidget(lblTool_);
   column->addStretch();
   return group;
+}
+
+/// Not every tool has a box of its own for a good end.
+void AdvanceWindow::Use(bool (*tool)(Program&), const char* made) {
+  ShowChanged(*lblTool_, "");
+  ShowChanged(*lblTool_, tool(program_) ? made : "Nothing is written.");
 }
 
 QWidget* AdvanceWindow::MakeButtons() {

@@ -4,6 +4,7 @@
 
 #include "maintenance/advance_form.h"
 #include "maintenance/ui/service_dialog.h"
+#include "program/program.h"
 
 class QCheckBox;
 class QGroupBox;
@@ -23,7 +24,7 @@ class ValueEdit;
 class AdvanceWindow final : public ServiceDialog, public AdvanceView {
  public:
   /// `form` outlives it. Below service level 2 nothing can be set.
-  AdvanceWindow(const Program& program, AdvanceForm& form, QWidget* parent);
+  AdvanceWindow(Program& program, AdvanceForm& form, QWidget* parent);
 
   void ShowAll() override;
   void reject() override { form_.Close(); }
@@ -40,13 +41,16 @@ class AdvanceWindow final : public ServiceDialog, public AdvanceView {
   ValueEdit* Add(ValueBox& box, const char* name, const char* spoken, QWidget* parent);
   void ShowHardware();
   void ShowErrors();
+  void Use(bool (*tool)(Program&), const char* made);
 
+  Program& program_;
   AdvanceForm& form_;
   std::vector<ValueEdit*> boxes_;
   std::vector<QCheckBox*> bits_;  ///< by `kHardwareBoxes`
   ShownValue* Curr_HID_ = nullptr;
   std::vector<QPushButton*> setters_;
   QPlainTextEdit* Error_view_ = nullptr;
+  ShownValue* lblTool_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

@@ -300,6 +300,36 @@ TEST_F(Advance, BelowServiceLevelTwoNothingCanBeSet) {
   }
 }
 
+TEST_F(Advance, AToolWritesItsFileAndSaysSo) {
+  Start();
+  test::WriteContent(desk.Folder / "boot.adb", "ab");
+  Form([&](QWidget& form) {
+    for (const auto& [dialog, file] : {std::pair("cdOpen", desk.Folder / "boot.adb"),
+                                       std::pair("cdSave", desk.Folder / "boot.c")}) {
+      desk.When(dialog, [file = file](QWidget& shown) {
+        test::Type(shown, file);
+        test::Press(shown, Qt::Key_Return);
+      });
+    }
+    desk.AnswerBox(QMessageBox::Ok);
+    PressLetter(form, Qt::Key_B, "Boot");
+    EXPECT_EQ(test::Find<QLabel>(form, "lblTool").text(), "The C file is written.");
+  });
+  EXPECT_TRUE(test::Content(desk.Folder / "boot.c").starts_with("const unsigned char boot[] = {"));
+  EXPECT_THAT(writes, IsEmpty());
+}
+
+TEST_F(Advance, AToolThatIsGivenNoFileSaysThatNothingIsWritten) {
+  Start();
+  Form([&](QWidget& form) {
+    for (const char* tool : {"Boot", "Prepare", "txt_hex"}) {
+      desk.When("cdOpen", [](QWidget& dialog) { test::Press(dialog, Qt::Key_Escape); });
+      test::Click(form, tool);
+      EXPECT_EQ(test::Find<QLabel>(form, "lblTool").text(), "Nothing is written.") << tool;
+    }
+  });
+}
+
 /// Boot bytes 0.
 class AdvanceWithoutFirmware : public Advance {
  protected:
