@@ -90,7 +90,7 @@ void WatchAtTerminal(LinkParts& parts) {
 }
 
 void WatchAtDesktop(LinkParts& parts) {
-  AtDesktop(parts, "", [](shell::Shell& shell) { shell.MenuMaintenance(); });
+  AtDesktop(parts, "", [](const Desktop& desktop) { desktop.Shell.MenuMaintenance(); });
 }
 
 /// Whether all stayed under what is wanted.

@@ -54,7 +54,7 @@ int Run(const Options& options) {
   AtTerminal(terminal, [&](cli::Job& job) { return cli::MaintainFirmware(job, {.File = file}); });
   const bool good = Show("By the command line:", terminal.Gaps.Noted());
   LinkParts desktop(path, test::LinkGaps::Of::kDownloads);
-  AtDesktop(desktop, '"' + file + '"', [](shell::Shell& /*shell*/) {});
+  AtDesktop(desktop, '"' + file + '"', [](const Desktop& /*done*/) {});
   return Show("By the desktop's window:", desktop.Gaps.Noted()) && good ? 0 : 1;
 }
 

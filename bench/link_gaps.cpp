@@ -13,11 +13,9 @@
 #include <cstdio>
 
 #include "bench/dealt_set.h"
-#include "bench/link_parts.h"
+#include "bench/link_programs.h"
 #include "bench/options.h"
 #include "cli/job.h"
-#include "shell/ui/main_menu.h"
-#include "shell/ui/qt_windows.h"
 #include "support/qt_desk.h"
 
 namespace morvane::bench {
@@ -27,12 +25,8 @@ constexpr double kWantedPerCent = 1;
 constexpr int kLookMs = 100;
 
 void DealAtTerminal(LinkParts& parts, const BoardSet& set) {
-  UnseenTerminal terminal;
-  ConsoleUi ui(terminal, parts.Random, /*yes=*/false);
-  Program program(parts.On(ui), parts.Paths());
-  cli::Workplace place{program, ui, terminal, parts.Gaps, parts.NoPrograms};
-  cli::RunJob(place, "", [&](cli::Job& job) {
-    program.Set = set;
+  AtTerminal(parts, [&](cli::Job& job) {
+    job.Place.Prog.Set = set;
     cli::RunRequest request;
     request.Auto = true;
     job.Windows.RunBy(request, {});
@@ -73,19 +67,12 @@ class QuickOperator {
 };
 
 void DealAtDesktop(LinkParts& parts, const BoardSet& set) {
-  QtUi ui(parts.Loop);
-  Program program(parts.On(ui), parts.Paths());
-  shell::QtWindows windows(program);
-  LoneInstance alone;
-  shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
-  shell::MainMenu menu(program, shell);
-  windows.SetMainMenu(menu);
-  ui.SetMainWindow(menu.ForUi());
-  static_cast<void>(shell.StartUp(""));
-  program.Set = set;
-  menu.RefreshSet();
-  const QuickOperator quick(parts.Loop);
-  shell.MenuDeal();
+  AtDesktop(parts, "", [&](const Desktop& desktop) {
+    desktop.Prog.Set = set;
+    desktop.Menu.RefreshSet();
+    const QuickOperator quick(parts.Loop);
+    desktop.Shell.MenuDeal();
+  });
 }
 
 /// Whether the gaps of all `boards` stayed under what is wanted.

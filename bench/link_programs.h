@@ -18,8 +18,13 @@ void AtTerminal(LinkParts& parts, const Command& command) {
   cli::RunJob(place, "", command);
 }
 
-/// What `work` does with the shell of a desktop at the line's machine that was started with
-/// `commandLine`.
+struct Desktop {
+  Program& Prog;
+  shell::MainMenu& Menu;
+  shell::Shell& Shell;
+};
+
+/// What `work` does with a `Desktop` at the line's machine that was started with `commandLine`.
 template <typename Work>
 void AtDesktop(LinkParts& parts, const std::string& commandLine, const Work& work) {
   QtUi ui(parts.Loop);
@@ -31,7 +36,7 @@ void AtDesktop(LinkParts& parts, const std::string& commandLine, const Work& wor
   windows.SetMainMenu(menu);
   ui.SetMainWindow(menu.ForUi());
   static_cast<void>(shell.StartUp(commandLine));
-  work(shell);
+  work(Desktop{program, menu, shell});
 }
 
 }  // namespace morvane::bench

@@ -50,9 +50,9 @@ class Presser {
 };
 
 void FetchAtDesktop(LinkParts& parts) {
-  AtDesktop(parts, "", [&](shell::Shell& shell) {
+  AtDesktop(parts, "", [&](const Desktop& desktop) {
     const Presser presser(parts);
-    shell.MenuMaintenance();
+    desktop.Shell.MenuMaintenance();
   });
 }
 

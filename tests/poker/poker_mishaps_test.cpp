@@ -129,7 +129,8 @@ TEST_F(PokerMishaps, TheCheckOfBoardsIsLeftToTheRunsThatHaveBoards) {
   desk.Store.Set(kCheckBoard, "1");
   simulator::Options options = AtOnce();
   options.Hardware = 0;
-  sim = simulator::WiredMachine(options);
+  std::destroy_at(&sim);
+  std::construct_at(&sim, options);
   Contact();
   EXPECT_EQ(desk.Store.Get(kCheckBoard), "1");
 }

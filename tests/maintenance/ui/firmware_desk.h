@@ -3,8 +3,8 @@
 #include <QProgressBar>
 #include <map>
 
+#include "maintenance/paper_flash.h"
 #include "maintenance/ui/console_desk.h"
-#include "maintenance/ui/firmware_bytes.h"
 #include "maintenance/ui/firmware_window.h"
 
 namespace morvane::maintenance {
@@ -24,8 +24,8 @@ class FirmwareDesk : public ConsoleDesk {
 
   /// 300 bytes are the blocks 1, 2 and 0 with their header, 200 are 0x201 and 0x200: 516 with the
   /// head of the file.
-  void WriteFile(char major = 2, char minor = '\x91') {
-    test::WriteContent(path, FirmwareBytes(300, 200, major, minor));
+  void WriteFile(int major = 2, int minor = 0x91) {
+    test::WriteContent(path, FileOf(CodeOf(major, minor, 300), std::string(200, 'b')));
   }
   void SetUp() override {
     ConsoleDesk::SetUp();

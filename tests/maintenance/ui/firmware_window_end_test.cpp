@@ -155,7 +155,7 @@ TEST_F(FirmwareWindowEnd, TheLastAnswerTellsThatItIsDone) {
   Contact();
   ServiceLink link(desk.Prog, machine, [] {});
   const ServiceLink::Turn turn(link);
-  const auto file = FirmwareIn(FirmwareBytes(300, 200, 2, 0), path);
+  const auto file = FirmwareIn(FileOf(CodeOf(2, 0, 300), std::string(200, 'b')), path);
   FirmwareDownload download(desk.Prog, link, machine, *file, [] { return false; });
   FirmwareWindow shown(desk.Clock, download, window.get());
   download.Run(shown);

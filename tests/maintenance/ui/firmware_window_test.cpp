@@ -106,7 +106,8 @@ TEST_F(FirmwareWindowTest, BadAnswersAndBlocksPassedOverAreCounted) {
 
 TEST_F(FirmwareWindowTest, AtFullSpeedItIsNotShownBlockByBlock) {
   Contact();
-  test::WriteContent(path, FirmwareBytes(25'600, 200, 2, '\x91'));  // 200 blocks, of 2 ms
+  test::WriteContent(
+      path, FileOf(CodeOf(2, 0x91, 25'600), std::string(200, 'b')));  // 200 blocks, of 2 ms
   blockMs = 2;
   std::set<std::string> shown;
   Behind = [&](int /*block*/) { shown.insert(TextOf("lblFrames")); };
@@ -136,10 +137,10 @@ TEST_F(FirmwareWindowTest, WhateverIsOnTheScreenAPhaseAndAnErrorAreShownAtOnce) 
 
 TEST_F(FirmwareWindowTest, TheFileIsNewerOlderOrTheSame) {
   Contact();
-  const std::vector<std::tuple<char, char, std::string>> files{
-      {'\x03', '\x00', "Version: 3.00, In the machine: 2.90, the file is newer"},
-      {'\x02', '\x90', "Version: 2.90, In the machine: 2.90, the file has the same"},
-      {'\x02', '\x8F', "Version: 2.8F, In the machine: 2.90, the file is older"}};
+  const std::vector<std::tuple<int, int, std::string>> files{
+      {3, 0x00, "Version: 3.00, In the machine: 2.90, the file is newer"},
+      {2, 0x90, "Version: 2.90, In the machine: 2.90, the file has the same"},
+      {2, 0x8F, "Version: 2.8F, In the machine: 2.90, the file is older"}};
   for (const auto& [major, minor, expected] : files) {
     std::string shown;
     Behind = [&](int block) {

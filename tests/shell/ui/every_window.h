@@ -21,8 +21,8 @@
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/paper_flash.h"
 #include "maintenance/ui/camera_bridge.h"
-#include "maintenance/ui/firmware_bytes.h"
 #include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/qt_printer.h"
@@ -368,7 +368,8 @@ class EveryWindow : public MainMenuTest {
   void LookAtFirmware(QWidget& console, const Look& look) {
     constexpr int kMiddle = 40;  // of 64 blocks
     const std::string path = desk.Folder / "Firmware 2.91.adc";
-    test::WriteContent(path, maintenance::FirmwareBytes(4000, 4000, 2, '\x91'));
+    test::WriteContent(
+        path, maintenance::FileOf(maintenance::CodeOf(2, 0x91, 4000), std::string(4000, 'b')));
     desk.When("cdOpen", [&path](QWidget& dialog) {
       test::Type(dialog, path);
       test::Press(dialog, Qt::Key_Return);
