@@ -11,7 +11,8 @@ namespace {
 std::string Usage() {
   return "Usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
          "\n"
-         "  PATH             the board file to load\n"
+         "  PATH             the board file to load; a firmware file (.adc) is loaded into the "
+         "machine\n"
          "  --machine M      usb (the default),\n"
          "                   " +
          simulator::OptionsUsage(19) +

@@ -25,9 +25,18 @@ ConsoleFirmware::ConsoleFirmware(Terminal& terminal, const Clock& clock,
 ConsoleFirmware::~ConsoleFirmware() {
   line_.Show("");
   outcome_ = DownloadOutcome{download_.Result(), download_.File().Version()};
-  if (outcome_->Known == FirmwareDownload::Outcome::kDone) return;
+  TellErrors();
   if (!download_.Fault().empty()) terminal_.Error(download_.Fault() + ".\n");
-  terminal_.Error(progress_.Doing() + "\n");
+  const bool well = outcome_->Known == FirmwareDownload::Outcome::kDone;
+  if (!well || download_.ProgErrors() > 0) terminal_.Error(progress_.Doing() + "\n");
+}
+
+void ConsoleFirmware::TellErrors() {
+  if (download_.CommErrors() + download_.ProgErrors() == 0) return;
+  terminal_.Error("Frames: " + std::to_string(download_.FramesCount()) +
+                  ", Sum: " + std::to_string(download_.SumErrors()) +
+                  ", Comm: " + std::to_string(download_.CommErrors()) +
+                  ", Prog: " + std::to_string(download_.ProgErrors()) + "\n");
 }
 
 void ConsoleFirmware::ShowDownload() {

@@ -30,6 +30,7 @@ class ConsoleFirmware final : public maintenance::FirmwareView {
 
  private:
   [[nodiscard]] std::string Line() const;
+  void TellErrors();
 
   Terminal& terminal_;
   const Clock& clock_;

@@ -63,12 +63,12 @@ MaintainFirmwareOptions ReadMaintainFirmwareOptions(OptionReader& given) {
 }
 
 ExitStatus MaintainFirmware(Job& job, const MaintainFirmwareOptions& options) {
-  const int before = job.Place.Operator.BoxesShown();
   bool done = false;
   Serve(job, std::nullopt, [&](Maintenance& console) {
     return std::make_unique<FirmwareService>(console, job.Place, options.File, done);
   });
-  if (!done) TellBreak(job, before);
+  // What the boxes before it have said is not the end of it.
+  if (!done) TellBreak(job, job.Place.Operator.BoxesShown());
   return done ? kDone : kFailed;
 }
 

@@ -43,7 +43,8 @@ class RecordService final : public ConsoleService {
     const wire::ManufacturingRecord before = form.Record();
     Type(form);
     const wire::ManufacturingRecord wanted = form.Record();
-    if (wanted == before) return SayHeld(options_.Serial || options_.Hardware || options_.Date);
+    if (wanted == before)
+      return SayHeld("this record", options_.Serial || options_.Hardware || options_.Date);
     return MayGoOn() && form.Update();
   }
   void Type(AdvanceForm& form) const {
@@ -61,16 +62,14 @@ class RecordService final : public ConsoleService {
   [[nodiscard]] bool SetBoards(AdvanceForm& form) {
     if (!options_.BoardsDealt) return true;
     const std::int64_t wanted = *options_.BoardsDealt;
-    if (form.Boards_dealt.WideValue() == wanted) return SayHeld(true);
+    if (form.Boards_dealt.WideValue() == wanted) return SayHeld("this number of boards", true);
     form.Boards_dealt.Put(wanted);
     return MayGoOn() && form.Clear_boards();
   }
   /// Nobody has interrupted it.
   [[nodiscard]] bool MayGoOn() const { return !job_.Place.Prog.Loop.Quitting(); }
-  bool SayHeld(bool asked) {
-    if (asked) {
-      job_.Place.Screen.Error("Nothing is written: the machine holds these values already.\n");
-    }
+  bool SayHeld(const std::string& what, bool asked) {
+    if (asked) job_.Place.Screen.Error("The machine holds " + what + " already.\n");
     return true;
   }
 
@@ -126,11 +125,11 @@ MaintainRecordOptions ReadMaintainRecordOptions(OptionReader& given) {
 
 ExitStatus MaintainRecord(Job& job, const MaintainRecordOptions& options) {
   bool done = false;
-  const int boxesBefore = job.Place.Operator.BoxesShown();
   Serve(job, std::nullopt, [&](maintenance::Maintenance& console) {
     return std::make_unique<RecordService>(console, job, options, done);
   });
-  if (!done) TellBreak(job, boxesBefore);
+  // What the boxes before it have said is not the end of it.
+  if (!done) TellBreak(job, job.Place.Operator.BoxesShown());
   return done ? kDone : kFailed;
 }
 

@@ -8,6 +8,11 @@ namespace morvane::machine {
 
 using wire::StatusReply;
 
+std::string VersionInHex(std::uint8_t major, std::uint8_t minor) {
+  const std::string digits = Hex2(major);
+  return (major < 16 ? digits.substr(1) : digits) + "." + Hex2(minor);
+}
+
 wire::StatusCommand Machine::Poll() const {
   return {static_cast<std::uint8_t>((PedalFlag != 0 ? wire::StatusCommand::kPedalAck : 0) |
                                     (BoxFlag != 0 ? wire::StatusCommand::kBoxAck : 0))};
@@ -27,9 +32,8 @@ std::string Machine::FirmwareVersion() const {
          std::to_string(Version.FirmwareMinor & 15U);
 }
 
-std::string Machine::FirmwareInHex() const {
-  const std::string major = Hex2(Version.FirmwareMajor);
-  return (Version.FirmwareMajor < 16 ? major.substr(1) : major) + "." + Hex2(Version.FirmwareMinor);
+void Machine::ForgetAnother() {
+  if (identified_ != Link.UsbProductString) HardwareId = 0;
 }
 
 void Machine::BeginExchange() {
@@ -74,6 +78,7 @@ void Machine::Take(const wire::IdentityReply& reply) {
   if (reply.Page != 1) return;
   SerialNumber = reply.High;
   HardwareId = reply.Low;
+  identified_ = Link.UsbProductString;
 }
 
 std::string StatusText(std::int32_t machineState) {

@@ -16,6 +16,9 @@ namespace morvane::machine {
 /// Who deals: a machine with cards in it, or one made of code.
 enum class MachineKind : std::uint8_t { kReal, kSimulated };
 
+/// "2.7F", of the bytes 02 and 7F.
+[[nodiscard]] std::string VersionInHex(std::uint8_t major, std::uint8_t minor);
+
 /// What the polls and the first contact tell of the machine, and the exchange by which anything is
 /// learnt from it.
 class Machine {
@@ -49,6 +52,9 @@ class Machine {
   wire::VersionReply Version;
   std::uint32_t HardwareId = 0;  ///< bits of `IdentityReply`
   std::uint32_t SerialNumber = 0;
+  /// Forgets the hardware of another machine than the one that the link is open to. A machine
+  /// without firmware cannot be asked for it.
+  void ForgetAnother();
 
   /// Hears of a good frame that came in the place of a reply. True: nobody has asked for it, the
   /// reply comes behind it.
@@ -125,7 +131,9 @@ class Machine {
   /// "2.90".
   [[nodiscard]] std::string FirmwareVersion() const;
   /// The same as the service has it, each digit in hexadecimal: "2.7F".
-  [[nodiscard]] std::string FirmwareInHex() const;
+  [[nodiscard]] std::string FirmwareInHex() const {
+    return VersionInHex(Version.FirmwareMajor, Version.FirmwareMinor);
+  }
   [[nodiscard]] bool HasHardware(std::uint16_t bit) const { return (HardwareId & bit) != 0; }
 
  private:
@@ -170,6 +178,7 @@ class Machine {
 
   Entropy& random_;
   MachineKind kind_;
+  std::string identified_;  ///< the product string of the machine whose `HardwareId` it is
   bool lateReply_ = false;
   bool told_ = false;  ///< what is received before the next exchange belongs to none
 };

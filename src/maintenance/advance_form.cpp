@@ -20,6 +20,13 @@ constexpr int kBlock = 192;
 
 constexpr std::size_t kCountersInLine = 4;
 
+/// As the log has it.
+std::string TextOf(const ManufacturingRecord& record) {
+  return std::to_string(record.SerialNumber) + "," + std::to_string(record.HardwareId) + "," +
+         std::to_string(record.Day) + "." + std::to_string(record.Month) + "." +
+         std::to_string(record.Year);
+}
+
 /// So many blanks before it that it is `width` wide.
 std::string Right(std::uint64_t number, std::size_t width) {
   const std::string digits = std::to_string(number);
@@ -49,6 +56,8 @@ void AdvanceForm::Close() {
     leaving_ = true;
     return;
   }
+  if (torn_)
+    Tell("      The machine may hold no manufacturing record: see the log      ", kOkExclamation);
   closed_ = true;
   view_->ShowAll();
 }
@@ -94,6 +103,7 @@ bool AdvanceForm::ReadRecord() {
   Adv_Day.Take(date->High >> 8U);
   Adv_month.Take(date->High & 0xFFU);
   Adv_Year.Take(date->Low);
+  held_ = Record();
   known_ = true;
   return true;
 }
@@ -126,7 +136,9 @@ ManufacturingRecord AdvanceForm::Record() const {
 bool AdvanceForm::Update() {
   if (!known_) return false;
   return Work([this] {
-    for (ValueBox* box : {&Adv_SerialNumber, &Adv_Day, &Adv_month, &Adv_Year}) box->Leave();
+    for (ValueBox* box : {&Adv_SerialNumber, &Adv_Day, &Adv_month, &Adv_Year}) {
+      if (box->Edited()) box->Leave();  // what nobody has typed stays as it was read
+    }
     return WriteRecord();
   });
 }
@@ -141,13 +153,14 @@ bool AdvanceForm::WriteRecord() {
          kOkExclamation);
     return false;
   }
+  program_.Log.WriteLine("   Manufacturing record: " + TextOf(held_) + " to " + TextOf(record));
   torn_ = true;
   if (!IsProgrammed(link_.Ask(wire::EraseRecordCommand{}))) return false;
   if (!IsProgrammed(link_.Ask(wire::WriteRecordCommand{.Block = {}, .Record = record}))) {
     return false;
   }
+  if (!ReadRecord() || !IsHeld(held_ == record)) return false;
   torn_ = false;
-  if (!ReadRecord() || !IsHeld(Record() == record)) return false;
   Tell("         Parameters updated OK          ", kOkInformation);
   return true;
 }

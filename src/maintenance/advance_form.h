@@ -119,6 +119,7 @@ class AdvanceForm {
   const bool machineKnown_;
   AdvanceView* view_ = nullptr;
   std::uint16_t hardware_ = 0;
+  wire::ManufacturingRecord held_;  ///< by the machine, as it was read
   std::array<std::uint32_t, kCounters> counters_{};
   bool known_ = false;
   /// The machine's record has been erased, and no other has been written whole.

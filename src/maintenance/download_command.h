@@ -22,7 +22,8 @@ class DownloadCommand {
   bool Run(const std::string& path, For whom);
 
  private:
-  void Transfer(const FirmwareFile& firmware, For whom);
+  bool Transfer(const FirmwareFile& firmware, For whom);
+  void TellEnd(const FirmwareDownload& download, For whom);
 
   Program& program_;
   ServiceLink& link_;

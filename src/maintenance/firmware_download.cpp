@@ -19,7 +19,7 @@ void FirmwareDownload::Run(FirmwareView& view) {
   view_ = &view;
   view_->ShowDownload();
   program_.Loop.Pump();
-  Transfer();
+  if (!Cancelled()) Transfer();
   Enter(Phase::kOver);
   LogEnd();
 }
@@ -30,12 +30,14 @@ bool FirmwareDownload::Transfer() {
 }
 
 bool FirmwareDownload::Start() {
+  outcome_ = Outcome::kUnknown;
   if (!Ask(wire::StartDownloadCommand{})) return false;
   if (ProgStatus_ == DownloadReply::kGood) {
     outcome_ = Outcome::kPartial;  // until the last block is there
     return true;
   }
-  outcome_ = Outcome::kUntouched;
+  // An earlier start whose answer was lost may have been taken.
+  if (CommErrors_ == 0) outcome_ = Outcome::kUntouched;
   TellFault("at ###", ".", "before the first block");
   return false;
 }
@@ -45,10 +47,14 @@ bool FirmwareDownload::SendPiece(const FlashImage& image, Phase phase) {
   for (int block = 1; block <= image.LastBlock(); ++block) {
     if (!SendBlock(image, block)) return false;
     program_.Loop.Pump();
-    if (leaving_()) Cancel();
-    if (cancelRequested_) return false;
+    if (Cancelled()) return false;
   }
   return true;
+}
+
+bool FirmwareDownload::Cancelled() {
+  if (leaving_()) Cancel();
+  return cancelRequested_;
 }
 
 /// Nothing goes behind the code's.
@@ -65,13 +71,15 @@ bool FirmwareDownload::SendHeaders() {
 
 bool FirmwareDownload::SendBlock(const FlashImage& image, int block) {
   const std::uint16_t number = image.NumberOnWire(block);
+  const std::uint16_t badBefore = CommErrors_;
   if (!Ask(FlashBlockCommand{number, image.BlockAt(block)})) return false;
   ++FramesCount_;
   ++blocksSent_;
   if (ProgStatus_ == DownloadReply::kPassedOver) ++ProgErrors_;
   view_->ShowDownload();
   if (ProgStatus_ != DownloadReply::kFault1 && ProgStatus_ != DownloadReply::kFault2) return true;
-  outcome_ = Outcome::kPartial;
+  // The last block may have been taken before its answer was lost.
+  if (CommErrors_ == badBefore) outcome_ = Outcome::kPartial;
   TellFault("###", std::to_string(number), "at block " + std::to_string(number));
   return false;
 }
@@ -119,13 +127,21 @@ int FirmwareDownload::Download_bar() const {
 }
 
 void FirmwareDownload::LogEnd() {
-  if (outcome_ == Outcome::kDone) return;
-  const std::string why = !fault_.empty()      ? ": " + fault_
-                          : link_.LinkFailed() ? ": the link was lost"
-                          : cancelRequested_
-                              ? ": cancelled"
-                              : ": the last answer was " + std::to_string(ProgStatus_);
-  program_.Log.WriteLine("   Firmware download not completed" + why);
+  if (outcome_ == Outcome::kUnknown) {
+    program_.Log.WriteLine("   Firmware download: not known what the machine holds: " + Why());
+  } else if (outcome_ != Outcome::kDone) {
+    program_.Log.WriteLine("   Firmware download not completed: " + Why());
+  } else if (ProgErrors_ > 0) {
+    program_.Log.WriteLine("   Firmware download: blocks that could not be written: " +
+                           std::to_string(ProgErrors_));
+  }
+}
+
+std::string FirmwareDownload::Why() const {
+  if (!fault_.empty()) return fault_;
+  if (link_.LinkFailed()) return "the link was lost";
+  if (cancelRequested_) return "cancelled";
+  return "the last answer was " + std::to_string(ProgStatus_);
 }
 
 }  // namespace morvane::maintenance

@@ -20,6 +20,7 @@ class FirmwareDownload {
   enum class Phase : std::uint8_t { kStart, kCode, kBitstream, kHeaders, kOver };
   /// What is known of the machine's flash when it is over.
   enum class Outcome : std::uint8_t {
+    kNotBegun,   ///< nothing was sent
     kUnknown,    ///< the answer that would have told is missing
     kUntouched,  ///< the machine has refused the start
     kPartial,    ///< no whole firmware is there
@@ -59,6 +60,8 @@ class FirmwareDownload {
   [[nodiscard]] int Blocks() const;
   /// The fault that has ended it, in the program's words; empty while there is none.
   [[nodiscard]] const std::string& Fault() const { return fault_; }
+  /// Why it has ended without an acknowledged last block.
+  [[nodiscard]] std::string Why() const;
 
  private:
   bool Transfer();
@@ -72,6 +75,7 @@ class FirmwareDownload {
   void Enter(Phase phase);
   /// `with` stands for `place` in the box, `where` in our own words.
   void TellFault(std::string_view place, const std::string& with, const std::string& where);
+  [[nodiscard]] bool Cancelled();
   void LogEnd();
 
   Program& program_;
@@ -81,7 +85,7 @@ class FirmwareDownload {
   std::function<bool()> leaving_;
   FirmwareView* view_ = nullptr;
   Phase phase_ = Phase::kStart;
-  Outcome outcome_ = Outcome::kUnknown;
+  Outcome outcome_ = Outcome::kNotBegun;
   std::uint16_t FramesCount_ = 0;
   std::uint16_t SumErrors_ = 0;
   std::uint16_t CommErrors_ = 0;

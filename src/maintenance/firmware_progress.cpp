@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "maintenance/identity.h"
-#include "text/text.h"
 
 namespace morvane::maintenance {
 
@@ -26,14 +25,17 @@ bool FirmwareProgress::Take(double seconds) {
 FirmwareProgress::Step FirmwareProgress::At(Phase step) const {
   if (step != reached_) return step < reached_ ? Step::kDone : Step::kAhead;
   if (!Ended()) return Step::kUnderWay;
+  if (download_.Result() == Outcome::kUnknown) return Step::kNotKnown;
   return download_.Result() == Outcome::kDone ? Step::kDone : Step::kBrokenOff;
 }
 
 std::string FirmwareProgress::Doing() const {
   if (Ended()) {
     switch (download_.Result()) {
+      case Outcome::kNotBegun:
+        return kNotBegun;
       case Outcome::kDone:
-        return kTaken;
+        return download_.ProgErrors() == 0 ? kTaken : kWithErrors;
       case Outcome::kUntouched:
         return kRefused;
       case Outcome::kPartial:
@@ -70,6 +72,8 @@ const char* WordOf(FirmwareProgress::Step step) {
       return "under way";
     case FirmwareProgress::Step::kDone:
       return "done";
+    case FirmwareProgress::Step::kNotKnown:
+      return "not known";
     case FirmwareProgress::Step::kBrokenOff:
       break;
   }
@@ -82,12 +86,13 @@ const char* NameOf(FirmwareDownload::Phase step) {
 }
 
 std::string TextOf(const FirmwareVersion& version) {
-  const std::string major = Hex2(version.Major);
-  return (version.Major < 16 ? major.substr(1) : major) + "." + Hex2(version.Minor);
+  return machine::VersionInHex(version.Major, version.Minor);
 }
 
 std::string InMachine(const machine::Machine& machine, const FirmwareVersion& file) {
-  if (!HasFirmware(machine)) return "no firmware";
+  if (!HasFirmware(machine)) {
+    return machine.HardwareId == 0 ? "no firmware (its hardware is not known)" : "no firmware";
+  }
   const FirmwareVersion held{machine.Version.FirmwareMajor, machine.Version.FirmwareMinor};
   const std::string text = TextOf(held) + ", the file ";
   if (file == held) return text + "has the same";

@@ -15,7 +15,7 @@ class FirmwareProgress {
   using Phase = FirmwareDownload::Phase;
   /// The phases that are shown as steps.
   static constexpr std::array<Phase, 3> kSteps{Phase::kCode, Phase::kBitstream, Phase::kHeaders};
-  enum class Step : std::uint8_t { kAhead, kUnderWay, kDone, kBrokenOff };
+  enum class Step : std::uint8_t { kAhead, kUnderWay, kDone, kBrokenOff, kNotKnown };
   /// A block may take less than a screen can show.
   static constexpr double kShownEverySeconds = 0.05;
 
@@ -27,14 +27,17 @@ class FirmwareProgress {
   static constexpr const char* kSendingHeaders =
       "Writing the headers. From here on it cannot be cancelled.";
   static constexpr const char* kTaken = "The machine has taken the firmware.";
+  static constexpr const char* kWithErrors =
+      "All blocks were sent, but not all of them could be written.";
+  static constexpr const char* kNotBegun = "Nothing was sent to the machine.";
   static constexpr const char* kRefused =
       "The machine has refused the download. Nothing was written.";
   static constexpr const char* kNotWhole =
       "The machine holds no whole firmware. It can be loaded again.";
   static constexpr const char* kNotKnown = "It is not known what firmware the machine holds now.";
-  static constexpr std::array<const char*, 9> kDoings{
-      kStarting, kSendingCode, kSendingBitstream, kCancelling, kSendingHeaders,
-      kTaken,    kRefused,     kNotWhole,         kNotKnown};
+  static constexpr std::array<const char*, 11> kDoings{
+      kStarting,   kSendingCode, kSendingBitstream, kCancelling, kSendingHeaders, kTaken,
+      kWithErrors, kNotBegun,    kRefused,          kNotWhole,   kNotKnown};
 
   /// `download` outlives it.
   explicit FirmwareProgress(const FirmwareDownload& download) : download_(download) {}

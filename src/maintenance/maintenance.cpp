@@ -44,6 +44,7 @@ void Maintenance::Open(MaintenanceView& view, std::string firmware) {
   firmware_ = std::move(firmware);
   // What a window whose link was lost has left behind.
   machine_.PollLock = false;
+  machine_.ForgetAnother();
   program_.Log.WriteTime(" Maintenance: ");
   WindowStart();
 }
@@ -52,7 +53,6 @@ void Maintenance::WindowStart() {
   identity_ = {};
   controls_ = {};
   machine_.Version = {};
-  machine_.HardwareId = 0;  // as it stays on a machine without firmware
   bench_.ForgetFrames();
   parameters_.LoadSelection();
   machine_.Link.MachineLatchOn();
@@ -66,7 +66,7 @@ void Maintenance::Timer3m() {
   AtLink([this] {
     if (!FirstContact()) return;
     StartPolling();
-    if (!firmware_.empty()) DownloadFrom(firmware_, DownloadCommand::For::kAnother);
+    if (!firmware_.empty() && !Leaving()) DownloadFrom(firmware_, DownloadCommand::For::kAnother);
   });
 }
 
@@ -125,7 +125,7 @@ void Maintenance::Unload() {
   controls_ = {};
   Timer1m_.reset();
   Timer3m_.reset();
-  if (!LinkFailed()) machine_.Link.MachineLatchOff();
+  machine_.Link.MachineLatchOff();
   machine_.Link.CloseLink();
   parameters_.SaveSelection();
   view_->Close();
@@ -147,10 +147,16 @@ void Maintenance::Timer1m() {
 
 void Maintenance::Tick() {
   if (program_.Link.Pending == LinkRequest::kDownload) {
-    Download(std::exchange(program_.Link, {}).File);
+    TakeDownload();
   } else {
     AtLink([this] { poll_.Poll(false); }, &MaintenanceView::ShowReadings);
   }
+}
+
+void Maintenance::TakeDownload() {
+  AtLink([this] {
+    DownloadFrom(std::exchange(program_.Link, {}).File, DownloadCommand::For::kOperator);
+  });
 }
 
 void Maintenance::TellBasicInfo() {
@@ -219,11 +225,8 @@ void Maintenance::DownloadFrom(const std::string& path, DownloadCommand::For who
   Timer1m_.reset();
   const bool sent = DownloadCommand(program_, link_, machine_, *this).Run(path, whom);
   if (closed_) return;
-  if (sent) {
-    MeetAnew();
-  } else {
-    StartPolling();
-  }
+  if (!sent) StartPolling();
+  if (sent && !Leaving()) MeetAnew();
   if (whom == DownloadCommand::For::kOperator) return;
   program_.Loop.WaitMs(kBeforeLeavingMs);
   program_.Loop.WaitMs(kBeforeLeavingMs);
@@ -232,6 +235,9 @@ void Maintenance::DownloadFrom(const std::string& path, DownloadCommand::For who
 
 /// The machine starts what it was loaded with as soon as the latch line drops.
 void Maintenance::MeetAnew() {
+  if (Boxes().Edited()) {
+    program_.Log.WriteLine("   Parameters that were not written are read again");
+  }
   identity_ = {};
   controls_ = {};
   view_->ShowAll();

@@ -94,6 +94,7 @@ class Maintenance final : private ConsoleHost {
   void StartPolling();
   void Timer1m();
   void Tick();
+  void TakeDownload();
   void DownloadFrom(const std::string& path, DownloadCommand::For whom);
   void MeetAnew();
   void TellBasicInfo();

@@ -236,7 +236,7 @@ void CardWay::Finish() {
 void CardWay::SetState(std::uint8_t state) {
   if (state != StatusReply::kIdle && state < counters_.Stops.size()) {
     ++counters_.Stops[state];
-  };
+  }
   state_ = state;
   ++changes_;
 }

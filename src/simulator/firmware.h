@@ -24,8 +24,6 @@ class Firmware {
   using Time = std::chrono::microseconds;
 
   explicit Firmware(const Options& options);
-  Firmware(const Firmware&) = delete;  // its organs look at what it is
-  Firmware& operator=(const Firmware&) = delete;
   Firmware(const Firmware&) = delete;
   Firmware& operator=(const Firmware&) = delete;
 

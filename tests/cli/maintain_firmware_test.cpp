@@ -45,7 +45,8 @@ TEST(MaintainFirmware, LoadsAMachineThatHoldsNone) {
   Desk desk(",boot=0.00");
   EXPECT_EQ(desk.Load(), kDone);
   EXPECT_EQ(desk.Screen.Output, "Soft_ver: 2.83\n");
-  EXPECT_THAT(desk.Screen.Errors, HasSubstr("In the machine: no firmware\n"));
+  EXPECT_THAT(desk.Screen.Errors,
+              HasSubstr("In the machine: no firmware (its hardware is not known)\n"));
   EXPECT_THAT(desk.Screen.Errors, Not(HasSubstr("It can only be loaded")));
 }
 
@@ -99,6 +100,9 @@ TEST(MaintainFirmware, ABlockThatWasPassedOverIsSeenWhenTheMachineStarts) {
   Desk desk(",flash=0x201:3");
   EXPECT_EQ(desk.Load(), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("New Firmware downloaded OK"));
+  EXPECT_THAT(desk.Screen.Errors,
+              HasSubstr("Frames: 4, Sum: 0, Comm: 0, Prog: 1\n"
+                        "All blocks were sent, but not all of them could be written.\n"));
   EXPECT_THAT(desk.Screen.Errors, EndsWith("it can only be loaded with one.\n"));
 }
 

@@ -98,8 +98,8 @@ TEST(MaintainRecord, WhatTheMachineHoldsAlreadyIsNotWritten) {
       kDone);
   EXPECT_EQ(desk.Ask({.BoardsDealt = 70'000}), kDone);
   EXPECT_EQ(desk.Screen.Errors,
-            "Nothing is written: the machine holds these values already.\n"
-            "Nothing is written: the machine holds these values already.\n");
+            "The machine holds this record already.\n"
+            "The machine holds this number of boards already.\n");
   EXPECT_THAT(desk.Writes, IsEmpty());
 }
 

@@ -119,6 +119,16 @@ TEST_F(Download, AFileThatIsNoneIsRefusedInItsWords) {
   EXPECT_TRUE(console->Controls().MachineKnown) << "and the console goes on";
 }
 
+TEST_F(Download, TheLargestFileIsTakenAndOneByteMoreIsNot) {
+  Start();
+  const std::string half = CodeOf(2, 0x83, 65517);
+  EXPECT_EQ(RefusalOf(FileOf(half, half + "x")).Text, desk.Prog.Texts.Msg059);
+  EXPECT_EQ(RefusalOf(std::string(9, '\0')).Text, desk.Prog.Texts.Msg059);
+  test::WriteContent(path, FileOf(half, half));
+  Press(path);
+  EXPECT_THAT(flash.Heard, SizeIs(1 + 2 * 511 + 2));
+}
+
 TEST_F(Download, AFileThatCannotBeReadIsTold) {
   Start();
   Press(desk.Folder / "none.adc");
@@ -143,6 +153,21 @@ TEST_F(Download, AMachineWithVideoSettingsNeeds280) {
                          : FakeUi::Box{desk.Prog.Texts.Msg118, kOkCritical, "Firmware download"}));
     EXPECT_EQ(flash.Heard.empty(), !fits);
   }
+}
+
+TEST_F(Download, WhatTheMachineNeedsIsNotForgottenBehindADownloadThatWasBrokenOff) {
+  Start("hardware=0x20");
+  view.OnDownload = [this] {
+    if (view.Firmware->FramesCount() == 1) view.Firmware->Cancel();
+  };
+  Press(path);
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs);
+  EXPECT_FALSE(console->Controls().MachineKnown);
+  flash.Heard.clear();
+  test::WriteContent(path, FileOf(CodeOf(2, 0x7F), "abc"));
+  Press(path);
+  EXPECT_EQ(desk.Ui.Boxes.back().Text, desk.Prog.Texts.Msg118);
+  EXPECT_THAT(flash.Heard, IsEmpty());
 }
 
 TEST_F(Download, AMachineWithoutThemTakesAnOlderOne) {
@@ -179,11 +204,45 @@ TEST_F(Download, WhatFailedOrWasCancelledIsNotCalledOkAndTheMachineIsMetAnew) {
   EXPECT_TRUE(console->Controls().Download);
 
   flash.Status = {};
-  view.OnDownload = [this] { view.Firmware->Cancel(); };
+  view.OnDownload = [this] {
+    if (view.Firmware->FramesCount() == 1) view.Firmware->Cancel();
+  };
   Press(path);
   EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));
   EXPECT_EQ(console->TheIdentity().Soft_ver, "");
   EXPECT_THAT(LinesWith("Firmware downloaded OK"), IsEmpty());
+}
+
+TEST_F(Download, AnUnknownEndIsToldAsUnknown) {
+  Start();
+  flash.Status = {{0, 4}};
+  Press(path);
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{
+                                 "      It is not known what firmware the machine holds now:      "
+                                 "\r\n      the last answer was 4      ",
+                                 kOkExclamation, "Firmware download"}));
+}
+
+TEST_F(Download, AMachineThatIsSilentBehindItIsALostLink) {
+  Start();
+  desk.Ui.OnBox = [this] {
+    desk.Ui.OnBox = nullptr;
+    Deaf = [](const Bytes&) { return true; };
+  };
+  Press(path);
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs + 3000);
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(2));
+  EXPECT_EQ(desk.Ui.Boxes[1].Text, desk.Prog.Texts.Msg047);
+  EXPECT_EQ(view.Closes, 1);
+}
+
+TEST_F(Download, EditsThatWereNotWrittenGoAndTheLogSaysSo) {
+  Start();
+  Type(Parameter::pos_x, "33");
+  Press(path);
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs);
+  EXPECT_EQ(Text(Parameter::pos_x), "60");
+  EXPECT_THAT(LinesWith("Parameters that were not written are read again"), SizeIs(1));
 }
 
 TEST_F(Download, NothingIsPolledMeanwhile) {
@@ -206,6 +265,7 @@ TEST_F(Download, ALostLinkClosesTheConsole) {
   EXPECT_EQ(view.Closes, 1);
   EXPECT_TRUE(console->Closed());
   EXPECT_EQ(bridge.Calls.back(), "Close");
+  EXPECT_THAT(bridge.Calls, Contains("WriteLatch 1 0")) << "the machine starts what it holds";
   EXPECT_EQ(view.Firmware, nullptr) << "its window goes, too";
 }
 
@@ -217,6 +277,18 @@ TEST_F(Download, AProgramThatQuitsCancelsItAndMeetsNothingAnew) {
   Press(path);
   EXPECT_THAT(flash.Heard, ElementsAre(-1, 1));
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  EXPECT_THAT(bridge.Calls, Not(Contains("WriteLatch 1 1")));
+}
+
+TEST_F(Download, AProgramThatQuitsInTheFirstContactSendsNothingOfIt) {
+  OnFrame = [this](const Bytes& plain) {
+    if (plain[0] == 0x1A) desk.Loop.Quit();
+  };
+  Open("", path);
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs);
+  desk.Loop.Restart();
+  desk.Loop.WaitMs(Maintenance::kFirstContactMs);
+  EXPECT_THAT(flash.Heard, IsEmpty());
 }
 
 TEST_F(Download, WhoWantsToLeaveMeanwhileLeavesBehindIt) {
@@ -288,6 +360,7 @@ TEST_F(Download, AConsoleThatIsOpenedForItDownloadsWithoutAWordAndLeaves) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.Ui.FileRequests, IsEmpty());
   EXPECT_THAT(LinesWith("Firmware downloaded OK"), IsEmpty());
+  EXPECT_THAT(LinesWith("Firmware download completed for another program"), SizeIs(1));
   EXPECT_THAT(LinesWith("Firmware file open"), SizeIs(1));
   desk.Loop.WaitMs(3000);
   EXPECT_EQ(view.Closes, 1);

@@ -171,6 +171,44 @@ TEST_F(FirmwareTransfer, ARefusedStartIsToldWithoutAPosition) {
   EXPECT_EQ(recoveries, 0);
 }
 
+TEST_F(FirmwareTransfer, AnyStatusRefusesTheStart) {
+  for (const int status : {1, 3, 4, 255}) {
+    flash.Status[-1] = status;
+    EXPECT_EQ(RunAgain(), Outcome::kUntouched) << status;
+    EXPECT_THAT(flash.Heard, ElementsAre(-1));
+  }
+}
+
+TEST_F(FirmwareTransfer, AStartThatIsRefusedAtItsRepetitionMayHaveBeenTaken) {
+  silent = {0};
+  flash.Status[-1] = 2;
+  EXPECT_EQ(Run(), Outcome::kUnknown);
+  EXPECT_EQ(
+      desk.LogLines().back(),
+      "   Firmware download: not known what the machine holds: Error 2 before the first block");
+}
+
+TEST_F(FirmwareTransfer, TheLastBlockThatFailsAtItsRepetitionMayHaveBeenTaken) {
+  silent = {5};
+  flash.Status[0] = 1;
+  EXPECT_EQ(Run(), Outcome::kUnknown);
+  silent = {};
+  EXPECT_EQ(RunAgain(), Outcome::kPartial) << "at its first answer it was not";
+}
+
+TEST_F(FirmwareTransfer, WhoLeavesBeforeItBeginsSendsNothing) {
+  leaving = true;
+  EXPECT_EQ(Run(), Outcome::kNotBegun);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+  EXPECT_EQ(desk.LogLines().back(), "   Firmware download not completed: cancelled");
+}
+
+TEST_F(FirmwareTransfer, CancelBeforeItBeginsSendsNothing) {
+  desk.Loop.After(0, [this] { download->Cancel(); });
+  EXPECT_EQ(Run(), Outcome::kNotBegun);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+}
+
 TEST_F(FirmwareTransfer, Status1And2EndItWithTheBlockOnTheWire) {
   flash.Status[2] = 1;
   EXPECT_EQ(Run(), Outcome::kPartial);
@@ -203,6 +241,7 @@ TEST_F(FirmwareTransfer, Status3OnEveryBlockIsCountedAndPassedOver) {
   flash.Status = {{1, 3}, {2, 3}, {0x201, 3}, {0x200, 3}, {0, 3}};
   EXPECT_EQ(Run(), Outcome::kDone);
   EXPECT_EQ(download->ProgErrors(), 5);
+  EXPECT_EQ(desk.LogLines().back(), "   Firmware download: blocks that could not be written: 5");
   EXPECT_EQ(download->FramesCount(), 5);
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
@@ -213,7 +252,8 @@ TEST_F(FirmwareTransfer, AnotherStatusPassesButNotAsTheLastWord) {
   EXPECT_EQ(download->ProgErrors(), 0);
   flash.Status = {{0, 4}};
   EXPECT_EQ(RunAgain(), Outcome::kUnknown);
-  EXPECT_EQ(desk.LogLines().back(), "   Firmware download not completed: the last answer was 4");
+  EXPECT_EQ(desk.LogLines().back(),
+            "   Firmware download: not known what the machine holds: the last answer was 4");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
@@ -236,6 +276,7 @@ TEST_F(FirmwareTransfer, TwoInARowOnOneFrameAreALostLink) {
   };
   for (const Case& lost :
        {Case{0, Outcome::kUnknown, {-1, -1}}, Case{1, Outcome::kPartial, {-1, 1, 1}},
+        Case{2, Outcome::kPartial, {-1, 1, 2, 2}},
         Case{3, Outcome::kPartial, {-1, 1, 2, 0x201, 0x201}},
         Case{4, Outcome::kPartial, {-1, 1, 2, 0x201, 0x200, 0x200}},
         Case{5, Outcome::kUnknown, {-1, 1, 2, 0x201, 0x200, 0, 0}}}) {
@@ -250,7 +291,10 @@ TEST_F(FirmwareTransfer, TwoInARowOnOneFrameAreALostLink) {
                                                        "Communication Error"}));
     EXPECT_EQ(recoveries, 1);
     EXPECT_EQ(download->CommErrors(), 2);
-    EXPECT_EQ(desk.LogLines().back(), "   Firmware download not completed: the link was lost");
+    EXPECT_EQ(desk.LogLines().back(),
+              (lost.Known == Outcome::kPartial
+                   ? "   Firmware download not completed: the link was lost"
+                   : "   Firmware download: not known what the machine holds: the link was lost"));
   }
 }
 

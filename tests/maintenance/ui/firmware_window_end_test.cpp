@@ -144,7 +144,7 @@ TEST_F(FirmwareWindowEnd, WithoutTheLastAnswerTheOutcomeIsNotKnown) {
   };
   Run([&](QWidget& box) {
     EXPECT_EQ(TextOf("Doing"), "It is not known what firmware the machine holds now.");
-    EXPECT_THAT(Steps(), ElementsAre("Code: done", "Bitstream: done", "Headers: not completed"));
+    EXPECT_THAT(Steps(), ElementsAre("Code: done", "Bitstream: done", "Headers: not known"));
     box.close();
   });
   EXPECT_THAT(blocks, ElementsAre(1, 2, 0x201, 0x200, 0, 0));

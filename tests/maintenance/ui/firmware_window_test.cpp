@@ -192,7 +192,7 @@ TEST_F(FirmwareWindowAtBareMachine, ItIsSaidThatItHoldsNone) {
   WriteFile();
   ChooseFile();
   PressLetter(Qt::Key_D, "Download");
-  EXPECT_EQ(shown, "In the machine: no firmware");
+  EXPECT_EQ(shown, "In the machine: no firmware (its hardware is not known)");
 }
 
 }  // namespace
