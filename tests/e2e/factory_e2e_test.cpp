@@ -5,6 +5,8 @@
 namespace morvane::e2e {
 namespace {
 
+using ::testing::HasSubstr;
+
 class FactoryEndToEnd : public EndToEnd {
  protected:
   /// Another program, in the folder of the files.

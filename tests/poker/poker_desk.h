@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
 #include <random>
 #include <string>
@@ -53,6 +54,11 @@ class PokerDesk : public ::testing::Test {
     EXPECT_EQ(bridge.Malformed, 0);
   }
 
+  /// Another machine stands there.
+  void Replace(const simulator::Options& options) {
+    std::destroy_at(&sim);
+    std::construct_at(&sim, options);
+  }
   /// Opens and goes through the first contact.
   void Contact() {
     poker.Open(view);

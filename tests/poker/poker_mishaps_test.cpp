@@ -129,8 +129,7 @@ TEST_F(PokerMishaps, TheCheckOfBoardsIsLeftToTheRunsThatHaveBoards) {
   desk.Store.Set(kCheckBoard, "1");
   simulator::Options options = AtOnce();
   options.Hardware = 0;
-  std::destroy_at(&sim);
-  std::construct_at(&sim, options);
+  Replace(options);
   Contact();
   EXPECT_EQ(desk.Store.Get(kCheckBoard), "1");
 }

@@ -43,7 +43,7 @@ TEST_F(PokerWindow, LargeCardsThatTheMachineCannotDealAreSwitchedOff) {
   desk.Store.Set(kCardIndex, "1");
   simulator::Options options = AtOnce();
   options.Hardware = 0x77;  // bit 3 is off
-  sim = simulator::WiredMachine(options);
+  Replace(options);
   Contact();
   EXPECT_EQ(poker.Options().Cards.CardIndex, machine::CardSettings::kStandardIndex);
 }
