@@ -310,7 +310,7 @@ void Editor::Timer1EditTick() {
   if (program_.Link.Pending != LinkRequest::kDownload) return;
   const std::string path = std::exchange(program_.Link, {}).File;
   const std::string question = Fill(program_.Texts.Msg091, "***", path);
-  if (program_.Ask(question, kYesNoExclamation, "Download New Firmware") == kYes)
+  if (program_.Ask(question, kYesNoExclamationNo, "Download New Firmware") == kYes)
     services_.Download(path);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "text/box_text.h"
 #include "wire/service_commands.h"
@@ -56,10 +57,23 @@ void AdvanceForm::Close() {
     leaving_ = true;
     return;
   }
-  if (torn_)
-    Tell("      The machine may hold no manufacturing record: see the log      ", kOkExclamation);
-  closed_ = true;
+  closed_ = MayLeave();
   view_->ShowAll();
+}
+
+bool AdvanceForm::MayLeave() {
+  const bool edited = known_ && (Record() != held_ || Boards_dealt.Edited());
+  if (program_.Loop.Quitting() || !(torn_ || edited)) return true;
+  const char* const text =
+      torn_
+          ? "      The machine may hold no manufacturing record: the log has the old one.      \r\n"
+            "      Do you want to leave without writing one?      "
+          : "      What has been changed here has not been written to the machine.      \r\n"
+            "      Do you want to leave without writing it?      ";
+  busy_ = true;
+  const int answer = program_.Ask(text, kYesNoExclamationNo, kCaption);
+  busy_ = leaving_ = false;
+  return answer == kYes;
 }
 
 /// A lost link has closed the service, which the operator has been told.
@@ -68,7 +82,8 @@ bool AdvanceForm::Work(const std::function<bool()>& work) {
   busy_ = true;
   const bool done = work();
   busy_ = false;
-  closed_ = leaving_ || link_.LinkFailed();
+  closed_ = link_.LinkFailed();
+  if (std::exchange(leaving_, false) && !closed_) Close();
   view_->ShowAll();
   return done;
 }

@@ -69,7 +69,7 @@ class AdvanceForm {
   ValueBox Boards_dealt{{.Upper = 4'294'967'295}};
 
   void Open(AdvanceView& view);
-  /// At once, or with the end of what is at work.
+  /// At once, or with the end of what is at work. Asks where something would be lost.
   void Close();
   [[nodiscard]] bool Closed() const { return closed_; }
 
@@ -94,12 +94,17 @@ class AdvanceForm {
   [[nodiscard]] std::string Error_view() const;
 
   [[nodiscard]] bool MachineKnown() const { return machineKnown_; }
+  /// Its record is that of an erased flash.
+  [[nodiscard]] bool HoldsNoRecord() const {
+    return held_ == wire::ManufacturingRecord{0xFFFF, 0xFFFF, 0xFF, 0xFF, 0xFFFF};
+  }
   /// Record and counters have been read whole: the buttons can be pressed.
   [[nodiscard]] bool Known() const { return known_; }
 
  private:
   static constexpr int kPauseMs = 10;
 
+  [[nodiscard]] bool MayLeave();
   bool Work(const std::function<bool()>& work);
   bool Read();
   bool ReadCounters(std::uint8_t page);

@@ -66,7 +66,9 @@ void Maintenance::Timer3m() {
   AtLink([this] {
     if (!FirstContact()) return;
     StartPolling();
-    if (!firmware_.empty() && !Leaving()) DownloadFrom(firmware_, DownloadCommand::For::kAnother);
+    if (firmware_.empty() || Leaving()) return;
+    view_->ShowAll();
+    DownloadFrom(firmware_, DownloadCommand::For::kAnother);
   });
 }
 

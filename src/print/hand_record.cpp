@@ -299,7 +299,7 @@ void HandRecord::Timer1PrintTick() {
   if (program_.Link.Pending != LinkRequest::kDownload) return;
   const std::string path = std::exchange(program_.Link, {}).File;
   const std::string question = Fill(program_.Texts.Msg091, "***", path);
-  if (program_.Ask(question, kYesNoExclamation, "Download New Firmware") == kYes) download_(path);
+  if (program_.Ask(question, kYesNoExclamationNo, "Download New Firmware") == kYes) download_(path);
 }
 
 void HandRecord::Show() {

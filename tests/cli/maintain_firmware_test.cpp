@@ -101,7 +101,7 @@ TEST(MaintainFirmware, ABlockThatWasPassedOverIsSeenWhenTheMachineStarts) {
   EXPECT_EQ(desk.Load(), kFailed);
   EXPECT_THAT(desk.Screen.Errors, HasSubstr("New Firmware downloaded OK"));
   EXPECT_THAT(desk.Screen.Errors,
-              HasSubstr("Frames: 4, Sum: 0, Comm: 0, Prog: 1\n"
+              HasSubstr("Frames: 3, Sum: 0, Comm: 0, Prog: 1\n"
                         "All blocks were sent, but not all of them could be written.\n"));
   EXPECT_THAT(desk.Screen.Errors, EndsWith("it can only be loaded with one.\n"));
 }

@@ -198,7 +198,7 @@ struct FirmwareRequest : EditorLimits {
       "      Firmware file: /tmp/new.adc      \r\n"
       " \r\n"
       "      Do you want to interrupt current activity and proceed with update?      ",
-      52, "Download New Firmware"};
+      308, "Download New Firmware"};
   void Ask(int answer) {
     Open();
     Ui.Answers = {answer};

@@ -206,6 +206,40 @@ TEST_F(Form, ARecordThatIsNotWholeInTheMachineStaysInTheBoxes) {
   EXPECT_EQ(form->Curr_HID(), 0x67) << "and not 0xFFFF of an erased block";
 }
 
+TEST_F(Form, WhoLeavesWithoutAWholeRecordIsAskedAndTheLogHasTheOldOne) {
+  Open();
+  Type(form->Adv_SerialNumber, "77");
+  paper.WriteStatus = 1;
+  EXPECT_FALSE(form->Update());
+  EXPECT_THAT(desk.LogLines(),
+              Contains("   Manufacturing record: 4711,103,14.6.2019 to 77,103,14.6.2019"));
+  desk.Ui.Answers = {kNo, kYes};
+  form->Close();
+  EXPECT_FALSE(form->Closed());
+  EXPECT_EQ(desk.Ui.Boxes.back().Flags, 308) << "Return answers No";
+  form->Close();
+  EXPECT_TRUE(form->Closed());
+  EXPECT_THAT(desk.Ui.Boxes, SizeIs(3));
+}
+
+TEST_F(Form, AProgramThatEndsAsksNothing) {
+  Open();
+  Type(form->Adv_SerialNumber, "77");
+  desk.Loop.Quit();
+  form->Close();
+  EXPECT_TRUE(form->Closed());
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(Form, ADayOrAMonthThatNobodyHasTypedIsNotMadeUp) {
+  paper.Block = {0, 9, 0, 1, 0, 0, 0, 0};
+  Open();
+  Type(form->Adv_SerialNumber, "8");
+  EXPECT_FALSE(form->Update());
+  ExpectBox("      There is no day 0.0.0      \r\n      Nothing has been written.      ", 48);
+  EXPECT_THAT(bridge.Sent, IsEmpty());
+}
+
 TEST_F(Form, ADayThatDoesNotExistIsRefusedBeforeAnythingIsSent) {
   const std::vector<std::array<const char*, 3>> days{{"31", "2", "2026"},
                                                      {"29", "2", "2026"},

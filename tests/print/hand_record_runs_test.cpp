@@ -163,8 +163,9 @@ TEST(HandRecordRun, ARequestFromOutsideWaitsForItsEnd) {
   desk.Dialog.cmdPrint();
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   desk.Loop.WaitMs(HandRecord::kTimer1Ms);
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{Fill(desk.Prog.Texts.Msg091, "***", "new.hex"),
-                                                     kYesNoExclamation, "Download New Firmware"}));
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{Fill(desk.Prog.Texts.Msg091, "***", "new.hex"),
+                                      kYesNoExclamationNo, "Download New Firmware"}));
   EXPECT_THAT(desk.Downloads, ElementsAre("new.hex"));
   desk.Loop.WaitMs(10 * HandRecord::kTimer1Ms);
   EXPECT_THAT(desk.Ui.Boxes, SizeIs(1));

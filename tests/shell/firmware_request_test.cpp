@@ -94,8 +94,9 @@ TEST(FirmwareRequest, InTheEditorItIsAskedAndTheEditorStays) {
     EXPECT_FALSE(desk.Main.TheMachine().Link.IsOpen());
   };
   desk.Main.MenuEdit();
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{Fill(desk.Prog.Texts.Msg091, "***", desk.Path),
-                                                     kYesNoExclamation, "Download New Firmware"}));
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{Fill(desk.Prog.Texts.Msg091, "***", desk.Path),
+                                      kYesNoExclamationNo, "Download New Firmware"}));
 }
 
 TEST(FirmwareRequest, InTheEditorNoDropsIt) {

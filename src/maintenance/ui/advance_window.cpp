@@ -219,7 +219,8 @@ void AdvanceWindow::ShowHardware() {
   for (std::size_t i = 0; i < bits_.size(); ++i) {
     bits_[i]->setChecked(form_.IsChecked(kHardwareBoxes[i]));
   }
-  ShowChanged(*Curr_HID_, form_.Known() ? QString::number(form_.Curr_HID()) : "");
+  const QString none = form_.HoldsNoRecord() ? " (the machine holds no record)" : "";
+  ShowChanged(*Curr_HID_, form_.Known() ? QString::number(form_.Curr_HID()) + none : "");
 }
 
 /// Setting it anew would scroll it back.

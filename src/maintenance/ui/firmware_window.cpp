@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <chrono>
+#include <cmath>
 
 #include "machine/run_history.h"
 #include "maintenance/ui/service_widgets.h"
@@ -47,6 +48,13 @@ ShownValue* NewFact(const char* name, const char* spoken, const QString& text, Q
   fact->setTextFormat(Qt::PlainText);
   fact->Show(text);
   return fact;
+}
+
+/// A long name does not make the window wide.
+QString Shortened(const QString& name, const QWidget& shown) {
+  constexpr int kLetters = 48;
+  const QFontMetrics metrics = shown.fontMetrics();
+  return metrics.elidedText(name, Qt::ElideMiddle, kLetters * metrics.averageCharWidth());
 }
 
 /// What belongs together stands close.
@@ -90,6 +98,9 @@ QWidget* FirmwareWindow::MakeBody() {
   SetBold(*fault_, true);
   KeepSizeFor(*fault_, {kWidestFault});
   column->addWidget(fault_);
+  // What is known is to be read beside a box that tells of a fault.
+  StayFree(*doing_);
+  StayFree(*fault_);
   column->addStretch();
   return body;
 }
@@ -99,7 +110,8 @@ QWidget* FirmwareWindow::MakeFacts() {
   auto* column = new QVBoxLayout(facts);
   NoMargins(*column);
   const FirmwareFile& file = download_.File();
-  auto* title = NewFact("FileName", "File", "File: " + ToQt(FileTitle(file.Path)), facts);
+  auto* title =
+      NewFact("FileName", "File", "File: " + Shortened(ToQt(FileTitle(file.Path)), *facts), facts);
   title->setToolTip(ToQt(file.Path));
   column->addWidget(title);
   column->addWidget(
@@ -120,7 +132,8 @@ QWidget* FirmwareWindow::MakeSteps() {
     steps_[i] = new ShownValue(QString("Step_%1").arg(i + 1), NameOf(step), steps);
     SetBold(*steps_[i], true);
     QStringList texts;
-    for (const Step at : {Step::kAhead, Step::kUnderWay, Step::kDone, Step::kBrokenOff}) {
+    for (const Step at :
+         {Step::kAhead, Step::kUnderWay, Step::kDone, Step::kBrokenOff, Step::kNotKnown}) {
       texts << StepText(step, at);
     }
     KeepSizeFor(*steps_[i], texts);
@@ -215,7 +228,10 @@ void FirmwareWindow::ShowCounters() {
 QString FirmwareWindow::TimeLeft() const {
   if (progress_.Ended()) return "";
   const auto seconds = progress_.SecondsLeft();
-  return "Time left: " + (seconds ? ToQt(machine::About(*seconds)) : QString("..."));
+  if (!seconds) return "Time left: ...";
+  constexpr double kMinute = 60;
+  return "Time left: " + (*seconds < kMinute ? QString("%1 s").arg(std::ceil(*seconds))
+                                             : ToQt(machine::About(*seconds)));
 }
 
 /// A box that comes up over it tells of a fault: then what is known is to be seen behind it.

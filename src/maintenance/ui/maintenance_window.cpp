@@ -175,6 +175,7 @@ std::unique_ptr<AutoSetupView> MaintenanceWindow::OpenAutoSetup(AutoSetup& setup
 }
 
 std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& download) {
+  ShowChanged(*contact_, "The machine is being loaded ...");
   return std::make_unique<FirmwareWindow>(program_.Time, download, this);
 }
 
@@ -233,8 +234,16 @@ void MaintenanceWindow::PlacePicture(bool beside) {
 /// closed a window over this one, and does not close this one, too.
 void MaintenanceWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-  if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
+  if (event->key() == Qt::Key_Escape && IsHeldEscape(*event)) return;
   QDialog::keyPressEvent(event);
+}
+
+/// Where a window goes between two repeats, the system may tell the second one as a new key.
+bool MaintenanceWindow::IsHeldEscape(const QKeyEvent& event) {
+  const auto now = program_.Time.Elapsed();
+  const bool held = event.isAutoRepeat() || now - heldEscapeAt_ < kRepeats;
+  if (held) heldEscapeAt_ = now;
+  return held;
 }
 
 /// Every key is offered here before it works as the letter of a button.
@@ -242,6 +251,7 @@ bool MaintenanceWindow::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     keyHeld_ = static_cast<QKeyEvent*>(event)->isAutoRepeat();
   }
+  if (event->type() == QEvent::WindowUnblocked) heldEscapeAt_ = program_.Time.Elapsed();
   return QDialog::event(event);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <chrono>
 
 #include "maintenance/maintenance_view.h"
 #include "program/program.h"
@@ -56,11 +57,15 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// The repeats of a key come faster than that.
+  static constexpr std::chrono::milliseconds kRepeats{300};
+
   QWidget* MakeLive(const Program& program);
   QWidget* MakePages(Program& program);
   QWidget* MakeButtons();
   void AddPage(QWidget* page, const char* caption);
   void AskToLeave();
+  [[nodiscard]] bool IsHeldEscape(const QKeyEvent& event);
   void ShowContact();
   void ShowDownload();
   [[nodiscard]] int WidthBesidePicture() const;
@@ -84,6 +89,8 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   DeveloperPanel* developer_ = nullptr;
   QPushButton* Download_ = nullptr;
   bool keyHeld_ = false;  ///< the last key came of one that is held down
+  /// When the last window over this one has gone, or the last repeat of an Escape has come.
+  std::chrono::microseconds heldEscapeAt_{-kRepeats};
 };
 
 }  // namespace morvane::maintenance

@@ -19,6 +19,11 @@ void ServiceDialog::WatchButtons() {
   for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
 }
 
+void ServiceDialog::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (parentWidget() != nullptr) parentWidget()->window()->activateWindow();
+}
+
 void ServiceDialog::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
   QDialog::keyPressEvent(event);

@@ -13,6 +13,8 @@ class ServiceDialog : public QDialog {
  protected:
   /// Once all its buttons are there.
   void WatchButtons();
+  /// The window below has the keyboard again, also where a box over this one has gone with it.
+  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* button, QEvent* event) override;
 };

@@ -151,7 +151,7 @@ TEST_F(Advance, EveryControlIsReachedByALetterOfItsOwn) {
 
 TEST_F(Advance, ChecksAndUnchecksTheBitsAndShowsTheIdentifier) {
   Start();
-  Form([](QWidget& form) {
+  Form([this](QWidget& form) {
     EXPECT_TRUE(Checked(form, "HID_bit0") && Checked(form, "HID_bit1"));
     EXPECT_TRUE(Checked(form, "HID_bit2"));
     EXPECT_FALSE(Checked(form, "HID_bit34"));
@@ -163,6 +163,7 @@ TEST_F(Advance, ChecksAndUnchecksTheBitsAndShowsTheIdentifier) {
     test::Press(form, Qt::Key_Space);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Checked(form, "HID_bit0"); }));
     EXPECT_EQ(test::TextOf(form, "Curr_HID"), "124");
+    desk.AnswerBox(QMessageBox::Yes);
   });
   EXPECT_THAT(writes, IsEmpty());
 }
@@ -189,13 +190,35 @@ TEST_F(Advance, TypesARecordAndWritesIt) {
 
 TEST_F(Advance, EnterInABoxWritesNothing) {
   Start();
-  Form([](QWidget& form) {
+  Form([this](QWidget& form) {
     TypeInto(form, "Adv_SerialNumber", "12");
     test::Press(form, Qt::Key_Return);
     test::Press(form, Qt::Key_Enter);
     EXPECT_TRUE(form.isVisible());
+    desk.AnswerBox(QMessageBox::Yes);
   });
   EXPECT_THAT(writes, IsEmpty());
+}
+
+TEST_F(Advance, LeavingWithWhatIsNotWrittenIsAskedAboutAndReturnStays) {
+  Start();
+  Form([this](QWidget& form) {
+    TypeInto(form, "Adv_SerialNumber", "12");
+    desk.When("MessageBox", [](QWidget& box) { test::Press(box, Qt::Key_Return); });
+    test::Press(form, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(test::Find<QLineEdit>(form, "Adv_SerialNumber").text(), "12");
+    desk.AnswerBox(QMessageBox::Yes);
+  });
+  EXPECT_THAT(writes, IsEmpty());
+}
+
+TEST_F(Advance, ARecordOfAnErasedFlashIsSaidToBeNone) {
+  paper.Block.fill(0xFF);
+  Start();
+  Form([](QWidget& form) {
+    EXPECT_EQ(test::TextOf(form, "Curr_HID"), "65535 (the machine holds no record)");
+  });
 }
 
 TEST_F(Advance, EnterPressesTheButtonThatHasTheFocus) {

@@ -84,7 +84,7 @@ TEST_F(FirmwareWindowTest, TheTimeLeftIsKnownBehindTheFirstBlock) {
   RunUntilTold();
   EXPECT_THAT(left, ElementsAre("Time left: ...", "Time left: ...", "Time left: about 3 minutes",
                                 "Time left: about 2 minutes", "Time left: about 2 minutes",
-                                "Time left: less than a minute"));
+                                "Time left: 40 s"));
 }
 
 TEST_F(FirmwareWindowTest, BadAnswersAndBlocksPassedOverAreCounted) {
