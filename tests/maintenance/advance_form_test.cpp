@@ -8,6 +8,7 @@ namespace {
 
 using test::Bytes;
 using test::FramesAre;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
@@ -207,6 +208,8 @@ TEST_F(Form, ARecordThatIsNotWholeInTheMachineStaysInTheBoxes) {
 }
 
 TEST_F(Form, WhoLeavesWithoutAWholeRecordIsAskedAndTheLogHasTheOldOne) {
+  RuntimeError error;
+  ASSERT_TRUE(desk.Prog.Log.Start(desk.Folder.Path(), error));
   Open();
   Type(form->Adv_SerialNumber, "77");
   paper.WriteStatus = 1;
