@@ -127,9 +127,10 @@ bool Prepare(Program& program) {
   if (!code) return false;
   const auto bitstream = Take(program, kBitstream);
   if (!bitstream) return false;
-  return WriteAsked(
-      program, "Morvane code (*.adc)|*.adc",
-      {kFirmwareTitle, FirmwareBytes(code->Bytes, bitstream->Bytes), {code->Path, bitstream->Path}});
+  return WriteAsked(program, "Morvane code (*.adc)|*.adc",
+                    {kFirmwareTitle,
+                     FirmwareBytes(code->Bytes, bitstream->Bytes),
+                     {code->Path, bitstream->Path}});
 }
 
 bool txt_hex(Program& program) {

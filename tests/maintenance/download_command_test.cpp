@@ -11,7 +11,6 @@ using test::Bytes;
 using test::FakeUi;
 using ::testing::AllOf;
 using ::testing::Contains;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::Ge;
 using ::testing::HasSubstr;

@@ -113,12 +113,12 @@ TEST(FirmwareFile, LengthsThatAreOneOffAreRefused) {
 
 TEST(FirmwareFile, LengthsWhoseSumWouldOnlyWrapToTheSizeAreRefused) {
   std::string bytes = FileOf(CodeOf(2, 0x90), "abc");
-  for (const std::size_t at : {0, 1, 2, 4, 5, 6}) bytes[at] = '\xFF';
+  for (const std::size_t at : {0U, 1U, 2U, 4U, 5U, 6U}) bytes[at] = '\xFF';
   EXPECT_FALSE(FirmwareIn(bytes, ""));
 }
 
 TEST(FirmwareFile, OneWithoutAWholeHeadIsRefused) {
-  for (const std::size_t size : {0, 8, 9, 15}) {
+  for (const std::size_t size : {0U, 8U, 9U, 15U}) {
     EXPECT_FALSE(FirmwareIn(std::string(size, '\0'), "")) << size;
   }
   EXPECT_TRUE(FirmwareIn(std::string(16, '\0'), ""));
