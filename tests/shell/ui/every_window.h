@@ -2,8 +2,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QProgressBar>
-#include <QTabWidget>
 #include <functional>
 #include <memory>
 #include <numeric>
@@ -20,17 +18,12 @@
 #include "machine/sorting_run.h"
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
-#include "maintenance/maintenance.h"
-#include "maintenance/paper_flash.h"
-#include "maintenance/ui/camera_bridge.h"
-#include "maintenance/ui/magnify_window.h"
-#include "maintenance/ui/maintenance_window.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/window_place.h"
 #include "poker/poker.h"
 #include "poker/ui/poker_window.h"
 #include "print/document.h"
-#include "shell/ui/main_menu_desk.h"
+#include "shell/ui/service_windows.h"
 #include "simulator/ui/fake_packs.h"
 #include "simulator/ui/machine_panel.h"
 #include "support/no_printers.h"
@@ -39,7 +32,7 @@ namespace morvane::shell {
 
 /// Brings up every window and box of the desktop, one after the other, over a set of three boards
 /// and with all their controls shown.
-class EveryWindow : public MainMenuTest {
+class EveryWindow : public ServiceWindows {
  protected:
   EveryWindow() {
     test::FillSet(desk.Prog.Set, 1, 3);
@@ -48,7 +41,6 @@ class EveryWindow : public MainMenuTest {
     desk.Store.Set(kDealSub, "1");
   }
 
-  using Look = std::function<void(QWidget&)>;
   void LookAtAll(const Look& look) {
     LookAtMainMenu(look);
     LookAtPanel([&look](QWidget& panel) { LookAtPages(panel, look); });
@@ -83,15 +75,6 @@ class EveryWindow : public MainMenuTest {
     panel.show();
     desk.Loop.Pump();
     look(panel);
-  }
-
-  static void LookAtPages(QWidget& panel, const Look& look) {
-    auto& tabs = test::Find<QTabWidget>(panel, "tabs");
-    for (int page = 0; page < tabs.count(); ++page) {
-      tabs.setCurrentIndex(page);
-      QApplication::processEvents();
-      look(panel);
-    }
   }
 
   void LookAtLoadNumber(const Look& look) {
@@ -289,114 +272,6 @@ class EveryWindow : public MainMenuTest {
     poker.Exit();
   }
 
-  /// Before the machine answers; then each page, with the motors on, a flip plate that is open,
-  /// parameters that are not written, and a picture; then the windows that it opens.
-  void LookAtMaintenance(const Look& look) {
-    ASSERT_TRUE(
-        machine::OpenLink(desk.Prog, machine_.Link, maintenance::Maintenance::kLinkTimeoutMs));
-    const auto pictures = std::make_unique<maintenance::PictureStore>();
-    maintenance::Maintenance console(desk.Prog, machine_, *pictures);
-    maintenance::MaintenanceWindow window(desk.Prog, console, menu.get());
-    console.Open(window);
-    window.activateWindow();
-    look(window);
-    desk.Loop.WaitMs(maintenance::Maintenance::kFirstContactMs + 100);
-    for (const char* output : {"Motors", "Cam_leds", "Cam_power"}) {
-      test::Find<QAbstractButton>(window, output).click();
-    }
-    test::Find<QAbstractButton>(window, "Ignore_flip").click();
-    simulated.Opened().Cover(2, true);
-    simulated.Opened().SetSpeed(3, 9000);
-    simulated.Opened().Set(simulator::Sensors::Switch::FlipPlate, false);
-    test::Find<QAbstractButton>(window, "Feed_card").click();
-    desk.Loop.WaitMs(20'000);  // the motors run up
-    for (const char* step : {"Capture", "Showb", "Reco", "Frame_draw", "Start_draw"}) {
-      test::Find<QAbstractButton>(window, step).click();
-    }
-    LookAtPages(window, look);
-    LookAtMagnify(*pictures, window, look);
-    LookAtAdvance(console, look);
-    LookAtAutoSetup(window, look);  // it writes the parameters: nothing is lost at the end
-    LookAtFirmware(window, look);
-    console.Exit();
-  }
-
-  void LookAtMagnify(const maintenance::PictureStore& pictures, QWidget& console,
-                     const Look& look) {
-    maintenance::MagnifyWindow window(pictures, &console);
-    window.show();
-    test::Find<QAbstractButton>(window, "Raster").click();
-    desk.Loop.Pump();
-    look(window);
-    window.close();
-  }
-
-  void LookAtAdvance(maintenance::Maintenance& console, const Look& look) {
-    const int before = std::exchange(desk.Prog.ServiceLevel, 2);
-    desk.When("Advance_form", [&](QWidget& window) {
-      desk.Loop.After(100, [&] {  // it reads the machine
-        look(window);
-        window.close();
-      });
-    });
-    console.Advance();
-    desk.Prog.ServiceLevel = before;
-  }
-
-  /// In the middle of a search that finds nothing: the card is another.
-  void LookAtAutoSetup(QWidget& console, const Look& look) {
-    constexpr int kMiddle = 20;  // per cent
-    desk.AnswerBox(QMessageBox::Ok);
-    bool looked = false;
-    const auto before = desk.Loop.OnPump;
-    desk.Loop.OnPump = [&] {
-      before();
-      QWidget* window = test::TopWindow("AutoSetup");
-      if (window == nullptr || looked) return;
-      if (test::Find<QProgressBar>(*window, "ProgressBar1").value() < kMiddle) return;
-      looked = true;
-      window->activateWindow();  // as window managers do behind a box
-      look(*window);
-      test::Find<QAbstractButton>(*window, "Cancel").click();
-    };
-    test::Find<QAbstractButton>(console, "AutoSetup_command").click();
-    desk.Loop.OnPump = before;
-    EXPECT_TRUE(looked);
-  }
-
-  /// In the middle of a download.
-  void LookAtFirmware(QWidget& console, const Look& look) {
-    constexpr int kMiddle = 40;  // of 64 blocks
-    const std::string path = desk.Folder / "Firmware 2.91.adc";
-    test::WriteContent(
-        path, maintenance::FileOf(maintenance::CodeOf(2, 0x91, 4000), std::string(4000, 'b')));
-    desk.When("cdOpen", [&path](QWidget& dialog) {
-      test::Type(dialog, path);
-      test::Press(dialog, Qt::Key_Return);
-    });
-    bool looked = false;
-    int blocks = 0;
-    flash_.Answer = [&](const test::Bytes& plain) {
-      if (plain[0] == 0x29) return test::Short({0x29});
-      if (plain[0] != 0xAA) return test::Bytes();
-      desk.Clock.Spend(std::chrono::milliseconds(100));
-      if (++blocks == kMiddle) {
-        desk.Loop.Post([&] {
-          QWidget* window = test::TopWindow("Firmware");
-          ASSERT_NE(window, nullptr);
-          looked = true;
-          window->activateWindow();  // as window managers do behind a dialog
-          look(*window);
-          test::Find<QAbstractButton>(*window, "Command1").click();
-        });
-      }
-      return test::Short({0x2A});
-    };
-    test::Find<QAbstractButton>(console, "Download").click();
-    flash_.Answer = nullptr;
-    EXPECT_TRUE(looked);
-  }
-
   void LookAtSort(const Look& look) {
     machine::SortingRun run(desk.Prog, machine_, memory_);
     LookAtRunWindow<machine::SortProg>(run, "cmdSort", look, look);
@@ -429,8 +304,6 @@ class EveryWindow : public MainMenuTest {
     run.Exit();
   }
 
-  maintenance::CameraBridge flash_{simulated};
-  machine::Machine machine_{desk.Random, flash_};
   machine::RunMemory memory_;
 };
 
