@@ -1,7 +1,8 @@
 // The largest firmware file downloaded over a pseudo-terminal at whose other end the simulated
 // machine is another process, by the command line and by the desktop's window: the time from the
-// first byte of the start to the last one of the answer to the last block, beside what the bytes of
-// the frames take on the wire; the machine answers at once.
+// first byte of the start to the last one of the answer to the last block, beside what the same
+// frames take that are sent one after the other without a program around them, which is the wire's
+// time and the machine's own.
 //   --machine=FILE   the program that serves the machine; the one built beside this
 
 #include <QApplication>
@@ -10,7 +11,10 @@
 #include "bench/link_programs.h"
 #include "bench/options.h"
 #include "cli/maintain_firmware_command.h"
+#include "machine/machine_link.h"
+#include "maintenance/firmware_file.h"
 #include "maintenance/paper_flash.h"
+#include "platform/files.h"
 
 namespace morvane::bench {
 namespace {
@@ -27,9 +31,32 @@ std::string LargestFile(const test::TempFolder& folder) {
   return path;
 }
 
-/// Whether it was whole and in time.
-bool Show(const char* what, const test::LinkGaps::Figures& noted) {
-  const double ratio = Seconds(noted.Taken) / Seconds(noted.OnTheWire());
+/// The same frames without anything around them.
+void SendBare(LinkParts& parts, const maintenance::FirmwareFile& firmware) {
+  machine::MachineLink link(parts.Gaps);
+  if (link.Usb.Open(0, link.UsbHandle) != UsbXpress::kSuccess) return;
+  link.SetLinkTimeouts(2000);
+  const auto exchange = [&link](const auto& command) {
+    wire::Put(command, link.TxFrame);
+    link.SendFrame();
+    link.ReceiveFrame();
+  };
+  const auto send = [&](const maintenance::FlashImage& image, int block) {
+    exchange(wire::FlashBlockCommand{image.NumberOnWire(block), image.BlockAt(block)});
+  };
+  exchange(wire::StartDownloadCommand{});
+  for (const auto* image : {&firmware.DspImage, &firmware.BitImage}) {
+    for (int block = 1; block <= image->LastBlock(); ++block) send(*image, block);
+  }
+  send(firmware.BitImage, 0);
+  send(firmware.DspImage, 0);
+  link.CloseLink();
+}
+
+/// Whether it was whole and in time, beside the `bare` frames.
+bool Show(const char* what, const test::LinkGaps::Figures& noted,
+          const test::LinkGaps::Figures& bare) {
+  const double ratio = Seconds(noted.Taken) / Seconds(bare.Taken);
   const bool whole = noted.Runs == 1 && noted.Sends == kFrames;
   const bool quick = ratio <= kWantedRatio;
   std::printf("%s\n", what);
@@ -37,7 +64,8 @@ bool Show(const char* what, const test::LinkGaps::Figures& noted) {
   std::printf("  %-44s %9.3f s\n", "from the first byte to the last", Seconds(noted.Taken));
   ShowBytes(noted);
   ShowGaps(noted);
-  std::printf("  %-44s %9.3f%s (wanted: at most %.2f)\n", "  the time beside the wire's", ratio,
+  std::printf("  %-44s %9.3f s\n", "the same frames, bare", Seconds(bare.Taken));
+  std::printf("  %-44s %9.3f%s (wanted: at most %.2f)\n", "  the time beside theirs", ratio,
               Mark(quick), kWantedRatio);
   return whole && quick;
 }
@@ -49,13 +77,16 @@ int Run(const Options& options) {
       {"--machine", "simulated,speed=0", "--pace", "wire"},
       {.Folder = folder.Path(), .Program = options.Text("machine").value_or(MORVANE_MACHINE)});
   const std::string path = DeviceOf(machine);
-  if (path.empty()) return 1;
+  std::string bytes;
+  if (path.empty() || ReadFile(file, bytes)) return 1;
+  LinkParts bare(path, test::LinkGaps::Of::kDownloads);
+  SendBare(bare, *maintenance::FirmwareIn(bytes, file));
   LinkParts terminal(path, test::LinkGaps::Of::kDownloads);
   AtTerminal(terminal, [&](cli::Job& job) { return cli::MaintainFirmware(job, {.File = file}); });
-  const bool good = Show("By the command line:", terminal.Gaps.Noted());
+  const bool good = Show("By the command line:", terminal.Gaps.Noted(), bare.Gaps.Noted());
   LinkParts desktop(path, test::LinkGaps::Of::kDownloads);
   AtDesktop(desktop, '"' + file + '"', [](const Desktop& /*done*/) {});
-  return Show("By the desktop's window:", desktop.Gaps.Noted()) && good ? 0 : 1;
+  return Show("By the desktop's window:", desktop.Gaps.Noted(), bare.Gaps.Noted()) && good ? 0 : 1;
 }
 
 }  // namespace
