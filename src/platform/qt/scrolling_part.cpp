@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 
 namespace morvane {
 namespace {
@@ -32,10 +33,13 @@ QSize ScrollingPart::Needed() const {
   return widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
 }
 
-/// A bar beside what scrolls down must not make it scroll sideways too.
+/// A bar beside what scrolls down must not make it scroll sideways too. A scale of 150 % may round
+/// a window down by a pixel, for which nothing is to scroll.
 QSize ScrollingPart::sizeHint() const {
   const QSize bar(bars_ ? verticalScrollBar()->sizeHint().width() : 0, 0);
-  return Needed() + bar;
+  const double scale = qApp->devicePixelRatio();
+  const int spare = std::floor(scale) < scale ? 1 : 0;
+  return Needed() + bar + QSize(spare, spare);
 }
 
 QSize ScrollingPart::minimumSizeHint() const {
