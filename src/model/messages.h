@@ -71,11 +71,11 @@ struct Messages {
   std::string Msg052;  ///< (Read: `cmdClear`, before the board is emptied)
   std::string Msg053;  ///< Deal: the current board is not complete
   std::string Msg054;  ///< (Read: the current board is not empty)
-  std::string Msg055;  ///< (Maintenance and its tools: the link is lost)
+  std::string Msg055;  ///< Maintenance and its tools: the link is lost
   std::string Msg056;  ///< (Maintenance: the parameters have been written)
-  std::string Msg057;  ///< (Firmware download: done)
-  std::string Msg058;  ///< (Firmware download: start or block refused; *** status, ### block)
-  std::string Msg059;  ///< (Firmware download: the file's size or its lengths are wrong)
+  std::string Msg057;  ///< Firmware download: done
+  std::string Msg058;  ///< Firmware download: start or block refused; *** status, ### block
+  std::string Msg059;  ///< Firmware download: the file's size or its lengths are wrong
   std::string Msg060;  ///< Deal: the last copy of the run's last board has been dealt; asks
   std::string Msg061;  ///< (Read: the last board has been read; asks)
   std::string Msg062;  ///< New, Exit, Load, Import: the set has changes that are not saved; asks
@@ -134,7 +134,7 @@ struct Messages {
   std::string Msg115;  ///< (Switch calibration: another value is better; *** it; asks)
   std::string Msg116;  ///< Auto Setup: done; asks
   std::string Msg117;  ///< Auto Setup: the card was not found
-  std::string Msg118;  ///< (Firmware download: this machine needs 2.80, the file is older)
+  std::string Msg118;  ///< Firmware download: this machine needs 2.80, the file is older
   std::string Msg119;  ///< Generate: the system's random source failed
   std::string Msg120;  ///< (Test deal: before it begins)
   std::string Msg121;  ///< (Test deal: it stopped, *** error code; OK makes a service file)
