@@ -72,7 +72,7 @@ struct Messages {
   std::string Msg053;  ///< Deal: the current board is not complete
   std::string Msg054;  ///< (Read: the current board is not empty)
   std::string Msg055;  ///< Maintenance and its tools: the link is lost
-  std::string Msg056;  ///< (Maintenance: the parameters have been written)
+  std::string Msg056;  ///< Maintenance: the parameters have been written
   std::string Msg057;  ///< Firmware download: done
   std::string Msg058;  ///< Firmware download: start or block refused; *** status, ### block
   std::string Msg059;  ///< Firmware download: the file's size or its lengths are wrong
