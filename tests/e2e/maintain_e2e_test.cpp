@@ -1,3 +1,4 @@
+#include <chrono>
 #include <csignal>
 
 #include "bridges/scripted_peer.h"
@@ -71,6 +72,10 @@ TEST_F(MaintainEndToEnd, ADownloadThatIsKilledLeavesAMachineThatCanBeLoaded) {
   Process killed(On(named, {"firmware", "large.adc"}), Around());
   ASSERT_TRUE(
       killed.Until([&] { return killed.Err().find("In the machine: 2.90") != std::string::npos; }));
+  // The start goes out behind that line, and the whole takes twelve seconds.
+  const auto told = std::chrono::steady_clock::now();
+  ASSERT_TRUE(killed.Until(
+      [&] { return std::chrono::steady_clock::now() - told > std::chrono::seconds(2); }));
   killed.Signal(SIGKILL);
   killed.Finish();
   const Outcome info = Maintain(named, {"info"});

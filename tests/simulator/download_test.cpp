@@ -234,7 +234,7 @@ TEST(Download, AFrameThatCanBeNoneIsNotAnswered) {
   EXPECT_TRUE(talk.Ask({41, 94}).empty());
   EXPECT_TRUE(HasFirmware(talk));
   EXPECT_EQ(Send(talk, {kStartFrame}), 0);
-  Bytes frame = BlockFrame(Bytes(128), 1);
+  Bytes frame = BlockFrame(Bytes(256), 1);
   frame[1] = 99;
   EXPECT_TRUE(talk.Ask(frame).empty());
 }

@@ -29,6 +29,9 @@ ScrollingPart::ScrollingPart(QWidget* content, QWidget* parent) : QScrollArea(pa
           [this](QWidget* /*before*/, QWidget* now) { BringIntoSight(now); });
 }
 
+/// What has the focus in it loses it when it goes, and that no longer concerns this.
+ScrollingPart::~ScrollingPart() { disconnect(qApp, nullptr, this, nullptr); }
+
 QSize ScrollingPart::Needed() const {
   return widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
 }

@@ -9,6 +9,9 @@ namespace morvane {
 class ScrollingPart final : public QScrollArea {
  public:
   ScrollingPart(QWidget* content, QWidget* parent);
+  ScrollingPart(const ScrollingPart&) = delete;
+  ScrollingPart& operator=(const ScrollingPart&) = delete;
+  ~ScrollingPart() override;
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
