@@ -95,9 +95,7 @@ class AdvanceForm {
 
   [[nodiscard]] bool MachineKnown() const { return machineKnown_; }
   /// Its record is that of an erased flash.
-  [[nodiscard]] bool HoldsNoRecord() const {
-    return held_ == wire::ManufacturingRecord{0xFFFF, 0xFFFF, 0xFF, 0xFF, 0xFFFF};
-  }
+  [[nodiscard]] bool HoldsNoRecord() const { return held_ == wire::kErasedRecord; }
   /// Record and counters have been read whole: the buttons can be pressed.
   [[nodiscard]] bool Known() const { return known_; }
 

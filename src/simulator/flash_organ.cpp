@@ -11,8 +11,6 @@ namespace {
 using namespace wire;
 
 constexpr std::uint8_t kGood = DownloadReply::kGood;
-/// A block of the record that was erased.
-constexpr ManufacturingRecord kErasedRecord{0xFFFF, 0xFFFF, 0xFF, 0xFF, 0xFFFF};
 
 /// What a block was told to answer that did not get into the flash.
 bool IsNotStored(std::uint8_t status) {

@@ -68,6 +68,9 @@ struct ManufacturingRecord {
   bool operator==(const ManufacturingRecord&) const = default;
 };
 
+/// As the block reads where none has been written since it was erased.
+inline constexpr ManufacturingRecord kErasedRecord{0xFFFF, 0xFFFF, 0xFF, 0xFF, 0xFFFF};
+
 /// The rest of the payload is random.
 struct WriteRecordCommand {
   static constexpr std::uint8_t Code = CmdWriteRecord;
