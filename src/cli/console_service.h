@@ -25,6 +25,18 @@ class ConsoleService : public maintenance::MaintenanceView {
       maintenance::FirmwareDownload& /*download*/) override {
     return std::make_unique<maintenance::FirmwareView>();
   }
+  std::unique_ptr<maintenance::ServiceFileView> OpenServiceFile(
+      maintenance::ServiceGathering& /*gathering*/) override {
+    return std::make_unique<maintenance::ServiceFileView>();
+  }
+  std::unique_ptr<maintenance::BoardCalibrationView> OpenBoardCalibration(
+      maintenance::BoardCalibration& /*calibration*/) override {
+    return std::make_unique<maintenance::BoardCalibrationView>();
+  }
+  std::unique_ptr<maintenance::TestDealView> OpenTestDeal(
+      maintenance::TestDeal& /*deal*/) override {
+    return nullptr;
+  }
   void Close() override {}
 
  protected:

@@ -5,6 +5,9 @@
 #include "machine/gates.h"
 #include "maintenance/advance_form.h"
 #include "maintenance/auto_setup_command.h"
+#include "maintenance/calibration_command.h"
+#include "maintenance/service_file_command.h"
+#include "maintenance/test_deal_command.h"
 #include "text/box_text.h"
 #include "wire/service_commands.h"
 
@@ -215,6 +218,30 @@ void Maintenance::AutoSetup_command() {
     bench_.Rest(true);
     AutoSetupCommand(program_, link_, machine_, poll_, parameters_, pictures_, *this).Run();
     bench_.Rest(false);
+  });
+}
+
+void Maintenance::Email() {
+  AtMachine([this] { CreateServiceFile(); });
+}
+
+void Maintenance::CreateServiceFile() {
+  bench_.Rest(true);
+  ServiceFileCommand(program_, link_, machine_, poll_, parameters_, bench_, pictures_, identity_,
+                     developer_, serviceFile_, *this)
+      .CreateServiceFile();
+  bench_.Rest(false);
+}
+
+void Maintenance::Calibrate_Board_Switch() {
+  AtMachine([this] { CalibrationCommand(program_, link_, machine_, parameters_, *this).Run(); });
+}
+
+void Maintenance::DealTest() {
+  AtMachine([this] {
+    TestDealCommand(program_, link_, machine_, poll_, parameters_, serviceFile_, *this, [this] {
+      CreateServiceFile();
+    }).Run();
   });
 }
 

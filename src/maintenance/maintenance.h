@@ -13,6 +13,7 @@
 #include "maintenance/maintenance_view.h"
 #include "maintenance/parameter_block.h"
 #include "maintenance/recognition_bench.h"
+#include "maintenance/service_file_run.h"
 
 namespace morvane::maintenance {
 
@@ -60,6 +61,10 @@ class Maintenance final : private ConsoleHost {
   void SelectCardType(int cardType) { parameters_.CardSelection.CardType = cardType; }
   void SelectThreshold(int threshold) { parameters_.CardSelection.Threshold = threshold; }
   void AutoSetup_command();
+  /// The button "Create Service File".
+  void Email();
+  void Calibrate_Board_Switch();
+  void DealTest();
   /// The button: the operator picks a file, unless `path` is one.
   void Download(const std::string& path = {});
   /// A click on the picture: `Magnify1`, for technicians.
@@ -102,6 +107,8 @@ class Maintenance final : private ConsoleHost {
   /// Does `work` with the link, unless another has it; then `show`s what has come of it.
   void AtLink(const std::function<void()>& work,
               void (MaintenanceView::*show)() = &MaintenanceView::ShowAll);
+  /// `CreateServiceFile`, for who has the link.
+  void CreateServiceFile();
   [[nodiscard]] bool MayLeave();
   void Unload();
 
@@ -114,6 +121,7 @@ class Maintenance final : private ConsoleHost {
   Identity identity_;
   RecognitionBench bench_;
   DeveloperTests developer_;
+  ServiceFileRun serviceFile_;
   ServiceControls controls_;
   MaintenanceView* view_ = nullptr;
   std::string firmware_;  ///< `FirmwareFile`, while `ExternalFirmware` is 1

@@ -3,14 +3,20 @@
 #include <memory>
 
 #include "maintenance/auto_setup_view.h"
+#include "maintenance/board_calibration_view.h"
 #include "maintenance/firmware_view.h"
+#include "maintenance/service_file_view.h"
+#include "maintenance/test_deal_view.h"
 
 namespace morvane::maintenance {
 
 class AdvanceForm;
 class AutoSetup;
+class BoardCalibration;
 class FirmwareDownload;
 class Maintenance;
+class ServiceGathering;
+class TestDeal;
 
 /// What the console needs of its window. Everything shown is read from `Maintenance`; the calls
 /// only say that it changed.
@@ -31,6 +37,14 @@ class MaintenanceView {
   [[nodiscard]] virtual std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) = 0;
   /// The same of the window `Firmware`.
   [[nodiscard]] virtual std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) = 0;
+  /// The same of the window `Service_file`.
+  [[nodiscard]] virtual std::unique_ptr<ServiceFileView> OpenServiceFile(
+      ServiceGathering& gathering) = 0;
+  /// The same of the window `Board_calibration`.
+  [[nodiscard]] virtual std::unique_ptr<BoardCalibrationView> OpenBoardCalibration(
+      BoardCalibration& calibration) = 0;
+  /// The same of the window `TestDealForm`.
+  [[nodiscard]] virtual std::unique_ptr<TestDealView> OpenTestDeal(TestDeal& deal) = 0;
   /// The service is over: the window goes.
   virtual void Close() = 0;
 };

@@ -26,11 +26,11 @@ void ErrorPicture::Keep(const RunStop& stop, Camera& camera, const StoredParamet
   task.National = cards.Letters;
   Recogniser recogniser;
   const VerdictReply seen = recogniser.Recognise(grey_, task);
-  verdict_ = {seen.Time, seen.Rank, seen.Suit, seen.Threshold, seen.Error};
+  verdict_ = {seen};
   if (TextOfError(stop.Code).Text == TextOfError(kCardFeeding).Text) {
-    verdict_ = {seen.Time, ErrorVerdictReply::kNotTaken, 0, seen.Threshold, stop.Code};
+    verdict_ = {{seen.Time, ErrorVerdictReply::kNotTaken, 0, seen.Threshold, stop.Code}};
   } else if (IsRecognitionError(stop.Code)) {
-    verdict_ = {seen.Time, 0, 0, seen.Threshold, stop.Code};
+    verdict_ = {{seen.Time, 0, 0, seen.Threshold, stop.Code}};
   }
 }
 

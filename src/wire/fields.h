@@ -138,6 +138,20 @@ struct ArrayRow {
   }
 };
 
+/// Bytes that stand apart, each `Step` behind the one before.
+template <typename F, std::size_t N>
+struct SpacedRow {
+  std::size_t At;
+  std::size_t Step;
+  std::array<std::uint8_t, N> F::*Member;
+  void Put(const F& fields, Frame& frame) const {
+    for (std::size_t i = 0; i < N; ++i) frame[At + Step * i] = (fields.*Member)[i];
+  }
+  void Get(const Frame& frame, F& fields) const {
+    for (std::size_t i = 0; i < N; ++i) (fields.*Member)[i] = frame[At + Step * i];
+  }
+};
+
 /// The first `Count` places of a list by machine card.
 template <typename F>
 struct CardsRow {
@@ -244,6 +258,11 @@ template <typename F, std::size_t N>
 constexpr ArrayRow<F, N> Array(std::size_t at, std::array<std::uint8_t, N> F::*member,
                                std::size_t first = 0, std::uint8_t mask = 0xFF) {
   return {at, member, first, mask};
+}
+template <typename F, std::size_t N>
+constexpr SpacedRow<F, N> Spaced(std::size_t at, std::size_t step,
+                                 std::array<std::uint8_t, N> F::*member) {
+  return {at, step, member};
 }
 template <typename F>
 constexpr CardsRow<F> Cards(std::size_t at, std::size_t count, CardBytes F::*member) {

@@ -105,6 +105,14 @@ struct TrialCommand {
                  Byte(5, &TrialCommand::StartX), Byte(6, &TrialCommand::StartY));
 };
 
+/// The same behind a test deal: all filler.
+struct TestVerdictCommand {
+  static constexpr std::uint8_t Code = CmdErrorVerdict;
+  using Reply = ErrorVerdictReply;
+
+  static constexpr auto Fields = std::tuple<>();
+};
+
 struct ErrorVerdictCommand {
   static constexpr std::uint8_t Code = CmdErrorVerdict;
   using Reply = ErrorVerdictReply;

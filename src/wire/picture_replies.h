@@ -69,21 +69,11 @@ struct SuitMeasureReply {
       std::tuple(Byte(1, &SuitMeasureReply::Threshold), Part(&SuitMeasureReply::Box));
 };
 
-/// The verdict of the last error of a run, in the layout of `VerdictReply`.
-struct ErrorVerdictReply {
+/// The verdict of the last error of a run.
+struct ErrorVerdictReply : VerdictReply {
   static constexpr std::uint8_t Code = 0x25;
-  std::uint16_t Time = 0;
-  std::uint8_t Rank = 0;  ///< also `kNotTaken`
-  std::uint8_t Suit = 0;
-  std::uint8_t Threshold = 0;
-  std::uint8_t Error = 0;
-  /// A card that the machine could not take.
+  /// The rank of a card that the machine could not take.
   static constexpr std::uint8_t kNotTaken = 61;
-
-  static constexpr auto Fields =
-      std::tuple(Number(1, &ErrorVerdictReply::Time), Byte(3, &ErrorVerdictReply::Rank),
-                 Byte(4, &ErrorVerdictReply::Suit), Byte(5, &ErrorVerdictReply::Threshold),
-                 Byte(6, &ErrorVerdictReply::Error));
 };
 
 }  // namespace morvane::wire

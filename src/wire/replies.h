@@ -114,6 +114,14 @@ struct TestReply {
   static constexpr auto Fields = std::tuple(Array(kFirst, &TestReply::Numbers));
 };
 
+/// The same frame as the service file has it: with the byte in front of those.
+struct TestDataReply {
+  static constexpr std::uint8_t Code = TestReply::Code;
+  std::array<std::uint8_t, kLongFrame - 8> Bytes{};
+
+  static constexpr auto Fields = std::tuple(Array(8, &TestDataReply::Bytes));
+};
+
 /// Each number with the byte at which it stands: "9 200  10 0  ".
 [[nodiscard]] std::string DiagnosisText(const TestReply& reply);
 

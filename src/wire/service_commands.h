@@ -13,6 +13,7 @@ namespace morvane::wire {
 enum ServiceCode : std::uint8_t {
   CmdReadParameters = 0x11,
   CmdWriteParameters = 0x13,
+  CmdDieIdentity = 0x14,
   CmdOutputs = 0x17,
   CmdLogicVersion = 0x23,
   CmdTestWrite = 0x24,
@@ -95,6 +96,18 @@ inline constexpr SensorStatusCommand<ClimateReply> kClimate{2};
 inline constexpr SensorStatusCommand<SpareSensorReply> kSpareSensor{3};
 inline constexpr SensorStatusCommand<LabelReply> kLabelSensor{SensorCommand::kBoardLabel};
 
+/// Whether the board switch sees a board: a status frame of its own form.
+struct BoardSensorCommand {
+  static constexpr std::uint8_t Code = CmdSensor;
+  using Reply = BoardSensorReply;
+  static constexpr std::uint8_t kSelector = 5;
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const {
+    return reply.Head.Selector == kSelector;
+  }
+
+  static constexpr auto Fields = std::tuple(Always(1, kSelector), Zeros(2, 5));
+};
+
 /// As `VersionCommand`, but all filler: that is how the service asks for it.
 struct ServiceVersionCommand {
   static constexpr std::uint8_t Code = CmdVersion;
@@ -128,6 +141,43 @@ struct BootAreaCommand {
   using Reply = BootAreaReply;
 
   static constexpr auto Fields = std::tuple(Zeros(1, 6));
+};
+
+/// The identity of the set, spread over another area of the stored data.
+struct SetIdentityCommand {
+  static constexpr std::uint8_t Code = CmdStoredData;
+  using Reply = SetIdentityReply;
+  static constexpr std::uint8_t kArea = 0xE0;
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Area == kArea; }
+
+  static constexpr auto Fields = std::tuple(Zeros(1), Always(2, kArea), Zeros(3, 4));
+};
+
+/// One half of the processor's identity.
+struct DieIdentityCommand {
+  static constexpr std::uint8_t Code = CmdDieIdentity;
+  using Reply = DieIdentityReply;
+  std::uint8_t Half = 1;  ///< 1 or 2
+  [[nodiscard]] bool IsEchoedBy(const Reply& reply) const { return reply.Half == Half; }
+
+  static constexpr auto Fields = std::tuple(Byte(1, &DieIdentityCommand::Half), Zeros(2, 5));
+};
+
+/// `TestCommand` for all that it tells.
+struct TestDataCommand {
+  static constexpr std::uint8_t Code = CmdTest;
+  using Reply = TestDataReply;
+
+  static constexpr auto Fields = std::tuple<>();
+};
+
+/// `StatusCommand` as a test deal polls: only the break counts, all else is random.
+struct TestPollCommand {
+  static constexpr std::uint8_t Code = CmdStatus;
+  using Reply = StatusReply;
+  bool Break = false;
+
+  static constexpr auto Fields = std::tuple(Bit(1, 0, &TestPollCommand::Break));
 };
 
 /// The version of the programmable logic.

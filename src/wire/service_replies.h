@@ -85,6 +85,16 @@ struct LabelReply {
   static constexpr auto Fields = std::tuple(Part(&LabelReply::Head), Byte(2, &LabelReply::Label));
 };
 
+/// Selector 5.
+struct BoardSensorReply {
+  static constexpr std::uint8_t Code = SensorReply::Code;
+  SensorHead Head;
+  std::uint8_t Seen = 0;  ///< 1: there is a board
+
+  static constexpr auto Fields =
+      std::tuple(Part(&BoardSensorReply::Head), Byte(2, &BoardSensorReply::Seen));
+};
+
 struct LogicVersionReply {
   static constexpr std::uint8_t Code = 0x23;
   std::uint8_t Version = 0;  ///< 37 is shown as 3.7
@@ -102,6 +112,24 @@ struct BootAreaReply {
   static constexpr auto Fields =
       std::tuple(Byte(2, &BootAreaReply::Area), Byte(40, &BootAreaReply::BootMajor),
                  Byte(41, &BootAreaReply::BootMinor));
+};
+
+struct SetIdentityReply {
+  static constexpr std::uint8_t Code = BootAreaReply::Code;
+  std::uint8_t Area = 0;
+  std::array<std::uint8_t, 8> Identity{};
+
+  static constexpr auto Fields =
+      std::tuple(Byte(2, &SetIdentityReply::Area), Spaced(18, 10, &SetIdentityReply::Identity));
+};
+
+struct DieIdentityReply {
+  static constexpr std::uint8_t Code = 0x14;
+  std::uint8_t Half = 0;
+  std::array<std::uint8_t, 4> Identity{};
+
+  static constexpr auto Fields =
+      std::tuple(Byte(1, &DieIdentityReply::Half), Array(2, &DieIdentityReply::Identity));
 };
 
 /// 32 counters, the first of page 0 being the boards dealt.

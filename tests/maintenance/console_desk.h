@@ -27,6 +27,13 @@ class NotedView final : public MaintenanceView {
   std::function<void()> OnShow;    ///< while all, or the picture, is shown
   std::function<void()> OnSearch;  ///< while the search of Auto Setup is
   std::function<void()> OnMagnify;
+  ServiceGathering* Gathering = nullptr;  ///< the last that was opened, as the next two
+  std::function<void()> OnGathering;
+  BoardCalibration* Calibration = nullptr;
+  std::function<void()> OnCalibration;
+  TestDeal* Deal = nullptr;
+  std::function<void()> OnDeal;
+  std::function<void(machine::ErrorDialog&)> OnError;
   int Advances = 0;
   std::function<void(AdvanceForm&)> OnAdvance;  ///< while its form is there, opened
   void ShowReadings() override { ++Readings; }
@@ -75,6 +82,43 @@ class NotedView final : public MaintenanceView {
     ++Downloads;
     Firmware = &download;
     return std::make_unique<NotedDownload>(*this);
+  }
+  std::unique_ptr<ServiceFileView> OpenServiceFile(ServiceGathering& gathering) override {
+    struct NotedGathering final : ServiceFileView {
+      NotedView& View;
+      explicit NotedGathering(NotedView& view) : View(view) {}
+      void ShowGathering() override {
+        if (View.OnGathering) View.OnGathering();
+      }
+    };
+    Gathering = &gathering;
+    return std::make_unique<NotedGathering>(*this);
+  }
+  std::unique_ptr<BoardCalibrationView> OpenBoardCalibration(
+      BoardCalibration& calibration) override {
+    struct NotedCalibration final : BoardCalibrationView {
+      NotedView& View;
+      explicit NotedCalibration(NotedView& view) : View(view) {}
+      void ShowCalibration() override {
+        if (View.OnCalibration) View.OnCalibration();
+      }
+    };
+    Calibration = &calibration;
+    return std::make_unique<NotedCalibration>(*this);
+  }
+  std::unique_ptr<TestDealView> OpenTestDeal(TestDeal& deal) override {
+    struct NotedDeal final : TestDealView {
+      NotedView& View;
+      explicit NotedDeal(NotedView& view) : View(view) {}
+      void ShowState() override {
+        if (View.OnDeal) View.OnDeal();
+      }
+      void ShowError(machine::ErrorDialog& dialog) override {
+        if (View.OnError) View.OnError(dialog);
+      }
+    };
+    Deal = &deal;
+    return std::make_unique<NotedDeal>(*this);
   }
   void Close() override { ++Closes; }
 };

@@ -179,6 +179,20 @@ std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& 
   return std::make_unique<FirmwareWindow>(program_.Time, download, this);
 }
 
+std::unique_ptr<ServiceFileView> MaintenanceWindow::OpenServiceFile(
+    ServiceGathering& /*gathering*/) {
+  return std::make_unique<ServiceFileView>();
+}
+
+std::unique_ptr<BoardCalibrationView> MaintenanceWindow::OpenBoardCalibration(
+    BoardCalibration& /*calibration*/) {
+  return std::make_unique<BoardCalibrationView>();
+}
+
+std::unique_ptr<TestDealView> MaintenanceWindow::OpenTestDeal(TestDeal& /*deal*/) {
+  return nullptr;
+}
+
 void MaintenanceWindow::ShowContact() {
   const Identity& machine = maintenance_.TheIdentity();
   QString text = "Asking the machine ...";

@@ -44,6 +44,10 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void ShowAdvance(AdvanceForm& form) override;
   std::unique_ptr<AutoSetupView> OpenAutoSetup(AutoSetup& setup) override;
   std::unique_ptr<FirmwareView> OpenFirmware(FirmwareDownload& download) override;
+  std::unique_ptr<ServiceFileView> OpenServiceFile(ServiceGathering& gathering) override;
+  std::unique_ptr<BoardCalibrationView> OpenBoardCalibration(
+      BoardCalibration& calibration) override;
+  std::unique_ptr<TestDealView> OpenTestDeal(TestDeal& deal) override;
   void Close() override;
 
   /// Escape does what the close box does.

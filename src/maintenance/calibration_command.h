@@ -1,0 +1,26 @@
+#pragma once
+
+#include "maintenance/console_host.h"
+#include "maintenance/parameter_block.h"
+
+namespace morvane::maintenance {
+
+/// The button `Calibrate_Board_Switch`: the prompt, the window's sweeps, and what the machine is to
+/// keep of them. Whoever runs it has the link, and nothing else takes it meanwhile.
+class CalibrationCommand {
+ public:
+  CalibrationCommand(Program& program, ServiceLink& link, const machine::Machine& machine,
+                     ParameterBlock& parameters, ConsoleHost& host)
+      : program_(program), link_(link), machine_(machine), parameters_(parameters), host_(host) {}
+
+  void Run();
+
+ private:
+  Program& program_;
+  ServiceLink& link_;
+  const machine::Machine& machine_;
+  ParameterBlock& parameters_;
+  ConsoleHost& host_;
+};
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,7 @@
+#include "maintenance/service_file_command.h"
+
+namespace morvane::maintenance {
+
+void ServiceFileCommand::CreateServiceFile() {}
+
+}  // namespace morvane::maintenance

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+
+#include "maintenance/console_host.h"
+#include "maintenance/console_poll.h"
+#include "maintenance/parameter_block.h"
+#include "maintenance/service_file_run.h"
+
+namespace morvane::maintenance {
+
+/// The button `DealTest`: deals a known deck again and again until the machine takes a card for
+/// another, and then makes a service file of it. Whoever runs it has the link, and nothing else
+/// takes it meanwhile.
+class TestDealCommand {
+ public:
+  /// `createServiceFile` makes one of what `run` says.
+  TestDealCommand(Program& program, ServiceLink& link, machine::Machine& machine, ConsolePoll& poll,
+                  const ParameterBlock& parameters, ServiceFileRun& run, ConsoleHost& host,
+                  std::function<void()> createServiceFile)
+      : program_(program),
+        link_(link),
+        machine_(machine),
+        poll_(poll),
+        parameters_(parameters),
+        run_(run),
+        host_(host),
+        createServiceFile_(std::move(createServiceFile)) {}
+
+  void Run();
+
+ private:
+  Program& program_;
+  ServiceLink& link_;
+  machine::Machine& machine_;
+  ConsolePoll& poll_;
+  const ParameterBlock& parameters_;
+  ServiceFileRun& run_;
+  ConsoleHost& host_;
+  std::function<void()> createServiceFile_;
+};
+
+}  // namespace morvane::maintenance
