@@ -12,11 +12,6 @@ using maintenance::Identity;
 using maintenance::Parameter;
 using maintenance::Readings;
 
-/// By their bits.
-constexpr std::array<std::string_view, 8> kOutputs{"Motors",          "Gate1",        "Gate2",
-                                                   "Gate3",           "Cam_leds",     "Cam_power",
-                                                   "Front_green_led", "Front_Red_Led"};
-
 constexpr std::array<std::string_view, 7> kNationals{"AKQJ", "ARDV", "1RDV", "AKDB",
                                                      "AHVB", "EKDB", "EKDKn"};
 constexpr std::array<std::string_view, 2> kCardTypes{"Standard", "Framed"};
@@ -53,8 +48,9 @@ ServiceLines IdentityLines(const Identity& identity) {
 
 ServiceLines OutputLines(std::uint8_t outputs) {
   ServiceLines lines;
-  for (std::size_t bit = 0; bit < kOutputs.size(); ++bit) {
-    lines.push_back({std::string(kOutputs[bit]), (outputs >> bit & 1U) != 0 ? "1" : "0"});
+  for (std::size_t bit = 0; bit < maintenance::kOutputNames.size(); ++bit) {
+    lines.push_back(
+        {std::string(maintenance::kOutputNames[bit]), (outputs >> bit & 1U) != 0 ? "1" : "0"});
   }
   return lines;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <functional>
+#include <string_view>
 #include <utility>
 
 #include "maintenance/readings.h"
@@ -8,6 +10,11 @@
 #include "wire/service_commands.h"
 
 namespace morvane::maintenance {
+
+/// The check boxes of `ConsolePoll::Outputs`, by their bits.
+inline constexpr std::array<std::string_view, 8> kOutputNames{
+    "Motors",   "Gate1",     "Gate2",           "Gate3",
+    "Cam_leds", "Cam_power", "Front_green_led", "Front_Red_Led"};
 
 /// The console's poll: tells the machine which outputs are on and learns what its sensors say, as
 /// far as its firmware tells. Whoever polls has the link.
@@ -26,6 +33,8 @@ class ConsolePoll {
   bool Poll(bool feed);
   /// The check boxes alone: no gate is fired, it would stay on until the next poll. False as above.
   bool SendOutputs() { return AskOutputs(Outputs, false); }
+  /// The same, and what the sensors say.
+  bool Refresh() { return SendOutputs() && AskStatus(); }
 
   [[nodiscard]] const Readings& Now() const { return readings_; }
   /// How many rounds of the gates the test has made: `GateTestText`.

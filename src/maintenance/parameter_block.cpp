@@ -12,8 +12,6 @@ using machine::VersionGate;
 
 constexpr VersionGate kSwitchesGate{0x20, nullptr};
 constexpr VersionGate kUseBoardGate{0x70, nullptr};
-constexpr VersionGate kJumboGate{0x40, nullptr};
-constexpr VersionGate kSmallGate{0x66, nullptr};
 
 /// By `Mode`.
 constexpr std::array kLogHeads{
@@ -50,9 +48,9 @@ bool ParameterBlock::ApplyGates() {
   Boxes.SwitchesOn = Passes(machine_, kSwitchesGate);
   Boxes.UseBoardKnown = Passes(machine_, kUseBoardGate);
   if (askedIndex_) return CanDo(*askedIndex_);
-  if (!machine_.HasHardware(wire::IdentityReply::kLargeIndexCards) ||
-      !Passes(machine_, kJumboGate) ||
-      (CardSelection.CardIndex == CardSettings::kSmallIndex && !Passes(machine_, kSmallGate))) {
+  if (!HasRecord(machine_, wire::CardIndex::Jumbo) ||
+      (CardSelection.CardIndex == CardSettings::kSmallIndex &&
+       !HasRecord(machine_, wire::CardIndex::Small))) {
     CardSelection.CardIndex = CardSettings::kStandardIndex;
   }
   return true;

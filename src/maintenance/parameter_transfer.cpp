@@ -10,6 +10,8 @@ using machine::VersionGate;
 using wire::CardIndex;
 
 constexpr VersionGate kThresholdGate{0x44, nullptr};
+constexpr VersionGate kJumboGate{0x40, nullptr};
+constexpr VersionGate kSmallGate{0x66, nullptr};
 
 /// One block into its boxes; false when the link was lost.
 template <typename Block>
@@ -33,6 +35,13 @@ constexpr std::array kLoggedLast{Parameter::Bold_th_txt,      Parameter::Fine_th
                                  Parameter::Video_Brightness, Parameter::Video_Contrast};
 
 }  // namespace
+
+bool HasRecord(const machine::Machine& machine, CardIndex index) {
+  if (index == CardIndex::Small) return Passes(machine, kSmallGate);
+  return index == CardIndex::Standard ||
+         (Passes(machine, kJumboGate) &&
+          machine.HasHardware(wire::IdentityReply::kLargeIndexCards));
+}
 
 bool ReadParameters(ServiceLink& link, const machine::Machine& machine, CardIndex index,
                     ParameterBoxes& boxes) {

@@ -9,6 +9,9 @@ namespace morvane::maintenance {
 /// Since when a firmware has the camera's settings.
 inline constexpr machine::VersionGate kVideoGate{0x80, nullptr};
 
+/// Whether the machine is known to keep parameters of its own for cards with this index.
+[[nodiscard]] bool HasRecord(const machine::Machine& machine, wire::CardIndex index);
+
 /// `ReadParameters`: the record of `index` and what stands once in the machine, as far as its
 /// firmware has it, into the boxes. False: the link is lost, which the operator has been told.
 bool ReadParameters(ServiceLink& link, const machine::Machine& machine, wire::CardIndex index,

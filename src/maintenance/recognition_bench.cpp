@@ -6,8 +6,6 @@
 namespace morvane::maintenance {
 namespace {
 
-constexpr machine::VersionGate kFocusGate{0x72, nullptr};
-
 std::uint8_t ByteOf(int value) { return static_cast<std::uint8_t>(value); }
 
 /// The pixels between the two.
@@ -48,9 +46,23 @@ void RecognitionBench::Recognise() {
       link_.Ask(wire::RecogniseCommand{ByteOf(cards.National), ByteOf(cards.CardType),
                                        ByteOf(cards.Threshold), ByteOf(cards.CardIndex)});
   if (verdict) Take(*verdict);
+  Measure();
+  recoOn_ = !holdStop_;
+}
+
+void RecognitionBench::ShowProblemCard(const ServiceFileRun& run) {
+  texts_.Cap_time = std::to_string(run.ServiceCaptureTime);
+  if (!run.TestDealError) return texts_.Verdict.Take(run.LastVerdict);
+  texts_.Verdict.TakeError(run.LastVerdict);
+  if (run.LastVerdict.Rank == wire::ErrorVerdictReply::kNotTaken) {
+    texts_.Verdict.Reco_error = std::to_string(run.LastVerdict.Rank);
+  }
+}
+
+bool RecognitionBench::Measure() {
   if (const auto symbol = link_.Ask(wire::SymbolMeasureCommand{})) Take(*symbol);
   if (const auto suit = link_.Ask(wire::SuitMeasureCommand{})) Take(*suit);
-  recoOn_ = !holdStop_;
+  return !link_.LinkFailed();
 }
 
 void RecognitionBench::ShowPicture() {
@@ -88,9 +100,7 @@ void RecognitionBench::ClearResults() {
 void RecognitionBench::Take(const wire::CaptureReply& reply) {
   texts_.Cap_time = std::to_string(reply.Time);
   if (program_.ServiceLevel == 0) return;
-  const bool known =
-      machine_.Version.FirmwareMajor > 2 || (Passes(machine_, kFocusGate) && reply.IsMarked());
-  texts_.Focus = known ? std::to_string(reply.Focus) : "N/A";
+  texts_.Focus = TellsFocus(machine_, reply) ? std::to_string(reply.Focus) : "N/A";
 }
 
 void RecognitionBench::Take(const wire::VerdictReply& reply) {

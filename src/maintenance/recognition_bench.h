@@ -6,6 +6,7 @@
 #include "maintenance/console_host.h"
 #include "maintenance/parameter_block.h"
 #include "maintenance/picture_store.h"
+#include "maintenance/service_file_run.h"
 #include "maintenance/service_link.h"
 #include "maintenance/verdict.h"
 #include "wire/picture_commands.h"
@@ -39,6 +40,16 @@ class RecognitionBench {
   void Start_draw();
   /// Also a verdict that nobody has asked for.
   void Take(const wire::VerdictReply& reply);
+  /// The verdict of the last error of a run.
+  void TakeError(const wire::ErrorVerdictReply& reply) { texts_.Verdict.TakeError(reply); }
+
+  // For who has the link and tries a card out by itself.
+  void ClearResults();
+  /// What was gathered for a service file.
+  void ShowProblemCard(const ServiceFileRun& run);
+  /// Asks for what the machine has measured. False: the link is lost, which the operator has been
+  /// told.
+  bool Measure();
 
   // What is expected of the next card; empty: anything.
   std::string HoldS;
@@ -74,7 +85,6 @@ class RecognitionBench {
   void CapturePicture();
   void Recognise();
   void ShowPicture();
-  void ClearResults();
   void Take(const wire::CaptureReply& reply);
   void Take(const wire::SymbolMeasureReply& reply);
   void Take(const wire::SuitMeasureReply& reply);

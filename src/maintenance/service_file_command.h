@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "maintenance/console_host.h"
@@ -9,7 +10,9 @@
 #include "maintenance/parameter_block.h"
 #include "maintenance/picture_store.h"
 #include "maintenance/recognition_bench.h"
+#include "maintenance/service_file.h"
 #include "maintenance/service_file_run.h"
+#include "platform/runtime_error.h"
 
 namespace morvane::maintenance {
 
@@ -33,9 +36,33 @@ class ServiceFileCommand {
         run_(run),
         host_(host) {}
 
+  /// What has come of it has been told; the file is whole or is not there.
   void CreateServiceFile();
 
  private:
+  [[nodiscard]] std::string StepPath();
+  [[nodiscard]] bool Agreed(const std::string& path);
+
+  // Each false: the link is lost, which the operator has been told, or it was cancelled.
+  [[nodiscard]] bool Gather(ServiceFile& file);
+  [[nodiscard]] bool LightUp();
+  [[nodiscard]] bool FetchPictures(ServiceFile& file);
+  [[nodiscard]] bool ReadResults();
+  [[nodiscard]] bool ReadRecords(ServiceFile& file);
+  [[nodiscard]] bool ReadBack(ParameterBoxes& held);
+  [[nodiscard]] bool ReadCounters();
+  [[nodiscard]] bool ReadIdentities();
+
+  void PutIdentity(ServiceFile& file) const;
+  void PutReadings(ServiceFile& file) const;
+  void PutParameters(const ParameterBoxes& held, ServiceFile& file) const;
+  void PutResults(ServiceFile& file) const;
+  void PutStoredData(ServiceFile& file) const;
+
+  void Switch(bool on);
+  void SwitchOff();
+  void TellFailure(const RuntimeError& error);
+
   Program& program_;
   ServiceLink& link_;
   const machine::Machine& machine_;

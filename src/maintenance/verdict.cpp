@@ -19,12 +19,18 @@ std::string At(const std::array<std::string_view, N>& table, std::size_t index) 
 }  // namespace
 
 void Verdict::Take(const wire::VerdictReply& reply) {
-  const bool card = reply.Error == 0;
+  TakeError(reply);
+  if (reply.Error == 0) return;
+  Symbol.clear();
+  Suit.clear();
+}
+
+void Verdict::TakeError(const wire::VerdictReply& reply) {
   Reco_time = std::to_string(reply.Time);
   Threshold = std::to_string(reply.Threshold);
-  Symbol = card ? At(kSymbols, reply.Rank) : "";
-  Suit = card ? At(kSuits, reply.Suit) : "";
-  Reco_error = card ? "OK" : std::to_string(reply.Error);
+  Symbol = At(kSymbols, reply.Rank);
+  Suit = At(kSuits, reply.Suit);
+  Reco_error = reply.Error == 0 ? "OK" : std::to_string(reply.Error);
 }
 
 }  // namespace morvane::maintenance

@@ -15,6 +15,8 @@ struct Verdict {
   std::string Reco_error;
 
   void Take(const wire::VerdictReply& reply);
+  /// The verdict of the last error of a run: what the machine saw is named although it is one.
+  void TakeError(const wire::VerdictReply& reply);
 };
 
 }  // namespace morvane::maintenance

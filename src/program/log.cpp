@@ -69,4 +69,10 @@ std::string TimeText(const Clock& clock) {
   return ClockText(now.Hour, now.Minute, now.Second);
 }
 
+std::string DateTimeText(const LocalTime& now) {
+  const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
+  return std::to_string(now.Year) + "-" + two(now.Month) + "-" + two(now.Day) + " " +
+         ClockText(now.Hour, now.Minute, now.Second);
+}
+
 }  // namespace morvane

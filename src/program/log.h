@@ -58,5 +58,7 @@ class Log {
 
 /// The time of day of `clock` in the format "h:mm:ss AM/PM".
 [[nodiscard]] std::string TimeText(const Clock& clock);
+/// Date and time in the form "2026-11-22 3:04:05 PM".
+[[nodiscard]] std::string DateTimeText(const LocalTime& now);
 
 }  // namespace morvane

@@ -28,12 +28,6 @@ std::string LinkCommandOf(const StartFiles& files) {
 
 }  // namespace
 
-std::string DateTimeText(const LocalTime& now) {
-  const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
-  return std::to_string(now.Year) + "-" + two(now.Month) + "-" + two(now.Day) + " " +
-         ClockText(now.Hour, now.Minute, now.Second);
-}
-
 StartFiles ParseCommandLine(std::string_view commandLine) {
   const std::size_t open = commandLine.find('"');
   if (open == std::string_view::npos) return {};

@@ -24,9 +24,6 @@ struct StartFiles {
 /// The link command that asks for the file `path`, by the same ending.
 [[nodiscard]] std::string LinkCommandFor(std::string path);
 
-/// Date and time in the form "2026-11-22 3:04:05 PM".
-[[nodiscard]] std::string DateTimeText(const LocalTime& now);
-
 /// The version as logs and files have it: "1.0 with Sort 1.0  with Poker 1.5 ".
 [[nodiscard]] std::string VersionTextOf(int serviceLevel);
 

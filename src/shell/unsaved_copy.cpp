@@ -6,7 +6,6 @@
 #include "files/unsaved_set.h"
 #include "platform/files.h"
 #include "platform/put_aside.h"
-#include "shell/start_up.h"
 #include "text/box_text.h"
 
 namespace morvane::shell {

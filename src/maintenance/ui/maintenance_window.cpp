@@ -23,6 +23,7 @@
 #include "maintenance/ui/parameter_panel.h"
 #include "maintenance/ui/picture_panel.h"
 #include "maintenance/ui/sensor_panel.h"
+#include "maintenance/ui/service_file_window.h"
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/verdict_panel.h"
 #include "platform/qt/held_enter.h"
@@ -115,10 +116,18 @@ QWidget* MaintenanceWindow::MakeButtons() {
   auto* buttons = new QWidget(this);
   Download_ = NewServiceButton(
       "Download", "&Download", [this] { maintenance_.Download(); }, buttons);
+  Email_ = NewServiceButton(
+      "Email", "Create Service File", [this] { maintenance_.Email(); }, buttons);
+  Email_->setToolTip("All that a technician would ask for, in one file to be sent in");
+  DealTest_ = NewServiceButton(
+      "DealTest", "Test Deal", [this] { maintenance_.DealTest(); }, buttons);
+  DealTest_->setToolTip("Deals a known deck until the machine takes a card for another");
   auto* exit = NewServiceButton(
       "cmdExit", "&Exit", [this] { AskToLeave(); }, buttons);
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(Email_);
+  row->addWidget(DealTest_);
   row->addWidget(Download_);
   row->addStretch();
   row->addWidget(exit);
@@ -141,6 +150,8 @@ void MaintenanceWindow::ShowAll() {
   cards_->Show();
   identity_->Show();
   if (developer_ != nullptr) developer_->Show();
+  Email_->setEnabled(maintenance_.Controls().MachineKnown);
+  DealTest_->setEnabled(maintenance_.Controls().MachineKnown);
   ShowDownload();
 }
 
@@ -179,9 +190,9 @@ std::unique_ptr<FirmwareView> MaintenanceWindow::OpenFirmware(FirmwareDownload& 
   return std::make_unique<FirmwareWindow>(program_.Time, download, this);
 }
 
-std::unique_ptr<ServiceFileView> MaintenanceWindow::OpenServiceFile(
-    ServiceGathering& /*gathering*/) {
-  return std::make_unique<ServiceFileView>();
+std::unique_ptr<ServiceFileView> MaintenanceWindow::OpenServiceFile(ServiceGathering& gathering) {
+  return std::make_unique<ServiceFileWindow>(
+      gathering, [this] { ShowPicture(); }, this);
 }
 
 std::unique_ptr<BoardCalibrationView> MaintenanceWindow::OpenBoardCalibration(

@@ -91,6 +91,8 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   CardPanel* cards_ = nullptr;
   IdentityPanel* identity_ = nullptr;
   DeveloperPanel* developer_ = nullptr;
+  QPushButton* Email_ = nullptr;
+  QPushButton* DealTest_ = nullptr;
   QPushButton* Download_ = nullptr;
   bool keyHeld_ = false;  ///< the last key came of one that is held down
   /// When the last window over this one has gone, or the last repeat of an Escape has come.

@@ -1,0 +1,102 @@
+#include "maintenance/ui/service_file_window.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "maintenance/service_gathering.h"
+#include "maintenance/ui/pixel_view.h"
+#include "maintenance/ui/service_widgets.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
+#include "platform/qt/window_place.h"
+
+namespace morvane::maintenance {
+namespace {
+
+using Stage = ServiceGathering::Stage;
+
+constexpr const char* kSettling = "Waiting for the feeder to settle ...";
+constexpr const char* kNewPicture = "Fetching the picture of the card ...";
+constexpr const char* kErrorPicture = "Fetching the picture of the card in question ...";
+constexpr const char* kLabels = "Fetching what the machine has made of it ...";
+constexpr const char* kCancelling = "Cancelling ...";
+
+}  // namespace
+
+ServiceFileWindow::ServiceFileWindow(ServiceGathering& gathering, std::function<void()> picture,
+                                     QWidget* parent)
+    : ServiceDialog("Service_file", "Morvane - Service File", parent),
+      gathering_(gathering),
+      picture_(std::move(picture)) {
+  QWidget* body = MakeBody();
+  Fill(*this, body, MakeButtons());
+  WatchButtons();
+  ShowGathering();
+  FitToScreen(*this);
+  show();
+}
+
+ServiceFileWindow::~ServiceFileWindow() { hide(); }
+
+QWidget* ServiceFileWindow::MakeBody() {
+  auto* body = new QWidget(this);
+  doing_ = new ShownValue("Doing", "What happens", body);
+  KeepSizeFor(*doing_, {kSettling, kNewPicture, kErrorPicture, kLabels, kCancelling});
+  ProgressBar1_ = new QProgressBar(body);
+  ProgressBar1_->setObjectName("ProgressBar1");
+  ProgressBar1_->setAccessibleName("Progress");
+  ProgressBar1_->setRange(0, 100);
+  card_ = new PixelView("Card", "Picture of the card",
+                        {PaintedPicture::kColumns, PaintedPicture::kRows}, 1, body);
+  card_->setFocusPolicy(Qt::NoFocus);  // there is only to look at it
+  auto* column = new QVBoxLayout(body);
+  column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
+  column->setSpacing(kServiceSpacing);
+  column->addWidget(doing_);
+  column->addWidget(ProgressBar1_);
+  column->addWidget(card_, 1);
+  return body;
+}
+
+QWidget* ServiceFileWindow::MakeButtons() {
+  auto* buttons = new QWidget(this);
+  Command1_ = NewServiceButton(
+      "Command1", "&Cancel", [this] { reject(); }, buttons);
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
+  row->addStretch();
+  row->addWidget(Command1_);
+  return buttons;
+}
+
+void ServiceFileWindow::ShowGathering() {
+  ShowChanged(*doing_, Doing());
+  ProgressBar1_->setValue(gathering_.ProgressBar1());
+  Command1_->setEnabled(!gathering_.Cancelled());
+  if (gathering_.Now() == Stage::kSettling) return;  // what it shows is an older picture
+  const PaintedPicture& painted = gathering_.Pictures().Picture1;
+  card_->Show([&painted](int x, int y) { return painted.At(x, y); });
+  picture_();
+}
+
+QString ServiceFileWindow::Doing() const {
+  if (gathering_.Cancelled()) return kCancelling;
+  if (gathering_.Now() == Stage::kSettling) return kSettling;
+  if (gathering_.Now() == Stage::kLabels) return kLabels;
+  return gathering_.OfTestDeal() ? kErrorPicture : kNewPicture;
+}
+
+void ServiceFileWindow::reject() {
+  gathering_.Cancel();
+  ShowGathering();
+}
+
+void ServiceFileWindow::closeEvent(QCloseEvent* event) {
+  reject();
+  event->ignore();
+}
+
+}  // namespace morvane::maintenance
