@@ -19,6 +19,7 @@
 #include "cli/maintain_picture_command.h"
 #include "cli/maintain_recognise_command.h"
 #include "cli/maintain_record_command.h"
+#include "cli/maintain_service_file_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -36,7 +37,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 29> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 30> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -57,6 +58,7 @@ constexpr std::array<const Command*, 29> kCommands{&kGenerateCommand,
                                                    &kMaintainPictureCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
+                                                   &kMaintainServiceFileCommand,
                                                    &kMaintainFirmwareCommand,
                                                    &kMaintainRecordCommand,
                                                    &kFirmwareFileCommand,

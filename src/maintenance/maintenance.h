@@ -83,6 +83,7 @@ class Maintenance final : private ConsoleHost {
   [[nodiscard]] const RecognitionBench& Bench() const { return bench_; }
   [[nodiscard]] DeveloperTests& Developer() { return developer_; }
   [[nodiscard]] const ServiceControls& Controls() const { return controls_; }
+  [[nodiscard]] const ServiceFileRun& ServiceFiles() const { return serviceFile_; }
   [[nodiscard]] bool LinkFailed() const { return link_.LinkFailed(); }
   [[nodiscard]] const machine::Machine& TheMachine() const { return machine_; }
 

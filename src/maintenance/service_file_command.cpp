@@ -16,7 +16,6 @@ namespace {
 using wire::CardIndex;
 using wire::OutputsCommand;
 
-constexpr const char* kCaption = "Service File";
 constexpr std::uint8_t kLights =
     OutputsCommand::kCamLeds | OutputsCommand::kMotors | OutputsCommand::kCamPower;
 
@@ -56,7 +55,9 @@ void ServiceFileCommand::CreateServiceFile() {
   }
   SwitchOff();
   if (error) return TellFailure(*error);
-  program_.ShowMessage(Fill(program_.Texts.Msg089, "***", path), kOkInformation, kCaption);
+  run_.Written = path;
+  program_.ShowMessage(Fill(program_.Texts.Msg089, "***", path), kOkInformation,
+                       kServiceFileCaption);
 }
 
 /// Also a run that is cancelled uses its number up: required.
@@ -72,7 +73,7 @@ std::string ServiceFileCommand::StepPath() {
 
 bool ServiceFileCommand::Agreed(const std::string& path) {
   const std::string text = Fill(program_.Texts.Msg088, "***", path);
-  return program_.Ask(text, kOkCancelInformation, kCaption) == kOk;
+  return program_.Ask(text, kOkCancelInformation, kServiceFileCaption) == kOk;
 }
 
 /// What the machine is asked stands in the order of the wire.

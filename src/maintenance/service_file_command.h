@@ -16,6 +16,9 @@
 
 namespace morvane::maintenance {
 
+/// The title of its boxes, but for that of an error.
+inline constexpr const char* kServiceFileCaption = "Service File";
+
 /// The button `Email` ("Create Service File"): gathers everything that a technician would ask for
 /// and writes it into one file. Whoever runs it has the link, and nothing else takes it meanwhile.
 class ServiceFileCommand {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "wire/picture_replies.h"
 #include "wire/service_replies.h"
@@ -21,6 +22,7 @@ struct ServiceFileRun {
   std::array<std::uint8_t, 128> TestBytes{};
   std::array<std::uint8_t, 8> DieIdentity{};
   std::array<std::uint8_t, 8> SetIdentity{};
+  std::string Written;  ///< the last file that was made
 };
 
 }  // namespace morvane::maintenance

@@ -56,6 +56,7 @@ int ConsoleUi::MessageBox(const std::string& text, int flags, const std::string&
   Show(title, (file == files_.end() ? "" : file->second + ": ") + WithoutPadding(text));
   const int buttons = flags & kButtons;
   if (buttons == kOnlyOk) return kOk;
+  if (buttons == kOkAndCancel && pressedOk_.contains(title)) return kOk;
   const int answer = Answer(buttons);
   Keep(text, answer);
   return answer;

@@ -3,6 +3,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "platform/console/terminal.h"
@@ -24,6 +25,8 @@ class ConsoleUi final : public Ui {
 
   /// `text` is answered so from now on, without being asked.
   void AnswerAlways(const std::string& text, int answer) { answers_[text] = answer; }
+  /// Boxes of that title that can be answered OK or Cancel are shown and answered OK from now on.
+  void PressOk(const std::string& title) { pressedOk_.insert(title); }
   /// From now on a question that gets its Yes is not asked again, or no more.
   void KeepConsent(bool keep) { keepsConsent_ = keep; }
   /// Boxes of that title say from now on that they are about the file.
@@ -64,6 +67,7 @@ class ConsoleUi final : public Ui {
   std::deque<std::string> nextFiles_;
   std::map<std::string, int> answers_;        ///< by the question's text
   std::map<std::string, std::string> files_;  ///< by the title of their boxes
+  std::set<std::string> pressedOk_;           ///< titles
 };
 
 }  // namespace morvane
