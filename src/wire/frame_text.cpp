@@ -35,8 +35,10 @@ std::string OfStart(const Frame& command) {
 
 std::string OfRoute(const Frame& command) {
   const auto route = Get<RouteCommand>(command);
-  return " " + std::to_string(route.Count) + (route.Count == 1 ? " card" : " cards") +
-         (route.Order == CardBytes{} ? ", any order" : " in order");
+  const std::string cards =
+      " " + std::to_string(route.Count) + (route.Count == 1 ? " card" : " cards");
+  if (route.TestDeal) return cards + ", test deal";
+  return cards + (route.Order == CardBytes{} ? ", any order" : " in order");
 }
 
 std::string OfPage(const Frame& command) {
@@ -49,10 +51,28 @@ std::string OfCounter(const Frame& command) {
 
 std::string OfSensor(const Frame& command) {
   const std::uint8_t selector = Get<SensorCommand>(command).Selector;
-  return selector == SensorCommand::kBoardLabel ? " label" : " " + std::to_string(selector);
+  if (selector == SensorCommand::kBoardLabel) return " label";
+  return selector == BoardSensorCommand::kSelector ? " board" : " " + std::to_string(selector);
 }
 
 std::string OfSubCode(const Frame& command) { return " " + std::to_string(SubCodeIn(command)); }
+
+std::string OfWrite(const Frame& command) {
+  const std::uint8_t subCode = SubCodeIn(command);
+  const auto video = Get<WriteParametersCommand<VideoBlock>>(command).Values;
+  if (subCode != VideoBlock::kSubCode || !video.Trial) return OfSubCode(command);
+  return " " + std::to_string(subCode) + " trial of " + std::to_string(video.BoardSen);
+}
+
+std::string OfHalf(const Frame& frame) {
+  return " half " + std::to_string(Get<DieIdentityCommand>(frame).Half);
+}
+
+/// Command and reply name the area alike.
+std::string OfArea(const Frame& frame) {
+  const bool isIdentity = Get<SetIdentityReply>(frame).Area == SetIdentityCommand::kArea;
+  return isIdentity ? " of the set's identity" : " of the boot area";
+}
 
 std::string OfOutputs(const Frame& command) {
   const auto outputs = Get<OutputsCommand>(command);
@@ -117,6 +137,8 @@ std::string OfStatusFrame(const Frame& reply) {
       return ": climate " + OfClimate(Get<ClimateReply>(reply)) + flip;
     case kLabelSensor.Selector:
       return ": " + OfLabel(Get<LabelReply>(reply)) + flip;
+    case BoardSensorCommand::kSelector:
+      return (Get<BoardSensorReply>(reply).Seen == 1 ? ": board" : ": no board") + flip;
     default:
       return ": " + std::to_string(head.Selector) + flip;
   }
@@ -180,13 +202,14 @@ struct Row {
   std::string (*Says)(const Frame& frame);
 };
 
-constexpr std::array<Row, 32> kCommands{{{CmdStartDownload, "CmdStartDownload", OfNothing},
+constexpr std::array<Row, 33> kCommands{{{CmdStartDownload, "CmdStartDownload", OfNothing},
                                          {CmdFlashBlock, "CmdFlashBlock", OfFlashBlock},
                                          {CmdEraseErrors, "CmdEraseErrors", OfNothing},
                                          {CmdEraseRecord, "CmdEraseRecord", OfNothing},
                                          {CmdWriteRecord, "CmdWriteRecord", OfNothing},
                                          {CmdReadParameters, "CmdReadParameters", OfSubCode},
-                                         {CmdWriteParameters, "CmdWriteParameters", OfSubCode},
+                                         {CmdWriteParameters, "CmdWriteParameters", OfWrite},
+                                         {CmdDieIdentity, "CmdDieIdentity", OfHalf},
                                          {CmdOutputs, "CmdOutputs", OfOutputs},
                                          {CmdLogicVersion, "CmdLogicVersion", OfNothing},
                                          {CmdPictureLine, "CmdPictureLine", OfLine},
@@ -198,7 +221,7 @@ constexpr std::array<Row, 32> kCommands{{{CmdStartDownload, "CmdStartDownload", 
                                          {CmdTrial, "CmdTrial", OfTrial},
                                          {CmdErrorVerdict, "CmdErrorVerdict", OfNothing},
                                          {CmdTestWrite, "CmdTestWrite", OfNothing},
-                                         {CmdStoredData, "CmdStoredData", OfNothing},
+                                         {CmdStoredData, "CmdStoredData", OfArea},
                                          {CmdSetCounter, "CmdSetCounter", OfNothing},
                                          {CmdIdentity, "CmdIdentity", OfPage},
                                          {CmdStatus, "CmdStatus", OfPoll},
@@ -213,12 +236,13 @@ constexpr std::array<Row, 32> kCommands{{{CmdStartDownload, "CmdStartDownload", 
                                          {CmdRead, "CmdRead", OfStart},
                                          {CmdRoute, "CmdRoute", OfRoute}}};
 
-constexpr std::array<Row, 26> kReplies{{{DownloadReply::Code, "download", OfProgramming},
+constexpr std::array<Row, 27> kReplies{{{DownloadReply::Code, "download", OfProgramming},
                                         {DownloadReply::kBlockCode, "block", OfProgramming},
                                         {EraseErrorsReply::Code, "errors erased", OfProgramming},
                                         {EraseRecordReply::Code, "record erased", OfProgramming},
                                         {WriteRecordReply::Code, "record written", OfProgramming},
                                         {ParametersReply<VideoBlock>::Code, "parameters", OfBlock},
+                                        {DieIdentityReply::Code, "die identity", OfHalf},
                                         {PhotoReply::Code, "photo sensors", OfPhotos},
                                         {LogicVersionReply::Code, "logic version", OfNothing},
                                         {PictureLineReply::Code, "picture line", OfLine},
@@ -227,7 +251,7 @@ constexpr std::array<Row, 26> kReplies{{{DownloadReply::Code, "download", OfProg
                                         {SymbolMeasureReply::Code, "symbol", OfFrame},
                                         {SuitMeasureReply::Code, "suit", OfFrame},
                                         {ErrorVerdictReply::Code, "error verdict", OfVerdict},
-                                        {BootAreaReply::Code, "boot area", OfNothing},
+                                        {BootAreaReply::Code, "stored data", OfArea},
                                         {VerdictReply::Code, "verdict", OfVerdict},
                                         {StatusReply::Code, "status", OfStatus},
                                         {StatusReply::LongCode, "status", OfStatus},

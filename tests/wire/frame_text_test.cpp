@@ -42,15 +42,32 @@ TEST(FrameText, TheServiceHasItsNamesToo) {
   EXPECT_EQ(CommandText(Of({0x17, 0x31, 1})), "CmdOutputs 0x31 feed");
   EXPECT_EQ(CommandText(Of({0x23})), "CmdLogicVersion");
   EXPECT_EQ(CommandText(Of({0x24})), "CmdTestWrite");
-  EXPECT_EQ(CommandText(Of({0x32})), "CmdStoredData");
+  EXPECT_EQ(CommandText(Of({0x32})), "CmdStoredData of the boot area");
   EXPECT_EQ(CommandText(Of({0x34})), "CmdSetCounter");
   EXPECT_EQ(ReplyText(Of({0x11, 9})), "parameters 9");
   EXPECT_EQ(ReplyText(Of({0x17, 1, 2, 3, 4, 255, 0x81})),
             "photo sensors: 1 2 3 4 255, switches 0x81");
   EXPECT_EQ(ReplyText(Of({0x23, 37})), "logic version");
-  EXPECT_EQ(ReplyText(Of({0xB2})), "boot area");
+  EXPECT_EQ(ReplyText(Of({0xB2})), "stored data of the boot area");
   EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 0})), "verdict: rank 14, suit 3");
   EXPECT_EQ(ReplyText(Of({0x15, 1, 2, 14, 3, 46, 61})), "verdict: code 61");
+}
+
+TEST(FrameText, WhatTheServiceFileAsksHasItsNamesToo) {
+  EXPECT_EQ(CommandText(Of({0x14, 2})), "CmdDieIdentity half 2");
+  EXPECT_EQ(ReplyText(Of({0x14, 1, 9, 9, 9, 9})), "die identity half 1");
+  EXPECT_EQ(CommandText(Of({0x32, 0, 0xE0})), "CmdStoredData of the set's identity");
+  EXPECT_EQ(ReplyText(Of({0xB2, 0, 0xE0})), "stored data of the set's identity");
+}
+
+TEST(FrameText, CalibrationAndTestDealHaveTheirNamesToo) {
+  EXPECT_EQ(CommandText(Of({0x13, 14, 0, 0, 180, 1, 0})), "CmdWriteParameters 14 trial of 180");
+  EXPECT_EQ(CommandText(Of({0x13, 14, 9, 9, 180, 0, 0})), "CmdWriteParameters 14");
+  EXPECT_EQ(CommandText(Of({0x13, 1, 9, 9, 180, 1, 0})), "CmdWriteParameters 1");
+  EXPECT_EQ(CommandText(Of({0x1B, 5})), "CmdSensor board");
+  EXPECT_EQ(ReplyText(Of({0x1B, 5, 1})), "sensor: board");
+  EXPECT_EQ(ReplyText(Of({0x1B, 0x85, 0})), "sensor: no board, flip plate");
+  EXPECT_EQ(CommandText(Of({0x9F, 52, 1, 0, 0, 0, 0, 0, 1, 2})), "CmdRoute 52 cards, test deal");
 }
 
 TEST(FrameText, ProgrammingHasItsNamesToo) {

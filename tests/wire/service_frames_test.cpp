@@ -90,6 +90,14 @@ TEST(ServiceCommands, WrittenVideoValuesEndInZerosAndATrialIsMarked) {
               ElementsAre(19, 14, 0, 0, 254, 1, 0));
 }
 
+TEST(ServiceCommands, ATrialReachesTheEndsOfTheScale) {
+  const auto trial = [](std::uint8_t sensitivity) {
+    return Plain(WriteBlock(CardIndex::Standard, VideoBlock{0, 0, sensitivity, true}));
+  };
+  EXPECT_THAT(trial(255), ElementsAre(19, 14, 0, 0, 255, 1, 0));
+  EXPECT_THAT(trial(20), ElementsAre(19, 14, 0, 0, 20, 1, 0));
+}
+
 TEST(ServiceCommands, OutputsAreABitEach) {
   EXPECT_THAT(Plain(OutputsCommand{.Outputs = OutputsCommand::kMotors}),
               ElementsAre(23, 1, 0, kR, kR, kR, kR));
@@ -115,6 +123,10 @@ TEST(ServiceCommands, StatusFramesNameTheirSelector) {
   EXPECT_THAT(Plain(kClimate), ElementsAre(27, 2, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(kSpareSensor), ElementsAre(27, 3, 0, kR, kR, kR, kR));
   EXPECT_THAT(Plain(kLabelSensor), ElementsAre(27, 4, 0, kR, kR, kR, kR));
+}
+
+TEST(ServiceCommands, TheBoardSwitchIsAskedInAFrameWithoutFiller) {
+  EXPECT_THAT(Plain(BoardSensorCommand{}), ElementsAre(27, 5, 0, 0, 0, 0, 0));
 }
 
 TEST(ServiceCommands, WhatTheMachineIsIsAskedInFramesOfItsOwn) {
@@ -189,6 +201,18 @@ TEST(ServiceReplies, EachStatusAnswerTellsTheFlipPlateInTheTopBitOfItsSelector) 
   const auto label = Get<LabelReply>({27, 0x84, 27});
   EXPECT_TRUE(label.Head.FlipPlate);
   EXPECT_EQ(label.Label, 27);
+}
+
+TEST(ServiceReplies, TheBoardSwitchSaysWhetherItSeesABoard) {
+  EXPECT_EQ(Get<BoardSensorReply>({27, 5, 1}).Seen, 1);
+  EXPECT_EQ(Get<BoardSensorReply>({27, 5, 0}).Seen, 0);
+  const auto flipped = Get<BoardSensorReply>({27, 0x85, 1});
+  EXPECT_EQ(flipped.Seen, 1);
+  EXPECT_TRUE(flipped.Head.FlipPlate);
+  EXPECT_TRUE(BoardSensorCommand{}.IsEchoedBy(flipped));
+  EXPECT_TRUE(BoardSensorCommand{}.IsEchoedBy(Get<BoardSensorReply>({27, 0xC5})));
+  EXPECT_FALSE(BoardSensorCommand{}.IsEchoedBy(Get<BoardSensorReply>({27, 4, 1})));
+  EXPECT_FALSE(BoardSensorCommand{}.IsEchoedBy(Get<BoardSensorReply>({27, 0x25, 1})));
 }
 
 TEST(ServiceReplies, VersionsOfLogicAndBootArea) {
