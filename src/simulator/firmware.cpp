@@ -104,6 +104,7 @@ bool Firmware::Dispatch(const Frame& command, Time now, Frame& reply) {
     case CmdIdentity:
     case CmdStoredData:
     case CmdLogicVersion:
+    case CmdDieIdentity:
       return identity_.Answer(command, reply);
     case CmdStatus:
       return AnswerStatus(command, reply);

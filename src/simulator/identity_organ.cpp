@@ -10,6 +10,17 @@ using namespace wire;
 
 constexpr std::uint8_t kLogicVersion = 37;
 constexpr std::uint8_t kFlash = 4;
+/// No byte of them is there twice, and a small one is among each four.
+constexpr std::array<std::array<std::uint8_t, 4>, 2> kDie{
+    {{0x8A, 0x41, 0x07, 0xD3}, {0x0C, 0x95, 0xE2, 0x36}}};
+constexpr std::array<std::uint8_t, 8> kSet{0x4D, 0xB8, 0x01, 0x6F, 0xF0, 0x0A, 0x23, 0xC7};
+
+bool AnswerDie(const Frame& command, Frame& reply) {
+  const auto asked = Get<DieIdentityCommand>(command);
+  if (!Agrees(asked, command) || asked.Half < 1 || asked.Half > kDie.size()) return false;
+  Put(DieIdentityReply{asked.Half, kDie[asked.Half - 1U]}, reply);
+  return true;
+}
 
 }  // namespace
 
@@ -20,7 +31,9 @@ bool IdentityOrgan::Answer(const Frame& command, Frame& reply) const {
     case CmdIdentity:
       return AnswerPage(command, reply);
     case CmdStoredData:
-      return AnswerBootArea(command, reply);
+      return AnswerStoredData(command, reply);
+    case CmdDieIdentity:
+      return AnswerDie(command, reply);
     case CmdLogicVersion:
       Put(LogicVersionReply{kLogicVersion}, reply);
       return Agrees(LogicVersionCommand{}, command);
@@ -29,7 +42,11 @@ bool IdentityOrgan::Answer(const Frame& command, Frame& reply) const {
   }
 }
 
-bool IdentityOrgan::AnswerBootArea(const Frame& command, Frame& reply) const {
+bool IdentityOrgan::AnswerStoredData(const Frame& command, Frame& reply) const {
+  if (Agrees(SetIdentityCommand{}, command)) {
+    Put(SetIdentityReply{SetIdentityCommand::kArea, kSet}, reply);
+    return true;
+  }
   Put(BootAreaReply{0, options_.BootMajor, options_.BootMinor}, reply);
   return Agrees(BootAreaCommand{}, command);
 }

@@ -18,7 +18,7 @@ class IdentityOrgan {
   bool AnswerVersion(wire::Frame& reply) const;
   bool AnswerPage(const wire::Frame& command, wire::Frame& reply) const;
   [[nodiscard]] std::uint16_t DayAndMonth() const;
-  bool AnswerBootArea(const wire::Frame& command, wire::Frame& reply) const;
+  bool AnswerStoredData(const wire::Frame& command, wire::Frame& reply) const;
 
   const Options& options_;
 };

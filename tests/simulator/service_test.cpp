@@ -315,6 +315,33 @@ TEST(Identity, BootAreaAndLogicHaveTheirVersions) {
   EXPECT_TRUE(talk.Ask({35, 1}).empty());
 }
 
+TEST(Identity, TheProcessorTellsItsOwnInTwoHalves) {
+  Talk talk;
+  const Bytes first = talk.Ask({20, 1, 0, 0, 0, 0, 0});
+  EXPECT_EQ(Bytes(first.begin(), first.begin() + 7), (Bytes{20, 1, 0x8A, 0x41, 0x07, 0xD3, 0}));
+  const Bytes second = talk.Ask({20, 2, 0, 0, 0, 0, 0});
+  EXPECT_EQ(Bytes(second.begin(), second.begin() + 7), (Bytes{20, 2, 0x0C, 0x95, 0xE2, 0x36, 0}));
+  EXPECT_TRUE(talk.Ask({20, 0}).empty());
+  EXPECT_TRUE(talk.Ask({20, 3}).empty());
+  EXPECT_TRUE(talk.Ask({20, 1, 0, 0, 0, 0, 1}).empty());
+}
+
+TEST(Identity, TheSetsStandsInEveryTenthByteOfItsArea) {
+  Talk talk;
+  const Bytes reply = talk.Ask({50, 0, 224, 0, 0, 0, 0});
+  ASSERT_EQ(reply.size(), 136U);
+  EXPECT_EQ(reply[0], 178);
+  EXPECT_EQ(reply[2], 224);
+  Bytes identity;
+  for (std::size_t at = 18; at <= 88; at += 10) identity.push_back(reply[at]);
+  EXPECT_EQ(identity, (Bytes{0x4D, 0xB8, 0x01, 0x6F, 0xF0, 0x0A, 0x23, 0xC7}));
+  EXPECT_EQ(reply[19], 0);
+  EXPECT_EQ(reply[98], 0);
+  EXPECT_TRUE(talk.Ask({50, 1, 224}).empty());
+  EXPECT_TRUE(talk.Ask({50, 0, 225}).empty());
+  EXPECT_TRUE(talk.Ask({50, 0, 224, 1}).empty());
+}
+
 TEST(Identity, WithoutFirmwareOnlyWhatLoadingNeedsIsAnswered) {
   Options options = Talk::Fast();
   options.BootMajor = options.BootMinor = 0;
@@ -326,7 +353,7 @@ TEST(Identity, WithoutFirmwareOnlyWhatLoadingNeedsIsAnswered) {
   EXPECT_EQ(talk.Ask({35}).size(), 8U);
   EXPECT_EQ(talk.Ask({23, 0, 0}).size(), 8U);
   EXPECT_EQ(talk.Ask({27, 4}).size(), 8U);
-  for (const std::uint8_t code : Bytes{17, 18, 25, 29, 30, 32, 51}) {
+  for (const std::uint8_t code : Bytes{17, 18, 20, 25, 29, 30, 32, 51}) {
     EXPECT_TRUE(talk.Ask({code, 1}).empty()) << int{code};
   }
 }
