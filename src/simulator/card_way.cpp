@@ -1,6 +1,7 @@
 #include "simulator/card_way.h"
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <utility>
 
@@ -24,15 +25,28 @@ std::uint64_t SeedOf(const Options& options) {
   return std::uint64_t{source()} << 32U | source();
 }
 
+/// Suit by suit from the Two up to the Ace, as the machine numbers its cards.
+Pack FlashedPack(const std::vector<CardSwap>& swaps) {
+  Pack pack{};
+  std::iota(pack.begin(), pack.end(), std::uint8_t{1});
+  for (const CardSwap& swap : swaps) {
+    std::swap(pack[static_cast<std::size_t>(swap.First - 1)],
+              pack[static_cast<std::size_t>(swap.Second - 1)]);
+  }
+  return pack;
+}
+
 }  // namespace
 
 CardWay::CardWay(const Options& options, Counters& counters)
-    : counters_(counters),
+    : options_(options),
+      counters_(counters),
       cardTime_(CardTimeAt(options.Speed)),
       feeder_(SeedOf(options)),
       faults_(options.Faults),
-      packsToSort_(options.Packs),
-      carrier_(options.FirstCarry) {}
+      carrier_(options.FirstCarry) {
+  if (options.Flashed) feeder_.LieAlways(FlashedPack(options.Swaps));
+}
 
 void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   if (Busy() && kind == kind_ && pockets == handList_) return;
@@ -42,9 +56,9 @@ void CardWay::Begin(RunKind kind, const wire::CardBytes& pockets, Time now) {
   Start(now);
 }
 
-void CardWay::Stack(const Route& route, const wire::CardBytes& pockets, Time now) {
-  if (Stacks(pockets) && route == route_) return;
-  kind_ = RunKind::Stack;
+void CardWay::Follow(const Route& route, const wire::CardBytes& pockets, Time now) {
+  if (Follows(pockets) && route == route_) return;
+  kind_ = route.Test ? RunKind::Test : RunKind::Stack;
   route_ = route;
   handList_ = pockets;
   Start(now);
@@ -65,10 +79,11 @@ void CardWay::Load() {
       LoadForReading();
       break;
     case RunKind::Sort:
-      feeder_.LoadPacks(packsToSort_);
+      feeder_.LoadPacks(options_.Packs);
       break;
     case RunKind::Stack:
-      LoadForStacking();
+    case RunKind::Test:
+      LoadForRoute();
       break;
     default:
       feeder_.LoadPack();
@@ -86,9 +101,9 @@ void CardWay::LoadForReading() {
   }
 }
 
-void CardWay::LoadForStacking() {
+void CardWay::LoadForRoute() {
   const bool laid = feeder_.TakeLaid();
-  if (!route_.Known()) {
+  if (route_.Test || !route_.Known()) {
     for (Pile& pocket : pockets_) pocket.Clear();
     if (!laid) feeder_.LoadPack();
   } else if (laid) {
@@ -193,12 +208,11 @@ void CardWay::FallOne() {
   if (Done()) Finish();
 }
 
-bool CardWay::Done() const {
-  return kind_ == RunKind::Stack ? fallen_ == route_.Count : feeder_.Left() == 0;
-}
+bool CardWay::Done() const { return HasRoute() ? fallen_ == route_.Count : feeder_.Left() == 0; }
 
 bool CardWay::FrontIsExpected() const {
-  if (kind_ != RunKind::Stack || !route_.Known()) return true;
+  if (!HasRoute() || !route_.Known()) return true;
+  if (route_.Test) return route_.Order.Bytes[fallen_] == options_.TakenFor(feeder_.Front());
   return route_.Order[MachineCard(feeder_.Front())] == fallen_ + 1;
 }
 

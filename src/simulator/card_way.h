@@ -15,14 +15,15 @@
 
 namespace morvane::simulator {
 
-enum class RunKind : std::uint8_t { None, Deal, Read, Sort, Stack };
+enum class RunKind : std::uint8_t { None, Deal, Read, Sort, Stack, Test };
 
-/// What a stacking run is to expect.
+/// What a stacking run, or a test deal, is to expect.
 struct Route {
   std::size_t Count = 0;  ///< cards of the run, 1..55
   /// The how-manieth of the run each card is to be, `kForeign` for one that is not to come at all;
-  /// all 0 = nothing is known.
+  /// all 0 = nothing is known. Of a test deal, the machine cards as they are to come.
   wire::CardBytes Order;
+  bool Test = false;
 
   static constexpr std::uint8_t kForeign = 127;
   [[nodiscard]] bool Known() const { return !(Order == wire::CardBytes{}); }
@@ -43,19 +44,19 @@ class CardWay {
   using Time = std::chrono::microseconds;
   static constexpr Time kCardTime{280'000};  ///< at speed 1
 
-  /// `counters` outlive it.
+  /// `options` and `counters` outlive it.
   CardWay(const Options& options, Counters& counters);
 
   /// Empties the pockets, loads the feeder and begins. The same order again while it is carried out
   /// is a repetition and changes nothing. `pockets` means nothing to a sort.
   void Begin(RunKind kind, const wire::CardBytes& pockets, Time now);
-  /// Begins a run of `route.Count` cards. With an order that is not known it finds a pack of its
-  /// own, otherwise the piles of the last run; North keeps its pile then. Cards that somebody has
-  /// laid into the feeder stay there. The same again is a repetition.
-  void Stack(const Route& route, const wire::CardBytes& pockets, Time now);
+  /// Begins a run of `route.Count` cards. A test deal, or an order that is not known, finds a pack
+  /// of its own, any other the piles of the last run; North keeps its pile then. Cards that
+  /// somebody has laid into the feeder stay there. The same again is a repetition.
+  void Follow(const Route& route, const wire::CardBytes& pockets, Time now);
   /// Whether that run is carried out.
-  [[nodiscard]] bool Stacks(const wire::CardBytes& pockets) const {
-    return Busy() && kind_ == RunKind::Stack && pockets == handList_;
+  [[nodiscard]] bool Follows(const wire::CardBytes& pockets) const {
+    return Busy() && HasRoute() && pockets == handList_;
   }
   /// Goes on where the run stopped, if its code allows it. A run in progress or done stays as it
   /// is; without a run there is nothing to go on with, and that is an error.
@@ -118,21 +119,22 @@ class CardWay {
   void Start(Time now);
   void Load();
   void LoadForReading();
-  void LoadForStacking();
+  void LoadForRoute();
   void LeaveToNorth();
   void FallOne();
   void Finish();
   void SetState(std::uint8_t state);
   [[nodiscard]] std::uint8_t DueFault();
+  [[nodiscard]] bool HasRoute() const { return kind_ == RunKind::Stack || kind_ == RunKind::Test; }
   [[nodiscard]] bool FrontIsExpected() const;
   [[nodiscard]] std::size_t PocketOfFront() const;
   [[nodiscard]] bool Done() const;
 
+  const Options& options_;
   Counters& counters_;
   Time cardTime_;
   Feeder feeder_;
   std::vector<CardFault> faults_;
-  int packsToSort_;
   RunKind kind_ = RunKind::None;
   wire::CardBytes handList_{};
   Route route_;

@@ -23,9 +23,9 @@ void Pile::TurnOver() { std::reverse(cards_.begin(), cards_.begin() + count_); }
 
 void Feeder::LoadPack() {
   Empty();
-  if (prepared_) {
-    for (const int card : *prepared_) cards_.Add(card);
-    prepared_.reset();
+  const auto prepared = std::exchange(prepared_, std::nullopt);
+  if (const auto& pack = prepared ? prepared : always_) {
+    for (const int card : *pack) cards_.Add(card);
     return;
   }
   for (int card = 1; card <= kCards; ++card) cards_.Add(card);
@@ -55,7 +55,7 @@ void Feeder::LoadForReading(const Board& board, const wire::CardBytes& pockets) 
   }
 }
 
-bool Feeder::Prepare(const std::array<std::uint8_t, kCards>& cards) {
+bool Feeder::Prepare(const Pack& cards) {
   auto sorted = cards;
   std::sort(sorted.begin(), sorted.end());
   for (std::size_t i = 0; i < sorted.size(); ++i) {

@@ -40,24 +40,29 @@ class Pile {
   std::size_t count_ = 0;
 };
 
-/// The cards that wait to be fed. Every load is a fresh, fairly shuffled pack; the same seed gives
-/// the same packs on every system.
+/// A pack by its machine cards, first one first.
+using Pack = std::array<std::uint8_t, kCards>;
+
+/// The cards that wait to be fed. Every load is a fresh, fairly shuffled pack, unless there is one
+/// order for all; the same seed gives the same packs on every system.
 class Feeder {
  public:
   explicit Feeder(std::uint64_t seed) : engine_(seed) {}
   void Seed(std::uint64_t seed) { engine_.seed(seed); }
 
-  /// One pack: that of `Prepare` when there is one, otherwise a shuffled one.
+  /// One pack: that of `Prepare` when there is one, otherwise as `LieAlways` has said.
   void LoadPack();
   /// So many packs, four at most, shuffled together.
   void LoadPacks(int packs);
   /// A pack in which the card at place k of the feeder belongs to the hand of pocket element k of
-  /// `pockets`, as far as `board` has such a card; the others lie as shuffled.
+  /// `pockets`, as far as `board` has such a card; the others lie as loaded.
   void LoadForReading(const Board& board, const wire::CardBytes& pockets);
 
   /// The next `LoadPack` has these machine cards, first one first. False unless each of 1..52 is
   /// there once.
-  bool Prepare(const std::array<std::uint8_t, kCards>& cards);
+  bool Prepare(const Pack& cards);
+  /// Each pack, but not several at once, lies like this from now on.
+  void LieAlways(const Pack& cards) { always_ = cards; }
 
   /// The cards of `pile` instead of what lies there; the lowest is fed first.
   void Load(const Pile& pile);
@@ -83,7 +88,8 @@ class Feeder {
   Pile cards_;
   std::size_t fed_ = 0;
   bool laid_ = false;
-  std::optional<std::array<std::uint8_t, kCards>> prepared_;
+  std::optional<Pack> prepared_;
+  std::optional<Pack> always_;
 };
 
 }  // namespace morvane::simulator

@@ -1,5 +1,6 @@
 #include "simulator/error_picture.h"
 
+#include "simulator/card_rank.h"
 #include "simulator/recogniser.h"
 #include "wire/machine_errors.h"
 
@@ -8,10 +9,36 @@ namespace {
 
 using namespace wire;
 
+bool HaveOneText(std::uint8_t code, std::uint8_t other) {
+  return TextOfError(code).Text == TextOfError(other).Text;
+}
+
 /// The stop itself says that the card was not recognised.
 bool IsRecognitionError(std::uint8_t code) {
-  return TextOfError(code).Text == TextOfError(Recogniser::kUnknownSymbol).Text ||
-         code == Recogniser::kOtherNational;
+  return HaveOneText(code, Recogniser::kUnknownSymbol) || code == Recogniser::kOtherNational;
+}
+
+/// The card was recognised, and is the wrong one.
+bool IsWrongCard(std::uint8_t code) {
+  return code == kDuplicateCard || code == kIncorrectCardOrder;
+}
+
+/// `seen` as the run judged it that stopped.
+VerdictReply Judged(VerdictReply seen, const RunStop& stop, const Options& cards) {
+  if (IsWrongCard(stop.Code)) {
+    const CardRank card = RankOfCard(cards.TakenFor(stop.Card));
+    seen.Rank = static_cast<std::uint8_t>(card.Rank);
+    seen.Suit = static_cast<std::uint8_t>(card.Suit);
+  } else if (HaveOneText(stop.Code, kCardFeeding)) {
+    seen.Rank = ErrorVerdictReply::kNotTaken;
+    seen.Suit = 0;
+  } else if (IsRecognitionError(stop.Code)) {
+    seen.Rank = seen.Suit = 0;
+  } else {
+    return seen;
+  }
+  seen.Error = stop.Code;
+  return seen;
 }
 
 }  // namespace
@@ -25,13 +52,7 @@ void ErrorPicture::Keep(const RunStop& stop, Camera& camera, const StoredParamet
   RecoTask task = TaskOf(parameters, cards.Index, CardFont::Normal);
   task.National = cards.Letters;
   Recogniser recogniser;
-  const VerdictReply seen = recogniser.Recognise(grey_, task);
-  verdict_ = {seen};
-  if (TextOfError(stop.Code).Text == TextOfError(kCardFeeding).Text) {
-    verdict_ = {{seen.Time, ErrorVerdictReply::kNotTaken, 0, seen.Threshold, stop.Code}};
-  } else if (IsRecognitionError(stop.Code)) {
-    verdict_ = {{seen.Time, 0, 0, seen.Threshold, stop.Code}};
-  }
+  verdict_ = {Judged(recogniser.Recognise(grey_, task), stop, cards)};
 }
 
 void ErrorPicture::Forget() {

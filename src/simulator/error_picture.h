@@ -13,7 +13,7 @@ namespace morvane::simulator {
 class ErrorPicture {
  public:
   /// Keeps what is seen of the card of `stop`, once: in the machine's own light, and by the record
-  /// of the cards' `index`.
+  /// of the cards' `index`. The verdict on it is that of the run where this was why it stopped.
   void Keep(const RunStop& stop, Camera& camera, const StoredParameters& parameters,
             const Options& cards);
   /// The power has gone.

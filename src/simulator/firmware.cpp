@@ -150,12 +150,18 @@ bool Firmware::AnswerSensor(const Frame& command, Time now, Frame& reply) {
 bool Firmware::Write(const Frame& command) {
   switch (CodeOf(command)) {
     case CmdWriteParameters:
-      return parameters_.Write(command);
+      return WriteParameters(command);
     case CmdSetCounter:
       return run_.SetCounter(command);
     default:
       return WriteTest(command);
   }
+}
+
+bool Firmware::WriteParameters(const Frame& command) {
+  const bool written = parameters_.Write(command);
+  LookForBoard();
+  return written;
 }
 
 bool Firmware::WriteTest(const Frame& command) {
@@ -206,13 +212,15 @@ void Firmware::PressPedal() {
 }
 
 void Firmware::InsertBoard(std::uint8_t label) {
-  slot_.Slot().Insert(label);
+  slot_.Insert(label);
+  LookForBoard();
   ++changes_;
 }
 
 void Firmware::RemoveBoard() {
   if (Slot().Occupied()) Run().Stop(kBoardNotFitted);
   slot_.Slot().Remove();
+  LookForBoard();
   store_.Keep(memory_);
   ++changes_;
 }
@@ -229,7 +237,9 @@ void Firmware::LatchDropped() {
 void Firmware::Restart() {
   flash_.Boot();
   run_.Forget();
-  slot_.Slot().Forget();
+  parameters_.Forget();
+  slot_.Forget();
+  LookForBoard();
   sensors_.Forget();
   camera_.Note(Run().LastStop(), parameters_);
   camera_.Forget();

@@ -63,12 +63,14 @@ class Firmware {
   bool Dispatch(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerStatus(const wire::Frame& command, wire::Frame& reply);
   bool AnswerFlash(const wire::Frame& command, wire::Frame& reply);
+  void LookForBoard() { slot_.Look(parameters_.BoardSensitivity()); }
   void TakeFlags(std::uint8_t flags);
   bool AnswerTest(wire::Frame& reply) const;
   bool AnswerOutputs(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerSensor(const wire::Frame& command, Time now, wire::Frame& reply);
   bool AnswerCamera(const wire::Frame& command, wire::Frame& reply);
   [[nodiscard]] bool Write(const wire::Frame& command);
+  bool WriteParameters(const wire::Frame& command);
   bool WriteTest(const wire::Frame& command);
 
   Options kind_;  ///< as it is now; the organs look at it

@@ -13,9 +13,9 @@ namespace {
 
 constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
-    "speed, firmware, boot, hardware, serial, noise, seed, fault, packs, carry, answers-writes, "
-    "index, letters, ideal, symbol, suit, card, misread, focus-marker, flash, erase, "
-    "store, pack";
+    "speed, firmware, boot, hardware, serial, noise, seed, fault, deck, swap, packs, carry, "
+    "answers-writes, index, letters, ideal, symbol, suit, card, misread, focus-marker, "
+    "board-switch, flash, erase, store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -24,6 +24,7 @@ constexpr int kMostCards = 208;  // of a sort
 constexpr int kLastNational = 6;
 /// By `wire::CardIndex`.
 constexpr std::array<std::string_view, 3> kIndexWords{"standard", "jumbo", "small"};
+constexpr std::string_view kFlashed = "flashed";
 constexpr std::string_view kSizeRange = "WIDTHxHEIGHT from 8x10 to 100x150";
 
 /// The number that the whole text is, within `low`..`high`.
@@ -101,6 +102,11 @@ bool TakeFault(std::string_view value, Options& options) {
   return true;
 }
 
+bool TakeDeck(std::string_view value, Options& options) {
+  options.Flashed = value == kFlashed;
+  return options.Flashed || value == "shuffled";
+}
+
 bool TakePacks(std::string_view value, Options& options) {
   const auto packs = NumberIn<int>(value, 1, 4);
   if (packs) options.Packs = *packs;
@@ -149,6 +155,20 @@ bool TakeIdeal(std::string_view value, Options& options) {
   const auto place = PairIn(value, '/', {1, 1}, {255, 255});
   if (place) options.Ideal = CameraPlace{place->First, place->Second};
   return place.has_value();
+}
+
+bool TakeSwap(std::string_view value, Options& options) {
+  const auto places = PairIn(value, ':', {1, 1}, {kCards, kCards});
+  if (!places || places->First == places->Second) return false;
+  options.Swaps.push_back({places->First, places->Second});
+  return true;
+}
+
+bool TakeBoardSwitch(std::string_view value, Options& options) {
+  const auto levels = PairIn(value, '/', {0, 0}, {255, 255});
+  if (!levels || levels->First >= levels->Second) return false;
+  options.BoardSwitch = {levels->First, levels->Second};
+  return true;
 }
 
 bool TakeSize(std::string_view value, std::optional<PrintSize>& size) {
@@ -220,7 +240,7 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 23> kKeyTable{{
+constexpr std::array<Key, 26> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"boot", TakeBoot, "a version with two digits behind the point; 0.00 is no firmware"},
@@ -229,6 +249,8 @@ constexpr std::array<Key, 23> kKeyTable{{
     {"noise", TakeNoise, "a chance from 0 to 1, such as 0.001"},
     {"seed", TakeSeed, "a whole number of at most 64 bits"},
     {"fault", TakeFault, "BOARD:CARD:CODE with board from 1, card 1 to 208 and code 1 to 240"},
+    {"deck", TakeDeck, "shuffled or flashed"},
+    {"swap", TakeSwap, "A:B, two places from 1 to 52 that differ"},
     {"packs", TakePacks, "a number from 1 to 4"},
     {"carry", TakeCarry, kCarryList},
     {"answers-writes", TakeAnswersWrites, "0 or 1"},
@@ -240,6 +262,7 @@ constexpr std::array<Key, 23> kKeyTable{{
     {"card", TakeCard, kCardWords},
     {"misread", TakeMisread, kCardWords},
     {"focus-marker", TakeFocusMarker, "0 or 1"},
+    {"board-switch", TakeBoardSwitch, "LOST/SEEN, both from 0 to 255 and the first one below"},
     {"flash", TakeFlash,
      "BLOCK:STATUS with block 0 to 1023, start, erase-record or write-record, and status 0 to 255"},
     {"erase", TakeErase, "a status from 0 to 255"},
@@ -290,9 +313,10 @@ std::string OptionsUsage(std::size_t indent) {
   const std::string next = "\n" + std::string(indent, ' ');
   return "simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F," + next +
          "serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE," + next +
-         "packs=4,carry=right,answers-writes=0,index=standard," + next +
-         "letters=0,ideal=X/Y,symbol=WxH,suit=WxH,card=ST," + next +
-         "misread=none,focus-marker=1,flash=BLOCK:STATUS,erase=0," + next + "store=FILE,pack=FILE]";
+         "deck=shuffled,swap=A:B,packs=4,carry=right," + next +
+         "answers-writes=0,index=standard,letters=0,ideal=X/Y," + next +
+         "symbol=WxH,suit=WxH,card=ST,misread=none,focus-marker=1," + next +
+         "board-switch=101/120,flash=BLOCK:STATUS,erase=0," + next + "store=FILE,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

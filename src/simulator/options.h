@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/tables.h"
 #include "simulator/carry.h"
 #include "wire/parameters.h"
 
@@ -46,6 +47,20 @@ struct PrintSize {
   bool operator==(const PrintSize&) const = default;
 };
 
+/// Between which sensitivities the optical board switch changes its mind on a board in the slot.
+struct SwitchLevels {
+  int Lost = 101;  ///< and below it no board is seen
+  int Seen = 120;  ///< and above it, each is; between the two it stays as it was
+  bool operator==(const SwitchLevels&) const = default;
+};
+
+/// Two places 1..52 of a pack whose cards have changed places.
+struct CardSwap {
+  int First = 1;
+  int Second = 2;
+  bool operator==(const CardSwap&) const = default;
+};
+
 /// What kind of machine it is.
 struct Options {
   double Speed = 1.0;  ///< 1 the pace of a real machine, 0 one card a status poll
@@ -59,6 +74,8 @@ struct Options {
   double Noise = 0.0;                 ///< the chance of each byte on the wire to be corrupted, 0..1
   std::optional<std::uint64_t> Seed;  ///< of packs and noise; without one they differ every time
   std::vector<CardFault> Faults;
+  bool Flashed = false;              ///< each pack lies suit by suit, the Two of Spades first
+  std::vector<CardSwap> Swaps;       ///< of such a pack, one after the other
   int Packs = 4;                     ///< 1..4, how many a sort finds
   Carry FirstCarry = Carry::kRight;  ///< of the piles of a stacking run; the later ones are right
   std::uint8_t BootMajor = 1;        ///< of the boot code; both 0 = no firmware has been loaded
@@ -78,19 +95,25 @@ struct Options {
   int Card = kTenOfSpades;  ///< machine card 1..52 in front of the camera, 0 for none
   int Misread = 0;          ///< machine card that it takes every card for, 0 for none
   bool MarksFocus = true;   ///< it says that it has measured the focus
+  SwitchLevels BoardSwitch;
   bool operator==(const Options&) const = default;
 
   [[nodiscard]] bool FirmwareSince(std::uint8_t minor) const {
     return FirmwareMajor > 2 || (FirmwareMajor == 2 && FirmwareMinor >= minor);
   }
   [[nodiscard]] bool HasFirmware() const { return (BootMajor | BootMinor) != 0; }
+  /// The machine card for which it takes this one; a joker, or none, is never mistaken.
+  [[nodiscard]] int TakenFor(int machineCard) const {
+    const bool isCard = machineCard >= 1 && machineCard <= kCards;
+    return isCard && Misread != 0 ? Misread : machineCard;
+  }
 };
 
 /// Reads "simulated[,key=value...]" into `options`. What is wrong with it, in words for the person
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
-/// What `ParseOptions` takes, with its defaults, for the person who has to write it: six lines,
+/// What `ParseOptions` takes, with its defaults, for the person who has to write it: seven lines,
 /// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);
 

@@ -37,7 +37,12 @@ bool ParameterOrgan::Answer(const Frame& command, Frame& reply) const {
 }
 
 bool ParameterOrgan::Write(const Frame& command) {
-  return Has(SubCodeIn(command)) && TakeBlock(command, parameters_);
+  const std::uint8_t subCode = SubCodeIn(command);
+  if (!Has(subCode) || !TakeBlock(command, parameters_)) return false;
+  if (subCode != VideoBlock::kSubCode) return true;
+  const VideoBlock values = Get<WriteParametersCommand<VideoBlock>>(command).Values;
+  trial_ = values.Trial ? std::optional(values.BoardSen) : std::nullopt;
+  return true;
 }
 
 // The records of the other indexes are denied by firmware 2.x alone.

@@ -19,6 +19,13 @@ class ParameterOrgan {
   bool Write(const wire::Frame& command);
 
   [[nodiscard]] const StoredParameters& Parameters() const { return parameters_; }
+  /// That of the board switch which is in force: the one on trial until another is written, or the
+  /// one that is kept.
+  [[nodiscard]] std::uint8_t BoardSensitivity() const {
+    return trial_.value_or(parameters_.Video.BoardSen);
+  }
+  /// The power has gone.
+  void Forget() { trial_.reset(); }
   /// Whether there is a record for it.
   [[nodiscard]] bool HasIndex(wire::CardIndex index) const {
     return Has(wire::SubCodeOf<wire::PositionBlock>(index));
@@ -29,6 +36,7 @@ class ParameterOrgan {
 
   const Options& options_;
   StoredParameters& parameters_;
+  std::optional<std::uint8_t> trial_;
 };
 
 }  // namespace morvane::simulator

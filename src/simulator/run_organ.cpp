@@ -30,6 +30,17 @@ bool NamesPlaces(const CardBytes& order) {
   });
 }
 
+/// A test deal is of a whole pack, and names its cards.
+bool NamesAPack(const RouteCommand& route) {
+  Pack pack{};
+  std::copy_n(route.Order.Bytes.begin(), pack.size(), pack.begin());
+  std::sort(pack.begin(), pack.end());
+  for (std::size_t i = 0; i < pack.size(); ++i) {
+    if (pack[i] != i + 1) return false;
+  }
+  return route.Count == kCards && route.Order == WithoutJokers(route.Order);
+}
+
 bool Accept(Frame& reply) {
   Put(AcceptedReply{}, reply);
   return true;
@@ -64,24 +75,25 @@ bool RunOrgan::StoreRoute(const Frame& command, Frame& reply) {
   const auto route = Get<RouteCommand>(command);
   if (!Agrees(route, command) || !NamesPlaces(route.Order)) return false;
   if (route.Count < 1 || route.Count > CardBytes::kPlaces) return false;
-  route_ = {route.Count, route.Order};
+  if (route.TestDeal && !NamesAPack(route)) return false;
+  route_ = {route.Count, route.Order, route.TestDeal};
   return Accept(reply);
 }
 
 bool RunOrgan::Start(const Frame& command, CardWay::Time now, Frame& reply) {
   const auto start = Get<StartCommand>(command);
   const CardBytes pockets = WithoutJokers(start.Pockets);
-  const bool stacks = start.Code == CmdDeal && route_;
+  const bool routed = start.Code == CmdDeal && route_;
   if (!Agrees(start.Settings, command)) return false;
-  if (!NamesPockets(stacks ? start.Pockets : pockets)) return false;
+  if (!NamesPockets(routed ? start.Pockets : pockets)) return false;
   if (start.Continue) {
     run_.GoOn(now);
-  } else if (stacks) {
-    run_.Stack(*std::exchange(route_, std::nullopt), start.Pockets, now);
+  } else if (routed) {
+    run_.Follow(*std::exchange(route_, std::nullopt), start.Pockets, now);
   } else if (start.Code == CmdRead) {
     route_.reset();
     run_.Begin(RunKind::Read, pockets, now);
-  } else if (!run_.Stacks(start.Pockets)) {
+  } else if (!run_.Follows(start.Pockets)) {
     run_.Begin(RunKind::Deal, pockets, now);
   }
   return Accept(reply);
@@ -158,6 +170,8 @@ std::string RunOrgan::StateText() const {
       return "sorting" + place;
     case RunKind::Stack:
       return "stacking" + place;
+    case RunKind::Test:
+      return "testing" + place;
     default:
       return "dealing" + place;
   }

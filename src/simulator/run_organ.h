@@ -44,7 +44,7 @@ class RunOrgan {
   const Options& options_;
   Counters& counters_;
   CardWay run_;
-  std::optional<Route> route_;  ///< of the next deal, which is a stacking run then
+  std::optional<Route> route_;  ///< of the next deal, which is a stacking run or a test then
 };
 
 }  // namespace morvane::simulator

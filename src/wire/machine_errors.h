@@ -10,6 +10,7 @@ namespace morvane::wire {
 
 /// Codes with a meaning beyond their text.
 enum MachineErrorCode : std::uint8_t {
+  kDuplicateCard = 54,
   kCardFeeding = 55,
   kBreakDealing = 57,
   kBoardNotFitted = 58,

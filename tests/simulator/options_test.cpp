@@ -23,6 +23,9 @@ TEST(Options, WithoutKeysIsARealMachine) {
   EXPECT_TRUE(Options{}.FlashFaults.empty());
   EXPECT_EQ(Options{}.EraseStatus, 0);
   EXPECT_EQ(Options{}.Store, "");
+  EXPECT_FALSE(Options{}.Flashed);
+  EXPECT_TRUE(Options{}.Swaps.empty());
+  EXPECT_EQ(Options{}.BoardSwitch, (SwitchLevels{101, 120}));
   EXPECT_EQ(Options{}.Index, wire::CardIndex::Standard);
   EXPECT_EQ(Options{}.Letters, 0);
   EXPECT_EQ(Options{}.Card, 9) << "the Ten of Spades";
@@ -38,7 +41,11 @@ TEST(Options, EveryKeyIsTaken) {
       "fault=3:20:30,fault=4:208:240,packs=3,carry=north,boot=2.01,answers-writes=1,"
       "index=small,letters=6,ideal=240/113,symbol=30x78,suit=29x70,card=D2,misread=CK,"
       "focus-marker=0,flash=0x201:3,flash=start:255,flash=1023:0,flash=erase-record:1,"
-      "flash=write-record:2,erase=7,store=/tmp/a b.txt");
+      "flash=write-record:2,erase=7,deck=flashed,swap=9:10,swap=52:1,board-switch=20/200,"
+      "store=/tmp/a b.txt");
+  EXPECT_TRUE(options.Flashed);
+  EXPECT_EQ(options.Swaps, (std::vector<CardSwap>{{9, 10}, {52, 1}}));
+  EXPECT_EQ(options.BoardSwitch, (SwitchLevels{20, 200}));
   EXPECT_EQ(options.Index, wire::CardIndex::Small);
   EXPECT_EQ(options.Letters, 6);
   EXPECT_EQ(options.Ideal, (CameraPlace{240, 113}));
@@ -122,6 +129,8 @@ TEST(Options, NumbersReachTheirEnds) {
   EXPECT_EQ(Parsed("simulated,speed=0").Speed, 0.0);
   EXPECT_EQ(Parsed("simulated,speed=1000").Speed, 1000.0);
   EXPECT_EQ(Parsed("simulated,noise=1").Noise, 1.0);
+  EXPECT_EQ(Parsed("simulated,board-switch=0/1").BoardSwitch, (SwitchLevels{0, 1}));
+  EXPECT_EQ(Parsed("simulated,board-switch=254/255").BoardSwitch, (SwitchLevels{254, 255}));
   EXPECT_EQ(Parsed("simulated,hardware=65535").Hardware, 65535);
   EXPECT_EQ(Parsed("simulated,seed=0xFFFFFFFFFFFFFFFF").Seed, UINT64_MAX);
   EXPECT_EQ(Parsed("simulated,firmware=255.99").FirmwareMinor, 0x99);
@@ -174,6 +183,27 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,fault=",
                                       "simulated,pack",
                                       "simulated,pack=",
+                                      "simulated,deck",
+                                      "simulated,deck=",
+                                      "simulated,deck=Flashed",
+                                      "simulated,deck=ordered",
+                                      "simulated,swap",
+                                      "simulated,swap=",
+                                      "simulated,swap=9",
+                                      "simulated,swap=9:",
+                                      "simulated,swap=9:9",
+                                      "simulated,swap=0:9",
+                                      "simulated,swap=9:53",
+                                      "simulated,swap=9/10",
+                                      "simulated,swap=9:10:11",
+                                      "simulated,board-switch",
+                                      "simulated,board-switch=",
+                                      "simulated,board-switch=100",
+                                      "simulated,board-switch=100/100",
+                                      "simulated,board-switch=101/100",
+                                      "simulated,board-switch=-1/100",
+                                      "simulated,board-switch=100/256",
+                                      "simulated,board-switch=100:120",
                                       "simulated,packs=a.pbn",
                                       "simulated,packs=0",
                                       "simulated,packs=5",
@@ -237,14 +267,22 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
             "card 1 to 208 and code 1 to 240");
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, boot, "
-            "hardware, serial, noise, seed, fault, packs, carry, answers-writes, index, letters, "
-            "ideal, symbol, suit, card, misread, focus-marker, flash, erase, store, pack");
+            "hardware, serial, noise, seed, fault, deck, swap, packs, carry, answers-writes, "
+            "index, letters, ideal, symbol, suit, card, misread, focus-marker, board-switch, "
+            "flash, erase, store, pack");
   EXPECT_EQ(ParseOptions("simulated,flash=1024:1", options),
             "simulated machine: \"flash=1024:1\": flash= takes BLOCK:STATUS with block 0 to 1023, "
             "start, erase-record or write-record, and status 0 to 255");
   EXPECT_EQ(ParseOptions("simulated,carry=left", options),
             "simulated machine: \"carry=left\": carry= takes right, swapped, dropped, exchanged, "
             "turned, north or nothing");
+  EXPECT_EQ(
+      ParseOptions("simulated,swap=9:9", options),
+      "simulated machine: \"swap=9:9\": swap= takes A:B, two places from 1 to 52 that differ");
+  EXPECT_EQ(
+      ParseOptions("simulated,board-switch=120/120", options),
+      "simulated machine: \"board-switch=120/120\": board-switch= takes LOST/SEEN, both from 0 "
+      "to 255 and the first one below");
   EXPECT_EQ(ParseOptions("usb", options), "\"usb\" is no simulated machine");
 }
 
@@ -258,6 +296,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   };
   give("seed=N", "seed=7");
   give("BOARD:CARD:CODE", "1:2:3");
+  give("swap=A:B", "swap=5:6");
   give("ideal=X/Y", "ideal=3/4");
   give("symbol=WxH", "symbol=20x30");
   give("suit=WxH", "suit=21x31");
@@ -267,6 +306,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   Options expected;
   expected.Seed = 7;
   expected.Faults = {{1, 2, 3}};
+  expected.Swaps = {{5, 6}};
   expected.Ideal = CameraPlace{3, 4};
   expected.Symbol = PrintSize{20, 30};
   expected.Suit = PrintSize{21, 31};

@@ -85,7 +85,14 @@ TEST(WireBytes, BoardLabel) {
 
 TEST(WireBytes, OtherSensorsAreNotAnsweredWithALabel) {
   Talk talk;
-  EXPECT_TRUE(talk.Ask({0x1B, 5}).empty());
+  EXPECT_TRUE(talk.Ask({0x1B, 6}).empty());
+}
+
+TEST(WireBytes, BoardSwitchOfAnEmptySlot) {
+  Talk talk;
+  talk.Write({0x3B, 0x32, 0x4E, 0x65, 0x7C, 0x93, 0xAA, 0xDF});  // 1B 05: S = 20
+  // 1B 05 00: S = 20, keys 20 35 4A 5F 74 89 9E.
+  EXPECT_EQ(talk.Read(8), (Bytes{0x3B, 0x30, 0x4A, 0x5F, 0x74, 0x89, 0x9E, 0xDF}));
 }
 
 TEST(WireBytes, DealIsAccepted) {
