@@ -12,7 +12,10 @@ using ::testing::HasSubstr;
 using ::testing::Optional;
 using ::testing::StartsWith;
 
-std::vector<std::string> SampleLines() { return test::LinesFromOne(BytesOf(test::Sample())); }
+const std::vector<std::string>& SampleLines() {
+  static const std::vector<std::string> lines = test::LinesFromOne(BytesOf(test::Sample()));
+  return lines;
+}
 
 ServiceFileRead WithLine(std::size_t line, const std::string& text) {
   auto lines = SampleLines();
@@ -163,7 +166,7 @@ TEST(ServiceFileReader, ALineIsFaultyWhereANumberIsNone) {
 }
 
 TEST(ServiceFileReader, ARowIsFaultyWhereADigitIsNone) {
-  const auto lines = SampleLines();
+  const auto& lines = SampleLines();
   for (const std::size_t line : {10U, 100U, 201U, 203U, 300U, 394U}) {
     for (const std::size_t place : {0U, 1U, 128U, 254U, 255U}) {
       for (const char wrong : {'G', 'a', 'f', ' ', ',', '-', '/', ':', '@'}) {
@@ -178,7 +181,7 @@ TEST(ServiceFileReader, ARowIsFaultyWhereADigitIsNone) {
 }
 
 TEST(ServiceFileReader, AControlCharacterInAnyFieldIsItsLinesFault) {
-  const auto lines = SampleLines();
+  const auto& lines = SampleLines();
   for (std::size_t line = 1; line <= 413; ++line) {
     for (const std::size_t start : StartsOfFields(lines[line])) {
       std::string text = lines[line];
@@ -210,7 +213,7 @@ TEST(ServiceFileReader, RowsBeforeAFaultHaveBeenTaken) {
 }
 
 TEST(ServiceFileReader, AFileThatEndsTooSoonIsFaultyAtItsFirstMissingLine) {
-  const auto lines = SampleLines();
+  const auto& lines = SampleLines();
   std::string bytes;
   for (std::size_t line = 1; line <= 413; ++line) {
     EXPECT_THAT(ServiceFileIn(bytes).Fault(), Optional(static_cast<int>(line)));
@@ -243,7 +246,7 @@ TEST(ServiceFileErrors, AreTheFirst31CountersOfTwoLinesUnderTheNextLabel) {
 }
 
 TEST(ServiceFileErrors, AreThoseOfTheLinesThatWereRead) {
-  const auto lines = SampleLines();
+  const auto& lines = SampleLines();
   auto cut = lines;
   cut.resize(397);
   EXPECT_EQ(ErrorsText(ServiceFileIn(test::FileOf(cut))), "");
