@@ -1,9 +1,18 @@
 #pragma once
 
+#include <string>
+
+#include "machine/gates.h"
 #include "maintenance/console_host.h"
 #include "maintenance/parameter_block.h"
 
 namespace morvane::maintenance {
+
+/// Since when a firmware tries a sensitivity out.
+inline constexpr machine::VersionGate kCalibrationGate{0x80, nullptr};
+
+/// Why the board switch of this machine cannot be calibrated; empty: it can.
+[[nodiscard]] std::string WhyNoCalibration(const machine::Machine& machine);
 
 /// The button `Calibrate_Board_Switch`: the prompt, the window's sweeps, and what the machine is to
 /// keep of them. Whoever runs it has the link, and nothing else takes it meanwhile.
@@ -16,6 +25,11 @@ class CalibrationCommand {
   void Run();
 
  private:
+  [[nodiscard]] bool CanDo();
+  [[nodiscard]] bool BoardIsIn();
+  /// What is to be kept; 0: nothing.
+  [[nodiscard]] int Calibrate();
+
   Program& program_;
   ServiceLink& link_;
   const machine::Machine& machine_;
