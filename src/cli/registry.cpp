@@ -13,6 +13,7 @@
 #include "cli/help_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_auto_setup_command.h"
+#include "cli/maintain_calibrate_command.h"
 #include "cli/maintain_firmware_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
@@ -37,7 +38,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 30> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 31> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -59,6 +60,7 @@ constexpr std::array<const Command*, 30> kCommands{&kGenerateCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
                                                    &kMaintainServiceFileCommand,
+                                                   &kMaintainCalibrateCommand,
                                                    &kMaintainFirmwareCommand,
                                                    &kMaintainRecordCommand,
                                                    &kFirmwareFileCommand,

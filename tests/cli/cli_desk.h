@@ -14,6 +14,7 @@
 #include "cli/generate_command.h"
 #include "cli/history_command.h"
 #include "cli/maintain_auto_setup_command.h"
+#include "cli/maintain_calibrate_command.h"
 #include "cli/maintain_firmware_command.h"
 #include "cli/maintain_info_command.h"
 #include "cli/maintain_parameters_command.h"
@@ -144,6 +145,9 @@ struct CliDesk {
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainAutoSetupOptions& options) {
     return DoOn(usb, nullptr, MaintainAutoSetup, options);
+  }
+  ExitStatus RunOn(UsbXpress& usb, const MaintainCalibrateOptions& options) {
+    return DoOn(usb, nullptr, MaintainCalibrate, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainFirmwareOptions& options) {
     return DoOn(usb, nullptr, MaintainFirmware, options);

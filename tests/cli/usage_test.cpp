@@ -72,6 +72,7 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "  maintain recognise [--labels OUT.png] [--index standard|jumbo|small]\n"
                  "                     [--national 0..6] [--type 0|1] [--font 0|1|2]\n"
                  "  maintain auto-setup [--index standard|jumbo|small]\n"
+                 "  maintain calibrate\n"
                  "  maintain firmware FILE.adc\n"
                  "  maintain record [--serial N] [--hardware N] [--date YYYY-MM-DD]\n"
                  "                  [--boards-dealt N] [--clear-errors]\n"
