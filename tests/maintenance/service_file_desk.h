@@ -7,6 +7,7 @@
 
 #include "maintenance/console_desk.h"
 #include "maintenance/paper_service.h"
+#include "platform/files.h"
 
 namespace morvane::maintenance {
 
@@ -23,6 +24,7 @@ class ServiceFileDesk : public ConsoleDesk {
 
   /// The console is open, the machine known, and nothing sent any more.
   void Begin() {
+    std::filesystem::create_directory(desk.Prog.Paths.Data);
     Open();
     Damage = [this](const test::Bytes& plain, const test::Bytes&) { return ReplyTo(plain); };
     desk.Prog.VersionText = "1.0";
@@ -37,16 +39,15 @@ class ServiceFileDesk : public ConsoleDesk {
   }
   [[nodiscard]] std::vector<std::string> Files() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(desk.Folder.Path())) {
-      const std::string name = entry.path().filename().string();
-      if (!name.starts_with("Log_")) names.push_back(name);
+    for (const auto& entry : std::filesystem::directory_iterator(desk.Prog.Paths.Data)) {
+      names.push_back(entry.path().filename().string());
     }
     return names;
   }
   /// Of the first file: [n] is line n.
   [[nodiscard]] std::vector<std::string> Lines(const std::string& name = kFirst) const {
     std::vector<std::string> lines{""};
-    std::string rest = test::Content(desk.Folder / name);
+    std::string rest = test::Content(Path(name));
     for (std::size_t end; (end = rest.find("\r\n")) != std::string::npos; rest.erase(0, end + 2)) {
       lines.push_back(rest.substr(0, end));
     }
@@ -54,7 +55,7 @@ class ServiceFileDesk : public ConsoleDesk {
     return lines;
   }
   [[nodiscard]] std::string Path(const std::string& name = kFirst) const {
-    return desk.Folder / name;
+    return JoinPath(desk.Prog.Paths.Data, name);
   }
 
  private:
