@@ -21,6 +21,7 @@
 #include "cli/maintain_picture_command.h"
 #include "cli/maintain_recognise_command.h"
 #include "cli/maintain_record_command.h"
+#include "cli/maintain_service_file_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -148,6 +149,9 @@ struct CliDesk {
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainCalibrateOptions& options) {
     return DoOn(usb, nullptr, MaintainCalibrate, options);
+  }
+  ExitStatus Run(const MaintainServiceFileOptions& options) {
+    return Do(MaintainServiceFile, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainFirmwareOptions& options) {
     return DoOn(usb, nullptr, MaintainFirmware, options);

@@ -1,0 +1,117 @@
+#include <filesystem>
+#include <numeric>
+
+#include "maintenance/console_desk.h"
+#include "maintenance/service_file_reader.h"
+#include "platform/files.h"
+
+// A service file held against the simulated machine that it tells of.
+
+namespace morvane::maintenance {
+namespace {
+
+using simulator::IndexRecord;
+using ::testing::ElementsAreArray;
+
+class ServiceFileOfASimulatedMachine : public ConsoleDesk {
+ protected:
+  std::vector<test::Bytes> lines;  ///< of pictures, as the machine said them
+
+  /// Its lines, [n] being line n.
+  std::vector<std::string> Make(const std::string& options) {
+    std::filesystem::create_directory(desk.Prog.Paths.Data);
+    Start(options);
+    Damage = [this](const test::Bytes& plain, const test::Bytes& wire) {
+      if (plain[0] == 0x01) lines.push_back(test::OffTheWire(wire, 21));
+      return wire;
+    };
+    console->Email();
+    std::vector<std::string> all{""};
+    std::string rest = test::Content(console->ServiceFiles().Written);
+    for (std::size_t end; (end = rest.find("\r\n")) != std::string::npos; rest.erase(0, end + 2)) {
+      all.push_back(rest.substr(0, end));
+    }
+    return all;
+  }
+  [[nodiscard]] static std::string RecordText(const IndexRecord& record) {
+    const auto& at = record.Positions;
+    const auto& symbol = record.Symbol.Limits;
+    const auto& suit = record.Suit.Limits;
+    std::string text;
+    for (const int value : {at.PosX, at.PosY, at.StartX, at.StartY, symbol.MinX, symbol.MinY,
+                            symbol.MaxX, symbol.MaxY, suit.MinX, suit.MinY, suit.MaxX, suit.MaxY}) {
+      text += (text.empty() ? "" : ",") + std::to_string(value);
+    }
+    return text;
+  }
+  /// The 128 pixels of a frame in hexadecimal.
+  [[nodiscard]] static std::string HexOf(const test::Bytes& frame) {
+    return std::accumulate(frame.begin() + 8, frame.begin() + 136, std::string(),
+                           [](std::string text, std::uint8_t v) { return text + Hex2(v); });
+  }
+};
+
+TEST_F(ServiceFileOfASimulatedMachine, HoldsWhatTheMachineHolds) {
+  const auto file = Make("serial=815,hardware=0x6F,firmware=2.95,boot=1.30,card=28");
+  ASSERT_EQ(file.size(), 415U);
+  EXPECT_EQ(file[2].substr(0, 26), "815,0,14.6.2019,111,2.95,4");
+  const auto& records = sim->Parameters().Records;
+  EXPECT_EQ(file[6], RecordText(records[0]));
+  EXPECT_EQ(file[7], RecordText(records[1]));
+  EXPECT_EQ(file[8], RecordText(records[2]));
+  EXPECT_NE(file[6], file[7]);
+  EXPECT_NE(file[7], file[8]);
+  EXPECT_EQ(file[5], "0,0,0,0,0,0,0," + std::to_string(records[0].ParamId) + ",0");
+  EXPECT_EQ(file[9], "50,40,50,40");
+  EXPECT_EQ(file[413], std::to_string(sim->Parameters().Video.BoardSen) + ",128,128");
+  EXPECT_EQ(file[410].substr(0, 10), "01.30,3.7,");
+}
+
+TEST_F(ServiceFileOfASimulatedMachine, HasBothPicturesToThePixel) {
+  const auto file = Make("card=28");  // the three of diamonds
+  ASSERT_EQ(lines.size(), 384U);
+  for (std::size_t y = 0; y < 192; ++y) {
+    ASSERT_EQ(file[10 + y], HexOf(lines[y])) << "grey line " << y;
+    ASSERT_EQ(file[203 + y], HexOf(lines[192 + y])) << "label line " << y;
+  }
+  EXPECT_NE(file[60], file[253]) << "the labels do not stand in both";
+}
+
+TEST_F(ServiceFileOfASimulatedMachine, NamesTheCardInFrontOfTheCamera) {
+  // Machine card 28 is the third of the diamonds, 2 + 27 % 13 = 3.
+  const auto file = Make("card=28");
+  EXPECT_EQ(file[396].substr(0, 11), "OK,46,46,3,");
+  EXPECT_EQ(file[396].substr(11, 2), "D,");
+}
+
+TEST_F(ServiceFileOfASimulatedMachine, CountsWhatTheMachineCounts) {
+  const auto file = Make("");
+  const auto& counted = sim->Memory().Counted;
+  std::vector<std::uint32_t> expected(256);
+  std::copy(counted.Stops.begin(), counted.Stops.end(), expected.begin());
+  expected[0] = counted.BoardsDealt;
+  std::vector<std::uint32_t> found;
+  for (std::size_t line = 397; line <= 404; ++line) {
+    std::string rest = file[line] + ",";
+    for (std::size_t end; (end = rest.find(',')) != std::string::npos; rest.erase(0, end + 1)) {
+      found.push_back(static_cast<std::uint32_t>(std::stoul(rest.substr(0, end))));
+    }
+  }
+  EXPECT_THAT(found, ElementsAreArray(expected));
+}
+
+TEST_F(ServiceFileOfASimulatedMachine, IsReadBackWhole) {
+  Make("card=39");
+  const auto read = ServiceFileIn(test::Content(console->ServiceFiles().Written));
+  EXPECT_EQ(read.Fault(), std::nullopt);
+  EXPECT_EQ(read.Lines, 414);
+  EXPECT_EQ(read.File["Symbol"] + read.File["Suit"], "AD");
+  for (int y = 0; y < 192; ++y) {
+    for (int x = 0; x < 128; ++x) {
+      ASSERT_EQ(read.File.LabelImage.At(x, y), pictures->LabelImage.At(x, y));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace morvane::maintenance
