@@ -4,6 +4,14 @@
 
 namespace morvane::simulator {
 
+bool IsWhole(Pack pack) {
+  std::sort(pack.begin(), pack.end());
+  for (std::size_t i = 0; i < pack.size(); ++i) {
+    if (pack[i] != i + 1) return false;
+  }
+  return true;
+}
+
 void Pile::AddAll(const Pile& pile) {
   for (std::size_t at = 0; at < pile.Count(); ++at) Add(pile[at]);
 }
@@ -56,11 +64,7 @@ void Feeder::LoadForReading(const Board& board, const wire::CardBytes& pockets) 
 }
 
 bool Feeder::Prepare(const Pack& cards) {
-  auto sorted = cards;
-  std::sort(sorted.begin(), sorted.end());
-  for (std::size_t i = 0; i < sorted.size(); ++i) {
-    if (sorted[i] != i + 1) return false;
-  }
+  if (!IsWhole(cards)) return false;
   prepared_ = cards;
   return true;
 }

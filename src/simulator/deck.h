@@ -42,6 +42,8 @@ class Pile {
 
 /// A pack by its machine cards, first one first.
 using Pack = std::array<std::uint8_t, kCards>;
+/// Whether each of 1..52 is there once.
+[[nodiscard]] bool IsWhole(Pack pack);
 
 /// The cards that wait to be fed. Every load is a fresh, fairly shuffled pack, unless there is one
 /// order for all; the same seed gives the same packs on every system.
@@ -50,7 +52,7 @@ class Feeder {
   explicit Feeder(std::uint64_t seed) : engine_(seed) {}
   void Seed(std::uint64_t seed) { engine_.seed(seed); }
 
-  /// One pack: that of `Prepare` when there is one, otherwise as `LieAlways` has said.
+  /// One pack: that of `Prepare` when there is one, otherwise as `LieAlways` has said, or shuffled.
   void LoadPack();
   /// So many packs, four at most, shuffled together.
   void LoadPacks(int packs);
@@ -58,8 +60,7 @@ class Feeder {
   /// `pockets`, as far as `board` has such a card; the others lie as loaded.
   void LoadForReading(const Board& board, const wire::CardBytes& pockets);
 
-  /// The next `LoadPack` has these machine cards, first one first. False unless each of 1..52 is
-  /// there once.
+  /// The next `LoadPack` has these machine cards, first one first. False unless it is whole.
   bool Prepare(const Pack& cards);
   /// Each pack, but not several at once, lies like this from now on.
   void LieAlways(const Pack& cards) { always_ = cards; }

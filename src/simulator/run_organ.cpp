@@ -34,11 +34,7 @@ bool NamesPlaces(const CardBytes& order) {
 bool NamesAPack(const RouteCommand& route) {
   Pack pack{};
   std::copy_n(route.Order.Bytes.begin(), pack.size(), pack.begin());
-  std::sort(pack.begin(), pack.end());
-  for (std::size_t i = 0; i < pack.size(); ++i) {
-    if (pack[i] != i + 1) return false;
-  }
-  return route.Count == kCards && route.Order == WithoutJokers(route.Order);
+  return route.Count == kCards && route.Order == WithoutJokers(route.Order) && IsWhole(pack);
 }
 
 bool Accept(Frame& reply) {

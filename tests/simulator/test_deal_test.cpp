@@ -87,6 +87,15 @@ TEST(TestDeal, AShuffledDeckFails) {
   EXPECT_EQ(DealTest(talk), 62);
 }
 
+TEST(TestDeal, FindsTheCardsThatWereLaidIntoTheFeeder) {
+  Talk talk;
+  ASSERT_TRUE(talk.Machine.LayInFeeder(OneTo(52)));
+  ASSERT_EQ(DealTest(talk), 0);
+  ASSERT_TRUE(talk.Machine.PutBackPack());
+  EXPECT_EQ(DealTest(talk), 0);
+  EXPECT_EQ(DealTest(talk), 62) << "a shuffled pack";
+}
+
 TEST(TestDeal, StopsBeforeTheFirstCardThatDiffers) {
   Options options = Flashed();
   options.Swaps = {{9, 10}};

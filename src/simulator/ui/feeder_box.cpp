@@ -52,9 +52,9 @@ FeederBox::FeederBox(WiredMachine& machine, PackSource& packs, QWidget* parent)
       packs_(packs),
       cards_(new ShownValue("lblFeeder", "Cards in the feeder", this)),
       boards_(new ShownValue("lblBoardsToRead", "Boards to be read", this)) {
-  auto* inOrder =
-      Button("cmdLoadPack", "Pack in &order",
-             "The next board is dealt from this pack; otherwise every pack is shuffled", this);
+  auto* inOrder = Button(
+      "cmdLoadPack", "Pack in &order",
+      "The next board is dealt from this pack; the others lie as the machine was told", this);
   load_ = Button("cmdLoadBoards", "&Boards for reading ...",
                  "The read runs to come find the boards of a file, one after the other", this);
   connect(inOrder, &QPushButton::clicked, this, [this] { LoadInOrder(); });
