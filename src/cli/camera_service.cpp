@@ -52,8 +52,12 @@ bool CameraService::Fetch(const std::string& out) {
   console_.Bench().Showb();
   progress_.Show("");
   if (lines_ != PixelPlane::kHeight) return false;
-  const auto error = WriteFile(out, maintenance::PngOf(console_.Bench().Pictures()));
-  if (error) TellFile(job_.Place.Screen, out, *error);
+  return WritePng(job_, out, maintenance::PngOf(console_.Bench().Pictures()));
+}
+
+bool WritePng(Job& job, const std::string& out, const std::string& png) {
+  const auto error = WriteFile(out, png);
+  if (error) TellFile(job.Place.Screen, out, *error);
   return !error;
 }
 

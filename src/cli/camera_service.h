@@ -41,5 +41,7 @@ class CameraService : public ConsoleService {
 /// Whether a picture can be written to `out`, asked before the machine is. False: the operator has
 /// been told, or does not want what is there replaced.
 [[nodiscard]] bool MayWritePicture(Job& job, const std::string& out);
+/// Writes it. False: it cannot be written, which has been told.
+[[nodiscard]] bool WritePng(Job& job, const std::string& out, const std::string& png);
 
 }  // namespace morvane::cli

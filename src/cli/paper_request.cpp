@@ -96,12 +96,17 @@ std::optional<PrintOptions> TakePaper(Job& job, const PaperRequest& request,
   return options;
 }
 
-bool MayWriteOut(Job& job, const PaperFiles& files) {
+bool IsItself(Job& job, const PaperFiles& files) {
   std::error_code missing;
-  if (std::filesystem::equivalent(PathOfUtf8(files.In), PathOfUtf8(files.Out), missing)) {
-    job.Place.Screen.Error(files.Out + " is the " + files.What + " itself.\n");
+  if (!std::filesystem::equivalent(PathOfUtf8(files.In), PathOfUtf8(files.Out), missing)) {
     return false;
   }
+  job.Place.Screen.Error(files.Out + " is the " + files.What + " itself.\n");
+  return true;
+}
+
+bool MayWriteOut(Job& job, const PaperFiles& files) {
+  if (IsItself(job, files)) return false;
   const auto error = CheckWritable(files.Out);
   if (error) print::ReportPrintFailure(job.Place.Prog, *error);
   return !error;

@@ -52,6 +52,8 @@ struct PaperFiles {
   std::string Out;
   std::string What;  ///< IN is, for who would write over it
 };
+/// OUT is IN, which the operator has been told.
+[[nodiscard]] bool IsItself(Job& job, const PaperFiles& files);
 /// Whether OUT can be written and is not IN. False: the operator has been told.
 [[nodiscard]] bool MayWriteOut(Job& job, const PaperFiles& files);
 

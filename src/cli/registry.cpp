@@ -29,6 +29,7 @@
 #include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
+#include "cli/service_file_command.h"
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
@@ -38,7 +39,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 31> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 32> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -63,6 +64,7 @@ constexpr std::array<const Command*, 31> kCommands{&kGenerateCommand,
                                                    &kMaintainServiceFileCommand,
                                                    &kMaintainFirmwareCommand,
                                                    &kMaintainRecordCommand,
+                                                   &kServiceFileCommand,
                                                    &kFirmwareFileCommand,
                                                    &kBootCCommand,
                                                    &kTxtHexCommand,

@@ -12,15 +12,7 @@ using wire::PhotoReply;
 
 Reading SwitchReading(bool on) { return {on ? "ON" : "OFF", on ? Shade::kGood : Shade::kPlain}; }
 
-/// A motor that stands is as right as one that runs at its speed.
-Reading SpeedReading(std::uint16_t raw) {
-  constexpr int kSlowest = 13000;
-  constexpr int kFastest = 16000;
-  const int speed = wire::MotorReply::kStill - raw;
-  const bool good = speed > kSlowest && speed < kFastest;
-  const Shade look = speed == 0 ? Shade::kPlain : good ? Shade::kGood : Shade::kBad;
-  return {std::to_string(speed), look};
-}
+Reading RawSpeedReading(std::uint16_t raw) { return SpeedReading(wire::MotorReply::kStill - raw); }
 
 /// "25.3" of 253.
 std::string Tenths(double tenths) {
@@ -39,6 +31,14 @@ std::optional<double> NumberIn(const Reading& reading) {
   return number;
 }
 
+Reading SpeedReading(int speed) {
+  constexpr int kSlowest = 13000;
+  constexpr int kFastest = 16000;
+  const bool good = speed > kSlowest && speed < kFastest;
+  const Shade look = speed == 0 ? Shade::kPlain : good ? Shade::kGood : Shade::kBad;
+  return {std::to_string(speed), look};
+}
+
 void Readings::Take(const PhotoReply& reply) {
   for (std::size_t sensor = 1; sensor <= 5; ++sensor) {
     const bool seen = (reply.Switches & PhotoReply::PhotoBit(sensor)) != 0;
@@ -51,8 +51,8 @@ void Readings::Take(const PhotoReply& reply) {
 }
 
 void Readings::Take(const wire::MotorReply& reply, std::size_t first) {
-  Motor_speed[first] = SpeedReading(reply.First);
-  Motor_speed[first + 1] = SpeedReading(reply.Second);
+  Motor_speed[first] = RawSpeedReading(reply.First);
+  Motor_speed[first + 1] = RawSpeedReading(reply.Second);
 }
 
 /// The converter's steps in volts, then in tenths of a degree; and in tenths of a volt.

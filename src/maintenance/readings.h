@@ -25,6 +25,10 @@ struct Reading {
 /// The number that it shows, if it shows one.
 [[nodiscard]] std::optional<double> NumberIn(const Reading& reading);
 
+/// Of a motor, in the machine's own unit. One that stands is as right as one that runs at its
+/// speed.
+[[nodiscard]] Reading SpeedReading(int speed);
+
 /// What the sensors say, as the console shows it; decoded from the machine's answers.
 struct Readings {
   std::array<Reading, 6> Photo{};  ///< [1..5]

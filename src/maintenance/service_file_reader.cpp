@@ -152,10 +152,26 @@ bool TakeLine(ServiceFile& file, int line, std::string_view text) {
 }
 
 /// "Error:   7  -  12", with two blanks in the place of a digit, which is twice as wide.
-std::string Listed(std::string_view what, int label, std::size_t digits, const std::string& value) {
-  const std::string number = std::to_string(label);
-  return std::string(what) + std::string(2 * (digits - number.size()), ' ') + number + "  -  " +
-         value + "\n";
+std::string ListText(std::string_view what, const std::vector<LabelledNumber>& numbers,
+                     std::size_t digits) {
+  std::string text;
+  for (const LabelledNumber& number : numbers) {
+    const std::string label = std::to_string(number.Label);
+    text.append(what).append(2 * (digits - label.size()), ' ').append(label);
+    text.append("  -  ").append(number.Text).append("\n");
+  }
+  return text;
+}
+
+/// `count` of a line's numbers, the first of which has this label.
+template <std::size_t N>
+std::vector<LabelledNumber> Labelled(const std::array<std::string, N>& all, int part, int label,
+                                     std::size_t count) {
+  std::vector<LabelledNumber> numbers;
+  for (std::size_t i = 0; i < count; ++i) {
+    numbers.push_back({label++, all[static_cast<std::size_t>(part) * kNumbersOfLine + i]});
+  }
+  return numbers;
 }
 
 }  // namespace
@@ -176,30 +192,32 @@ ServiceFileRead ServiceFileIn(std::string bytes) {
   return read;
 }
 
+std::vector<LabelledNumber> ErrorsOfLine(const ServiceFile& file, int line) {
+  constexpr service_line::Range kListed{397, 398};
+  if (!kListed.Has(line)) return {};
+  const int part = line - service_line::kCounters.First;
+  return Labelled(file.ErrorCounters, part, part * static_cast<int>(kNumbersOfLine) + 1,
+                  kNumbersOfLine - 1);
+}
+
+std::vector<LabelledNumber> TestBytesOfLine(const ServiceFile& file, int line) {
+  if (!service_line::kTestBytes.Has(line)) return {};
+  const int part = line - service_line::kTestBytes.First;
+  return Labelled(file.TestBytes, part, part * static_cast<int>(kNumbersOfLine), kNumbersOfLine);
+}
+
 std::string ErrorsText(const ServiceFileRead& read) {
-  constexpr std::array kListed{0, 1};  // lines of counters
-  constexpr int kLabels = 31;
   std::string text;
-  for (const int part : kListed) {
-    if (read.Lines < service_line::kCounters.First + part) break;
-    for (int i = 0; i < kLabels; ++i) {
-      const int place = static_cast<int>(kNumbersOfLine) * part + i;
-      text +=
-          Listed("Error: ", place + 1, 2, read.File.ErrorCounters[static_cast<std::size_t>(place)]);
-    }
+  for (int line = 1; line <= read.Lines; ++line) {
+    text += ListText("Error: ", ErrorsOfLine(read.File, line), 2);
   }
   return text;
 }
 
 std::string TestText(const ServiceFileRead& read) {
   std::string text;
-  for (int line = service_line::kTestBytes.First; line <= service_line::kTestBytes.Last; ++line) {
-    if (read.Lines < line) break;
-    const auto first =
-        static_cast<std::size_t>(line - service_line::kTestBytes.First) * kNumbersOfLine;
-    for (std::size_t i = first; i < first + kNumbersOfLine; ++i) {
-      text += Listed("", static_cast<int>(i), 3, read.File.TestBytes[i]);
-    }
+  for (int line = 1; line <= read.Lines; ++line) {
+    text += ListText("", TestBytesOfLine(read.File, line), 3);
   }
   return text;
 }

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "maintenance/service_file.h"
 
@@ -23,12 +25,20 @@ struct ServiceFileRead {
 /// Of any bytes. Lines may also end with LF alone.
 [[nodiscard]] ServiceFileRead ServiceFileIn(std::string bytes);
 
-// What the two lists of a viewer say, as far as the file was read; their lines end with LF.
+/// A number as a viewer lists it.
+struct LabelledNumber {
+  int Label;
+  std::string_view Text;
+};
+/// Of a line of counters that is listed, the first ones under labels that are one higher; the last
+/// of the line is left out: required, the numbers are known so. None of the other lines.
+[[nodiscard]] std::vector<LabelledNumber> ErrorsOfLine(const ServiceFile& file, int line);
+/// Of a line of test bytes, labelled 0 to 127. None of the other lines.
+[[nodiscard]] std::vector<LabelledNumber> TestBytesOfLine(const ServiceFile& file, int line);
 
-/// The first counters, under labels that are one higher; the last of a line is left out: required,
-/// the numbers are known so.
+// Both as the viewer's lists have them, as far as the file was read; their lines end with LF.
+
 [[nodiscard]] std::string ErrorsText(const ServiceFileRead& read);
-/// The test bytes, labelled 0 to 127.
 [[nodiscard]] std::string TestText(const ServiceFileRead& read);
 
 }  // namespace morvane::maintenance

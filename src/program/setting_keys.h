@@ -53,6 +53,8 @@ inline constexpr SettingKey kPrintScoreCardMode{kInit, "PrintScoreCardMode", "2"
 inline constexpr SettingKey kPrintStat{kInit, "PrintStat", "1"};
 inline constexpr SettingKey kPrintTen{kInit, "PrintTen", "1"};
 inline constexpr SettingKey kServiceFileId{kInit, "Service File ID", "0"};
+/// Of the service file read last; empty: the data folder.
+inline constexpr SettingKey kServiceFileFolder{kInit, "Service_file_directory", ""};
 
 inline constexpr SettingKey kSolverAppPath{kDeepFinesse, "App_path", ""};
 inline constexpr SettingKey kSolverBreak{kDeepFinesse, "Break", ""};

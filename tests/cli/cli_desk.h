@@ -30,6 +30,7 @@
 #include "cli/poker_show_command.h"
 #include "cli/print_command.h"
 #include "cli/read_command.h"
+#include "cli/service_file_command.h"
 #include "cli/show_command.h"
 #include "cli/sort_command.h"
 #include "cli/stats_command.h"
@@ -129,6 +130,7 @@ struct CliDesk {
   ExitStatus Run(const FirmwareFileOptions& options) { return Do(MakeFirmwareFile, options); }
   ExitStatus Run(const BootCOptions& options) { return Do(MakeBootC, options); }
   ExitStatus Run(const TxtHexOptions& options) { return Do(TxtHex, options); }
+  ExitStatus Run(const ServiceFileOptions& options) { return Do(ShowServiceFile, options); }
   ExitStatus Run(const MaintainInfoOptions& options) { return Do(MaintainInfo, options); }
   ExitStatus Run(const MaintainWatchOptions& options) { return Do(MaintainWatch, options); }
   ExitStatus Run(const MaintainParametersOptions& options) {

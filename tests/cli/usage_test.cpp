@@ -76,6 +76,8 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "  maintain firmware FILE.adc\n"
                  "  maintain record [--serial N] [--hardware N] [--date YYYY-MM-DD]\n"
                  "                  [--boards-dealt N] [--clear-errors]\n"
+                 "  service-file IN.txt [--picture OUT.png] [--labels OUT.png]\n"
+                 "               [--index standard|jumbo|small]\n"
                  "  firmware-file CODE.dsp BIT OUT.adc\n"
                  "  boot-c BOOT.adb OUT.c\n"
                  "  txt-hex IN.txt\n"

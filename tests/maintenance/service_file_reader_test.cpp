@@ -13,14 +13,14 @@ using ::testing::Optional;
 using ::testing::StartsWith;
 
 const std::vector<std::string>& SampleLines() {
-  static const std::vector<std::string> lines = test::LinesFromOne(BytesOf(test::Sample()));
+  static const std::vector<std::string> lines = ServiceLinesOf(BytesOf(SampleServiceFile()));
   return lines;
 }
 
 ServiceFileRead WithLine(std::size_t line, const std::string& text) {
   auto lines = SampleLines();
   lines[line] = text;
-  return ServiceFileIn(test::FileOf(lines));
+  return ServiceFileIn(ServiceBytesOf(lines));
 }
 
 /// The places of the commas that a line's fields stand behind, and of its start.
@@ -44,7 +44,7 @@ void ExpectSamePicture(const PixelPlane& one, const PixelPlane& other) {
 }
 
 void ExpectSample(const ServiceFile& file) {
-  const ServiceFile sample = test::Sample();
+  const ServiceFile sample = SampleServiceFile();
   EXPECT_EQ(file.Info, sample.Info);
   for (std::size_t at = 0; at < kServiceFields.size(); ++at) {
     EXPECT_EQ(file[ServiceFieldName(at)], sample[ServiceFieldName(at)]) << kServiceFields[at].Name;
@@ -59,13 +59,13 @@ void ExpectSample(const ServiceFile& file) {
 }
 
 TEST(ServiceFileReader, TakesWhatWasWritten) {
-  const ServiceFileRead read = ServiceFileIn(BytesOf(test::Sample()));
+  const ServiceFileRead read = ServiceFileIn(BytesOf(SampleServiceFile()));
   EXPECT_EQ(read.Fault(), std::nullopt);
   ExpectSample(read.File);
 }
 
 TEST(ServiceFileReader, TakesLinesThatEndWithLfAlone) {
-  const ServiceFileRead read = ServiceFileIn(test::FileOf(SampleLines(), "\n"));
+  const ServiceFileRead read = ServiceFileIn(ServiceBytesOf(SampleLines(), "\n"));
   EXPECT_EQ(read.Fault(), std::nullopt);
   ExpectSample(read.File);
 }
@@ -139,20 +139,23 @@ constexpr NumberFields kNumberFields[] = {
 };
 
 void ExpectFieldIsNumber(const NumberFields& fields, std::size_t field) {
-  const std::string line = SampleLines()[fields.Line];
+  const std::string& line = SampleLines()[fields.Line];
   const std::size_t start = StartsOfFields(line)[field];
-  for (const int good : {fields.Lowest, fields.Highest}) {
-    EXPECT_EQ(WithLine(fields.Line, WithField(line, start, std::to_string(good))).Fault(),
-              std::nullopt);
+  const auto faultWith = [&](const std::string& text) {
+    return WithLine(fields.Line, WithField(line, start, text)).Fault();
+  };
+  for (const std::string& good :
+       {std::to_string(fields.Lowest), std::to_string(fields.Highest), std::string()}) {
+    EXPECT_EQ(faultWith(good), std::nullopt) << "field " << field << " is \"" << good << '"';
   }
-  EXPECT_EQ(WithLine(fields.Line, WithField(line, start, "")).Fault(), std::nullopt);
-  for (const std::string& bad :
-       {std::to_string(fields.Lowest - 1), std::to_string(fields.Highest + 1), std::string("x"),
-        std::string("1x"), std::string(" 1"), std::string("1 "), std::string("+1"),
-        std::string("1.0"), std::string("99999999999999999999")}) {
-    EXPECT_THAT(WithLine(fields.Line, WithField(line, start, bad)).Fault(),
-                Optional(static_cast<int>(fields.Line)))
-        << "field " << field << " is \"" << bad << '"';
+  std::vector<std::string> bad{std::to_string(fields.Lowest - 1),
+                               std::to_string(fields.Highest + 1), "x"};
+  if (field == fields.First) {
+    bad.insert(bad.end(), {"1x", " 1", "1 ", "+1", "1.0", "-", "99999999999999999999"});
+  }
+  for (const std::string& text : bad) {
+    EXPECT_THAT(faultWith(text), Optional(static_cast<int>(fields.Line)))
+        << "field " << field << " is \"" << text << '"';
   }
 }
 
@@ -182,7 +185,9 @@ TEST(ServiceFileReader, ARowIsFaultyWhereADigitIsNone) {
 
 TEST(ServiceFileReader, AControlCharacterInAnyFieldIsItsLinesFault) {
   const auto& lines = SampleLines();
+  const auto isRow = [&lines](std::size_t line) { return lines[line].size() == 256; };
   for (std::size_t line = 1; line <= 413; ++line) {
+    if (isRow(line) && line % 32 != 10) continue;  // they are all alike
     for (const std::size_t start : StartsOfFields(lines[line])) {
       std::string text = lines[line];
       text.insert(start, 1, '\x07');
@@ -207,7 +212,7 @@ TEST(ServiceFileReader, WhatStandsBeforeAFaultHasBeenTaken) {
 TEST(ServiceFileReader, RowsBeforeAFaultHaveBeenTaken) {
   auto lines = SampleLines();
   lines[110] = "";
-  const ServiceFile file = ServiceFileIn(test::FileOf(lines)).File;
+  const ServiceFile file = ServiceFileIn(ServiceBytesOf(lines)).File;
   EXPECT_EQ(file.CardImage.At(100, 99), 199);
   EXPECT_EQ(file.CardImage.At(100, 100), 0);
 }
@@ -232,12 +237,12 @@ TEST(ServiceFileReader, OtherFilesAreFaultySoon) {
 }
 
 TEST(ServiceFileReader, WhatStandsBehindTheFileIsIgnored) {
-  const ServiceFileRead read = ServiceFileIn(BytesOf(test::Sample()) + "\x01 more\r\n");
+  const ServiceFileRead read = ServiceFileIn(BytesOf(SampleServiceFile()) + "\x01 more\r\n");
   EXPECT_EQ(read.Fault(), std::nullopt);
 }
 
 TEST(ServiceFileErrors, AreTheFirst31CountersOfTwoLinesUnderTheNextLabel) {
-  const std::string text = ErrorsText(ServiceFileIn(BytesOf(test::Sample())));
+  const std::string text = ErrorsText(ServiceFileIn(BytesOf(SampleServiceFile())));
   EXPECT_THAT(text, StartsWith("Error:   1  -  0\nError:   2  -  100000\n"));
   EXPECT_THAT(text, HasSubstr("\nError:   9  -  800000\nError: 10  -  900000\n"));
   EXPECT_THAT(text, HasSubstr("\nError: 31  -  3000000\nError: 33  -  3200000\n"));
@@ -249,14 +254,14 @@ TEST(ServiceFileErrors, AreThoseOfTheLinesThatWereRead) {
   const auto& lines = SampleLines();
   auto cut = lines;
   cut.resize(397);
-  EXPECT_EQ(ErrorsText(ServiceFileIn(test::FileOf(cut))), "");
+  EXPECT_EQ(ErrorsText(ServiceFileIn(ServiceBytesOf(cut))), "");
   cut.push_back(lines[397]);
-  EXPECT_THAT(ErrorsText(ServiceFileIn(test::FileOf(cut))),
+  EXPECT_THAT(ErrorsText(ServiceFileIn(ServiceBytesOf(cut))),
               ::testing::EndsWith("\nError: 31  -  3000000\n"));
 }
 
 TEST(ServiceFileTestBytes, AreLabelledFrom0To127) {
-  const std::string text = TestText(ServiceFileIn(BytesOf(test::Sample())));
+  const std::string text = TestText(ServiceFileIn(BytesOf(SampleServiceFile())));
   EXPECT_THAT(text, StartsWith("    0  -  255\n    1  -  254\n"));
   EXPECT_THAT(text, HasSubstr("\n    9  -  246\n  10  -  245\n"));
   EXPECT_THAT(text, HasSubstr("\n  99  -  156\n100  -  155\n"));
@@ -266,7 +271,8 @@ TEST(ServiceFileTestBytes, AreLabelledFrom0To127) {
 TEST(ServiceFileTestBytes, AreThoseOfTheLinesThatWereRead) {
   auto cut = SampleLines();
   cut.resize(408);
-  EXPECT_THAT(TestText(ServiceFileIn(test::FileOf(cut))), ::testing::EndsWith("\n  63  -  192\n"));
+  EXPECT_THAT(TestText(ServiceFileIn(ServiceBytesOf(cut))),
+              ::testing::EndsWith("\n  63  -  192\n"));
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include "maintenance/service_file.h"
 
-namespace morvane::maintenance::test {
+namespace morvane::maintenance {
 
 /// A grey picture and labels of which every row differs from the others and from the other
 /// picture's.
@@ -44,7 +44,7 @@ inline void NameSample(ServiceFile& file) {
   for (std::size_t at = 0; at < texts.size(); ++at) file[ServiceFieldName(at)] = texts[at];
 }
 
-inline ServiceFile Sample() {
+inline ServiceFile SampleServiceFile() {
   ServiceFile file;
   file.Info = "Service file 3/5/2019 4:05:06 PM Software ver: 4.17 Service ";
   NameSample(file);
@@ -60,7 +60,7 @@ inline ServiceFile Sample() {
 }
 
 /// The lines of a file, each of which has to end with CR LF; [0] is none.
-inline std::vector<std::string> LinesFromOne(const std::string& bytes) {
+inline std::vector<std::string> ServiceLinesOf(const std::string& bytes) {
   std::vector<std::string> lines{""};
   std::size_t at = 0;
   for (std::size_t end = 0; (end = bytes.find("\r\n", at)) != std::string::npos; at = end + 2) {
@@ -71,10 +71,11 @@ inline std::vector<std::string> LinesFromOne(const std::string& bytes) {
 }
 
 /// The file of these lines, from [1] on.
-inline std::string FileOf(const std::vector<std::string>& lines, const std::string& end = "\r\n") {
+inline std::string ServiceBytesOf(const std::vector<std::string>& lines,
+                                  const std::string& end = "\r\n") {
   std::string bytes;
   for (std::size_t line = 1; line < lines.size(); ++line) bytes += lines[line] + end;
   return bytes;
 }
 
-}  // namespace morvane::maintenance::test
+}  // namespace morvane::maintenance

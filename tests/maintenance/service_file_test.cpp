@@ -13,11 +13,11 @@ using ::testing::Not;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-std::vector<std::string> SampleLines() { return test::LinesFromOne(BytesOf(test::Sample())); }
+std::vector<std::string> SampleLines() { return ServiceLinesOf(BytesOf(SampleServiceFile())); }
 
 TEST(ServiceFile, Has414LinesThatEndWithCrLf) {
   EXPECT_THAT(SampleLines(), SizeIs(415));
-  EXPECT_EQ(test::LinesFromOne(BytesOf(ServiceFile{})).size(), 415U);
+  EXPECT_EQ(ServiceLinesOf(BytesOf(ServiceFile{})).size(), 415U);
 }
 
 TEST(ServiceFile, BeginsWithWhatTheMachineSaysOfItself) {
@@ -45,7 +45,7 @@ TEST(ServiceFile, ARecordNamesItsLimitsFromTheLeastToTheMost) {
 }
 
 TEST(ServiceFile, ARecordThatTheMachineHasNotIsTwelveZeros) {
-  EXPECT_EQ(NoRecord(), test::Sample().Records[2]);
+  EXPECT_EQ(NoRecord(), SampleServiceFile().Records[2]);
 }
 
 TEST(ServiceFile, HasARowOfTheGreyPictureALine) {
@@ -77,9 +77,9 @@ TEST(ServiceFile, EachRowHas256UpperCaseDigits) {
 
 TEST(ServiceFile, HasTheVerdictWithBothThresholdsWhereThereAreTwo) {
   EXPECT_EQ(SampleLines()[396], "OK,90,95,10,H,19,29,21,31");
-  ServiceFile file = test::Sample();
+  ServiceFile file = SampleServiceFile();
   file["Threshold"] = "90";
-  EXPECT_EQ(test::LinesFromOne(BytesOf(file))[396], "OK,90,10,H,19,29,21,31");
+  EXPECT_EQ(ServiceLinesOf(BytesOf(file))[396], "OK,90,10,H,19,29,21,31");
 }
 
 TEST(ServiceFile, HasTheCountersBy32AndTheTestBytesToo) {
@@ -102,7 +102,7 @@ TEST(ServiceFile, EndsWithIdentitiesVersionsMeasuresAndAnEmptyLine) {
 }
 
 TEST(ServiceFile, OfNothingHasItsCommasAndItsPicturesStill) {
-  const auto lines = test::LinesFromOne(BytesOf(ServiceFile{}));
+  const auto lines = ServiceLinesOf(BytesOf(ServiceFile{}));
   EXPECT_EQ(lines[1], "");
   EXPECT_EQ(lines[2], ",,,,,,,,,");
   EXPECT_EQ(lines[6], ",,,,,,,,,,,");
@@ -116,9 +116,9 @@ TEST(ServiceFile, OfNothingHasItsCommasAndItsPicturesStill) {
 TEST(ServiceFile, IsInTheSystemsOneByteCharactersWhereThatSaysTheSame) {
   ServiceFile file;
   file["HoldS"] = "\xC3\xBC";  // u with two dots
-  EXPECT_EQ(test::LinesFromOne(BytesOf(file))[411], ",,,,,,,\xFC,");
+  EXPECT_EQ(ServiceLinesOf(BytesOf(file))[411], ",,,,,,,\xFC,");
   file["HoldC"] = "\xE2\x99\xA0";  // a spade, which has no byte
-  EXPECT_EQ(test::LinesFromOne(BytesOf(file))[411], ",,,,,,,\xC3\xBC,\xE2\x99\xA0");
+  EXPECT_EQ(ServiceLinesOf(BytesOf(file))[411], ",,,,,,,\xC3\xBC,\xE2\x99\xA0");
 }
 
 }  // namespace

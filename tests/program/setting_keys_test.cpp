@@ -54,6 +54,7 @@ const std::vector<Row> kRows = {
     {kPrintStat, "Init_settings", "PrintStat", "1"},
     {kPrintTen, "Init_settings", "PrintTen", "1"},
     {kServiceFileId, "Init_settings", "Service File ID", "0"},
+    {kServiceFileFolder, "Init_settings", "Service_file_directory", ""},
     {kSolverAppPath, "Deep_Finesse", "App_path", ""},
     {kSolverBreak, "Deep_Finesse", "Break", ""},
     {kSolverDone, "Deep_Finesse", "Done", "00"},
