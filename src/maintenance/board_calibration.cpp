@@ -1,5 +1,7 @@
 #include "maintenance/board_calibration.h"
 
+#include <algorithm>
+
 #include "text/box_text.h"
 #include "wire/service_commands.h"
 
@@ -66,6 +68,13 @@ bool BoardCalibration::Step(Sweep way, BoardCalibrationView& view) {
   label1_ = "Check: " + std::to_string(trialSensitivity_) + "    " + std::to_string(boardSeen_);
   view.ShowCalibration();
   return program_.Loop.Pump() && !cancelRequested_;
+}
+
+std::optional<int> BoardCalibration::First(Sweep way, bool seen) const {
+  const auto found = std::find_if(points_.begin(), points_.end(), [=](const Point& point) {
+    return point.Way == way && point.Seen == seen;
+  });
+  return found == points_.end() ? std::nullopt : std::optional(found->Sensitivity);
 }
 
 void BoardCalibration::TellOutcome() {

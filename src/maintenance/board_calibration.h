@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,10 @@ class BoardCalibration {
   [[nodiscard]] bool Over() const { return over_; }         ///< both sweeps are
   [[nodiscard]] int Progress() const { return progress_; }  ///< 0 to 100
   [[nodiscard]] const std::vector<Point>& Points() const { return points_; }
+  /// The first sensitivity at which the board was not seen going down, and the first at which it
+  /// was going up again.
+  [[nodiscard]] std::optional<int> LostAt() const { return First(Sweep::kDown, false); }
+  [[nodiscard]] std::optional<int> SeenAgainAt() const { return First(Sweep::kUp, true); }
   [[nodiscard]] const std::string& Label1() const { return label1_; }
   [[nodiscard]] const std::string& Label2() const { return label2_; }
   [[nodiscard]] const std::string& Label3() const { return label3_; }
@@ -55,6 +60,7 @@ class BoardCalibration {
   bool SweepUp(BoardCalibrationView& view);
   bool Step(Sweep way, BoardCalibrationView& view);
 
+  [[nodiscard]] std::optional<int> First(Sweep way, bool seen) const;
   void TellOutcome();
   [[nodiscard]] bool Ask();
 

@@ -226,6 +226,17 @@ TEST_F(CalibrationDesk, EachTrialIsAPointOfItsSweep) {
                                                  BoardCalibration::Point{253, true, Sweep::kUp}));
 }
 
+TEST_F(CalibrationDesk, WhereTheBoardIsLostAndSeenAgain) {
+  using Found = std::pair<std::optional<int>, std::optional<int>>;
+  for (const auto& [slot, expected] : {std::pair{PaperBoard(131, 100), Found(100, 131)},
+                                       {PaperBoard(256, 230), Found(230, {})},
+                                       {PaperBoard(1, 0), Found({}, {})}}) {
+    board = slot;
+    Run();
+    EXPECT_EQ(Found(calibration->LostAt(), calibration->SeenAgainAt()), expected);
+  }
+}
+
 // What ends it early. 156 steps go down, 33 up.
 
 TEST_F(CalibrationDesk, CancelIsHeardBehindEachStepAndSaysNothing) {

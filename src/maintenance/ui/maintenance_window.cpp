@@ -14,6 +14,7 @@
 #include "maintenance/maintenance.h"
 #include "maintenance/ui/advance_window.h"
 #include "maintenance/ui/auto_setup_window.h"
+#include "maintenance/ui/board_calibration_window.h"
 #include "maintenance/ui/card_panel.h"
 #include "maintenance/ui/developer_panel.h"
 #include "maintenance/ui/firmware_window.h"
@@ -196,8 +197,8 @@ std::unique_ptr<ServiceFileView> MaintenanceWindow::OpenServiceFile(ServiceGathe
 }
 
 std::unique_ptr<BoardCalibrationView> MaintenanceWindow::OpenBoardCalibration(
-    BoardCalibration& /*calibration*/) {
-  return std::make_unique<BoardCalibrationView>();
+    BoardCalibration& calibration) {
+  return std::make_unique<BoardCalibrationWindow>(calibration, this);
 }
 
 std::unique_ptr<TestDealView> MaintenanceWindow::OpenTestDeal(TestDeal& /*deal*/) {

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "maintenance/calibration_command.h"
 #include "maintenance/maintenance.h"
 #include "maintenance/parameter_transfer.h"
 #include "maintenance/ui/option_group.h"
@@ -135,7 +136,10 @@ QWidget* ParameterPanel::MakeBoardSwitch() {
   auto* box = Add(Parameter::Board_Sen, "Board Switch Sensitivity");
   row->addWidget(NewLabelOf(box, "Board Switch Sensitivity", boardSwitch_));
   row->addWidget(box);
-  row->addWidget(NewLaterButton("Calibrate_Board_Switch", "Calibrate Board Switch", boardSwitch_));
+  Calibrate_Board_Switch_ = NewServiceButton(
+      "Calibrate_Board_Switch", "Calibrate Board Switch",
+      [this] { maintenance_.Calibrate_Board_Switch(); }, boardSwitch_);
+  row->addWidget(Calibrate_Board_Switch_);
   row->addStretch();
   return boardSwitch_;
 }
@@ -221,6 +225,10 @@ void ParameterPanel::Show() {
   }
   video_->setVisible(now.Video);
   boardSwitch_->setVisible(now.Board_Sen);
+  const std::string whyNot = WhyNoCalibration(maintenance_.TheMachine());
+  Calibrate_Board_Switch_->setEnabled(now.MachineKnown && whyNot.empty());
+  Calibrate_Board_Switch_->setToolTip(
+      whyNot.empty() ? "Finds the sensitivity that a problem board needs" : ToQt(whyNot));
   param_ID_->setText(ToQt(maintenance_.Boxes().param_ID));
   Get_param_->setEnabled(now.MachineKnown);
   save_param_->setEnabled(now.MachineKnown && maintenance_.Parameters().Known());

@@ -48,6 +48,7 @@ class ParameterPanel final : public QWidget {
   std::array<ValueEdit*, kParameters> boxes_{};  ///< [Parameter]
   QWidget* video_ = nullptr;
   QWidget* boardSwitch_ = nullptr;
+  QPushButton* Calibrate_Board_Switch_ = nullptr;
   QCheckBox* Ignore_flip_ = nullptr;
   QCheckBox* Ignore_box_ = nullptr;
   QCheckBox* Use_Board_ = nullptr;

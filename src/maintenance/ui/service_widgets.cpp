@@ -24,14 +24,6 @@ QPushButton* NewServiceButton(const char* name, const char* caption, std::functi
   return button;
 }
 
-QPushButton* NewLaterButton(const char* name, const char* caption, QWidget* parent) {
-  auto* button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setEnabled(false);
-  button->setToolTip(QString(caption).remove('&') + " is not available in this version yet");
-  return button;
-}
-
 QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent) {
   auto* label = new QLabel(caption, parent);
   label->setBuddy(control);

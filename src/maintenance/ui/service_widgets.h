@@ -31,8 +31,6 @@ inline constexpr QColor kStillGround{0xFF, 0xFF, 0xFF};
 /// A button that Enter presses when it has the focus.
 [[nodiscard]] QPushButton* NewServiceButton(const char* name, const char* caption,
                                             std::function<void()> press, QWidget* parent);
-/// One that has nothing behind it yet, and says so.
-[[nodiscard]] QPushButton* NewLaterButton(const char* name, const char* caption, QWidget* parent);
 /// A label of a control, which its letter reaches.
 [[nodiscard]] QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent);
 

@@ -152,16 +152,6 @@ TEST_F(MaintenanceWindowTest, TwoNumbersAreSentAndAnEmptyOneIs0) {
   EXPECT_THAT(testWrites, ElementsAre(std::pair(17, 0)));
 }
 
-TEST_F(MaintenanceWindowTest, WhatIsNotThereYetSaysSo) {
-  Service(2);
-  Contact();
-  for (const char* name : {"Calibrate_Board_Switch"}) {
-    EXPECT_FALSE(Enabled(name)) << name;
-    EXPECT_EQ(test::Find<QWidget>(*window, name).toolTip().toStdString(),
-              Text(name) + " is not available in this version yet");
-  }
-}
-
 // Leaving.
 
 TEST_F(MaintenanceWindowTest, EscapeLeaves) {

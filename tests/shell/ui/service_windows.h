@@ -11,6 +11,7 @@
 
 #include "machine/open_link.h"
 #include "maintenance/maintenance.h"
+#include "maintenance/paper_board.h"
 #include "maintenance/paper_flash.h"
 #include "maintenance/ui/camera_bridge.h"
 #include "maintenance/ui/magnify_window.h"
@@ -61,6 +62,7 @@ class ServiceWindows : public MainMenuTest {
     LookAtMagnify(*pictures, window, look);
     LookAtAdvance(console, look);
     LookAtAutoSetup(window, look);  // it writes the parameters: nothing is lost at the end
+    LookAtCalibration(window, look);
     LookAtFirmware(window, look);
     console.Exit();
   }
@@ -105,6 +107,30 @@ class ServiceWindows : public MainMenuTest {
     };
     test::Find<QAbstractButton>(console, "AutoSetup_command").click();
     desk.Loop.OnPump = before;
+    EXPECT_TRUE(looked);
+  }
+
+  /// Shortly before the end of the sweep up.
+  void LookAtCalibration(QWidget& console, const Look& look) {
+    constexpr std::size_t kStep = 186;  // of 189
+    maintenance::PaperBoard board;
+    bool looked = false;
+    flash_.Answer = [&](const test::Bytes& plain) {
+      const test::Bytes reply = board.ReplyTo(plain);
+      if (reply.empty() || board.Trials.size() != kStep) return reply;
+      desk.Loop.Post([&] {
+        QWidget* window = test::TopWindow("Board_calibration");
+        ASSERT_NE(window, nullptr);
+        looked = true;
+        window->activateWindow();  // as window managers do behind a box
+        look(*window);
+        test::Find<QAbstractButton>(*window, "Command1").click();
+      });
+      return reply;
+    };
+    desk.AnswerBox(QMessageBox::Ok);
+    test::Find<QAbstractButton>(console, "Calibrate_Board_Switch").click();
+    flash_.Answer = nullptr;
     EXPECT_TRUE(looked);
   }
 
