@@ -11,12 +11,10 @@ constexpr int kUnreadableLabel = 64;
 constexpr int kWrongLabel = 65;
 
 std::string PlaceOf(const Fault& fault) {
-  if (fault.Board == 0) return "";
-  std::string place = "Board " + std::to_string(fault.Board);
-  if (fault.Card != 0) {
-    place += ", card " + std::to_string(fault.Card) + " of " + std::to_string(kCards);
-  }
-  return place;
+  const std::string board = fault.Board == 0 ? "" : "Board " + std::to_string(fault.Board);
+  if (fault.Card == 0) return board;
+  return (board.empty() ? "Card " : board + ", card ") + std::to_string(fault.Card) + " of " +
+         std::to_string(kCards);
 }
 
 /// The dialog's own exchange: one try a tick, and nothing but pedal and slot is taken from it.

@@ -17,7 +17,7 @@ enum class ButtonMode : std::uint8_t { kSingle = 0, kGoOnOrStop = 1, kBoardError
 
 /// Where a run has come to grief.
 struct Fault {
-  int Board = 0;  ///< the one that is dealt or read; 0 in a sort run
+  int Board = 0;  ///< the one that is dealt or read; 0 where there is none
   int Card = 0;   ///< the how-manieth the machine stopped at, 1..52; 0 = not known
   /// Another board is in the slot: this one, 0 when it is unreadable.
   std::optional<int> Label = std::nullopt;
@@ -39,7 +39,7 @@ class ErrorDialog {
   };
   std::string Error_label;
   std::string Error_code;
-  std::string Error_board;  ///< "Board 5", with ", card 17 of 52" where that is known; may be empty
+  std::string Error_board;  ///< "Board 5, card 17 of 52", as far as there are both; may be empty
   Button Continue_button;
   Button Cancel_button;
   Button Cancel2;
