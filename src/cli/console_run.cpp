@@ -15,7 +15,8 @@ ConsoleRun::ConsoleRun(EventLoop& loop, Terminal& terminal, machine::MachineRun&
       side_(side),
       run_(run),
       request_(request),
-      faults_(loop, terminal, run, request.Yes),
+      faults_(
+          loop, terminal, [&run] { return run.Cards().Leaving(); }, request.Yes),
       starter_(loop.StartTimer(kTickMs, [this] { Tick(); })),
       progress_(terminal) {}
 

@@ -35,7 +35,7 @@ class ConsoleService : public maintenance::MaintenanceView {
   }
   std::unique_ptr<maintenance::TestDealView> OpenTestDeal(
       maintenance::TestDeal& /*deal*/) override {
-    return nullptr;
+    return std::make_unique<maintenance::TestDealView>();
   }
   void Close() override {}
 

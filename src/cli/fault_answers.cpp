@@ -37,7 +37,7 @@ void FaultAnswers::Ask(machine::ErrorDialog& dialog) {
   terminal_.Error(prompt);
   // The dialog goes on polling meanwhile, since the pedal may answer it.
   const auto keyboard = loop_.StartTimer(kKeyboardMs, [&] { TakeLine(dialog, prompt); });
-  loop_.RunUntil([&] { return dialog.Closed() || run_.Cards().Leaving(); });
+  loop_.RunUntil([&] { return dialog.Closed() || leaving_(); });
   if (!dialog.Closed()) dialog.PressCancel();
 }
 

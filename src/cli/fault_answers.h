@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
-#include "machine/machine_run.h"
+#include "machine/error_dialog.h"
 #include "platform/console/terminal.h"
 #include "platform/event_loop.h"
 
@@ -12,8 +14,9 @@ namespace morvane::cli {
 /// offered; that, or with nobody to ask, Cancel otherwise. A wrong board is cancelled by both.
 class FaultAnswers {
  public:
-  FaultAnswers(EventLoop& loop, Terminal& terminal, const machine::MachineRun& run, bool yes)
-      : loop_(loop), terminal_(terminal), run_(run), yes_(yes) {}
+  /// `leaving`: somebody wants to leave the run, which cancels.
+  FaultAnswers(EventLoop& loop, Terminal& terminal, std::function<bool()> leaving, bool yes)
+      : loop_(loop), terminal_(terminal), leaving_(std::move(leaving)), yes_(yes) {}
 
   /// Shows the dialog and returns when it has been answered, by the pedal too.
   void Take(machine::ErrorDialog& dialog);
@@ -24,7 +27,7 @@ class FaultAnswers {
 
   EventLoop& loop_;
   Terminal& terminal_;
-  const machine::MachineRun& run_;
+  std::function<bool()> leaving_;
   bool yes_;
 };
 

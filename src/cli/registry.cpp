@@ -21,6 +21,7 @@
 #include "cli/maintain_recognise_command.h"
 #include "cli/maintain_record_command.h"
 #include "cli/maintain_service_file_command.h"
+#include "cli/maintain_test_deal_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -39,7 +40,7 @@
 namespace morvane::cli {
 namespace {
 
-constexpr std::array<const Command*, 32> kCommands{&kGenerateCommand,
+constexpr std::array<const Command*, 33> kCommands{&kGenerateCommand,
                                                    &kConvertCommand,
                                                    &kShowCommand,
                                                    &kStatsCommand,
@@ -61,6 +62,7 @@ constexpr std::array<const Command*, 32> kCommands{&kGenerateCommand,
                                                    &kMaintainRecogniseCommand,
                                                    &kMaintainAutoSetupCommand,
                                                    &kMaintainCalibrateCommand,
+                                                   &kMaintainTestDealCommand,
                                                    &kMaintainServiceFileCommand,
                                                    &kMaintainFirmwareCommand,
                                                    &kMaintainRecordCommand,

@@ -36,6 +36,9 @@ class ConsolePoll {
   /// The same, and what the sensors say.
   bool Refresh() { return SendOutputs() && AskStatus(); }
 
+  /// `Board_no_txt`, until a label is read again.
+  void ForgetBoardNumber() { readings_.Board_no_txt.clear(); }
+
   [[nodiscard]] const Readings& Now() const { return readings_; }
   /// How many rounds of the gates the test has made: `GateTestText`.
   [[nodiscard]] int GateCycles() const { return gateCycles_; }

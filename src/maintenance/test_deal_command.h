@@ -6,6 +6,7 @@
 #include "maintenance/console_poll.h"
 #include "maintenance/parameter_block.h"
 #include "maintenance/service_file_run.h"
+#include "maintenance/test_deal.h"
 
 namespace morvane::maintenance {
 
@@ -30,6 +31,15 @@ class TestDealCommand {
   void Run();
 
  private:
+  enum class Next : std::uint8_t { kOver, kServiceFile, kAgain };
+
+  bool Round();
+  [[nodiscard]] bool SendExpectedDeck();
+  [[nodiscard]] Next Deal();
+  [[nodiscard]] Next AskAbout(TestDeal& deal);
+  [[nodiscard]] Next AskAboutFailure(TestDeal& deal);
+  [[nodiscard]] bool Agrees(const std::string& text);
+
   Program& program_;
   ServiceLink& link_;
   machine::Machine& machine_;
@@ -38,6 +48,7 @@ class TestDealCommand {
   ServiceFileRun& run_;
   ConsoleHost& host_;
   std::function<void()> createServiceFile_;
+  TestDealTotals totals_;
 };
 
 }  // namespace morvane::maintenance

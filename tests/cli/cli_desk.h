@@ -22,6 +22,7 @@
 #include "cli/maintain_recognise_command.h"
 #include "cli/maintain_record_command.h"
 #include "cli/maintain_service_file_command.h"
+#include "cli/maintain_test_deal_command.h"
 #include "cli/maintain_watch_command.h"
 #include "cli/poker_deal_command.h"
 #include "cli/poker_new_command.h"
@@ -139,6 +140,7 @@ struct CliDesk {
   ExitStatus Run(const MaintainPictureOptions& options) { return Do(MaintainPicture, options); }
   ExitStatus Run(const MaintainRecogniseOptions& options) { return Do(MaintainRecognise, options); }
   ExitStatus Run(const MaintainAutoSetupOptions& options) { return Do(MaintainAutoSetup, options); }
+  ExitStatus Run(const MaintainTestDealOptions& options) { return Do(MaintainTestDeal, options); }
   ExitStatus Run(const MaintainFirmwareOptions& options) { return Do(MaintainFirmware, options); }
   ExitStatus RunOn(UsbXpress& usb, const MaintainPictureOptions& options) {
     return DoOn(usb, nullptr, MaintainPicture, options);
@@ -154,6 +156,8 @@ struct CliDesk {
   }
   ExitStatus Run(const MaintainServiceFileOptions& options) {
     return Do(MaintainServiceFile, options);
+  ExitStatus RunOn(UsbXpress& usb, const MaintainTestDealOptions& options) {
+    return DoOn(usb, nullptr, MaintainTestDeal, options);
   }
   ExitStatus RunOn(UsbXpress& usb, const MaintainFirmwareOptions& options) {
     return DoOn(usb, nullptr, MaintainFirmware, options);

@@ -73,6 +73,8 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "                     [--national 0..6] [--type 0|1] [--font 0|1|2]\n"
                  "  maintain auto-setup [--index standard|jumbo|small]\n"
                  "  maintain calibrate\n"
+                 "  maintain test-deal [--index standard|jumbo|small]\n"
+                 "  maintain service-file\n"
                  "  maintain firmware FILE.adc\n"
                  "  maintain record [--serial N] [--hardware N] [--date YYYY-MM-DD]\n"
                  "                  [--boards-dealt N] [--clear-errors]\n"

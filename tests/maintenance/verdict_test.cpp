@@ -42,5 +42,24 @@ TEST(Verdict, AnErrorHasItsNumberAndNoCard) {
   EXPECT_EQ(verdict.Threshold, "2");
 }
 
+TEST(Verdict, OfACardThatTheMachineStoppedAtNamesItBesideTheError) {
+  wire::ErrorVerdictReply reply;
+  reply.Rank = 11;
+  reply.Suit = 3;
+  reply.Error = 62;
+  Verdict verdict;
+  verdict.TakeError(reply);
+  EXPECT_EQ(verdict.Symbol, "J");
+  EXPECT_EQ(verdict.Suit, "D");
+  EXPECT_EQ(verdict.Reco_error, "62");
+  reply.Rank = wire::ErrorVerdictReply::kNotTaken;
+  reply.Suit = 0;
+  reply.Error = 30;
+  verdict.TakeError(reply);
+  EXPECT_EQ(verdict.Symbol, "");
+  EXPECT_EQ(verdict.Suit, "");
+  EXPECT_EQ(verdict.Reco_error, "30");
+}
+
 }  // namespace
 }  // namespace morvane::maintenance

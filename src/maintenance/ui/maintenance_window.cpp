@@ -26,6 +26,7 @@
 #include "maintenance/ui/sensor_panel.h"
 #include "maintenance/ui/service_file_window.h"
 #include "maintenance/ui/service_widgets.h"
+#include "maintenance/ui/test_deal_window.h"
 #include "maintenance/ui/verdict_panel.h"
 #include "platform/qt/held_enter.h"
 #include "platform/qt/qt_text.h"
@@ -201,8 +202,8 @@ std::unique_ptr<BoardCalibrationView> MaintenanceWindow::OpenBoardCalibration(
   return std::make_unique<BoardCalibrationWindow>(calibration, this);
 }
 
-std::unique_ptr<TestDealView> MaintenanceWindow::OpenTestDeal(TestDeal& /*deal*/) {
-  return nullptr;
+std::unique_ptr<TestDealView> MaintenanceWindow::OpenTestDeal(TestDeal& deal) {
+  return std::make_unique<TestDealWindow>(program_, deal, this);
 }
 
 void MaintenanceWindow::ShowContact() {

@@ -82,7 +82,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"maintain"},
                    "unknown command: maintain; there is maintain info, maintain watch, "
                    "maintain parameters, maintain picture, maintain recognise, "
-                   "maintain auto-setup, maintain calibrate, maintain firmware, maintain record"},
+                   "maintain auto-setup, maintain calibrate, maintain test-deal, "
+                   "maintain service-file, maintain firmware, maintain record"},
         WrongUsage{{"help", ""}, "unknown command: "},
         WrongUsage{{"help", "deal", "show"}, "help: wrong number of commands"},
         WrongUsage{{"poker", "print", "a"}, "poker print: wrong number of files"},

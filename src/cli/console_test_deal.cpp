@@ -1,0 +1,63 @@
+#include "cli/console_test_deal.h"
+
+#include <utility>
+
+#include "maintenance/test_deck.h"
+#include "text/box_text.h"
+#include "text/columns.h"
+#include "text/text.h"
+
+namespace morvane::cli {
+namespace {
+
+using maintenance::TestDeal;
+
+std::string DealText(int number) { return "Deal " + RightAligned(std::to_string(number), 3); }
+
+}  // namespace
+
+ConsoleTestDeal::ConsoleTestDeal(Workplace& place, const TestDeal& deal, bool yes,
+                                 std::optional<TestDeal::End>& end)
+    : place_(place),
+      deal_(deal),
+      yes_(yes),
+      end_(end),
+      // A program that quits ends the question too.
+      faults_(
+          place.Prog.Loop, place.Screen, [] { return false; }, yes),
+      progress_(place.Screen) {}
+
+ConsoleTestDeal::~ConsoleTestDeal() {
+  PrintEnd();
+  end_ = deal_.Result();
+}
+
+void ConsoleTestDeal::ShowState() {
+  if (deal_.Result() == TestDeal::End::kNotYet) {
+    progress_.Show(Progress());
+    return;
+  }
+  const std::string question = deal_.FailureText();
+  if (deal_.TestDealFailed() && question.empty()) return;  // what was seen comes next
+  if (yes_ && !question.empty()) place_.Operator.AnswerAlways(question, kOk);
+  PrintEnd();
+}
+
+std::string ConsoleTestDeal::Progress() const {
+  return DealText(deal_.Number()) + "  " + std::to_string(deal_.CardsDealt()) + " of 52 cards  " +
+         FixedPoint(deal_.Seconds(), 1) + " s";
+}
+
+void ConsoleTestDeal::PrintEnd() {
+  progress_.Show("");
+  if (std::exchange(printed_, true)) return;
+  place_.Screen.Out(DealText(deal_.Number()) + "  " + FixedPoint(deal_.Seconds(), 1) + " s  " +
+                    StateText(deal_) + "\n");
+}
+
+void ConsoleTestDeal::ShowError(machine::ErrorDialog& dialog) {
+  progress_.Show("");
+  faults_.Take(dialog);
+}
+
+}  // namespace morvane::cli
