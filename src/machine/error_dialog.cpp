@@ -97,7 +97,7 @@ void ErrorDialog::Tick() {
     return;
   }
   if (!pressed) return;
-  machine_.PollLock = false;
+  if (PedalFreesLink) machine_.PollLock = false;
   // Outside "go on or stop" the pedal leaves the answer as it stood at the opening: required.
   Close(ButtonMode == machine::ButtonMode::kGoOnOrStop ? kGoOn : DialogResult);
 }

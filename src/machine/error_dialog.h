@@ -50,6 +50,8 @@ class ErrorDialog {
   /// a fault's text to the letter.
   [[nodiscard]] std::string ErrorText() const;
   std::function<void()> OnLinkLost;  ///< called before the operator is told of it
+  /// Off where another would take the link before who asks has it again.
+  bool PedalFreesLink = true;
 
   /// Starts the polling and the sound; `closed` is called once, when the dialog has its answer.
   void Open(std::function<void()> closed);

@@ -129,11 +129,11 @@ bool TestDeal::GoesOnBehindFault() {
 
 machine::DialogAnswer TestDeal::AnswerFault() {
   const int card = CardsDealt_ < kCards ? CardsDealt_ + 1 : 0;
-  const auto answer =
-      AskAboutError(program_, machine_, *view_, machine::kStop, machine::Fault{.Card = card});
-  machine_.PollLock = true;  // the pedal frees it
+  machine::ErrorDialog dialog(program_, machine_, machine::kStop, {.Card = card});
+  dialog.PedalFreesLink = false;
+  view_->ShowError(dialog);
   program_.Loop.WaitMs(kAfterErrorMs);
-  return answer;
+  return dialog.DialogResult;
 }
 
 /// The machine, whatever it was at, is idle when it has told its version.

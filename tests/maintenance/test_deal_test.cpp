@@ -175,6 +175,7 @@ TEST_F(ADeal, ThePedalGoesOnAndTheLinkStaysTaken) {
   view.OnError = [this](machine::ErrorDialog& dialog) {
     desk.Loop.RunUntil([&] { return dialog.Closed(); });
     EXPECT_EQ(dialog.DialogResult, machine::kGoOn);
+    EXPECT_TRUE(machine.PollLock);
   };
   std::vector<bool> taken;
   OnFrame = [&](const Bytes& plain) {
