@@ -10,7 +10,6 @@
 namespace morvane::simulator {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
 
 /// The machine cards 1 to 52 as they are to come, and three places that mean nothing.
