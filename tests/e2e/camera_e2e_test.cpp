@@ -18,11 +18,6 @@ using ::testing::StartsWith;
 
 class CameraEndToEnd : public MaintainEndToEnd {
  protected:
-  Outcome Yes(const std::string& named, const std::vector<std::string>& words) {
-    auto line = On(named, words);
-    line.insert(line.begin(), "--yes");
-    return Process(line, Around()).Finish();
-  }
   [[nodiscard]] std::string File(const std::string& name) const { return folder / name; }
 };
 
@@ -149,9 +144,7 @@ TEST_F(CameraEndToEnd, AutoSetupThatIsInterruptedGivesTheMachineItsLimitsBack) {
   const std::string before = Maintain(named, {"parameters"}).Out;
   int searches = 0;
   for (const int number : {SIGINT, SIGTERM}) {
-    auto words = On(named, {"auto-setup"});
-    words.insert(words.begin(), "--yes");
-    Process search(words, Around());
+    Process search(YesOn(named, {"auto-setup"}), Around());
     ++searches;
     ASSERT_TRUE(search.Until([&] {
       return CountLines("   Autosetup temporary parameters update: ") == searches;

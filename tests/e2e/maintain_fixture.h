@@ -30,6 +30,16 @@ class MaintainEndToEnd : public EndToEnd {
   Outcome Maintain(const std::string& named, const std::vector<std::string>& words) {
     return Process(On(named, words), Around()).Finish();
   }
+  /// The same with every question answered.
+  [[nodiscard]] std::vector<std::string> YesOn(const std::string& named,
+                                               const std::vector<std::string>& words) const {
+    auto line = On(named, words);
+    line.insert(line.begin(), "--yes");
+    return line;
+  }
+  Outcome Yes(const std::string& named, const std::vector<std::string>& words) {
+    return Process(YesOn(named, words), Around()).Finish();
+  }
   std::unique_ptr<Process> machine;
 };
 
