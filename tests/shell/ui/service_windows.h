@@ -61,7 +61,10 @@ class ServiceWindows : public MainMenuTest {
     LookAtPages(window, look);
     LookAtMagnify(*pictures, window, look);
     LookAtAdvance(console, look);
-    LookAtAutoSetup(window, look);  // it writes the parameters: nothing is lost at the end
+    // It writes the parameters, so that nothing is lost at the end. The card is another.
+    LookAtWork(window, {"AutoSetup_command", "AutoSetup", "ProgressBar1", "Cancel"}, look);
+    LookAtWork(window, {"Email", "Service_file", "ProgressBar1", "Command1"}, look);
+    LookAtWork(window, {"DealTest", "TestDealForm", "TestDealProgress", "TestDealCancel"}, look);
     LookAtCalibration(window, look);
     LookAtFirmware(window, look);
     console.Exit();
@@ -89,25 +92,32 @@ class ServiceWindows : public MainMenuTest {
     desk.Prog.ServiceLevel = before;
   }
 
-  /// In the middle of a search that finds nothing: the card is another.
-  void LookAtAutoSetup(QWidget& console, const Look& look) {
+  /// What a button of the console opens, behind its prompt.
+  struct Work {
+    const char* Button;
+    const char* Window;
+    const char* Bar;
+    const char* Cancel;
+  };
+  /// In its middle; then it is cancelled.
+  void LookAtWork(QWidget& console, const Work& work, const Look& look) {
     constexpr int kMiddle = 20;  // per cent
     desk.AnswerBox(QMessageBox::Ok);
     bool looked = false;
     const auto before = desk.Loop.OnPump;
     desk.Loop.OnPump = [&] {
       before();
-      QWidget* window = test::TopWindow("AutoSetup");
+      QWidget* window = test::TopWindow(work.Window);
       if (window == nullptr || looked) return;
-      if (test::Find<QProgressBar>(*window, "ProgressBar1").value() < kMiddle) return;
+      if (test::Find<QProgressBar>(*window, work.Bar).value() < kMiddle) return;
       looked = true;
       window->activateWindow();  // as window managers do behind a box
       look(*window);
-      test::Find<QAbstractButton>(*window, "Cancel").click();
+      test::Find<QAbstractButton>(*window, work.Cancel).click();
     };
-    test::Find<QAbstractButton>(console, "AutoSetup_command").click();
+    test::Find<QAbstractButton>(console, work.Button).click();
     desk.Loop.OnPump = before;
-    EXPECT_TRUE(looked);
+    EXPECT_TRUE(looked) << work.Window;
   }
 
   /// Shortly before the end of the sweep up.
