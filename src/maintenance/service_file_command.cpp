@@ -78,7 +78,14 @@ bool ServiceFileCommand::Agreed(const std::string& path) {
 
 /// What the machine is asked stands in the order of the wire.
 bool ServiceFileCommand::Gather(ServiceFile& file) {
-  if (!LightUp() || !FetchPictures(file) || !ReadResults()) return false;
+  if (!LightUp()) return false;
+  ServiceGathering gathering(program_, link_, machine_, parameters_.CardSelection, pictures_, run_,
+                             [this] { return host_.Leaving(); });
+  // It stays until all is there.
+  const auto window = host_.View().OpenServiceFile(gathering);
+  if (!gathering.Run(*window) || !ReadResults()) return false;
+  file.CardImage = gathering.Grey();
+  file.LabelImage = pictures_.LabelImage;
   file.Info = "Service file " + DateTimeText(program_.Time.Now()) +
               " Software ver: " + program_.VersionText;
   PutIdentity(file);
@@ -96,16 +103,6 @@ bool ServiceFileCommand::LightUp() {
   if (!poll_.SendOutputs()) return false;
   bench_.ClearResults();
   host_.View().ShowAll();
-  return true;
-}
-
-bool ServiceFileCommand::FetchPictures(ServiceFile& file) {
-  ServiceGathering gathering(program_, link_, machine_, parameters_.CardSelection, pictures_, run_,
-                             [this] { return host_.Leaving(); });
-  const auto window = host_.View().OpenServiceFile(gathering);
-  if (!gathering.Run(*window)) return false;
-  file.CardImage = gathering.Grey();
-  file.LabelImage = pictures_.LabelImage;
   return true;
 }
 

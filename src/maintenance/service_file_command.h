@@ -49,7 +49,6 @@ class ServiceFileCommand {
   // Each false: the link is lost, which the operator has been told, or it was cancelled.
   [[nodiscard]] bool Gather(ServiceFile& file);
   [[nodiscard]] bool LightUp();
-  [[nodiscard]] bool FetchPictures(ServiceFile& file);
   [[nodiscard]] bool ReadResults();
   [[nodiscard]] bool ReadRecords(ServiceFile& file);
   [[nodiscard]] bool ReadBack(ParameterBoxes& held);

@@ -23,7 +23,12 @@ bool ServiceGathering::Run(ServiceFileView& view) {
   const bool gathered = Settle(5) && Settle(10) &&
                         (run_.TestDealError ? FetchErrorPictures() : TakePictures()) && Labels();
   stage_ = Stage::kOver;
+  if (gathered) Show(progress_);
   return gathered;
+}
+
+void ServiceGathering::Cancel() {
+  if (stage_ != Stage::kOver) run_.ServiceCancelled = true;
 }
 
 bool ServiceGathering::Settle(int progress) {

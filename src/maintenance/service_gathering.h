@@ -33,8 +33,8 @@ class ServiceGathering {
   /// False: it was cancelled, which `run` says, or the link is lost, which the operator has been
   /// told.
   bool Run(ServiceFileView& view);
-  /// The button `Command1`; heard at the next line.
-  void Cancel() { run_.ServiceCancelled = true; }
+  /// The button `Command1`; heard at the next line, and not any more behind the last.
+  void Cancel();
 
   /// The grey picture: in its store the labels stand over it.
   [[nodiscard]] const PixelPlane& Grey() const { return grey_; }
@@ -43,6 +43,7 @@ class ServiceGathering {
   [[nodiscard]] Stage Now() const { return stage_; }
   [[nodiscard]] int ProgressBar1() const { return progress_; }  ///< 0..99
   [[nodiscard]] bool Cancelled() const { return run_.ServiceCancelled; }
+  [[nodiscard]] bool MayCancel() const { return stage_ != Stage::kOver && !Cancelled(); }
   [[nodiscard]] bool OfTestDeal() const { return run_.TestDealError; }
   [[nodiscard]] const PictureStore& Pictures() const { return pictures_; }
 

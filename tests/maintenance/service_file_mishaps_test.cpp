@@ -66,6 +66,18 @@ TEST_F(ServiceFileMishaps, ACancelWhileTheFeederSettlesIsHeardAtOnce) {
   ExpectNothingLeft();
 }
 
+TEST_F(ServiceFileMishaps, BehindThePicturesNothingIsCancelledAnyMore) {
+  Begin();
+  bool last = false;
+  view.OnGathering = [&] {
+    last = !view.Gathering->MayCancel();
+    if (last) view.Gathering->Cancel();
+  };
+  console->Email();
+  EXPECT_TRUE(last);
+  EXPECT_EQ(Lines().size(), 415U);
+}
+
 TEST_F(ServiceFileMishaps, WhoLeavesCancels) {
   Begin();
   int lines = 0;
@@ -182,7 +194,7 @@ TEST_F(ServiceFileMishaps, NothingElseTakesTheLinkMeanwhile) {
     ++frames;
   };
   console->Email();
-  EXPECT_EQ(frames, 387);
+  EXPECT_EQ(frames, 388);
   EXPECT_EQ(bridge.Sent.size(), 432U);
   EXPECT_EQ(desk.Store.Get(kServiceFileId), "1");
 }

@@ -22,6 +22,7 @@ constexpr const char* kSettling = "Waiting for the feeder to settle ...";
 constexpr const char* kNewPicture = "Fetching the picture of the card ...";
 constexpr const char* kErrorPicture = "Fetching the picture of the card in question ...";
 constexpr const char* kLabels = "Fetching what the machine has made of it ...";
+constexpr const char* kRest = "Reading parameters and counters ...";
 constexpr const char* kCancelling = "Cancelling ...";
 
 }  // namespace
@@ -44,7 +45,7 @@ ServiceFileWindow::~ServiceFileWindow() { hide(); }
 QWidget* ServiceFileWindow::MakeBody() {
   auto* body = new QWidget(this);
   doing_ = new ShownValue("Doing", "What happens", body);
-  KeepSizeFor(*doing_, {kSettling, kNewPicture, kErrorPicture, kLabels, kCancelling});
+  KeepSizeFor(*doing_, {kSettling, kNewPicture, kErrorPicture, kLabels, kRest, kCancelling});
   ProgressBar1_ = new QProgressBar(body);
   ProgressBar1_->setObjectName("ProgressBar1");
   ProgressBar1_->setAccessibleName("Progress");
@@ -75,7 +76,7 @@ QWidget* ServiceFileWindow::MakeButtons() {
 void ServiceFileWindow::ShowGathering() {
   ShowChanged(*doing_, Doing());
   ProgressBar1_->setValue(gathering_.ProgressBar1());
-  Command1_->setEnabled(!gathering_.Cancelled());
+  Command1_->setEnabled(gathering_.MayCancel());
   if (gathering_.Now() == Stage::kSettling) return;  // what it shows is an older picture
   const PaintedPicture& painted = gathering_.Pictures().Picture1;
   card_->Show([&painted](int x, int y) { return painted.At(x, y); });
@@ -84,9 +85,16 @@ void ServiceFileWindow::ShowGathering() {
 
 QString ServiceFileWindow::Doing() const {
   if (gathering_.Cancelled()) return kCancelling;
-  if (gathering_.Now() == Stage::kSettling) return kSettling;
-  if (gathering_.Now() == Stage::kLabels) return kLabels;
-  return gathering_.OfTestDeal() ? kErrorPicture : kNewPicture;
+  switch (gathering_.Now()) {
+    case Stage::kSettling:
+      return kSettling;
+    case Stage::kPicture:
+      return gathering_.OfTestDeal() ? kErrorPicture : kNewPicture;
+    case Stage::kLabels:
+      return kLabels;
+    default:
+      return kRest;
+  }
 }
 
 void ServiceFileWindow::reject() {

@@ -52,8 +52,16 @@ TEST_F(ServiceFileWindowTest, ShowsThePicturesAsTheyCome) {
       ++looks;
     }
   };
+  bool rest = false;
+  bridge.OnFrame = [&] {
+    if (Shown() == nullptr || machine.Link.TxFrame[0] != 0x1E) return;
+    rest = true;
+    EXPECT_EQ(test::TextOf(*Shown(), "Doing"), "Reading parameters and counters ...");
+    EXPECT_FALSE(test::Enabled(*Shown(), "Command1"));
+  };
   desk.AnswerBox(QMessageBox::Ok);  // behind it
   Make();
+  EXPECT_TRUE(rest);
   EXPECT_EQ(looks, 2);
   EXPECT_EQ(lines, 384);
   EXPECT_EQ(Shown(), nullptr);
