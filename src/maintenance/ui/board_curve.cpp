@@ -144,8 +144,8 @@ QPen BoardCurve::PenOf(Sweep way) const {
 }
 
 QColor BoardCurve::BandColour() const {
-  constexpr int kAlpha = 70;
-  QColor colour = palette().color(QPalette::Mid);
+  constexpr int kAlpha = 40;  // seen on dark grounds, too, and the lines on it
+  QColor colour = palette().color(QPalette::Text);
   colour.setAlpha(kAlpha);
   return colour;
 }
@@ -173,7 +173,7 @@ void BoardCurve::PaintBand(QPainter& painter) const {
   if (!lost || !seen) return;
   const double left = PlaceOf(*lost + 0.5);
   painter.fillRect(QRectF(left, Plot().top(), PlaceOf(*seen - 0.5) - left, Plot().height()),
-                   QBrush(BandColour(), Qt::SolidPattern));
+                   BandColour());
 }
 
 void BoardCurve::PaintScale(QPainter& painter) const {
