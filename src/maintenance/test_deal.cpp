@@ -128,11 +128,17 @@ bool TestDeal::GoesOnBehindFault() {
 }
 
 machine::DialogAnswer TestDeal::AnswerFault() {
+  const machine::DialogAnswer answer = AskAboutFault();
+  program_.Loop.WaitMs(kAfterErrorMs);
+  return answer;
+}
+
+/// The dialog's poll ends with it.
+machine::DialogAnswer TestDeal::AskAboutFault() {
   const int card = CardsDealt_ < kCards ? CardsDealt_ + 1 : 0;
   machine::ErrorDialog dialog(program_, machine_, machine::kStop, {.Card = card});
   dialog.PedalFreesLink = false;
   view_->ShowError(dialog);
-  program_.Loop.WaitMs(kAfterErrorMs);
   return dialog.DialogResult;
 }
 
