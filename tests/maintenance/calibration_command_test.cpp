@@ -162,6 +162,14 @@ TEST_F(CalibrationCommandDesk, WhoLeavesMeanwhileIsGoneBehindIt) {
   EXPECT_TRUE(console->Closed());
 }
 
+TEST_F(CalibrationCommandDesk, TheSimulatedMachinesOwnSwitchComesToTheSame) {
+  Start("board-switch=100/131");
+  sim->InsertBoard(3);
+  Press({kOk, kYes, kOk});
+  EXPECT_THAT(Outcomes(), ElementsAre("   Board Switch Calibration: 99,132"));
+  EXPECT_EQ(sim->Parameters().Video.BoardSen, 90);
+}
+
 TEST_F(CalibrationCommandDesk, AnOlderFirmwareIsToldAndNothingIsSent) {
   StartWith("firmware=2.7F");
   Press({});
