@@ -192,10 +192,10 @@ TEST(MaintainTestDeal, ATerminalSeesHowFarTheDealIs) {
   Desk desk;
   desk.Screen.Progress = true;
   desk.TestDeal({{255, 17}, {62, 20}});
-  EXPECT_THAT(desk.Screen.Errors, HasSubstr("Deal   1  17 of 52 cards  0.1 s"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("Deal   1  17 of 52 cards  0.1 s"));
   Desk quiet;
   quiet.TestDeal({{255, 17}, {62, 20}});
-  EXPECT_THAT(quiet.Screen.Errors, Not(HasSubstr("of 52 cards")));
+  EXPECT_THAT(quiet.Screen.Output, Not(HasSubstr("17 of 52 cards")));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/readable_colour.h"
 #include "platform/qt/suit_text.h"
 
 namespace morvane::maintenance {
@@ -53,7 +54,7 @@ QString TestDeckView::SpokenText() const {
 
 QSize TestDeckView::Cell() const {
   const int high = fontMetrics().height();
-  return {fontMetrics().horizontalAdvance("!8?") + 4 * kInset, high + 4 * kInset};
+  return {fontMetrics().horizontalAdvance("?8?") + 8 * kInset, high + 4 * kInset};
 }
 
 /// Between the suits and the legend.
@@ -78,7 +79,6 @@ QRect TestDeckView::PlaceOf(int number) const {
 
 void TestDeckView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(Grid(), palette().color(QPalette::Base));
   PaintSuits(painter);
   for (int number = 1; number <= kCards; ++number) {
     const QString rank = ToQt(TestCardName(number)).mid(1);
@@ -100,8 +100,10 @@ void TestDeckView::PaintSuits(QPainter& painter) const {
 void TestDeckView::PaintCard(QPainter& painter, const QRect& place, const QString& rank,
                              DeckMark mark) const {
   const bool seen = mark == DeckMark::kSeen;
-  const QColor ink = palette().color(seen ? QPalette::HighlightedText : QPalette::Text);
-  if (seen) painter.fillRect(place, palette().color(QPalette::Highlight));
+  const QColor ground = palette().color(seen ? QPalette::Highlight : QPalette::Base);
+  const QColor ink =
+      ReadableOn(ground, palette().color(seen ? QPalette::HighlightedText : QPalette::Text));
+  painter.fillRect(place, ground);
   painter.setPen(FrameOf(mark, ink, palette().color(QPalette::Mid)));
   painter.drawRect(place.adjusted(kInset / 2, kInset / 2, -kInset, -kInset));
   QFont font = this->font();
