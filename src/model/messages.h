@@ -60,7 +60,7 @@ struct Messages {
   std::string Msg041;  ///< Run options: `Check_board` ticked, the firmware is too old
   std::string Msg042;  ///< Run options: small index chosen, the firmware is too old
   std::string Msg043;  ///< Auto Setup: the firmware is too old
-  std::string Msg044;  ///< (Test deal: the firmware is too old)
+  std::string Msg044;  ///< Test deal: the firmware is too old
   std::string Msg045;  ///< Run options: large index chosen, the machine cannot deal it
   std::string Msg046;  ///< Run options: `Check_board` ticked, the machine reads no labels
   std::string Msg047;  ///< Deal: the machine tells no version at the first contact
@@ -136,10 +136,10 @@ struct Messages {
   std::string Msg117;  ///< Auto Setup: the card was not found
   std::string Msg118;  ///< Firmware download: this machine needs 2.80, the file is older
   std::string Msg119;  ///< Generate: the system's random source failed
-  std::string Msg120;  ///< (Test deal: before it begins)
-  std::string Msg121;  ///< (Test deal: it stopped, *** error code; OK makes a service file)
-  std::string Msg122;  ///< (Test deal: *** seen, ### expected; OK makes a service file)
-  std::string Msg123;  ///< (Test deal: no error up to its end; OK deals again)
+  std::string Msg120;  ///< Test deal: before it begins
+  std::string Msg121;  ///< Test deal: it stopped, *** error code; OK makes a service file
+  std::string Msg122;  ///< Test deal: *** seen, ### expected; OK makes a service file
+  std::string Msg123;  ///< Test deal: no error up to its end; OK deals again
   std::string Msg124;  ///< (Maintenance: before the parameters are written; asks)
   std::string Msg125;  ///< (Switch calibration: before it begins)
 };
