@@ -17,26 +17,6 @@ class ConsoleService : public maintenance::MaintenanceView {
   void ShowPicture() override {}
   void Magnify() final {}
   void ShowAdvance(maintenance::AdvanceForm& /*form*/) override {}
-  std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
-      maintenance::AutoSetup& /*setup*/) override {
-    return std::make_unique<maintenance::AutoSetupView>();
-  }
-  std::unique_ptr<maintenance::FirmwareView> OpenFirmware(
-      maintenance::FirmwareDownload& /*download*/) override {
-    return std::make_unique<maintenance::FirmwareView>();
-  }
-  std::unique_ptr<maintenance::ServiceFileView> OpenServiceFile(
-      maintenance::ServiceGathering& /*gathering*/) override {
-    return std::make_unique<maintenance::ServiceFileView>();
-  }
-  std::unique_ptr<maintenance::BoardCalibrationView> OpenBoardCalibration(
-      maintenance::BoardCalibration& /*calibration*/) override {
-    return std::make_unique<maintenance::BoardCalibrationView>();
-  }
-  std::unique_ptr<maintenance::TestDealView> OpenTestDeal(
-      maintenance::TestDeal& /*deal*/) override {
-    return std::make_unique<maintenance::TestDealView>();
-  }
   void Close() override {}
 
  protected:

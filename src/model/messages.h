@@ -51,8 +51,8 @@ struct Messages {
   std::string Msg032;  ///< Load CSV: the line ends before its board does
   std::string Msg033;  ///< Save PBN: an event text has a character that PBN does not allow
   std::string Msg034;  ///< Save, Deal: there is no set. Box and status bar
-  std::string Msg035;  ///< (Read: the firmware is too old; *** its version)
-  std::string Msg036;  ///< (Sort: the firmware is too old; *** its version)
+  std::string Msg035;  ///< Read: the firmware is too old; *** its version
+  std::string Msg036;  ///< Sort: the firmware is too old; *** its version
   std::string Msg037;  ///< Deal: other than standard cards are set, the firmware is too old
   std::string Msg038;  ///< Deal: Danish cards are set, the firmware is too old
   std::string Msg039;  ///< Deal: Swedish cards are set, the firmware is too old
@@ -68,16 +68,16 @@ struct Messages {
   std::string Msg049;  ///< Opening the link: the driver is older than 3.1; *** its version
   std::string Msg050;  ///< Opening the link failed; *** status and step. OK tries again
   std::string Msg051;  ///< The same, when the driver is missing
-  std::string Msg052;  ///< (Read: `cmdClear`, before the board is emptied)
+  std::string Msg052;  ///< Read: `cmdClear`, before the board is emptied
   std::string Msg053;  ///< Deal: the current board is not complete
-  std::string Msg054;  ///< (Read: the current board is not empty)
+  std::string Msg054;  ///< Read: the current board is not empty
   std::string Msg055;  ///< Maintenance and its tools: the link is lost
   std::string Msg056;  ///< Maintenance: the parameters have been written
   std::string Msg057;  ///< Firmware download: done
   std::string Msg058;  ///< Firmware download: start or block refused; *** status, ### block
   std::string Msg059;  ///< Firmware download: the file's size or its lengths are wrong
   std::string Msg060;  ///< Deal: the last copy of the run's last board has been dealt; asks
-  std::string Msg061;  ///< (Read: the last board has been read; asks)
+  std::string Msg061;  ///< Read: the last board has been read; asks
   std::string Msg062;  ///< New, Exit, Load, Import: the set has changes that are not saved; asks
   std::string Msg063;  ///< Generate: the first board is above the last
   std::string Msg064;  ///< Generate: the first board is above 640
@@ -103,9 +103,9 @@ struct Messages {
   std::string Msg084;  ///< History: its file cannot be read, at the start or before an entry
   std::string Msg085;  ///< History: its file cannot be written or locked
   std::string Msg086;  ///< Start: another one runs, and no file could be handed over to it
-  std::string Msg087;  ///< (Service file: it cannot be written)
-  std::string Msg088;  ///< (Service file: before it is made; *** its path)
-  std::string Msg089;  ///< (Service file: it has been made; *** its path)
+  std::string Msg087;  ///< Service file: it cannot be written
+  std::string Msg088;  ///< Service file: before it is made; *** its path
+  std::string Msg089;  ///< Service file: it has been made; *** its path
   std::string Msg090;  ///< Analysis: an error that calls for a new installation
   std::string Msg091;  ///< Edit, Print: a firmware download is asked for from outside; asks
   std::string Msg092;  ///< Run window: a firmware download is asked for from outside
@@ -123,15 +123,15 @@ struct Messages {
   std::string Msg104;  ///< Analyze: refused while an analysis runs
   std::string Msg105;  ///< Exit: refused while an analysis runs
   std::string Msg106;  ///< Generate: the first board is below 1. (Preferences: or above 640)
-  std::string Msg107;  ///< (Preferences: last board outside 1..640 or below the first)
+  std::string Msg107;  ///< Preferences: last board outside 1..640 or below the first
   std::string Msg108;  ///< Edit: Analyze with changes that were not accepted
   std::string Msg109;  ///< Auto Setup: before it begins; *** the card index
   std::string Msg110;  ///< Load log: the first record of a set; take, skip or give up
   std::string Msg111;  ///< Load log: the system's error, or a number outside 1..640
   std::string Msg112;  ///< Load log: a record that is no board
-  std::string Msg113;  ///< (Switch calibration: no setting senses the board)
-  std::string Msg114;  ///< (Switch calibration: the board is sensed well, 200 will do; asks)
-  std::string Msg115;  ///< (Switch calibration: another value is better; *** it; asks)
+  std::string Msg113;  ///< Switch calibration: no setting senses the board
+  std::string Msg114;  ///< Switch calibration: the board is sensed well, 200 will do; asks
+  std::string Msg115;  ///< Switch calibration: another value is better; *** it; asks
   std::string Msg116;  ///< Auto Setup: done; asks
   std::string Msg117;  ///< Auto Setup: the card was not found
   std::string Msg118;  ///< Firmware download: this machine needs 2.80, the file is older
@@ -140,8 +140,8 @@ struct Messages {
   std::string Msg121;  ///< Test deal: it stopped, *** error code; OK makes a service file
   std::string Msg122;  ///< Test deal: *** seen, ### expected; OK makes a service file
   std::string Msg123;  ///< Test deal: no error up to its end; OK deals again
-  std::string Msg124;  ///< (Maintenance: before the parameters are written; asks)
-  std::string Msg125;  ///< (Switch calibration: before it begins)
+  std::string Msg124;  ///< Maintenance: before the parameters are written; asks
+  std::string Msg125;  ///< Switch calibration: before it begins
 };
 
 /// The catalogue as it stands at start-up.

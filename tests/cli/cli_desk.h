@@ -141,6 +141,9 @@ struct CliDesk {
   ExitStatus Run(const MaintainRecogniseOptions& options) { return Do(MaintainRecognise, options); }
   ExitStatus Run(const MaintainAutoSetupOptions& options) { return Do(MaintainAutoSetup, options); }
   ExitStatus Run(const MaintainTestDealOptions& options) { return Do(MaintainTestDeal, options); }
+  ExitStatus Run(const MaintainServiceFileOptions& options) {
+    return Do(MaintainServiceFile, options);
+  }
   ExitStatus Run(const MaintainFirmwareOptions& options) { return Do(MaintainFirmware, options); }
   ExitStatus RunOn(UsbXpress& usb, const MaintainPictureOptions& options) {
     return DoOn(usb, nullptr, MaintainPicture, options);
@@ -154,8 +157,6 @@ struct CliDesk {
   ExitStatus RunOn(UsbXpress& usb, const MaintainCalibrateOptions& options) {
     return DoOn(usb, nullptr, MaintainCalibrate, options);
   }
-  ExitStatus Run(const MaintainServiceFileOptions& options) {
-    return Do(MaintainServiceFile, options);
   ExitStatus RunOn(UsbXpress& usb, const MaintainTestDealOptions& options) {
     return DoOn(usb, nullptr, MaintainTestDeal, options);
   }

@@ -102,22 +102,6 @@ class FakeWindows final : public FlowWindows {
       void ShowPicture() override {}
       void Magnify() override {}
       void ShowAdvance(maintenance::AdvanceForm& /*form*/) override {}
-      std::unique_ptr<maintenance::AutoSetupView> OpenAutoSetup(
-          maintenance::AutoSetup& /*setup*/) override {
-        return std::make_unique<maintenance::AutoSetupView>();
-      }
-      std::unique_ptr<maintenance::FirmwareView> OpenFirmware(
-          maintenance::FirmwareDownload& /*download*/) override {
-        return std::make_unique<maintenance::FirmwareView>();
-      }
-      std::unique_ptr<maintenance::ServiceFileView> OpenServiceFile(
-          maintenance::ServiceGathering& /*gathering*/) override {
-        return std::make_unique<maintenance::ServiceFileView>();
-      }
-      std::unique_ptr<maintenance::BoardCalibrationView> OpenBoardCalibration(
-          maintenance::BoardCalibration& /*calibration*/) override {
-        return std::make_unique<maintenance::BoardCalibrationView>();
-      }
       std::unique_ptr<maintenance::TestDealView> OpenTestDeal(
           maintenance::TestDeal& /*deal*/) override {
         return nullptr;

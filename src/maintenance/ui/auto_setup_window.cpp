@@ -1,8 +1,6 @@
 #include "maintenance/ui/auto_setup_window.h"
 
-#include <QCloseEvent>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -13,9 +11,7 @@
 #include "maintenance/ui/search_map_view.h"
 #include "maintenance/ui/service_widgets.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
-#include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
 namespace {
@@ -28,29 +24,21 @@ constexpr const char* kLeft = "Time left at most: ";
 
 AutoSetupWindow::AutoSetupWindow(const Clock& clock, AutoSetup& setup,
                                  std::function<void()> picture, QWidget* parent)
-    : ServiceDialog("AutoSetup", "Morvane - Auto Setup", parent),
+    : WorkDialog("AutoSetup", "Morvane - Auto Setup", parent),
       clock_(clock),
       setup_(setup),
       picture_(std::move(picture)),
       map_(setup.Search(), Seconds()) {
-  QWidget* body = MakeBody();
-  Fill(*this, body, MakeButtons());
-  WatchButtons();
+  Place(MakeBody(), "Cancel");
   ShowAll();
-  FitToScreen(*this);
-  show();
+  Open();
 }
-
-AutoSetupWindow::~AutoSetupWindow() { hide(); }
 
 QWidget* AutoSetupWindow::MakeBody() {
   auto* body = new QWidget(this);
   doing_ = new ShownValue("Doing", "What happens", body);
   left_ = new ShownValue("TimeLeft", "Time left", body);
-  ProgressBar1_ = new QProgressBar(body);
-  ProgressBar1_->setObjectName("ProgressBar1");
-  ProgressBar1_->setAccessibleName("Progress");
-  ProgressBar1_->setRange(0, 100);
+  ProgressBar1_ = NewBar("ProgressBar1", body);
   mapView_ = new SearchMapView(map_, body);
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
@@ -82,20 +70,6 @@ QWidget* AutoSetupWindow::MakePlaces() {
   return places;
 }
 
-QWidget* AutoSetupWindow::MakeButtons() {
-  auto* buttons = new QWidget(this);
-  Cancel_ = NewServiceButton(
-      "Cancel", "&Cancel", [this] { reject(); }, buttons);
-  QSizePolicy keepsItsPlace = Cancel_->sizePolicy();
-  keepsItsPlace.setRetainSizeWhenHidden(true);
-  Cancel_->setSizePolicy(keepsItsPlace);
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
-  row->addStretch();
-  row->addWidget(Cancel_);
-  return buttons;
-}
-
 double AutoSetupWindow::Seconds() const {
   return std::chrono::duration<double>(clock_.Elapsed()).count();
 }
@@ -123,7 +97,7 @@ void AutoSetupWindow::ShowAll() {
     ShowChanged(*label, ToQt(*text));
     label->setVisible(!text->empty());
   }
-  Cancel_->setVisible(setup_.Now() == Stage::kSearching);
+  CancelButton().setVisible(setup_.Now() == Stage::kSearching);
 }
 
 QString AutoSetupWindow::Doing() const {
@@ -143,10 +117,5 @@ QString AutoSetupWindow::Doing() const {
 
 /// It goes when the search has ended.
 void AutoSetupWindow::reject() { setup_.Cancel(); }
-
-void AutoSetupWindow::closeEvent(QCloseEvent* event) {
-  reject();
-  event->ignore();
-}
 
 }  // namespace morvane::maintenance

@@ -4,11 +4,10 @@
 
 #include "maintenance/auto_setup_view.h"
 #include "maintenance/search_map.h"
-#include "maintenance/ui/service_dialog.h"
+#include "maintenance/ui/work_dialog.h"
 #include "platform/clock.h"
 
 class QProgressBar;
-class QPushButton;
 
 namespace morvane {
 class ShownValue;
@@ -20,27 +19,20 @@ class AutoSetup;
 class SearchMapView;
 
 /// `AutoSetup`: the search as it goes, as a map. Escape and the close box cancel it.
-class AutoSetupWindow final : public ServiceDialog, public AutoSetupView {
+class AutoSetupWindow final : public WorkDialog, public AutoSetupView {
  public:
   /// `picture` is told of each line of the final picture.
   AutoSetupWindow(const Clock& clock, AutoSetup& setup, std::function<void()> picture,
                   QWidget* parent);
-  AutoSetupWindow(const AutoSetupWindow&) = delete;
-  AutoSetupWindow& operator=(const AutoSetupWindow&) = delete;
-  ~AutoSetupWindow() override;
 
   void ShowSearch() override;
   void ShowPicture() override { picture_(); }
 
   void reject() override;
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QWidget* MakeBody();
   QWidget* MakePlaces();
-  QWidget* MakeButtons();
   void ShowAll();
   [[nodiscard]] QString Doing() const;
   [[nodiscard]] double Seconds() const;
@@ -59,7 +51,6 @@ class AutoSetupWindow final : public ServiceDialog, public AutoSetupView {
   ShownValue* starty_ = nullptr;
   ShownValue* symy_ = nullptr;
   ShownValue* suity_ = nullptr;
-  QPushButton* Cancel_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

@@ -1,6 +1,5 @@
 #include "maintenance/ui/board_calibration_window.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -11,31 +10,21 @@
 #include "maintenance/ui/board_curve.h"
 #include "maintenance/ui/service_widgets.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
 
 BoardCalibrationWindow::BoardCalibrationWindow(BoardCalibration& calibration, QWidget* parent)
-    : ServiceDialog("Board_calibration", "Morvane - Calibrate Board Switch", parent),
+    : WorkDialog("Board_calibration", "Morvane - Calibrate Board Switch", parent),
       calibration_(calibration) {
-  QWidget* body = MakeBody();
-  Fill(*this, body, MakeButtons());
-  WatchButtons();
-  FitToScreen(*this);
-  show();
+  Place(MakeBody(), "Command1");
+  Open();
 }
-
-BoardCalibrationWindow::~BoardCalibrationWindow() { hide(); }
 
 QWidget* BoardCalibrationWindow::MakeBody() {
   auto* body = new QWidget(this);
-  ProgressBar1_ = new QProgressBar(body);
-  ProgressBar1_->setObjectName("ProgressBar1");
-  ProgressBar1_->setAccessibleName("Progress");
-  ProgressBar1_->setRange(0, 100);
-  ProgressBar1_->setValue(0);
+  ProgressBar1_ = NewBar("ProgressBar1", body);
   curve_ = new BoardCurve(calibration_, body);
   StayFree(*curve_);  // what has been measured is to be seen beside the question
   auto* column = new QVBoxLayout(body);
@@ -67,35 +56,16 @@ QWidget* BoardCalibrationWindow::MakeLabels() {
   return labels;
 }
 
-QWidget* BoardCalibrationWindow::MakeButtons() {
-  auto* buttons = new QWidget(this);
-  Command1_ = NewServiceButton(
-      "Command1", "&Cancel", [this] { reject(); }, buttons);
-  QSizePolicy keepsItsPlace = Command1_->sizePolicy();
-  keepsItsPlace.setRetainSizeWhenHidden(true);
-  Command1_->setSizePolicy(keepsItsPlace);
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
-  row->addStretch();
-  row->addWidget(Command1_);
-  return buttons;
-}
-
 void BoardCalibrationWindow::ShowCalibration() {
   ProgressBar1_->setValue(calibration_.Progress());
   Label1_->setText(ToQt(calibration_.Label1()));
   ShowChanged(*Label2_, ToQt(calibration_.Label2()));
   ShowChanged(*Label3_, ToQt(calibration_.Label3()));
   curve_->Show();
-  Command1_->setVisible(!calibration_.Over());
+  CancelButton().setVisible(!calibration_.Over());
 }
 
 /// It goes when the step has ended.
 void BoardCalibrationWindow::reject() { calibration_.Cancel(); }
-
-void BoardCalibrationWindow::closeEvent(QCloseEvent* event) {
-  reject();
-  event->ignore();
-}
 
 }  // namespace morvane::maintenance

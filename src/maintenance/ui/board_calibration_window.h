@@ -1,11 +1,10 @@
 #pragma once
 
 #include "maintenance/board_calibration_view.h"
-#include "maintenance/ui/service_dialog.h"
+#include "maintenance/ui/work_dialog.h"
 
 class QLabel;
 class QProgressBar;
-class QPushButton;
 
 namespace morvane {
 class ShownValue;
@@ -17,24 +16,17 @@ class BoardCalibration;
 class BoardCurve;
 
 /// `Board_calibration`: the sweeps as they go, as a curve. Escape and the close box cancel them.
-class BoardCalibrationWindow final : public ServiceDialog, public BoardCalibrationView {
+class BoardCalibrationWindow final : public WorkDialog, public BoardCalibrationView {
  public:
   BoardCalibrationWindow(BoardCalibration& calibration, QWidget* parent);
-  BoardCalibrationWindow(const BoardCalibrationWindow&) = delete;
-  BoardCalibrationWindow& operator=(const BoardCalibrationWindow&) = delete;
-  ~BoardCalibrationWindow() override;
 
   void ShowCalibration() override;
 
   void reject() override;
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QWidget* MakeBody();
   QWidget* MakeLabels();
-  QWidget* MakeButtons();
 
   BoardCalibration& calibration_;
   QProgressBar* ProgressBar1_ = nullptr;
@@ -42,7 +34,6 @@ class BoardCalibrationWindow final : public ServiceDialog, public BoardCalibrati
   ShownValue* Label2_ = nullptr;
   ShownValue* Label3_ = nullptr;
   BoardCurve* curve_ = nullptr;
-  QPushButton* Command1_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

@@ -1,6 +1,5 @@
 #include "maintenance/ui/firmware_window.h"
 
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QProgressBar>
@@ -13,7 +12,6 @@
 #include "maintenance/ui/service_widgets.h"
 #include "platform/files.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
@@ -66,19 +64,14 @@ void NoMargins(QLayout& layout) {
 }  // namespace
 
 FirmwareWindow::FirmwareWindow(const Clock& clock, FirmwareDownload& download, QWidget* parent)
-    : ServiceDialog("Firmware", "Morvane - Download New Firmware", parent),
+    : WorkDialog("Firmware", "Morvane - Download New Firmware", parent),
       clock_(clock),
       download_(download),
       progress_(download) {
-  QWidget* body = MakeBody();
-  Fill(*this, body, MakeButtons());
-  WatchButtons();
+  Place(MakeBody(), "Command1");
   ShowAll();
-  FitToScreen(*this);
-  show();
+  Open();
 }
-
-FirmwareWindow::~FirmwareWindow() { hide(); }
 
 QWidget* FirmwareWindow::MakeBody() {
   auto* body = new QWidget(this);
@@ -144,10 +137,7 @@ QWidget* FirmwareWindow::MakeSteps() {
 
 QWidget* FirmwareWindow::MakeProgress() {
   auto* progress = new QWidget(this);
-  Download_bar_ = new QProgressBar(progress);
-  Download_bar_->setObjectName("Download_bar");
-  Download_bar_->setAccessibleName("Progress");
-  Download_bar_->setRange(0, 100);
+  Download_bar_ = NewBar("Download_bar", progress);
   blocks_ = new ShownValue("Blocks", "Blocks sent", progress);
   KeepSizeFor(*blocks_, {BlocksOf(download_.Blocks(), download_.Blocks())});
   left_ = new ShownValue("TimeLeft", "Time left", progress);
@@ -182,17 +172,6 @@ QWidget* FirmwareWindow::MakeCounters() {
   return counters;
 }
 
-QWidget* FirmwareWindow::MakeButtons() {
-  auto* buttons = new QWidget(this);
-  Command1_ = NewServiceButton(
-      "Command1", "&Cancel", [this] { reject(); }, buttons);
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
-  row->addStretch();
-  row->addWidget(Command1_);
-  return buttons;
-}
-
 void FirmwareWindow::ShowDownload() {
   const double now = std::chrono::duration<double>(clock_.Elapsed()).count();
   if (progress_.Take(now)) ShowAll();
@@ -204,7 +183,7 @@ void FirmwareWindow::ShowAll() {
   ShowCounters();
   ShowChanged(*left_, TimeLeft());
   ShowChanged(*fault_, ToQt(download_.Fault()));
-  Command1_->setEnabled(progress_.MayCancel());
+  CancelButton().setEnabled(progress_.MayCancel());
 }
 
 void FirmwareWindow::ShowSteps() {
@@ -237,7 +216,7 @@ QString FirmwareWindow::TimeLeft() const {
 /// A box that comes up over it tells of a fault: then what is known is to be seen behind it.
 bool FirmwareWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowBlocked) ShowAll();
-  return ServiceDialog::event(event);
+  return WorkDialog::event(event);
 }
 
 /// It goes when the block under way is over.
@@ -245,11 +224,6 @@ void FirmwareWindow::reject() {
   if (!progress_.MayCancel()) return;
   download_.Cancel();
   ShowDownload();
-}
-
-void FirmwareWindow::closeEvent(QCloseEvent* event) {
-  reject();
-  event->ignore();
 }
 
 }  // namespace morvane::maintenance

@@ -3,11 +3,10 @@
 #include <array>
 
 #include "maintenance/firmware_progress.h"
-#include "maintenance/ui/service_dialog.h"
+#include "maintenance/ui/work_dialog.h"
 #include "platform/clock.h"
 
 class QProgressBar;
-class QPushButton;
 
 namespace morvane {
 class ShownValue;
@@ -16,12 +15,9 @@ class ShownValue;
 namespace morvane::maintenance {
 
 /// `Firmware`: a download as it goes. Escape and the close box cancel it.
-class FirmwareWindow final : public ServiceDialog, public FirmwareView {
+class FirmwareWindow final : public WorkDialog, public FirmwareView {
  public:
   FirmwareWindow(const Clock& clock, FirmwareDownload& download, QWidget* parent);
-  FirmwareWindow(const FirmwareWindow&) = delete;
-  FirmwareWindow& operator=(const FirmwareWindow&) = delete;
-  ~FirmwareWindow() override;
 
   void ShowDownload() override;
 
@@ -29,7 +25,6 @@ class FirmwareWindow final : public ServiceDialog, public FirmwareView {
 
  protected:
   bool event(QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   QWidget* MakeBody();
@@ -37,7 +32,6 @@ class FirmwareWindow final : public ServiceDialog, public FirmwareView {
   QWidget* MakeSteps();
   QWidget* MakeProgress();
   QWidget* MakeCounters();
-  QWidget* MakeButtons();
   void ShowAll();
   void ShowSteps();
   void ShowCounters();
@@ -56,7 +50,6 @@ class FirmwareWindow final : public ServiceDialog, public FirmwareView {
   ShownValue* lblComm_ = nullptr;
   ShownValue* lblProg_ = nullptr;
   ShownValue* fault_ = nullptr;
-  QPushButton* Command1_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

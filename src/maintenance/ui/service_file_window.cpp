@@ -1,7 +1,5 @@
 #include "maintenance/ui/service_file_window.h"
 
-#include <QCloseEvent>
-#include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -9,9 +7,7 @@
 #include "maintenance/service_gathering.h"
 #include "maintenance/ui/pixel_view.h"
 #include "maintenance/ui/service_widgets.h"
-#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
-#include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
 namespace {
@@ -29,27 +25,19 @@ constexpr const char* kCancelling = "Cancelling ...";
 
 ServiceFileWindow::ServiceFileWindow(ServiceGathering& gathering, std::function<void()> picture,
                                      QWidget* parent)
-    : ServiceDialog("Service_file", "Morvane - Service File", parent),
+    : WorkDialog("Service_file", "Morvane - Service File", parent),
       gathering_(gathering),
       picture_(std::move(picture)) {
-  QWidget* body = MakeBody();
-  Fill(*this, body, MakeButtons());
-  WatchButtons();
+  Place(MakeBody(), "Command1");
   ShowGathering();
-  FitToScreen(*this);
-  show();
+  Open();
 }
-
-ServiceFileWindow::~ServiceFileWindow() { hide(); }
 
 QWidget* ServiceFileWindow::MakeBody() {
   auto* body = new QWidget(this);
   doing_ = new ShownValue("Doing", "What happens", body);
   KeepSizeFor(*doing_, {kSettling, kNewPicture, kErrorPicture, kLabels, kRest, kCancelling});
-  ProgressBar1_ = new QProgressBar(body);
-  ProgressBar1_->setObjectName("ProgressBar1");
-  ProgressBar1_->setAccessibleName("Progress");
-  ProgressBar1_->setRange(0, 100);
+  ProgressBar1_ = NewBar("ProgressBar1", body);
   card_ = new PixelView("Card", "Picture of the card",
                         {PaintedPicture::kColumns, PaintedPicture::kRows}, 1, body);
   card_->setFocusPolicy(Qt::NoFocus);  // there is only to look at it
@@ -62,21 +50,10 @@ QWidget* ServiceFileWindow::MakeBody() {
   return body;
 }
 
-QWidget* ServiceFileWindow::MakeButtons() {
-  auto* buttons = new QWidget(this);
-  Command1_ = NewServiceButton(
-      "Command1", "&Cancel", [this] { reject(); }, buttons);
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
-  row->addStretch();
-  row->addWidget(Command1_);
-  return buttons;
-}
-
 void ServiceFileWindow::ShowGathering() {
   ShowChanged(*doing_, Doing());
   ProgressBar1_->setValue(gathering_.ProgressBar1());
-  Command1_->setEnabled(gathering_.MayCancel());
+  CancelButton().setEnabled(gathering_.MayCancel());
   if (gathering_.Now() == Stage::kSettling) return;  // what it shows is an older picture
   const PaintedPicture& painted = gathering_.Pictures().Picture1;
   card_->Show([&painted](int x, int y) { return painted.At(x, y); });
@@ -100,11 +77,6 @@ QString ServiceFileWindow::Doing() const {
 void ServiceFileWindow::reject() {
   gathering_.Cancel();
   ShowGathering();
-}
-
-void ServiceFileWindow::closeEvent(QCloseEvent* event) {
-  reject();
-  event->ignore();
 }
 
 }  // namespace morvane::maintenance

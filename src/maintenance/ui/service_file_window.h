@@ -1,10 +1,9 @@
 #pragma once
 
 #include "maintenance/service_file_view.h"
-#include "maintenance/ui/service_dialog.h"
+#include "maintenance/ui/work_dialog.h"
 
 class QProgressBar;
-class QPushButton;
 
 namespace morvane {
 class ShownValue;
@@ -16,24 +15,17 @@ class PixelView;
 class ServiceGathering;
 
 /// `Service_file`: the pictures of a service file as they come. Escape and the close box cancel it.
-class ServiceFileWindow final : public ServiceDialog, public ServiceFileView {
+class ServiceFileWindow final : public WorkDialog, public ServiceFileView {
  public:
   /// `picture` is told of what has changed in the console's picture.
   ServiceFileWindow(ServiceGathering& gathering, std::function<void()> picture, QWidget* parent);
-  ServiceFileWindow(const ServiceFileWindow&) = delete;
-  ServiceFileWindow& operator=(const ServiceFileWindow&) = delete;
-  ~ServiceFileWindow() override;
 
   void ShowGathering() override;
 
   void reject() override;
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QWidget* MakeBody();
-  QWidget* MakeButtons();
   [[nodiscard]] QString Doing() const;
 
   ServiceGathering& gathering_;
@@ -41,7 +33,6 @@ class ServiceFileWindow final : public ServiceDialog, public ServiceFileView {
   ShownValue* doing_ = nullptr;
   QProgressBar* ProgressBar1_ = nullptr;
   PixelView* card_ = nullptr;
-  QPushButton* Command1_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

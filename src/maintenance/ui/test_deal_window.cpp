@@ -1,6 +1,5 @@
 #include "maintenance/ui/test_deal_window.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
@@ -11,7 +10,6 @@
 #include "maintenance/ui/service_widgets.h"
 #include "maintenance/ui/test_deck_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
@@ -30,25 +28,17 @@ QString Seconds(double seconds) { return QString("Time: %1 s").arg(seconds, 0, '
 }  // namespace
 
 TestDealWindow::TestDealWindow(Program& program, TestDeal& deal, QWidget* parent)
-    : ServiceDialog("TestDealForm", "Morvane - Test Deal", parent), program_(program), deal_(deal) {
-  QWidget* body = MakeBody();
-  Fill(*this, body, MakeButtons());
-  WatchButtons();
+    : WorkDialog("TestDealForm", "Morvane - Test Deal", parent), program_(program), deal_(deal) {
+  Place(MakeBody(), "TestDealCancel");
   ShowAll();
-  FitToScreen(*this);
-  show();
+  Open();
 }
-
-TestDealWindow::~TestDealWindow() { hide(); }
 
 QWidget* TestDealWindow::MakeBody() {
   auto* body = new QWidget(this);
   doing_ = new ShownValue("Doing", "What happens", body);
   KeepSizeFor(*doing_, {kWidestState});
-  TestDealProgress_ = new QProgressBar(body);
-  TestDealProgress_->setObjectName("TestDealProgress");
-  TestDealProgress_->setAccessibleName("Progress");
-  TestDealProgress_->setRange(0, 100);
+  TestDealProgress_ = NewBar("TestDealProgress", body);
   deck_ = new TestDeckView(deal_, body);
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
@@ -83,17 +73,6 @@ QWidget* TestDealWindow::MakeTotals() {
   return totals;
 }
 
-QWidget* TestDealWindow::MakeButtons() {
-  auto* buttons = new QWidget(this);
-  TestDealCancel_ = NewServiceButton(
-      "TestDealCancel", "&Cancel", [this] { reject(); }, buttons);
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins(kServiceMargin, 0, kServiceMargin, kServiceMargin);
-  row->addStretch();
-  row->addWidget(TestDealCancel_);
-  return buttons;
-}
-
 void TestDealWindow::ShowState() { ShowAll(); }
 
 void TestDealWindow::ShowAll() {
@@ -105,7 +84,7 @@ void TestDealWindow::ShowAll() {
   ShowChanged(*finished_, Finished(totals.Finished));
   ShowChanged(*cards_, Cards(totals.Cards));
   ShowChanged(*seconds_, Seconds(deal_.Seconds()));
-  TestDealCancel_->setEnabled(deal_.Result() == TestDeal::End::kNotYet);
+  CancelButton().setEnabled(deal_.Result() == TestDeal::End::kNotYet);
 }
 
 void TestDealWindow::ShowError(machine::ErrorDialog& dialog) {
@@ -116,11 +95,6 @@ void TestDealWindow::ShowError(machine::ErrorDialog& dialog) {
 void TestDealWindow::reject() {
   deal_.TestDealCancel();
   ShowAll();
-}
-
-void TestDealWindow::closeEvent(QCloseEvent* event) {
-  reject();
-  event->ignore();
 }
 
 }  // namespace morvane::maintenance

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "maintenance/test_deal_view.h"
-#include "maintenance/ui/service_dialog.h"
+#include "maintenance/ui/work_dialog.h"
 #include "program/program.h"
 
 class QProgressBar;
-class QPushButton;
 
 namespace morvane {
 class ShownValue;
@@ -17,25 +16,18 @@ class TestDeal;
 class TestDeckView;
 
 /// `TestDealForm`: a test deal as it goes. Escape and the close box cancel it.
-class TestDealWindow final : public ServiceDialog, public TestDealView {
+class TestDealWindow final : public WorkDialog, public TestDealView {
  public:
   TestDealWindow(Program& program, TestDeal& deal, QWidget* parent);
-  TestDealWindow(const TestDealWindow&) = delete;
-  TestDealWindow& operator=(const TestDealWindow&) = delete;
-  ~TestDealWindow() override;
 
   void ShowState() override;
   void ShowError(machine::ErrorDialog& dialog) override;
 
   void reject() override;
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
   QWidget* MakeBody();
   QWidget* MakeTotals();
-  QWidget* MakeButtons();
   void ShowAll();
 
   Program& program_;
@@ -47,7 +39,6 @@ class TestDealWindow final : public ServiceDialog, public TestDealView {
   ShownValue* finished_ = nullptr;
   ShownValue* cards_ = nullptr;
   ShownValue* seconds_ = nullptr;
-  QPushButton* TestDealCancel_ = nullptr;
 };
 
 }  // namespace morvane::maintenance
