@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "cli/cli_desk.h"
+#include "platform/files.h"
 
 // maintain service-file.
 
