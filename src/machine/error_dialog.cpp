@@ -11,7 +11,7 @@ constexpr int kUnreadableLabel = 64;
 constexpr int kWrongLabel = 65;
 
 std::string PlaceOf(const Fault& fault) {
-  const std::string board = fault.Board == 0 ? "" : "Board " + std::to_string(fault.Board);
+  std::string board = fault.Board == 0 ? "" : "Board " + std::to_string(fault.Board);
   if (fault.Card == 0) return board;
   return (board.empty() ? "Card " : board + ", card ") + std::to_string(fault.Card) + " of " +
          std::to_string(kCards);
