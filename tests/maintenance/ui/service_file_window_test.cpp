@@ -1,5 +1,7 @@
 #include "maintenance/ui/service_file_window.h"
 
+#include <gmock/gmock.h>
+
 #include <QProgressBar>
 #include <filesystem>
 
