@@ -1,7 +1,5 @@
 #include "cli/console_calibration.h"
 
-#include "cli/service_lines.h"
-
 namespace morvane::cli {
 
 ConsoleCalibration::~ConsoleCalibration() {
@@ -19,8 +17,10 @@ void ConsoleCalibration::ShowCalibration() {
 
 void ConsoleCalibration::PrintSweeps() {
   progress_.Show("");
-  terminal_.Out(TextOf(ServiceLines{{"SensOn", std::to_string(calibration_.SensOn())}}) +
-                calibration_.Label3() + "\n");
+  terminal_.Out(calibration_.Label2() + "\n" + calibration_.Label3() + "\n");
+  if (calibration_.NeverSeen()) {
+    terminal_.Error("The switch has seen no board at any sensitivity. Is one in the slot?\n");
+  }
 }
 
 }  // namespace morvane::cli

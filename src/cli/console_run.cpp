@@ -16,7 +16,8 @@ ConsoleRun::ConsoleRun(EventLoop& loop, Terminal& terminal, machine::MachineRun&
       run_(run),
       request_(request),
       faults_(
-          loop, terminal, [&run] { return run.Cards().Leaving(); }, request.Yes),
+          loop, terminal, [&run] { return run.Cards().Leaving(); },
+          request.Yes ? FaultAnswers::By::kYes : FaultAnswers::By::kOperator),
       starter_(loop.StartTimer(kTickMs, [this] { Tick(); })),
       progress_(terminal) {}
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/printable.h"
+
 namespace morvane::cli {
 
 void ConsoleService::ShowAll() {
@@ -29,6 +31,10 @@ std::optional<int> IndexIn(OptionReader& given) {
 void TellBreak(Job& job, int boxesBefore) {
   const bool told = job.Place.Operator.BoxesShown() != boxesBefore;
   if (job.Place.Prog.Loop.Quitting() && !told) job.Place.Screen.Error("Broken off.\n");
+}
+
+void SayWritten(Terminal& terminal, const maintenance::ServiceFileRun& run) {
+  if (!run.Written.empty()) terminal.Out("Service_file: " + Printable(run.Written) + "\n");
 }
 
 void SayNoFirmware(Terminal& terminal) {

@@ -46,6 +46,9 @@ inline constexpr Option kIndexOption{"index", "standard|jumbo|small",
 /// Says that the command was interrupted, unless there have been boxes since `boxesBefore`.
 void TellBreak(Job& job, int boxesBefore);
 
+/// The path of the service file that was made, on the output; without one, nothing.
+void SayWritten(Terminal& terminal, const maintenance::ServiceFileRun& run);
+
 /// What is told where a command needs more than a machine without firmware can say.
 void SayNoFirmware(Terminal& terminal);
 

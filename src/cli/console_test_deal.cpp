@@ -20,11 +20,11 @@ ConsoleTestDeal::ConsoleTestDeal(Workplace& place, const TestDeal& deal, bool ye
                                  std::optional<TestDeal::End>& end)
     : place_(place),
       deal_(deal),
-      yes_(yes),
       end_(end),
       // A program that quits ends the question too.
       faults_(
-          place.Prog.Loop, place.Screen, [] { return false; }, yes),
+          place.Prog.Loop, place.Screen, [] { return false; },
+          yes ? FaultAnswers::By::kNo : FaultAnswers::By::kOperator),
       progress_(place.Screen) {}
 
 ConsoleTestDeal::~ConsoleTestDeal() {
@@ -37,10 +37,8 @@ void ConsoleTestDeal::ShowState() {
     progress_.Show(Progress());
     return;
   }
-  const std::string question = deal_.FailureText();
-  if (deal_.TestDealFailed() && question.empty()) return;  // what was seen comes next
-  if (yes_ && !question.empty()) place_.Operator.AnswerAlways(question, kOk);
-  PrintEnd();
+  const bool unasked = deal_.TestDealFailed() && deal_.FailureText().empty();
+  if (!unasked) PrintEnd();  // otherwise what was seen comes next
 }
 
 std::string ConsoleTestDeal::Progress() const {

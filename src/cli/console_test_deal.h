@@ -11,7 +11,7 @@
 namespace morvane::cli {
 
 /// The window `TestDealForm` on the terminal: how far the deal has come, and a line for what has
-/// come of it. With `yes` the service file of a failure is made.
+/// come of it. With `yes` a fault ends it.
 class ConsoleTestDeal final : public maintenance::TestDealView {
  public:
   /// `end` is filled when the window goes.
@@ -30,7 +30,6 @@ class ConsoleTestDeal final : public maintenance::TestDealView {
 
   Workplace& place_;
   const maintenance::TestDeal& deal_;
-  bool yes_;
   std::optional<maintenance::TestDeal::End>& end_;
   FaultAnswers faults_;
   ProgressLine progress_;

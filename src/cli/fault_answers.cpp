@@ -23,12 +23,12 @@ std::string PromptOf(const machine::ErrorDialog& dialog) {
 void FaultAnswers::Take(machine::ErrorDialog& dialog) {
   terminal_.Error(dialog.ErrorText() + "\n" + dialog.Error_code + "\n" + dialog.Error_board + "\n");
   dialog.Open([] {});
-  if (!yes_ && terminal_.CanAsk()) {
+  if (who_ == By::kOperator && terminal_.CanAsk()) {
     Ask(dialog);
     return;
   }
   const bool board = dialog.ButtonMode == machine::ButtonMode::kBoardError;
-  const bool goOn = yes_ && dialog.Continue_button.Visible && !board;
+  const bool goOn = who_ == By::kYes && dialog.Continue_button.Visible && !board;
   goOn ? dialog.PressContinue() : dialog.PressCancel();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -10,13 +11,15 @@
 
 namespace morvane::cli {
 
-/// Has the faults of a run answered on the terminal. With `yes` Continue is pressed where it is
-/// offered; that, or with nobody to ask, Cancel otherwise. A wrong board is cancelled by both.
+/// Has the faults of a run answered on the terminal. `kYes` presses Continue where it is offered,
+/// `kNo` never; that, or with nobody to ask, Cancel otherwise. A wrong board is cancelled by all.
 class FaultAnswers {
  public:
+  enum class By : std::uint8_t { kOperator, kYes, kNo };
+
   /// `leaving`: somebody wants to leave the run, which cancels.
-  FaultAnswers(EventLoop& loop, Terminal& terminal, std::function<bool()> leaving, bool yes)
-      : loop_(loop), terminal_(terminal), leaving_(std::move(leaving)), yes_(yes) {}
+  FaultAnswers(EventLoop& loop, Terminal& terminal, std::function<bool()> leaving, By who)
+      : loop_(loop), terminal_(terminal), leaving_(std::move(leaving)), who_(who) {}
 
   /// Shows the dialog and returns when it has been answered, by the pedal too.
   void Take(machine::ErrorDialog& dialog);
@@ -28,7 +31,7 @@ class FaultAnswers {
   EventLoop& loop_;
   Terminal& terminal_;
   std::function<bool()> leaving_;
-  bool yes_;
+  By who_;
 };
 
 }  // namespace morvane::cli

@@ -5,6 +5,7 @@
 #include "cli/console_calibration.h"
 #include "cli/console_service.h"
 #include "cli/service_lines.h"
+#include "maintenance/calibration_command.h"
 #include "text/box_text.h"
 
 namespace morvane::cli {
@@ -16,8 +17,8 @@ using maintenance::ParameterBoxes;
 
 class CalibrationService final : public ConsoleService {
  public:
-  CalibrationService(Maintenance& console, Workplace& place, bool yes, bool& done)
-      : ConsoleService(console), place_(place), yes_(yes), done_(done) {}
+  CalibrationService(Maintenance& console, Workplace& place, bool& done)
+      : ConsoleService(console), place_(place), done_(done) {}
 
   std::unique_ptr<maintenance::BoardCalibrationView> OpenBoardCalibration(
       maintenance::BoardCalibration& calibration) override {
@@ -28,8 +29,6 @@ class CalibrationService final : public ConsoleService {
   void Known() override {
     if (HasFirmware()) {
       const ParameterBoxes before = console_.Boxes();
-      // Elsewhere Yes does not press OK.
-      if (yes_) place_.Operator.AnswerAlways(place_.Prog.Texts.Msg125, kOk);
       console_.Calibrate_Board_Switch();
       if (!console_.LinkFailed()) done_ = IsKept(before);
     } else {
@@ -40,7 +39,11 @@ class CalibrationService final : public ConsoleService {
   /// What was written has been read back already.
   bool IsKept(const ParameterBoxes& before) {
     if (!recommended_) return Say("Nothing is calibrated.\n");
-    if (*recommended_ == 0) return Say("Board_Sen stays as it is.\n");
+    if (*recommended_ == 0) {
+      return Say(
+          "Board_Sen stays as it is. Until the machine starts anew, its switch works with what was "
+          "tried last.\n");
+    }
     ParameterBoxes wanted = before;
     wanted.ClampThresholds();  // as every write does
     wanted.Box(Parameter::Board_Sen).Put(*recommended_);
@@ -54,7 +57,6 @@ class CalibrationService final : public ConsoleService {
   }
 
   Workplace& place_;
-  const bool yes_;
   bool& done_;
   std::optional<int> recommended_;  ///< by a calibration that was begun
 };
@@ -66,10 +68,11 @@ MaintainCalibrateOptions ReadMaintainCalibrateOptions(OptionReader& given) {
 }
 
 ExitStatus MaintainCalibrate(Job& job, const MaintainCalibrateOptions& options) {
+  if (options.Yes) job.Place.Operator.PressOk(maintenance::kCalibrationCaption);
   const int before = job.Place.Operator.BoxesShown();
   bool done = false;
   Serve(job, std::nullopt, [&](Maintenance& console) {
-    return std::make_unique<CalibrationService>(console, job.Place, options.Yes, done);
+    return std::make_unique<CalibrationService>(console, job.Place, done);
   });
   if (!done) TellBreak(job, before);
   return done ? kDone : kFailed;
@@ -80,7 +83,8 @@ constinit const Command kMaintainCalibrateCommand{
     .Summary =
         "Finds at which sensitivity the board switch loses the board that is in the machine, and "
         "has the machine keep what is recommended. The exit status is 0 only when the machine "
-        "holds that; otherwise, and when it is interrupted, Board_Sen stays as it is.",
+        "holds that; otherwise, and when it is interrupted, Board_Sen stays as it is, unless the "
+        "link was lost while it was written.",
     .Prepare = TaskOf<ReadMaintainCalibrateOptions, MaintainCalibrate>};
 
 }  // namespace morvane::cli

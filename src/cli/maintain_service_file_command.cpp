@@ -5,7 +5,6 @@
 #include "cli/console_gathering.h"
 #include "cli/console_service.h"
 #include "maintenance/service_file_command.h"
-#include "text/printable.h"
 
 namespace morvane::cli {
 namespace {
@@ -14,8 +13,8 @@ using maintenance::Maintenance;
 
 class ServiceFileService final : public ConsoleService {
  public:
-  ServiceFileService(Maintenance& console, Terminal& terminal, std::string& written)
-      : ConsoleService(console), terminal_(terminal), written_(written) {}
+  ServiceFileService(Maintenance& console, Terminal& terminal, ExitStatus& status)
+      : ConsoleService(console), terminal_(terminal), status_(status) {}
 
   std::unique_ptr<maintenance::ServiceFileView> OpenServiceFile(
       maintenance::ServiceGathering& gathering) override {
@@ -26,15 +25,24 @@ class ServiceFileService final : public ConsoleService {
   void Known() override {
     if (HasFirmware()) {
       console_.Email();
-      written_ = console_.ServiceFiles().Written;
+      TellEnd();
     } else {
       SayNoFirmware(terminal_);
     }
     console_.Exit();
   }
+  /// A link that was lost behind the file has left the machine's outputs on.
+  void TellEnd() {
+    if (console_.ServiceFiles().Written.empty()) {
+      terminal_.Error("No service file was made.\n");
+      return;
+    }
+    SayWritten(terminal_, console_.ServiceFiles());
+    status_ = console_.LinkFailed() ? kPartly : kDone;
+  }
 
   Terminal& terminal_;
-  std::string& written_;
+  ExitStatus& status_;
 };
 
 }  // namespace
@@ -45,23 +53,19 @@ MaintainServiceFileOptions ReadMaintainServiceFileOptions(OptionReader& given) {
 
 ExitStatus MaintainServiceFile(Job& job, const MaintainServiceFileOptions& options) {
   if (options.Yes) job.Place.Operator.PressOk(maintenance::kServiceFileCaption);
-  std::string written;
+  ExitStatus status = kFailed;
   Serve(job, std::nullopt, [&](Maintenance& console) {
-    return std::make_unique<ServiceFileService>(console, job.Place.Screen, written);
+    return std::make_unique<ServiceFileService>(console, job.Place.Screen, status);
   });
-  if (written.empty()) {
-    job.Place.Screen.Error("No service file was made.\n");
-    return kFailed;
-  }
-  job.Place.Screen.Out("Service_file: " + Printable(written) + "\n");
-  return kDone;
+  return status;
 }
 
 constinit const Command kMaintainServiceFileCommand{
     .Name = "maintain service-file",
     .Summary =
         "Gathers what a technician at a distance needs, the pictures of the card in front of the "
-        "camera included, into one file in the data folder, and shows its name.",
+        "camera included, into one file in the data folder, and shows its name. The exit status is "
+        "3 when the link was lost behind it, so that the machine's lights stay on.",
     .Prepare = TaskOf<ReadMaintainServiceFileOptions, MaintainServiceFile>};
 
 }  // namespace morvane::cli

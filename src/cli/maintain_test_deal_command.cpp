@@ -5,6 +5,8 @@
 
 #include "cli/console_service.h"
 #include "cli/console_test_deal.h"
+#include "cli/service_lines.h"
+#include "maintenance/test_deal_command.h"
 #include "text/box_text.h"
 
 namespace morvane::cli {
@@ -25,20 +27,18 @@ class TestDealService final : public ConsoleService {
  private:
   void Known() override {
     if (HasFirmware()) {
-      if (yes_) AnswerPrompts();
       console_.DealTest();
-      done_ = end_ == TestDeal::End::kRanOut && !place_.Prog.Loop.Quitting();
-      if (!end_ && !console_.LinkFailed()) place_.Screen.Error("Nothing is dealt.\n");
+      TellEnd();
     } else {
       SayNoFirmware(place_.Screen);
     }
     console_.Exit();
   }
-  /// Elsewhere Yes does not press OK.
-  void AnswerPrompts() {
-    const Messages& texts = place_.Prog.Texts;
-    place_.Operator.AnswerAlways(texts.Msg120, kOk);
-    place_.Operator.AnswerAlways(texts.Msg123, kOk);
+  void TellEnd() {
+    const bool broken = console_.LinkFailed() || place_.Prog.Loop.Quitting();
+    done_ = end_ == TestDeal::End::kRanOut && !broken;
+    if (!end_ && !broken) place_.Screen.Error("Nothing is dealt.\n");
+    SayWritten(place_.Screen, console_.ServiceFiles());
   }
 
   Workplace& place_;
@@ -56,6 +56,7 @@ MaintainTestDealOptions ReadMaintainTestDealOptions(OptionReader& given) {
 }
 
 ExitStatus MaintainTestDeal(Job& job, const MaintainTestDealOptions& options) {
+  if (options.Yes) job.Place.Operator.PressOk(maintenance::kTestDealCaption);
   bool done = false;
   Serve(job, options.Index, [&](Maintenance& console) {
     return std::make_unique<TestDealService>(console, job.Place, options.Yes, done);
@@ -71,7 +72,8 @@ constinit const Command kMaintainTestDealCommand{
     .Summary =
         "Deals a deck that lies in a known order, to find out which card is taken for another. "
         "With --yes it deals again and again until there is a difference, which makes a service "
-        "file, or an error, or until it is interrupted. The exit status is 0 only when nobody "
+        "file, or a fault, which is not gone on behind, or until it is interrupted. The exit "
+        "status is 0 only when nobody "
         "wanted another deal behind one without a difference.",
     .Prepare = TaskOf<ReadMaintainTestDealOptions, MaintainTestDeal>};
 

@@ -1,6 +1,7 @@
 #include "cli/service_file_command.h"
 
 #include <array>
+#include <filesystem>
 
 #include "cli/camera_service.h"
 #include "cli/console_service.h"
@@ -113,6 +114,15 @@ bool MayWrite(Job& job, const ServiceFileOptions& options, const std::string& ou
   return !IsItself(job, {options.In, out, "service file"}) && MayWritePicture(job, out);
 }
 
+/// Also where the two are written in other ways.
+bool IsOneFile(const std::string& one, const std::string& other) {
+  std::error_code unknown;
+  const auto plain = [&](const std::string& path) {
+    return std::filesystem::weakly_canonical(PathOfUtf8(path), unknown);
+  };
+  return plain(one) == plain(other);
+}
+
 std::string PictureIn(OptionReader& given, const std::string& name) {
   const auto path = given.Text(name);
   if (!path) return {};
@@ -136,7 +146,7 @@ ServiceFileOptions ReadServiceFileOptions(OptionReader& given) {
                              .Picture = PictureIn(given, "picture"),
                              .Labels = PictureIn(given, "labels"),
                              .Index = IndexIn(given)};
-  if (!options.Picture.empty() && options.Picture == options.Labels) {
+  if (!options.Picture.empty() && IsOneFile(options.Picture, options.Labels)) {
     given.Refuse("--picture and --labels are the same file");
   }
   return options;

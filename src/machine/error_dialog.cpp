@@ -111,8 +111,9 @@ void ErrorDialog::Close(DialogAnswer answer) {
 }
 
 DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
-                           DialogAnswer standing, const Fault& fault) {
+                           DialogAnswer standing, const Fault& fault, bool pedalFreesLink) {
   ErrorDialog dialog(program, machine, standing, fault);
+  dialog.PedalFreesLink = pedalFreesLink;
   dialog.OnLinkLost = [&view] { view.ShowState(); };
   view.ShowError(dialog);
   return dialog.DialogResult;

@@ -85,6 +85,7 @@ class FaultView {
 
 /// Asks about `MachineError` or the wrong board; `standing` is the answer until one is given.
 [[nodiscard]] DialogAnswer AskAboutError(Program& program, Machine& machine, FaultView& view,
-                                         DialogAnswer standing, const Fault& fault);
+                                         DialogAnswer standing, const Fault& fault,
+                                         bool pedalFreesLink = true);
 
 }  // namespace morvane::machine

@@ -1,6 +1,7 @@
 #include "maintenance/board_calibration.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/box_text.h"
 #include "wire/service_commands.h"
@@ -19,8 +20,9 @@ wire::WriteParametersCommand<wire::VideoBlock> Trial(int sensitivity) {
 
 }  // namespace
 
-BoardCalibration::BoardCalibration(Program& program, ServiceLink& link)
-    : program_(program), link_(link) {
+BoardCalibration::BoardCalibration(Program& program, ServiceLink& link,
+                                   std::function<bool()> leaving)
+    : program_(program), link_(link), leaving_(std::move(leaving)) {
   points_.reserve(std::size_t{2} * kHighest);
 }
 
@@ -67,7 +69,8 @@ bool BoardCalibration::Step(Sweep way, BoardCalibrationView& view) {
                    : trialSensitivity_ * kHalf / kHighest + kHalf;
   label1_ = "Check: " + std::to_string(trialSensitivity_) + "    " + std::to_string(boardSeen_);
   view.ShowCalibration();
-  return program_.Loop.Pump() && !cancelRequested_;
+  program_.Loop.Pump();
+  return !cancelRequested_ && !leaving_();
 }
 
 std::optional<int> BoardCalibration::First(Sweep way, bool seen) const {
@@ -90,9 +93,8 @@ bool BoardCalibration::Ask() {
     program_.ShowMessage(texts.Msg113, kOkCritical, kCaption);
     return false;
   }
-  const std::string text = sensOn_ >= kMostRecommended
-                               ? texts.Msg114
-                               : Fill(texts.Msg115, "***", std::to_string(recommendedSensitivity_));
+  if (sensOn_ >= kMostRecommended) return program_.Ask(texts.Msg114, kYesNo, kCaption) == kYes;
+  const std::string text = Fill(texts.Msg115, "***", std::to_string(recommendedSensitivity_));
   return program_.Ask(text, kYesNoInformation, kCaption) == kYes;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,7 +29,8 @@ class BoardCalibration {
     bool operator==(const Point&) const = default;
   };
 
-  BoardCalibration(Program& program, ServiceLink& link);
+  /// `leaving`: the service or the program is to end, which cancels.
+  BoardCalibration(Program& program, ServiceLink& link, std::function<bool()> leaving);
 
   /// Once.
   void Run(BoardCalibrationView& view);
@@ -50,6 +52,10 @@ class BoardCalibration {
   /// was going up again.
   [[nodiscard]] std::optional<int> LostAt() const { return First(Sweep::kDown, false); }
   [[nodiscard]] std::optional<int> SeenAgainAt() const { return First(Sweep::kUp, true); }
+  /// The switch has seen no board at any sensitivity: there may be none.
+  [[nodiscard]] bool NeverSeen() const {
+    return Over() && LostAt() == kHighest && SeenAgainAt() == std::nullopt;
+  }
   [[nodiscard]] const std::string& Label1() const { return label1_; }
   [[nodiscard]] const std::string& Label2() const { return label2_; }
   [[nodiscard]] const std::string& Label3() const { return label3_; }
@@ -66,6 +72,7 @@ class BoardCalibration {
 
   Program& program_;
   ServiceLink& link_;
+  std::function<bool()> leaving_;
   std::vector<Point> points_;
   int trialSensitivity_ = kHighest;
   int boardSeen_ = 1;

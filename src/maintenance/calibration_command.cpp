@@ -5,11 +5,6 @@
 #include "text/text.h"
 
 namespace morvane::maintenance {
-namespace {
-
-constexpr const char* kCaption = "Calibrate Board Switch";
-
-}  // namespace
 
 std::string WhyNoCalibration(const machine::Machine& machine) {
   if (!machine.HasHardware(wire::IdentityReply::kOpticalBoardSwitch)) {
@@ -32,17 +27,17 @@ void CalibrationCommand::Run() {
 bool CalibrationCommand::CanDo() {
   const std::string whyNot = WhyNoCalibration(machine_);
   if (!whyNot.empty()) {
-    program_.ShowMessage("      " + whyNot + "      ", kOkCritical, kCaption);
+    program_.ShowMessage("      " + whyNot + "      ", kOkCritical, kCalibrationCaption);
   }
   return whyNot.empty();
 }
 
 bool CalibrationCommand::BoardIsIn() {
-  return program_.Ask(program_.Texts.Msg125, kOkCancel, kCaption) == kOk;
+  return program_.Ask(program_.Texts.Msg125, kOkCancel, kCalibrationCaption) == kOk;
 }
 
 int CalibrationCommand::Calibrate() {
-  BoardCalibration calibration(program_, link_);
+  BoardCalibration calibration(program_, link_, [this] { return host_.Leaving(); });
   const auto window = host_.View().OpenBoardCalibration(calibration);
   calibration.Run(*window);
   return calibration.RecommendedSensitivity();

@@ -14,6 +14,9 @@ inline constexpr machine::VersionGate kCalibrationGate{0x80, nullptr};
 /// Why the board switch of this machine cannot be calibrated; empty: it can.
 [[nodiscard]] std::string WhyNoCalibration(const machine::Machine& machine);
 
+/// The title of its prompt.
+inline constexpr const char* kCalibrationCaption = "Calibrate Board Switch";
+
 /// The button `Calibrate_Board_Switch`: the prompt, the window's sweeps, and what the machine is to
 /// keep of them. Whoever runs it has the link, and nothing else takes it meanwhile.
 class CalibrationCommand {

@@ -239,9 +239,9 @@ void Maintenance::Calibrate_Board_Switch() {
 
 void Maintenance::DealTest() {
   AtMachine([this] {
-    TestDealCommand(program_, link_, machine_, poll_, parameters_, serviceFile_, *this, [this] {
-      CreateServiceFile();
-    }).Run();
+    TestDealCommand(program_, link_, machine_, poll_, parameters_, bench_, serviceFile_, *this,
+                    [this] { CreateServiceFile(); })
+        .Run();
   });
 }
 

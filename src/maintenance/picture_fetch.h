@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "machine/card_settings.h"
 #include "machine/gates.h"
 #include "maintenance/picture_store.h"
 #include "maintenance/service_link.h"
@@ -15,6 +16,12 @@ inline constexpr machine::VersionGate kFocusGate{0x72, nullptr};
                                      const wire::CaptureReply& reply) {
   return machine.Version.FirmwareMajor > 2 ||
          (machine::Passes(machine, kFocusGate) && reply.IsMarked());
+}
+
+/// The recognition of a card of these.
+[[nodiscard]] inline wire::RecogniseCommand RecognitionOf(const machine::CardSettings& cards) {
+  const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
+  return {byte(cards.National), byte(cards.CardType), byte(cards.Threshold), byte(cards.CardIndex)};
 }
 
 /// Fetches the picture in the machine line by line into `pictures`, as what its `ImageMode` says.

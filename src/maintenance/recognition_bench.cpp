@@ -6,8 +6,6 @@
 namespace morvane::maintenance {
 namespace {
 
-std::uint8_t ByteOf(int value) { return static_cast<std::uint8_t>(value); }
-
 /// The pixels between the two.
 std::string Between(std::uint8_t low, std::uint8_t high) { return std::to_string(high - low - 1); }
 
@@ -32,8 +30,8 @@ void RecognitionBench::CapturePicture() {
   ClearResults();
   lastPictureKind_ = PictureStore::Kind::kGrey;
   host_.View().ShowAll();
-  const int index = parameters_.CardSelection.CardIndex;
-  if (const auto reply = link_.Ask(wire::CaptureCommand{ByteOf(index)})) Take(*reply);
+  const std::uint8_t index = RecognitionOf(parameters_.CardSelection).Index;
+  if (const auto reply = link_.Ask(wire::CaptureCommand{index})) Take(*reply);
   recoOn_ = true;  // whatever stopped it
 }
 
@@ -41,10 +39,7 @@ void RecognitionBench::Recognise() {
   ClearResults();
   lastPictureKind_ = PictureStore::Kind::kLabels;
   host_.View().ShowAll();
-  const machine::CardSettings& cards = parameters_.CardSelection;
-  const auto verdict =
-      link_.Ask(wire::RecogniseCommand{ByteOf(cards.National), ByteOf(cards.CardType),
-                                       ByteOf(cards.Threshold), ByteOf(cards.CardIndex)});
+  const auto verdict = link_.Ask(RecognitionOf(parameters_.CardSelection));
   if (verdict) Take(*verdict);
   Measure();
   recoOn_ = !holdStop_;

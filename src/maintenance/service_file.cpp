@@ -11,7 +11,8 @@ namespace {
 class LineText {
  public:
   LineText& Add(std::string_view field) {
-    text_.append(empty_ ? "" : ",").append(field);
+    // What would break the line, or be taken for damage.
+    text_.append(empty_ ? "" : ",").append(WithoutControls(std::string(field)));
     empty_ = false;
     return *this;
   }

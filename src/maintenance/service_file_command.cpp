@@ -28,15 +28,17 @@ std::string HexOf(const Bytes& bytes) {
   return text;
 }
 
-/// In the order of the file's line.
+/// The box of that name.
+const ValueBox& BoxOf(const ParameterBoxes& boxes, std::string_view name) {
+  std::size_t at = 0;
+  while (NameOf(static_cast<Parameter>(at)) != name) ++at;
+  return boxes.Box(static_cast<Parameter>(at));
+}
+
 ServiceFile::Record RecordIn(const ParameterBoxes& boxes) {
-  constexpr std::array kOrder{Parameter::pos_x,      Parameter::pos_y,      Parameter::start_x,
-                              Parameter::start_y,    Parameter::Sym_x_min,  Parameter::Sym_y_min,
-                              Parameter::Sym_x_max,  Parameter::Sym_y_max,  Parameter::Suit_x_min,
-                              Parameter::Suit_y_min, Parameter::Suit_x_max, Parameter::Suit_y_max};
   ServiceFile::Record record;
-  std::transform(kOrder.begin(), kOrder.end(), record.begin(),
-                 [&boxes](Parameter parameter) { return boxes.Box(parameter).Text(); });
+  std::transform(kRecordNames.begin(), kRecordNames.end(), record.begin(),
+                 [&boxes](std::string_view name) { return BoxOf(boxes, name).Text(); });
   return record;
 }
 

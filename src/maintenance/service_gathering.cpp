@@ -11,8 +11,6 @@ using Kind = PictureStore::Kind;
 constexpr int kSettleMs = 1000;
 constexpr int kHeardMs = 50;
 
-std::uint8_t ByteOf(int value) { return static_cast<std::uint8_t>(value); }
-
 }  // namespace
 
 bool ServiceGathering::Run(ServiceFileView& view) {
@@ -23,7 +21,10 @@ bool ServiceGathering::Run(ServiceFileView& view) {
   const bool gathered = Settle(5) && Settle(10) &&
                         (run_.TestDealError ? FetchErrorPictures() : TakePictures()) && Labels();
   stage_ = Stage::kOver;
-  if (gathered) Show(progress_);
+  if (gathered) {
+    Show(progress_);
+    program_.Loop.Paint();
+  }
   return gathered;
 }
 
@@ -40,12 +41,10 @@ bool ServiceGathering::Settle(int progress) {
 }
 
 bool ServiceGathering::TakePictures() {
-  if (const auto taken = link_.Ask(wire::CaptureCommand{ByteOf(cards_.CardIndex)})) Take(*taken);
+  if (const auto taken = link_.Ask(wire::CaptureCommand{RecognitionOf(cards_).Index})) Take(*taken);
   Show(15);
   if (!GoesOn() || !Fetch<wire::PictureLineCommand>(Kind::kGrey, 15, 45)) return false;
-  const auto verdict =
-      link_.Ask(wire::RecogniseCommand{ByteOf(cards_.National), ByteOf(cards_.CardType),
-                                       ByteOf(cards_.Threshold), ByteOf(cards_.CardIndex)});
+  const auto verdict = link_.Ask(RecognitionOf(cards_));
   if (verdict) run_.LastVerdict = *verdict;
   return GoesOn();
 }

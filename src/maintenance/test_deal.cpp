@@ -128,18 +128,11 @@ bool TestDeal::GoesOnBehindFault() {
 }
 
 machine::DialogAnswer TestDeal::AnswerFault() {
-  const machine::DialogAnswer answer = AskAboutFault();
+  const int card = CardsDealt_ < kCards ? CardsDealt_ + 1 : 0;
+  const machine::DialogAnswer answer =
+      machine::AskAboutError(program_, machine_, *view_, machine::kStop, {.Card = card}, false);
   program_.Loop.WaitMs(kAfterErrorMs);
   return answer;
-}
-
-/// The dialog's poll ends with it.
-machine::DialogAnswer TestDeal::AskAboutFault() {
-  const int card = CardsDealt_ < kCards ? CardsDealt_ + 1 : 0;
-  machine::ErrorDialog dialog(program_, machine_, machine::kStop, {.Card = card});
-  dialog.PedalFreesLink = false;
-  view_->ShowError(dialog);
-  return dialog.DialogResult;
 }
 
 /// The machine, whatever it was at, is idle when it has told its version.

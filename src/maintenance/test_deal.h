@@ -95,7 +95,6 @@ class TestDeal {
   bool GoesOn();
   bool GoesOnBehindFault();
   machine::DialogAnswer AnswerFault();
-  machine::DialogAnswer AskAboutFault();
   void EndIdle(bool cancelled);
   void Fail();
   bool Finish(End end, const char* words);

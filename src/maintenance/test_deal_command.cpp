@@ -11,7 +11,6 @@ namespace {
 
 using wire::OutputsCommand;
 
-constexpr const char* kCaption = "Test Deal";
 // Another function's: required.
 constexpr const char* kGateCaption = "Auto Setup";
 
@@ -88,12 +87,13 @@ TestDealCommand::Next TestDealCommand::AskAbout(TestDeal& deal) {
 TestDealCommand::Next TestDealCommand::AskAboutFailure(TestDeal& deal) {
   const auto verdict = link_.Ask(wire::TestVerdictCommand{});
   if (!verdict) return Next::kOver;
+  bench_.TakeError(*verdict);
   deal.TakeVerdict(*verdict);
   return Agrees(deal.FailureText()) ? Next::kServiceFile : Next::kOver;
 }
 
 bool TestDealCommand::Agrees(const std::string& text) {
-  return program_.Ask(text, kOkCancel, kCaption) == kOk;
+  return program_.Ask(text, kOkCancel, kTestDealCaption) == kOk;
 }
 
 }  // namespace morvane::maintenance

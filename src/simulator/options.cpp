@@ -15,7 +15,7 @@ constexpr std::string_view kName = "simulated";
 constexpr std::string_view kKeys =
     "speed, firmware, boot, hardware, serial, noise, seed, fault, deck, swap, packs, carry, "
     "answers-writes, index, letters, ideal, symbol, suit, card, misread, focus-marker, "
-    "board-switch, flash, erase, store, pack";
+    "board, board-switch, flash, erase, store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -164,6 +164,12 @@ bool TakeSwap(std::string_view value, Options& options) {
   return true;
 }
 
+bool TakeBoard(std::string_view value, Options& options) {
+  const auto board = NumberIn<int>(value, 1, Options::kLabels);
+  if (board) options.Board = *board;
+  return board.has_value();
+}
+
 bool TakeBoardSwitch(std::string_view value, Options& options) {
   const auto levels = PairIn(value, '/', {0, 0}, {255, 255});
   if (!levels || levels->First >= levels->Second) return false;
@@ -240,7 +246,7 @@ struct Key {
   std::string_view Expected;
 };
 
-constexpr std::array<Key, 26> kKeyTable{{
+constexpr std::array<Key, 27> kKeyTable{{
     {"speed", TakeSpeed, "a number from 0 to 1000, 1 being the pace of a real machine"},
     {"firmware", TakeFirmware, "a version with two digits behind the point, such as 2.90"},
     {"boot", TakeBoot, "a version with two digits behind the point; 0.00 is no firmware"},
@@ -262,6 +268,7 @@ constexpr std::array<Key, 26> kKeyTable{{
     {"card", TakeCard, kCardWords},
     {"misread", TakeMisread, kCardWords},
     {"focus-marker", TakeFocusMarker, "0 or 1"},
+    {"board", TakeBoard, "a number from 1 to 70"},
     {"board-switch", TakeBoardSwitch, "LOST/SEEN, both from 0 to 255 and the first one below"},
     {"flash", TakeFlash,
      "BLOCK:STATUS with block 0 to 1023, start, erase-record or write-record, and status 0 to 255"},
@@ -316,7 +323,8 @@ std::string OptionsUsage(std::size_t indent) {
          "deck=shuffled,swap=A:B,packs=4,carry=right," + next +
          "answers-writes=0,index=standard,letters=0,ideal=X/Y," + next +
          "symbol=WxH,suit=WxH,card=ST,misread=none,focus-marker=1," + next +
-         "board-switch=101/120,flash=BLOCK:STATUS,erase=0," + next + "store=FILE,pack=FILE]";
+         "board=N,board-switch=101/120,flash=BLOCK:STATUS,erase=0," + next +
+         "store=FILE,pack=FILE]";
 }
 
 }  // namespace morvane::simulator

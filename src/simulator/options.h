@@ -95,6 +95,8 @@ struct Options {
   int Card = kTenOfSpades;  ///< machine card 1..52 in front of the camera, 0 for none
   int Misread = 0;          ///< machine card that it takes every card for, 0 for none
   bool MarksFocus = true;   ///< it says that it has measured the focus
+  static constexpr int kLabels = 70;
+  int Board = 0;  ///< 1..70 in the slot from the start, 0 for none
   SwitchLevels BoardSwitch;
   bool operator==(const Options&) const = default;
 

@@ -13,6 +13,8 @@ namespace {
 
 using namespace wire;
 
+constexpr std::uint8_t kTestDealSince = 0x83;
+
 /// The list of a start command without the jokers, who are in no pack of a bridge run.
 CardBytes WithoutJokers(CardBytes pockets) {
   std::fill(pockets.Bytes.begin() + kCards, pockets.Bytes.end(), std::uint8_t{0});
@@ -71,7 +73,8 @@ bool RunOrgan::StoreRoute(const Frame& command, Frame& reply) {
   const auto route = Get<RouteCommand>(command);
   if (!Agrees(route, command) || !NamesPlaces(route.Order)) return false;
   if (route.Count < 1 || route.Count > CardBytes::kPlaces) return false;
-  if (route.TestDeal && !NamesAPack(route)) return false;
+  if (route.TestDeal && (!NamesAPack(route) || !options_.FirmwareSince(kTestDealSince)))
+    return false;
   route_ = {route.Count, route.Order, route.TestDeal};
   return Accept(reply);
 }

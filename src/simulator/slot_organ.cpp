@@ -10,6 +10,7 @@ using namespace wire;
 namespace {
 
 constexpr std::uint8_t kLabelsSince = 0x37;
+constexpr std::uint8_t kSwitchSince = 0x80;
 
 }  // namespace
 
@@ -21,7 +22,7 @@ void SlotOrgan::Insert(std::uint8_t label) {
 void SlotOrgan::Look(std::uint8_t sensitivity) {
   if (!slot_.Occupied() || sensitivity <= options_.BoardSwitch.Lost) {
     seen_ = false;
-  } else if (sensitivity >= options_.BoardSwitch.Seen) {
+  } else if (sensitivity > options_.BoardSwitch.Seen) {
     seen_ = true;
   }
 }
@@ -45,7 +46,8 @@ bool SlotOrgan::AnswerLabel(const SensorHead& head, Frame& reply) const {
 }
 
 bool SlotOrgan::AnswerSwitch(const SensorHead& head, Frame& reply) const {
-  if ((options_.Hardware & IdentityReply::kOpticalBoardSwitch) == 0) return false;
+  const bool hasSwitch = (options_.Hardware & IdentityReply::kOpticalBoardSwitch) != 0;
+  if (!hasSwitch || !options_.FirmwareSince(kSwitchSince)) return false;
   Put(BoardSensorReply{head, seen_ ? std::uint8_t{1} : std::uint8_t{0}}, reply);
   return true;
 }

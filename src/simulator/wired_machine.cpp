@@ -31,7 +31,9 @@ WiredMachine::Time ThinkingTimeAt(double speed) {
 WiredMachine::WiredMachine(const Options& options)
     : firmware_(options),
       noise_(options.Noise, NoiseSeed(options)),
-      thinkingTime_(ThinkingTimeAt(options.Speed)) {}
+      thinkingTime_(ThinkingTimeAt(options.Speed)) {
+  if (options.Board != 0) InsertBoard(options.Board);
+}
 
 WiredMachine::Time WiredMachine::WireTime(std::size_t bytes) {
   return Time(std::lround(static_cast<double>(bytes) * kByteMicroseconds));

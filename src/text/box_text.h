@@ -24,6 +24,7 @@ inline constexpr std::string_view kCrLf = "\r\n";
 /// Buttons and icon of a message box, in the encoding of the catalogue's callers.
 enum BoxFlags : int {
   kOkCancel = 1,
+  kYesNo = 4,
   kOkCritical = 16,
   kOkCancelCritical = 17,
   kYesNoQuestion = 36,

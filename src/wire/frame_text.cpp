@@ -22,6 +22,10 @@ std::string OfNothing(const Frame& /*frame*/) { return ""; }
 
 std::string OfPoll(const Frame& command) {
   const std::uint8_t flags = Get<StatusCommand>(command).Flags;
+  constexpr unsigned kKnown =
+      StatusCommand::kBreak | StatusCommand::kPedalAck | StatusCommand::kBoxAck;
+  // The poll of a test deal, of which the break alone means something.
+  if ((flags & ~kKnown) != 0) return Get<TestPollCommand>(command).Break ? " break" : "";
   std::string text;
   if ((flags & StatusCommand::kBreak) != 0) text += " break";
   if ((flags & StatusCommand::kPedalAck) != 0) text += " pedal seen";

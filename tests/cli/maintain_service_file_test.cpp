@@ -81,8 +81,8 @@ TEST(MaintainServiceFile, ShowsHowFarItHasCome) {
   Desk desk;
   desk.Screen.Progress = true;
   EXPECT_EQ(desk.Make(), kDone);
-  EXPECT_THAT(desk.Screen.Errors, HasSubstr("Service file: 5 %"));
-  EXPECT_THAT(desk.Screen.Errors, HasSubstr("Service file: 98 %"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("Service file: 5 %"));
+  EXPECT_THAT(desk.Screen.Output, HasSubstr("Service file: 98 %"));
 }
 
 }  // namespace

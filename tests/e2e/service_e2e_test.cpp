@@ -70,16 +70,22 @@ TEST_F(ServiceEndToEnd, AnInterruptLeavesNoFileAndSaysSo) {
 }
 
 TEST_F(ServiceEndToEnd, ACalibrationIsKeptWithoutPower) {
-  std::string named = Start();
+  std::string named = Start(",board=5");
   const Outcome outcome = Yes(named, {"calibrate"});
   EXPECT_EQ(outcome.Status, 0) << outcome.Err;
-  EXPECT_THAT(outcome.Out, StartsWith("SensOn: 254\n")) << "nothing is in the slot";
-  EXPECT_THAT(outcome.Out, EndsWith("Board_Sen: 200\n"));
-  EXPECT_EQ(CountLines("   Board Switch Calibration: 254,255"), 1);
+  // Lost at 101 and below, seen above 120: the value counts on before it is shown.
+  EXPECT_EQ(outcome.Out, "On: 100\nOff: 122\nBoard_Sen: 90\n");
+  EXPECT_EQ(CountLines("   Board Switch Calibration: 100,122"), 1);
   machine->Signal(SIGTERM);
   machine->Finish();
   named = Start();
-  EXPECT_THAT(Maintain(named, {"parameters"}).Out, HasSubstr("\nBoard_Sen: 200\n"));
+  EXPECT_THAT(Maintain(named, {"parameters"}).Out, HasSubstr("\nBoard_Sen: 90\n"));
+}
+
+TEST_F(ServiceEndToEnd, AnEmptySlotIsToldBesideTheOutcome) {
+  const Outcome outcome = Yes(Start(), {"calibrate"});
+  EXPECT_THAT(outcome.Out, StartsWith("On: 254\nOff: 255\n"));
+  EXPECT_THAT(outcome.Err, HasSubstr("The switch has seen no board at any sensitivity."));
 }
 
 TEST_F(ServiceEndToEnd, ATestDealFindsTheCardsThatAreExchanged) {

@@ -16,11 +16,13 @@ using ::testing::ElementsAreArray;
 class ServiceFileOfASimulatedMachine : public ConsoleDesk {
  protected:
   std::vector<test::Bytes> lines;  ///< of pictures, as the machine said them
+  std::function<void()> WhenKnown;
 
   /// Its lines, [n] being line n.
   std::vector<std::string> Make(const std::string& options) {
     std::filesystem::create_directory(desk.Prog.Paths.Data);
     Start(options);
+    if (WhenKnown) WhenKnown();
     Damage = [this](const test::Bytes& plain, const test::Bytes& wire) {
       if (plain[0] == 0x01) lines.push_back(test::OffTheWire(wire, 21));
       return wire;
@@ -65,6 +67,16 @@ TEST_F(ServiceFileOfASimulatedMachine, HoldsWhatTheMachineHolds) {
   EXPECT_EQ(file[9], "50,40,50,40");
   EXPECT_EQ(file[413], std::to_string(sim->Parameters().Video.BoardSen) + ",128,128");
   EXPECT_EQ(file[410].substr(0, 10), "01.30,3.7,");
+  // At speed 0 the motors are at 14500 at once; each light costs 0.1 volts, the motors 0.3.
+  EXPECT_EQ(file[3], "1,0,0,0,1,1,0,0,OFF,OFF,ON,ON,25.3,23.5,0");
+  EXPECT_EQ(file[4], "14500,14500,14500,14500,35,35,35,35,35") << "no sensor is covered";
+  EXPECT_EQ(file[405], "8A4107D30C95E236,4DB8016FF00A23C7");
+  EXPECT_EQ(file[406].substr(0, 6), "0,0,0,") << "the machine stands";
+  const auto& symbol = console->Bench().SymbolBox();
+  EXPECT_EQ(symbol.XMax - symbol.XMin - 1, 24) << "the size that the print has";
+  EXPECT_EQ(symbol.YMax - symbol.YMin - 1, 40);
+  EXPECT_THAT(file[396], ::testing::EndsWith(",24,40,22,28"));
+  EXPECT_EQ(file[412].substr(0, file[412].find(',')), std::to_string(symbol.XMin));
 }
 
 TEST_F(ServiceFileOfASimulatedMachine, HasBothPicturesToThePixel) {
@@ -85,8 +97,19 @@ TEST_F(ServiceFileOfASimulatedMachine, NamesTheCardInFrontOfTheCamera) {
 }
 
 TEST_F(ServiceFileOfASimulatedMachine, CountsWhatTheMachineCounts) {
-  const auto file = Make("");
+  WhenKnown = [this] {
+    // Board 1 stops with code 30, which each of the two tries counts.
+    for (int i = 0; i < 2; ++i) {
+      machine.Exchange(wire::StartCommand{});
+      machine.Exchange(wire::StatusCommand{});
+      machine.Exchange(wire::StatusCommand{});
+    }
+    link.Write(wire::SetCounterCommand{77});
+  };
+  const auto file = Make("fault=1:1:30,fault=1:1:45");
+  EXPECT_EQ(file[397].substr(0, 5), "77,0,");
   const auto& counted = sim->Memory().Counted;
+  EXPECT_EQ(counted.Stops[30] + counted.Stops[45], 2U);
   std::vector<std::uint32_t> expected(256);
   std::copy(counted.Stops.begin(), counted.Stops.end(), expected.begin());
   expected[0] = counted.BoardsDealt;
@@ -104,7 +127,7 @@ TEST_F(ServiceFileOfASimulatedMachine, IsReadBackWhole) {
   Make("card=39");
   const auto read = ServiceFileIn(test::Content(console->ServiceFiles().Written));
   EXPECT_EQ(read.Fault(), std::nullopt);
-  EXPECT_EQ(read.Lines, 414);
+  EXPECT_EQ(read.Lines, 413) << "the last one is empty";
   EXPECT_EQ(read.File["Symbol"] + read.File["Suit"], "AD");
   for (int y = 0; y < 192; ++y) {
     for (int x = 0; x < 128; ++x) {

@@ -81,11 +81,6 @@ class TestDealDesk : public ServiceDesk {
     }
     return lines;
   }
-  [[nodiscard]] std::vector<std::string> Titles() const {
-    std::vector<std::string> titles;
-    for (const auto& box : desk.Ui.Boxes) titles.push_back(box.Title);
-    return titles;
-  }
 };
 
 }  // namespace morvane::maintenance
