@@ -6,6 +6,7 @@
 #include "generate/generate_form.h"
 #include "machine/run_dialogs.h"
 #include "maintenance/maintenance_view.h"
+#include "maintenance/read_service.h"
 #include "poker/poker_dialog.h"
 #include "print/hand_record.h"
 #include "shell/preferences.h"
@@ -24,6 +25,7 @@ class FlowWindows : public files::NumberDialog,
                     public analysis::DeepFDialog,
                     public poker::PokerDialog,
                     public maintenance::MaintenanceDialog,
+                    public maintenance::ReadServiceDialog,
                     public PreferencesDialog,
                     public StatisticsView {
  public:

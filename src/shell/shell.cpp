@@ -10,6 +10,7 @@
 #include "shell/maintenance_flow.h"
 #include "shell/new_flow.h"
 #include "shell/print_flow.h"
+#include "shell/read_service_flow.h"
 #include "shell/run_flows.h"
 
 namespace morvane::shell {
@@ -69,8 +70,7 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   if (!files.FirmwareFile.empty()) {
     Service(files.FirmwareFile);
   } else if (!startFile_.empty()) {
-    files::LoadBoardSet(program_, history_, windows_, startFile_);
-    RefreshStatistics();
+    OpenStartFile();
   }
   return outcome;
 }
@@ -79,6 +79,14 @@ void Shell::MenuNew() {
   if (FlowActive()) return;
   const Flow flow(*this);
   NewFlow(program_, generator_, history_, windows_, [this] { Keep(); });
+}
+
+void Shell::OpenStartFile() {
+  if (program_.ServiceLevel > 0 && maintenance::IsServiceFile(startFile_)) {
+    return ReadServiceFlow(program_, windows_, std::exchange(startFile_, {}));
+  }
+  files::LoadBoardSet(program_, history_, windows_, startFile_);
+  RefreshStatistics();
 }
 
 void Shell::MenuLoad() {
@@ -176,6 +184,12 @@ void Shell::MenuMaintenance() {
   Service({});
 }
 
+void Shell::MenuReadServiceFile() {
+  if (FlowActive()) return;
+  const Flow flow(*this);
+  ReadServiceFlow(program_, windows_, {});
+}
+
 void Shell::Service(const std::string& firmware, const std::string& status) {
   MaintenanceFlow(program_, machine_, pictures_, windows_, firmware);
   program_.Status(status);
@@ -261,8 +275,9 @@ void Shell::Timer2mmTick() {
     Service(request.File);
   }
   if (request.Pending == LinkRequest::kLoad) {
+    const Flow flow(*this);
     startFile_ = request.File;
-    MenuLoad();
+    OpenStartFile();
   }
   if (unsaved_ && unsaved_->FailureToTell()) {
     const Flow flow(*this);

@@ -67,6 +67,8 @@ class Shell {
   void MenuPrint();
   /// `cmdMaintenance`.
   void MenuMaintenance();
+  /// `Read_Service_File`.
+  void MenuReadServiceFile();
   /// Analize: all boards of the set.
   void MenuAnalyze();
   /// Within the flow of the editor or of a command: modal, and without a question. `board` 0: the
@@ -114,6 +116,9 @@ class Shell {
   void Timer2mmTick();
   void Keep();
   void WriteExit();
+  /// The file of a start or of a request from outside: a service file is shown to technicians, any
+  /// other is loaded.
+  void OpenStartFile();
   /// The service, with a `firmware` file for its download alone; `status` behind it.
   void Service(const std::string& firmware, const std::string& status = "Ready");
 

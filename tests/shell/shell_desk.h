@@ -112,6 +112,13 @@ class FakeWindows final : public FlowWindows {
     return std::make_unique<NoView>();
   }
 
+  bool ShowReadService(maintenance::ReadService& viewer, const std::string& path) override {
+    if (!HasWindows) return FlowWindows::ShowReadService(viewer, path);
+    ServiceFiles.push_back(path);
+    if (OnReadService) OnReadService(viewer);
+    return true;
+  }
+
   void ShowStatistics(const StatisticsPage& page) override {
     Pages.push_back(page);
     if (OnStatistics) OnStatistics();
@@ -136,6 +143,8 @@ class FakeWindows final : public FlowWindows {
   std::function<void(machine::BoardRun&)> OnRun;  ///< the window has been opened
   std::function<void(machine::SortingRun&)> OnSort;
   std::function<void(maintenance::Maintenance&)> OnMaintenance;
+  std::vector<std::string> ServiceFiles;  ///< that were to be shown; "": one to be asked for
+  std::function<void(maintenance::ReadService&)> OnReadService;
   std::vector<std::string> Analyses;              ///< the titles of their windows
   std::function<void(analysis::DeepF&)> OnDeepF;  ///< the window has been opened
 };

@@ -20,6 +20,7 @@ QFont Large(QFont font) {
 Indicator::Indicator(const QString& name, const QString& spokenName, const QString& widest,
                      QWidget* parent, const QColor& plain)
     : ShownValue(name, spokenName, parent), plain_(plain) {
+  setTextFormat(Qt::PlainText);
   setAlignment(Qt::AlignCenter);
   setFrameShape(QFrame::StyledPanel);
   setFont(Large(font()));

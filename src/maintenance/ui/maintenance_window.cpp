@@ -13,6 +13,7 @@
 #include "maintenance/advance_form.h"
 #include "maintenance/maintenance.h"
 #include "maintenance/ui/advance_window.h"
+#include "maintenance/ui/aside_page.h"
 #include "maintenance/ui/auto_setup_window.h"
 #include "maintenance/ui/board_calibration_window.h"
 #include "maintenance/ui/card_panel.h"
@@ -39,7 +40,6 @@ namespace {
 
 constexpr QSize kComfortable{880, 720};
 constexpr int kPicturePage = 1;
-constexpr const char* kPictureCaption = "Pic&ture";
 
 }  // namespace
 
@@ -78,7 +78,8 @@ MaintenanceWindow::~MaintenanceWindow() { hide(); }
 
 QWidget* MaintenanceWindow::MakeLive(const Program& program) {
   auto* live = new QWidget(this);
-  sensors_ = new SensorPanel(maintenance_, program.Time, live);
+  sensors_ = new SensorPanel(live);
+  sensors_->AddTraces();
   outputs_ = new OutputPanel(maintenance_, program.ServiceLevel, live);
   verdict_ = new VerdictPanel(maintenance_, program.ServiceLevel, live);
   auto* column = new QVBoxLayout(live);
@@ -93,15 +94,14 @@ QWidget* MaintenanceWindow::MakeLive(const Program& program) {
 
 QWidget* MaintenanceWindow::MakePages(Program& program) {
   auto* pages = new QWidget(this);
-  pages_ = new QHBoxLayout(pages);
-  pages_->setContentsMargins(0, 0, 0, 0);
-  pages_->setSpacing(0);
-  pages_->addWidget(tabs_ = new QTabWidget(pages));
+  auto* row = new QHBoxLayout(pages);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(tabs_ = new QTabWidget(pages));
   tabs_->setObjectName("tabs");
   tabs_->addTab(parameters_ = new ParameterPanel(maintenance_, tabs_), "&Parameters");
   picture_ = new PicturePanel(program, maintenance_, this);
-  picturePart_ = new ScrollingPart(picture_, this);
-  tabs_->insertTab(kPicturePage, picturePart_, kPictureCaption);
+  aside_ = std::make_unique<AsidePage>(*picture_, kPicturePage, "Pic&ture", *tabs_, *row);
   AddPage(cards_ = new CardPanel(maintenance_, this), "&Cards");
   AddPage(identity_ = new IdentityPanel(maintenance_, this), "&Identity");
   if (program.ServiceLevel >= 2) {
@@ -137,7 +137,11 @@ QWidget* MaintenanceWindow::MakeButtons() {
 }
 
 void MaintenanceWindow::ShowReadings() {
-  sensors_->Show();
+  const Readings& now = maintenance_.Console().Now();
+  // Once it has told anything it is blank only for want of light.
+  const bool unlit = now.Flip_Switch.Text.empty() && maintenance_.Console().StatusAnswers() > 0;
+  sensors_->Show(now, unlit);
+  sensors_->Follow(program_.Time.Elapsed(), now);
   outputs_->ShowReadings();
   verdict_->Show();
   picture_->ShowReadings();
@@ -231,30 +235,12 @@ void MaintenanceWindow::closeEvent(QCloseEvent* event) {
 
 /// All of it beside each other.
 int MaintenanceWindow::WidthBesidePicture() const {
-  return live_->sizeHint().width() + tabs_->sizeHint().width() + picturePart_->sizeHint().width() +
-         kServiceMargin;
+  return live_->sizeHint().width() + tabs_->sizeHint().width() + aside_->Width() + kServiceMargin;
 }
 
 void MaintenanceWindow::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  PlacePicture(width() >= WidthBesidePicture());
-}
-
-/// What has the focus in it keeps it.
-void MaintenanceWindow::PlacePicture(bool beside) {
-  if (std::exchange(beside_, beside) == beside) return;
-  QWidget* focus = focusWidget();
-  const bool inPicture = focus != nullptr && picture_->isAncestorOf(focus);
-  if (beside) {
-    tabs_->removeTab(tabs_->indexOf(picturePart_));
-    pages_->addWidget(picturePart_, 1);
-    picturePart_->show();
-  } else {
-    pages_->removeWidget(picturePart_);
-    tabs_->insertTab(kPicturePage, picturePart_, kPictureCaption);
-    if (inPicture) tabs_->setCurrentIndex(kPicturePage);
-  }
-  if (inPicture) focus->setFocus();
+  aside_->Place(width() >= WidthBesidePicture());
 }
 
 /// Enter presses the button that has the focus, and no other. An Escape that is held down has

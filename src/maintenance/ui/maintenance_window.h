@@ -6,7 +6,6 @@
 #include "maintenance/maintenance_view.h"
 #include "program/program.h"
 
-class QHBoxLayout;
 class QPushButton;
 class QTabWidget;
 
@@ -17,6 +16,7 @@ class ShownValue;
 
 namespace morvane::maintenance {
 
+class AsidePage;
 class CardPanel;
 class DeveloperPanel;
 class IdentityPanel;
@@ -73,7 +73,6 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   void ShowContact();
   void ShowDownload();
   [[nodiscard]] int WidthBesidePicture() const;
-  void PlacePicture(bool beside);
 
   Program& program_;
   Maintenance& maintenance_;
@@ -82,12 +81,10 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   SensorPanel* sensors_ = nullptr;
   OutputPanel* outputs_ = nullptr;
   VerdictPanel* verdict_ = nullptr;
-  QHBoxLayout* pages_ = nullptr;  ///< the tabs, and the picture where there is room for it
   QTabWidget* tabs_ = nullptr;
   ParameterPanel* parameters_ = nullptr;
   PicturePanel* picture_ = nullptr;
-  ScrollingPart* picturePart_ = nullptr;
-  bool beside_ = false;  ///< the picture stands beside the tabs, and is no page of theirs
+  std::unique_ptr<AsidePage> aside_;  ///< the picture
   CardPanel* cards_ = nullptr;
   IdentityPanel* identity_ = nullptr;
   DeveloperPanel* developer_ = nullptr;

@@ -26,7 +26,15 @@ OptionGroup::OptionGroup(const char* caption, int columns, std::initializer_list
 
 void OptionGroup::Show(int option) {
   option_ = option;
-  buttons_.button(option)->setChecked(true);
+  const auto buttons = buttons_.buttons();
+  buttons_.setExclusive(false);  // or one would stay chosen
+  for (auto* button : buttons) button->setChecked(buttons_.id(button) == option);
+  buttons_.setExclusive(true);
+}
+
+void OptionGroup::KeepReadOnly() {
+  const auto buttons = buttons_.buttons();
+  for (auto* button : buttons) MakeReadOnly(*button);
 }
 
 void OptionGroup::Click(int option) {

@@ -19,7 +19,10 @@ class OptionGroup final : public QGroupBox {
   OptionGroup(const char* caption, int columns, std::initializer_list<Option> options,
               std::function<void(int)> chosen, QWidget* parent);
 
+  /// -1: none.
   void Show(int option);
+  /// It only shows from now on.
+  void KeepReadOnly();
 
  private:
   void Click(int option);

@@ -11,24 +11,6 @@
 namespace morvane::maintenance {
 namespace {
 
-using wire::OutputsCommand;
-
-struct Output {
-  std::uint8_t Bit;
-  const char* Name;
-  const char* Caption;
-};
-
-constexpr std::array<Output, OutputPanel::kOutputs> kTable{{
-    {OutputsCommand::kMotors, "Motors", "&Motors on"},
-    {OutputsCommand::kGate1, "Gate1", "Gate &1"},
-    {OutputsCommand::kGate2, "Gate2", "Gate &2"},
-    {OutputsCommand::kGate3, "Gate3", "Gate &3"},
-    {OutputsCommand::kCamLeds, "Cam_leds", "Camera &LEDs"},
-    {OutputsCommand::kCamPower, "Cam_power", "Camera Po&wer"},
-    {OutputsCommand::kFrontGreenLed, "Front_green_led", "Front &Green LED"},
-    {OutputsCommand::kFrontRedLed, "Front_Red_Led", "Fro&nt Red LED"},
-}};
 constexpr int kColumns = 3;
 
 }  // namespace
@@ -36,10 +18,11 @@ constexpr int kColumns = 3;
 OutputPanel::OutputPanel(Maintenance& maintenance, int serviceLevel, QWidget* parent)
     : QGroupBox("Outputs", parent), maintenance_(maintenance) {
   QGridLayout* const grid = NewGrid(this);
-  for (std::size_t i = 0; i < kOutputs; ++i) {
-    auto* box = new QCheckBox(kTable[i].Caption, this);
-    box->setObjectName(kTable[i].Name);
-    connect(box, &QCheckBox::clicked, this, [this, i](bool on) { Switch(kTable[i].Bit, on); });
+  for (std::size_t i = 0; i < kOutputBoxes.size(); ++i) {
+    auto* box = new QCheckBox(kOutputBoxes[i].Caption, this);
+    box->setObjectName(kOutputBoxes[i].Name);
+    connect(box, &QCheckBox::clicked, this,
+            [this, i](bool on) { Switch(kOutputBoxes[i].Bit, on); });
     outputs_[i] = box;
     const int place = static_cast<int>(i);
     grid->addWidget(box, place / kColumns, place % kColumns);
@@ -71,8 +54,8 @@ void OutputPanel::Switch(std::uint8_t output, bool on) {
 
 void OutputPanel::Show() {
   setEnabled(maintenance_.Controls().MachineKnown);
-  for (std::size_t i = 0; i < kOutputs; ++i) {
-    outputs_[i]->setChecked((maintenance_.Console().Outputs & kTable[i].Bit) != 0);
+  for (std::size_t i = 0; i < kOutputBoxes.size(); ++i) {
+    outputs_[i]->setChecked((maintenance_.Console().Outputs & kOutputBoxes[i].Bit) != 0);
   }
   if (GateTest_ != nullptr) GateTest_->setChecked(maintenance_.Console().GateTest);
   ShowReadings();

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -14,18 +13,16 @@
 #include "maintenance/maintenance.h"
 #include "maintenance/picture_file.h"
 #include "maintenance/ui/measure_panel.h"
+#include "maintenance/ui/pixel_read_out.h"
 #include "maintenance/ui/pixel_view.h"
 #include "maintenance/ui/service_widgets.h"
 #include "platform/qt/scrolling_part.h"
-#include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
 namespace {
 
 constexpr int kUsualZoom = 2;
-
-QString NumberOrNone(bool known, int number) { return known ? QString::number(number) : QString(); }
 
 }  // namespace
 
@@ -94,19 +91,7 @@ QWidget* PicturePanel::MakeReadOuts() {
   auto* part = new QWidget(this);
   QGridLayout* const grid = NewGrid(part);
   grid->setContentsMargins(0, 0, 0, 0);
-  const auto add = [&](const char* name, const char* caption, const char* spoken,
-                       const char* widest, int column) {
-    auto* value = new ShownValue(name, spoken, part);
-    KeepSizeFor(*value, {widest});
-    grid->addWidget(new QLabel(caption, part), 0, column);
-    grid->addWidget(value, 0, column + 1);
-    return value;
-  };
-  Cur_x_ = add("Cur_x", "x", "Column of the pixel", "888", 0);
-  Cur_y_ = add("Cur_y", "y", "Row of the pixel", "888", 2);
-  Brightness_ = add("Brightness", "Brightness", "Brightness of the pixel", "888", 4);
-  zoom_ = add("Zoom", "Zoom", "Zoom", "8x", 6);
-  grid->setColumnStretch(8, 1);
+  grid->addWidget(readOut_ = new PixelReadOut(part), 0, 0);
   fetched_ = new QProgressBar(part);
   fetched_->setObjectName("Fetched");
   fetched_->setAccessibleName("Lines of the picture fetched");
@@ -120,7 +105,7 @@ QWidget* PicturePanel::MakeReadOuts() {
   row->addWidget(
       Add("Copy_picture", "Copy", "To the clipboard (Ctrl+C on the picture)", [this] { Copy(); }));
   row->addWidget(fetched_, 1);
-  grid->addLayout(row, 1, 0, 1, 9);
+  grid->addLayout(row, 1, 0);
   return part;
 }
 
@@ -176,18 +161,8 @@ void PicturePanel::PointAt(std::optional<QPoint> pixel) {
   ShowPoint();
 }
 
-/// Of what is painted, overlays included.
 void PicturePanel::ShowPoint() {
-  const QPoint at = point_.value_or(QPoint());
-  const bool known = point_.has_value();
-  const int red =
-      static_cast<int>(maintenance_.Bench().Pictures().Picture1.At(at.x(), at.y()) & 0xFFU);
-  ShowChanged(*Cur_x_, NumberOrNone(known, at.x()));
-  ShowChanged(*Cur_y_, NumberOrNone(known, at.y()));
-  ShowChanged(*Brightness_, NumberOrNone(known, red));
-  ShowChanged(*zoom_, QString::number(Picture1_->Zoom()) + "x");
-  Picture1_->Say(known ? QString("x %1, y %2, brightness %3").arg(at.x()).arg(at.y()).arg(red)
-                       : "");
+  readOut_->Show(maintenance_.Bench().Pictures().Picture1, point_, *Picture1_);
 }
 
 void PicturePanel::ShowProgress() {

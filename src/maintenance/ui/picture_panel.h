@@ -9,14 +9,11 @@
 class QProgressBar;
 class QPushButton;
 
-namespace morvane {
-class ShownValue;
-}
-
 namespace morvane::maintenance {
 
 class Maintenance;
 class MeasurePanel;
+class PixelReadOut;
 class PixelView;
 class RecognitionBench;
 
@@ -54,10 +51,7 @@ class PicturePanel final : public QWidget {
   QPushButton* AutoSetup_command_ = nullptr;
   QPushButton* Save_picture_ = nullptr;
   QProgressBar* fetched_ = nullptr;
-  ShownValue* Cur_x_ = nullptr;
-  ShownValue* Cur_y_ = nullptr;
-  ShownValue* Brightness_ = nullptr;
-  ShownValue* zoom_ = nullptr;
+  PixelReadOut* readOut_ = nullptr;
   MeasurePanel* measured_ = nullptr;
   int linesShown_ = 0;           ///< of the fetch that is under way
   std::optional<QPoint> point_;  ///< of the picture, at which the operator is

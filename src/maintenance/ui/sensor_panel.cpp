@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "maintenance/maintenance.h"
 #include "maintenance/ui/sensor_cell.h"
 #include "maintenance/ui/service_widgets.h"
 
@@ -44,8 +43,7 @@ QHBoxLayout* RowOf(QGroupBox* group) {
 
 }  // namespace
 
-SensorPanel::SensorPanel(const Maintenance& maintenance, const Clock& clock, QWidget* parent)
-    : QWidget(parent), maintenance_(maintenance), clock_(clock) {
+SensorPanel::SensorPanel(QWidget* parent) : QWidget(parent) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(kServiceSpacing);
@@ -95,7 +93,6 @@ QGroupBox* SensorPanel::MakeMotors() {
                                      {kStill, kRight, kWrong},
                                      kStillGround},
                                     group);
-    motors_[motor]->AddTrace({1, kRightSpeed});
     row->addWidget(motors_[motor]);
   }
   return group;
@@ -106,9 +103,7 @@ QGroupBox* SensorPanel::MakeInside() {
   auto* row = RowOf(group);
   Inside_temp_ = new SensorCell(
       {"Inside_temp", "Temperature \u00B0C", "Temperature inside", "88888.8", {}, {}}, group);
-  Inside_temp_->AddTrace({4, {}});
   Supply_volt_ = new SensorCell({"Supply_volt", "Supply V", "Supply", "8888.8", {}, {}}, group);
-  Supply_volt_->AddTrace({2, {}});
   row->addWidget(Inside_temp_);
   row->addWidget(Supply_volt_);
   return group;
@@ -126,28 +121,37 @@ QGroupBox* SensorPanel::MakeLabel() {
   return group;
 }
 
-void SensorPanel::Show() {
-  const Readings& now = maintenance_.Console().Now();
-  const Trace::Time time = clock_.Elapsed();
+void SensorPanel::AddTraces() {
+  for (std::size_t motor = 1; motor < motors_.size(); ++motor) {
+    motors_[motor]->AddTrace({1, kRightSpeed});
+  }
+  Inside_temp_->AddTrace({4, {}});
+  Supply_volt_->AddTrace({2, {}});
+}
+
+void SensorPanel::Show(const Readings& now, bool unlit) {
   for (std::size_t sensor = 1; sensor < photos_.size(); ++sensor) {
     photos_[sensor]->Show(now.Photo[sensor], PhotoWord(now.Photo[sensor]));
   }
   Front_Switch_->Show(now.Front_Switch);
   Cover_Switch_->Show(now.Cover_Switch);
   Box_Switch_->Show(now.Box_Switch);
-  // Once it has told anything it is blank only for want of light.
-  const bool unlit = now.Flip_Switch.Text.empty() && maintenance_.Console().StatusAnswers() > 0;
   Flip_Switch_->Show(now.Flip_Switch, unlit ? kNoLight : kNoWord);
   for (std::size_t motor = 1; motor < motors_.size(); ++motor) {
     motors_[motor]->Show(now.Motor_speed[motor], MotorWord(now.Motor_speed[motor]));
-    motors_[motor]->Follow(time, now.Motor_speed[motor]);
   }
   Inside_temp_->Show(now.Inside_temp);
-  Inside_temp_->Follow(time, now.Inside_temp);
   Supply_volt_->Show(now.Supply_volt);
-  Supply_volt_->Follow(time, now.Supply_volt);
   Board_no_txt_->ShowText(now.Board_no_txt);
   Board_no_test_txt_->ShowText(now.Board_no_test_txt);
+}
+
+void SensorPanel::Follow(Trace::Time time, const Readings& now) {
+  for (std::size_t motor = 1; motor < motors_.size(); ++motor) {
+    motors_[motor]->Follow(time, now.Motor_speed[motor]);
+  }
+  Inside_temp_->Follow(time, now.Inside_temp);
+  Supply_volt_->Follow(time, now.Supply_volt);
 }
 
 }  // namespace morvane::maintenance

@@ -3,21 +3,25 @@
 #include <QWidget>
 #include <array>
 
-#include "platform/clock.h"
+#include "maintenance/readings.h"
+#include "maintenance/trace.h"
 
 class QGroupBox;
 
 namespace morvane::maintenance {
 
-class Maintenance;
 class SensorCell;
 
 /// What all sensors of the machine say, each at its own place.
 class SensorPanel final : public QWidget {
  public:
-  /// `clock` says when a reading came.
-  SensorPanel(const Maintenance& maintenance, const Clock& clock, QWidget* parent);
-  void Show();
+  explicit SensorPanel(QWidget* parent);
+  /// Puts the picture of the last half minute under each measure.
+  void AddTraces();
+  /// `unlit`: the flip plate is not known for want of light.
+  void Show(const Readings& now, bool unlit);
+  /// The traces go on.
+  void Follow(Trace::Time time, const Readings& now);
 
  private:
   QGroupBox* MakePhotos();
@@ -26,8 +30,6 @@ class SensorPanel final : public QWidget {
   QGroupBox* MakeInside();
   QGroupBox* MakeLabel();
 
-  const Maintenance& maintenance_;
-  const Clock& clock_;
   std::array<SensorCell*, 6> photos_{};  ///< [1..5]
   SensorCell* Front_Switch_ = nullptr;
   SensorCell* Cover_Switch_ = nullptr;

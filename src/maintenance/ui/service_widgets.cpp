@@ -24,6 +24,11 @@ QPushButton* NewServiceButton(const char* name, const char* caption, std::functi
   return button;
 }
 
+void MakeReadOnly(QAbstractButton& button) {
+  button.setAttribute(Qt::WA_TransparentForMouseEvents);
+  button.setFocusPolicy(Qt::NoFocus);
+}
+
 QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent) {
   auto* label = new QLabel(caption, parent);
   label->setBuddy(control);

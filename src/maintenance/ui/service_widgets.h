@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <functional>
 
+class QAbstractButton;
 class QGridLayout;
 class QLabel;
 class QPushButton;
@@ -31,6 +32,8 @@ inline constexpr QColor kStillGround{0xFF, 0xFF, 0xFF};
 /// A button that Enter presses when it has the focus.
 [[nodiscard]] QPushButton* NewServiceButton(const char* name, const char* caption,
                                             std::function<void()> press, QWidget* parent);
+/// The button shows what it is, and cannot be pressed; it does not look as if it were off.
+void MakeReadOnly(QAbstractButton& button);
 /// A label of a control, which its letter reaches.
 [[nodiscard]] QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent);
 

@@ -1,15 +1,13 @@
 #include "shell/ui/main_menu.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QEvent>
 #include <QLabel>
-#include <QMimeData>
 #include <QStatusBar>
-#include <QUrl>
 #include <QVBoxLayout>
 
+#include "platform/qt/dragged_file.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_value.h"
@@ -26,12 +24,6 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
 constexpr QSize kComfortable{980, 620};
-
-/// The file that is dragged; empty when it is not a single one of this computer.
-QString DraggedFile(const QDropEvent& event) {
-  const QList<QUrl> urls = event.mimeData()->urls();
-  return urls.size() == 1 ? QDir::toNativeSeparators(urls.front().toLocalFile()) : QString();
-}
 
 }  // namespace
 

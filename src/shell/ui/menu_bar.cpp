@@ -1,30 +1,14 @@
 #include "shell/ui/menu_bar.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QHelpEvent>
 #include <QMenu>
-#include <QStatusTipEvent>
-#include <QToolTip>
 #include <utility>
 
 #include "shell/ui/recent_entries.h"
 
 namespace morvane::shell {
 
-namespace {
-
-/// Of an entry that has no flow.
-void SayWhyNot(QAction& entry) {
-  const QString why = QString(entry.text()).remove('&') + " is not available in this version yet";
-  entry.setToolTip(why);
-  entry.setStatusTip(why);
-}
-
-}  // namespace
-
 MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(parent) {
-  setStyle(&style_);
   AddFileMenu(shell);
   AddEntry(*this, "menuDeal", "&Deal", Qt::CTRL | Qt::Key_D, [&shell] { shell.MenuDeal(); });
   AddEntry(*this, "menuRead", "&Read", Qt::CTRL | Qt::Key_R, [&shell] { shell.MenuRead(); });
@@ -52,7 +36,9 @@ void MenuBar::AddMaintenanceMenu(Shell& shell, int serviceLevel) {
   QMenu& maintenance = AddMenu("cmdMaintenance_direct", "&Maintenance");
   AddEntry(maintenance, "cmdMaintenance", "&Maintenance", Qt::CTRL | Qt::Key_M,
            [&shell] { shell.MenuMaintenance(); });
-  AddEntry(maintenance, "Read_Service_File", "&Read Service File")->setVisible(serviceLevel > 0);
+  AddEntry(maintenance, "Read_Service_File", "&Read Service File", {}, [&shell] {
+    shell.MenuReadServiceFile();
+  })->setVisible(serviceLevel > 0);
 }
 
 void MenuBar::AddSetupMenu(Shell& shell) {
@@ -61,39 +47,9 @@ void MenuBar::AddSetupMenu(Shell& shell) {
            [&shell] { shell.CmdPref(); });
 }
 
-/// For entries in the bar itself; in a menu the toolkit does it.
-bool MenuBar::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto& help = static_cast<const QHelpEvent&>(*event);
-    ShowToolTip(actionAt(help.pos()), help.globalPos());
-    return true;
-  }
-  const bool taken = QMenuBar::event(event);
-  if (event->type() != QEvent::StatusTip) FollowEntry();  // that one is on its way yet
-  // A letter reaches the entry for a moment only.
-  if (event->type() == QEvent::Shortcut && disabled_ != nullptr) {
-    ShowToolTip(disabled_, mapToGlobal(actionGeometry(disabled_).bottomLeft()));
-  }
-  return taken;
-}
-
-void MenuBar::FollowEntry() {
-  QAction* entry = activeAction();
-  if (entry != nullptr && entry->isEnabled()) entry = nullptr;  // the toolkit tells those
-  if (entry == disabled_) return;
-  disabled_ = entry;
-  QStatusTipEvent tip(entry == nullptr ? "" : entry->statusTip());
-  QApplication::sendEvent(this, &tip);
-}
-
-void MenuBar::ShowToolTip(const QAction* entry, const QPoint& at) {
-  QToolTip::showText(at, entry == nullptr ? "" : entry->statusTip(), this);
-}
-
 QMenu& MenuBar::AddMenu(const char* name, const char* caption) {
   QMenu* menu = addMenu(caption);
   menu->setObjectName(name);
-  menu->setStyle(&style_);
   menu->setToolTipsVisible(true);
   return *menu;
 }
@@ -104,11 +60,6 @@ QAction* MenuBar::AddEntry(QWidget& menu, const char* name, const char* caption,
   QAction* entry = menu.addAction(caption);
   entry->setObjectName(name);
   entry->setShortcut(keys);
-  entry->setEnabled(static_cast<bool>(flow));
-  if (!flow) {
-    SayWhyNot(*entry);
-    return entry;
-  }
   connect(entry, &QAction::triggered, this, [entry, flow = std::move(flow)] {
     entry->setEnabled(false);
     flow();

@@ -9,6 +9,7 @@
 #include "machine/ui/dealin_prog.h"
 #include "machine/ui/sort_prog.h"
 #include "maintenance/ui/maintenance_window.h"
+#include "maintenance/ui/read_service_window.h"
 #include "poker/ui/poker_window.h"
 #include "print/ui/hand_record.h"
 #include "shell/ui/main_menu.h"
@@ -82,6 +83,13 @@ std::unique_ptr<machine::RunView> QtWindows::OpenPoker(poker::Poker& poker) {
 std::unique_ptr<maintenance::MaintenanceView> QtWindows::OpenMaintenance(
     maintenance::Maintenance& maintenance) {
   return std::make_unique<maintenance::MaintenanceWindow>(program_, maintenance, Below());
+}
+
+bool QtWindows::ShowReadService(maintenance::ReadService& viewer, const std::string& path) {
+  maintenance::ReadServiceWindow window(viewer, Below());
+  viewer.Open(window, path);
+  program_.Loop.RunUntil([&viewer] { return viewer.Closed(); });
+  return true;
 }
 
 std::unique_ptr<analysis::DeepFView> QtWindows::OpenDeepF(analysis::DeepF& run) {

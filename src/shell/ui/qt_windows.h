@@ -30,6 +30,7 @@ class QtWindows final : public FlowWindows {
   [[nodiscard]] std::unique_ptr<machine::RunView> OpenPoker(poker::Poker& poker) override;
   [[nodiscard]] std::unique_ptr<maintenance::MaintenanceView> OpenMaintenance(
       maintenance::Maintenance& maintenance) override;
+  bool ShowReadService(maintenance::ReadService& viewer, const std::string& path) override;
 
  private:
   /// What a window opens over that a flow opens within its own: the flow's, or else the main one.

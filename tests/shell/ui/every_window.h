@@ -55,6 +55,7 @@ class EveryWindow : public ServiceWindows {
     LookAtDeepF(look);
     LookAtRuns(look);
     LookAtMaintenance(look);
+    LookAtReadService(look);
   }
 
   void LookAtMainMenu(const Look& look) {

@@ -13,9 +13,11 @@
 #include "maintenance/maintenance.h"
 #include "maintenance/paper_board.h"
 #include "maintenance/paper_flash.h"
+#include "maintenance/service_file_sample.h"
 #include "maintenance/ui/camera_bridge.h"
 #include "maintenance/ui/magnify_window.h"
 #include "maintenance/ui/maintenance_window.h"
+#include "maintenance/ui/read_service_window.h"
 #include "shell/ui/main_menu_desk.h"
 
 namespace morvane::shell {
@@ -142,6 +144,21 @@ class ServiceWindows : public MainMenuTest {
     test::Find<QAbstractButton>(console, "Calibrate_Board_Switch").click();
     flash_.Answer = nullptr;
     EXPECT_TRUE(looked);
+  }
+
+  /// Each page of a service file, with everything drawn.
+  void LookAtReadService(const Look& look) {
+    const std::string path = desk.Folder / "Service_file_4711_2019_3_5__1.txt";
+    test::WriteContent(path, BytesOf(maintenance::SampleServiceFile()));
+    maintenance::ReadService viewer(desk.Prog);
+    maintenance::ReadServiceWindow window(viewer, menu.get());
+    viewer.Open(window, path);
+    window.activateWindow();
+    for (const char* step : {"Frame_draw", "Start_draw"}) {
+      test::Find<QAbstractButton>(window, step).click();
+    }
+    LookAtPages(window, look);
+    window.close();
   }
 
   /// In the middle of a download.
