@@ -79,7 +79,7 @@ TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
                  "  maintain record [--serial N] [--hardware N] [--date YYYY-MM-DD]\n"
                  "                  [--boards-dealt N] [--clear-errors]\n"
                  "  service-file IN.txt [--picture OUT.png] [--labels OUT.png]\n"
-                 "               [--index standard|jumbo|small]\n"
+                 "                      [--index standard|jumbo|small]\n"
                  "  firmware-file CODE.dsp BIT OUT.adc\n"
                  "  boot-c BOOT.adb OUT.c\n"
                  "  txt-hex IN.txt\n"
@@ -134,7 +134,8 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
                "\n"
                "The exit status is 0 when it is done, 1 when it was refused or failed, 2 for\n"
                "wrong usage, and 3 when it is done, but not wholly: the log or the history was\n"
-               "not written, an import passed boards over, or cards read were not recognised.\n"
+               "not written, an import passed boards over, cards read were not recognised, or\n"
+               "a service file is damaged.\n"
                "\n"
                "'morvane-cli help COMMAND' says what the options of a command mean, and\n"
                "'morvane-cli --version' which version this is.\n"));

@@ -10,6 +10,7 @@ using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::SizeIs;
 
 /// With a file that begins as service files do, and one that does not.
 struct Desk : ShellDesk {
@@ -105,7 +106,7 @@ TEST(ReadServiceFile, AnotherTextIsLoadedAsBefore) {
   Desk desk;
   desk.Main.StartUp(Quoted(desk.Other));
   EXPECT_THAT(desk.Desktop.ServiceFiles, IsEmpty());
-  EXPECT_THAT(desk.Ui.Boxes, Not(IsEmpty())) << "it holds no boards";
+  EXPECT_THAT(desk.Desktop.Pages, SizeIs(1)) << "of the set, as behind each load";
 }
 
 TEST(ReadServiceFile, IsShownWhenTheRunningProgramIsAskedForIt) {
@@ -114,11 +115,11 @@ TEST(ReadServiceFile, IsShownWhenTheRunningProgramIsAskedForIt) {
   desk.Main.LinkExecute("1" + desk.File);
   desk.Loop.WaitMs(2 * Shell::kTimer2Ms);
   EXPECT_THAT(desk.Desktop.ServiceFiles, ElementsAre(desk.File));
-  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+  EXPECT_THAT(desk.Desktop.Pages, IsEmpty());
   desk.Main.LinkExecute("1" + desk.Other);
   desk.Loop.WaitMs(2 * Shell::kTimer2Ms);
   EXPECT_THAT(desk.Desktop.ServiceFiles, ElementsAre(desk.File));
-  EXPECT_THAT(desk.Ui.Boxes, Not(IsEmpty()));
+  EXPECT_THAT(desk.Desktop.Pages, SizeIs(1)) << "it is loaded";
 }
 
 TEST(ReadServiceFile, WaitsForTheFlowThatIsOpen) {
