@@ -56,7 +56,7 @@ class CalibrationDesk : public ServiceDesk {
     desk.Ui.Boxes.clear();
     bridge.Sent.clear();
     way.emplace(desk.Prog, machine, [this] { ++recoveries; });
-    calibration.emplace(desk.Prog, *way);
+    calibration.emplace(desk.Prog, *way, [this] { return desk.Loop.Quitting(); });
     calibration->Run(view);
   }
   /// As many steps have been made.

@@ -25,6 +25,8 @@ class TestCommand : public ServiceDesk, protected ConsoleHost {
   bool leaving = false;
   ConsolePoll poll{link, machine, [] {}};
   ParameterBlock parameters{desk.Prog, link, machine};
+  PictureStore pictures;
+  RecognitionBench bench{desk.Prog, link, machine, parameters, pictures, *this};
   ServiceFileRun run;
   std::vector<bool> files;  ///< `TestDealError`, of each service file that was made
   /// Frames of that code are not answered.
@@ -48,7 +50,7 @@ class TestCommand : public ServiceDesk, protected ConsoleHost {
   void Press(std::deque<int> answers, std::deque<PaperDeck::Status> plan) {
     desk.Ui.Answers = std::move(answers);
     deck.Plan = std::move(plan);
-    TestDealCommand(desk.Prog, link, machine, poll, parameters, run, *this, [this] {
+    TestDealCommand(desk.Prog, link, machine, poll, parameters, bench, run, *this, [this] {
       files.push_back(run.TestDealError);
     }).Run();
     EXPECT_FALSE(run.TestDealError) << "the next service file asks again";
@@ -211,7 +213,7 @@ TEST_F(TestCommand, ALostLinkEndsItWithoutAnotherWord) {
     silentCode = code;
     desk.Ui.Answers = {kOk};
     deck.Plan = {{status, 8}};
-    TestDealCommand(desk.Prog, fresh, machine, poll, parameters, run, *this, [this] {
+    TestDealCommand(desk.Prog, fresh, machine, poll, parameters, bench, run, *this, [this] {
       files.push_back(true);
     }).Run();
     EXPECT_THAT(Texts(), ElementsAre(Words().Msg120, Words().Msg055)) << code;

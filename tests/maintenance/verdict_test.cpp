@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "wire/picture_replies.h"
+
 namespace morvane::maintenance {
 namespace {
 
