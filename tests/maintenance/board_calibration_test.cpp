@@ -167,7 +167,7 @@ TEST_F(CalibrationDesk, TheRecommendationIsAskedForByItsNumber) {
 TEST_F(CalibrationDesk, ABoardWithoutProblemGets200) {
   board = PaperBoard(230, 220);
   Run();
-  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{desk.Prog.Texts.Msg114, 68, kCaption}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{desk.Prog.Texts.Msg114, 4, kCaption}));
   EXPECT_THAT(desk.Prog.Texts.Msg114, HasSubstr("value 200 is recommended"));
 }
 
