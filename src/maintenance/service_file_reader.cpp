@@ -87,7 +87,7 @@ int DigitValue(char digit) {
 bool TakeRow(PixelPlane& picture, int y, std::string_view digits) {
   if (digits.size() < std::size_t{2} * PixelPlane::kWidth) return false;
   for (int x = 0; x < PixelPlane::kWidth; ++x) {
-    const auto at = static_cast<std::size_t>(2 * x);
+    const std::size_t at = std::size_t{2} * static_cast<std::size_t>(x);
     const int high = DigitValue(digits[at]);
     const int low = DigitValue(digits[at + 1]);
     if (high < 0 || low < 0) return false;

@@ -107,10 +107,10 @@ TEST_F(ReadServiceTest, WhatWasReadIsShownWhenTheFaultIsTold) {
   EXPECT_EQ(shown, 1);
 }
 
-TEST_F(ReadServiceTest, LogsNothing) {
+TEST_F(ReadServiceTest, LogsNoFileThatItShows) {
   const auto before = desk.LogLines();
   viewer.Open(view, path);
-  viewer.OpenFile(desk.Folder / "none.txt");
+  viewer.Reco();
   EXPECT_EQ(desk.LogLines(), before);
 }
 

@@ -7,7 +7,6 @@
 namespace morvane::maintenance {
 namespace {
 
-using ::testing::Eq;
 using ::testing::HasSubstr;
 using ::testing::Optional;
 using ::testing::StartsWith;

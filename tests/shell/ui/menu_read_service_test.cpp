@@ -75,6 +75,9 @@ TEST_F(MenuReadService, AServiceFileThatIsDroppedOnTheMainWindowIsShown) {
   Start();
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(menu.get(), &enter);
+  ASSERT_TRUE(enter.isAccepted());
   QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(menu.get(), &drop);
   WhenShown([](QWidget& window) { window.close(); });
