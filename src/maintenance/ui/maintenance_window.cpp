@@ -88,8 +88,26 @@ QWidget* MaintenanceWindow::MakeLive(const Program& program) {
   column->addWidget(sensors_);
   column->addWidget(outputs_);
   column->addWidget(verdict_);
+  column->addWidget(MakeServiceButtons(live));
   column->addStretch();
   return live;
+}
+
+/// What hunts a misreading.
+QWidget* MaintenanceWindow::MakeServiceButtons(QWidget* live) {
+  auto* buttons = new QWidget(live);
+  Email_ = NewServiceButton(
+      "Email", "Create Service File", [this] { maintenance_.Email(); }, buttons);
+  Email_->setToolTip("All that a technician would ask for, in one file to be sent in");
+  DealTest_ = NewServiceButton(
+      "DealTest", "Test Deal", [this] { maintenance_.DealTest(); }, buttons);
+  DealTest_->setToolTip("Deals a known deck until the machine takes a card for another");
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(Email_);
+  row->addWidget(DealTest_);
+  row->addStretch();
+  return buttons;
 }
 
 QWidget* MaintenanceWindow::MakePages(Program& program) {
@@ -118,18 +136,10 @@ QWidget* MaintenanceWindow::MakeButtons() {
   auto* buttons = new QWidget(this);
   Download_ = NewServiceButton(
       "Download", "&Download", [this] { maintenance_.Download(); }, buttons);
-  Email_ = NewServiceButton(
-      "Email", "Create Service File", [this] { maintenance_.Email(); }, buttons);
-  Email_->setToolTip("All that a technician would ask for, in one file to be sent in");
-  DealTest_ = NewServiceButton(
-      "DealTest", "Test Deal", [this] { maintenance_.DealTest(); }, buttons);
-  DealTest_->setToolTip("Deals a known deck until the machine takes a card for another");
   auto* exit = NewServiceButton(
       "cmdExit", "&Exit", [this] { AskToLeave(); }, buttons);
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(Email_);
-  row->addWidget(DealTest_);
   row->addWidget(Download_);
   row->addStretch();
   row->addWidget(exit);

@@ -65,6 +65,7 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   static constexpr std::chrono::milliseconds kRepeats{300};
 
   QWidget* MakeLive(const Program& program);
+  QWidget* MakeServiceButtons(QWidget* live);
   QWidget* MakePages(Program& program);
   QWidget* MakeButtons();
   void AddPage(QWidget* page, const char* caption);

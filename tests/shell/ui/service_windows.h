@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QProgressBar>
 #include <QTabWidget>
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -19,6 +20,7 @@
 #include "maintenance/ui/maintenance_window.h"
 #include "maintenance/ui/read_service_window.h"
 #include "shell/ui/main_menu_desk.h"
+#include "wire/machine_card.h"
 
 namespace morvane::shell {
 
@@ -66,6 +68,7 @@ class ServiceWindows : public MainMenuTest {
     // It writes the parameters, so that nothing is lost at the end. The card is another.
     LookAtWork(window, {"AutoSetup_command", "AutoSetup", "ProgressBar1", "Cancel"}, look);
     LookAtWork(window, {"Email", "Service_file", "ProgressBar1", "Command1"}, look);
+    LayPackInOrder();
     LookAtWork(window, {"DealTest", "TestDealForm", "TestDealProgress", "TestDealCancel"}, look);
     LookAtCalibration(window, look);
     LookAtFirmware(window, look);
@@ -92,6 +95,15 @@ class ServiceWindows : public MainMenuTest {
     });
     console.Advance();
     desk.Prog.ServiceLevel = before;
+  }
+
+  /// As the question of a test deal tells.
+  void LayPackInOrder() {
+    std::array<int, kCards> pack{};
+    for (std::size_t i = 0; i < pack.size(); ++i) {
+      pack[i] = wire::MachineCard(static_cast<int>(i) + 1).Card();
+    }
+    ASSERT_TRUE(simulated.LoadPack(pack));
   }
 
   /// What a button of the console opens, behind its prompt.
