@@ -69,12 +69,12 @@ MaintainCalibrateOptions ReadMaintainCalibrateOptions(OptionReader& given) {
 
 ExitStatus MaintainCalibrate(Job& job, const MaintainCalibrateOptions& options) {
   if (options.Yes) job.Place.Operator.PressOk(maintenance::kCalibrationCaption);
-  const int before = job.Place.Operator.BoxesShown();
   bool done = false;
   Serve(job, std::nullopt, [&](Maintenance& console) {
     return std::make_unique<CalibrationService>(console, job.Place, done);
   });
-  if (!done) TellBreak(job, before);
+  // What the boxes before it have said is not the end of it.
+  if (!done) TellBreak(job, job.Place.Operator.BoxesShown());
   return done ? kDone : kFailed;
 }
 

@@ -22,7 +22,7 @@ void SlotOrgan::Insert(std::uint8_t label) {
 void SlotOrgan::Look(std::uint8_t sensitivity) {
   if (!slot_.Occupied() || sensitivity <= options_.BoardSwitch.Lost) {
     seen_ = false;
-  } else if (sensitivity > options_.BoardSwitch.Seen) {
+  } else if (sensitivity >= options_.BoardSwitch.Seen) {
     seen_ = true;
   }
 }

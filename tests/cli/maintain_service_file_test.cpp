@@ -63,7 +63,7 @@ TEST(MaintainServiceFile, WithoutAnOkThereIsNone) {
 
 TEST(MaintainServiceFile, AnInterruptLeavesNone) {
   Desk desk;
-  desk.Loop.After(6000, [&] { desk.Loop.Quit(); });
+  desk.Loop.After(2500, [&] { desk.Loop.Quit(); });
   EXPECT_EQ(desk.Make(), kFailed);
   EXPECT_FALSE(desk.Exists());
 }

@@ -110,7 +110,7 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
                "           deck=shuffled,swap=A:B,packs=4,carry=right,\n"
                "           answers-writes=0,index=standard,letters=0,ideal=X/Y,\n"
                "           symbol=WxH,suit=WxH,card=ST,misread=none,focus-marker=1,\n"
-               "           board-switch=101/120,flash=BLOCK:STATUS,erase=0,\n"
+               "           board=N,board-switch=101/120,flash=BLOCK:STATUS,erase=0,\n"
                "           store=FILE,pack=FILE], serial:PATH\n"
                "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
                "\n"

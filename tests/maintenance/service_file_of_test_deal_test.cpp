@@ -34,7 +34,7 @@ TEST_F(ServiceFileOfTestDeal, HasThePictureAndTheVerdictOfTheMachinesError) {
   ASSERT_EQ(line.size(), 415U);
   EXPECT_EQ(line[10].substr(0, 8), "00030609") << "3 x of the error's picture";
   EXPECT_EQ(line[11].substr(0, 8), "0104070A");
-  EXPECT_EQ(line[203].substr(0, 8), "00020406") << "the buffer, of which there are no labels";
+  EXPECT_EQ(line[203].substr(0, 8), "00010203") << "the buffer, of which there are no labels";
   EXPECT_EQ(line[396], "62,44,47,10,S,9,19,20,32") << "the card is named beside the error";
   EXPECT_EQ(line[410], "01.20,3.7,0,177") << "no focus";
   EXPECT_EQ(line[411].substr(0, 9), "5,6,0,99,") << "nothing was captured";

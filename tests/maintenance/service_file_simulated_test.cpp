@@ -54,7 +54,7 @@ class ServiceFileOfASimulatedMachine : public ConsoleDesk {
 };
 
 TEST_F(ServiceFileOfASimulatedMachine, HoldsWhatTheMachineHolds) {
-  const auto file = Make("serial=815,hardware=0x6F,firmware=2.95,boot=1.30,card=28");
+  const auto file = Make("serial=815,hardware=0x6F,firmware=2.95,boot=1.30,card=D3");
   ASSERT_EQ(file.size(), 415U);
   EXPECT_EQ(file[2].substr(0, 26), "815,0,14.6.2019,111,2.95,4");
   const auto& records = sim->Parameters().Records;
@@ -80,7 +80,7 @@ TEST_F(ServiceFileOfASimulatedMachine, HoldsWhatTheMachineHolds) {
 }
 
 TEST_F(ServiceFileOfASimulatedMachine, HasBothPicturesToThePixel) {
-  const auto file = Make("card=28");  // the three of diamonds
+  const auto file = Make("card=D3");
   ASSERT_EQ(lines.size(), 384U);
   for (std::size_t y = 0; y < 192; ++y) {
     ASSERT_EQ(file[10 + y], HexOf(lines[y])) << "grey line " << y;
@@ -90,8 +90,7 @@ TEST_F(ServiceFileOfASimulatedMachine, HasBothPicturesToThePixel) {
 }
 
 TEST_F(ServiceFileOfASimulatedMachine, NamesTheCardInFrontOfTheCamera) {
-  // Machine card 28 is the third of the diamonds, 2 + 27 % 13 = 3.
-  const auto file = Make("card=28");
+  const auto file = Make("card=D3");
   EXPECT_EQ(file[396].substr(0, 11), "OK,46,46,3,");
   EXPECT_EQ(file[396].substr(11, 2), "D,");
 }
@@ -124,7 +123,7 @@ TEST_F(ServiceFileOfASimulatedMachine, CountsWhatTheMachineCounts) {
 }
 
 TEST_F(ServiceFileOfASimulatedMachine, IsReadBackWhole) {
-  Make("card=39");
+  Make("card=DA");
   const auto read = ServiceFileIn(test::Content(console->ServiceFiles().Written));
   EXPECT_EQ(read.Fault(), std::nullopt);
   EXPECT_EQ(read.Lines, 413) << "the last one is empty";

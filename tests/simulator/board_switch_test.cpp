@@ -54,6 +54,15 @@ TEST(BoardSwitch, LosesAndFindsTheBoardAtTwoSensitivities) {
   EXPECT_EQ(SeenAt(talk, 150), 1);
 }
 
+TEST(BoardSwitch, ABoardMayBeInTheSlotFromTheStart) {
+  Options options = Levels(100, 150);
+  options.Board = 3;
+  Talk talk(options);
+  EXPECT_EQ(Seen(talk), 1);
+  Talk empty(Levels(100, 150));
+  EXPECT_EQ(Seen(empty), 0);
+}
+
 TEST(BoardSwitch, LooksAtEachSensitivityAlsoWhenNobodyAsks) {
   Talk talk(Levels(100, 150));
   talk.Machine.InsertBoard(3);

@@ -196,6 +196,9 @@ TEST(Options, WhatIsWrongIsToldAndNothingIsTaken) {
                                       "simulated,swap=9:53",
                                       "simulated,swap=9/10",
                                       "simulated,swap=9:10:11",
+                                      "simulated,board=0",
+                                      "simulated,board=71",
+                                      "simulated,board=",
                                       "simulated,board-switch",
                                       "simulated,board-switch=",
                                       "simulated,board-switch=100",
@@ -268,7 +271,8 @@ TEST(Options, TheErrorNamesThePairAndWhatItTakes) {
   EXPECT_EQ(ParseOptions("simulated,sped=1", options),
             "simulated machine: unknown key in \"sped=1\"; the keys are speed, firmware, boot, "
             "hardware, serial, noise, seed, fault, deck, swap, packs, carry, answers-writes, "
-            "index, letters, ideal, symbol, suit, card, misread, focus-marker, board-switch, "
+            "index, letters, ideal, symbol, suit, card, misread, focus-marker, board, "
+            "board-switch, "
             "flash, erase, store, pack");
   EXPECT_EQ(ParseOptions("simulated,flash=1024:1", options),
             "simulated machine: \"flash=1024:1\": flash= takes BLOCK:STATUS with block 0 to 1023, "
@@ -300,6 +304,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   give("ideal=X/Y", "ideal=3/4");
   give("symbol=WxH", "symbol=20x30");
   give("suit=WxH", "suit=21x31");
+  give("board=N", "board=70");
   give("flash=BLOCK:STATUS", "flash=3:1");
   give("store=FILE", "store=kept.txt");
   give("pack=FILE", "pack=set.pbn");
@@ -310,6 +315,7 @@ TEST(Options, TheUsageHasEveryKeyWithItsDefault) {
   expected.Ideal = CameraPlace{3, 4};
   expected.Symbol = PrintSize{20, 30};
   expected.Suit = PrintSize{21, 31};
+  expected.Board = 70;
   expected.FlashFaults = {{3, 1}};
   expected.Store = "kept.txt";
   expected.Pack = "set.pbn";

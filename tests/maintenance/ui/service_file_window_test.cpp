@@ -34,7 +34,12 @@ class ServiceFileWindowTest : public PictureDesk {
   }
   static QWidget* Shown() { return test::TopWindow("Service_file"); }
   static int Progress() { return test::Find<QProgressBar>(*Shown(), "ProgressBar1").value(); }
-  [[nodiscard]] bool NoFile() const { return std::filesystem::is_empty(desk.Prog.Paths.Data); }
+  [[nodiscard]] bool NoFile() const {
+    const std::filesystem::directory_iterator files(desk.Prog.Paths.Data);
+    return std::none_of(begin(files), end(files), [](const auto& entry) {
+      return entry.path().filename().string().starts_with("Service_file_");
+    });
+  }
 };
 
 TEST_F(ServiceFileWindowTest, ShowsThePicturesAsTheyCome) {
