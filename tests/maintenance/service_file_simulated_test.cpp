@@ -67,8 +67,8 @@ TEST_F(ServiceFileOfASimulatedMachine, HoldsWhatTheMachineHolds) {
   EXPECT_EQ(file[9], "50,40,50,40");
   EXPECT_EQ(file[413], std::to_string(sim->Parameters().Video.BoardSen) + ",128,128");
   EXPECT_EQ(file[410].substr(0, 10), "01.30,3.7,");
-  // At speed 0 the motors are at 14500 at once; each light costs 0.1 volts, the motors 0.3.
-  EXPECT_EQ(file[3], "1,0,0,0,1,1,0,0,OFF,OFF,ON,ON,25.3,23.5,0");
+  // At speed 0 the motors are at 14500 at once; they cost 0.3 volts, the camera 0.1.
+  EXPECT_EQ(file[3], "1,0,0,0,1,1,0,0,OFF,OFF,ON,ON,25.3,23.6,0");
   EXPECT_EQ(file[4], "14500,14500,14500,14500,35,35,35,35,35") << "no sensor is covered";
   EXPECT_EQ(file[405], "8A4107D30C95E236,4DB8016FF00A23C7");
   EXPECT_EQ(file[406].substr(0, 6), "0,0,0,") << "the machine stands";
