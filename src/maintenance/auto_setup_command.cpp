@@ -29,7 +29,7 @@ void AutoSetupCommand::Run() {
                          kCaption);
     return;
   }
-  if (!LightUp() || !CardIsIn() || !parameters_.Read()) return;
+  if (!LightUp() || !CardIsIn() || !parameters_.ReadOver()) return;
   const HeightLimits old = Limits();
   if (RaiseLimits(old)) Search(old);
 }

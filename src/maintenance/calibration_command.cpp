@@ -17,7 +17,7 @@ std::string WhyNoCalibration(const machine::Machine& machine) {
 
 /// After anything but a Yes the switch goes on with the value tried last: required.
 void CalibrationCommand::Run() {
-  if (!CanDo() || !BoardIsIn() || !parameters_.Read()) return;
+  if (!CanDo() || !BoardIsIn() || !parameters_.ReadOver()) return;
   const int recommended = Calibrate();
   if (recommended == 0) return;
   parameters_.Boxes.Box(Parameter::Board_Sen).Put(recommended);

@@ -264,9 +264,7 @@ void Maintenance::DownloadFrom(const std::string& path, DownloadCommand::For who
 
 /// The machine starts what it was loaded with as soon as the latch line drops.
 void Maintenance::MeetAnew() {
-  if (Boxes().Edited()) {
-    program_.Log.WriteLine("   Parameters that were not written are read again");
-  }
+  parameters_.LogLostEdits();
   identity_ = {};
   controls_ = {};
   view_->ShowAll();

@@ -62,6 +62,16 @@ bool ParameterBlock::Read() {
   return true;
 }
 
+bool ParameterBlock::ReadOver() {
+  LogLostEdits();
+  return Read();
+}
+
+void ParameterBlock::LogLostEdits() {
+  if (!Boxes.Edited()) return;
+  program_.Log.WriteLine("   Parameters that were not written are read again");
+}
+
 bool ParameterBlock::Send(ParameterBoxes& boxes) {
   return SendParameters(link_, machine_, Index(), boxes);
 }

@@ -41,6 +41,9 @@ class ParameterBlock {
 
   /// `ReadParameters`, the button `Get_param`.
   bool Read();
+  /// The same for a procedure that needs them as they are: the log says where edits go with it.
+  bool ReadOver();
+  void LogLostEdits();
   /// `WriteParameters`. An update is read back, and the operator told what has come of it.
   bool Write(Mode mode);
   /// The button `save_param`: asks before it writes; without a Yes the edits go.

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <filesystem>
 
 #include "platform/files.h"
 #include "text/box_text.h"
 #include "text/text.h"
+#include "text/text_encoding.h"
 #include "wire/service_replies.h"
 
 namespace morvane::maintenance {
@@ -22,7 +24,9 @@ void Tell(Program& program, const std::string& text) {
 
 std::string InitialFolder(const Program& program) {
   std::string folder = program.Store.Get(kServiceFileFolder);
-  return folder.empty() ? program.Paths.Data : folder;
+  std::error_code unknown;
+  // A stick that it stood on may have been pulled out.
+  return std::filesystem::is_directory(PathOfUtf8(folder), unknown) ? folder : program.Paths.Data;
 }
 
 /// A switch that is not on stands out, also one of which nothing was known: required.
@@ -63,7 +67,7 @@ std::optional<ServiceFileRead> ReadServiceFile(Program& program, const std::stri
 bool IsServiceFile(const std::string& path) {
   std::string bytes;
   return LowerCase(path).ends_with(".txt") && !ReadFile(path, bytes, kLargestServiceFile) &&
-         bytes.starts_with("Service file ");
+         DecodeText(std::move(bytes)).starts_with("Service file ");
 }
 
 void TellFault(Program& program, const ServiceFileRead& read) {
@@ -91,9 +95,10 @@ std::optional<int> NumberIn(const ServiceFile& file, ServiceFieldName name) {
 
 Readings SensorsIn(const ServiceFileRead& read) {
   const ServiceFile& file = read.File;
-  const int switches = NumberIn(file, "LastSwitchByte").value_or(0);
+  const auto switches = NumberIn(file, "LastSwitchByte");
   const auto photo = [&](ServiceFieldName name, std::size_t sensor) {
-    const bool seen = (switches & wire::PhotoReply::PhotoBit(sensor)) != 0;
+    if (!switches) return Reading{file[name], Shade::kUnknown};
+    const bool seen = (*switches & wire::PhotoReply::PhotoBit(sensor)) != 0;
     return Reading{file[name], seen ? Shade::kGood : Shade::kPlain};
   };
   Readings sensors;
@@ -146,7 +151,7 @@ void ReadService::ShowRecord(int index) {
 }
 
 std::string ReadService::Shows() const {
-  return read_.Lines < service_line::kRecords.First ? "" : ShowsText(index_);
+  return read_.Lines < service_line::kRecords.First + index_ ? "" : ShowsText(index_);
 }
 
 void ReadService::Paint(PictureStore::Kind kind) {
@@ -161,6 +166,7 @@ void ReadService::Paint(PictureStore::Kind kind) {
 }
 
 void ReadService::Frame_draw() {
+  if (read_.Lines < service_line::kFrames.Last) return;
   for (PictureStore* store : {&pictures_, &beside_}) {
     store->DrawFrames(read_.File.SymbolBox, read_.File.SuitBox);
   }
@@ -170,6 +176,7 @@ void ReadService::Frame_draw() {
 void ReadService::Start_draw() {
   constexpr std::size_t kStartX = 2;  // of the record
   constexpr std::size_t kStartY = 3;
+  if (Record()[kStartX].empty() || Record()[kStartY].empty()) return;
   for (PictureStore* store : {&pictures_, &beside_}) {
     store->DrawStart(Val(Record()[kStartX]), Val(Record()[kStartY]));
   }

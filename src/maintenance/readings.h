@@ -11,9 +11,10 @@ namespace morvane::maintenance {
 
 /// How a reading stands beside its number, so that no colour carries it alone.
 enum class Shade : std::uint8_t {
-  kPlain,  ///< nothing is said of it: the window's colour, or white
-  kGood,   ///< light green
-  kBad,    ///< the error colour
+  kPlain,    ///< nothing is said of it: the window's colour, or white
+  kUnknown,  ///< how it stands is not known, though its number is
+  kGood,     ///< light green
+  kBad,      ///< the error colour
 };
 
 /// One indicator of the console.

@@ -154,7 +154,7 @@ bool TestDeal::LoseLink() {
 }
 
 void TestDeal::TestDealCancel() {
-  if (end_ != End::kNotYet) return;
+  if (!MayCancel()) return;
   cancelled_ = breakAsked_ = true;
 }
 
@@ -163,8 +163,9 @@ void TestDeal::TakeVerdict(const wire::ErrorVerdictReply& reply) {
   view_->ShowState();
 }
 
+/// Behind a fault the machine may name one all the same.
 std::string TestDeal::SeenCard() const {
-  if (!verdict_) return "";
+  if (!IsWrongCard()) return "";
   Verdict seen;
   seen.TakeError(*verdict_);
   return seen.Symbol + seen.Suit;
@@ -172,7 +173,7 @@ std::string TestDeal::SeenCard() const {
 
 /// The verdict's ranks count from 2 on, with 14 for the ace.
 int TestDeal::SeenNumber() const {
-  if (!verdict_) return 0;
+  if (!IsWrongCard()) return 0;
   const int rank = verdict_->Rank - kFirstRank;
   const int suit = verdict_->Suit - 1;
   const bool card = rank >= 0 && rank < kRanks && suit >= 0 && suit < kSuits;

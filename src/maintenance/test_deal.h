@@ -62,6 +62,8 @@ class TestDeal {
   [[nodiscard]] End Result() const { return end_; }
   [[nodiscard]] bool TestDealFailed() const { return end_ == End::kFailed; }
   [[nodiscard]] bool TestDealCancelled() const { return cancelled_; }
+  /// It goes on, and nobody has cancelled it yet.
+  [[nodiscard]] bool MayCancel() const { return end_ == End::kNotYet && !cancelled_; }
 
   // What the window shows.
   [[nodiscard]] State TestState() const { return TestState_; }

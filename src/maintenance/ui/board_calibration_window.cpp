@@ -41,8 +41,8 @@ QWidget* BoardCalibrationWindow::MakeLabels() {
   Label1_ = new QLabel(labels);  // changes too often to be read out
   Label1_->setObjectName("Label1");
   Label1_->setAccessibleName("Sensitivity on trial, and whether the board is seen");
-  Label2_ = new ShownValue("Label2", "Sensitivity below which the board is lost", labels);
-  Label3_ = new ShownValue("Label3", "Sensitivity above which the board is seen again", labels);
+  Label2_ = new ShownValue("Label2", "Where the sweep down has ended", labels);
+  Label3_ = new ShownValue("Label3", "Where the sweep up has ended", labels);
   KeepSizeFor(*Label1_, {"Check: 255    0"});
   KeepSizeFor(*Label2_, {"On: 255"});
   KeepSizeFor(*Label3_, {"Off: 255"});

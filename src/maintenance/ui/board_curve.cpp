@@ -79,6 +79,7 @@ QString BoardCurve::DownText() const {
 QString BoardCurve::UpText() const {
   const auto seen = calibration_.SeenAgainAt();
   if (seen) return QString("up: seen again at %1").arg(*seen);
+  if (calibration_.NeverSeen()) return "seen at no sensitivity: is a board in the slot?";
   const bool tried = calibration_.Over() && calibration_.LostAt();
   return tried ? "up: never seen again" : "up";
 }

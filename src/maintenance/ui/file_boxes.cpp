@@ -46,15 +46,13 @@ QCheckBox* FileBoxes::AddSwitch(ServiceFieldName name, const char* caption, QWid
   return box;
 }
 
-void FileBoxes::AddRow(QGridLayout& grid, const char* caption,
-                       std::span<const ServiceFieldName> names, const char* widest,
-                       QWidget* parent) {
+void FileBoxes::AddRow(QGridLayout& grid, const char* caption, std::initializer_list<Named> fields,
+                       const char* widest, QWidget* parent) {
   const int row = grid.rowCount();
   grid.addWidget(new QLabel(caption, parent), row, 0);
   int column = 0;
-  for (const ServiceFieldName name : names) {
-    const QString which = names.size() > 1 ? " " + QString::number(column + 1) : "";
-    grid.addWidget(Add(name, caption + which, widest, parent), row, ++column);
+  for (const Named& field : fields) {
+    grid.addWidget(Add(field.Name, field.Spoken, widest, parent), row, ++column);
   }
 }
 

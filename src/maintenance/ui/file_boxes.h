@@ -2,7 +2,7 @@
 
 #include <QStringList>
 #include <functional>
-#include <span>
+#include <initializer_list>
 #include <vector>
 
 #include "maintenance/service_file.h"
@@ -24,8 +24,12 @@ class FileBoxes {
   ShownText* Add(ServiceFieldName name, const QString& spoken, const char* widest, QWidget* parent);
   /// A field that is a check box.
   QCheckBox* AddSwitch(ServiceFieldName name, const char* caption, QWidget* parent);
-  /// A row of a grid: the caption, and a box for each of the names.
-  void AddRow(QGridLayout& grid, const char* caption, std::span<const ServiceFieldName> names,
+  struct Named {
+    ServiceFieldName Name;
+    const char* Spoken;
+  };
+  /// A row of a grid: the caption, and a box for each of the fields.
+  void AddRow(QGridLayout& grid, const char* caption, std::initializer_list<Named> fields,
               const char* widest, QWidget* parent);
   void Show(const ServiceFile& file);
 

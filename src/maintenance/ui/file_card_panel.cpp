@@ -68,14 +68,15 @@ QWidget* FileCardPanel::MakeMeasures() {
   QGridLayout* const grid = NewGrid(group);
   constexpr const char* kWidest = "88888";
   boxes_.AddRow(*grid, "Symbol size x, y",
-                std::array<ServiceFieldName, 2>{"Symbol_size_x", "Symbol_size_y"}, kWidest, group);
-  boxes_.AddRow(*grid, "Suit size x, y",
-                std::array<ServiceFieldName, 2>{"Suit_size_x", "Suit_size_y"}, kWidest, group);
-  boxes_.AddRow(*grid, "Parameters 1, 2",
-                std::array<ServiceFieldName, 2>{"Reco_param1", "Reco_param2"}, kWidest, group);
-  boxes_.AddRow(*grid, "Expected card", std::array<ServiceFieldName, 2>{"HoldS", "HoldC"}, kWidest,
+                {{"Symbol_size_x", "Symbol size x"}, {"Symbol_size_y", "Symbol size y"}}, kWidest,
                 group);
-  boxes_.AddRow(*grid, "Capture time", std::array<ServiceFieldName, 1>{"Cap_time"}, kWidest, group);
+  boxes_.AddRow(*grid, "Suit size x, y",
+                {{"Suit_size_x", "Suit size x"}, {"Suit_size_y", "Suit size y"}}, kWidest, group);
+  boxes_.AddRow(*grid, "Parameters 1, 2",
+                {{"Reco_param1", "Parameter 1"}, {"Reco_param2", "Parameter 2"}}, kWidest, group);
+  boxes_.AddRow(*grid, "Expected card", {{"HoldS", "Expected rank"}, {"HoldC", "Expected suit"}},
+                kWidest, group);
+  boxes_.AddRow(*grid, "Capture time", {{"Cap_time", "Capture time"}}, kWidest, group);
   grid->setColumnStretch(3, 1);
   return group;
 }

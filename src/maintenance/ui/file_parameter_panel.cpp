@@ -78,12 +78,16 @@ QWidget* FileParameterPanel::MakeThresholds() {
   QGridLayout* const grid = NewGrid(group);
   grid->addWidget(new QLabel("Symbol", group), 0, 1, Qt::AlignHCenter);
   grid->addWidget(new QLabel("Suit", group), 0, 2, Qt::AlignHCenter);
-  boxes_.AddRow(*grid, "Bold", std::array<ServiceFieldName, 2>{"Bold_th_txt", "Bold_th1_txt"},
+  boxes_.AddRow(*grid, "Bold",
+                {{"Bold_th_txt", "Bold threshold of the symbol"},
+                 {"Bold_th1_txt", "Bold threshold of the suit"}},
                 kWidest, group);
-  boxes_.AddRow(*grid, "Fine", std::array<ServiceFieldName, 2>{"Fine_th_txt", "Fine_th1_txt"},
+  boxes_.AddRow(*grid, "Fine",
+                {{"Fine_th_txt", "Fine threshold of the symbol"},
+                 {"Fine_th1_txt", "Fine threshold of the suit"}},
                 kWidest, group);
-  boxes_.AddRow(*grid, "Recognize option", std::array<ServiceFieldName, 1>{"Reco_option_txt"},
-                kWidest, group);
+  boxes_.AddRow(*grid, "Recognize option", {{"Reco_option_txt", "Recognize option"}}, kWidest,
+                group);
   grid->setColumnStretch(3, 1);
   return group;
 }
@@ -92,7 +96,7 @@ QWidget* FileParameterPanel::MakeCamera() {
   auto* group = new QGroupBox("Camera and board switch", this);
   QGridLayout* const grid = NewGrid(group);
   const auto add = [&](const char* caption, ServiceFieldName name) {
-    boxes_.AddRow(*grid, caption, std::array{name}, kWidest, group);
+    boxes_.AddRow(*grid, caption, {{name, caption}}, kWidest, group);
   };
   add("Brightness", "Video_Brightness");
   add("Contrast", "Video_Contrast");

@@ -72,9 +72,12 @@ QWidget* FilePicturePanel::MakeViews() {
 void FilePicturePanel::MakeSide(std::size_t side, const char* name, const char* spoken) {
   auto* view =
       new PixelView(name, spoken, {PixelPlane::kWidth, PixelPlane::kHeight}, kUsualZoom, this);
-  view->setToolTip("The wheel zooms; Ctrl with plus, minus and 0 does, too");
+  view->setToolTip("The wheel zooms; Ctrl with plus, minus and 0 does, too. Ctrl+C copies");
   view->OnPoint = [this, side](std::optional<QPoint> pixel) { PointAt(side, pixel); };
-  view->OnZoom = [this] { ShowPoint(); };
+  view->OnZoom = [this, side] {
+    pointed_ = side;
+    ShowPoint();
+  };
   view->OnCopy = [view] { QApplication::clipboard()->setImage(view->Image()); };
   auto* kind = new ShownValue(QString(name) + "_kind", QString(spoken) + " shows", this);
   sides_[side] = {view, kind, std::nullopt};
@@ -95,8 +98,10 @@ void FilePicturePanel::Show() {
 }
 
 void FilePicturePanel::PointAt(std::size_t side, std::optional<QPoint> pixel) {
-  pointed_ = side;
   sides_[side].Point = pixel;
+  // Where the mouse leaves one picture, the cross in the other one counts again.
+  const std::size_t other = 1 - side;
+  pointed_ = !pixel && sides_[other].Point ? other : side;
   ShowPoint();
 }
 

@@ -217,7 +217,7 @@ std::unique_ptr<BoardCalibrationView> MaintenanceWindow::OpenBoardCalibration(
 }
 
 std::unique_ptr<TestDealView> MaintenanceWindow::OpenTestDeal(TestDeal& deal) {
-  return std::make_unique<TestDealWindow>(program_, deal, this);
+  return std::make_unique<TestDealWindow>(program_, deal, testDealPlace_, this);
 }
 
 void MaintenanceWindow::ShowContact() {

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <chrono>
+#include <optional>
 
 #include "maintenance/maintenance_view.h"
 #include "program/program.h"
@@ -92,7 +93,8 @@ class MaintenanceWindow final : public QDialog, public MaintenanceView {
   QPushButton* Email_ = nullptr;
   QPushButton* DealTest_ = nullptr;
   QPushButton* Download_ = nullptr;
-  bool keyHeld_ = false;  ///< the last key came of one that is held down
+  std::optional<QPoint> testDealPlace_;  ///< where its window stood last
+  bool keyHeld_ = false;                 ///< the last key came of one that is held down
   /// When the last window over this one has gone, or the last repeat of an Escape has come.
   std::chrono::microseconds heldEscapeAt_{-kRepeats};
 };

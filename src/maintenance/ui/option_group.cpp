@@ -33,11 +33,13 @@ void OptionGroup::Show(int option) {
 }
 
 void OptionGroup::KeepReadOnly() {
+  readOnly_ = true;
   const auto buttons = buttons_.buttons();
-  for (auto* button : buttons) MakeReadOnly(*button);
+  for (auto* button : buttons) button->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void OptionGroup::Click(int option) {
+  if (readOnly_) return Show(option_);
   if (std::exchange(option_, option) != option) chosen_(option);
 }
 

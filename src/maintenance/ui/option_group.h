@@ -29,6 +29,7 @@ class OptionGroup final : public QGroupBox {
 
   QButtonGroup buttons_;
   const std::function<void(int)> chosen_;
+  bool readOnly_ = false;
   int option_ = -1;  ///< the one that is chosen
 };
 

@@ -24,6 +24,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/scrolling_part.h"
 #include "platform/qt/shown_text.h"
+#include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 
 namespace morvane::maintenance {
@@ -68,7 +69,9 @@ ReadServiceWindow::ReadServiceWindow(ReadService& viewer, QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(kServiceMargin, kServiceMargin, kServiceMargin, kServiceMargin);
   column->setSpacing(kServiceSpacing);
+  damage_ = new ShownValue("Damage", "Damage", this);
   column->addWidget(Info_);
+  column->addWidget(damage_);
   column->addWidget(MakePages(), 1);
   column->addWidget(MakeButtons());
   WatchButtons();
@@ -152,8 +155,8 @@ QWidget* ReadServiceWindow::MakeLists() {
   grid->addWidget(NewLabelOf(Test_, "Test", page), 0, 1);
   grid->addWidget(Test_, 1, 1);
   auto* written = new QWidget(page);
-  boxes_.AddRow(*NewGrid(written), "Test values", std::array<ServiceFieldName, 2>{"Test6", "Test7"},
-                "88888", written);
+  boxes_.AddRow(*NewGrid(written), "Test values",
+                {{"Test6", "First test value"}, {"Test7", "Second test value"}}, "88888", written);
   grid->addWidget(written, 2, 0, 1, 2, Qt::AlignLeft);
   return page;
 }
@@ -177,6 +180,7 @@ void ReadServiceWindow::ShowAll() {
   const ServiceFileRead& read = viewer_.Read();
   setWindowTitle(QString(kTitle) + " - " + ToQt(FileTitle(viewer_.Path())));
   ShowFrom(*Info_, read.File.Info);
+  ShowDamage();
   boxes_.Show(read.File);
   card_->Show();
   parameters_->Show();
@@ -187,6 +191,15 @@ void ReadServiceWindow::ShowAll() {
        {std::pair(Errors_, ToQt(ErrorsText(read))), std::pair(Test_, ToQt(TestText(read)))}) {
     if (list->toPlainText() != text) list->setPlainText(text);
   }
+}
+
+/// Beyond it everything is empty, or white.
+void ReadServiceWindow::ShowDamage() {
+  const auto line = viewer_.Path().empty() ? std::nullopt : viewer_.Read().Fault();
+  damage_->setVisible(line.has_value());
+  if (line)
+    ShowChanged(*damage_,
+                QString("Damaged at line %1: only what stands before it is shown").arg(*line));
 }
 
 void ReadServiceWindow::ShowSensors() {
@@ -210,12 +223,15 @@ void ReadServiceWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void ReadServiceWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DraggedFile(*event).isEmpty()) event->acceptProposedAction();
+  if (!DraggedFile(*event).isEmpty()) AcceptCopy(*event);
 }
 
 void ReadServiceWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  viewer_.OpenFile(FromQt(DraggedFile(*event)));
+  AcceptCopy(*event);
+  // Whoever drags does not wait for a box about the file.
+  QMetaObject::invokeMethod(
+      this, [this, path = FromQt(DraggedFile(*event))] { viewer_.OpenFile(path); },
+      Qt::QueuedConnection);
 }
 
 }  // namespace morvane::maintenance

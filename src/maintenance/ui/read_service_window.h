@@ -10,6 +10,11 @@ class QHBoxLayout;
 class QPlainTextEdit;
 class QTabWidget;
 
+namespace morvane {
+class ShownText;
+class ShownValue;
+}  // namespace morvane
+
 namespace morvane::maintenance {
 
 class AsidePage;
@@ -44,12 +49,14 @@ class ReadServiceWindow final : public ServiceDialog, public ReadServiceView {
   QWidget* MakeButtons();
   void AddPage(QWidget* page, const char* caption);
   [[nodiscard]] QPlainTextEdit* NewList(const char* name, const char* spoken, QWidget* parent);
+  void ShowDamage();
   void ShowSensors();
   [[nodiscard]] int WidthBesidePictures() const;
 
   ReadService& viewer_;
   FileBoxes boxes_;
   ShownText* Info_ = nullptr;
+  ShownValue* damage_ = nullptr;
   QTabWidget* tabs_ = nullptr;
   FilePicturePanel* pictures_ = nullptr;
   std::unique_ptr<AsidePage> aside_;  ///< the pictures

@@ -20,7 +20,7 @@ constexpr const char* kNoLight = "LEDs off";
 constexpr Trace::Span kRightSpeed{13001, 15999};
 
 QString PhotoWord(const Reading& photo) {
-  if (photo.Text.empty()) return kNoWord;
+  if (photo.Text.empty() || photo.Look == Shade::kUnknown) return kNoWord;
   return photo.Look == Shade::kGood ? kCovered : kFree;
 }
 

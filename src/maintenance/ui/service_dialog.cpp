@@ -26,6 +26,8 @@ void ServiceDialog::hideEvent(QHideEvent* event) {
 
 void ServiceDialog::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+  // Held down, it has closed a box over this window, and does not close this one, too.
+  if (event->key() == Qt::Key_Escape && event->isAutoRepeat()) return;
   QDialog::keyPressEvent(event);
 }
 

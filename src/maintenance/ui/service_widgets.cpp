@@ -24,9 +24,10 @@ QPushButton* NewServiceButton(const char* name, const char* caption, std::functi
   return button;
 }
 
-void MakeReadOnly(QAbstractButton& button) {
-  button.setAttribute(Qt::WA_TransparentForMouseEvents);
-  button.setFocusPolicy(Qt::NoFocus);
+void MakeReadOnly(QAbstractButton& box) {
+  box.setAttribute(Qt::WA_TransparentForMouseEvents);
+  // The space bar and the tools of assistance press it all the same.
+  QObject::connect(&box, &QAbstractButton::clicked, &box, [&box](bool on) { box.setChecked(!on); });
 }
 
 QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent) {

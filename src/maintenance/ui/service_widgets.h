@@ -32,8 +32,8 @@ inline constexpr QColor kStillGround{0xFF, 0xFF, 0xFF};
 /// A button that Enter presses when it has the focus.
 [[nodiscard]] QPushButton* NewServiceButton(const char* name, const char* caption,
                                             std::function<void()> press, QWidget* parent);
-/// The button shows what it is, and cannot be pressed; it does not look as if it were off.
-void MakeReadOnly(QAbstractButton& button);
+/// The box shows what it is, and cannot be changed; it does not look as if it were off.
+void MakeReadOnly(QAbstractButton& box);
 /// A label of a control, which its letter reaches.
 [[nodiscard]] QLabel* NewLabelOf(QWidget* control, const char* caption, QWidget* parent);
 

@@ -1,6 +1,7 @@
 #include "maintenance/ui/test_deal_window.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -27,12 +28,19 @@ QString Seconds(double seconds) { return QString("Time: %1 s").arg(seconds, 0, '
 
 }  // namespace
 
-TestDealWindow::TestDealWindow(Program& program, TestDeal& deal, QWidget* parent)
-    : WorkDialog("TestDealForm", "Morvane - Test Deal", parent), program_(program), deal_(deal) {
+TestDealWindow::TestDealWindow(Program& program, TestDeal& deal, std::optional<QPoint>& place,
+                               QWidget* parent)
+    : WorkDialog("TestDealForm", "Morvane - Test Deal", parent),
+      program_(program),
+      deal_(deal),
+      place_(place) {
   Place(MakeBody(), "TestDealCancel");
   ShowAll();
   Open();
+  if (place_) move(*place_);
 }
+
+TestDealWindow::~TestDealWindow() { place_ = pos(); }
 
 QWidget* TestDealWindow::MakeBody() {
   auto* body = new QWidget(this);
@@ -59,16 +67,20 @@ QWidget* TestDealWindow::MakeTotals() {
   auto* row = new QHBoxLayout(totals);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kServiceMargin);
-  const auto add = [&](const char* name, const char* spoken, const QString& widest) {
-    auto* label = new ShownValue(name, spoken, totals);
+  const auto add = [&](QLabel* label, const char* name, const char* spoken, const QString& widest) {
+    label->setObjectName(name);
+    label->setAccessibleName(spoken);
     KeepSizeFor(*label, {widest});
     row->addWidget(label);
-    return label;
   };
-  number_ = add("Number", "Deal", Number(kMostDeals));
-  finished_ = add("Finished", "Deals without a difference", Finished(kMostDeals));
-  cards_ = add("CardsSeen", "Cards seen in all deals", Cards(kMostDeals * kCards));
-  seconds_ = add("Seconds", "Time of this deal", Seconds(kLongest));
+  number_ = new ShownValue("Number", "Deal", totals);
+  finished_ = new ShownValue("Finished", "Deals without a difference", totals);
+  cards_ = new QLabel(totals);  // these two change too often to be read out
+  seconds_ = new QLabel(totals);
+  add(number_, "Number", "Deal", Number(kMostDeals));
+  add(finished_, "Finished", "Deals without a difference", Finished(kMostDeals));
+  add(cards_, "CardsSeen", "Cards seen in all deals", Cards(kMostDeals * kCards));
+  add(seconds_, "Seconds", "Time of this deal", Seconds(kLongest));
   row->addStretch();
   return totals;
 }
@@ -82,9 +94,9 @@ void TestDealWindow::ShowAll() {
   deck_->Show();
   ShowChanged(*number_, Number(deal_.Number()));
   ShowChanged(*finished_, Finished(totals.Finished));
-  ShowChanged(*cards_, Cards(totals.Cards));
-  ShowChanged(*seconds_, Seconds(deal_.Seconds()));
-  CancelButton().setEnabled(deal_.Result() == TestDeal::End::kNotYet);
+  cards_->setText(Cards(totals.Cards));
+  seconds_->setText(Seconds(deal_.Seconds()));
+  CancelButton().setEnabled(deal_.MayCancel());
 }
 
 void TestDealWindow::ShowError(machine::ErrorDialog& dialog) {

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QPoint>
+#include <optional>
+
 #include "maintenance/test_deal_view.h"
 #include "maintenance/ui/work_dialog.h"
 #include "program/program.h"
 
+class QLabel;
 class QProgressBar;
 
 namespace morvane {
@@ -18,7 +22,11 @@ class TestDeckView;
 /// `TestDealForm`: a test deal as it goes. Escape and the close box cancel it.
 class TestDealWindow final : public WorkDialog, public TestDealView {
  public:
-  TestDealWindow(Program& program, TestDeal& deal, QWidget* parent);
+  /// `place` is where the last one stood, and gets where this one does: deals follow each other.
+  TestDealWindow(Program& program, TestDeal& deal, std::optional<QPoint>& place, QWidget* parent);
+  TestDealWindow(const TestDealWindow&) = delete;
+  TestDealWindow& operator=(const TestDealWindow&) = delete;
+  ~TestDealWindow() override;
 
   void ShowState() override;
   void ShowError(machine::ErrorDialog& dialog) override;
@@ -32,13 +40,14 @@ class TestDealWindow final : public WorkDialog, public TestDealView {
 
   Program& program_;
   TestDeal& deal_;
+  std::optional<QPoint>& place_;
   ShownValue* doing_ = nullptr;
   QProgressBar* TestDealProgress_ = nullptr;
   TestDeckView* deck_ = nullptr;
   ShownValue* number_ = nullptr;
   ShownValue* finished_ = nullptr;
-  ShownValue* cards_ = nullptr;
-  ShownValue* seconds_ = nullptr;
+  QLabel* cards_ = nullptr;
+  QLabel* seconds_ = nullptr;
 };
 
 }  // namespace morvane::maintenance

@@ -42,7 +42,7 @@ TestDeckView::TestDeckView(const TestDeal& deal, QWidget* parent)
 
 void TestDeckView::Show() {
   update();
-  Announce(*this);
+  if (deal_.TestDealFailed()) Announce(*this);  // till then its window tells where it is
 }
 
 QString TestDeckView::SpokenText() const {
@@ -82,7 +82,8 @@ void TestDeckView::paintEvent(QPaintEvent* /*event*/) {
   PaintSuits(painter);
   for (int number = 1; number <= kCards; ++number) {
     const QString rank = ToQt(TestCardName(number)).mid(1);
-    PaintCard(painter, PlaceOf(number), rank, MarkOf(deal_, number));
+    PaintCard(painter, PlaceOf(number),
+              {rank, MarkOf(deal_, number), number <= deal_.CardsDealt()});
   }
   PaintLegend(painter);
 }
@@ -97,9 +98,8 @@ void TestDeckView::PaintSuits(QPainter& painter) const {
 }
 
 /// A card that has been seen lies on the ground of what is selected, and is bold.
-void TestDeckView::PaintCard(QPainter& painter, const QRect& place, const QString& rank,
-                             DeckMark mark) const {
-  const bool seen = mark == DeckMark::kSeen;
+void TestDeckView::PaintCard(QPainter& painter, const QRect& place, const Card& card) const {
+  const auto& [rank, mark, seen] = card;
   const QColor ground = palette().color(seen ? QPalette::Highlight : QPalette::Base);
   const QColor ink =
       ReadableOn(ground, palette().color(seen ? QPalette::HighlightedText : QPalette::Text));
@@ -123,7 +123,7 @@ int TestDeckView::LegendWidth(const char* text) const {
 void TestDeckView::PaintLegend(QPainter& painter) const {
   QPoint at(Grid().left(), Grid().bottom() + 1 + kGap);
   for (const auto& [mark, text] : kLegend) {
-    PaintCard(painter, {at, Cell()}, "", mark);
+    PaintCard(painter, {at, Cell()}, {"", mark, mark == DeckMark::kSeen});
     const QRect beside(at.x() + Cell().width() + kGap, at.y(), LegendWidth(text), Cell().height());
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::WindowText));

@@ -27,7 +27,12 @@ class TestDeckView final : public QWidget, public Spoken {
   [[nodiscard]] QSize Cell() const;
   [[nodiscard]] QRect Grid() const;
   void PaintSuits(QPainter& painter) const;
-  void PaintCard(QPainter& painter, const QRect& place, const QString& rank, DeckMark mark) const;
+  struct Card {
+    QString Rank;
+    DeckMark Mark;
+    bool Seen;  ///< it has passed the camera
+  };
+  void PaintCard(QPainter& painter, const QRect& place, const Card& card) const;
   void PaintLegend(QPainter& painter) const;
   [[nodiscard]] int LegendWidth(const char* text) const;
 

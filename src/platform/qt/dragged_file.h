@@ -13,4 +13,10 @@ namespace morvane {
   return urls.size() == 1 ? QDir::toNativeSeparators(urls.front().toLocalFile()) : QString();
 }
 
+/// The file stays with whoever drags it, also where a move was proposed.
+inline void AcceptCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
+
 }  // namespace morvane

@@ -113,13 +113,13 @@ void MainMenu::closeEvent(QCloseEvent* event) {
 }
 
 void MainMenu::dragEnterEvent(QDragEnterEvent* event) {
-  if (!shell_.FlowActive() && !DraggedFile(*event).isEmpty()) event->acceptProposedAction();
+  if (!shell_.FlowActive() && !DraggedFile(*event).isEmpty()) AcceptCopy(*event);
 }
 
 /// A file that is dropped here is taken as one that is opened while the program runs: a board file
 /// is loaded, a firmware file asks for its download.
 void MainMenu::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
+  AcceptCopy(*event);
   shell_.LinkExecute(LinkCommandFor(FromQt(DraggedFile(*event))));
 }
 
