@@ -9,7 +9,6 @@
 namespace morvane::cli {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;

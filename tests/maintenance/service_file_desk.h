@@ -11,6 +11,17 @@
 
 namespace morvane::maintenance {
 
+/// [n] is line n.
+inline std::vector<std::string> LinesIn(const std::string& bytes) {
+  std::vector<std::string> lines{""};
+  std::size_t at = 0;
+  for (std::size_t end = 0; (end = bytes.find("\r\n", at)) != std::string::npos; at = end + 2) {
+    lines.push_back(bytes.substr(at, end - at));
+  }
+  EXPECT_EQ(at, bytes.size()) << "behind the last line";
+  return lines;
+}
+
 /// The console at a machine on paper, and the service files that it leaves.
 class ServiceFileDesk : public ConsoleDesk {
  protected:
@@ -46,13 +57,7 @@ class ServiceFileDesk : public ConsoleDesk {
   }
   /// Of the first file: [n] is line n.
   [[nodiscard]] std::vector<std::string> Lines(const std::string& name = kFirst) const {
-    std::vector<std::string> lines{""};
-    std::string rest = test::Content(Path(name));
-    for (std::size_t end; (end = rest.find("\r\n")) != std::string::npos; rest.erase(0, end + 2)) {
-      lines.push_back(rest.substr(0, end));
-    }
-    EXPECT_EQ(rest, "") << "behind the last line";
-    return lines;
+    return LinesIn(test::Content(Path(name)));
   }
   [[nodiscard]] std::string Path(const std::string& name = kFirst) const {
     return JoinPath(desk.Prog.Paths.Data, name);

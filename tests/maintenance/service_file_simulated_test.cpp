@@ -1,7 +1,7 @@
 #include <filesystem>
 #include <numeric>
 
-#include "maintenance/console_desk.h"
+#include "maintenance/service_file_desk.h"
 #include "maintenance/service_file_reader.h"
 #include "platform/files.h"
 
@@ -28,12 +28,7 @@ class ServiceFileOfASimulatedMachine : public ConsoleDesk {
       return wire;
     };
     console->Email();
-    std::vector<std::string> all{""};
-    std::string rest = test::Content(console->ServiceFiles().Written);
-    for (std::size_t end; (end = rest.find("\r\n")) != std::string::npos; rest.erase(0, end + 2)) {
-      all.push_back(rest.substr(0, end));
-    }
-    return all;
+    return LinesIn(test::Content(console->ServiceFiles().Written));
   }
   [[nodiscard]] static std::string RecordText(const IndexRecord& record) {
     const auto& at = record.Positions;
@@ -115,7 +110,7 @@ TEST_F(ServiceFileOfASimulatedMachine, CountsWhatTheMachineCounts) {
   std::vector<std::uint32_t> found;
   for (std::size_t line = 397; line <= 404; ++line) {
     std::string rest = file[line] + ",";
-    for (std::size_t end; (end = rest.find(',')) != std::string::npos; rest.erase(0, end + 1)) {
+    for (std::size_t end = 0; (end = rest.find(',')) != std::string::npos; rest.erase(0, end + 1)) {
       found.push_back(static_cast<std::uint32_t>(std::stoul(rest.substr(0, end))));
     }
   }

@@ -39,7 +39,7 @@ class BoardCalibrationWindowTest : public ConsoleDesk {
   /// At the box that asks; it is answered with No.
   void AtQuestion(const std::function<void()>& look) {
     desk.AnswerBox(QMessageBox::Ok);
-    desk.When("MessageBox", [this, look](QWidget& box) {
+    desk.When("MessageBox", [look](QWidget& box) {
       look();
       static_cast<QMessageBox&>(box).button(QMessageBox::No)->click();
     });
