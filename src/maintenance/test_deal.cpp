@@ -163,9 +163,13 @@ void TestDeal::TakeVerdict(const wire::ErrorVerdictReply& reply) {
   view_->ShowState();
 }
 
-/// Behind a fault the machine may name one all the same.
+/// It was recognised; behind another fault the reply may name one all the same.
+bool TestDeal::NamesACard() const {
+  return IsWrongCard() || (verdict_ && verdict_->Error == wire::kDuplicateCard);
+}
+
 std::string TestDeal::SeenCard() const {
-  if (!IsWrongCard()) return "";
+  if (!NamesACard()) return "";
   Verdict seen;
   seen.TakeError(*verdict_);
   return seen.Symbol + seen.Suit;
@@ -173,7 +177,7 @@ std::string TestDeal::SeenCard() const {
 
 /// The verdict's ranks count from 2 on, with 14 for the ace.
 int TestDeal::SeenNumber() const {
-  if (!IsWrongCard()) return 0;
+  if (!NamesACard()) return 0;
   const int rank = verdict_->Rank - kFirstRank;
   const int suit = verdict_->Suit - 1;
   const bool card = rank >= 0 && rank < kRanks && suit >= 0 && suit < kSuits;

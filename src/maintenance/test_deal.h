@@ -94,6 +94,7 @@ class TestDeal {
   bool Follow();
   bool Poll();
   bool GivenUp();
+  [[nodiscard]] bool NamesACard() const;
   bool GoesOn();
   bool GoesOnBehindFault();
   machine::DialogAnswer AnswerFault();

@@ -46,6 +46,13 @@ TEST_F(ADeck, MarksWhatWasExpectedAndWhatWasSeen) {
   EXPECT_EQ(Marks().back(), 'T');
 }
 
+TEST_F(ADeck, ACardThatCouldNotBeReadWasNotSeen) {
+  Run({{30, 8}});
+  Say(11, 1, 30);
+  EXPECT_EQ(Marks(), "xxxxxxxxE" + std::string(43, '-')) << "though the reply has one";
+  EXPECT_EQ(StateText(*deal), "Stopped at card 9, error 30: expected ST");
+}
+
 TEST_F(ADeck, AVerdictWithoutACardMarksNone) {
   Run({{30, 8}});
   for (const auto& [rank, suit] : {std::pair<int, int>{61, 1}, {1, 1}, {15, 1}, {5, 0}, {5, 5}}) {
