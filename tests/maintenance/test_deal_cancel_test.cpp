@@ -35,6 +35,12 @@ TEST_F(ADealCutShort, TheBreakGoesOutOnceWithTheNextPoll) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
+TEST_F(ADealCutShort, CancelledAgainItSendsNoOtherBreak) {
+  view.OnShow = [this] { deal->TestDealCancel(); };  // as a key that is held down
+  EXPECT_EQ(Run({{255, 3}, {255, 6}, {255, 7}, {57, 7}}), End::kCancelled);
+  EXPECT_THAT(Breaks(), ElementsAre(1, 0, 0, 0));
+}
+
 TEST_F(ADealCutShort, ACancelBeforeTheFirstPollGoesWithIt) {
   CancelAtPoll(0);
   EXPECT_EQ(Run({{57, 0}}), End::kCancelled);

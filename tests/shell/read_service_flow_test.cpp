@@ -89,10 +89,12 @@ TEST(ReadServiceFile, IsToldByItsFirstWordsAndItsEnding) {
   Desk desk;
   test::WriteContent(desk.Folder / "A.TXT", "Service file ");
   test::WriteContent(desk.Folder / "a.pbn", "Service file ");
+  test::WriteContent(desk.Folder / "mark.txt", "\xEF\xBB\xBFService file 3/5/2019");
   test::WriteContent(desk.Folder / "short.txt", "Service file");
   test::WriteContent(desk.Folder / "lower.txt", "service file 3/5/2019");
   EXPECT_TRUE(maintenance::IsServiceFile(desk.File));
   EXPECT_TRUE(maintenance::IsServiceFile(desk.Folder / "A.TXT"));
+  EXPECT_TRUE(maintenance::IsServiceFile(desk.Folder / "mark.txt")) << "as the reader takes it";
   EXPECT_FALSE(maintenance::IsServiceFile(desk.Folder / "a.pbn"));
   EXPECT_FALSE(maintenance::IsServiceFile(desk.Folder / "short.txt"));
   EXPECT_FALSE(maintenance::IsServiceFile(desk.Folder / "lower.txt"));
@@ -120,6 +122,28 @@ TEST(ReadServiceFile, IsShownWhenTheRunningProgramIsAskedForIt) {
   desk.Loop.WaitMs(2 * Shell::kTimer2Ms);
   EXPECT_THAT(desk.Desktop.ServiceFiles, ElementsAre(desk.File));
   EXPECT_THAT(desk.Desktop.Pages, SizeIs(1)) << "it is loaded";
+}
+
+TEST(ReadServiceFile, TheViewerThatIsOpenTakesAnother) {
+  struct NoWindow final : maintenance::ReadServiceView {
+    void ShowAll() override {}
+  };
+  Desk desk;
+  desk.Start();
+  const std::string second = desk.Folder / "Service_file_815.txt";
+  test::WriteContent(second, "Service file 4/5/2019\r\n");
+  NoWindow window;
+  desk.Desktop.OnReadService = [&](ReadService& viewer) {
+    viewer.Open(window, desk.File);
+    desk.Main.LinkExecute("1" + second);
+    desk.Loop.WaitMs(2 * Shell::kTimer2Ms);
+    EXPECT_EQ(viewer.Path(), second);
+    EXPECT_EQ(desk.Prog.Link.Pending, LinkRequest::kNone);
+    desk.Main.LinkExecute("1" + desk.Other);
+    desk.Loop.WaitMs(2 * Shell::kTimer2Ms);
+    EXPECT_EQ(desk.Prog.Link.Pending, LinkRequest::kLoad) << "a board file waits";
+  };
+  desk.Main.MenuReadServiceFile();
 }
 
 TEST(ReadServiceFile, WaitsForTheFlowThatIsOpen) {

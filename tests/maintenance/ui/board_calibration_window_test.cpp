@@ -163,6 +163,8 @@ TEST_F(BoardCalibrationWindowTest, OtherBoardsInWords) {
        {Row{PaperBoard(51, 50),
             "down: lost at 50, up: seen again at 51, hysteresis: none, recommended: 45"},
         Row{PaperBoard(256, 230), "down: lost at 230, up: never seen again, recommended: 200"},
+        Row{PaperBoard(256, 255),
+            "down: lost at 255, seen at no sensitivity: is a board in the slot?, recommended: 200"},
         Row{PaperBoard(1, 0), "down: never lost"}}) {
     board = row.Board;
     desk.AnswerBox(QMessageBox::Ok);

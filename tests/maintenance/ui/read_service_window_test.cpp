@@ -140,6 +140,21 @@ TEST_F(ReadServiceWindowTest, NothingOfTheFileCanBeChanged) {
   EXPECT_FALSE(Checked("Gate1"));
 }
 
+TEST_F(ReadServiceWindowTest, NeitherKeysNorToolsOfAssistanceChangeIt) {
+  Open();
+  Page("Sensors");
+  auto& gate = test::Find<QAbstractButton>(*window, "Gate1");
+  gate.setFocus();
+  Press(Qt::Key_Space);
+  EXPECT_FALSE(gate.isChecked());
+  gate.click();  // as they do
+  EXPECT_FALSE(gate.isChecked());
+  Page("Card");
+  test::Find<QAbstractButton>(*window, "National_1").click();
+  EXPECT_TRUE(Checked("National_7"));
+  EXPECT_FALSE(Checked("National_1"));
+}
+
 TEST_F(ReadServiceWindowTest, SwitchesMotorsAndPhotoSensorsHaveTheirColours) {
   Open();
   EXPECT_EQ(Ground("Front_Switch"), "#80ff80");
@@ -238,6 +253,7 @@ TEST_F(ReadServiceWindowTest, AFaultyLineIsToldAndWhatWasReadStays) {
   ASSERT_EQ(desk.Boxes.size(), 1U);
   EXPECT_EQ(desk.Boxes[0].Title, "Read Service");
   EXPECT_EQ(desk.Boxes[0].Text, "Service file error at line: 13");
+  EXPECT_EQ(Text("Damage"), "Damaged at line 13: only what stands before it is shown");
   EXPECT_EQ(Text("Serial_number"), "4711");
   EXPECT_EQ(Text("Board_Sen"), "");
   EXPECT_EQ(Pixel("Picture1", 0, 2), 0x020202U);
@@ -267,6 +283,45 @@ TEST_F(ReadServiceWindowTest, AFileThatIsDroppedIsOpened) {
   test::WriteContent(other, ServiceBytesOf(changed));
   Drop(other);
   EXPECT_EQ(Text("Serial_number"), "4712");
+}
+
+TEST_F(ReadServiceWindowTest, AGoodFileHasNoDamage) {
+  Open();
+  EXPECT_FALSE(test::Visible(*window, "Damage"));
+}
+
+TEST_F(ReadServiceWindowTest, AFileThatIsMovedHereStaysWhereItIs) {
+  Open();
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(ToQt(path))});
+  const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter({10, 10}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QApplication::sendEvent(window.get(), &enter);
+  QDropEvent drop({10, 10}, offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+  drop.setDropAction(Qt::MoveAction);
+  QApplication::sendEvent(window.get(), &drop);
+  EXPECT_TRUE(drop.isAccepted());
+  EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+  desk.Loop.Pump();
+}
+
+TEST_F(ReadServiceWindowTest, AnEscapeThatIsHeldDownDoesNotCloseIt) {
+  Open();
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(window.get(), &held);
+  EXPECT_FALSE(viewer.Closed());
+  Press(Qt::Key_Escape);
+  EXPECT_TRUE(viewer.Closed());
+}
+
+TEST_F(ReadServiceWindowTest, WhatWasNotReadIsNeitherToldNorDrawn) {
+  desk.AnswerBox(QMessageBox::Ok);
+  OpenWithLine(7, "x");  // of the Jumbo record, which the file has selected
+  EXPECT_EQ(Text("shows"), "");
+  EXPECT_EQ(Text("Photo1").empty(), false);
+  EXPECT_EQ(Ground("Photo1"), "") << "nor is it said to be free";
+  Click("Frame_draw");
+  EXPECT_EQ(Pixel("Picture1", 0, 0), 0xFFFFFFU);
 }
 
 TEST_F(ReadServiceWindowTest, SeveralFilesAreNotTaken) {
