@@ -145,6 +145,14 @@ void ReadService::OpenFile(const std::string& path) {
   TellFault(program_, read_);
 }
 
+void ReadService::OpenSoon(const std::string& path) {
+  constexpr int kSoonMs = 1;
+  soon_ = program_.Loop.StartTimer(kSoonMs, [this, path] {
+    const auto once = std::move(soon_);
+    OpenFile(path);
+  });
+}
+
 void ReadService::ShowRecord(int index) {
   index_ = index;
   view_->ShowAll();

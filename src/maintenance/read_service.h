@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -49,8 +50,10 @@ class ReadService {
   void Open(ReadServiceView& view, const std::string& path);
   /// "Open...": another file.
   void Ask();
-  /// A file that is dropped on the window, or picked.
+  /// Another file, from outside or picked.
   void OpenFile(const std::string& path);
+  /// A file that is dropped on the window: whoever drags it does not wait for a box about it.
+  void OpenSoon(const std::string& path);
   void Exit() { closed_ = true; }
   [[nodiscard]] bool Closed() const { return closed_; }
 
@@ -93,6 +96,7 @@ class ReadService {
   int index_ = 0;  ///< as in `CardSettings::Index`
   PictureStore pictures_;
   PictureStore beside_;
+  std::unique_ptr<Timer> soon_;
   bool closed_ = false;
 };
 

@@ -228,10 +228,7 @@ void ReadServiceWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void ReadServiceWindow::dropEvent(QDropEvent* event) {
   AcceptCopy(*event);
-  // Whoever drags does not wait for a box about the file.
-  QMetaObject::invokeMethod(
-      this, [this, path = FromQt(DraggedFile(*event))] { viewer_.OpenFile(path); },
-      Qt::QueuedConnection);
+  viewer_.OpenSoon(FromQt(DraggedFile(*event)));
 }
 
 }  // namespace morvane::maintenance

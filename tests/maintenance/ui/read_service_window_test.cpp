@@ -85,7 +85,7 @@ class ReadServiceWindowTest : public ::testing::Test {
     ASSERT_TRUE(enter.isAccepted());
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &drop);
-    desk.Loop.Pump();
+    desk.Loop.WaitMs(10);
   }
 
   const std::vector<std::string> lines = ServiceLinesOf(BytesOf(SampleServiceFile()));
@@ -302,7 +302,6 @@ TEST_F(ReadServiceWindowTest, AFileThatIsMovedHereStaysWhereItIs) {
   QApplication::sendEvent(window.get(), &drop);
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
-  desk.Loop.Pump();
 }
 
 TEST_F(ReadServiceWindowTest, AnEscapeThatIsHeldDownDoesNotCloseIt) {
