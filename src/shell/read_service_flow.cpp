@@ -1,5 +1,6 @@
 #include "shell/read_service_flow.h"
 
+#include <memory>
 #include <utility>
 
 namespace morvane::shell {
@@ -19,9 +20,10 @@ void TakeRequest(Program& program, maintenance::ReadService& viewer) {
 
 void ReadServiceFlow(Program& program, maintenance::ReadServiceDialog& dialogs,
                      const std::string& path) {
-  maintenance::ReadService viewer(program);
-  const auto requests = program.Loop.StartTimer(kRequestMs, [&] { TakeRequest(program, viewer); });
-  if (dialogs.ShowReadService(viewer, path)) return;
+  // Its pictures are much for a stack.
+  const auto viewer = std::make_unique<maintenance::ReadService>(program);
+  const auto requests = program.Loop.StartTimer(kRequestMs, [&] { TakeRequest(program, *viewer); });
+  if (dialogs.ShowReadService(*viewer, path)) return;
   program.ShowMessage("      This program has no window for service files.      ", kOkCritical,
                       maintenance::kReadServiceTitle);
 }
