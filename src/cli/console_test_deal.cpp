@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "maintenance/test_deck.h"
-#include "text/box_text.h"
 #include "text/columns.h"
 #include "text/text.h"
 

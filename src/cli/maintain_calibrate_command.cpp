@@ -6,7 +6,6 @@
 #include "cli/console_service.h"
 #include "cli/service_lines.h"
 #include "maintenance/calibration_command.h"
-#include "text/box_text.h"
 
 namespace morvane::cli {
 namespace {

@@ -5,9 +5,7 @@
 
 #include "cli/console_service.h"
 #include "cli/console_test_deal.h"
-#include "cli/service_lines.h"
 #include "maintenance/test_deal_command.h"
-#include "text/box_text.h"
 
 namespace morvane::cli {
 namespace {
@@ -73,8 +71,7 @@ constinit const Command kMaintainTestDealCommand{
         "Deals a deck that lies in a known order, to find out which card is taken for another. "
         "With --yes it deals again and again until there is a difference, which makes a service "
         "file, or a fault, which is not gone on behind, or until it is interrupted. The exit "
-        "status is 0 only when nobody "
-        "wanted another deal behind one without a difference.",
+        "status is 0 only when nobody wanted another deal behind one without a difference.",
     .Prepare = TaskOf<ReadMaintainTestDealOptions, MaintainTestDeal>};
 
 }  // namespace morvane::cli

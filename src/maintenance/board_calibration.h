@@ -41,8 +41,6 @@ class BoardCalibration {
 
   // What the window shows.
   [[nodiscard]] int TrialSensitivity() const { return trialSensitivity_; }
-  /// As the machine said last: 1 is seen, 0 is not.
-  [[nodiscard]] int BoardSeen() const { return boardSeen_; }
   /// Where the sweep down has ended; 0: it has not.
   [[nodiscard]] int SensOn() const { return sensOn_; }
   [[nodiscard]] bool Over() const { return over_; }         ///< both sweeps are
@@ -75,7 +73,7 @@ class BoardCalibration {
   std::function<bool()> leaving_;
   std::vector<Point> points_;
   int trialSensitivity_ = kHighest;
-  int boardSeen_ = 1;
+  int boardSeen_ = 1;  ///< as the machine said last: 1 is seen, 0 is not
   int sensOn_ = 0;
   int recommendedSensitivity_ = 0;
   int progress_ = 0;
