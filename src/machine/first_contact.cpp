@@ -16,7 +16,7 @@ Contact AskMachine(Machine& machine, Log& log) {
       "  S/N:" + std::to_string(machine.SerialNumber) +
       " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
       " Firmware:" + machine.FirmwareVersion()};
-  if (machine.IsSimulated()) lines.emplace_back(" Machine: simulated");
+  if (!machine.KindWord().empty()) lines.push_back(" Machine: " + std::string(machine.KindWord()));
   log.Lines(lines);
   return Contact::kMade;
 }

@@ -8,6 +8,25 @@ namespace morvane::machine {
 
 using wire::StatusReply;
 
+namespace {
+
+struct KindWords {
+  std::string_view Word;
+  std::string_view Title;
+};
+
+/// By `MachineKind`.
+constexpr std::array<KindWords, 3> kKinds{
+    {{"", ""}, {"simulated", " - Simulated machine"}, {"replayed", " - Replayed machine"}}};
+
+}  // namespace
+
+std::string_view Machine::KindWord() const { return kKinds[static_cast<std::size_t>(kind_)].Word; }
+
+std::string Machine::TitleMark() const {
+  return std::string(kKinds[static_cast<std::size_t>(kind_)].Title);
+}
+
 std::string VersionInHex(std::uint8_t major, std::uint8_t minor) {
   const std::string digits = Hex2(major);
   return (major < 16 ? digits.substr(1) : digits) + "." + Hex2(minor);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "machine/machine_link.h"
 #include "platform/entropy.h"
@@ -13,8 +14,9 @@
 
 namespace morvane::machine {
 
-/// Who deals: a machine with cards in it, or one made of code.
-enum class MachineKind : std::uint8_t { kReal, kSimulated };
+/// Who deals: a machine with cards in it, one made of code, or one that another run has been noted
+/// of.
+enum class MachineKind : std::uint8_t { kReal, kSimulated, kReplayed };
 
 /// "2.7F", of the bytes 02 and 7F.
 [[nodiscard]] std::string VersionInHex(std::uint8_t major, std::uint8_t minor);
@@ -31,7 +33,10 @@ class Machine {
   Machine(Entropy& random, UsbXpress& usb, MachineKind kind = MachineKind::kReal)
       : Link(usb), random_(random), kind_(kind) {}
 
-  [[nodiscard]] bool IsSimulated() const { return kind_ == MachineKind::kSimulated; }
+  /// "simulated" or "replayed", for the log; empty where cards fall.
+  [[nodiscard]] std::string_view KindWord() const;
+  /// " - Simulated machine", for the title of a window that drives it; empty where cards fall.
+  [[nodiscard]] std::string TitleMark() const;
 
   MachineLink Link;
   /// A procedure owns the link: no polling timer may start an exchange.

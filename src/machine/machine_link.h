@@ -26,6 +26,7 @@ class MachineLink {
   /// Consecutive bad receives; a good one sets it to 0. No send touches it.
   std::int16_t CommErrorCount = 0;
   std::string UsbProductString;  ///< serial string of the device that was opened
+  std::string AdviceTold;        ///< what the bridge had to say of a link that was opened
   std::uint32_t UsbDllVersionHigh = 0;
   std::uint32_t UsbDllVersionLow = 0;
   std::uint32_t UsbDriverVersionHigh = 0;  ///< major in the upper, minor in the lower 16 bits

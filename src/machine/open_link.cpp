@@ -18,6 +18,20 @@ std::string TextOf(const UsbXpress::ProductString& text) {
   return {text.begin(), std::find(text.begin(), text.end() - 1, '\0')};
 }
 
+/// What the bridge has to say stands below the system's own words.
+std::string WithAdvice(const std::string& text, const std::string& advice) {
+  return advice.empty() ? text : text + "\r\n\r\n" + Fill(advice, "\n", kCrLf);
+}
+
+/// Once each: the link is opened for every window.
+void TellAdvice(Program& program, MachineLink& link) {
+  const std::string advice = link.Usb.Advice();
+  if (!advice.empty() && advice != link.AdviceTold) {
+    program.ShowMessage(Fill(advice, "\n", kCrLf), kOkInformation, "USB Connection");
+  }
+  link.AdviceTold = advice;
+}
+
 /// One attempt. `Step` says how far it came; a clean open ends at 10.
 class OpenAttempt {
  public:
@@ -102,14 +116,18 @@ bool OpenLink(Program& program, MachineLink& link, std::int16_t timeoutMs) {
   while (!link.IsOpen() && !program.Loop.Quitting()) {
     OpenAttempt attempt(program, link, timeoutMs);
     attempt.Run();
-    if (attempt.Status == UsbXpress::kSuccess) break;
+    if (attempt.Status == UsbXpress::kSuccess) {
+      TellAdvice(program, link);
+      break;
+    }
 
     const std::string status = std::to_string(attempt.Status);
     const std::string step = std::to_string(attempt.Step);
     const bool noDriver = attempt.Status == UsbXpress::kDriverMissing;
-    const int answer = program.Ask(
-        Fill(noDriver ? program.Texts.Msg051 : program.Texts.Msg050, "***", status + "." + step),
-        kOkCancelCritical, "USB Initialization Error");
+    const std::string text =
+        Fill(noDriver ? program.Texts.Msg051 : program.Texts.Msg050, "***", status + "." + step);
+    const int answer = program.Ask(WithAdvice(text, link.Usb.Advice()), kOkCancelCritical,
+                                   "USB Initialization Error");
     program.Log.WriteLine(" USB Initialization Error: " + status + ":" + step);
     if (answer != kOk) break;
   }

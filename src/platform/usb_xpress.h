@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace morvane {
 
@@ -23,8 +24,11 @@ class UsbXpress {
   /// The device is there and the system refuses it: another program has it, or it is another
   /// user's.
   static constexpr Status kDeviceIoFailed = 0x08;
+  static constexpr Status kFunctionNotSupported = 0x0A;
+  /// The system error, by which a library says that its driver is missing.
+  static constexpr Status kDriverMissing = 0x0C;
   static constexpr Status kReadTimedOut = 0x0D;
-  static constexpr Status kDriverMissing = 12;
+  static constexpr Status kWriteTimedOut = 0x0E;
 
   static constexpr std::uint32_t kBaudRate = 115200;
   static constexpr std::uint16_t kEightDataBitsNoParity = 0x0800;
@@ -51,6 +55,12 @@ class UsbXpress {
   virtual Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) = 0;
   virtual Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) = 0;
   virtual Status Close(Handle handle) = 0;
+
+  /// What there is to say to the operator, beyond its status, about the last `GetNumDevices`,
+  /// `GetProductString` or `Open`: why it failed and what helps, or what is worth knowing though it
+  /// did not. Whole sentences, the lines ending with LF but for the last; empty where there is
+  /// nothing.
+  [[nodiscard]] virtual std::string Advice() const { return {}; }
 };
 
 }  // namespace morvane

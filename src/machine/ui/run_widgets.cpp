@@ -12,8 +12,8 @@ namespace morvane::machine {
 
 void PrepareRunWindow(QDialog& window, const MachineRun& run) {
   window.setObjectName("DealinProg");
-  window.setWindowTitle(ToQt("Morvane - " + std::string(run.Words().Title) +
-                             (run.TheMachine().IsSimulated() ? " - Simulated machine" : "")));
+  window.setWindowTitle(
+      ToQt("Morvane - " + std::string(run.Words().Title) + run.TheMachine().TitleMark()));
   window.setWindowModality(Qt::WindowModal);
   window.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   window.setWindowFlag(Qt::WindowMaximizeButtonHint);

@@ -46,8 +46,7 @@ constexpr int kPicturePage = 1;
 MaintenanceWindow::MaintenanceWindow(Program& program, Maintenance& maintenance, QWidget* parent)
     : QDialog(parent), program_(program), maintenance_(maintenance) {
   setObjectName("Maintenance");
-  setWindowTitle(QString("Morvane - Maintenance") +
-                 (maintenance.TheMachine().IsSimulated() ? " - Simulated machine" : ""));
+  setWindowTitle(ToQt("Morvane - Maintenance" + maintenance.TheMachine().TitleMark()));
   setWindowModality(Qt::WindowModal);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
