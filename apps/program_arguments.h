@@ -3,15 +3,16 @@
 #include <QStringList>
 #include <string>
 
+#include "bridges/link_request.h"
+
 class QCommandLineParser;
 
 namespace morvane {
 
 /// What every program of ours takes on the command line.
-struct ProgramArguments {
+struct ProgramArguments : bridges::LinkRequest {
   std::string Data;      ///< empty: the user's own data folder
   std::string Settings;  ///< empty: the user's own store
-  std::string Machine;
   std::string Help;   ///< not empty: to be shown (usage or version), and nothing else is asked for
   std::string Error;  ///< not empty: wrong usage, and why
 };

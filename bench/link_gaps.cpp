@@ -15,7 +15,6 @@
 #include "bench/dealt_set.h"
 #include "bench/link_programs.h"
 #include "bench/options.h"
-#include "cli/job.h"
 #include "support/qt_desk.h"
 
 namespace morvane::bench {
@@ -23,17 +22,6 @@ namespace {
 
 constexpr double kWantedPerCent = 1;
 constexpr int kLookMs = 100;
-
-void DealAtTerminal(LinkParts& parts, const BoardSet& set) {
-  AtTerminal(parts, [&](cli::Job& job) {
-    job.Place.Prog.Set = set;
-    cli::RunRequest request;
-    request.Auto = true;
-    job.Windows.RunBy(request, {});
-    job.Shell.MenuDeal();
-    return cli::kDone;
-  });
-}
 
 /// Presses what an operator would press, as soon as it can be pressed.
 class QuickOperator {

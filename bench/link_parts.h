@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -19,10 +20,13 @@
 
 namespace morvane::bench {
 
-/// What both programs have from the system, and the line to the machine.
+/// What both programs have from the system, and the way to the machine.
 struct LinkParts {
   explicit LinkParts(const std::string& path, test::LinkGaps::Of of = test::LinkGaps::Of::kRuns)
-      : Serial(path), Gaps(Serial, Time, of) {}
+      : LinkParts([&](Clock&) { return std::make_unique<bridges::SerialBridge>(path); }, of) {}
+  explicit LinkParts(const std::function<std::unique_ptr<UsbXpress>(Clock& time)>& make,
+                     test::LinkGaps::Of of = test::LinkGaps::Of::kRuns)
+      : Usb(make(Time)), Gaps(*Usb, Time, of) {}
   test::TempFolder Folder;
   SystemClock Time;
   SystemEntropy Random;
@@ -31,7 +35,7 @@ struct LinkParts {
   test::FakeSound Silence;
   test::FakePrinter NoPaper;
   test::FakeProcesses NoPrograms;
-  bridges::SerialBridge Serial;
+  std::unique_ptr<UsbXpress> Usb;
   test::LinkGaps Gaps;
 
   [[nodiscard]] morvane::Ports On(Ui& ui) {

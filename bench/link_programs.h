@@ -18,6 +18,18 @@ void AtTerminal(LinkParts& parts, const Command& command) {
   cli::RunJob(place, "", command);
 }
 
+/// Each board is started at once.
+inline void DealAtTerminal(LinkParts& parts, const BoardSet& set) {
+  AtTerminal(parts, [&](cli::Job& job) {
+    job.Place.Prog.Set = set;
+    cli::RunRequest request;
+    request.Auto = true;
+    job.Windows.RunBy(request, {});
+    job.Shell.MenuDeal();
+    return cli::kDone;
+  });
+}
+
 struct Desktop {
   Program& Prog;
   shell::MainMenu& Menu;

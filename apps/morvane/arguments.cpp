@@ -2,8 +2,8 @@
 
 #include <QCommandLineParser>
 
+#include "bridges/link_request.h"
 #include "platform/files.h"
-#include "simulator/options.h"
 
 namespace morvane {
 namespace {
@@ -13,10 +13,11 @@ std::string Usage() {
          "\n"
          "  PATH             the board file to load; a firmware file (.adc) is loaded into the "
          "machine\n"
-         "  --machine M      usb (the default),\n"
-         "                   " +
-         simulator::OptionsUsage(19) +
-         " or serial:PATH\n"
+         "  --machine M      " +
+         bridges::MachineUsage(19) +
+         "\n"
+         "  --trace FILE     note all that passes over the link, to be read or replayed\n"
+         "  --trace-without-hands  but not who has which card, so that it can be handed on\n"
          "  --data DIR       the folder of logs and history\n"
          "  --settings FILE  the settings store\n"
          "  --version        say which version this is\n";

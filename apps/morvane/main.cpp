@@ -55,10 +55,8 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
-  using morvane::machine::MachineKind;
   morvane::SystemProcesses processes;
-  morvane::shell::Shell shell(program, *machine.Usb, processes, windows, instance,
-                              machine.Simulated ? MachineKind::kSimulated : MachineKind::kReal);
+  morvane::shell::Shell shell(program, *machine.Usb, processes, windows, instance, machine.Kind);
   morvane::shell::MainMenu mainMenu(program, shell);
   windows.SetMainMenu(mainMenu);
   ui.SetMainWindow(mainMenu.ForUi());
@@ -112,7 +110,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
 
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
-  const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);
+  const auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
   if (!machine.Usb) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;

@@ -10,7 +10,6 @@
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
 #include "platform/system_processes.h"
-#include "simulator/simulated_machine.h"
 #include "system_parts.h"
 
 namespace {
@@ -52,7 +51,7 @@ int main(int argc, char** argv) {
     application = ApplicationWithFonts(nameAlone, argv);
   }
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
-  const auto machine = morvane::bridges::ChooseMachine(arguments.Machine, parts.Time);
+  const auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
   if (!machine.Usb) {
     std::cerr << "morvane-cli: " << machine.Error << "\n";
     return morvane::cli::kWrongUsage;
@@ -67,11 +66,11 @@ int main(int argc, char** argv) {
   morvane::QuitOnEndSignals(parts.Loop);
   morvane::QuitOnBrokenPipe();
   morvane::SystemProcesses processes;
-  morvane::cli::Workplace place{program,      operatorAtTerminal, terminal,
-                                *machine.Usb, processes,          machine.Simulated};
+  morvane::cli::Workplace place{program,   operatorAtTerminal, terminal,         *machine.Usb,
+                                processes, machine.Kind,       machine.Simulated};
   const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
-  if (machine.Simulated != nullptr && !machine.Simulated->Trouble().empty()) {
-    std::cerr << "morvane-cli: " << machine.Simulated->Trouble() << "\n";
+  if (const std::string trouble = machine.Trouble(); !trouble.empty()) {
+    std::cerr << "morvane-cli: " << trouble << "\n";
   }
   std::cout.flush();
   if (std::cout) return status;

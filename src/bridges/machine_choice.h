@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "bridges/link_request.h"
+#include "machine/machine.h"
 #include "platform/clock.h"
 #include "platform/usb_xpress.h"
 
@@ -12,18 +14,26 @@ class SimulatedMachine;
 
 namespace morvane::bridges {
 
-/// The way to the machine that `--machine` names, or why there is none.
+class ReplayBridge;
+class TracedBridge;
+
+/// The way to the machine that a command line names, or why there is none.
 struct MachineChoice {
   std::unique_ptr<UsbXpress> Usb;
-  simulator::SimulatedMachine* Simulated = nullptr;  ///< `Usb`, when it is the simulated machine
-  std::string Error;                                 ///< not empty: `Usb` is null
+  machine::MachineKind Kind = machine::MachineKind::kReal;
+  // What `Usb` is, or has inside, where it is that.
+  simulator::SimulatedMachine* Simulated = nullptr;
+  ReplayBridge* Replayed = nullptr;
+  TracedBridge* Traced = nullptr;
+  std::string Error;        ///< not empty: `Usb` is null
+
+  /// What is wrong with the files behind it by now, in lines for their owner: that of a machine
+  /// that is kept in one, the trace that is played, the trace that is written. Empty: nothing.
+  [[nodiscard]] std::string Trouble() const;
 };
 
-/// Reads the file of the simulated machine's `pack=`.
-/// "usb", "simulated[,key=value...]" or "serial:PATH".
-[[nodiscard]] MachineChoice ChooseMachine(const std::string& text, Clock& clock);
-
-/// The machine that is meant where none is named: the real one.
-inline constexpr const char* kDefaultMachine = "usb";
+/// Reads the file of the simulated machine's `pack=`, checks the trace that is to be played, and
+/// begins the one that is to be written.
+[[nodiscard]] MachineChoice ChooseMachine(const LinkRequest& request, Clock& clock);
 
 }  // namespace morvane::bridges

@@ -8,6 +8,7 @@
 #include <limits>
 #include <string_view>
 
+#include "bridges/serial_words.h"
 #include "platform/files.h"
 
 #ifndef _WIN32
@@ -132,13 +133,25 @@ UsbXpress::Status SerialBridge::GetDriverVersion(std::uint32_t& high, std::uint3
 }
 
 UsbXpress::Status SerialBridge::GetNumDevices(std::uint32_t& count) {
+  advice_.clear();
   count = Attached() ? 1 : 0;
-  return count > 0 ? kSuccess : kDeviceNotFound;
+  return count > 0 ? kSuccess : Missing();
+}
+
+UsbXpress::Status SerialBridge::Missing() {
+  advice_ = WordsOfMissing(path_);
+  return kDeviceNotFound;
+}
+
+UsbXpress::Status SerialBridge::Refused() {
+  advice_ = WordsOfRefused(path_);
+  return kDeviceIoFailed;
 }
 
 UsbXpress::Status SerialBridge::GetProductString(std::uint32_t index, ProductString& text,
                                                  std::uint32_t option) {
-  if (index != 0 || !Attached()) return kDeviceNotFound;
+  if (index != 0) return kDeviceNotFound;
+  if (!Attached()) return Missing();
   if (option != kSerialString) return kInvalidParameter;
   const std::string name = FileTitle(path_);
   text.fill('\0');
@@ -148,13 +161,15 @@ UsbXpress::Status SerialBridge::GetProductString(std::uint32_t index, ProductStr
 
 UsbXpress::Status SerialBridge::Open(std::uint32_t index, Handle& handle) {
   if (opened_) return kInvalidParameter;
-  if (index != 0 || !Attached()) return kDeviceNotFound;
+  advice_.clear();
+  if (index != 0) return kDeviceNotFound;
+  if (!Attached()) return Missing();
   if (!port_.open(QIODevice::ReadWrite)) {
-    return port_.error() == QSerialPort::PermissionError ? kDeviceIoFailed : kDeviceNotFound;
+    return port_.error() == QSerialPort::PermissionError ? Refused() : Missing();
   }
   if (!TakeAlone(port_)) {
     port_.close();
-    return kDeviceIoFailed;
+    return Refused();
   }
   opened_ = true;
   handle = kHandle;

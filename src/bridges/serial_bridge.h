@@ -37,8 +37,12 @@ class SerialBridge final : public UsbXpress {
   Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override;
   /// What the line has not taken yet is dropped, so that closing never waits.
   Status Close(Handle handle) override;
+  /// That there is no such device, that another program has it, that this user may not use it.
+  [[nodiscard]] std::string Advice() const override { return advice_; }
 
  private:
+  [[nodiscard]] Status Missing();
+  [[nodiscard]] Status Refused();
   [[nodiscard]] bool Attached() const;
   [[nodiscard]] bool Opened(Handle handle) const;
   [[nodiscard]] bool Usable(Handle handle) const;
@@ -46,6 +50,7 @@ class SerialBridge final : public UsbXpress {
   void DropBabble();
 
   std::string path_;
+  std::string advice_;
   QSerialPort port_;
   bool opened_ = false;  ///< by the program; the port itself closes when the device goes
   std::chrono::milliseconds readTime_{1000};

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "cli/machine_side.h"
 #include "text/printable.h"
 
 namespace morvane::cli {
@@ -14,7 +15,7 @@ void ConsoleService::ShowAll() {
 void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& service) {
   job.KeepsHistory = false;
   // Beside what is printed, which may be a backup.
-  if (job.Place.Simulated != nullptr) job.Place.Screen.Error("Machine: simulated\n");
+  if (const std::string line = MachineLine(job.Place); !line.empty()) job.Place.Screen.Error(line);
   job.Windows.ServeBy([&](maintenance::Maintenance& console) {
     console.KeepSelection(index);
     return service(console);

@@ -78,9 +78,7 @@ ExitStatus RunJob(Workplace& place, const std::string& raw,
   ConsoleWindows windows(place);
   place.Prog.Locks.BeOneFlow();
   LoneInstance instance;  // a command may run beside the desktop
-  const auto kind =
-      place.Simulated ? machine::MachineKind::kSimulated : machine::MachineKind::kReal;
-  shell::Shell shell(place.Prog, place.Usb, place.Processes, windows, instance, kind);
+  shell::Shell shell(place.Prog, place.Usb, place.Processes, windows, instance, place.Kind);
   shell.StartUp(raw);
   Job job{place, windows, shell};
   const ExitStatus status = work(job);

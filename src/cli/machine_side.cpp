@@ -48,8 +48,13 @@ bool CanBeStarted(Workplace& place, const RunRequest& request) {
   return false;
 }
 
+std::string MachineLine(const Workplace& place) {
+  const std::string word(WordOf(place.Kind));
+  return word.empty() ? "" : "Machine: " + word + "\n";
+}
+
 void SayWhichMachine(Workplace& place) {
-  if (place.Simulated != nullptr) place.Screen.Out("Machine: simulated\n");
+  if (const std::string line = MachineLine(place); !line.empty()) place.Screen.Out(line);
 }
 
 }  // namespace morvane::cli

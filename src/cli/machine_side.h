@@ -15,7 +15,9 @@ namespace morvane::cli {
 /// Whether somebody is there to start what runs on the machine; the operator has been told if not.
 [[nodiscard]] bool CanBeStarted(Workplace& place, const RunRequest& request);
 
-/// Says so where the machine is not a real one.
+/// "Machine: simulated" and the line's end; empty for a real one.
+[[nodiscard]] std::string MachineLine(const Workplace& place);
+/// Says it where it is not empty.
 void SayWhichMachine(Workplace& place);
 
 }  // namespace morvane::cli

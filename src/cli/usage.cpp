@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "bridges/link_request.h"
 #include "cli/registry.h"
-#include "simulator/options.h"
 
 namespace morvane::cli {
 namespace {
@@ -115,8 +115,8 @@ std::string UsagePage() {
   pieces.insert(pieces.end(), {"COMMAND", "..."});
   std::string text = Wrapped(start, start.size() + 1, pieces) + "\n";
   for (const Command* command : Commands()) text += UsageLines("  ", *command);
-  text += "\nMachines:  usb (where none is named),\n           " + simulator::OptionsUsage(11) +
-          ", serial:PATH\n"
+  text += "\nMachines:  " + bridges::MachineUsage(11) +
+          "\n"
           "Set files: .pbn .bri .dge .dup .all .bre .csv\n";
   for (const Command* command : Commands()) {
     if (!command->Note.empty()) text += "\n" + Paragraph(command->Note);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "machine/machine.h"
 #include "platform/console/console_ui.h"
 #include "platform/console/terminal.h"
 #include "program/program.h"
@@ -22,6 +23,7 @@ struct Workplace {
   Terminal& Screen;
   UsbXpress& Usb;
   ProcessStarter& Processes;
+  machine::MachineKind Kind = machine::MachineKind::kReal;
   simulator::SimulatedMachine* Simulated = nullptr;  ///< when it can be looked into
 };
 

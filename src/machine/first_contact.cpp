@@ -16,7 +16,8 @@ Contact AskMachine(Machine& machine, Log& log) {
       "  S/N:" + std::to_string(machine.SerialNumber) +
       " Dealt:" + std::to_string(boardsDealt->Counter == 0 ? boardsDealt->Value : 0) +
       " Firmware:" + machine.FirmwareVersion()};
-  if (!machine.KindWord().empty()) lines.push_back(" Machine: " + std::string(machine.KindWord()));
+  const std::string kind(WordOf(machine.Kind()));
+  if (!kind.empty()) lines.push_back(" Machine: " + kind);
   log.Lines(lines);
   return Contact::kMade;
 }

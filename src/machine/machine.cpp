@@ -8,23 +8,14 @@ namespace morvane::machine {
 
 using wire::StatusReply;
 
-namespace {
-
-struct KindWords {
-  std::string_view Word;
-  std::string_view Title;
-};
-
-/// By `MachineKind`.
-constexpr std::array<KindWords, 3> kKinds{
-    {{"", ""}, {"simulated", " - Simulated machine"}, {"replayed", " - Replayed machine"}}};
-
-}  // namespace
-
-std::string_view Machine::KindWord() const { return kKinds[static_cast<std::size_t>(kind_)].Word; }
+std::string_view WordOf(MachineKind kind) {
+  constexpr std::array<std::string_view, 3> kWords{"", "simulated", "replayed"};
+  return kWords[static_cast<std::size_t>(kind)];
+}
 
 std::string Machine::TitleMark() const {
-  return std::string(kKinds[static_cast<std::size_t>(kind_)].Title);
+  constexpr std::array<const char*, 3> kMarks{"", " - Simulated machine", " - Replayed machine"};
+  return kMarks[static_cast<std::size_t>(kind_)];
 }
 
 std::string VersionInHex(std::uint8_t major, std::uint8_t minor) {

@@ -18,6 +18,9 @@ namespace morvane::machine {
 /// of.
 enum class MachineKind : std::uint8_t { kReal, kSimulated, kReplayed };
 
+/// "simulated" or "replayed"; empty where cards fall.
+[[nodiscard]] std::string_view WordOf(MachineKind kind);
+
 /// "2.7F", of the bytes 02 and 7F.
 [[nodiscard]] std::string VersionInHex(std::uint8_t major, std::uint8_t minor);
 
@@ -33,8 +36,7 @@ class Machine {
   Machine(Entropy& random, UsbXpress& usb, MachineKind kind = MachineKind::kReal)
       : Link(usb), random_(random), kind_(kind) {}
 
-  /// "simulated" or "replayed", for the log; empty where cards fall.
-  [[nodiscard]] std::string_view KindWord() const;
+  [[nodiscard]] MachineKind Kind() const { return kind_; }
   /// " - Simulated machine", for the title of a window that drives it; empty where cards fall.
   [[nodiscard]] std::string TitleMark() const;
 

@@ -10,7 +10,7 @@ namespace {
 
 MachineChoice Chosen(const std::string& text) {
   test::VirtualClock clock;
-  return ChooseMachine(text, clock);
+  return ChooseMachine({text}, clock);
 }
 
 TEST(ChooseMachine, TheSimulatedMachineCanBeLookedInto) {
@@ -46,12 +46,14 @@ TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
 }
 
 TEST(ChooseMachine, WhatIsNoMachineIsTold) {
-  for (const char* text : {"", "usb,", "USB", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
+  for (const char* text :
+       {"", "usb,", "USB", "replay", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
     const MachineChoice choice = Chosen(text);
     EXPECT_EQ(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, nullptr);
     EXPECT_EQ(choice.Error, "unknown machine \"" + std::string(text) +
-                                "\": usb, simulated[,key=value...] or serial:PATH");
+                                "\": usb, usb:SERIAL, usb:VVVV:PPPP, serial:PATH, "
+                                "simulated[,key=value...] or replay:FILE");
   }
 }
 

@@ -28,7 +28,7 @@ class PackFile : public testing::Test {
   }
   /// Why there is no machine with this pack.
   std::string ChoiceError(const std::string& pack) {
-    return ChooseMachine("simulated,speed=0,pack=" + pack, desk.Clock).Error;
+    return ChooseMachine({"simulated,speed=0,pack=" + pack}, desk.Clock).Error;
   }
 };
 
@@ -79,10 +79,10 @@ TEST_F(PackFile, WhatLoadRefusesIsToldInItsWords) {
 TEST_F(PackFile, TheChosenMachineHasItsBoardsToRead) {
   ASSERT_EQ(Error("a,b.pbn", kSuits), "");
   const MachineChoice choice =
-      ChooseMachine("simulated,speed=0,pack=" + (desk.Folder / "a,b.pbn"), desk.Clock);
+      ChooseMachine({"simulated,speed=0,pack=" + (desk.Folder / "a,b.pbn")}, desk.Clock);
   ASSERT_NE(choice.Simulated, nullptr) << choice.Error;
   EXPECT_EQ(choice.Simulated->BoardsToRead(), 1U);
-  EXPECT_EQ(ChooseMachine("simulated", desk.Clock).Simulated->BoardsToRead(), 0U);
+  EXPECT_EQ(ChooseMachine({"simulated"}, desk.Clock).Simulated->BoardsToRead(), 0U);
 }
 
 TEST_F(PackFile, TheOperatorChoosesOne) {

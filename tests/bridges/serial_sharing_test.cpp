@@ -15,6 +15,8 @@
 namespace morvane::bridges {
 namespace {
 
+using ::testing::StartsWith;
+
 /// The device as a program that is none of ours has it.
 class OtherProgram {
  public:
@@ -43,6 +45,8 @@ TEST_F(SerialBridgeTest, ASecondOpeningIsRefusedAndLeavesTheFirst) {
   SerialBridge other(peer_.Path());  // another program would meet the same
   EXPECT_EQ(other.Open(0, second), UsbXpress::kDeviceIoFailed);
   EXPECT_EQ(second, kNoHandle);
+  EXPECT_EQ(other.Advice(), "Another program has " + peer_.Path() + ".\nClose it and try again.");
+  EXPECT_EQ(bridge_.Advice(), "");
   EXPECT_EQ(other.Close(0), UsbXpress::kInvalidHandle);
   peer_.Send(CountedBytes(256));
   EXPECT_EQ(Read(256), CountedBytes(256)) << "every control character passes as before";
@@ -94,6 +98,44 @@ TEST_F(SerialBridgeTest, ADeviceThatIsNotThisUsersIsRefused) {
   EXPECT_EQ(bridge_.GetNumDevices(count), UsbXpress::kSuccess) << "it is there";
   EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceIoFailed);
   EXPECT_EQ(handle_, kNoHandle);
+  EXPECT_THAT(bridge_.Advice(), StartsWith("This user may not use " + peer_.Path() +
+                                           ".\nThe rule 70-morvane.rules in /etc/udev/rules.d "));
+}
+
+TEST(SerialWords, ADeviceThatIsNotThereIsTold) {
+  test::TempFolder folder;
+  SerialBridge bridge(folder / "none");
+  std::uint32_t count = 9;
+  EXPECT_EQ(bridge.GetNumDevices(count), UsbXpress::kDeviceNotFound);
+  EXPECT_THAT(bridge.Advice(), StartsWith("There is no " + (folder / "none") + ".\n"));
+}
+
+TEST(SerialWords, AFileIsNoSerialDevice) {
+  test::TempFolder folder;
+  test::WriteContent(folder / "deal.pbn", "");
+  SerialBridge bridge(folder / "deal.pbn");
+  std::uint32_t count = 9;
+  EXPECT_EQ(bridge.GetNumDevices(count), UsbXpress::kDeviceNotFound);
+  EXPECT_THAT(bridge.Advice(), StartsWith((folder / "deal.pbn") + " is no serial device.\n"));
+}
+
+TEST(SerialWords, ACharacterDeviceThatIsNoSerialOneIsToldSo) {
+  SerialBridge bridge("/dev/null");
+  UsbXpress::Handle handle = kNoHandle;
+  EXPECT_EQ(bridge.Open(0, handle), UsbXpress::kDeviceNotFound);
+  EXPECT_EQ(handle, kNoHandle);
+  EXPECT_THAT(bridge.Advice(), StartsWith("/dev/null is no serial device.\n"));
+}
+
+TEST_F(SerialBridgeTest, WhatWasSaidOfADeviceIsForgottenWhenItOpens) {
+  {
+    const OtherProgram other(peer_.Path());
+    ASSERT_TRUE(other.Lock());
+    EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kDeviceIoFailed);
+    EXPECT_NE(bridge_.Advice(), "");
+  }
+  EXPECT_EQ(bridge_.Open(0, handle_), UsbXpress::kSuccess);
+  EXPECT_EQ(bridge_.Advice(), "");
 }
 
 }  // namespace

@@ -215,7 +215,10 @@ struct CliDesk {
   template <typename Options>
   ExitStatus DoOn(UsbXpress& usb, simulator::SimulatedMachine* seen,
                   ExitStatus (*command)(Job&, const Options&), const Options& options) {
-    Workplace place{Prog, Operator, Screen, usb, Processes, seen};
+    using machine::MachineKind;
+    Workplace place{Prog, Operator,  Screen,
+                    usb,  Processes, seen != nullptr ? MachineKind::kSimulated : MachineKind::kReal,
+                    seen};
     const ExitStatus status = RunJob(place, "", [&](Job& job) { return command(job, options); });
     Loop.Restart();  // the next command is a program of its own
     return status;

@@ -75,7 +75,10 @@ TEST(ConsolePool, DoesNotWearDownHoweverManyCommandsShareIt) {
   for (int start = 1; start <= kStarts; ++start) {
     Program program({ui, desk.Loop, desk.Clock, desk.Store, source, desk.Speaker, desk.ThePrinter},
                     desk.Prog.Paths);
-    Workplace place{program, ui, desk.Screen, desk.Machine, desk.Processes, &desk.Machine};
+    Workplace place{program,        ui,
+                    desk.Screen,    desk.Machine,
+                    desk.Processes, machine::MachineKind::kSimulated,
+                    &desk.Machine};
     EXPECT_EQ(RunJob(place, "", [](Job& job) { return ShowHistory(job, {}); }), kDone);
   }
   // A start loses the pool's oldest digit and the three newest, and Y and X of the mouse come

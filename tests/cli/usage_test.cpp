@@ -39,7 +39,8 @@ Request HelpWith(std::vector<std::string> words) {
 TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
   EXPECT_THAT(
       UsagePage(),
-      StartsWith("Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--yes]\n"
+      StartsWith("Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M]\n"
+                 "                   [--trace FILE] [--trace-without-hands] [--yes]\n"
                  "                   [--overwrite] COMMAND ...\n"
                  "\n"
                  "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
@@ -104,14 +105,15 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
   EXPECT_THAT(
       UsagePage(),
       EndsWith("\n"
-               "Machines:  usb (where none is named),\n"
+               "Machines:  usb (where none is named), usb:SERIAL, usb:VVVV:PPPP,\n"
+               "           serial:PATH, replay:FILE,\n"
                "           simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F,\n"
                "           serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE,\n"
                "           deck=shuffled,swap=A:B,packs=4,carry=right,\n"
                "           answers-writes=0,index=standard,letters=0,ideal=X/Y,\n"
                "           symbol=WxH,suit=WxH,card=ST,misread=none,focus-marker=1,\n"
                "           board=N,board-switch=101/120,flash=BLOCK:STATUS,erase=0,\n"
-               "           store=FILE,pack=FILE], serial:PATH\n"
+               "           store=FILE,pack=FILE]\n"
                "Set files: .pbn .bri .dge .dup .all .bre .csv\n"
                "\n"
                "generate shows the SHA-256 of the deals that it has made: publish it before\n"

@@ -205,7 +205,8 @@ TEST_F(FilesEndToEnd, WrongUsageEndsWith2AndTouchesNothing) {
   EXPECT_EQ(machine.Status, 2);
   EXPECT_EQ(machine.Err,
             "morvane-cli: unknown machine \"toaster\": "
-            "usb, simulated[,key=value...] or serial:PATH\n");
+            "usb, usb:SERIAL, usb:VVVV:PPPP, serial:PATH, simulated[,key=value...] or "
+            "replay:FILE\n");
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 

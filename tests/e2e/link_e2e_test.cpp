@@ -13,11 +13,14 @@ namespace {
 using std::chrono::steady_clock;
 using ::testing::EndsWith;
 
-constexpr const char* kInUse =
+constexpr const char* kRefused =
     "USB Initialization Error: Cannot communicate with Morvane      (Error: 8.4)\n"
     "Please check if USB cable is connected to the PC and Morvane.\n"
     "If connection is OK please disconnect USB cable momentarily and reconnect.\n\n"
     "Click OK to retry communication.\n";
+std::string InUse(const std::string& path) {
+  return std::string(kRefused) + "\nAnother program has " + path + ".\nClose it and try again.\n";
+}
 constexpr const char* kNoPower =
     "Communication Error: Cannot communicate with Morvane.\n"
     "Please check if power is connected to the machine and try again.\n";
@@ -47,7 +50,7 @@ TEST_F(LinkEndToEnd, ASecondProgramIsRefusedTheLineAndTheFirstGoesOn) {
   const Outcome second = DealOver(peer.Path());
   EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(2)) << "there is nothing to wait for";
   EXPECT_EQ(second.Status, 1);
-  EXPECT_EQ(second.Err, kInUse);
+  EXPECT_EQ(second.Err, InUse(peer.Path()));
   EXPECT_EQ(second.Out, "");
   EXPECT_EQ(CountLines(" USB Initialization Error: 8:4"), 1);
   const Outcome outcome = first.Finish();

@@ -218,6 +218,39 @@ TEST_F(OpenLinkTest, Status12SaysThatTheDriverIsMissing) {
   EXPECT_EQ(desk.Ui.Boxes[0].Text, Fill(desk.Prog.Texts.Msg051, "***", "12.0"));
 }
 
+TEST_F(OpenLinkTest, WhatTheBridgeHasToSayStandsBelowTheSystemsWords) {
+  desk.Ui.Answers = {kCancel};
+  bridge.FailingCall = "Open";
+  bridge.FailureStatus = UsbXpress::kDeviceIoFailed;
+  bridge.Words = "Another program has it.\nClose it and try again.";
+  EXPECT_FALSE(OpenLink(desk.Prog, link, 200));
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text,
+            Fill(desk.Prog.Texts.Msg050, "***", "8.4") +
+                "\r\n\r\nAnother program has it.\r\nClose it and try again.");
+  EXPECT_EQ(desk.LogLines().back(), " USB Initialization Error: 8:4");
+}
+
+TEST_F(OpenLinkTest, WhatItSaysOfAnOpenedLinkIsToldOnceAndAgainWhenItChanges) {
+  const auto openAndClose = [&] {
+    EXPECT_TRUE(OpenLink(desk.Prog, link, 200));
+    link.CloseLink();
+  };
+  bridge.Words = "Two machines are attached.\nThis is 0001.";
+  openAndClose();
+  openAndClose();
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Title, "USB Connection");
+  EXPECT_EQ(desk.Ui.Boxes[0].Flags, kOkInformation);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text, "Two machines are attached.\r\nThis is 0001.");
+  bridge.Words.clear();
+  openAndClose();
+  EXPECT_EQ(desk.Ui.Boxes.size(), 1U);
+  bridge.Words = "Two machines are attached.\nThis is 0001.";
+  openAndClose();
+  EXPECT_EQ(desk.Ui.Boxes.size(), 2U) << "one was unplugged and is back";
+}
+
 TEST_F(OpenLinkTest, OkTriesAgainUntilItWorks) {
   desk.Ui.Answers = {kOk, kOk};
   bridge.FailingCall = "Open";

@@ -37,6 +37,7 @@ class ScriptedBridge final : public UsbXpress {
   std::uint32_t DriverVersion = 0x30001;
   std::string FailingCall;  ///< the name of a call that answers `FailureStatus`
   Status FailureStatus = kInvalidParameter;
+  std::string Words;  ///< its advice
   /// The bytes that come back for a plain frame; they join what is still unread.
   std::function<Bytes(const Bytes& plain)> Answer;
   std::function<void(bool on)> OnLatch;
@@ -58,6 +59,7 @@ class ScriptedBridge final : public UsbXpress {
   Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) override;
   Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) override;
   Status Close(Handle handle) override;
+  [[nodiscard]] std::string Advice() const override { return Words; }
 
  private:
   Status Note(const std::string& name, const std::string& arguments = "");

@@ -46,18 +46,30 @@ TEST(DesktopArguments, WrongUsageIsTold) {
   EXPECT_EQ(ParseArguments({"morvane", "a", "b"}).Error, "more than one file");
   EXPECT_NE(ParseArguments({"morvane", "--nonsense"}).Error, "");
   EXPECT_NE(ParseArguments({"morvane", "--machine"}).Error, "") << "a value is missing";
-  for (const char* name : {"data", "settings", "machine"}) {
+  for (const char* name : {"data", "settings", "machine", "trace"}) {
     const std::string option = std::string("--") + name;
     EXPECT_EQ(ParseArguments({"morvane", QString::fromStdString(option + "=")}).Error,
               option + ": nothing named");
   }
 }
 
+TEST(DesktopArguments, ATraceIsNamedAndMayLeaveTheHandsOut) {
+  EXPECT_EQ(ParseArguments({"morvane"}).Trace, "");
+  const Arguments whole = ParseArguments({"morvane", "--trace", "run.txt"});
+  EXPECT_EQ(whole.Trace, "run.txt");
+  EXPECT_FALSE(whole.TraceWithoutHands);
+  EXPECT_TRUE(
+      ParseArguments({"morvane", "--trace-without-hands", "--trace=run.txt"}).TraceWithoutHands);
+  EXPECT_EQ(ParseArguments({"morvane", "--trace-without-hands"}).Error,
+            "--trace-without-hands needs --trace FILE");
+}
+
 TEST(DesktopArguments, HelpIsUsageAndNothingElse) {
   for (const char* word : {"--help", "-h", "help"}) {
     const Arguments arguments = ParseArguments({"morvane", word});
     EXPECT_THAT(arguments.Help, ::testing::StartsWith("Usage: morvane ")) << word;
-    EXPECT_THAT(arguments.Help, ::testing::HasSubstr("--machine M      usb (the default),\n"));
+    EXPECT_THAT(arguments.Help,
+                ::testing::HasSubstr("--machine M      usb (where none is named), "));
     EXPECT_EQ(arguments.Error + arguments.CommandLine, "");
   }
 }

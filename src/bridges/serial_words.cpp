@@ -1,0 +1,51 @@
+#include "bridges/serial_words.h"
+
+#include <QSerialPortInfo>
+#include <filesystem>
+
+#include "platform/files.h"
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace morvane::bridges {
+namespace {
+
+bool Exists(const std::string& path) {
+  std::error_code failure;
+  return std::filesystem::exists(PathOfUtf8(path), failure);
+}
+
+std::string DevicesHere() {
+  std::string names;
+  for (const QSerialPortInfo& device : QSerialPortInfo::availablePorts()) {
+    names += (names.empty() ? "" : ", ") + device.systemLocation().toStdString();
+  }
+  return names.empty() ? "There is no serial device here." : "Serial devices here: " + names + ".";
+}
+
+bool MayUse([[maybe_unused]] const std::string& path) {
+#ifdef _WIN32
+  return true;  // every user may
+#else
+  return eaccess(path.c_str(), R_OK | W_OK) == 0;
+#endif
+}
+
+}  // namespace
+
+std::string WordsOfMissing(const std::string& path) {
+  return (Exists(path) ? path + " is no serial device.\n" : "There is no " + path + ".\n") +
+         DevicesHere();
+}
+
+std::string WordsOfRefused(const std::string& path) {
+  if (MayUse(path)) return "Another program has " + path + ".\nClose it and try again.";
+  return "This user may not use " + path +
+         ".\nThe rule 70-morvane.rules in /etc/udev/rules.d lets in who sits at the computer; then "
+         "unplug the cable and plug it in again.\nWithout it, members of the group that owns the "
+         "device may, as a rule dialout.";
+}
+
+}  // namespace morvane::bridges
