@@ -69,21 +69,25 @@ struct TraceLine {
 /// The first line of every part.
 inline constexpr std::string_view kTraceMark = "# Morvane link trace 1";
 inline constexpr std::string_view kTraceEnd = "# end";
-/// No line is longer.
+/// No line is longer, its end included.
 inline constexpr std::size_t kLongestTraceLine = 16384;
+/// Of more bytes than these a line has only the first.
+inline constexpr std::size_t kMostTraceBytes = 7680;
 
 /// "GetDllVersion".
 [[nodiscard]] std::string_view NameOf(Operation what);
 
-/// The head's lines, each with its end.
+/// The head's lines, each with its end: the mark, and what `TakeHeadLine` takes.
 [[nodiscard]] std::string TextOf(const TraceHead& head);
 /// Takes a line of the head behind the mark into `head`. False: it is none.
 [[nodiscard]] bool TakeHeadLine(std::string_view line, TraceHead& head);
 
-/// The line with its end. What is `said` stands behind the semicolon.
+/// The line with its end. What is `said`, UTF-8, stands behind the semicolon, of a long one the
+/// beginning.
 [[nodiscard]] std::string TextOf(const TraceLine& line, std::string_view said);
 /// What is wrong with `text`, a line without its end, in words for who reads the trace; `line` is
-/// then as it was. Blank lines and those of the head are none of an operation.
+/// then as it was. Blank lines and those of the head are none of an operation. A line that was cut
+/// in the middle of a number or a byte may pass: whoever has the file looks for the line's end.
 [[nodiscard]] std::optional<std::string> ParseTraceLine(std::string_view text, TraceLine& line);
 
 }  // namespace morvane::bridges
