@@ -14,7 +14,8 @@ namespace morvane::bridges {
 
 // A trace is a text file of UTF-8 lines that end in LF: its head, a line an operation, and "# end"
 // when whoever wrote it has ended. A file that has grown to its limit goes on in a new one, its
-// next part, with a head of its own.
+// next part, with a head of its own; it has no "# end" then. A line of advice stands right behind
+// the operation that it is about.
 
 /// What was asked of the bridge. The last one is `UsbXpress::Advice`, noted where it has words.
 enum class Operation : std::uint8_t {
@@ -66,8 +67,9 @@ struct TraceLine {
   bool operator==(const TraceLine&) const = default;
 };
 
-/// The first line of every part.
+/// The first line of every part, and what it begins with in every version.
 inline constexpr std::string_view kTraceMark = "# Morvane link trace 1";
+inline constexpr std::string_view kTraceMarkOfAny = kTraceMark.substr(0, kTraceMark.rfind(' ') + 1);
 inline constexpr std::string_view kTraceEnd = "# end";
 /// No line is longer, its end included.
 inline constexpr std::size_t kLongestTraceLine = 16384;

@@ -1,0 +1,207 @@
+// What may go wrong with the files of a trace.
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <filesystem>
+
+#include "bridges/trace_desk.h"
+#include "bridges/trace_file.h"
+#include "support/file_size_limit.h"
+#include "support/plain_user.h"
+
+namespace morvane::bridges {
+namespace {
+
+using test::Content;
+using test::FileSizeLimit;
+using test::kTraceHead;
+using test::PlainUser;
+using test::WriteContent;
+
+class TraceTrouble : public test::TraceDesk {
+ protected:
+  [[nodiscard]] std::string Trouble() const { return TraceFile(Order(), Clock).Trouble(); }
+};
+
+const std::string kText = "0.000000 0.000000 Close 0 handle=0 ; as it was\n";
+
+void WriteLine(TraceFile& trace) {
+  TraceLine line;
+  line.What = Operation::kClose;
+  trace.Write(line, "as it was");
+}
+
+TEST_F(TraceTrouble, AFileThatIsNoTraceIsLeftAlone) {
+  WriteContent(Path, "# Morvane link notes");
+  EXPECT_EQ(Trouble(), Path + ": there is a file of this name, and it is no trace");
+  EXPECT_EQ(Content(Path), "# Morvane link notes");
+}
+
+TEST_F(TraceTrouble, SoIsOneUnderTheNameOfAnOldPart) {
+  WriteContent(Path + ".4", "my notes");
+  WriteContent(Path, kTraceHead);
+  EXPECT_EQ(Trouble(), Path + ".4: there is a file of this name, and it is no trace");
+  EXPECT_EQ(Content(Path + ".4"), "my notes");
+  EXPECT_EQ(Content(Path), kTraceHead);
+}
+
+TEST_F(TraceTrouble, AFolderIsNoPlaceForATrace) {
+  std::filesystem::create_directory(Path);
+  EXPECT_EQ(Trouble(), Path + ": this is a folder");
+}
+
+TEST_F(TraceTrouble, ALinkIsNotFollowed) {
+  WriteContent(Folder / "behind", kTraceHead);
+  std::filesystem::create_symlink(Folder / "behind", Path);
+  EXPECT_EQ(Trouble(), Path + ": this is a link");
+  EXPECT_EQ(Content(Folder / "behind"), kTraceHead);
+}
+
+TEST_F(TraceTrouble, ALinkToNowhereIsOneToo) {
+  std::filesystem::create_symlink(Folder / "nowhere", Path);
+  EXPECT_EQ(Trouble(), Path + ": this is a link");
+  EXPECT_FALSE(std::filesystem::exists(Folder / "nowhere"));
+}
+
+TEST_F(TraceTrouble, AnythingElseIsNoPlainFile) {
+  ASSERT_EQ(mkfifo(Path.c_str(), 0600), 0);
+  EXPECT_EQ(Trouble(), Path + ": this is no plain file");
+  const TraceFile device({.Path = "/dev/null", .Machine = "usb"}, Clock);
+  EXPECT_EQ(device.Trouble(), "/dev/null: this is no plain file");
+}
+
+TEST_F(TraceTrouble, AMissingFolderIsSaidByTheSystem) {
+  const TraceFile trace({.Path = Folder / "none/run.trace", .Machine = "usb"}, Clock);
+  EXPECT_EQ(trace.Trouble(), Folder / "none/run.trace" + ": No such file or directory");
+}
+
+TEST_F(TraceTrouble, SoAreMissingRights) {
+  ASSERT_EQ(chmod(Folder.Path().c_str(), 0755), 0);
+  const PlainUser user;
+  ASSERT_TRUE(user.Ok());
+  EXPECT_EQ(Trouble(), Path + ": Permission denied");
+}
+
+TEST_F(TraceTrouble, OneThatNeverBeganTakesNoLines) {
+  std::filesystem::create_directory(Path);
+  TraceFile trace(Order(), Clock);
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(), Path + ": this is a folder");
+}
+
+TEST_F(TraceTrouble, AnotherProgramMayNotWriteTheSameTrace) {
+  TraceFile first(Order(), Clock);
+  WriteLine(first);
+  EXPECT_EQ(Trouble(), Path + ": another program is writing this trace");
+  WriteLine(first);
+  EXPECT_EQ(first.Trouble(), "");
+  EXPECT_EQ(Content(Path), kTraceHead + kText + kText);
+}
+
+TEST_F(TraceTrouble, TheNextProgramMay) {
+  { const TraceFile first(Order(), Clock); }
+  EXPECT_EQ(Trouble(), "");
+}
+
+TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
+  TraceFile trace(Order(), Clock);
+  WriteLine(trace);
+  {
+    const FileSizeLimit limit(kTraceHead.size() + 2 * kText.size() - 1);
+    WriteLine(trace);
+    EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
+  }
+  WriteLine(trace);
+  EXPECT_EQ(Content(Path), kTraceHead + kText);
+}
+
+TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesNothing) {
+  const FileSizeLimit limit(kTraceHead.size() - 1);
+  EXPECT_EQ(Trouble(), Path + ": File too large");
+  EXPECT_FALSE(std::filesystem::exists(Path));
+}
+
+TEST_F(TraceTrouble, ADiskThatIsFullAtTheNextPartEndsItThere) {
+  auto order = Order();
+  order.LargestPart = 1;
+  TraceFile trace(order, Clock);
+  WriteLine(trace);
+  const FileSizeLimit limit(kTraceHead.size() - 1);
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
+  EXPECT_EQ(Content(Path + ".1"), kTraceHead + kText);
+}
+
+TEST_F(TraceTrouble, AFolderThatWentEndsItAtTheNextPart) {
+  auto order = Order();
+  order.LargestPart = 1;
+  TraceFile trace(order, Clock);
+  WriteLine(trace);
+  std::filesystem::remove_all(Folder.Path());
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(), Path + ": No such file or directory; the trace ends here");
+}
+
+TEST_F(TraceTrouble, ALinkDoesNotSufferFromIt) {
+  auto scripted = std::make_unique<test::ScriptedBridge>(Clock);
+  scripted->Unread = {1, 2, 3};
+  TracedBridge usb(std::move(scripted), Order(), Clock);
+  const FileSizeLimit limit(1);
+  std::array<std::uint8_t, 3> bytes{};
+  std::uint32_t read = 0;
+  EXPECT_EQ(usb.Read(7, bytes, read), UsbXpress::kSuccess);
+  EXPECT_EQ(read, 3U);
+  EXPECT_EQ(bytes[2], 3);
+  EXPECT_NE(usb.File().Trouble(), "");
+}
+
+/// Writes until it is killed; the first lines have been written when this returns.
+class KilledWriter {
+ public:
+  KilledWriter(const TraceOrder& order, const Clock& clock) {
+    EXPECT_EQ(pipe(ends_.data()), 0);
+    child_ = fork();
+    if (child_ == 0) WriteForEver(order, clock);
+    char byte = 0;
+    EXPECT_EQ(read(ends_[0], &byte, 1), 1);
+  }
+  ~KilledWriter() {
+    kill(child_, SIGKILL);
+    int status = 0;
+    EXPECT_EQ(waitpid(child_, &status, 0), child_);
+    for (const int end : ends_) close(end);
+  }
+  KilledWriter(const KilledWriter&) = delete;
+  KilledWriter& operator=(const KilledWriter&) = delete;
+
+ private:
+  [[noreturn]] void WriteForEver(const TraceOrder& order, const Clock& clock) const {
+    TraceFile trace(order, clock);
+    while (true) {
+      for (int i = 0; i < 1000; ++i) WriteLine(trace);
+      if (write(ends_[1], "x", 1) != 1) _exit(1);
+    }
+  }
+
+  std::array<int, 2> ends_{};
+  pid_t child_ = 0;
+};
+
+TEST_F(TraceTrouble, AProgramThatIsKilledLeavesWholeLinesAndNoLock) {
+  { const KilledWriter writer(Order(), Clock); }
+  const std::string text = Content(Path);
+  ASSERT_TRUE(text.starts_with(kTraceHead));
+  const std::string lines = text.substr(kTraceHead.size());
+  EXPECT_GE(lines.size(), 1000 * kText.size());
+  EXPECT_EQ(lines.size() % kText.size(), 0U);
+  EXPECT_TRUE(lines.ends_with(kText));
+  EXPECT_EQ(Trouble(), "");
+}
+
+}  // namespace
+}  // namespace morvane::bridges
