@@ -1,0 +1,62 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bridges/poll_memory.h"
+#include "bridges/trace_reader.h"
+#include "bridges/traced_exchange.h"
+#include "simulator/frame_log.h"
+
+namespace morvane::bridges {
+
+/// Holds what a program asks of the bridge against a trace, operation by operation.
+///
+/// What hangs on a person is no difference. A poll in the place of something else is answered as it
+/// was the last time, without moving on; where the trace has polls and the program asks for what
+/// stands behind them, they are passed over. A flush tells the machine nothing: one that the trace
+/// lacks succeeds, one that the program leaves out is passed over. All else has to be the same, in
+/// the same order; an opening that fails is tried again as often as the trace has it.
+class Playback {
+ public:
+  explicit Playback(TraceReader trace) : trace_(std::move(trace)) {}
+
+  /// What came of `asked` (`TraceLine::Took` of it is to be spent). Nothing from the first
+  /// difference on, and behind the end: `Trouble` says where and what.
+  [[nodiscard]] std::optional<TraceLine> Answer(TraceLine asked);
+
+  /// Whole sentences, the lines ending with LF but for the last; empty while it plays.
+  [[nodiscard]] const std::string& Trouble() const { return trouble_; }
+  /// What the bridge of the trace had to say; the trouble, once there is some.
+  [[nodiscard]] const std::string& Advice() const { return trouble_.empty() ? advice_ : trouble_; }
+  [[nodiscard]] const TraceReader& Trace() const { return trace_; }
+  [[nodiscard]] const simulator::FrameLog& Frames() const { return frames_; }
+
+ private:
+  [[nodiscard]] bool IsNext(const TraceLine& asked) const;
+  TraceLine Take();
+  void TakeAdvice();
+  void Follow(const TraceLine& line);
+  void NoteReply(TracedExchange::Reply reply);
+  [[nodiscard]] std::optional<TraceLine> AnswerAgain(const TraceLine& asked);
+  [[nodiscard]] TraceLine ReadAgain(const TraceLine& asked);
+  void PassFlushes();
+  void PassPolls(const TraceLine& asked);
+  [[nodiscard]] bool PollIsNext() const;
+  void Stop(const TraceLine& asked);
+
+  TraceReader trace_;
+  std::string trouble_;
+  std::string advice_;
+  TracedExchange exchange_;
+  PollMemory polls_;
+  simulator::FrameLog frames_;
+
+  // A poll that is answered as the last time.
+  bool again_ = false;
+  std::vector<TraceLine> rest_;  ///< of its lines, the next one at the end
+  int busyPolls_ = 0;            ///< answered so, one after the other, by a machine that is busy
+};
+
+}  // namespace morvane::bridges

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <vector>
+
+#include "bridges/traced_exchange.h"
+
+namespace morvane::bridges {
+
+/// Whether it only asks how things are, and does so again and again: how often hangs on when a
+/// person did something. A poll that breaks a run or feeds a card does something itself.
+[[nodiscard]] bool IsPoll(const wire::Frame& command);
+
+/// The last answer to each poll of a trace.
+class PollMemory {
+ public:
+  struct Entry {
+    wire::Frame Command{};
+    wire::Frame Reply{};
+    std::vector<TraceLine> Lines;  ///< the write, and the reads behind it
+  };
+
+  /// Keeps a poll that has been answered, in the place of the same one. One that tells of a press
+  /// or of a board is told once.
+  void Keep(const TracedExchange& exchange);
+  /// The answer to `command`: to the same poll, or to one that acknowledges other events. Null
+  /// where there is none, and to what is no poll.
+  [[nodiscard]] const Entry* AnswerTo(const wire::Frame& command) const;
+
+ private:
+  std::vector<Entry> entries_;  ///< the oldest first
+};
+
+}  // namespace morvane::bridges

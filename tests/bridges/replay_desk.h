@@ -1,0 +1,40 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "bridges/replay_bridge.h"
+#include "bridges/written_trace.h"
+#include "machine/machine.h"
+
+namespace morvane::bridges {
+
+/// A program's machine on a trace whose link has handle 7.
+class ReplayDesk : public ::testing::Test {
+ protected:
+  test::TestDesk desk;
+  std::string path = desk.Folder / "run.trace";
+  std::unique_ptr<ReplayBridge> bridge;
+  std::unique_ptr<machine::Machine> machine;
+
+  void Play(const WrittenTrace& trace) { PlayText(trace.Text()); }
+  void PlayText(const std::string& text) {
+    test::WriteContent(path, text);
+    TraceReader reader;
+    ASSERT_EQ(reader.Open(path), std::nullopt);
+    bridge = std::make_unique<ReplayBridge>(std::move(reader), desk.Clock);
+    machine =
+        std::make_unique<machine::Machine>(desk.Random, *bridge, machine::MachineKind::kReplayed);
+    machine->Link.UsbHandle = 7;
+  }
+  [[nodiscard]] const std::string& Trouble() const { return bridge->Play().Trouble(); }
+  [[nodiscard]] std::uint64_t Played() const { return bridge->Play().Trace().Played(); }
+  /// The state that a poll is answered with.
+  [[nodiscard]] int Polled(std::uint8_t flags = 0) {
+    const auto reply = machine->Exchange(wire::StatusCommand{flags});
+    return reply ? reply->State : -1;
+  }
+};
+
+}  // namespace morvane::bridges
