@@ -9,6 +9,8 @@ namespace morvane {
 
 /// The bridge library's thirteen operations. Each returns the library's status, 0 for success.
 /// Implementations take the wire's and the machine's time from the same `Clock` as their caller.
+/// One device is open at a time. Without it, or for another handle than its own, what takes a
+/// handle is `kInvalidHandle` at once, with a count of 0.
 class UsbXpress {
  public:
   using Status = std::int32_t;
@@ -40,19 +42,28 @@ class UsbXpress {
   virtual Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) = 0;
   /// An empty bus is `kDeviceNotFound`.
   virtual Status GetNumDevices(std::uint32_t& count) = 0;
-  /// The NUL-terminated serial string of device `index` for option 0.
+  /// The NUL-terminated serial string of device `index` for option 0; another option is
+  /// `kInvalidParameter`, another index `kDeviceNotFound`.
   virtual Status GetProductString(std::uint32_t index, ProductString& text,
                                   std::uint32_t option) = 0;
+  /// `kDeviceNotFound` for an index that is not there, `kInvalidParameter` while a device is open,
+  /// which then goes on. `handle` changes on success only.
   virtual Status Open(std::uint32_t index, Handle& handle) = 0;
-  /// In milliseconds, for the library as a whole.
+  /// In milliseconds, for the library as a whole: they hold from before an opening and behind a
+  /// closing.
   virtual Status SetTimeouts(std::uint32_t readMs, std::uint32_t writeMs) = 0;
+  /// A speed or a form of bytes that the bridge does not have is `kInvalidParameter` and changes
+  /// nothing.
   virtual Status SetBaudRate(Handle handle, std::uint32_t rate) = 0;
   virtual Status SetLineControl(Handle handle, std::uint16_t control) = 0;
+  /// Forgets, in the directions that are not 0, what has not been sent and what has not been read.
   virtual Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) = 0;
   virtual Status Write(Handle handle, std::span<const std::uint8_t> bytes,
                        std::uint32_t& written) = 0;
-  /// Blocks until `bytes` is full or the read time-out is over; `read` says how many came.
+  /// Blocks until `bytes` is full or the read time-out is over; `read` says how many came. Fewer
+  /// are `kReadTimedOut`; what comes later is there for the next read. One of no bytes is full.
   virtual Status Read(Handle handle, std::span<std::uint8_t> bytes, std::uint32_t& read) = 0;
+  /// Of the bridge's output lines those in `mask` become as in `value`.
   virtual Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) = 0;
   virtual Status Close(Handle handle) = 0;
 

@@ -39,7 +39,8 @@ UsbXpress::Status SimulatedMachine::GetNumDevices(std::uint32_t& count) {
 // A machine's serial string is four digits and a letter.
 UsbXpress::Status SimulatedMachine::GetProductString(std::uint32_t index, ProductString& text,
                                                      std::uint32_t option) {
-  if (index != 0 || option != kSerialString) return kInvalidParameter;
+  if (index != 0) return kDeviceNotFound;
+  if (option != kSerialString) return kInvalidParameter;
   text = {};
   unsigned rest = options_.Serial;
   for (std::size_t i = 4; i > 0; --i, rest /= 10) text[i - 1] = static_cast<char>('0' + rest % 10);
@@ -48,6 +49,7 @@ UsbXpress::Status SimulatedMachine::GetProductString(std::uint32_t index, Produc
 }
 
 UsbXpress::Status SimulatedMachine::Open(std::uint32_t index, Handle& handle) {
+  if (open_) return kInvalidParameter;
   if (index != 0) return kDeviceNotFound;
   open_ = true;
   handle = kHandle;

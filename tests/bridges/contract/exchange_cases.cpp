@@ -12,8 +12,8 @@ constexpr double kCost = kShortMs - 1;
 /// A status poll of a machine that rests, and a fetch of its card log, whose reply is long.
 const Bytes kPoll{0x19, 0, 0, 0, 0, 0, 0, 0};
 const Bytes kFetchLog{0x20, 0, 0, 0, 0, 0, 0, 0};
-/// The poll's reply on the wire: 19 0 0 0 0 0 0 with the key 19, which moves on by 15, and the check
-/// byte 19 xor FF.
+/// The poll's reply on the wire: 19 0 0 0 0 0 0 with the key 19, which moves on by 15, and the
+/// check byte 19 xor FF.
 const Bytes kRests{0x00, 0x2E, 0x43, 0x58, 0x6D, 0x82, 0x97, 0xE6};
 
 Bytes Cut(const Bytes& bytes, std::size_t from, std::size_t to) {

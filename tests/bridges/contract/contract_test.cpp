@@ -1,0 +1,75 @@
+#include <array>
+#include <optional>
+
+#include "bridges/contract/contract_suite.h"
+#include "bridges/contract/simulated_desk.h"
+#include "bridges/serial_bridge.h"
+#include "bridges/usb_xpress_library.h"
+#include "platform/system_clock.h"
+#include "simulator/line/paced_line.h"
+#include "simulator/line/pseudo_terminal.h"
+#include "support/usb_library_double/loaded_double.h"
+
+namespace morvane::bridges {
+namespace {
+
+/// The library, with the simulated machine behind it.
+class LibraryDesk final : public SimulatedDesk {
+ public:
+  [[nodiscard]] UsbXpress& Bridge() override { return usb_; }
+
+ private:
+  test::UsbLibraryDesk behind_{machine_};
+  test::LoadedDouble double_{behind_};
+  UsbXpressLibrary usb_{test::LoadedDouble::Path()};
+};
+
+/// A pseudo-terminal with a machine at its other end, which is served when the test says so.
+class SerialDesk final : public ContractDesk {
+ public:
+  SerialDesk() { EXPECT_FALSE(terminal_.Open()); }
+
+  [[nodiscard]] UsbXpress& Bridge() override {
+    if (!bridge_) bridge_.emplace(terminal_.Path());
+    return *bridge_;
+  }
+  [[nodiscard]] std::chrono::microseconds Now() const override { return clock_.Elapsed(); }
+  void Carry() override {
+    if (terminal_.TakeClosing()) line_.Clear();
+    machine_.TakeLatch(terminal_.LineIsUp());
+    std::array<std::uint8_t, 256> bytes{};
+    while (const std::size_t heard = terminal_.Read(bytes)) {
+      line_.Hear(std::span(bytes).first(heard), Now());
+    }
+    if (!delayed_) LetLateReplyCome();
+  }
+  void CutNextReply(std::uint8_t bytes) override {
+    machine_.Faults().AtExchange(1, simulator::LinkFault::CutReply(bytes));
+  }
+  void DelayNextReply() override { delayed_ = true; }
+  void LetLateReplyCome() override {
+    delayed_ = false;
+    std::array<std::uint8_t, 256> bytes{};
+    terminal_.Write(std::span(bytes).first(line_.Take(bytes, Now())));
+  }
+  void ExpectLatch(bool on) override { EXPECT_EQ(machine_.LatchOn(), on); }
+
+ private:
+  SystemClock clock_;
+  simulator::WiredMachine machine_{simulator::Talk::Fast()};
+  simulator::PseudoTerminal terminal_;
+  simulator::PacedLine line_{machine_, simulator::Pace::kFast};
+  std::optional<SerialBridge> bridge_;
+  bool delayed_ = false;
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, UsbXpressContract,
+    testing::Combine(testing::Values(ContractBridge{"Simulated", HoldAt<SimulatedDesk>},
+                                     ContractBridge{"Serial", HoldAt<SerialDesk>},
+                                     ContractBridge{"Library", HoldAt<LibraryDesk>}),
+                     testing::ValuesIn(EveryContractCase())),
+    NameOfHolding);
+
+}  // namespace
+}  // namespace morvane::bridges
