@@ -1,8 +1,11 @@
 #include "arguments.h"
 
 #include <array>
+#include <filesystem>
 #include <optional>
+#include <set>
 #include <string_view>
+#include <utility>
 
 #include "shell/version.h"
 #include "simulator/line/operator_commands.h"
@@ -12,67 +15,119 @@ namespace morvane {
 namespace {
 
 std::string Usage() {
-  return "Usage: morvane-machine [--machine M] [--pace wire|fast] [--link PATH]\n"
+  return "Usage: morvane-machine [--machine M] [--pace wire|fast] [--link PATH] [--trace FILE]\n"
          "\n"
-         "Serves a simulated machine on a pseudo-terminal, until a signal ends it. Its\n"
-         "first line is what --machine of the other programs takes: serial:PATH.\n"
+         "Serves simulated machines on pseudo-terminals, until a signal ends it. Its first\n"
+         "lines are what --machine of the other programs takes, one for each machine in its\n"
+         "order: serial:PATH.\n"
          "\n"
          "  --machine M      " +
          simulator::OptionsUsage(19) +
          "\n"
+         "                   Each further one is a machine more; the options behind it are\n"
+         "                   that one's, those before the first are the first one's\n"
          "  --pace P         wire (the default): bytes and answers take the time that they\n"
          "                   take over a serial line; fast: none\n"
          "  --link PATH      a link to the device, for a path that is always the same\n"
+         "  --trace FILE     write what is said on the line there, for people to read\n"
+         "  --trace-without-hands\n"
+         "                   leave out of it who has which card\n"
          "  --version        say which version this is\n"
          "\n"
-         "Meanwhile these may be typed:\n" +
+         "Meanwhile these may be typed, with several machines behind the number of one, as\n"
+         "2 pedal:\n" +
          simulator::OperatorCommandsHelp();
 }
 
-bool TakePace(const std::string& value, MachineArguments& result) {
-  if (value != "wire" && value != "fast") return false;
-  result.Pace = value == "wire" ? simulator::Pace::kWire : simulator::Pace::kFast;
-  return true;
-}
+/// What is being read.
+struct Reading {
+  MachineArguments Result;
+  bool MachineNamed = false;
+  [[nodiscard]] ServedKind& Kind() { return Result.Machines.back(); }
+};
 
-bool TakeMachine(const std::string& value, MachineArguments& result) {
-  result.Machine = value;
+bool TakeMachine(const std::string& value, Reading& reading) {
+  if (std::exchange(reading.MachineNamed, true)) reading.Result.Machines.emplace_back();
+  reading.Kind().Machine = value;
   return !value.empty();
 }
 
-bool TakeLink(const std::string& value, MachineArguments& result) {
-  result.Link = value;
+bool TakePace(const std::string& value, Reading& reading) {
+  if (value != "wire" && value != "fast") return false;
+  reading.Kind().Pace = value == "wire" ? simulator::Pace::kWire : simulator::Pace::kFast;
+  return true;
+}
+
+bool TakeLink(const std::string& value, Reading& reading) {
+  reading.Kind().Link = value;
+  return !value.empty();
+}
+
+bool TakeTrace(const std::string& value, Reading& reading) {
+  reading.Kind().Trace = value;
   return !value.empty();
 }
 
 struct Option {
   std::string_view Name;
-  bool (*Take)(const std::string& value, MachineArguments& result);
+  bool (*Take)(const std::string& value, Reading& reading);
 };
-constexpr std::array<Option, 3> kOptions{
-    {{"--machine", TakeMachine}, {"--pace", TakePace}, {"--link", TakeLink}}};
+constexpr std::array<Option, 4> kOptions{{{"--machine", TakeMachine},
+                                          {"--pace", TakePace},
+                                          {"--link", TakeLink},
+                                          {"--trace", TakeTrace}}};
+constexpr std::string_view kWithoutHands = "--trace-without-hands";
 
 /// Takes the option at `at`, which moves behind it, with the value behind "=" or in the next word.
 /// What is wrong with it.
 std::optional<std::string> TakeOption(const std::vector<std::string>& words, std::size_t& at,
-                                      MachineArguments& result) {
+                                      Reading& reading) {
   const std::string& word = words[at++];
+  if (word == kWithoutHands) {
+    reading.Kind().TraceWithoutHands = true;
+    return std::nullopt;
+  }
   const std::size_t equals = word.find('=');
   const std::string name = word.substr(0, equals);
   for (const Option& option : kOptions) {
     if (option.Name != name) continue;
     if (equals == std::string::npos && at == words.size()) return name + ": nothing named";
     const std::string value = equals == std::string::npos ? words[at++] : word.substr(equals + 1);
-    if (option.Take(value, result)) return std::nullopt;
+    if (option.Take(value, reading)) return std::nullopt;
     return name + (value.empty() ? ": nothing named" : ": not \"" + value + "\"");
   }
   return "unknown word \"" + word + "\"";
 }
 
+/// A file of a trace that two machines would write, which is not empty; empty without one.
+std::string TraceOfTwo(const std::vector<ServedKind>& kinds) {
+  std::set<std::filesystem::path> seen;
+  for (const ServedKind& kind : kinds) {
+    if (kind.Trace.empty()) continue;
+    std::error_code failure;
+    const auto path =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(kind.Trace, failure), failure);
+    if (!seen.insert(path).second) return kind.Trace;
+  }
+  return "";
+}
+
+/// What is wrong with the words as a whole; empty where nothing is.
+std::string WrongTogether(const std::vector<ServedKind>& kinds) {
+  for (const ServedKind& kind : kinds) {
+    if (kind.TraceWithoutHands && kind.Trace.empty()) {
+      return std::string(kWithoutHands) + ": without --trace";
+    }
+  }
+  const std::string trace = TraceOfTwo(kinds);
+  return trace.empty() ? "" : "--trace " + trace + ": for two machines";
+}
+
 }  // namespace
 
 MachineArguments ParseMachineArguments(const std::vector<std::string>& words) {
-  MachineArguments result;
+  Reading reading;
+  MachineArguments& result = reading.Result;
   for (std::size_t at = 0; at < words.size() && result.Error.empty();) {
     const std::string& word = words[at];
     if (word == "--help" || word == "-h") result.Help = Usage();
@@ -80,8 +135,9 @@ MachineArguments ParseMachineArguments(const std::vector<std::string>& words) {
       result.Help = "morvane-machine " + std::string(shell::kVersion) + "\n";
     }
     if (!result.Help.empty()) return result;
-    result.Error = TakeOption(words, at, result).value_or("");
+    result.Error = TakeOption(words, at, reading).value_or("");
   }
+  if (result.Error.empty()) result.Error = WrongTogether(result.Machines);
   return result;
 }
 

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <deque>
 #include <iostream>
 
 #include "arguments.h"
@@ -36,27 +37,47 @@ int Fail(int status, const std::string& why) {
   return status;
 }
 
-int Serve(const morvane::MachineArguments& arguments, morvane::bridges::SimulatedChoice choice) {
+/// What the system did not do for the terminal of a machine; empty where it did all.
+std::string OpenTerminal(morvane::simulator::PseudoTerminal& terminal, const std::string& link) {
+  if (const auto error = terminal.Open()) return "no pseudo-terminal: " + error->Description;
+  if (link.empty()) return "";
+  if (const auto error = terminal.Link(link)) return "--link " + link + ": " + error->Description;
+  return "";
+}
+
+/// The machines that are asked for, or why there are none.
+struct Choices {
+  std::vector<morvane::bridges::SimulatedChoice> Machines;
+  std::string Error;
+};
+
+Choices Choose(const std::vector<morvane::ServedKind>& kinds) {
+  Choices choices;
+  for (const auto& kind : kinds) {
+    choices.Machines.push_back(morvane::bridges::ChooseSimulated(kind.Machine));
+    choices.Error = choices.Machines.back().Error;
+    if (!choices.Error.empty()) break;
+  }
+  return choices;
+}
+
+int Serve(const std::vector<morvane::ServedKind>& kinds, Choices choices) {
   using namespace morvane::simulator;
   const int endSignals = EndSignals();
   std::signal(SIGPIPE, SIG_IGN);  // whoever has read the first line may be gone
-  PseudoTerminal terminal;
-  if (const auto error = terminal.Open()) {
-    return Fail(kFailed, "no pseudo-terminal: " + error->Description);
-  }
-  if (!arguments.Link.empty()) {
-    if (const auto error = terminal.Link(arguments.Link)) {
-      return Fail(kFailed, "--link " + arguments.Link + ": " + error->Description);
-    }
-  }
-  WiredMachine machine(choice.Kind);
-  machine.LayBoards(std::move(choice.Boards));
-  std::cout << "serial:" << terminal.Name() << std::endl;
-  if (!std::cout) return Fail(kFailed, "standard output cannot be written");
-  if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
   morvane::SystemClock clock;
-  LineServer server(machine, terminal, clock, arguments.Pace, std::cout, std::cerr);
-  server.Run({STDIN_FILENO, endSignals});
+  std::deque<ServedMachine> machines;
+  for (std::size_t at = 0; at < kinds.size(); ++at) {
+    auto& choice = choices.Machines[at];
+    ServedMachine& served = machines.emplace_back(choice.Kind, kinds[at].Pace, clock);
+    const std::string error = OpenTerminal(served.Terminal(), kinds[at].Link);
+    if (!error.empty()) return Fail(kFailed, error);
+    served.Machine().LayBoards(std::move(choice.Boards));
+  }
+  for (ServedMachine& served : machines) std::cout << "serial:" << served.Terminal().Name() << "\n";
+  if (!std::cout.flush()) return Fail(kFailed, "standard output cannot be written");
+  if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
+  LineServer(machines, std::cout, std::cerr).Run({STDIN_FILENO, endSignals});
   return kDone;
 }
 
@@ -72,7 +93,7 @@ int main(int argc, char** argv) {
   if (!arguments.Error.empty()) {
     return Fail(kWrongUsage, arguments.Error + "\nTry 'morvane-machine --help'.");
   }
-  auto choice = morvane::bridges::ChooseSimulated(arguments.Machine);
-  if (!choice.Error.empty()) return Fail(kWrongUsage, choice.Error);
-  return Serve(arguments, std::move(choice));
+  Choices choices = Choose(arguments.Machines);
+  if (!choices.Error.empty()) return Fail(kWrongUsage, choices.Error);
+  return Serve(arguments.Machines, std::move(choices));
 }

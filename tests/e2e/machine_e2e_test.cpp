@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "bridges/scripted_peer.h"
-#include "e2e/e2e_fixture.h"
+#include "e2e/machine_fixture.h"
 
 // The simulated machine as a program of its own, at the other end of a pseudo-terminal. Each run
 // costs two seconds before the first contact.
@@ -17,25 +17,6 @@ namespace {
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-class MachineEndToEnd : public EndToEnd {
- protected:
-  /// Starts a machine, which is as fast as asked, with these words too.
-  std::unique_ptr<Process> Start(std::vector<std::string> words = {},
-                                 const std::string& input = "/dev/null") {
-    words.insert(words.begin(), {"--pace", "fast"});
-    return std::make_unique<Process>(
-        words, Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
-  }
-  /// The text of `--machine` that the machine says.
-  static std::string Named(Process& machine) {
-    EXPECT_TRUE(machine.Until([&] { return machine.Out().ends_with('\n'); })) << machine.Err();
-    return machine.Out().substr(0, machine.Out().find('\n'));
-  }
-  Outcome Deal(const std::string& machine) {
-    return Run({"--machine", machine, "deal", "set.pbn", "--auto"});
-  }
-};
 
 TEST_F(MachineEndToEnd, ABoardIsDealtThroughItAndAnotherByTheNextProgram) {
   SetFile("set.pbn", 1, 1);

@@ -22,6 +22,8 @@ struct Command {
                 ///< `Carry`, kCard = a card
   std::string_view Means;
   std::string (*Do)(WiredMachine& machine, int number);
+  /// Whom it concerns where no machine is named and there are several.
+  enum Whose : std::uint8_t { kOneMachines, kEachMachines, kNobodys } Concerns = kOneMachines;
 };
 
 std::string Board(WiredMachine& machine, int number) {
@@ -138,9 +140,9 @@ constexpr std::array<Command, 19> kCommands{{
     {"volts", Sensors::kHighestSupply / kTenths, "set the supply to N volts", Volts},
     {"off", 0, "switch the machine off", Off},
     {"on", 0, "switch it on", On},
-    {"state", 0, "what it is doing", State},
-    {"help", 0, "this list", Help},
-    {kQuit, 0, "end", Nothing},
+    {"state", 0, "what it is doing", State, Command::kEachMachines},
+    {"help", 0, "this list", Help, Command::kNobodys},
+    {kQuit, 0, "end", Nothing, Command::kNobodys},
 }};
 
 const Command* Find(std::string_view word) {
@@ -176,19 +178,67 @@ std::string Expected(const Command& command) {
   return word + " takes a number from 1 to " + std::to_string(command.Highest) + ".\n";
 }
 
+/// What a person has typed, taken apart.
+struct Typed {
+  std::size_t Machine = 0;  ///< its number; 0 is none
+  std::string Word;
+  std::string Behind;
+};
+
+/// The first word, which is taken from `text`.
+std::string TakeWord(std::string& text) {
+  const std::string word = text.substr(0, text.find(' '));
+  text = Trim(std::string_view(text).substr(word.size()));
+  return word;
+}
+
+Typed TakeApart(std::string_view line) {
+  Typed typed;
+  typed.Behind = Trim(line);
+  typed.Word = TakeWord(typed.Behind);
+  const char* const end = typed.Word.data() + typed.Word.size();
+  const auto number = std::from_chars(typed.Word.data(), end, typed.Machine);
+  if (number.ec == std::errc() && number.ptr == end && typed.Machine != 0) {
+    typed.Word = TakeWord(typed.Behind);
+  } else {
+    typed.Machine = 0;
+  }
+  return typed;
+}
+
+/// At each machine, whose number stands before its answer.
+std::string DoAtEach(std::span<WiredMachine* const> machines, const Command& command, int number) {
+  std::string answers;
+  for (std::size_t at = 0; at < machines.size(); ++at) {
+    answers += std::to_string(at + 1) + ": " + command.Do(*machines[at], number);
+  }
+  return answers;
+}
+
+std::string DoAt(std::span<WiredMachine* const> machines, std::size_t machine,
+                 const Command& command, int number) {
+  if (machine != 0) return command.Do(*machines[machine - 1], number);
+  if (machines.size() == 1 || command.Concerns == Command::kNobodys) {
+    return command.Do(*machines.front(), number);
+  }
+  if (command.Concerns == Command::kEachMachines) return DoAtEach(machines, command, number);
+  return "Which machine? Its number goes in front, such as 1 " + std::string(command.Word) + ".\n";
+}
+
 }  // namespace
 
-std::string Obey(WiredMachine& machine, std::string_view line, bool& quit) {
-  const std::string text = Trim(line);
-  if (text.empty()) return "";
-  const std::size_t blank = text.find(' ');
-  const Command* const command = Find(text.substr(0, blank));
+std::string Obey(std::span<WiredMachine* const> machines, std::string_view line, bool& quit) {
+  const Typed typed = TakeApart(line);
+  if (typed.Machine > machines.size()) {
+    return "There is no machine " + std::to_string(typed.Machine) + ".\n";
+  }
+  if (typed.Word.empty() && typed.Machine == 0) return "";
+  const Command* const command = Find(typed.Word);
   if (command == nullptr) return "No such command; help lists them.\n";
-  const auto number =
-      NumberFor(*command, blank == std::string::npos ? "" : Trim(text.substr(blank)));
+  const auto number = NumberFor(*command, typed.Behind);
   if (!number) return Expected(*command);
   quit = quit || command->Word == kQuit;
-  return command->Do(machine, *number);
+  return DoAt(machines, typed.Machine, *command, *number);
 }
 
 std::string OperatorCommandsHelp() {

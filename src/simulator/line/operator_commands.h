@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -7,9 +8,11 @@
 
 namespace morvane::simulator {
 
-/// What a person types does at the machine what hands would do: "pedal", "board 5", "fault 54". The
+/// What a person types does at the machine what hands would do: "pedal", "board 5", "fault 54".
+/// With several machines the number of one stands in front, "2 pedal"; the first one is 1. The
 /// answer, whole lines; `quit` is set when it is to end.
-[[nodiscard]] std::string Obey(WiredMachine& machine, std::string_view line, bool& quit);
+[[nodiscard]] std::string Obey(std::span<WiredMachine* const> machines, std::string_view line,
+                               bool& quit);
 
 /// A line for each command, behind two blanks.
 [[nodiscard]] std::string OperatorCommandsHelp();

@@ -17,29 +17,29 @@ namespace morvane::simulator {
 namespace {
 
 /// A machine at work on its line, for as long as this object lives.
-class ServedMachine {
+class MachineAtWork {
  public:
-  ServedMachine() : machine_(Talk::Fast()) {
-    EXPECT_FALSE(terminal_.Open());
+  MachineAtWork() {
+    served_.emplace_back(Talk::Fast(), Pace::kFast, clock_);
+    EXPECT_FALSE(served_[0].Terminal().Open());
     EXPECT_EQ(pipe(endWish_.data()), 0);
     server_ = std::thread([this] {
       std::ostringstream words;
-      LineServer(machine_, terminal_, clock_, Pace::kFast, words, words).Run({-1, endWish_[0]});
+      LineServer(served_, words, words).Run({-1, endWish_[0]});
     });
   }
-  ~ServedMachine() {
+  ~MachineAtWork() {
     EXPECT_EQ(write(endWish_[1], "", 1), 1);
     server_.join();
     for (const int file : endWish_) close(file);
   }
-  ServedMachine(const ServedMachine&) = delete;
-  ServedMachine& operator=(const ServedMachine&) = delete;
-  [[nodiscard]] const std::string& Path() const { return terminal_.Path(); }
+  MachineAtWork(const MachineAtWork&) = delete;
+  MachineAtWork& operator=(const MachineAtWork&) = delete;
+  [[nodiscard]] std::string Path() { return served_[0].Terminal().Path(); }
 
  private:
-  WiredMachine machine_;
-  PseudoTerminal terminal_;
   SystemClock clock_;
+  std::deque<ServedMachine> served_;
   std::array<int, 2> endWish_{};
   std::thread server_;
 };
@@ -91,7 +91,7 @@ class Program {
 };
 
 TEST(LatchLine, AMachineThatWasLoadedBootsWhenItDrops) {
-  const ServedMachine machine;
+  MachineAtWork machine;
   const Program program(machine.Path());
   program.Load(SmallDownload());
   EXPECT_EQ(program.BootMajor(), 0);
@@ -100,7 +100,7 @@ TEST(LatchLine, AMachineThatWasLoadedBootsWhenItDrops) {
 }
 
 TEST(LatchLine, AProgramThatLeavesDropsIt) {
-  const ServedMachine machine;
+  MachineAtWork machine;
   {
     const Program program(machine.Path());
     program.Load(SmallDownload());

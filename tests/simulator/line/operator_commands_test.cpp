@@ -12,7 +12,10 @@ class OperatorCommands : public testing::Test {
   Talk talk;
   bool quit = false;
 
-  std::string Type(const std::string& line) { return Obey(talk.Machine, line, quit); }
+  std::string Type(const std::string& line) {
+    const std::array<WiredMachine*, 1> machines{&talk.Machine};
+    return Obey(machines, line, quit);
+  }
 };
 
 TEST_F(OperatorCommands, ThePedalIsReportedInTheNextPoll) {
@@ -142,6 +145,59 @@ TEST_F(OperatorCommands, WhatIsNoCommandIsToldAndDoesNothing) {
   EXPECT_EQ(Type("pedal 2"), "pedal takes nothing behind it.\n");
   EXPECT_EQ(talk.Machine.Changed(), before);
   EXPECT_FALSE(quit);
+}
+
+TEST_F(OperatorCommands, TheOnlyMachineHasTheNumberOne) {
+  EXPECT_EQ(Type("1 pedal"), "The pedal was pressed.\n");
+  EXPECT_EQ(Type("1 state"), "idle\n");
+  EXPECT_EQ(Type("2 pedal"), "There is no machine 2.\n");
+  EXPECT_EQ(Type("0 pedal"), "No such command; help lists them.\n");
+  EXPECT_EQ(Type("1"), "No such command; help lists them.\n");
+  EXPECT_EQ(Type("1x pedal"), "No such command; help lists them.\n");
+}
+
+class SeveralMachines : public testing::Test {
+ protected:
+  Talk first;
+  Talk second;
+  bool quit = false;
+
+  std::string Type(const std::string& line) {
+    const std::array<WiredMachine*, 2> machines{&first.Machine, &second.Machine};
+    return Obey(machines, line, quit);
+  }
+};
+
+TEST_F(SeveralMachines, TheNumberInFrontIsTheMachine) {
+  EXPECT_EQ(Type("2 pedal"), "The pedal was pressed.\n");
+  EXPECT_EQ(first.Status().at(6), 0);
+  EXPECT_EQ(second.Status().at(6), 0x08);
+  EXPECT_EQ(Type(" 1   board  3 "), "Board 3 is in the slot.\n");
+  EXPECT_EQ(first.Ask({0x1B, 4}).at(2), 27);
+  EXPECT_EQ(second.Ask({0x1B, 4}).at(2), 0);
+}
+
+TEST_F(SeveralMachines, WithoutItWhatIsMeantIsAskedBack) {
+  EXPECT_EQ(Type("pedal"), "Which machine? Its number goes in front, such as 1 pedal.\n");
+  EXPECT_EQ(Type("board 3"), "Which machine? Its number goes in front, such as 1 board.\n");
+  EXPECT_EQ(Type("off"), "Which machine? Its number goes in front, such as 1 off.\n");
+  EXPECT_TRUE(first.Machine.PowerIsOn());
+  EXPECT_EQ(Type("board x"), "board takes a number from 1 to 640.\n");
+  EXPECT_EQ(Type("peddal"), "No such command; help lists them.\n");
+  EXPECT_EQ(Type("3 pedal"), "There is no machine 3.\n");
+}
+
+TEST_F(SeveralMachines, TheStateIsThatOfAll) {
+  Type("2 off");
+  EXPECT_EQ(Type("state"), "1: idle\n2: off\n");
+  EXPECT_EQ(Type("2 state"), "off\n");
+}
+
+TEST_F(SeveralMachines, HelpAndTheEndNeedNoNumber) {
+  EXPECT_EQ(Type("help"), OperatorCommandsHelp());
+  EXPECT_FALSE(quit);
+  EXPECT_EQ(Type("quit"), "");
+  EXPECT_TRUE(quit);
 }
 
 }  // namespace
