@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "bridges/bridge_chip.h"
+#include "bridges/usb_bus.h"
+
+struct libusb_device_handle;
+
+namespace morvane::bridges {
+
+/// A bridge chip that this program has for itself. The system's own driver is put aside for as long
+/// as this lives and given its device back behind that.
+class UsbConnection {
+ public:
+  /// Null, and `fault` says why.
+  [[nodiscard]] static std::unique_ptr<UsbConnection> Make(const UsbFound& device, UsbFault& fault);
+  ~UsbConnection();
+  UsbConnection(const UsbConnection&) = delete;
+  UsbConnection& operator=(const UsbConnection&) = delete;
+
+  [[nodiscard]] UsbFault Tell(const ControlRequest& request);
+  /// One byte.
+  [[nodiscard]] std::optional<std::uint8_t> Ask(const ControlRequest& request);
+
+  struct Moved {
+    UsbFault Fault = UsbFault::kNone;
+    std::size_t Count = 0;  ///< also with a fault
+  };
+  /// Waits for a packet. `bytes` has room for `PacketSize`; `ms` is above 0.
+  [[nodiscard]] Moved In(std::span<std::uint8_t> bytes, unsigned ms);
+  [[nodiscard]] Moved Out(std::span<const std::uint8_t> bytes, unsigned ms);
+  /// Behind a stall, the endpoint works again.
+  void RestartIn();
+  void RestartOut();
+  /// Of the longest packet that can come.
+  [[nodiscard]] std::size_t PacketSize() const { return packetSize_; }
+
+ private:
+  UsbConnection(std::shared_ptr<libusb_device> device, libusb_device_handle* handle)
+      : device_(std::move(device)), handle_(handle) {}
+  [[nodiscard]] bool FindEndpoints();
+  [[nodiscard]] UsbFault Claim();
+  Moved Move(std::uint8_t endpoint, std::uint8_t* bytes, std::size_t size, unsigned ms);
+
+  std::shared_ptr<libusb_device> device_;
+  libusb_device_handle* handle_;
+  bool claimed_ = false;
+  std::uint8_t in_ = 0;
+  std::uint8_t out_ = 0;
+  std::size_t packetSize_ = 0;
+};
+
+}  // namespace morvane::bridges

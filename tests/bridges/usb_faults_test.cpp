@@ -1,0 +1,1 @@
+#include "bridges/usb_desk.h"

@@ -1,0 +1,458 @@
+#include "support/emulated_usb.h"
+
+#include <gtest/gtest.h>
+#include <linux/usbdevice_fs.h>
+#include <sys/ioctl.h>
+#include <umockdev.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
+#include <cstring>
+#include <utility>
+
+namespace morvane::test {
+namespace {
+
+constexpr std::size_t kPacket = 64;
+constexpr std::size_t kSetup = 8;
+constexpr std::uint8_t kPurgeCode = 0x12;
+
+struct Unreferenced {
+  void operator()(UMockdevIoctlData* data) const { g_object_unref(data); }
+};
+/// Memory of the program that calls; what is changed in it goes there as the call ends.
+using Memory = std::unique_ptr<UMockdevIoctlData, Unreferenced>;
+
+Memory Pointed(UMockdevIoctlData* from, std::size_t offset, std::size_t size) {
+  return Memory(umockdev_ioctl_data_resolve(from, offset, size, nullptr));
+}
+
+Memory Argument(UMockdevIoctlClient* client, std::size_t size) {
+  return Pointed(umockdev_ioctl_client_get_arg(client), 0, size);
+}
+
+template <class Struct>
+Struct& As(const Memory& memory) {
+  return *reinterpret_cast<Struct*>(memory->data);
+}
+
+std::uint16_t Word(std::span<const std::uint8_t> bytes) {
+  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8U);
+}
+
+}  // namespace
+
+/// One that a program has handed over.
+struct EmulatedUsb::Transfer {
+  Client Owner = nullptr;
+  Memory Request;
+  Memory Buffer;
+
+  [[nodiscard]] usbdevfs_urb& Urb() const { return As<usbdevfs_urb>(Request); }
+  [[nodiscard]] bool IsIn() const { return (Urb().endpoint & 0x80U) != 0; }
+  [[nodiscard]] std::span<std::uint8_t> Bytes() const {
+    return {Buffer->data, static_cast<std::size_t>(Urb().buffer_length)};
+  }
+};
+
+EmulatedUsb::EmulatedUsb(UMockdevTestbed* testbed, UsbKind kind)
+    : socket_(testbed, std::move(kind)),
+      calls_(umockdev_ioctl_base_new()),
+      driver_(socket_.Kind().HasDriver) {
+  g_signal_connect(calls_, "handle-ioctl", G_CALLBACK(OnCall), this);
+  g_signal_connect(calls_, "client-connected", G_CALLBACK(OnOpened), this);
+  g_signal_connect(calls_, "client-vanished", G_CALLBACK(OnClosed), this);
+  PlugIn();
+}
+
+EmulatedUsb::~EmulatedUsb() { g_object_unref(calls_); }
+
+// ---- What a test does
+
+void EmulatedUsb::Say(const Bytes& bytes) {
+  const std::lock_guard lock(mutex_);
+  Queue(bytes);
+  FillWaiting();
+}
+
+void EmulatedUsb::Answer(Answerer answer) {
+  const std::lock_guard lock(mutex_);
+  answer_ = std::move(answer);
+}
+
+void EmulatedUsb::Pull() {
+  const std::lock_guard lock(mutex_);
+  Vanish();
+}
+
+void EmulatedUsb::PlugIn() {
+  const std::lock_guard lock(mutex_);
+  attached_ = true;
+  driver_ = socket_.Kind().HasDriver;
+  socket_.PlugIn(calls_);
+}
+
+void EmulatedUsb::PullAt(int count) {
+  const std::lock_guard lock(mutex_);
+  pullAt_ = count;
+}
+
+void EmulatedUsb::HoldByOther(bool held) {
+  const std::lock_guard lock(mutex_);
+  heldByOther_ = held;
+}
+
+void EmulatedUsb::StallOn(std::uint8_t code) {
+  const std::lock_guard lock(mutex_);
+  stalls_.insert(code);
+}
+
+void EmulatedUsb::StallIn(int count) {
+  const std::lock_guard lock(mutex_);
+  inStalls_ = count;
+}
+
+void EmulatedUsb::StallOut(int count) {
+  const std::lock_guard lock(mutex_);
+  outStalls_ = count;
+}
+
+void EmulatedUsb::TakeOnly(std::size_t bytes) {
+  const std::lock_guard lock(mutex_);
+  room_ = bytes;
+}
+
+void EmulatedUsb::LikeAnOldSystem() {
+  const std::lock_guard lock(mutex_);
+  oldSystem_ = true;
+}
+
+void EmulatedUsb::SayBehindPurge(Bytes bytes) {
+  const std::lock_guard lock(mutex_);
+  behindPurge_ = std::move(bytes);
+}
+
+// ---- What a test sees
+
+std::vector<bridges::ControlRequest> EmulatedUsb::Requests() const {
+  const std::lock_guard lock(mutex_);
+  return requests_;
+}
+
+void EmulatedUsb::ForgetRequests() {
+  const std::lock_guard lock(mutex_);
+  requests_.clear();
+}
+
+Bytes EmulatedUsb::Heard() const {
+  const std::lock_guard lock(mutex_);
+  return heard_;
+}
+
+int EmulatedUsb::TransfersHeard() const {
+  const std::lock_guard lock(mutex_);
+  return transfersHeard_;
+}
+
+bool EmulatedUsb::HasDriver() const {
+  const std::lock_guard lock(mutex_);
+  return driver_;
+}
+
+bool EmulatedUsb::IsClaimed() const {
+  const std::lock_guard lock(mutex_);
+  return owner_ != nullptr;
+}
+
+int EmulatedUsb::Askings() const {
+  const std::lock_guard lock(mutex_);
+  return askings_;
+}
+
+bool EmulatedUsb::UntilClosed() {
+  std::unique_lock lock(mutex_);
+  return closed_.wait_for(lock, std::chrono::seconds(5), [this] { return openings_ == 0; });
+}
+
+// ---- Programs
+
+void EmulatedUsb::OnOpened(UMockdevIoctlBase*, Client, void* self) {
+  auto& device = *static_cast<EmulatedUsb*>(self);
+  const std::lock_guard lock(device.mutex_);
+  ++device.openings_;
+}
+
+// As the system does for a program that has ended without a word.
+void EmulatedUsb::OnClosed(UMockdevIoctlBase*, Client client, void* self) {
+  auto& device = *static_cast<EmulatedUsb*>(self);
+  const std::lock_guard lock(device.mutex_);
+  const auto isOwn = [&](const auto& transfer) { return transfer->Owner == client; };
+  std::erase_if(device.waiting_, isOwn);
+  std::erase_if(device.ended_, isOwn);
+  if (device.owner_ == client) device.owner_ = nullptr;
+  --device.openings_;
+  device.closed_.notify_all();
+}
+
+int EmulatedUsb::OnCall(UMockdevIoctlBase*, Client client, void* self) {
+  auto& device = *static_cast<EmulatedUsb*>(self);
+  const std::lock_guard lock(device.mutex_);
+  const int result = device.Serve(client, umockdev_ioctl_client_get_request(client));
+  umockdev_ioctl_client_complete(client, result < 0 ? -1 : result, result < 0 ? -result : 0);
+  return TRUE;
+}
+
+int EmulatedUsb::Serve(Client client, unsigned long call) {
+  if (call == USBDEVFS_REAPURBNDELAY) return Reap(client);
+  if (!attached_) return -ENODEV;
+  switch (call) {
+    case USBDEVFS_GET_CAPABILITIES:
+      As<std::uint32_t>(Argument(client, sizeof(std::uint32_t))) =
+          USBDEVFS_CAP_ZERO_PACKET | USBDEVFS_CAP_NO_PACKET_SIZE_LIM |
+          USBDEVFS_CAP_REAP_AFTER_DISCONNECT;
+      return 0;
+    case USBDEVFS_SUBMITURB:
+      return Submit(client);
+    case USBDEVFS_DISCARDURB:
+      return Discard(client);
+    default:
+      return ServeInterface(client, call);
+  }
+}
+
+int EmulatedUsb::ServeInterface(Client client, unsigned long call) {
+  switch (call) {
+    case USBDEVFS_GETDRIVER:
+      return DriverName(client);
+    case USBDEVFS_DISCONNECT_CLAIM:
+      return oldSystem_ ? -ENOTTY : ClaimAlone(client);
+    case USBDEVFS_IOCTL:
+      return DriverWish(client);
+    case USBDEVFS_CLAIMINTERFACE:
+      return Claim(client);
+    case USBDEVFS_RELEASEINTERFACE:
+      return Release(client);
+    case USBDEVFS_CLEAR_HALT:
+      return 0;
+    default:
+      ADD_FAILURE() << "unknown call " << call;
+      return -ENOTTY;
+  }
+}
+
+int EmulatedUsb::ClaimAlone(Client client) {
+  if (heldByOther_ || (owner_ != nullptr && owner_ != client)) return -EBUSY;
+  driver_ = false;
+  return Claim(client);
+}
+
+int EmulatedUsb::Claim(Client client) {
+  if (heldByOther_ || driver_ || (owner_ != nullptr && owner_ != client)) return -EBUSY;
+  owner_ = client;
+  return 0;
+}
+
+int EmulatedUsb::Release(Client client) {
+  if (owner_ != client) return -EINVAL;
+  owner_ = nullptr;
+  return 0;
+}
+
+int EmulatedUsb::DriverName(Client client) const {
+  if (!driver_ && owner_ == nullptr) return -ENODATA;
+  const Memory argument = Argument(client, sizeof(usbdevfs_getdriver));
+  auto& name = As<usbdevfs_getdriver>(argument).driver;
+  std::strncpy(name, driver_ ? "cp210x" : "usbfs", sizeof name);
+  return 0;
+}
+
+int EmulatedUsb::DriverWish(Client client) {
+  const Memory argument = Argument(client, sizeof(usbdevfs_ioctl));
+  const auto wish = static_cast<unsigned>(As<usbdevfs_ioctl>(argument).ioctl_code);
+  if (wish == USBDEVFS_DISCONNECT) return std::exchange(driver_, false) ? 0 : -ENODATA;
+  if (wish != USBDEVFS_CONNECT) return -ENOTTY;
+  if (driver_ || owner_ != nullptr) return -EBUSY;
+  driver_ = socket_.Kind().HasDriver;
+  return driver_ ? 1 : 0;
+}
+
+int EmulatedUsb::Submit(Client client) {
+  auto transfer = std::make_unique<Transfer>();
+  transfer->Owner = client;
+  transfer->Request = Argument(client, sizeof(usbdevfs_urb));
+  transfer->Buffer = Pointed(transfer->Request.get(), offsetof(usbdevfs_urb, buffer),
+                             static_cast<std::size_t>(transfer->Urb().buffer_length));
+  if (transfer->Urb().type == USBDEVFS_URB_TYPE_BULK && owner_ != client) return -EINVAL;
+  Begin(std::move(transfer));
+  return attached_ ? 0 : -ENODEV;
+}
+
+int EmulatedUsb::Discard(Client client) {
+  gulong which = 0;
+  std::memcpy(&which, umockdev_ioctl_client_get_arg(client)->data, sizeof which);
+  const auto found = std::ranges::find_if(
+      waiting_, [&](const auto& transfer) { return transfer->Request->client_addr == which; });
+  if (found == waiting_.end()) return -EINVAL;
+  auto transfer = std::move(*found);
+  waiting_.erase(found);
+  End(std::move(transfer), -ENOENT);
+  return 0;
+}
+
+int EmulatedUsb::Reap(Client client) {
+  ++askings_;
+  const auto found = std::ranges::find(ended_, client, &Transfer::Owner);
+  if (found == ended_.end()) return attached_ ? -EAGAIN : -ENODEV;
+  const auto transfer = std::move(*found);
+  ended_.erase(found);
+  const Memory pointer = Argument(client, sizeof(void*));
+  umockdev_ioctl_data_set_ptr(pointer.get(), 0, transfer->Request.get());
+  if (attached_) socket_.ShowReady(!ended_.empty());
+  return 0;
+}
+
+// ---- The device
+
+void EmulatedUsb::Begin(std::unique_ptr<Transfer> transfer) {
+  usbdevfs_urb& urb = transfer->Urb();
+  if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
+    const int moved = Control(transfer->Bytes());
+    urb.actual_length = std::max(moved, 0);
+    End(std::move(transfer), std::min(moved, 0));
+  } else if (!transfer->IsIn()) {
+    Hear(std::move(transfer));
+  } else if (inStalls_ > 0) {
+    --inStalls_;
+    End(std::move(transfer), -EPIPE);
+  } else {
+    waiting_.push_back(std::move(transfer));
+    FillWaiting();
+  }
+}
+
+int EmulatedUsb::Control(std::span<std::uint8_t> setup) {
+  bridges::ControlRequest request{.Type = setup[0],
+                                  .Code = setup[1],
+                                  .Value = Word(setup.subspan(2)),
+                                  .Index = Word(setup.subspan(4)),
+                                  .Length = Word(setup.subspan(6))};
+  const auto data = setup.subspan(kSetup);
+  if ((request.Type & 0x80U) == 0) {
+    std::copy_n(data.begin(), std::min(data.size(), request.Data.size()), request.Data.begin());
+  }
+  if ((request.Type & 0x40U) != 0) requests_.push_back(request);
+  return ControlAnswer(request, data);
+}
+
+int EmulatedUsb::ControlAnswer(const bridges::ControlRequest& request,
+                               std::span<std::uint8_t> data) {
+  Bytes answer;
+  if (request.Type == 0x80 && request.Code == 6) answer = StringDescriptor(request.Value & 0xFF);
+  if (request.Type == 0xC0) answer = {socket_.Kind().PartNumber};
+  if ((request.Type & 0x40U) != 0 && stalls_.contains(request.Code)) return -EPIPE;
+  if (request.Type == 0x41 && request.Code == kPurgeCode) {
+    if ((request.Value & 0x0AU) != 0) packets_.clear();
+    Queue(std::exchange(behindPurge_, {}));
+  }
+  if ((request.Type & 0x80U) == 0) return request.Length;
+  const std::size_t count = std::min(answer.size(), data.size());
+  std::copy_n(answer.begin(), count, data.begin());
+  return static_cast<int>(count);
+}
+
+Bytes EmulatedUsb::StringDescriptor(int number) const {
+  if (number == 0) return {4, 3, 0x09, 0x04};
+  const std::string& serial = socket_.Kind().Serial;
+  Bytes text{static_cast<std::uint8_t>(2 + 2 * serial.size()), 3};
+  for (const char c : serial) text.insert(text.end(), {static_cast<std::uint8_t>(c), 0});
+  return text;
+}
+
+void EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
+  if (pullAt_ > 0 && --pullAt_ == 0) {
+    Vanish();
+    return;
+  }
+  if (outStalls_ > 0) {
+    --outStalls_;
+    End(std::move(transfer), -EPIPE);
+    return;
+  }
+  ++transfersHeard_;
+  auto bytes = transfer->Bytes();
+  const bool fits = !room_ || bytes.size() <= *room_;
+  if (!fits) bytes = bytes.first(*room_);
+  if (room_) *room_ -= bytes.size();
+  heard_.insert(heard_.end(), bytes.begin(), bytes.end());
+  transfer->Urb().actual_length = static_cast<int>(bytes.size());
+  const Bytes said = answer_ ? answer_(bytes) : Bytes();
+  if (fits) {
+    End(std::move(transfer), 0);
+  } else {
+    waiting_.push_back(std::move(transfer));
+  }
+  Queue(said);
+  FillWaiting();
+}
+
+void EmulatedUsb::Queue(const Bytes& bytes) {
+  for (std::size_t at = 0; at < bytes.size(); at += kPacket) {
+    const auto packet = std::span(bytes).subspan(at, std::min(kPacket, bytes.size() - at));
+    packets_.emplace_back(packet.begin(), packet.end());
+  }
+}
+
+void EmulatedUsb::FillWaiting() {
+  while (!packets_.empty()) {
+    const auto found =
+        std::ranges::find_if(waiting_, [](const auto& transfer) { return transfer->IsIn(); });
+    if (found == waiting_.end()) return;
+    auto transfer = std::move(*found);
+    waiting_.erase(found);
+    const Bytes packet = std::move(packets_.front());
+    packets_.pop_front();
+    std::ranges::copy(packet, transfer->Bytes().begin());
+    transfer->Urb().actual_length = static_cast<int>(packet.size());
+    End(std::move(transfer), 0);
+  }
+}
+
+void EmulatedUsb::End(std::unique_ptr<Transfer> transfer, int status) {
+  transfer->Urb().status = status;
+  ended_.push_back(std::move(transfer));
+  socket_.ShowReady(true);
+}
+
+void EmulatedUsb::Vanish() {
+  attached_ = false;
+  packets_.clear();
+  while (!waiting_.empty()) {
+    auto transfer = std::move(waiting_.front());
+    waiting_.pop_front();
+    End(std::move(transfer), -ESHUTDOWN);
+  }
+  owner_ = nullptr;
+  socket_.Pull();
+}
+
+// ---- The bus
+
+EmulatedBus::EmulatedBus() : testbed_(umockdev_testbed_new()) {
+  EXPECT_TRUE(umockdev_in_mock_environment()) << "umockdev's library is to be preloaded";
+  g_free(umockdev_testbed_add_device(testbed_, "usb", "usb1", nullptr, "busnum", "1", "devnum", "1",
+                                     nullptr, "DEVTYPE", "usb_device", nullptr));
+}
+
+EmulatedBus::~EmulatedBus() {
+  g_object_unref(testbed_);  // its thread ends with it
+  devices_.clear();
+}
+
+EmulatedUsb& EmulatedBus::Attach(const UsbKind& kind) {
+  devices_.push_back(std::make_unique<EmulatedUsb>(testbed_, kind));
+  return *devices_.back();
+}
+
+}  // namespace morvane::test

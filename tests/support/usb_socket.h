@@ -1,0 +1,55 @@
+#pragma once
+
+#include <umockdev.h>
+
+#include <cstdint>
+#include <string>
+
+namespace morvane::test {
+
+/// What kind of device stands at a USB socket.
+struct UsbKind {
+  std::uint16_t Vendor = 0x10C4;
+  std::uint16_t Product = 0xEA60;
+  std::string Serial = "4711S";
+  int Socket = 1;           ///< 1.. of bus 1
+  bool MayBeOpened = true;  ///< by this user
+  bool HasDriver = true;    ///< the system's own has it, as behind plugging in
+  std::string Tty;          ///< the serial device "ttyUSB0" that this driver makes of it
+  std::uint8_t PartNumber = 3;
+};
+
+/// What the system shows of a device that is plugged in: its folders and its node. The node is a
+/// pipe, which has room, as the system's own would have for a program that polls it, when there is
+/// something to fetch.
+class UsbSocket {
+ public:
+  UsbSocket(UMockdevTestbed* testbed, UsbKind kind);
+  ~UsbSocket();
+  UsbSocket(const UsbSocket&) = delete;
+  UsbSocket& operator=(const UsbSocket&) = delete;
+
+  [[nodiscard]] const UsbKind& Kind() const { return kind_; }
+  /// `calls` serves what programs ask of the node.
+  void PlugIn(UMockdevIoctlBase* calls);
+  /// Programs that have it open keep it so.
+  void Pull();
+  void ShowReady(bool ready);
+
+ private:
+  void MakeDevice();
+  void MakeNode();
+  void MakeTty(const std::string& interface);
+  [[nodiscard]] std::string Name() const { return "1-" + std::to_string(kind_.Socket); }
+  [[nodiscard]] std::string Node() const;
+
+  UMockdevTestbed* testbed_;
+  UsbKind kind_;
+  std::string root_;
+  std::string device_;  ///< its folder, as long as it is plugged in
+  int plugged_ = 0;     ///< how often
+  int pipe_ = -1;
+  bool ready_ = true;
+};
+
+}  // namespace morvane::test
