@@ -40,7 +40,8 @@ class UsbXpress {
   virtual Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) = 0;
   /// `high` holds the major number in its upper and the minor number in its lower 16 bits.
   virtual Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) = 0;
-  /// An empty bus is `kDeviceNotFound`.
+  /// An empty bus is `kDeviceNotFound`. The indices of the devices below are those of the last
+  /// call.
   virtual Status GetNumDevices(std::uint32_t& count) = 0;
   /// The NUL-terminated serial string of device `index` for option 0; another option is
   /// `kInvalidParameter`, another index `kDeviceNotFound`.
@@ -67,10 +68,10 @@ class UsbXpress {
   virtual Status WriteLatch(Handle handle, std::uint8_t mask, std::uint8_t value) = 0;
   virtual Status Close(Handle handle) = 0;
 
-  /// What there is to say to the operator, beyond its status, about the last `GetNumDevices`,
-  /// `GetProductString` or `Open`: why it failed and what helps, or what is worth knowing though it
-  /// did not. Whole sentences, the lines ending with LF but for the last; empty where there is
-  /// nothing.
+  /// What there is to say to the operator, beyond its status, about the last `GetDllVersion`,
+  /// `GetNumDevices`, `GetProductString` or `Open`: why it failed and what helps, or what is worth
+  /// knowing though it did not. Whole sentences, the lines ending with LF but for the last; empty
+  /// where there is nothing.
   [[nodiscard]] virtual std::string Advice() const { return {}; }
 };
 

@@ -44,6 +44,8 @@ class ContractClient {
 
   explicit ContractClient(ContractDesk& desk) : Desk(desk), Usb(desk.Bridge()) {}
 
+  /// Looks for the device, without which some bridges have none.
+  void FindDevice();
   /// As the program opens it.
   void Open(std::uint32_t readMs = kLongMs);
   void SetReadTime(std::uint32_t ms);

@@ -2,7 +2,14 @@
 
 namespace morvane::bridges {
 
+void ContractClient::FindDevice() {
+  std::uint32_t count = 99;
+  ASSERT_EQ(Usb.GetNumDevices(count), UsbXpress::kSuccess);
+  ASSERT_EQ(count, 1U);
+}
+
 void ContractClient::Open(std::uint32_t readMs) {
+  FindDevice();
   ASSERT_EQ(Usb.Open(0, Handle), UsbXpress::kSuccess);
   ASSERT_NE(Handle, kNone);
   ASSERT_EQ(Usb.SetTimeouts(readMs, kLongMs), UsbXpress::kSuccess);

@@ -19,14 +19,13 @@ void TheVersionsAskForNoUpdate(ContractDesk& desk) {
 void OneDeviceIsThereOpenOrNot(ContractDesk& desk) {
   ContractClient client(desk);
   for (int opened = 0; opened < 2; ++opened) {
-    std::uint32_t count = 99;
-    EXPECT_EQ(desk.Bridge().GetNumDevices(count), UsbXpress::kSuccess);
-    EXPECT_EQ(count, 1U);
+    client.FindDevice();
     if (opened == 0) client.Open();
   }
 }
 
 void TheSerialStringIsEndedAndAlwaysTheSame(ContractDesk& desk) {
+  ContractClient(desk).FindDevice();
   std::array<ProductString, 2> texts;
   texts[0].fill('x');
   texts[1].fill('y');
@@ -40,6 +39,7 @@ void TheSerialStringIsEndedAndAlwaysTheSame(ContractDesk& desk) {
 }
 
 void NothingIsToldOfADeviceThatIsNotThere(ContractDesk& desk) {
+  ContractClient(desk).FindDevice();
   ProductString text{'x'};
   EXPECT_EQ(desk.Bridge().GetProductString(1, text, UsbXpress::kSerialString),
             UsbXpress::kDeviceNotFound);
@@ -48,12 +48,14 @@ void NothingIsToldOfADeviceThatIsNotThere(ContractDesk& desk) {
 }
 
 void OnlyTheSerialStringIsTold(ContractDesk& desk) {
+  ContractClient(desk).FindDevice();
   ProductString text{};
   EXPECT_EQ(desk.Bridge().GetProductString(0, text, 1), UsbXpress::kInvalidParameter);
   EXPECT_EQ(desk.Bridge().GetProductString(0, text, 0xFFFFFFFF), UsbXpress::kInvalidParameter);
 }
 
 void ADeviceThatIsNotThereIsNotOpened(ContractDesk& desk) {
+  ContractClient(desk).FindDevice();
   UsbXpress::Handle handle = ContractClient::kNone;
   EXPECT_EQ(desk.Bridge().Open(1, handle), UsbXpress::kDeviceNotFound);
   EXPECT_EQ(handle, ContractClient::kNone);

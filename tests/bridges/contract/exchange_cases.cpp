@@ -152,6 +152,7 @@ void AFlushOfOneDirectionLeavesTheOther(ContractDesk& desk) {
 void TheTimesHoldFromBeforeTheOpening(ContractDesk& desk) {
   ContractClient client(desk);
   client.SetReadTime(kShortMs);
+  client.FindDevice();
   ASSERT_EQ(desk.Bridge().Open(0, client.Handle), UsbXpress::kSuccess);
   EXPECT_GE(client.MsOfShortRead(8), kCost);
   EXPECT_LT(client.MsOfShortRead(8), ContractClient::kLongMs);
@@ -162,6 +163,7 @@ void TheTimesHoldFromOneOpeningToTheNext(ContractDesk& desk) {
   client.Open(kShortMs);
   EXPECT_EQ(desk.Bridge().Close(client.Handle), UsbXpress::kSuccess);
   desk.Carry();
+  client.FindDevice();
   ASSERT_EQ(desk.Bridge().Open(0, client.Handle), UsbXpress::kSuccess);
   EXPECT_GE(client.MsOfShortRead(8), kCost);
 }
