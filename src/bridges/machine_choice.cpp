@@ -1,15 +1,28 @@
 #include "bridges/machine_choice.h"
 
-#include "bridges/empty_bus.h"
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "bridges/replay_bridge.h"
 #include "bridges/serial_bridge.h"
 #include "bridges/simulated_choice.h"
+#include "bridges/traced_bridge.h"
+#include "platform/files.h"
 #include "simulator/simulated_machine.h"
+#ifdef _WIN32
+#include "bridges/usb_xpress_library.h"
+#else
+#include "bridges/usb_direct.h"
+#endif
 
 namespace morvane::bridges {
 namespace {
 
-constexpr std::string_view kSerial = "serial:";
-constexpr std::string_view kSimulated = "simulated";
+constexpr std::string_view kReplay = "replay:";
 
 MachineChoice NoMachine(std::string error) {
   MachineChoice none;
@@ -23,32 +36,138 @@ MachineChoice RealMachine(std::unique_ptr<UsbXpress> usb) {
   return choice;
 }
 
+MachineChoice Unknown(const std::string& text) {
+  return NoMachine("unknown machine \"" + text + "\": " + kMachineForms);
+}
+
+// By the kind that the text names, `rest` being what stands behind it.
+
+#ifdef _WIN32
+MachineChoice ChooseUsb(const std::string& rest, Clock& /*clock*/) {
+  if (!rest.empty()) return NoMachine("usb:" + rest + ": here the machine is chosen by its driver");
+  return RealMachine(std::make_unique<UsbXpressLibrary>());
+}
+#else
+/// A number of four hexadecimal digits.
+std::optional<std::uint16_t> UsbNumber(std::string_view text) {
+  std::uint16_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number, 16);
+  const bool isWhole = text.size() == 4 && result.ec == std::errc() && result.ptr == end;
+  return isWhole ? std::optional(number) : std::nullopt;
+}
+
+/// "SERIAL", "VVVV:PPPP" or "VVVV:PPPP:SERIAL".
+UsbWhich WhichUsb(const std::string& text) {
+  constexpr std::size_t kColon = 4;
+  constexpr std::size_t kNumbers = 9;
+  const auto vendor = UsbNumber(std::string_view(text).substr(0, kColon));
+  if (!vendor || text.size() < kNumbers || text[kColon] != ':') return {{}, {}, text};
+  const auto product = UsbNumber(std::string_view(text).substr(kColon + 1, kColon));
+  const bool endsThere = text.size() == kNumbers || text[kNumbers] == ':';
+  if (!product || !endsThere) return {{}, {}, text};
+  return {vendor, product, text.substr(std::min(text.size(), kNumbers + 1))};
+}
+
+MachineChoice ChooseUsb(const std::string& rest, Clock& /*clock*/) {
+  return RealMachine(std::make_unique<UsbDirect>(WhichUsb(rest)));
+}
+#endif
+
+MachineChoice ChooseSerial(const std::string& rest, Clock& /*clock*/) {
+  return RealMachine(std::make_unique<SerialBridge>(rest));
+}
+
+MachineChoice ChooseReplay(const std::string& rest, Clock& clock) {
+  TraceReader trace;
+  if (auto error = trace.Open(rest)) return NoMachine(std::move(*error));
+  auto replay = std::make_unique<ReplayBridge>(std::move(trace), clock);
+  MachineChoice choice;
+  choice.Kind = machine::MachineKind::kReplayed;
+  choice.Replayed = replay.get();
+  choice.Usb = std::move(replay);
+  return choice;
+}
+
 MachineChoice MakeSimulated(const std::string& text, Clock& clock) {
   SimulatedChoice simulated = ChooseSimulated(text);
   if (!simulated.Error.empty()) return NoMachine(std::move(simulated.Error));
   auto machine = std::make_unique<simulator::SimulatedMachine>(simulated.Kind, clock);
   machine->LayBoards(std::move(simulated.Boards));
   MachineChoice choice;
-  choice.Simulated = machine.get();
   choice.Kind = machine::MachineKind::kSimulated;
+  choice.Simulated = machine.get();
   choice.Usb = std::move(machine);
   return choice;
+}
+
+struct Way {
+  std::string_view Name;  ///< with the colon behind which the rest stands
+  MachineChoice (*Choose)(const std::string& rest, Clock& clock);
+};
+constexpr std::array<Way, 3> kWays{
+    {{"usb:", ChooseUsb}, {"serial:", ChooseSerial}, {kReplay, ChooseReplay}}};
+
+MachineChoice ChooseLink(const std::string& text, Clock& clock) {
+  if (text == kDefaultMachine) return ChooseUsb("", clock);
+  if (text.starts_with("simulated")) return MakeSimulated(text, clock);
+  for (const Way& way : kWays) {
+    if (!text.starts_with(way.Name) || text.size() == way.Name.size()) continue;
+    return way.Choose(text.substr(way.Name.size()), clock);
+  }
+  return Unknown(text);
+}
+
+/// The file of the newest part of a trace that has this part.
+std::string NewestPart(const std::string& path) {
+  const std::size_t dot = path.size() < 2 ? std::string::npos : path.size() - 2;
+  const bool isOld = dot != std::string::npos && path[dot] == '.' && path.back() >= '1' &&
+                     path.back() <= '0' + TraceFile::kOldParts;
+  return FileBehind(AbsolutePath(isOld ? path.substr(0, dot) : path));
+}
+
+/// A trace that begins moves the one of its name on, also while it is played.
+bool IsPlayed(const LinkRequest& request) {
+  if (request.Trace.empty() || !request.Machine.starts_with(kReplay)) return false;
+  return NewestPart(request.Machine.substr(kReplay.size())) == NewestPart(request.Trace);
+}
+
+MachineChoice Traced(MachineChoice choice, const LinkRequest& request, const Clock& clock) {
+  TraceOrder order;
+  order.Path = request.Trace;
+  order.Machine = request.Machine;
+  order.HandsLeftOut = request.TraceWithoutHands;
+  auto traced = std::make_unique<TracedBridge>(std::move(choice.Usb), order, clock);
+  if (!traced->File().Trouble().empty()) return NoMachine(traced->File().Trouble());
+  choice.Traced = traced.get();
+  choice.Usb = std::move(traced);
+  return choice;
+}
+
+void AddLine(std::string& lines, const std::string& line) {
+  if (!line.empty()) lines += (lines.empty() ? "" : "\n") + line;
 }
 
 }  // namespace
 
 MachineChoice ChooseMachine(const LinkRequest& request, Clock& clock) {
-  const std::string& text = request.Machine;
-  if (text == kDefaultMachine) return RealMachine(std::make_unique<EmptyBus>());
-  if (text.starts_with(kSimulated)) return MakeSimulated(text, clock);
-  if (text.starts_with(kSerial) && text.size() > kSerial.size()) {
-    return RealMachine(std::make_unique<SerialBridge>(text.substr(kSerial.size())));
-  }
-  return NoMachine("unknown machine \"" + text + "\": " + kMachineForms);
+  if (IsPlayed(request)) return NoMachine("--trace " + request.Trace + ": that trace is played");
+  MachineChoice choice = ChooseLink(request.Machine, clock);
+  if (choice.Usb == nullptr || request.Trace.empty()) return choice;
+  return Traced(std::move(choice), request, clock);
+}
+
+std::string MachineChoice::LinkTrouble() const {
+  std::string lines;
+  if (Replayed != nullptr) AddLine(lines, Replayed->Play().Trouble());
+  if (Traced != nullptr) AddLine(lines, Traced->File().Trouble());
+  return lines;
 }
 
 std::string MachineChoice::Trouble() const {
-  return Simulated != nullptr ? Simulated->Trouble() : "";
+  std::string lines = LinkTrouble();
+  if (Simulated != nullptr) AddLine(lines, Simulated->Trouble());
+  return lines;
 }
 
 }  // namespace morvane::bridges

@@ -25,11 +25,14 @@ struct MachineChoice {
   simulator::SimulatedMachine* Simulated = nullptr;
   ReplayBridge* Replayed = nullptr;
   TracedBridge* Traced = nullptr;
-  std::string Error;        ///< not empty: `Usb` is null
+  std::string Error;  ///< not empty: `Usb` is null
 
-  /// What is wrong with the files behind it by now, in lines for their owner: that of a machine
-  /// that is kept in one, the trace that is played, the trace that is written. Empty: nothing.
+  /// What is wrong with the files behind it by now, in lines for their owner: the trace that is
+  /// played, or the run that differs from it; the trace that is written; that of a simulated
+  /// machine that is kept in one. Empty: nothing.
   [[nodiscard]] std::string Trouble() const;
+  /// The same but for the simulated machine's.
+  [[nodiscard]] std::string LinkTrouble() const;
 };
 
 /// Reads the file of the simulated machine's `pack=`, checks the trace that is to be played, and

@@ -1,8 +1,11 @@
 #include "bridges/machine_choice.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <filesystem>
 
 #include "simulator/simulated_machine.h"
+#include "support/fakes.h"
 #include "support/virtual_time.h"
 
 namespace morvane::bridges {
@@ -18,24 +21,24 @@ TEST(ChooseMachine, TheSimulatedMachineCanBeLookedInto) {
     const MachineChoice choice = Chosen(text);
     ASSERT_NE(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, choice.Usb.get());
+    EXPECT_EQ(choice.Kind, machine::MachineKind::kSimulated);
     EXPECT_EQ(choice.Error, "");
   }
 }
 
-TEST(ChooseMachine, TheRealOneIsMeantWhereNoneIsNamedAndHasNoDevicesYet) {
-  const MachineChoice choice = Chosen(kDefaultMachine);
+TEST(ChooseMachine, TheRealOneIsMeantWhereNoneIsNamedAndCannotBeLookedInto) {
+  const MachineChoice choice = Chosen(LinkRequest{}.Machine);
   ASSERT_NE(choice.Usb, nullptr);
+  EXPECT_EQ(choice.Kind, machine::MachineKind::kReal);
   EXPECT_EQ(choice.Simulated, nullptr);
+  EXPECT_EQ(choice.Replayed, nullptr);
+  EXPECT_EQ(choice.Traced, nullptr);
   EXPECT_EQ(choice.Error, "");
-  EXPECT_STREQ(kDefaultMachine, "usb");
   std::uint32_t high = 0;
   std::uint32_t low = 0;
   EXPECT_EQ(choice.Usb->GetDllVersion(high, low), UsbXpress::kSuccess);
   EXPECT_EQ(choice.Usb->GetDriverVersion(high, low), UsbXpress::kSuccess);
   EXPECT_EQ(high, 0x30001U) << "3.1, which asks for no update";
-  std::uint32_t count = 99;
-  EXPECT_EQ(choice.Usb->GetNumDevices(count), UsbXpress::kDeviceNotFound);
-  EXPECT_EQ(count, 0U);
 }
 
 TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
@@ -46,8 +49,8 @@ TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
 }
 
 TEST(ChooseMachine, WhatIsNoMachineIsTold) {
-  for (const char* text :
-       {"", "usb,", "USB", "replay", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
+  for (const char* text : {"", "usb,", "USB", "usb:", "replay", "replay:", "serial",
+                           "serial:", "Simulated", "/dev/ttyUSB0"}) {
     const MachineChoice choice = Chosen(text);
     EXPECT_EQ(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, nullptr);
@@ -55,6 +58,71 @@ TEST(ChooseMachine, WhatIsNoMachineIsTold) {
                                 "\": usb, usb:SERIAL, usb:VVVV:PPPP, serial:PATH, "
                                 "simulated[,key=value...] or replay:FILE");
   }
+}
+
+TEST(ChooseMachine, AUsbMachineIsNamedByItsSerialStringOrItsNumbers) {
+  for (const char* text : {"usb:0123S", "usb:10C4:EA60", "usb:10c4:ea60:0123S", "usb:0123"}) {
+    EXPECT_NE(Chosen(text).Usb, nullptr) << text;
+  }
+}
+
+TEST(ChooseMachine, ATraceThatIsNotThereIsTold) {
+  const test::TempFolder folder;
+  const MachineChoice choice = Chosen("replay:" + (folder / "none"));
+  EXPECT_EQ(choice.Usb, nullptr);
+  EXPECT_THAT(choice.Error, ::testing::HasSubstr(folder / "none"));
+}
+
+class TracedChoice : public ::testing::Test {
+ protected:
+  test::TempFolder folder;
+  test::VirtualClock clock;
+
+  void OpenAndClose(const MachineChoice& choice) {
+    UsbXpress::Handle handle = -1;
+    std::uint32_t high = 0;
+    std::uint32_t low = 0;
+    EXPECT_EQ(choice.Usb->GetDllVersion(high, low), UsbXpress::kSuccess);
+    EXPECT_EQ(choice.Usb->Open(0, handle), UsbXpress::kSuccess);
+    EXPECT_EQ(choice.Usb->Close(handle), UsbXpress::kSuccess);
+  }
+};
+
+TEST_F(TracedChoice, WhatPassesIsNotedAndCanBePlayed) {
+  {
+    const MachineChoice choice = ChooseMachine({"simulated,speed=0", folder / "t"}, clock);
+    ASSERT_NE(choice.Usb, nullptr) << choice.Error;
+    EXPECT_NE(choice.Simulated, nullptr) << "it can be looked into as before";
+    EXPECT_NE(choice.Traced, nullptr);
+    OpenAndClose(choice);
+    EXPECT_EQ(choice.Trouble(), "");
+  }
+  EXPECT_THAT(test::ContentOf(folder / "t"), ::testing::HasSubstr("# machine simulated,speed=0\n"));
+  const MachineChoice replay = ChooseMachine({"replay:" + (folder / "t")}, clock);
+  ASSERT_NE(replay.Usb, nullptr) << replay.Error;
+  EXPECT_EQ(replay.Kind, machine::MachineKind::kReplayed);
+  EXPECT_EQ(replay.Replayed, replay.Usb.get());
+  OpenAndClose(replay);
+  EXPECT_EQ(replay.Trouble(), "");
+}
+
+TEST_F(TracedChoice, AFileThatIsNoTraceIsLeftAloneAndThereIsNoMachine) {
+  test::WriteContent(folder / "deal.pbn", "[Event \"\"]\r\n");
+  const MachineChoice choice = ChooseMachine({"simulated", folder / "deal.pbn"}, clock);
+  EXPECT_EQ(choice.Usb, nullptr);
+  EXPECT_THAT(choice.Error, ::testing::HasSubstr("deal.pbn"));
+  EXPECT_EQ(test::ContentOf(folder / "deal.pbn"), "[Event \"\"]\r\n");
+}
+
+TEST_F(TracedChoice, ATraceIsNotWrittenOverWhileItIsPlayed) {
+  OpenAndClose(ChooseMachine({"simulated,speed=0", folder / "t"}, clock));
+  std::filesystem::create_symlink(folder / "t", folder / "link");
+  for (const char* played : {"t", "t.1", "./t", "link"}) {
+    const MachineChoice choice =
+        ChooseMachine({"replay:" + (folder / played), folder / "t"}, clock);
+    EXPECT_EQ(choice.Error, "--trace " + (folder / "t") + ": that trace is played") << played;
+  }
+  EXPECT_NE(ChooseMachine({"replay:" + (folder / "t"), folder / "u"}, clock).Usb, nullptr);
 }
 
 TEST(ChooseMachine, AWrongKeyOfTheSimulatedMachineIsTold) {
