@@ -12,9 +12,9 @@ namespace morvane::bridges {
 
 /// Which devices are meant: without numbers those of the bridge chip, without a serial string any.
 struct UsbWhich {
-  std::optional<std::uint16_t> Vendor;
-  std::optional<std::uint16_t> Product;
-  std::string Serial;
+  std::optional<std::uint16_t> Vendor = {};
+  std::optional<std::uint16_t> Product = {};
+  std::string Serial = "";
 };
 
 /// How a request to a device ended.

@@ -97,7 +97,7 @@ TEST_F(TracedChoice, WhatPassesIsNotedAndCanBePlayed) {
     OpenAndClose(choice);
     EXPECT_EQ(choice.Trouble(), "");
   }
-  EXPECT_THAT(test::ContentOf(folder / "t"), ::testing::HasSubstr("# machine simulated,speed=0\n"));
+  EXPECT_THAT(test::Content(folder / "t"), ::testing::HasSubstr("# machine simulated,speed=0\n"));
   const MachineChoice replay = ChooseMachine({"replay:" + (folder / "t")}, clock);
   ASSERT_NE(replay.Usb, nullptr) << replay.Error;
   EXPECT_EQ(replay.Kind, machine::MachineKind::kReplayed);
@@ -111,7 +111,7 @@ TEST_F(TracedChoice, AFileThatIsNoTraceIsLeftAloneAndThereIsNoMachine) {
   const MachineChoice choice = ChooseMachine({"simulated", folder / "deal.pbn"}, clock);
   EXPECT_EQ(choice.Usb, nullptr);
   EXPECT_THAT(choice.Error, ::testing::HasSubstr("deal.pbn"));
-  EXPECT_EQ(test::ContentOf(folder / "deal.pbn"), "[Event \"\"]\r\n");
+  EXPECT_EQ(test::Content(folder / "deal.pbn"), "[Event \"\"]\r\n");
 }
 
 TEST_F(TracedChoice, ATraceIsNotWrittenOverWhileItIsPlayed) {

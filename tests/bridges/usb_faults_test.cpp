@@ -1,1 +1,110 @@
+#include <thread>
+
 #include "bridges/usb_desk.h"
+
+// Machines that are unplugged.
+
+namespace morvane::bridges {
+namespace {
+
+constexpr auto kSuccess = UsbXpress::kSuccess;
+
+TEST_F(UsbDirectTest, AMachineThatIsGoneGivesShortCountsAtOnce) {
+  Open(kLongMs, kLongMs);
+  chip_.Pull();
+  const auto start = steady_clock::now();
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_EQ(status_, UsbXpress::kReadError);
+  EXPECT_EQ(Write({1, 2, 3}), 0U);
+  EXPECT_EQ(status_, UsbXpress::kWriteError);
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_EQ(status_, UsbXpress::kReadError);
+  EXPECT_EQ(usb_.FlushBuffers(handle_, 1, 1), UsbXpress::kInvalidHandle);
+  EXPECT_EQ(usb_.WriteLatch(handle_, 1, 0), UsbXpress::kInvalidHandle);
+  EXPECT_EQ(usb_.SetBaudRate(handle_, 115200), UsbXpress::kInvalidHandle);
+  EXPECT_EQ(usb_.SetLineControl(handle_, 0x0800), UsbXpress::kInvalidHandle);
+  EXPECT_LT(MsSince(start), 1000.0);
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+}
+
+TEST_F(UsbDirectTest, EachFirstRequestFindsThatItIsGone) {
+  using Request = std::function<UsbXpress::Status()>;
+  const std::vector<Request> requests{
+      [&] { return usb_.FlushBuffers(handle_, 1, 1); },
+      [&] { return usb_.WriteLatch(handle_, 1, 0); },
+      [&] { return usb_.SetBaudRate(handle_, 115200); },
+      [&] { return usb_.SetLineControl(handle_, 0x0800); },
+  };
+  for (const auto& request : requests) {
+    Open(kLongMs, kLongMs);
+    chip_.Pull();
+    EXPECT_EQ(request(), UsbXpress::kInvalidHandle);
+    EXPECT_EQ(usb_.Close(handle_), kSuccess);
+    chip_.PlugIn();
+  }
+  Open(kLongMs, kLongMs);
+  chip_.Pull();
+  EXPECT_EQ(Write({1}), 0U);
+  EXPECT_EQ(status_, UsbXpress::kWriteError);
+}
+
+TEST_F(UsbDirectTest, AMachineThatGoesDuringAReadEndsIt) {
+  Open(kLongMs);
+  const int asked = chip_.Askings();
+  std::thread puller([&] {
+    chip_.Say({1, 2, 3});
+    while (chip_.Askings() == asked) std::this_thread::yield();
+    chip_.Pull();
+  });
+  const auto start = steady_clock::now();
+  EXPECT_EQ(Read(8), (Bytes{1, 2, 3})) << "what came is kept";
+  EXPECT_EQ(status_, UsbXpress::kReadError);
+  EXPECT_LT(MsSince(start), 1000.0);
+  puller.join();
+}
+
+TEST_F(UsbDirectTest, AMachineThatGoesDuringAWriteEndsIt) {
+  Open(kLongMs, kLongMs);
+  chip_.PullAt(1);
+  const auto start = steady_clock::now();
+  EXPECT_EQ(Write(CountedBytes(136)), 0U);
+  EXPECT_EQ(status_, UsbXpress::kWriteError);
+  EXPECT_LT(MsSince(start), 1000.0);
+}
+
+TEST_F(UsbDirectTest, WhatWasHeldIsReadThoughTheMachineHasGone) {
+  Open(5);
+  chip_.Say(CountedBytes(16));
+  EXPECT_EQ(Read(8), CountedBytes(8));
+  chip_.Pull();
+  EXPECT_EQ(Read(8).size(), 8U);
+  EXPECT_EQ(status_, kSuccess);
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_EQ(status_, UsbXpress::kReadError);
+}
+
+TEST_F(UsbDirectTest, AMachineThatCameBackIsNotOpenUntilItIsOpened) {
+  Open(5);
+  chip_.Pull();
+  EXPECT_EQ(Read(8), Bytes());
+  chip_.PlugIn();
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_EQ(status_, UsbXpress::kReadError);
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  Open(kLongMs);
+  chip_.Say({1});
+  EXPECT_EQ(Read(1), Bytes{1});
+}
+
+TEST_F(UsbDirectTest, WhatAnOldLinkHeldIsNoneOfTheNew) {
+  Open(5);
+  chip_.Say(CountedBytes(16));
+  EXPECT_EQ(Read(8), CountedBytes(8));
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  ASSERT_EQ(usb_.Open(0, handle_), kSuccess);
+  chip_.Say({77});
+  EXPECT_EQ(Read(1), Bytes{77});
+}
+
+}  // namespace
+}  // namespace morvane::bridges

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -57,13 +56,11 @@ struct EmulatedUsb::Transfer {
   }
 };
 
-EmulatedUsb::EmulatedUsb(UMockdevTestbed* testbed, UsbKind kind)
-    : socket_(testbed, std::move(kind)),
+EmulatedUsb::EmulatedUsb(UMockdevTestbed* testbed, int& lastAddress, UsbKind kind)
+    : socket_(testbed, lastAddress, std::move(kind)),
       calls_(umockdev_ioctl_base_new()),
       driver_(socket_.Kind().HasDriver) {
   g_signal_connect(calls_, "handle-ioctl", G_CALLBACK(OnCall), this);
-  g_signal_connect(calls_, "client-connected", G_CALLBACK(OnOpened), this);
-  g_signal_connect(calls_, "client-vanished", G_CALLBACK(OnClosed), this);
   PlugIn();
 }
 
@@ -129,6 +126,11 @@ void EmulatedUsb::LikeAnOldSystem() {
   oldSystem_ = true;
 }
 
+void EmulatedUsb::BabbleWith(Bytes packet) {
+  const std::lock_guard lock(mutex_);
+  babble_ = std::move(packet);
+}
+
 void EmulatedUsb::SayBehindPurge(Bytes bytes) {
   const std::lock_guard lock(mutex_);
   behindPurge_ = std::move(bytes);
@@ -171,30 +173,7 @@ int EmulatedUsb::Askings() const {
   return askings_;
 }
 
-bool EmulatedUsb::UntilClosed() {
-  std::unique_lock lock(mutex_);
-  return closed_.wait_for(lock, std::chrono::seconds(5), [this] { return openings_ == 0; });
-}
-
 // ---- Programs
-
-void EmulatedUsb::OnOpened(UMockdevIoctlBase*, Client, void* self) {
-  auto& device = *static_cast<EmulatedUsb*>(self);
-  const std::lock_guard lock(device.mutex_);
-  ++device.openings_;
-}
-
-// As the system does for a program that has ended without a word.
-void EmulatedUsb::OnClosed(UMockdevIoctlBase*, Client client, void* self) {
-  auto& device = *static_cast<EmulatedUsb*>(self);
-  const std::lock_guard lock(device.mutex_);
-  const auto isOwn = [&](const auto& transfer) { return transfer->Owner == client; };
-  std::erase_if(device.waiting_, isOwn);
-  std::erase_if(device.ended_, isOwn);
-  if (device.owner_ == client) device.owner_ = nullptr;
-  --device.openings_;
-  device.closed_.notify_all();
-}
 
 int EmulatedUsb::OnCall(UMockdevIoctlBase*, Client client, void* self) {
   auto& device = *static_cast<EmulatedUsb*>(self);
@@ -405,6 +384,7 @@ void EmulatedUsb::Queue(const Bytes& bytes) {
 }
 
 void EmulatedUsb::FillWaiting() {
+  if (packets_.empty()) Queue(babble_);
   while (!packets_.empty()) {
     const auto found =
         std::ranges::find_if(waiting_, [](const auto& transfer) { return transfer->IsIn(); });
@@ -428,6 +408,7 @@ void EmulatedUsb::End(std::unique_ptr<Transfer> transfer, int status) {
 void EmulatedUsb::Vanish() {
   attached_ = false;
   packets_.clear();
+  babble_.clear();
   while (!waiting_.empty()) {
     auto transfer = std::move(waiting_.front());
     waiting_.pop_front();
@@ -451,7 +432,7 @@ EmulatedBus::~EmulatedBus() {
 }
 
 EmulatedUsb& EmulatedBus::Attach(const UsbKind& kind) {
-  devices_.push_back(std::make_unique<EmulatedUsb>(testbed_, kind));
+  devices_.push_back(std::make_unique<EmulatedUsb>(testbed_, lastAddress_, kind));
   return *devices_.back();
 }
 

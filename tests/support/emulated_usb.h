@@ -2,7 +2,6 @@
 
 #include <umockdev.h>
 
-#include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -25,7 +24,7 @@ using Bytes = std::vector<std::uint8_t>;
 /// stands behind it. May be used from any thread.
 class EmulatedUsb {
  public:
-  EmulatedUsb(UMockdevTestbed* testbed, UsbKind kind);
+  EmulatedUsb(UMockdevTestbed* testbed, int& lastAddress, UsbKind kind);
   ~EmulatedUsb();
   EmulatedUsb(const EmulatedUsb&) = delete;
   EmulatedUsb& operator=(const EmulatedUsb&) = delete;
@@ -52,6 +51,8 @@ class EmulatedUsb {
   void TakeOnly(std::size_t bytes);
   /// It does not know a claim that also puts the driver aside.
   void LikeAnOldSystem();
+  /// Says this for good, however much is fetched, until it is pulled.
+  void BabbleWith(Bytes packet);
   /// Said behind the next purge, as a packet that was on its way.
   void SayBehindPurge(Bytes bytes);
 
@@ -66,8 +67,6 @@ class EmulatedUsb {
   [[nodiscard]] bool IsClaimed() const;
   /// How often a program asked whether something is ready.
   [[nodiscard]] int Askings() const;
-  /// False when it did not happen within seconds.
-  [[nodiscard]] bool UntilClosed();
 
  private:
   struct Transfer;
@@ -75,8 +74,6 @@ class EmulatedUsb {
   using Client = UMockdevIoctlClient*;
 
   static int OnCall(UMockdevIoctlBase* calls, Client client, void* self);
-  static void OnOpened(UMockdevIoctlBase* calls, Client client, void* self);
-  static void OnClosed(UMockdevIoctlBase* calls, Client client, void* self);
 
   /// The result of a call: 0 or more, or an error number below 0.
   int Serve(Client client, unsigned long call);
@@ -104,10 +101,10 @@ class EmulatedUsb {
   UMockdevIoctlBase* calls_;
 
   mutable std::mutex mutex_;
-  std::condition_variable closed_;
   Answerer answer_;
   std::deque<Bytes> packets_;  ///< to be said
   Bytes behindPurge_;
+  Bytes babble_;
   Bytes heard_;
   std::vector<bridges::ControlRequest> requests_;
   std::set<std::uint8_t> stalls_;
@@ -118,7 +115,6 @@ class EmulatedUsb {
   bool driver_;
   bool heldByOther_ = false;
   bool oldSystem_ = false;
-  int openings_ = 0;
   int askings_ = 0;
   int transfersHeard_ = 0;
   int pullAt_ = 0;
@@ -139,6 +135,7 @@ class EmulatedBus {
 
  private:
   UMockdevTestbed* testbed_;
+  int lastAddress_ = 1;  ///< the bus's own
   std::vector<std::unique_ptr<EmulatedUsb>> devices_;
 };
 

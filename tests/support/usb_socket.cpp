@@ -81,15 +81,27 @@ std::vector<std::uint8_t> Descriptors(const UsbKind& kind) {
           0};
 }
 
+/// For a node of another kind than the one that is there.
+void MakeRoom(const std::string& path) {
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+  std::filesystem::remove(path);
+}
+
+void MakePipe(const std::string& path) {
+  MakeRoom(path);
+  EXPECT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+}
+
 /// Nobody may write here, not even the system's administrator.
 constexpr const char* kBarred = "/proc/sys/kernel/ostype";
 
 }  // namespace
 
-UsbSocket::UsbSocket(UMockdevTestbed* testbed, UsbKind kind)
+UsbSocket::UsbSocket(UMockdevTestbed* testbed, int& lastAddress, UsbKind kind)
     : testbed_(testbed),
       kind_(std::move(kind)),
-      root_(Text(umockdev_testbed_get_root_dir(testbed)).get()) {}
+      root_(Text(umockdev_testbed_get_root_dir(testbed)).get()),
+      lastAddress_(lastAddress) {}
 
 UsbSocket::~UsbSocket() {
   if (pipe_ >= 0) close(pipe_);
@@ -97,14 +109,15 @@ UsbSocket::~UsbSocket() {
 
 std::string UsbSocket::Node() const {
   std::array<char, 32> node{};
-  const int address = 10 * kind_.Socket + plugged_;
-  std::snprintf(node.data(), node.size(), "/dev/bus/usb/001/%03d", address);
+  std::snprintf(node.data(), node.size(), "/dev/bus/usb/001/%03d", address_);
   return node.data();
 }
 
 void UsbSocket::PlugIn(UMockdevIoctlBase* calls) {
-  ++plugged_;
+  address_ = ++lastAddress_;
   MakeDevice();
+  MakeInterface();
+  if (!kind_.Tty.empty()) MakeTty();
   MakeNode();
   GError* error = nullptr;
   umockdev_testbed_attach_ioctl(testbed_, Node().c_str(), calls, &error);
@@ -112,38 +125,40 @@ void UsbSocket::PlugIn(UMockdevIoctlBase* calls) {
 }
 
 void UsbSocket::MakeDevice() {
-  const int address = 10 * kind_.Socket + plugged_;
   const Text made(umockdev_testbed_add_device(
       testbed_, "usb", Name().c_str(), kRootHub, "busnum", "1", "devnum",
-      std::to_string(address).c_str(), "speed", "12", "bConfigurationValue", "1", nullptr,
+      std::to_string(address_).c_str(), "speed", "12", "bConfigurationValue", "1", nullptr,
       "DEVTYPE", "usb_device", "DEVNAME", Node().c_str(), nullptr));
-  device_ = made.get();
   auto descriptors = Descriptors(kind_);
-  umockdev_testbed_set_attribute_binary(testbed_, device_.c_str(), "descriptors",
-                                        descriptors.data(), static_cast<gint>(descriptors.size()));
-  const Text interface(umockdev_testbed_add_device(testbed_, "usb", (Name() + ":1.0").c_str(),
-                                                   device_.c_str(), "bInterfaceNumber", "00",
-                                                   nullptr, "DEVTYPE", "usb_interface", nullptr));
-  if (!kind_.Tty.empty()) MakeTty(interface.get());
+  umockdev_testbed_set_attribute_binary(testbed_, made.get(), "descriptors", descriptors.data(),
+                                        static_cast<gint>(descriptors.size()));
+  folders_.emplace_back(made.get());
 }
 
-void UsbSocket::MakeTty(const std::string& interface) {
+void UsbSocket::MakeInterface() {
+  const Text made(umockdev_testbed_add_device(testbed_, "usb", (Name() + ":1.0").c_str(),
+                                              folders_.back().c_str(), "bInterfaceNumber", "00",
+                                              nullptr, "DEVTYPE", "usb_interface", nullptr));
+  folders_.emplace_back(made.get());
+}
+
+void UsbSocket::MakeTty() {
   const std::string node = "/dev/" + kind_.Tty;
-  const Text made(umockdev_testbed_add_device(testbed_, "tty", kind_.Tty.c_str(), interface.c_str(),
-                                              nullptr, "DEVNAME", node.c_str(), nullptr));
-  std::filesystem::remove(root_ + node);
-  ASSERT_EQ(mkfifo((root_ + node).c_str(), S_IRUSR | S_IWUSR), 0);
+  const Text made(umockdev_testbed_add_device(testbed_, "tty", kind_.Tty.c_str(),
+                                              folders_.back().c_str(), nullptr, "DEVNAME",
+                                              node.c_str(), nullptr));
+  folders_.emplace_back(made.get());
+  MakePipe(root_ + node);
 }
 
 void UsbSocket::MakeNode() {
   const std::string path = root_ + Node();
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  std::filesystem::remove(path);
+  MakeRoom(path);
   if (!kind_.MayBeOpened) {
     std::filesystem::create_symlink(kBarred, path);
     return;
   }
-  ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+  MakePipe(path);
   if (pipe_ >= 0) close(pipe_);
   pipe_ = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
   ASSERT_GE(pipe_, 0);
@@ -153,10 +168,11 @@ void UsbSocket::MakeNode() {
 }
 
 void UsbSocket::Pull() {
-  umockdev_testbed_uevent(testbed_, device_.c_str(), "remove");
-  umockdev_testbed_remove_device(testbed_, device_.c_str());
+  for (; !folders_.empty(); folders_.pop_back()) {
+    umockdev_testbed_uevent(testbed_, folders_.back().c_str(), "remove");
+    umockdev_testbed_remove_device(testbed_, folders_.back().c_str());
+  }
   std::filesystem::remove(root_ + Node());
-  device_.clear();
   ShowReady(true);
 }
 

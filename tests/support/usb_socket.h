@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace morvane::test {
 
@@ -15,7 +16,7 @@ struct UsbKind {
   int Socket = 1;           ///< 1.. of bus 1
   bool MayBeOpened = true;  ///< by this user
   bool HasDriver = true;    ///< the system's own has it, as behind plugging in
-  std::string Tty;          ///< the serial device "ttyUSB0" that this driver makes of it
+  std::string Tty = "";     ///< the serial device "ttyUSB0" that this driver makes of it
   std::uint8_t PartNumber = 3;
 };
 
@@ -24,7 +25,8 @@ struct UsbKind {
 /// something to fetch.
 class UsbSocket {
  public:
-  UsbSocket(UMockdevTestbed* testbed, UsbKind kind);
+  /// `lastAddress` is the last that was given to a device at this bus.
+  UsbSocket(UMockdevTestbed* testbed, int& lastAddress, UsbKind kind);
   ~UsbSocket();
   UsbSocket(const UsbSocket&) = delete;
   UsbSocket& operator=(const UsbSocket&) = delete;
@@ -37,17 +39,20 @@ class UsbSocket {
   void ShowReady(bool ready);
 
  private:
+  /// Adds to `folders_`.
   void MakeDevice();
+  void MakeInterface();
+  void MakeTty();
   void MakeNode();
-  void MakeTty(const std::string& interface);
   [[nodiscard]] std::string Name() const { return "1-" + std::to_string(kind_.Socket); }
   [[nodiscard]] std::string Node() const;
 
   UMockdevTestbed* testbed_;
   UsbKind kind_;
   std::string root_;
-  std::string device_;  ///< its folder, as long as it is plugged in
-  int plugged_ = 0;     ///< how often
+  int& lastAddress_;
+  int address_ = 0;
+  std::vector<std::string> folders_;  ///< as long as it is plugged in; one in the other
   int pipe_ = -1;
   bool ready_ = true;
 };
