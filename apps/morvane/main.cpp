@@ -7,6 +7,9 @@
 #include "arguments.h"
 #include "bridges/file_packs.h"
 #include "bridges/machine_choice.h"
+#include "bridges/replay_bridge.h"
+#include "bridges/traced_bridge.h"
+#include "bridges/ui/replay_panel.h"
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
@@ -27,22 +30,42 @@ namespace {
 
 constexpr int kAlreadyRunning = 1;
 constexpr int kWrongUsage = 2;
+constexpr int kTraceLookMs = 500;
 constexpr int kPlacedMs = 300;  // the desktop has placed the main window by then
 
+/// The window of a machine that is none, beside the main one; null for a real one.
 std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
-                                   morvane::simulator::SimulatedMachine* machine,
-                                   morvane::simulator::PackSource& packs, QWidget& mainMenu) {
-  if (machine == nullptr) return nullptr;
-  auto panel = std::make_unique<morvane::simulator::MachinePanel>(loop, *machine, packs);
-  panel->setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
-  auto* placed = new QTimer(panel.get());
+                                   const morvane::bridges::MachineChoice& machine,
+                                   morvane::simulator::PackSource& packs) {
+  using morvane::bridges::ReplayPanel;
+  using morvane::simulator::MachinePanel;
+  if (machine.Replayed != nullptr) return std::make_unique<ReplayPanel>(loop, machine.Replayed->Play());
+  if (machine.Simulated == nullptr) return nullptr;
+  return std::make_unique<MachinePanel>(loop, *machine.Simulated, packs);
+}
+
+void ShowBeside(QWidget& panel, QWidget& mainMenu) {
+  panel.setAttribute(Qt::WA_ShowWithoutActivating);  // the main window keeps the keyboard
+  auto* placed = new QTimer(&panel);
   placed->setSingleShot(true);
-  QObject::connect(placed, &QTimer::timeout, panel.get(), [&panel = *panel, &mainMenu] {
+  QObject::connect(placed, &QTimer::timeout, &panel, [&panel, &mainMenu] {
     morvane::Dock(panel, mainMenu);
     panel.show();
   });
   placed->start(kPlacedMs);
-  return panel;
+}
+
+/// A trace that can't be written any more is told once, when nobody deals.
+std::unique_ptr<morvane::Timer> WatchTrace(morvane::Program& program,
+                                           const morvane::shell::Shell& shell,
+                                           const morvane::bridges::TracedBridge* traced) {
+  if (traced == nullptr) return nullptr;
+  return program.Loop.StartTimer(kTraceLookMs, [&program, &shell, traced, told = false]() mutable {
+    const std::string& trouble = traced->File().Trouble();
+    if (told || trouble.empty() || shell.FlowActive()) return;
+    told = true;
+    program.ShowMessage(trouble, morvane::kOkExclamation, "Trace");
+  });
 }
 
 /// The program from its windows to its end; its exit status.
@@ -78,7 +101,9 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
   morvane::bridges::FilePacks packs(program);
-  const auto panel = MakePanel(parts.Loop, machine.Simulated, packs, mainMenu);
+  const auto panel = MakePanel(parts.Loop, machine, packs);
+  if (panel) ShowBeside(*panel, mainMenu);
+  const auto watch = WatchTrace(program, shell, machine.Traced);
   parts.Loop.RunUntil([] { return false; });
   shell.End();
   return 0;

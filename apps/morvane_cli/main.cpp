@@ -28,6 +28,16 @@ std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** ar
   return std::make_unique<QGuiApplication>(nameAlone, argv);
 }
 
+/// The status of a job behind whose machine a file is in trouble: a trace belongs to what was asked
+/// for; what a simulated machine keeps is its own.
+morvane::cli::ExitStatus TellTrouble(const morvane::bridges::MachineChoice& machine,
+                                     morvane::cli::ExitStatus status) {
+  const std::string trouble = machine.Trouble();
+  if (!trouble.empty()) std::cerr << "morvane-cli: " << trouble << "\n";
+  const bool whole = machine.LinkTrouble().empty();
+  return status == morvane::cli::kDone && !whole ? morvane::cli::kPartly : status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -68,10 +78,8 @@ int main(int argc, char** argv) {
   morvane::SystemProcesses processes;
   morvane::cli::Workplace place{program,   operatorAtTerminal, terminal,         *machine.Usb,
                                 processes, machine.Kind,       machine.Simulated};
-  const auto status = morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work);
-  if (const std::string trouble = machine.Trouble(); !trouble.empty()) {
-    std::cerr << "morvane-cli: " << trouble << "\n";
-  }
+  const auto status = TellTrouble(
+      machine, morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work));
   std::cout.flush();
   if (std::cout) return status;
   // Whoever has closed the other end has had enough.
