@@ -97,13 +97,13 @@ TraceFile::~TraceFile() {
 
 void TraceFile::Write(const TraceLine& line, std::string_view said) {
   if (!file_) return;
-  text_ = TextOf(line, said);
-  if (hasLines_ && size_ + text_.size() > largest_) {
+  const std::string text = TextOf(line, said);
+  if (hasLines_ && size_ + text.size() > largest_) {
     file_.reset();
     ++head_.Part;
     if (!MakeRoom() || !StartPart()) return;
   }
-  hasLines_ = Put(text_);
+  hasLines_ = Put(text);
 }
 
 /// The newest first.

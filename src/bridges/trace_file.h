@@ -67,7 +67,6 @@ class TraceFile {
   OpenedFile file_;         ///< none: it has stopped
   std::uint64_t size_ = 0;  ///< of this part
   bool hasLines_ = false;   ///< this part has
-  std::string text_;
   std::string trouble_;
 };
 
