@@ -7,11 +7,18 @@
 #include <iostream>
 
 #include "arguments.h"
+#include "bridges/line_trace.h"
 #include "bridges/simulated_choice.h"
 #include "platform/system_clock.h"
 #include "simulator/line/line_server.h"
 
 namespace {
+
+using morvane::ServedKind;
+using morvane::bridges::SimulatedChoice;
+using morvane::simulator::LineServer;
+using morvane::simulator::PseudoTerminal;
+using morvane::simulator::ServedMachine;
 
 enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
@@ -37,21 +44,13 @@ int Fail(int status, const std::string& why) {
   return status;
 }
 
-/// What the system did not do for the terminal of a machine; empty where it did all.
-std::string OpenTerminal(morvane::simulator::PseudoTerminal& terminal, const std::string& link) {
-  if (const auto error = terminal.Open()) return "no pseudo-terminal: " + error->Description;
-  if (link.empty()) return "";
-  if (const auto error = terminal.Link(link)) return "--link " + link + ": " + error->Description;
-  return "";
-}
-
 /// The machines that are asked for, or why there are none.
 struct Choices {
-  std::vector<morvane::bridges::SimulatedChoice> Machines;
+  std::vector<SimulatedChoice> Machines;
   std::string Error;
 };
 
-Choices Choose(const std::vector<morvane::ServedKind>& kinds) {
+Choices Choose(const std::vector<ServedKind>& kinds) {
   Choices choices;
   for (const auto& kind : kinds) {
     choices.Machines.push_back(morvane::bridges::ChooseSimulated(kind.Machine));
@@ -61,23 +60,54 @@ Choices Choose(const std::vector<morvane::ServedKind>& kinds) {
   return choices;
 }
 
-int Serve(const std::vector<morvane::ServedKind>& kinds, Choices choices) {
-  using namespace morvane::simulator;
+/// What stands there to be served.
+struct Served {
+  morvane::SystemClock Clock;
+  std::deque<morvane::bridges::LineTrace> Traces;
+  std::deque<ServedMachine> Machines;
+};
+
+/// What the system did not do for the terminal of a machine; empty where it did all.
+std::string OpenTerminal(PseudoTerminal& terminal, const std::string& link) {
+  if (const auto error = terminal.Open()) return "no pseudo-terminal: " + error->Description;
+  if (link.empty()) return "";
+  if (const auto error = terminal.Link(link)) return "--link " + link + ": " + error->Description;
+  return "";
+}
+
+/// Why there is no trace of the last machine; empty where there is one.
+std::string StartTrace(Served& served, const ServedKind& kind) {
+  const auto& trace = served.Traces.emplace_back(
+      morvane::bridges::TraceOrder{
+          .Path = kind.Trace, .Machine = kind.Machine, .HandsLeftOut = kind.TraceWithoutHands},
+      served.Clock);
+  served.Machines.back().TellTo(served.Traces.back());
+  return trace.Trouble().empty() ? "" : "--trace " + trace.Trouble();
+}
+
+/// Puts one more up. Why it does not stand; empty where it does.
+std::string PutUp(Served& served, const ServedKind& kind, SimulatedChoice choice) {
+  ServedMachine& machine = served.Machines.emplace_back(choice.Kind, kind.Pace, served.Clock);
+  const std::string error = OpenTerminal(machine.Terminal(), kind.Link);
+  if (!error.empty()) return error;
+  machine.Machine().LayBoards(std::move(choice.Boards));
+  return kind.Trace.empty() ? "" : StartTrace(served, kind);
+}
+
+int Serve(const std::vector<ServedKind>& kinds, Choices choices) {
   const int endSignals = EndSignals();
   std::signal(SIGPIPE, SIG_IGN);  // whoever has read the first line may be gone
-  morvane::SystemClock clock;
-  std::deque<ServedMachine> machines;
+  Served served;
   for (std::size_t at = 0; at < kinds.size(); ++at) {
-    auto& choice = choices.Machines[at];
-    ServedMachine& served = machines.emplace_back(choice.Kind, kinds[at].Pace, clock);
-    const std::string error = OpenTerminal(served.Terminal(), kinds[at].Link);
+    const std::string error = PutUp(served, kinds[at], std::move(choices.Machines[at]));
     if (!error.empty()) return Fail(kFailed, error);
-    served.Machine().LayBoards(std::move(choice.Boards));
   }
-  for (ServedMachine& served : machines) std::cout << "serial:" << served.Terminal().Name() << "\n";
+  for (auto& machine : served.Machines) {
+    std::cout << "serial:" << machine.Terminal().Name() << "\n";
+  }
   if (!std::cout.flush()) return Fail(kFailed, "standard output cannot be written");
   if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
-  LineServer(machines, std::cout, std::cerr).Run({STDIN_FILENO, endSignals});
+  LineServer(served.Machines, std::cout, std::cerr).Run({STDIN_FILENO, endSignals});
   return kDone;
 }
 

@@ -9,6 +9,8 @@ namespace morvane::e2e {
 namespace {
 
 using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class SeveralMachinesEndToEnd : public MachineEndToEnd {
@@ -93,6 +95,35 @@ TEST_F(SeveralMachinesEndToEnd, OneThatCannotBeHadLeavesNothingOfTheOthers) {
          "--link one: File exists");
   expect({"--link", "one", "--machine", "simulated", "--machine", "usb"}, 2,
          "\"usb\" is no simulated machine");
+}
+
+TEST_F(SeveralMachinesEndToEnd, EachWritesATraceOfItsOwn) {
+  const auto machines =
+      Start({"--machine", "simulated,speed=0,serial=1", "--trace", "one.trace", "--machine",
+             "simulated,speed=0,serial=2", "--trace", "two.trace", "--trace-without-hands"});
+  const auto named = NamedOf(*machines, 2);
+  EXPECT_EQ(StartDealing(named[1])->Finish().Status, 0);
+  machines->Signal(SIGTERM);
+  EXPECT_EQ(machines->Finish().Err, "");
+  const std::string idle = test::Content(folder / "one.trace");
+  EXPECT_THAT(idle, HasSubstr("\n# machine simulated,speed=0,serial=1\n"));
+  EXPECT_THAT(idle, Not(HasSubstr(" Write ")));
+  EXPECT_THAT(idle, EndsWith("\n# end\n"));
+  const std::string busy = test::Content(folder / "two.trace");
+  EXPECT_THAT(busy, HasSubstr(" WriteLatch 0 handle=1 mask=1 value=1\n"));
+  EXPECT_THAT(busy, HasSubstr(" Write 0 handle=1 written=136 bytes="));
+  EXPECT_THAT(busy, HasSubstr(" Read 0 handle=1 asked=8 bytes="));
+  EXPECT_THAT(busy, EndsWith(" Close 0 handle=1\n# end\n"));
+}
+
+TEST_F(SeveralMachinesEndToEnd, ATraceThatCannotBeWrittenIsToldAtOnce) {
+  test::WriteContent(folder / "mine", "my words\n");
+  const Outcome outcome = Start({"--link", "one", "--trace", "mine"})->Finish();
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_THAT(outcome.Err, StartsWith("morvane-machine: --trace "));
+  EXPECT_EQ(test::Content(folder / "mine"), "my words\n");
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "one"));
 }
 
 }  // namespace

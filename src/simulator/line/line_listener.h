@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace morvane::simulator {
 
@@ -20,6 +21,8 @@ class LineListener {
   virtual void Latched(bool on, Time now) = 0;
   /// The program has closed the line, or was killed.
   virtual void Closed(Time now) = 0;
+  /// Why it does not keep what it hears, in a line; empty while all goes well.
+  [[nodiscard]] virtual const std::string& Trouble() const = 0;
 };
 
 }  // namespace morvane::simulator

@@ -11,6 +11,13 @@ constexpr ServedMachine::Time kLongestWait{500'000};
 /// leave it down for half a second.
 constexpr ServedMachine::Time kLineCheck{50'000};
 
+/// A trouble that is not the last one told.
+std::string IfNew(const std::string& trouble, std::string& told) {
+  if (trouble == told) return "";
+  told = trouble;
+  return told;
+}
+
 }  // namespace
 
 ServedMachine::Time ServedMachine::Patience() const {
@@ -56,9 +63,9 @@ void ServedMachine::Say() {
 }
 
 std::string ServedMachine::NewTrouble() {
-  if (machine_.Trouble() == told_) return "";
-  told_ = machine_.Trouble();
-  return told_;
+  std::string trouble = IfNew(machine_.Trouble(), told_);
+  if (!trouble.empty() || listener_ == nullptr) return trouble;
+  return IfNew(listener_->Trouble(), listenersTold_);
 }
 
 }  // namespace morvane::simulator

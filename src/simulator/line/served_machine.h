@@ -37,7 +37,8 @@ class ServedMachine {
   [[nodiscard]] Time Patience() const;
   /// Carries what has come either way. `ready` are its files behind the waiting.
   void Carry(const Awaited& ready);
-  /// What is wrong with the machine's file, once each time that it changes; empty otherwise.
+  /// What is wrong with the machine's file, or the listener's, once each time that it changes;
+  /// empty otherwise.
   [[nodiscard]] std::string NewTrouble();
 
  private:
@@ -50,7 +51,8 @@ class ServedMachine {
   PacedLine line_;
   const Clock& clock_;
   LineListener* listener_ = nullptr;
-  std::string told_;  ///< of troubles, the last
+  std::string told_;  ///< of the machine's troubles, the last
+  std::string listenersTold_;
 };
 
 }  // namespace morvane::simulator
