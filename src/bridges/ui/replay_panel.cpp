@@ -1,0 +1,119 @@
+#include "bridges/ui/replay_panel.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <climits>
+
+#include "platform/files.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/scrolling_part.h"
+#include "platform/qt/shown_value.h"
+#include "simulator/ui/frame_box.h"
+
+namespace morvane::bridges {
+namespace {
+
+constexpr int kRefreshMs = 100;
+constexpr int kMargin = 10;
+constexpr int kWidth = 60;  ///< in digits
+
+int Limited(std::uint64_t count) {
+  return static_cast<int>(std::min<std::uint64_t>(count, INT_MAX));
+}
+
+const char* StateText(const Playback& playback) {
+  const bool goesOn = playback.Trace().Next() != nullptr;
+  if (playback.Trouble().empty()) return goesOn ? "Being played" : "Played to its end";
+  return goesOn ? "Stopped: the program does something else" : "Stopped: the trace is at its end";
+}
+
+}  // namespace
+
+ReplayPanel::ReplayPanel(EventLoop& loop, const Playback& playback)
+    : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      playback_(playback) {
+  setObjectName("ReplayPanel");
+  setWindowTitle("Morvane - Replayed Machine");
+  auto* content = new QWidget(this);
+  auto* all = new QVBoxLayout(content);
+  all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  all->addWidget(MakeTrace());
+  all->addWidget(trouble_ = AddWrapped("lblTrouble", "Why the trace is not played on"));
+  all->addWidget(MakeFrames(), 1);
+  content->setMinimumWidth(kWidth * fontMetrics().horizontalAdvance('0'));
+  Fill(*this, content);
+  ShowTrace();
+  ShowPlayback();
+  refresh_ = loop.StartTimer(kRefreshMs, [this] { ShowPlayback(); });
+}
+
+ReplayPanel::~ReplayPanel() = default;
+
+void ReplayPanel::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+/// It can be selected, to be sent to who knows what it means. A path is one long word, and the
+/// panel must not grow with it.
+ShownValue* ReplayPanel::AddWrapped(const char* name, const char* spokenName) {
+  auto* value = new ShownValue(name, spokenName, this);
+  value->setTextFormat(Qt::PlainText);
+  value->setWordWrap(true);
+  value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+  return value;
+}
+
+QWidget* ReplayPanel::MakeTrace() {
+  file_ = AddWrapped("lblFile", "Trace that stands in for the machine");
+  recorded_ = AddWrapped("lblRecorded", "When and from which machine it was recorded");
+  state_ = new ShownValue("lblState", "State of the trace", this);
+  QFont font = state_->font();
+  font.setBold(true);
+  state_->setFont(font);
+  played_ = new QProgressBar(this);
+  played_->setObjectName("barPlayed");
+  played_->setAccessibleName("Operations played");
+  played_->setFormat("%v of %m");
+  auto* group = new QGroupBox("Trace", this);
+  auto* grid = new QGridLayout(group);
+  grid->setColumnStretch(1, 1);
+  const std::pair<const char*, QWidget*> rows[] = {
+      {"File:", file_}, {"Recorded:", recorded_}, {"State:", state_}, {"Played:", played_}};
+  for (const auto& [caption, value] : rows) {
+    const int row = grid->rowCount();
+    grid->addWidget(new QLabel(caption, group), row, 0, Qt::AlignTop);
+    grid->addWidget(value, row, 1);
+  }
+  return group;
+}
+
+QWidget* ReplayPanel::MakeFrames() {
+  auto* group = new QGroupBox("Frames", this);
+  frames_ = new simulator::FrameBox(playback_.Frames(), group);
+  (new QVBoxLayout(group))->addWidget(frames_);
+  return group;
+}
+
+void ReplayPanel::ShowTrace() {
+  const TraceReader& trace = playback_.Trace();
+  const TraceHead& head = trace.Head();
+  file_->Show(ToQt(FileTitle(trace.Path())));
+  file_->setToolTip(ToQt(trace.Path()));
+  recorded_->Show(
+      ToQt(head.Began + ", " + head.Machine + (head.HandsLeftOut ? ", without the hands" : "")));
+  played_->setRange(0, std::max(1, Limited(trace.Lines())));
+}
+
+void ReplayPanel::ShowPlayback() {
+  state_->Show(StateText(playback_));
+  played_->setValue(Limited(playback_.Trace().Played()));
+  trouble_->Show(ToQt(playback_.Trouble()));
+  trouble_->setVisible(!playback_.Trouble().empty());
+  frames_->ShowFrames();
+}
+
+}  // namespace morvane::bridges
