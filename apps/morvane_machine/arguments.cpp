@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/files.h"
 #include "shell/version.h"
 #include "simulator/line/operator_commands.h"
 #include "simulator/options.h"
@@ -99,15 +100,13 @@ std::optional<std::string> TakeOption(const std::vector<std::string>& words, std
   return "unknown word \"" + word + "\"";
 }
 
-/// A file of a trace that two machines would write, which is not empty; empty without one.
+/// A file that would hear of two machines; empty without one.
 std::string TraceOfTwo(const std::vector<ServedKind>& kinds) {
   std::set<std::filesystem::path> seen;
   for (const ServedKind& kind : kinds) {
-    if (kind.Trace.empty()) continue;
     std::error_code failure;
-    const auto path =
-        std::filesystem::weakly_canonical(std::filesystem::absolute(kind.Trace, failure), failure);
-    if (!seen.insert(path).second) return kind.Trace;
+    const auto file = std::filesystem::weakly_canonical(AbsolutePath(kind.Trace), failure);
+    if (!kind.Trace.empty() && !seen.insert(file).second) return kind.Trace;
   }
   return "";
 }
@@ -116,7 +115,7 @@ std::string TraceOfTwo(const std::vector<ServedKind>& kinds) {
 std::string WrongTogether(const std::vector<ServedKind>& kinds) {
   for (const ServedKind& kind : kinds) {
     if (kind.TraceWithoutHands && kind.Trace.empty()) {
-      return std::string(kWithoutHands) + ": without --trace";
+      return std::string(kWithoutHands) + " needs --trace FILE";
     }
   }
   const std::string trace = TraceOfTwo(kinds);

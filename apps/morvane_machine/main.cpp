@@ -82,7 +82,7 @@ std::string StartTrace(Served& served, const ServedKind& kind) {
           .Path = kind.Trace, .Machine = kind.Machine, .HandsLeftOut = kind.TraceWithoutHands},
       served.Clock);
   served.Machines.back().TellTo(served.Traces.back());
-  return trace.Trouble().empty() ? "" : "--trace " + trace.Trouble();
+  return trace.Trouble();
 }
 
 /// Puts one more up. Why it does not stand; empty where it does.

@@ -76,7 +76,7 @@ TEST(MachineArgumentsTest, WhatIsWrongIsTold) {
   EXPECT_EQ(ParseMachineArguments({"--data", "x"}).Error, "unknown word \"--data\"");
   EXPECT_EQ(ParseMachineArguments({"--trace"}).Error, "--trace: nothing named");
   EXPECT_EQ(ParseMachineArguments({"--trace-without-hands"}).Error,
-            "--trace-without-hands: without --trace");
+            "--trace-without-hands needs --trace FILE");
   EXPECT_EQ(ParseMachineArguments({"set.pbn"}).Error, "unknown word \"set.pbn\"");
 }
 

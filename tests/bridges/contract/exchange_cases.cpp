@@ -8,6 +8,8 @@ namespace {
 /// So long a read waits that is to find nothing. Clocks of real devices are a millisecond coarse.
 constexpr std::uint32_t kShortMs = 20;
 constexpr double kCost = kShortMs - 1;
+/// And so long one that is to find a part, however busy the system is.
+constexpr std::uint32_t kPartMs = 200;
 
 /// A status poll of a machine that rests, and a fetch of its card log, whose reply is long.
 const Bytes kPoll{0x19, 0, 0, 0, 0, 0, 0, 0};
@@ -92,19 +94,20 @@ void WithoutAReadTimeAReadTakesWhatIsThere(ContractDesk& desk) {
 
 void HalfAReplyIsAShortCount(ContractDesk& desk) {
   ContractClient client(desk);
-  client.Open(kShortMs);
+  client.Open(kPartMs);
   desk.CutNextReply(5);
   client.Send(kPoll);
   const auto start = desk.Now();
   EXPECT_EQ(client.Read(8), Cut(kRests, 0, 5));
   EXPECT_EQ(client.Status, UsbXpress::kReadTimedOut);
-  EXPECT_GE(desk.Now() - start, std::chrono::milliseconds(kShortMs - 1));
+  EXPECT_GE(desk.Now() - start, std::chrono::milliseconds(kPartMs - 1));
+  client.SetReadTime(kShortMs);
   EXPECT_EQ(client.Read(3), Bytes()) << "nothing of it is left";
 }
 
 void AReadOfMoreThanComesTakesAll(ContractDesk& desk) {
   ContractClient client(desk);
-  client.Open(kShortMs);
+  client.Open(kPartMs);
   client.Send(kPoll);
   EXPECT_EQ(client.Read(136), kRests);
   EXPECT_EQ(client.Status, UsbXpress::kReadTimedOut);
