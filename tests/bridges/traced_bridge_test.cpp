@@ -119,11 +119,12 @@ TEST_F(TracedBridgeTest, SilenceTakesItsTime) {
 TEST_F(TracedBridgeTest, WhatIsNoWholeFrameIsSaidToBeHalfOfOne) {
   Arrives({1, 2, 3});
   Read(8);
-  Write({1, 2, 3});
+  Write({1, 2, 3, 4, 5, 6, 7, 8, 9});
   EXPECT_THAT(
       Traced(),
-      ElementsAre("0.000000 0.000000 Read 13 handle=7 asked=8 bytes=010203 ; half a frame",
-                  "0.000000 0.000000 Write 0 handle=7 written=3 bytes=010203 ; half a frame"));
+      ElementsAre(
+          "0.000000 0.000000 Read 13 handle=7 asked=8 bytes=010203 ; half a frame",
+          "0.000000 0.000000 Write 0 handle=7 written=9 bytes=010203040506070809 ; half a frame"));
 }
 
 TEST_F(TracedBridgeTest, ALongFrameWrittenAsAShortOneIsHalfOfOne) {
