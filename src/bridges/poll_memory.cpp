@@ -1,6 +1,7 @@
 #include "bridges/poll_memory.h"
 
 #include <algorithm>
+#include <span>
 
 #include "wire/same_command.h"
 #include "wire/service_commands.h"
@@ -19,7 +20,28 @@ bool TellsAnEvent(const Frame& reply) {
   return status.Pedal || status.BoardInserted;
 }
 
+/// What a machine says that nobody has touched.
+PollMemory::Entry IdlePoll() {
+  PollMemory::Entry entry;
+  wire::Put(wire::StatusCommand{}, entry.Command);
+  wire::Put(wire::StatusReply{}, entry.Reply);
+  TraceLine write;
+  write.What = Operation::kWrite;
+  write.Numbers[1] = wire::kShortFrame;
+  Frame image = entry.Reply;
+  const auto bytes = std::span(image).first(wire::kShortFrame);
+  wire::Scramble(bytes, wire::kStepFromMachine);
+  TraceLine read;
+  read.What = Operation::kRead;
+  read.Numbers[1] = wire::kShortFrame;
+  read.Bytes.assign(bytes.begin(), bytes.end());
+  entry.Lines = {write, read};
+  return entry;
+}
+
 }  // namespace
+
+PollMemory::PollMemory() { entries_.push_back(IdlePoll()); }
 
 bool IsPoll(const Frame& command) {
   switch (CodeOf(command)) {

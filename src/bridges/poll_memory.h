@@ -10,9 +10,11 @@ namespace morvane::bridges {
 /// person did something. A poll that breaks a run or feeds a card does something itself.
 [[nodiscard]] bool IsPoll(const wire::Frame& command);
 
-/// The last answer to each poll of a trace.
+/// The last answer to each poll of a trace. Before its first one the machine is idle.
 class PollMemory {
  public:
+  PollMemory();
+
   struct Entry {
     wire::Frame Command{};
     wire::Frame Reply{};
@@ -23,7 +25,7 @@ class PollMemory {
   /// or of a board is told once.
   void Keep(const TracedExchange& exchange);
   /// The answer to `command`: to the same poll, or to one that acknowledges other events. Null
-  /// where there is none, and to what is no poll.
+  /// where there is none yet to a poll of the service, and to what is no poll.
   [[nodiscard]] const Entry* AnswerTo(const wire::Frame& command) const;
 
  private:

@@ -48,6 +48,15 @@ TEST_F(PlaybackTest, PollsMoreThanTheTraceHasAreAnsweredAsTheLastOne) {
   EXPECT_EQ(Trouble(), "");
 }
 
+TEST_F(PlaybackTest, BeforeTheFirstPollOfTheTraceTheMachineIsIdle) {
+  Play(WrittenTrace().Exchange(kAskVersion, kVersion290).BusyPoll().End());
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_EQ(Polled(StatusCommand::kPedalAck), 0);
+  EXPECT_EQ(Played(), 0U);
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(Polled(), 255);
+}
+
 TEST_F(PlaybackTest, PollsThatTheProgramDoesNotSendArePassedOver) {
   WrittenTrace trace;
   for (int poll = 0; poll < 100; ++poll) trace.Poll();

@@ -75,6 +75,10 @@ TEST_F(ReplayedRuns, BoardsThatWereDealtWithFaultsOnABadLine) {
   });
   ExpectALogOf("  001 : 1,0 0,0,0,0 25 OK");
   ASSERT_EQ(first.Errors.size(), 2U);
+  const std::string text = test::Content(path);
+  for (const char* words : {" ; nothing\n", " ; bad check\n", " ; half a frame\n"}) {
+    EXPECT_THAT(text, HasSubstr(words));
+  }
   ASSERT_EQ(Replay(deal), "");
   ExpectTheSame();
 }
@@ -94,6 +98,7 @@ TEST_F(ReplayedRuns, BoardsOnALineThatChangesBytes) {
   boards = 4;
   const Script deal = [this](LinkSession& at) { Deal(at); };
   Trace(",speed=0,seed=3,noise=0.004", deal);
+  EXPECT_THAT(test::Content(path), HasSubstr(" ; bad check\n"));
   ASSERT_EQ(Replay(deal), "");
   ExpectTheSame();
 }
@@ -152,9 +157,8 @@ TEST_F(ReplayedRuns, AnotherBoardIsADifferenceThatNamesBothFrames) {
 TEST_F(ReplayedRuns, WithoutTheHandsAnyBoardsWillDo) {
   handsLeftOut = true;
   const Script deal = [this](LinkSession& at) { Deal(at); };
-  Trace(",seed=5,fault=1:20:25,fault=2:3:57", deal, [this] {
-    simulated->Faults().AtCommand(wire::CmdStatus, 7, LinkFault::CorruptReply());
-  });
+  Trace(",seed=5,fault=1:20:25,fault=2:3:57", deal,
+        [this] { simulated->Faults().AtCommand(wire::CmdStatus, 7, LinkFault::CorruptReply()); });
   hand = kEast;
   ASSERT_EQ(Replay(deal), "");
   ExpectTheSame();

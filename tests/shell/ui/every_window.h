@@ -8,6 +8,9 @@
 #include <string>
 #include <utility>
 
+#include "bridges/replay_bridge.h"
+#include "bridges/ui/replay_panel.h"
+#include "bridges/written_trace.h"
 #include "files/format_table.h"
 #include "files/load_number.h"
 #include "generate/generate_form.h"
@@ -44,6 +47,7 @@ class EveryWindow : public ServiceWindows {
   void LookAtAll(const Look& look) {
     LookAtMainMenu(look);
     LookAtPanel([&look](QWidget& panel) { LookAtPages(panel, look); });
+    LookAtReplay(look);
     LookAtLoadNumber(look);
     LookAtEdit(look);
     LookAtBoxes(look);
@@ -72,6 +76,25 @@ class EveryWindow : public ServiceWindows {
   void LookAtPanel(const Look& look) {
     test::FakePacks packs;
     simulator::MachinePanel panel(desk.Loop, simulated, packs);
+    Dock(panel, *menu);
+    panel.show();
+    desk.Loop.Pump();
+    look(panel);
+  }
+
+  /// Stopped by a difference.
+  void LookAtReplay(const Look& look) {
+    const std::string path = desk.Folder / "evening.trace";
+    bridges::WrittenTrace trace;
+    test::WriteContent(path, trace.Opening().Poll().Send(test::Long({0x98})).End().Text());
+    bridges::TraceReader reader;
+    ASSERT_EQ(reader.Open(path), std::nullopt);
+    bridges::ReplayBridge bridge(std::move(reader), desk.Clock);
+    machine::Machine replayed(desk.Random, bridge, machine::MachineKind::kReplayed);
+    ASSERT_TRUE(machine::OpenLink(desk.Prog, replayed.Link, 200));
+    replayed.Exchange(replayed.Poll());
+    replayed.VersionProbe();
+    bridges::ReplayPanel panel(desk.Loop, bridge.Play());
     Dock(panel, *menu);
     panel.show();
     desk.Loop.Pump();
