@@ -100,25 +100,16 @@ std::optional<std::string> TakeOption(const std::vector<std::string>& words, std
   return "unknown word \"" + word + "\"";
 }
 
-/// A file that would hear of two machines; empty without one.
-std::string TraceOfTwo(const std::vector<ServedKind>& kinds) {
-  std::set<std::filesystem::path> seen;
-  for (const ServedKind& kind : kinds) {
-    std::error_code failure;
-    const auto file = std::filesystem::weakly_canonical(AbsolutePath(kind.Trace), failure);
-    if (!kind.Trace.empty() && !seen.insert(file).second) return kind.Trace;
-  }
-  return "";
-}
-
 /// What is wrong with the words as a whole; empty where nothing is.
 std::string WrongTogether(const std::vector<ServedKind>& kinds) {
+  std::vector<std::string> traces;
   for (const ServedKind& kind : kinds) {
+    traces.push_back(kind.Trace);
     if (kind.TraceWithoutHands && kind.Trace.empty()) {
       return std::string(kWithoutHands) + " needs --trace FILE";
     }
   }
-  const std::string trace = TraceOfTwo(kinds);
+  const std::string trace = NamedTwice(traces);
   return trace.empty() ? "" : "--trace " + trace + ": for two machines";
 }
 
@@ -138,6 +129,16 @@ MachineArguments ParseMachineArguments(const std::vector<std::string>& words) {
   }
   if (result.Error.empty()) result.Error = WrongTogether(result.Machines);
   return result;
+}
+
+std::string NamedTwice(const std::vector<std::string>& files) {
+  std::set<std::filesystem::path> seen;
+  for (const std::string& file : files) {
+    std::error_code failure;
+    const auto path = std::filesystem::weakly_canonical(AbsolutePath(file), failure);
+    if (!file.empty() && !seen.insert(path).second) return file;
+  }
+  return "";
 }
 
 }  // namespace morvane

@@ -26,4 +26,8 @@ struct MachineArguments {
 /// `words` without the program's name.
 [[nodiscard]] MachineArguments ParseMachineArguments(const std::vector<std::string>& words);
 
+/// One of these files that is there twice, by whatever name; empty without one. An empty name is no
+/// file.
+[[nodiscard]] std::string NamedTwice(const std::vector<std::string>& files);
+
 }  // namespace morvane

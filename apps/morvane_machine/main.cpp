@@ -52,11 +52,15 @@ struct Choices {
 
 Choices Choose(const std::vector<ServedKind>& kinds) {
   Choices choices;
+  std::vector<std::string> stores;
   for (const auto& kind : kinds) {
     choices.Machines.push_back(morvane::bridges::ChooseSimulated(kind.Machine));
     choices.Error = choices.Machines.back().Error;
-    if (!choices.Error.empty()) break;
+    if (!choices.Error.empty()) return choices;
+    stores.push_back(choices.Machines.back().Kind.Store);
   }
+  const std::string store = morvane::NamedTwice(stores);
+  if (!store.empty()) choices.Error = "store=" + store + ": for two machines";
   return choices;
 }
 

@@ -37,7 +37,7 @@ UsbXpress::Status TracedBridge::NoteWithAdvice(const std::array<std::uint32_t, 3
 
 UsbXpress::Status TracedBridge::GetDllVersion(std::uint32_t& high, std::uint32_t& low) {
   Do(Operation::kGetDllVersion, [&] { return behind_->GetDllVersion(high, low); });
-  return Note({high, low});
+  return line_.Result == kSuccess ? Note({high, low}) : NoteWithAdvice({high, low});
 }
 
 UsbXpress::Status TracedBridge::GetDriverVersion(std::uint32_t& high, std::uint32_t& low) {

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <numeric>
 
+#include "bridges/replay_bridge.h"
+#include "bridges/traced_bridge.h"
 #include "machine/open_link.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
@@ -262,6 +264,23 @@ TEST(MissingUsbLibrary, TheLinkShowsTheTextOfTheDriver) {
   EXPECT_THAT(box.Text, HasSubstr("(Error: 12.0)"));
   EXPECT_THAT(box.Text, HasSubstr("USB drivers are not installed"));
   EXPECT_THAT(box.Text, HasSubstr("\r\n\r\nThe USB library \"/nowhere/libnone.so\" cannot"));
+}
+
+TEST(MissingUsbLibrary, ATraceOfItSaysTheSame) {
+  const test::TempFolder folder;
+  test::VirtualClock clock;
+  std::uint32_t high = 0;
+  std::uint32_t low = 0;
+  {
+    TracedBridge usb(std::make_unique<UsbXpressLibrary>("/nowhere/libnone.so"),
+                     {.Path = folder / "run.trace", .Machine = "usb"}, clock);
+    EXPECT_EQ(usb.GetDllVersion(high, low), UsbXpress::kDriverMissing);
+  }
+  TraceReader trace;
+  ASSERT_EQ(trace.Open(folder / "run.trace"), std::nullopt);
+  ReplayBridge replay(std::move(trace), clock);
+  EXPECT_EQ(replay.GetDllVersion(high, low), UsbXpress::kDriverMissing);
+  EXPECT_THAT(replay.Advice(), StartsWith("The USB library \"/nowhere/libnone.so\" cannot be"));
 }
 
 TEST_F(UsbXpressLibraryTest, TheLinkIsOpenedThroughIt) {

@@ -95,6 +95,8 @@ TEST_F(SeveralMachinesEndToEnd, OneThatCannotBeHadLeavesNothingOfTheOthers) {
          "--link one: File exists");
   expect({"--link", "one", "--machine", "simulated", "--machine", "usb"}, 2,
          "\"usb\" is no simulated machine");
+  expect({"--link", "one", "--machine", "simulated,store=s", "--machine", "simulated,store=./s"}, 2,
+         "store=./s: for two machines");
 }
 
 TEST_F(SeveralMachinesEndToEnd, EachWritesATraceOfItsOwn) {
@@ -121,7 +123,8 @@ TEST_F(SeveralMachinesEndToEnd, ATraceThatCannotBeWrittenIsToldAtOnce) {
   const Outcome outcome = Start({"--link", "one", "--trace", "mine"})->Finish();
   EXPECT_EQ(outcome.Status, 1);
   EXPECT_EQ(outcome.Out, "");
-  EXPECT_EQ(outcome.Err, "morvane-machine: mine: there is a file of this name, and it is no trace\n");
+  EXPECT_EQ(outcome.Err,
+            "morvane-machine: mine: there is a file of this name, and it is no trace\n");
   EXPECT_EQ(test::Content(folder / "mine"), "my words\n");
   EXPECT_FALSE(std::filesystem::is_symlink(folder / "one"));
 }

@@ -209,46 +209,13 @@ TEST(Bridge, IsNewEnough) {
   EXPECT_GE(high, 0x30001U);
 }
 
-TEST(Bridge, TakesTheLinesSettingsAndNoOthers) {
-  Talk talk;
+TEST(Bridge, TakesTheSpeedOfTheLineAndNoOther) {
+  test::VirtualClock clock;
+  SimulatedMachine machine(Talk::Fast(), clock);
   UsbXpress::Handle handle = -1;
-  ASSERT_EQ(talk.Machine.Open(0, handle), 0);
-  EXPECT_EQ(talk.Machine.SetBaudRate(handle, 115200), 0);
-  EXPECT_NE(talk.Machine.SetBaudRate(handle, 9600), 0);
-  EXPECT_EQ(talk.Machine.SetLineControl(handle, 0x0800), 0);
-  EXPECT_NE(talk.Machine.SetLineControl(handle, 0x0700), 0);
-  EXPECT_NE(talk.Machine.Open(1, handle), 0);
-}
-
-TEST(Bridge, ClosedItRefusesEverythingAtOnce) {
-  Talk talk;
-  UsbXpress::Handle handle = -1;
-  ASSERT_EQ(talk.Machine.Open(0, handle), 0);
-  ASSERT_EQ(talk.Machine.Close(handle), 0);
-  Bytes bytes(8);
-  std::uint32_t count = 8;
-  EXPECT_EQ(talk.Machine.Read(handle, bytes, count), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(count, 0U);
-  EXPECT_EQ(talk.Machine.Write(handle, bytes, count), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Machine.FlushBuffers(handle, 1, 1), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Machine.WriteLatch(handle, 1, 1), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Machine.SetBaudRate(handle, 115200), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Machine.SetLineControl(handle, 0x0800), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Machine.Close(handle), UsbXpress::kInvalidHandle);
-  EXPECT_EQ(talk.Clock.Elapsed().count(), 0);
-}
-
-TEST(Bridge, TheLatchLineFollowsItsMask) {
-  Talk talk;
-  UsbXpress::Handle handle = -1;
-  ASSERT_EQ(talk.Machine.Open(0, handle), 0);
-  EXPECT_FALSE(talk.Machine.LatchOn());
-  talk.Machine.WriteLatch(handle, 1, 1);
-  EXPECT_TRUE(talk.Machine.LatchOn());
-  talk.Machine.WriteLatch(handle, 2, 0);  // another line
-  EXPECT_TRUE(talk.Machine.LatchOn());
-  talk.Machine.WriteLatch(handle, 1, 0);
-  EXPECT_FALSE(talk.Machine.LatchOn());
+  ASSERT_EQ(machine.Open(0, handle), 0);
+  EXPECT_EQ(machine.SetBaudRate(handle, 115200), 0);
+  EXPECT_EQ(machine.SetBaudRate(handle, 9600), UsbXpress::kInvalidParameter);
 }
 
 TEST(Bridge, UnreadRepliesBeyondItsBufferAreLost) {
