@@ -39,7 +39,8 @@ std::unique_ptr<QWidget> MakePanel(morvane::EventLoop& loop,
                                    morvane::simulator::PackSource& packs) {
   using morvane::bridges::ReplayPanel;
   using morvane::simulator::MachinePanel;
-  if (machine.Replayed != nullptr) return std::make_unique<ReplayPanel>(loop, machine.Replayed->Play());
+  if (machine.Replayed != nullptr)
+    return std::make_unique<ReplayPanel>(loop, machine.Replayed->Play());
   if (machine.Simulated == nullptr) return nullptr;
   return std::make_unique<MachinePanel>(loop, *machine.Simulated, packs);
 }

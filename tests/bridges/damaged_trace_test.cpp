@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "bridges/written_trace.h"
 #include "bridges/trace_reader.h"
+#include "bridges/written_trace.h"
 
 namespace morvane::bridges {
 namespace {
