@@ -30,6 +30,7 @@ namespace {
 
 constexpr int kAlreadyRunning = 1;
 constexpr int kWrongUsage = 2;
+constexpr int kNotWholly = 3;
 constexpr int kTraceLookMs = 500;
 constexpr int kPlacedMs = 300;  // the desktop has placed the main window by then
 
@@ -67,6 +68,15 @@ std::unique_ptr<morvane::Timer> WatchTrace(morvane::Program& program,
     told = true;
     program.ShowMessage(trouble, morvane::kOkExclamation, "Trace");
   });
+}
+
+/// What nobody may have read while windows were open. The exit status: a trace that was asked for
+/// and is not whole, or that another run differs from, is no success.
+int TellTrouble(const morvane::bridges::MachineChoice& machine) {
+  if (const std::string trouble = machine.Trouble(); !trouble.empty()) {
+    std::cerr << "morvane: " << trouble << "\n";
+  }
+  return machine.LinkTrouble().empty() ? 0 : kNotWholly;
 }
 
 /// The program from its windows to its end; its exit status.
@@ -107,7 +117,7 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   const auto watch = WatchTrace(program, shell, machine.Traced);
   parts.Loop.RunUntil([] { return false; });
   shell.End();
-  return 0;
+  return TellTrouble(machine);
 }
 
 }  // namespace

@@ -57,20 +57,25 @@ std::optional<std::uint16_t> UsbNumber(std::string_view text) {
   return isWhole ? std::optional(number) : std::nullopt;
 }
 
-/// "SERIAL", "VVVV:PPPP" or "VVVV:PPPP:SERIAL".
-UsbWhich WhichUsb(const std::string& text) {
+/// "SERIAL", "VVVV:PPPP" or "VVVV:PPPP:SERIAL". A serial string has no colon.
+std::optional<UsbWhich> WhichUsb(const std::string& text) {
   constexpr std::size_t kColon = 4;
   constexpr std::size_t kNumbers = 9;
+  if (text.find(':') == std::string::npos) return UsbWhich{{}, {}, text};
   const auto vendor = UsbNumber(std::string_view(text).substr(0, kColon));
-  if (!vendor || text.size() < kNumbers || text[kColon] != ':') return {{}, {}, text};
+  if (!vendor || text[kColon] != ':') return std::nullopt;
   const auto product = UsbNumber(std::string_view(text).substr(kColon + 1, kColon));
-  const bool endsThere = text.size() == kNumbers || text[kNumbers] == ':';
-  if (!product || !endsThere) return {{}, {}, text};
-  return {vendor, product, text.substr(std::min(text.size(), kNumbers + 1))};
+  if (!product) return std::nullopt;
+  if (text.size() == kNumbers) return UsbWhich{vendor, product, ""};
+  const bool namesOne = text[kNumbers] == ':' && text.size() > kNumbers + 1;
+  return namesOne ? std::optional(UsbWhich{vendor, product, text.substr(kNumbers + 1)})
+                  : std::nullopt;
 }
 
 MachineChoice ChooseUsb(const std::string& rest, Clock& /*clock*/) {
-  return RealMachine(std::make_unique<UsbDirect>(WhichUsb(rest)));
+  auto which = WhichUsb(rest);
+  return which ? RealMachine(std::make_unique<UsbDirect>(std::move(*which)))
+               : Unknown("usb:" + rest);
 }
 #endif
 

@@ -143,6 +143,11 @@ UsbXpress::Status SerialBridge::Missing() {
   return kDeviceNotFound;
 }
 
+UsbXpress::Status SerialBridge::Failed() {
+  advice_ = WordsOfFailed(path_, port_.errorString().toStdString());
+  return kDeviceNotFound;
+}
+
 UsbXpress::Status SerialBridge::Refused() {
   advice_ = WordsOfRefused(path_);
   return kDeviceIoFailed;
@@ -165,7 +170,7 @@ UsbXpress::Status SerialBridge::Open(std::uint32_t index, Handle& handle) {
   if (index != 0) return kDeviceNotFound;
   if (!Attached()) return Missing();
   if (!port_.open(QIODevice::ReadWrite)) {
-    return port_.error() == QSerialPort::PermissionError ? Refused() : Missing();
+    return port_.error() == QSerialPort::PermissionError ? Refused() : Failed();
   }
   if (!TakeAlone(port_)) {
     port_.close();
@@ -224,7 +229,7 @@ UsbXpress::Status SerialBridge::Write(Handle handle, std::span<const std::uint8_
   if (left == 0) return kSuccess;
   port_.clear(QSerialPort::Output);
   CloseWhenGone();
-  return kWriteError;
+  return port_.isOpen() ? kWriteTimedOut : kWriteError;
 }
 
 UsbXpress::Status SerialBridge::Read(Handle handle, std::span<std::uint8_t> bytes,

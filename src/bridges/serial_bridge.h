@@ -42,6 +42,7 @@ class SerialBridge final : public UsbXpress {
 
  private:
   [[nodiscard]] Status Missing();
+  [[nodiscard]] Status Failed();
   [[nodiscard]] Status Refused();
   [[nodiscard]] bool Attached() const;
   [[nodiscard]] bool Opened(Handle handle) const;

@@ -36,8 +36,13 @@ bool MayUse([[maybe_unused]] const std::string& path) {
 }  // namespace
 
 std::string WordsOfMissing(const std::string& path) {
-  return (Exists(path) ? path + " is no serial device.\n" : "There is no " + path + ".\n") +
-         DevicesHere();
+  if (Exists(path)) return path + " is no serial device.\n" + DevicesHere();
+  return "There is no " + path + ".\n" + DevicesHere() +
+         "\nWhile a program has the machine by --machine usb, its serial device is gone.";
+}
+
+std::string WordsOfFailed(const std::string& path, const std::string& why) {
+  return path + " cannot be opened: " + why + ".\n" + DevicesHere();
 }
 
 std::string WordsOfRefused(const std::string& path) {

@@ -7,9 +7,9 @@ namespace {
 
 constexpr UsbXpress::Handle kHandle = 1;
 
-/// By which the library says that it has none.
+/// By which libraries say that they have none.
 bool IsNone(UsbXpressFunctions::RawHandle handle) {
-  return reinterpret_cast<std::intptr_t>(handle) == -1;
+  return handle == nullptr || reinterpret_cast<std::intptr_t>(handle) == -1;
 }
 
 std::string CannotBeLoaded(const std::string& name, const std::string& why) {
@@ -22,6 +22,10 @@ std::string Lacks(const std::string& name, const char* function) {
 }
 
 }  // namespace
+
+UsbXpressLibrary::~UsbXpressLibrary() {
+  if (opened_) UsbXpressLibrary::Close(kHandle);
+}
 
 bool UsbXpressLibrary::Load() {
   if (library_) return true;

@@ -24,6 +24,10 @@ class UsbXpressLibrary final : public UsbXpress {
 
   /// `name` is a path, or the bare name of a library of the system's.
   explicit UsbXpressLibrary(std::string name = kName) : name_(std::move(name)) {}
+  UsbXpressLibrary(const UsbXpressLibrary&) = delete;
+  UsbXpressLibrary& operator=(const UsbXpressLibrary&) = delete;
+  /// Closes what is open.
+  ~UsbXpressLibrary() override;
 
   Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override;
   Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override;

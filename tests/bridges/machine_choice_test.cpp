@@ -49,8 +49,9 @@ TEST(ChooseMachine, ASerialDeviceCannotBeLookedInto) {
 }
 
 TEST(ChooseMachine, WhatIsNoMachineIsTold) {
-  for (const char* text : {"", "usb,", "USB", "usb:", "replay", "replay:", "serial",
-                           "serial:", "Simulated", "/dev/ttyUSB0"}) {
+  for (const char* text : {"", "usb,", "USB", "usb:", "usb:10C4:EA6", "usb:0x10C4:0xEA60",
+                           "usb:10C4:EA60S", "usb:10C4:EA60:", "usb:0123:", "replay",
+                           "replay:", "serial", "serial:", "Simulated", "/dev/ttyUSB0"}) {
     const MachineChoice choice = Chosen(text);
     EXPECT_EQ(choice.Usb, nullptr);
     EXPECT_EQ(choice.Simulated, nullptr);
