@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bridges/poll_memory.h"
@@ -20,7 +21,7 @@ namespace morvane::bridges {
 /// the same order; an opening that fails is tried again as often as the trace has it.
 class Playback {
  public:
-  explicit Playback(TraceReader trace) : trace_(std::move(trace)) {}
+  explicit Playback(TraceReader trace) : trace_(std::move(trace)) { TakeAdvice(); }
 
   /// What came of `asked` (`TraceLine::Took` of it is to be spent). Nothing from the first
   /// difference on, and behind the end: `Trouble` says where and what.

@@ -114,7 +114,7 @@ TEST_F(ReplayedRuns, BoardsThatWereRead) {
 
 TEST_F(ReplayedRuns, APileThatWasSorted) {
   const Script sort = [this](LinkSession& at) { Sort(at); };
-  Trace(",seed=5,fault=1:100:30", sort);
+  Trace(",speed=20,seed=5,fault=1:100:30", sort);
   ExpectALogOf("Sort: ");
   ASSERT_EQ(Replay(sort), "");
   ExpectTheSame();

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -21,6 +22,9 @@ namespace {
 constexpr int kRefreshMs = 100;
 constexpr int kMargin = 10;
 constexpr int kWidth = 60;  ///< in digits
+constexpr int kTroubleLines = 6;
+
+constexpr const char* kElseText = "Stopped: the program does something else";
 
 int Limited(std::uint64_t count) {
   return static_cast<int>(std::min<std::uint64_t>(count, INT_MAX));
@@ -29,7 +33,7 @@ int Limited(std::uint64_t count) {
 const char* StateText(const Playback& playback) {
   const bool goesOn = playback.Trace().Next() != nullptr;
   if (playback.Trouble().empty()) return goesOn ? "Being played" : "Played to its end";
-  return goesOn ? "Stopped: the program does something else" : "Stopped: the trace is at its end";
+  return goesOn ? kElseText : "Stopped: the trace is at its end";
 }
 
 }  // namespace
@@ -43,7 +47,7 @@ ReplayPanel::ReplayPanel(EventLoop& loop, const Playback& playback)
   auto* all = new QVBoxLayout(content);
   all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   all->addWidget(MakeTrace());
-  all->addWidget(trouble_ = AddWrapped("lblTrouble", "Why the trace is not played on"));
+  all->addWidget(MakeTrouble(), 1);
   all->addWidget(MakeFrames(), 1);
   content->setMinimumWidth(kWidth * fontMetrics().horizontalAdvance('0'));
   Fill(*this, content);
@@ -56,24 +60,36 @@ ReplayPanel::~ReplayPanel() = default;
 
 void ReplayPanel::closeEvent(QCloseEvent* event) { event->ignore(); }
 
-/// It can be selected, to be sent to who knows what it means. A path is one long word, and the
-/// panel must not grow with it.
-ShownValue* ReplayPanel::AddWrapped(const char* name, const char* spokenName) {
+/// A path is one long word, and the panel must not grow with it.
+ShownValue* ReplayPanel::AddLine(const char* name, const char* spokenName) {
   auto* value = new ShownValue(name, spokenName, this);
   value->setTextFormat(Qt::PlainText);
-  value->setWordWrap(true);
-  value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+  value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   return value;
 }
 
+/// It can be copied, to be sent to who knows what it means.
+QWidget* ReplayPanel::MakeTrouble() {
+  trouble_ = new QPlainTextEdit(this);
+  trouble_->setObjectName("txtTrouble");
+  trouble_->setAccessibleName("Why the trace is not played on");
+  trouble_->setReadOnly(true);
+  trouble_->setTabChangesFocus(true);
+  trouble_->setMinimumHeight(kTroubleLines * trouble_->fontMetrics().lineSpacing());
+  trouble_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  return trouble_;
+}
+
 QWidget* ReplayPanel::MakeTrace() {
-  file_ = AddWrapped("lblFile", "Trace that stands in for the machine");
-  recorded_ = AddWrapped("lblRecorded", "When and from which machine it was recorded");
+  file_ = AddLine("lblFile", "Trace that stands in for the machine");
+  recorded_ = AddLine("lblRecorded", "When and from which machine it was recorded");
   state_ = new ShownValue("lblState", "State of the trace", this);
   QFont font = state_->font();
   font.setBold(true);
   state_->setFont(font);
+  // As wide as its longest text, so that the panel does not grow off the screen's edge.
+  state_->setMinimumWidth(state_->fontMetrics().horizontalAdvance(kElseText));
   played_ = new QProgressBar(this);
   played_->setObjectName("barPlayed");
   played_->setAccessibleName("Operations played");
@@ -111,9 +127,15 @@ void ReplayPanel::ShowTrace() {
 void ReplayPanel::ShowPlayback() {
   state_->Show(StateText(playback_));
   played_->setValue(Limited(playback_.Trace().Played()));
-  trouble_->Show(ToQt(playback_.Trouble()));
-  trouble_->setVisible(!playback_.Trouble().empty());
+  ShowTrouble();
   frames_->ShowFrames();
+}
+
+/// Once: what is selected in it stays so.
+void ReplayPanel::ShowTrouble() {
+  const QString text = ToQt(playback_.Trouble());
+  if (trouble_->toPlainText() != text) trouble_->setPlainText(text);
+  trouble_->setVisible(!text.isEmpty());
 }
 
 }  // namespace morvane::bridges

@@ -6,6 +6,7 @@
 #include "bridges/playback.h"
 #include "platform/event_loop.h"
 
+class QPlainTextEdit;
 class QProgressBar;
 
 namespace morvane {
@@ -32,16 +33,18 @@ class ReplayPanel final : public QWidget {
  private:
   [[nodiscard]] QWidget* MakeTrace();
   [[nodiscard]] QWidget* MakeFrames();
-  ShownValue* AddWrapped(const char* name, const char* spokenName);
+  [[nodiscard]] QWidget* MakeTrouble();
+  ShownValue* AddLine(const char* name, const char* spokenName);
   void ShowTrace();
   void ShowPlayback();
+  void ShowTrouble();
 
   const Playback& playback_;
   ShownValue* file_ = nullptr;
   ShownValue* recorded_ = nullptr;
   ShownValue* state_ = nullptr;
   QProgressBar* played_ = nullptr;
-  ShownValue* trouble_ = nullptr;
+  QPlainTextEdit* trouble_ = nullptr;
   simulator::FrameBox* frames_ = nullptr;
   std::unique_ptr<Timer> refresh_;
 };
