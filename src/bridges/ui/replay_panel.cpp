@@ -89,7 +89,8 @@ QWidget* ReplayPanel::MakeTrace() {
   font.setBold(true);
   state_->setFont(font);
   // As wide as its longest text, so that the panel does not grow off the screen's edge.
-  state_->setMinimumWidth(state_->fontMetrics().horizontalAdvance(kElseText));
+  state_->setText(kElseText);
+  state_->setMinimumWidth(state_->sizeHint().width());
   played_ = new QProgressBar(this);
   played_->setObjectName("barPlayed");
   played_->setAccessibleName("Operations played");

@@ -40,6 +40,9 @@ class ReplayPanelTest : public ::testing::Test {
   }
   void Refresh() { desk.Loop.WaitMs(150); }
   [[nodiscard]] std::string Shown(const char* name) const { return test::TextOf(*panel, name); }
+  [[nodiscard]] std::string Trouble() const {
+    return test::Find<QPlainTextEdit>(*panel, "txtTrouble").toPlainText().toStdString();
+  }
   [[nodiscard]] std::string Bar() const {
     return test::Find<QProgressBar>(*panel, "barPlayed").text().toStdString();
   }
@@ -81,8 +84,8 @@ TEST_F(ReplayPanelTest, ADifferenceIsToldInWordsThatCanBeCopied) {
   Refresh();
   EXPECT_EQ(Shown("lblState"), "Stopped: the program does something else");
   EXPECT_TRUE(test::Visible(*panel, "txtTrouble"));
-  EXPECT_THAT(Shown("txtTrouble"), HasSubstr("The trace: CmdVersion: 1A"));
-  EXPECT_THAT(Shown("txtTrouble"), HasSubstr("The program: CmdIdentity page 1: 12 01"));
+  EXPECT_THAT(Trouble(), HasSubstr("The trace: CmdVersion: 1A"));
+  EXPECT_THAT(Trouble(), HasSubstr("The program: CmdIdentity page 1: 12 01"));
   const auto& trouble = test::Find<QPlainTextEdit>(*panel, "txtTrouble");
   EXPECT_EQ(trouble.lineWrapMode(), QPlainTextEdit::WidgetWidth);
   EXPECT_TRUE(trouble.textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
@@ -95,7 +98,7 @@ TEST_F(ReplayPanelTest, TheEndIsToldWhenMoreIsAsked) {
   machine->VersionProbe();
   Refresh();
   EXPECT_EQ(Shown("lblState"), "Stopped: the trace is at its end");
-  EXPECT_THAT(Shown("txtTrouble"), StartsWith("The trace ends here"));
+  EXPECT_THAT(Trouble(), StartsWith("The trace ends here"));
 }
 
 TEST_F(ReplayPanelTest, WhatHasBeenSelectedStaysSo) {
