@@ -1,4 +1,4 @@
-#include <atomic>
+#include <mutex>
 #include <span>
 
 #include "bridges/bridge_chip.h"
@@ -22,11 +22,12 @@ class UsbDesk final : public ContractDesk {
   void CutNextReply(std::uint8_t bytes) override {
     machine_.Faults().AtExchange(1, simulator::LinkFault::CutReply(bytes));
   }
-  void DelayNextReply() override { delayed_ = true; }
-  void LetLateReplyCome() override {
-    delayed_ = false;
-    chip_.Say(late_);
+  void DelayNextReply() override {
+    const std::lock_guard lock(mutex_);
+    delayed_ = true;
   }
+  /// One whose command has not been heard yet comes by itself then.
+  void LetLateReplyCome() override { chip_.Say(TakeLate()); }
   /// Line 0 is what the last request to it has left.
   void ExpectLatch(bool on) override {
     bool line = false;
@@ -45,14 +46,21 @@ class UsbDesk final : public ContractDesk {
       const auto saying = machine_.Hear(byte, Now());
       if (saying) said.insert(said.end(), saying->Wire.begin(), saying->Wire.end());
     }
+    const std::lock_guard lock(mutex_);
     if (!delayed_) return said;
     late_ = said;
     return {};
   }
+  Bytes TakeLate() {
+    const std::lock_guard lock(mutex_);
+    delayed_ = false;
+    return late_;
+  }
 
   SystemClock clock_;
   simulator::WiredMachine machine_{simulator::Talk::Fast()};
-  std::atomic<bool> delayed_ = false;
+  std::mutex mutex_;
+  bool delayed_ = false;
   Bytes late_;
   test::EmulatedBus bus_;
   test::EmulatedUsb& chip_{bus_.Attach()};
