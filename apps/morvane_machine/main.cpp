@@ -92,7 +92,7 @@ std::string StartTrace(Served& served, const ServedKind& kind) {
 /// Puts one more up. Why it does not stand; empty where it does.
 std::string PutUp(Served& served, const ServedKind& kind, SimulatedChoice choice) {
   ServedMachine& machine = served.Machines.emplace_back(choice.Kind, kind.Pace, served.Clock);
-  const std::string error = OpenTerminal(machine.Terminal(), kind.Link);
+  std::string error = OpenTerminal(machine.Terminal(), kind.Link);
   if (!error.empty()) return error;
   machine.Machine().LayBoards(std::move(choice.Boards));
   return kind.Trace.empty() ? "" : StartTrace(served, kind);
