@@ -80,11 +80,13 @@ TEST_F(UsbDealTest, FourBoardsAreDealtRight) {
 class UnpluggedDeal : public UsbDealTest, public testing::WithParamInterface<int> {};
 
 TEST_P(UnpluggedDeal, AtEachExchangeTheLinkIsLostSoonAndTheNextOpeningWorks) {
+  using Pulled = test::EmulatedUsb::Pulled;
   const int board = GetParam();
+  const auto when = board % 2 == 1 ? Pulled::kBeforeItHears : Pulled::kBeforeItAnswers;
   for (int at = 1; at <= kFramesABoard; ++at) {
     SCOPED_TRACE(at);
     Contact(board);
-    chip_.PullAt(at);
+    chip_.PullAt(at, when);
     const auto start = bridges::steady_clock::now();
     run_->cmdDeal();
     EXPECT_LT(bridges::MsSince(start), 2000.0);

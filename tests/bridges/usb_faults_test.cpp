@@ -1,8 +1,11 @@
+#include <sys/time.h>
+
+#include <csignal>
 #include <thread>
 
 #include "bridges/usb_desk.h"
 
-// Machines that are unplugged.
+// Machines that are unplugged, and a program that is disturbed.
 
 namespace morvane::bridges {
 namespace {
@@ -94,6 +97,22 @@ TEST_F(UsbDirectTest, AMachineThatCameBackIsNotOpenUntilItIsOpened) {
   Open(kLongMs);
   chip_.Say({1});
   EXPECT_EQ(Read(1), Bytes{1});
+}
+
+TEST_F(UsbDirectTest, SignalsDoNotShortenARead) {
+  static volatile std::sig_atomic_t signals = 0;
+  Open(100);
+  const auto before = std::signal(SIGALRM, [](int) { signals = signals + 1; });
+  constexpr itimerval kEach5Ms{{0, 5000}, {0, 5000}};
+  constexpr itimerval kNever{};
+  setitimer(ITIMER_REAL, &kEach5Ms, nullptr);
+  const auto start = steady_clock::now();
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_EQ(status_, UsbXpress::kReadTimedOut);
+  EXPECT_GE(MsSince(start), 100.0);
+  setitimer(ITIMER_REAL, &kNever, nullptr);
+  std::signal(SIGALRM, before);
+  EXPECT_GE(signals, 3);
 }
 
 TEST_F(UsbDirectTest, WhatAnOldLinkHeldIsNoneOfTheNew) {

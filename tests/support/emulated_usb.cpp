@@ -88,12 +88,15 @@ void EmulatedUsb::PlugIn() {
   const std::lock_guard lock(mutex_);
   attached_ = true;
   driver_ = socket_.Kind().HasDriver;
+  waiting_.clear();
+  ended_.clear();
   socket_.PlugIn(calls_);
 }
 
-void EmulatedUsb::PullAt(int count) {
+void EmulatedUsb::PullAt(int count, Pulled when) {
   const std::lock_guard lock(mutex_);
   pullAt_ = count;
+  pulled_ = when;
 }
 
 void EmulatedUsb::HoldByOther(bool held) {
@@ -264,8 +267,7 @@ int EmulatedUsb::Submit(Client client) {
   transfer->Buffer = Pointed(transfer->Request.get(), offsetof(usbdevfs_urb, buffer),
                              static_cast<std::size_t>(transfer->Urb().buffer_length));
   if (transfer->Urb().type == USBDEVFS_URB_TYPE_BULK && owner_ != client) return -EINVAL;
-  Begin(std::move(transfer));
-  return attached_ ? 0 : -ENODEV;
+  return Begin(std::move(transfer));
 }
 
 int EmulatedUsb::Discard(Client client) {
@@ -294,14 +296,14 @@ int EmulatedUsb::Reap(Client client) {
 
 // ---- The device
 
-void EmulatedUsb::Begin(std::unique_ptr<Transfer> transfer) {
+int EmulatedUsb::Begin(std::unique_ptr<Transfer> transfer) {
   usbdevfs_urb& urb = transfer->Urb();
   if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
     const int moved = Control(transfer->Bytes());
     urb.actual_length = std::max(moved, 0);
     End(std::move(transfer), std::min(moved, 0));
   } else if (!transfer->IsIn()) {
-    Hear(std::move(transfer));
+    return Hear(std::move(transfer));
   } else if (inStalls_ > 0) {
     --inStalls_;
     End(std::move(transfer), -EPIPE);
@@ -309,6 +311,7 @@ void EmulatedUsb::Begin(std::unique_ptr<Transfer> transfer) {
     waiting_.push_back(std::move(transfer));
     FillWaiting();
   }
+  return 0;
 }
 
 int EmulatedUsb::Control(std::span<std::uint8_t> setup) {
@@ -349,15 +352,16 @@ Bytes EmulatedUsb::StringDescriptor(int number) const {
   return text;
 }
 
-void EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
-  if (pullAt_ > 0 && --pullAt_ == 0) {
+int EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
+  const bool pulled = pullAt_ > 0 && --pullAt_ == 0;
+  if (pulled && pulled_ == Pulled::kBeforeItHears) {
     Vanish();
-    return;
+    return -ENODEV;
   }
   if (outStalls_ > 0) {
     --outStalls_;
     End(std::move(transfer), -EPIPE);
-    return;
+    return 0;
   }
   ++transfersHeard_;
   auto bytes = transfer->Bytes();
@@ -374,6 +378,8 @@ void EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
   }
   Queue(said);
   FillWaiting();
+  if (pulled) Vanish();
+  return 0;
 }
 
 void EmulatedUsb::Queue(const Bytes& bytes) {

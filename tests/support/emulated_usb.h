@@ -39,8 +39,9 @@ class EmulatedUsb {
   void Pull();
   /// Anew, once it was pulled.
   void PlugIn();
-  /// Pulled instead of hearing the `count`-th transfer from now on, 1 the next one.
-  void PullAt(int count);
+  enum class Pulled { kBeforeItHears, kBeforeItAnswers };
+  /// Pulled at the `count`-th transfer that it is sent from now on, 1 the next one.
+  void PullAt(int count, Pulled when = Pulled::kBeforeItHears);
   void HoldByOther(bool held);
   /// Each request of this code stalls.
   void StallOn(std::uint8_t code);
@@ -87,11 +88,11 @@ class EmulatedUsb {
   int Discard(Client client);
   int Reap(Client client);
 
-  void Begin(std::unique_ptr<Transfer> transfer);
+  int Begin(std::unique_ptr<Transfer> transfer);
   int Control(std::span<std::uint8_t> setup);
   int ControlAnswer(const bridges::ControlRequest& request, std::span<std::uint8_t> data);
   [[nodiscard]] Bytes StringDescriptor(int number) const;
-  void Hear(std::unique_ptr<Transfer> transfer);
+  int Hear(std::unique_ptr<Transfer> transfer);
   void FillWaiting();
   void End(std::unique_ptr<Transfer> transfer, int status);
   void Queue(const Bytes& bytes);
@@ -118,6 +119,7 @@ class EmulatedUsb {
   int askings_ = 0;
   int transfersHeard_ = 0;
   int pullAt_ = 0;
+  Pulled pulled_ = Pulled::kBeforeItHears;
   int inStalls_ = 0;
   int outStalls_ = 0;
   std::optional<std::size_t> room_;
