@@ -12,8 +12,8 @@
 #include <cstdio>
 
 #include "bench/dealt_set.h"
-#include "bench/link_programs.h"
 #include "bench/options.h"
+#include "bench/terminal_program.h"
 #include "bridges/replay_bridge.h"
 #include "bridges/simulated_choice.h"
 #include "bridges/traced_bridge.h"

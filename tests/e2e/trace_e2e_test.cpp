@@ -42,12 +42,6 @@ class TraceEndToEnd : public EndToEnd {
   }
 };
 
-/// What a run shows, without what tells which machine it was and how long a board took.
-std::string Shown(const Outcome& outcome) {
-  static const std::regex kVaries(R"(Machine: \w+\n|right|WRONG|dealt| +\d+\.\d s)");
-  return std::regex_replace(outcome.Out, kVaries, "");
-}
-
 TEST_F(TraceEndToEnd, ARunWithErrorsIsPlayedBackWithTheSameLogAndTheSameWords) {
   const Outcome first = DealTraced();
   EXPECT_EQ(first.Status, 0) << first.Err;
