@@ -44,11 +44,15 @@ std::string Usage() {
 struct Reading {
   MachineArguments Result;
   bool MachineNamed = false;
+  std::set<std::string_view> Given{};  ///< options of the machine that is being told of
   [[nodiscard]] ServedKind& Kind() { return Result.Machines.back(); }
 };
 
 bool TakeMachine(const std::string& value, Reading& reading) {
-  if (std::exchange(reading.MachineNamed, true)) reading.Result.Machines.emplace_back();
+  if (std::exchange(reading.MachineNamed, true)) {
+    reading.Result.Machines.emplace_back();
+    reading.Given.clear();
+  }
   reading.Kind().Machine = value;
   return !value.empty();
 }
@@ -79,6 +83,12 @@ constexpr std::array<Option, 4> kOptions{{{"--machine", TakeMachine},
                                           {"--trace", TakeTrace}}};
 constexpr std::string_view kWithoutHands = "--trace-without-hands";
 
+/// Who thinks that options stand in front of their machine would have it otherwise than meant.
+std::optional<std::string> TwiceGiven(std::string_view option, Reading& reading) {
+  if (reading.Given.insert(option).second || option == "--machine") return std::nullopt;
+  return std::string(option) + ": twice for one machine; it stands behind its --machine";
+}
+
 /// Takes the option at `at`, which moves behind it, with the value behind "=" or in the next word.
 /// What is wrong with it.
 std::optional<std::string> TakeOption(const std::vector<std::string>& words, std::size_t& at,
@@ -94,7 +104,7 @@ std::optional<std::string> TakeOption(const std::vector<std::string>& words, std
     if (option.Name != name) continue;
     if (equals == std::string::npos && at == words.size()) return name + ": nothing named";
     const std::string value = equals == std::string::npos ? words[at++] : word.substr(equals + 1);
-    if (option.Take(value, reading)) return std::nullopt;
+    if (option.Take(value, reading)) return TwiceGiven(option.Name, reading);
     return name + (value.empty() ? ": nothing named" : ": not \"" + value + "\"");
   }
   return "unknown word \"" + word + "\"";

@@ -13,6 +13,9 @@ namespace {
 
 using std::chrono::microseconds;
 
+/// Of a longer one the rest is forgotten: it is no command.
+constexpr std::size_t kLongestLine = 4096;
+
 timespec TimeSpec(microseconds time) {
   constexpr microseconds::rep kSecond = 1'000'000;
   return {static_cast<time_t>(time.count() / kSecond),
@@ -79,10 +82,11 @@ void LineServer::TakeWords(int words) {
   wordsOver_ = got <= 0;
   if (!wordsOver_) typed_.append(bytes.data(), static_cast<std::size_t>(got));
   if (wordsOver_ && !typed_.empty()) typed_ += '\n';  // the last line may have no end
-  for (std::size_t end = 0; (end = typed_.find('\n')) != std::string::npos;) {
+  for (std::size_t end = 0; !over_ && (end = typed_.find('\n')) != std::string::npos;) {
     answers_ << Obey(byNumber_, typed_.substr(0, end), over_);
     typed_.erase(0, end + 1);
   }
+  if (typed_.size() > kLongestLine) typed_.resize(kLongestLine);
   answers_.flush();
 }
 

@@ -215,14 +215,19 @@ std::string DoAtEach(std::span<WiredMachine* const> machines, const Command& com
   return answers;
 }
 
+/// Whether the command means nothing until one of several machines is named.
+bool NeedsMachine(std::span<WiredMachine* const> machines, const Typed& typed,
+                  const Command& command) {
+  return typed.Machine == 0 && machines.size() > 1 && command.Concerns == Command::kOneMachines;
+}
+
 std::string DoAt(std::span<WiredMachine* const> machines, std::size_t machine,
                  const Command& command, int number) {
   if (machine != 0) return command.Do(*machines[machine - 1], number);
-  if (machines.size() == 1 || command.Concerns == Command::kNobodys) {
-    return command.Do(*machines.front(), number);
+  if (machines.size() > 1 && command.Concerns == Command::kEachMachines) {
+    return DoAtEach(machines, command, number);
   }
-  if (command.Concerns == Command::kEachMachines) return DoAtEach(machines, command, number);
-  return "Which machine? Its number goes in front, such as 1 " + std::string(command.Word) + ".\n";
+  return command.Do(*machines.front(), number);
 }
 
 }  // namespace
@@ -235,6 +240,9 @@ std::string Obey(std::span<WiredMachine* const> machines, std::string_view line,
   if (typed.Word.empty() && typed.Machine == 0) return "";
   const Command* const command = Find(typed.Word);
   if (command == nullptr) return "No such command; help lists them.\n";
+  if (NeedsMachine(machines, typed, *command)) {
+    return "Which machine? Its number goes in front, such as 1 " + typed.Word + ".\n";
+  }
   const auto number = NumberFor(*command, typed.Behind);
   if (!number) return Expected(*command);
   quit = quit || command->Word == kQuit;

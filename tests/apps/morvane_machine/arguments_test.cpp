@@ -69,6 +69,19 @@ TEST(MachineArgumentsTest, TwoMachinesDoNotWriteOneTrace) {
             "");
 }
 
+TEST(MachineArgumentsTest, AnOptionThatAMachineHasAlreadyIsRefused) {
+  for (const char* option : {"--link", "--trace", "--pace"}) {
+    const std::vector<std::string> words{option, "fast", "--machine", "simulated",
+                                         option, "wire", "--machine", "simulated,speed=2"};
+    EXPECT_EQ(ParseMachineArguments(words).Error,
+              std::string(option) + ": twice for one machine; it stands behind its --machine");
+  }
+  EXPECT_EQ(ParseMachineArguments(
+                {"--link", "a", "--machine", "simulated", "--machine", "simulated", "--link", "b"})
+                .Error,
+            "");
+}
+
 TEST(MachineArgumentsTest, WhatIsWrongIsTold) {
   EXPECT_EQ(ParseMachineArguments({"--pace", "slow"}).Error, "--pace: not \"slow\"");
   EXPECT_EQ(ParseMachineArguments({"--link"}).Error, "--link: nothing named");

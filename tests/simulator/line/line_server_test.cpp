@@ -47,6 +47,19 @@ TEST_F(LineServerTest, WordsGoToTheMachineThatTheyNameUntilTheEnd) {
   EXPECT_TRUE(machines_[1].Machine().PowerIsOn());
 }
 
+TEST_F(LineServerTest, WhatIsTypedBehindTheEndIsNotDone) {
+  Type("quit\n1 off\n");
+  Serve();
+  EXPECT_TRUE(machines_[0].Machine().PowerIsOn());
+}
+
+TEST_F(LineServerTest, OfALineThatIsTooLongTheRestIsForgotten) {
+  for (int part = 0; part < 6; ++part) Type(std::string(1000, 'x'));
+  Type("\nquit\n");
+  Serve();
+  EXPECT_EQ(answers_.str(), "No such command; help lists them.\n");
+}
+
 TEST_F(LineServerTest, BothAreServedInOneTurn) {
   const TerminalClient first(machines_[0].Terminal().Path());
   const TerminalClient second(machines_[1].Terminal().Path());

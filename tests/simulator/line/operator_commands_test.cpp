@@ -182,7 +182,8 @@ TEST_F(SeveralMachines, WithoutItWhatIsMeantIsAskedBack) {
   EXPECT_EQ(Type("board 3"), "Which machine? Its number goes in front, such as 1 board.\n");
   EXPECT_EQ(Type("off"), "Which machine? Its number goes in front, such as 1 off.\n");
   EXPECT_TRUE(first.Machine.PowerIsOn());
-  EXPECT_EQ(Type("board x"), "board takes a number from 1 to 640.\n");
+  EXPECT_EQ(Type("pedal 2"), "Which machine? Its number goes in front, such as 1 pedal.\n");
+  EXPECT_EQ(Type("1 board x"), "board takes a number from 1 to 640.\n");
   EXPECT_EQ(Type("peddal"), "No such command; help lists them.\n");
   EXPECT_EQ(Type("3 pedal"), "There is no machine 3.\n");
 }
