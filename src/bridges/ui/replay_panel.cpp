@@ -21,7 +21,8 @@ namespace {
 
 constexpr int kRefreshMs = 100;
 constexpr int kMargin = 10;
-constexpr int kWidth = 60;  ///< in digits
+constexpr int kWidth = 44;   ///< in digits
+constexpr int kHeight = 28;  ///< in lines, where the screen has room
 constexpr int kTroubleLines = 6;
 
 constexpr const char* kElseText = "Stopped: the program does something else";
@@ -58,6 +59,10 @@ ReplayPanel::ReplayPanel(EventLoop& loop, const Playback& playback)
 
 ReplayPanel::~ReplayPanel() = default;
 
+QSize ReplayPanel::sizeHint() const {
+  return QWidget::sizeHint().expandedTo({0, kHeight * fontMetrics().lineSpacing()});
+}
+
 void ReplayPanel::closeEvent(QCloseEvent* event) { event->ignore(); }
 
 /// A path is one long word, and the panel must not grow with it.
@@ -83,7 +88,8 @@ QWidget* ReplayPanel::MakeTrouble() {
 
 QWidget* ReplayPanel::MakeTrace() {
   file_ = AddLine("lblFile", "Trace that stands in for the machine");
-  recorded_ = AddLine("lblRecorded", "When and from which machine it was recorded");
+  recorded_ = AddLine("lblRecorded", "When it was recorded");
+  machine_ = AddLine("lblMachine", "Machine that it was recorded from");
   state_ = new ShownValue("lblState", "State of the trace", this);
   QFont font = state_->font();
   font.setBold(true);
@@ -98,8 +104,11 @@ QWidget* ReplayPanel::MakeTrace() {
   auto* group = new QGroupBox("Trace", this);
   auto* grid = new QGridLayout(group);
   grid->setColumnStretch(1, 1);
-  const std::pair<const char*, QWidget*> rows[] = {
-      {"File:", file_}, {"Recorded:", recorded_}, {"State:", state_}, {"Played:", played_}};
+  const std::pair<const char*, QWidget*> rows[] = {{"File:", file_},
+                                                   {"Recorded:", recorded_},
+                                                   {"Machine:", machine_},
+                                                   {"State:", state_},
+                                                   {"Played:", played_}};
   for (const auto& [caption, value] : rows) {
     const int row = grid->rowCount();
     grid->addWidget(new QLabel(caption, group), row, 0, Qt::AlignTop);
@@ -120,8 +129,9 @@ void ReplayPanel::ShowTrace() {
   const TraceHead& head = trace.Head();
   file_->Show(ToQt(FileTitle(trace.Path())));
   file_->setToolTip(ToQt(trace.Path()));
-  recorded_->Show(
-      ToQt(head.Began + ", " + head.Machine + (head.HandsLeftOut ? ", without the hands" : "")));
+  recorded_->Show(ToQt(head.Began + (head.HandsLeftOut ? ", without the hands" : "")));
+  machine_->Show(ToQt(head.Machine));
+  machine_->setToolTip(ToQt(head.Machine));
   played_->setRange(0, std::max(1, Limited(trace.Lines())));
 }
 

@@ -26,6 +26,7 @@ class ReplayPanel final : public QWidget {
  public:
   ReplayPanel(EventLoop& loop, const Playback& playback);
   ~ReplayPanel() override;
+  [[nodiscard]] QSize sizeHint() const override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -42,6 +43,7 @@ class ReplayPanel final : public QWidget {
   const Playback& playback_;
   ShownValue* file_ = nullptr;
   ShownValue* recorded_ = nullptr;
+  ShownValue* machine_ = nullptr;
   ShownValue* state_ = nullptr;
   QProgressBar* played_ = nullptr;
   QPlainTextEdit* trouble_ = nullptr;

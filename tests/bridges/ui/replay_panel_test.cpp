@@ -53,12 +53,13 @@ TEST_F(ReplayPanelTest, SaysWhichTraceItIs) {
   EXPECT_EQ(panel->windowTitle(), "Morvane - Replayed Machine");
   EXPECT_EQ(Shown("lblFile"), "evening.trace");
   EXPECT_EQ(test::Find<QLabel>(*panel, "lblFile").toolTip().toStdString(), path);
-  EXPECT_EQ(Shown("lblRecorded"), "2026-03-03 15:04:05.123, usb:4711S");
+  EXPECT_EQ(Shown("lblRecorded"), "2026-03-03 15:04:05.123");
+  EXPECT_EQ(Shown("lblMachine"), "usb:4711S");
 }
 
 TEST_F(ReplayPanelTest, SaysThatTheHandsAreNotInIt) {
   Open({"2026-03-03 15:04:05.123", "usb", 1, true});
-  EXPECT_EQ(Shown("lblRecorded"), "2026-03-03 15:04:05.123, usb, without the hands");
+  EXPECT_EQ(Shown("lblRecorded"), "2026-03-03 15:04:05.123, without the hands");
 }
 
 TEST_F(ReplayPanelTest, ShowsHowFarItHasBeenPlayed) {
