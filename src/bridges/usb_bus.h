@@ -14,7 +14,7 @@ namespace morvane::bridges {
 struct UsbWhich {
   std::optional<std::uint16_t> Vendor = {};
   std::optional<std::uint16_t> Product = {};
-  std::string Serial = "";
+  std::string Serial = {};
 };
 
 /// How a request to a device ended.

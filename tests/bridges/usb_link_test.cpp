@@ -2,7 +2,6 @@
 #include "machine/open_link.h"
 #include "support/fakes.h"
 #include "support/usb_machine.h"
-#include "wire/commands.h"
 
 // The boxes of opening, and an exchange, at the emulated bus.
 
@@ -15,7 +14,6 @@ using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::StartsWith;
 
 class UsbLinkTest : public testing::Test {
  protected:

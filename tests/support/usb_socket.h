@@ -16,7 +16,7 @@ struct UsbKind {
   int Socket = 1;           ///< 1.. of bus 1
   bool MayBeOpened = true;  ///< by this user
   bool HasDriver = true;    ///< the system's own has it, as behind plugging in
-  std::string Tty = "";     ///< the serial device "ttyUSB0" that this driver makes of it
+  std::string Tty = {};     ///< the serial device "ttyUSB0" that this driver makes of it
   std::uint8_t PartNumber = 3;
 };
 
