@@ -7,7 +7,6 @@
 #include "text/text.h"
 #include "text/text_encoding.h"
 #include "wire/frame_text.h"
-#include "wire/hands_left_out.h"
 
 namespace morvane::bridges {
 namespace {
@@ -104,6 +103,7 @@ void TraceNotes::LetGoOfHead() {
 std::string TraceNotes::TakeCommand(Bytes image) {
   wire::Frame frame{};
   if (!Unscrambled(image, wire::kStepToMachine, frame)) return TakeBad(image);
+  if (file_.HandsLeftOut()) random_.LeaveOut(frame);
   std::string said = wire::CommandText(frame);  // which names no card
   if (file_.HandsLeftOut()) {
     wire::LeaveOutHandsOfCommand(frame);

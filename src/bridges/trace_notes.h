@@ -6,6 +6,7 @@
 
 #include "bridges/trace_file.h"
 #include "wire/frame.h"
+#include "wire/hands_left_out.h"
 
 namespace morvane::bridges {
 
@@ -37,6 +38,7 @@ class TraceNotes {
   std::string TakeBad(std::span<std::uint8_t> image);
 
   TraceFile file_;
+  wire::RandomLeftOut random_;
   bool awaitsBody_ = false;  ///< the last operation has read the head of a long frame
   TraceLine head_;           ///< that operation
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "wire/flash_commands.h"
 #include "wire/picture_commands.h"
@@ -36,12 +37,16 @@ Frame OfUnknown(const Frame& /*command*/) {
   return all;
 }
 
-/// In the poll of a test deal only the break counts; other polls have no more than their flags.
-Frame OfPoll(const Frame& command) {
+/// Other polls have no more than their flags.
+bool IsTestPoll(const Frame& command) {
   constexpr unsigned kFlags =
       StatusCommand::kBreak | StatusCommand::kPedalAck | StatusCommand::kBoxAck;
-  const bool isTestPoll = (Get<StatusCommand>(command).Flags & ~kFlags) != 0;
-  return isTestPoll ? Of<TestPollCommand>(command) : Of<StatusCommand>(command);
+  return CodeOf(command) == CmdStatus && (Get<StatusCommand>(command).Flags & ~kFlags) != 0;
+}
+
+/// In the poll of a test deal only the break counts.
+Frame OfPoll(const Frame& command) {
+  return IsTestPoll(command) ? Of<TestPollCommand>(command) : Of<StatusCommand>(command);
 }
 
 /// What some runs leave as it stood does not count: the places behind the pack's 52 cards, and the
@@ -124,6 +129,21 @@ Frame Told(const Frame& command) {
 }
 
 }  // namespace
+
+void KeepTold(Frame& command) {
+  if (IsTestPoll(command)) return KeepTestPoll(command);
+  const Frame told = Told(command);
+  std::transform(command.begin() + 1, command.end(), told.begin() + 1, command.begin() + 1,
+                 std::bit_and<unsigned>());
+}
+
+void KeepTestPoll(Frame& command) {
+  constexpr std::uint8_t kOfNoOtherPoll = 0x80;
+  const auto poll = Get<TestPollCommand>(command);
+  command = {};
+  Put(StatusCommand{kOfNoOtherPoll}, command);
+  Put(poll, command);
+}
 
 std::optional<std::size_t> FirstDifference(const Frame& one, const Frame& other) {
   if (CodeOf(one) != CodeOf(other)) return 0;

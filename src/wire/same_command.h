@@ -18,4 +18,11 @@ namespace morvane::wire {
   return !FirstDifference(one, other);
 }
 
+/// Makes 0 of all that tells the machine nothing. The poll of a test deal keeps what tells it from
+/// the others.
+void KeepTold(Frame& command);
+/// The same for a poll of which it is known that it is one of a test deal: what is random in it may
+/// look like another.
+void KeepTestPoll(Frame& command);
+
 }  // namespace morvane::wire

@@ -11,6 +11,7 @@
 #include "simulator/simulated_machine.h"
 #include "wire/commands.h"
 #include "wire/picture_commands.h"
+#include "wire/service_commands.h"
 
 namespace morvane::bridges {
 namespace {
@@ -29,8 +30,8 @@ Cards Shuffled(unsigned seed) {
 /// A machine that deals and reads, and the program's end of its link.
 class TracedTable {
  public:
-  TracedTable(const TraceOrder& order, test::VirtualClock& clock)
-      : usb_(Simulated(clock), order, clock), link_(usb_) {
+  TracedTable(const TraceOrder& order, test::VirtualClock& clock, unsigned seed)
+      : usb_(Simulated(clock), order, clock), link_(usb_), filler_(seed) {
     usb_.Open(0, link_.UsbHandle);
     usb_.SetTimeouts(200, 200);
   }
@@ -40,6 +41,9 @@ class TracedTable {
   template <typename C>
   void Ask(const C& command) {
     link_.TxFrame = {};
+    for (std::uint8_t& byte : wire::Filler(link_.TxFrame)) {
+      byte = static_cast<std::uint8_t>(filler_());
+    }
     wire::Put(command, link_.TxFrame);
     link_.SendFrame();
     link_.ReceiveFrame();
@@ -66,20 +70,23 @@ class TracedTable {
   simulator::SimulatedMachine* machine_ = nullptr;
   TracedBridge usb_;
   machine::MachineLink link_;
+  std::mt19937 filler_;
 };
 
 class TraceOfADeal : public test::TraceDesk {
  protected:
-  /// The whole trace of a deal in which the n-th card of `pack` goes to the same hand whichever
-  /// card it is, of its reading, of a card that the machine stops at, and of pictures and verdicts.
-  std::string Trace(const Cards& pack, bool handsLeftOut) {
+  /// The whole trace of a program whose filler begins with `seed`: of a deal in which the n-th card
+  /// of `pack` goes to the same hand whichever card it is, of its reading, of a card that the
+  /// machine stops at, and of pictures and verdicts.
+  std::string Trace(const Cards& pack, bool handsLeftOut, unsigned seed = 1) {
     test::VirtualClock clock;
     auto order = Order();
     order.Path = Folder / ("trace" + std::to_string(++traces_));
     order.HandsLeftOut = handsLeftOut;
     {
-      TracedTable table(order, clock);
+      TracedTable table(order, clock, seed);
       DealAndRead(table, pack);
+      TestDeal(table);
     }
     return test::Content(order.Path);
   }
@@ -103,6 +110,13 @@ class TraceOfADeal : public test::TraceDesk {
     table.Ask(wire::ErrorPictureLineCommand{.Line = 96});
     table.Ask(wire::TestCommand{});
   }
+  /// Of a hundred polls some look by chance like another one.
+  static void TestDeal(TracedTable& table) {
+    wire::RouteCommand route{.Count = kCards, .TestDeal = true, .Order = {}};
+    std::iota(route.Order.Bytes.begin(), route.Order.Bytes.begin() + kCards, std::uint8_t{1});
+    table.Ask(route);
+    for (int i = 0; i < 100; ++i) table.Ask(wire::TestPollCommand{});
+  }
   static Board BoardOf(const Cards& pack) {
     Board board;
     for (std::size_t i = 0; i < pack.size(); ++i) {
@@ -123,6 +137,15 @@ TEST_F(TraceOfADeal, WithoutHandsIsTheSameWhateverTheCards) {
 
 TEST_F(TraceOfADeal, WithHandsIsNot) {
   EXPECT_FALSE(Trace(Shuffled(1), false) == Trace(Shuffled(2), false));
+}
+
+// The program's numbers for filler are those that poker deals come from.
+TEST_F(TraceOfADeal, WithoutHandsIsTheSameWhateverTheFiller) {
+  EXPECT_TRUE(Trace(Shuffled(1), true, 1) == Trace(Shuffled(1), true, 2));
+}
+
+TEST_F(TraceOfADeal, WithHandsTheFillerIsThere) {
+  EXPECT_FALSE(Trace(Shuffled(1), false, 1) == Trace(Shuffled(1), false, 2));
 }
 
 }  // namespace

@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <utility>
 #include <vector>
 
 namespace morvane::wire {
@@ -18,9 +21,18 @@ Frame Full(int code) {
   return frame;
 }
 
-/// `Full`, but 0 from `first` to `last`.
+/// `frame`, but 0 from `first` to `last`.
 Frame Without(Frame frame, std::size_t first, std::size_t last) {
   for (std::size_t i = first; i <= last; ++i) frame[i] = 0;
+  return frame;
+}
+
+Frame OnlyTheCode(int code) { return {static_cast<std::uint8_t>(code)}; }
+
+/// Of `Full` the code and these bytes.
+Frame Only(int code, const std::vector<std::size_t>& bytes) {
+  Frame frame = OnlyTheCode(code);
+  for (const std::size_t at : bytes) frame[at] = Full(code)[at];
   return frame;
 }
 
@@ -34,25 +46,60 @@ Frame OfReply(Frame frame) {
   return frame;
 }
 
-/// But for the check byte, which is no part of what a plain frame says.
-Frame OnlyTheCode(int code) {
-  Frame frame{static_cast<std::uint8_t>(code)};
-  frame[7] = 8;
-  return frame;
-}
-
-TEST(HandsLeftOut, StartsOfRunsKeepAllButTheirPayload) {
+// Byte 2 is 3: no small index, without which byte 6 may be random.
+TEST(HandsLeftOut, StartsOfRunsKeepTheirSettings) {
   for (const int code : {0x98, 0x9C, 0x9F}) {
-    EXPECT_EQ(OfCommand(Full(code)), Without(Full(code), 8, 135)) << code;
+    EXPECT_EQ(OfCommand(Full(code)), Only(code, {1, 2, 3, 4, 5})) << code;
   }
 }
 
-TEST(HandsLeftOut, OtherCommandsOfOursStayAsTheyAre) {
-  for (const int code :
-       {0x12, 0x19, 0x1A, 0x1B, 0x1D, 0x1E, 0x20, 0x33, 0x35, 0x01, 0x02, 0x0A, 0x0F, 0x10, 0x15,
-        0x22, 0x25, 0x11, 0x13, 0x14, 0x17, 0x23, 0x24, 0x32, 0x34, 0x29, 0x2B, 0x2C, 0xAA, 0xAD}) {
-    EXPECT_EQ(OfCommand(Full(code)), Full(code)) << code;
-  }
+TEST(HandsLeftOut, OfASmallIndexTheLastByteToo) {
+  Frame deal = Full(0x98);
+  deal[2] = 0x16;
+  Frame kept = Only(0x98, {1, 2, 3, 4, 5, 6});
+  kept[2] = 0x16;
+  EXPECT_EQ(OfCommand(deal), kept);
+}
+
+TEST(HandsLeftOut, OtherCommandsKeepWhatTheyTellTheMachine) {
+  const std::vector<std::pair<int, std::vector<std::size_t>>> told{
+      {0x12, {1}},
+      {0x19, {1}},
+      {0x1A, {}},
+      {0x1B, {1, 2}},
+      {0x1D, {1}},
+      {0x1E, {}},
+      {0x20, {1}},
+      {0x33, {1, 2}},
+      {0x35, {1, 2, 3, 4, 5, 6}},
+      {0x01, {1}},
+      {0x02, {1}},
+      {0x0A, {1, 2, 3}},
+      {0x0F, {}},
+      {0x10, {}},
+      {0x15, {1, 2, 3, 4, 5, 6}},
+      {0x22, {1, 2, 3, 4, 5, 6}},
+      {0x25, {}},
+      {0x11, {1}},
+      {0x13, {1, 2, 3, 4, 5}},
+      {0x14, {1, 2, 3, 4, 5, 6}},
+      {0x17, {1, 2}},
+      {0x23, {1, 2, 3, 4, 5, 6}},
+      {0x24, {1, 2, 3, 4, 5, 6}},
+      {0x32, {1, 2, 3, 4, 5, 6}},
+      {0x34, {1, 2, 3, 4, 5, 6}},
+      {0x29, {1}},
+      {0x2B, {1, 2, 3, 4, 5, 6}},
+      {0x2C, {1, 2, 3, 4, 5, 6}},
+      {0xAD, {1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12, 13, 14, 15}},
+  };
+  for (const auto& [code, bytes] : told)
+    EXPECT_EQ(OfCommand(Full(code)), Only(code, bytes)) << code;
+}
+
+TEST(HandsLeftOut, ABlockOfFirmwareIsWhole) {
+  Frame block = Without(Full(0xAA), 4, 7);
+  EXPECT_EQ(OfCommand(Full(0xAA)), block);
 }
 
 TEST(HandsLeftOut, OfAFrameThatNobodyKnowsTheCodeStays) {
@@ -88,25 +135,32 @@ TEST(HandsLeftOut, ACardLogSaysHowManyWereDealt) {
 }
 
 TEST(HandsLeftOut, PicturesKeepTheNumbersOfTheirLines) {
-  for (const int code : {0x81, 0x82}) {
-    EXPECT_EQ(OfReply(Full(code)), Without(Full(code), 8, 135)) << code;
+  for (const int code : {0x81, 0x82}) EXPECT_EQ(OfReply(Full(code)), Only(code, {1})) << code;
+}
+
+// Counts are six bits, and of byte 6 bits 2 to 4 mean something.
+TEST(HandsLeftOut, OfAStatusOnlyItsFieldsStay) {
+  for (const int code : {0x19, 0x9C}) {
+    Frame status = Full(code);
+    const std::array<std::uint8_t, 6> sent{0xFE, 0xC3, 0x84, 0x45, 0xFF, 0xFB};
+    const std::array<std::uint8_t, 6> kept{0xFE, 0x03, 0x04, 0x05, 0x3F, 0x18};
+    std::ranges::copy(sent, status.begin() + 1);
+    Frame expected = OnlyTheCode(code);
+    std::ranges::copy(kept, expected.begin() + 1);
+    EXPECT_EQ(OfReply(status), expected) << code;
   }
 }
 
-TEST(HandsLeftOut, ALongStatusIsAStatus) {
-  EXPECT_EQ(OfReply(Full(0x9C)), Without(Full(0x9C), 8, 135));
-}
-
-TEST(HandsLeftOut, VerdictsNameNoCard) {
-  for (const int code : {0x15, 0x25}) {
-    EXPECT_EQ(OfReply(Full(code)), Without(Full(code), 3, 4)) << code;
-  }
+TEST(HandsLeftOut, OfVerdictsOnlyTheErrorStays) {
+  for (const int code : {0x15, 0x25}) EXPECT_EQ(OfReply(Full(code)), Only(code, {6})) << code;
 }
 
 TEST(HandsLeftOut, AVerdictWithoutACardSaysSo) {
   Frame verdict = Full(0x25);
   verdict[3] = 61;
-  EXPECT_EQ(OfReply(verdict), Without(verdict, 4, 4));
+  Frame kept = Only(0x25, {6});
+  kept[3] = 61;
+  EXPECT_EQ(OfReply(verdict), kept);
 }
 
 TEST(HandsLeftOut, TestTextAndMeasuresOfASymbolGoWhole) {
@@ -115,10 +169,55 @@ TEST(HandsLeftOut, TestTextAndMeasuresOfASymbolGoWhole) {
   }
 }
 
-TEST(HandsLeftOut, OtherRepliesOfOursStayAsTheyAre) {
-  for (const int code : {0x19, 0x18, 0x1A, 0x12, 0xB3, 0x1B, 0x0A, 0x11, 0x17, 0x23, 0xB2, 0x14,
-                         0x29, 0x2A, 0x2B, 0x2C, 0x2D}) {
-    EXPECT_EQ(OfReply(Full(code)), Full(code)) << code;
+TEST(HandsLeftOut, OtherRepliesKeepWhatTheirTablesName) {
+  const std::vector<std::pair<int, std::vector<std::size_t>>> named{
+      {0x18, {}},
+      {0x1A, {1, 2, 3, 4, 5}},
+      {0x12, {1, 2, 3, 4, 5}},
+      {0x0A, {1, 2, 3, 5, 6}},
+      {0x11, {1, 2, 3, 4, 5, 6}},
+      {0x17, {1, 2, 3, 4, 5, 6}},
+      {0x23, {1}},
+      {0x14, {1, 2, 3, 4, 5}},
+      {0xB2, {2, 40, 41}},
+      {0x29, {1}},
+      {0x2A, {1}},
+      {0x2B, {1}},
+      {0x2C, {1}},
+      {0x2D, {1}},
+  };
+  for (const auto& [code, bytes] : named) EXPECT_EQ(OfReply(Full(code)), Only(code, bytes)) << code;
+}
+
+TEST(HandsLeftOut, OfStoredDataTheIdentityOfTheSetStandsElsewhere) {
+  Frame stored = Full(0xB2);
+  stored[2] = 0xE0;
+  Frame kept = Only(0xB2, {18, 28, 38, 48, 58, 68, 78, 88});
+  kept[2] = 0xE0;
+  EXPECT_EQ(OfReply(stored), kept);
+}
+
+TEST(HandsLeftOut, TheFirstCounterComesAlone) {
+  Frame counter = Full(0xB3);
+  counter[2] = 0;
+  EXPECT_EQ(OfReply(counter), Only(0xB3, {8, 9, 10, 11}));
+}
+
+TEST(HandsLeftOut, ALaterPageOfCountersIsWhole) {
+  EXPECT_EQ(OfReply(Full(0xB3)), Without(Without(Full(0xB3), 1, 1), 3, 7));
+}
+
+// Byte 1 has the selector in its lower six bits and a switch in bit 7.
+TEST(HandsLeftOut, OfASensorWhatItsSelectorAsksForStays) {
+  const std::vector<std::pair<int, std::vector<std::size_t>>> named{
+      {0, {2, 3, 4, 5}}, {1, {2, 3, 4, 5}}, {2, {2, 3, 4, 5}}, {3, {}}, {4, {2}}, {5, {2}}, {6, {}},
+  };
+  for (const auto& [selector, bytes] : named) {
+    Frame sensor = Full(0x1B);
+    sensor[1] = static_cast<std::uint8_t>(0xC0 + selector);
+    Frame kept = Only(0x1B, bytes);
+    kept[1] = static_cast<std::uint8_t>(0x80 + selector);
+    EXPECT_EQ(OfReply(sensor), kept) << selector;
   }
 }
 
@@ -129,6 +228,45 @@ TEST(HandsLeftOut, OnceIsEnough) {
     EXPECT_EQ(OfCommand(command), command) << code;
     EXPECT_EQ(OfReply(reply), reply) << code;
   }
+}
+
+Frame Short(std::initializer_list<std::uint8_t> bytes) {
+  Frame frame{};
+  std::ranges::copy(bytes, frame.begin());
+  return frame;
+}
+
+/// A poll as one of these commands in turn is followed by it.
+Frame PollBehind(const std::vector<Frame>& commands, const Frame& poll) {
+  RandomLeftOut random;
+  for (Frame command : commands) random.LeaveOut(command);
+  Frame left = poll;
+  random.LeaveOut(left);
+  return left;
+}
+
+const Frame kTestDeal = Short({0x9F, 52, 1});
+const Frame kStart = Short({0x98});
+const Frame kByChance = Short({0x19, 3, 9, 9, 9, 9, 9});
+
+TEST(RandomLeftOut, ATestDealsPollIsTheSameWhateverIsRandomInIt) {
+  const Frame poll = PollBehind({kTestDeal, kStart}, Short({0x19, 0xF2, 8, 7, 6, 5, 4}));
+  const Frame breaking = PollBehind({kTestDeal, kStart}, Short({0x19, 0xF3, 8, 7, 6, 5, 4}));
+  EXPECT_EQ(poll, Short({0x19, 0x80}));
+  EXPECT_EQ(breaking, Short({0x19, 0x81}));
+  EXPECT_EQ(PollBehind({kTestDeal, kStart}, kByChance), breaking);
+  EXPECT_EQ(PollBehind({kTestDeal, kStart, kByChance, kStart}, kByChance), breaking)
+      << "it has gone on behind an error";
+}
+
+TEST(RandomLeftOut, ThePollOfTheErrorDialogHasItsFlags) {
+  EXPECT_EQ(PollBehind({kTestDeal, kStart}, Short({0x19, 2, 9})), Short({0x19, 2}));
+}
+
+TEST(RandomLeftOut, OutsideATestDealAPollHasItsFlags) {
+  EXPECT_EQ(PollBehind({}, kByChance), Short({0x19, 3}));
+  EXPECT_EQ(PollBehind({kTestDeal, Short({0x9F, 52, 0}), kStart}, kByChance), Short({0x19, 3}));
+  EXPECT_EQ(PollBehind({kTestDeal, kStart, Short({0x1A})}, kByChance), Short({0x19, 3}));
 }
 
 }  // namespace

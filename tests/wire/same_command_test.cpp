@@ -103,12 +103,34 @@ TEST_P(SameCommandOf, EachByteThatIsNamedCounts) {
   }
 }
 
+TEST_P(SameCommandOf, OnlyWhatIsNamedIsTold) {
+  const Frame& command = GetParam().Command;
+  Frame filled = command;
+  Frame plain = command;
+  for (std::size_t at = 1; at < FrameSize(CodeOf(command)); ++at) {
+    if (!IsNamed(at)) plain[at] = 0;
+    if (!IsNamed(at)) filled[at] = 0xA5;
+  }
+  KeepTold(filled);
+  EXPECT_EQ(filled, plain);
+}
+
 INSTANTIATE_TEST_SUITE_P(Commands, SameCommandOf, ::testing::ValuesIn(Cases()));
 
 TEST(SameCommand, OfATestDealsPollOnlyTheBreakCounts) {
   EXPECT_TRUE(SameCommand(Of({0x19, 0x40}), Of({0x19, 0xF6})));
   EXPECT_FALSE(SameCommand(Of({0x19, 0x40}), Of({0x19, 0xF7})));
   EXPECT_TRUE(SameCommand(Of({0x19, 0x40}), Of({0x19, 0x02}))) << "which may be random too";
+}
+
+TEST(KeepTold, ATestDealsPollStaysOne) {
+  for (const int flags : {0x40, 0x41, 0xF6, 0xF7}) {
+    const Frame poll = Of({0x19, static_cast<std::uint8_t>(flags), 1, 2, 3, 4, 5});
+    Frame told = poll;
+    KeepTold(told);
+    EXPECT_EQ(told, Of({0x19, static_cast<std::uint8_t>(0x80 + flags % 2)}));
+    EXPECT_TRUE(SameCommand(told, poll));
+  }
 }
 
 TEST(SameCommand, TheDialogsPollIsAPollLikeTheOthers) {
