@@ -1,6 +1,7 @@
 #include "bridges/playback.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "bridges/trace_question.h"
 #include "wire/replies.h"
@@ -14,6 +15,8 @@ using Ending = simulator::FrameLog::Ending;
 /// does not come to what the trace has next.
 constexpr int kMostBusyPolls = 20000;
 
+constexpr std::string_view kDiffers = "The program does something else than the trace has.";
+
 bool IsBusy(const wire::Frame& reply) {
   return wire::Answers<wire::StatusReply>(wire::CodeOf(reply)) &&
          wire::Get<wire::StatusReply>(reply).State > wire::StatusReply::kLastError;
@@ -26,14 +29,19 @@ bool AsksForDevices(Operation what) {
 }
 
 std::string EndText(const TraceReader& trace) {
-  if (!trace.Fault().empty())
-    return "The trace has changed and cannot be read on.\n" + trace.Fault();
+  if (!trace.Fault().empty()) return "The trace cannot be read on.\n" + trace.Fault();
   const std::string end = "The trace ends here, at " + trace.Place() + ".\n";
   if (!trace.CutOff()) return end + "What the program does from here on is not in it.";
   return end + "The program that wrote it did not come to its end, or could write no more.";
 }
 
 }  // namespace
+
+std::string Playback::LeftOver() const {
+  if (trace_.Played() >= trace_.Needed()) return "";
+  return std::to_string(trace_.Played()) + " of " + std::to_string(trace_.Lines()) +
+         " operations were played.";
+}
 
 std::optional<TraceLine> Playback::Answer(TraceLine asked) {
   if (!trouble_.empty()) return std::nullopt;
@@ -44,6 +52,7 @@ std::optional<TraceLine> Playback::Answer(TraceLine asked) {
   if (!isFlush) PassFlushes();
   if (IsNext(asked)) return Take();
   if (isFlush) return asked;
+  if (IsNextPoll(asked)) return Take();
   if (auto answer = AnswerAgain(asked)) return answer;
   PassPolls(asked);
   if (IsNext(asked)) return Take();
@@ -54,6 +63,16 @@ std::optional<TraceLine> Playback::Answer(TraceLine asked) {
 bool Playback::IsNext(const TraceLine& asked) const {
   const TraceLine* const next = trace_.Next();
   return next != nullptr && SameQuestion(*next, asked);
+}
+
+/// A pedal was pressed then and a button now, or a board was inserted: only the polls behind it
+/// tell.
+bool Playback::IsNextPoll(const TraceLine& asked) const {
+  const TraceLine* const next = trace_.Next();
+  if (next == nullptr || next->What != Operation::kWrite || asked.What != next->What) return false;
+  const auto command = CommandIn(*next);
+  const auto now = CommandIn(asked);
+  return command && now && SamePoll(*command, *now);
 }
 
 TraceLine Playback::Take() {
@@ -77,8 +96,12 @@ void Playback::TakeAdvice() {
 // What passes, for whoever looks on, and for polls to be answered again.
 
 void Playback::Follow(const TraceLine& line) {
+  if (line.What == Operation::kOpen) polls_ = {};
   if (line.What == Operation::kWrite) {
     exchange_.Begin(line);
+    if (const auto& command = exchange_.Command(); command && !IsPoll(*command)) {
+      polls_.Forget(*command);
+    }
     const TraceLine* const next = trace_.Next();
     const bool isRead = next != nullptr && next->What == Operation::kRead;
     if (!isRead) NoteReply(TracedExchange::Reply::kNone);
@@ -151,8 +174,8 @@ void Playback::PassPolls(const TraceLine& asked) {
 
 void Playback::Stop(const TraceLine& asked) {
   const TraceLine* const next = trace_.Next();
-  trouble_ =
-      next == nullptr ? EndText(trace_) : trace_.Place() + "\n" + DifferenceText(*next, asked);
+  advice_ = next == nullptr ? EndText(trace_) : trace_.Place() + "\n" + std::string(kDiffers);
+  trouble_ = next == nullptr ? advice_ : advice_ + "\n" + DifferenceText(*next, asked);
 }
 
 }  // namespace morvane::bridges

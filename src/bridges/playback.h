@@ -16,7 +16,8 @@ namespace morvane::bridges {
 ///
 /// What hangs on a person is no difference. A poll in the place of something else is answered as it
 /// was the last time, without moving on; where the trace has polls and the program asks for what
-/// stands behind them, they are passed over. A flush tells the machine nothing: one that the trace
+/// stands behind them, they are passed over; which presses and boards a poll acknowledges does not
+/// count. A flush tells the machine nothing: one that the trace
 /// lacks succeeds, one that the program leaves out is passed over. All else has to be the same, in
 /// the same order; an opening that fails is tried again as often as the trace has it.
 class Playback {
@@ -29,13 +30,18 @@ class Playback {
 
   /// Whole sentences, the lines ending with LF but for the last; empty while it plays.
   [[nodiscard]] const std::string& Trouble() const { return trouble_; }
-  /// What the bridge of the trace had to say; the trouble, once there is some.
-  [[nodiscard]] const std::string& Advice() const { return trouble_.empty() ? advice_ : trouble_; }
+  /// What the bridge of the trace had to say; once there is trouble, where it is and of what kind.
+  /// The frames are left out: in a trace of this run, that leaves out hands, they have no place.
+  [[nodiscard]] const std::string& Advice() const { return advice_; }
+  /// "300 of 800 operations were played."; empty when all of the run has been, though the program
+  /// may have polled less at its end.
+  [[nodiscard]] std::string LeftOver() const;
   [[nodiscard]] const TraceReader& Trace() const { return trace_; }
   [[nodiscard]] const simulator::FrameLog& Frames() const { return frames_; }
 
  private:
   [[nodiscard]] bool IsNext(const TraceLine& asked) const;
+  [[nodiscard]] bool IsNextPoll(const TraceLine& asked) const;
   TraceLine Take();
   void TakeAdvice();
   void Follow(const TraceLine& line);

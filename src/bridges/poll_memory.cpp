@@ -39,6 +39,23 @@ PollMemory::Entry IdlePoll() {
   return entry;
 }
 
+bool IsStatus(const Frame& command) { return CodeOf(command) == wire::CmdStatus; }
+
+/// A run begins, goes on or is broken: what the machine is at is known from its next answer only.
+bool MovesARun(const Frame& command) {
+  const auto code = CodeOf(command);
+  return code == wire::CmdDeal || code == wire::CmdRead || code == wire::CmdSort ||
+         code == wire::CmdStatus;
+}
+
+Frame WithoutAcknowledgements(Frame poll) {
+  constexpr unsigned kBoth = wire::StatusCommand::kPedalAck | wire::StatusCommand::kBoxAck;
+  auto status = wire::Get<wire::StatusCommand>(poll);
+  status.Flags = static_cast<std::uint8_t>(status.Flags & ~kBoth);
+  wire::Put(status, poll);
+  return poll;
+}
+
 }  // namespace
 
 PollMemory::PollMemory() { entries_.push_back(IdlePoll()); }
@@ -54,9 +71,20 @@ bool IsPoll(const Frame& command) {
   }
 }
 
+bool SamePoll(const Frame& one, const Frame& other) {
+  if (!IsPoll(one) || !IsPoll(other) || !IsStatus(one) || !IsStatus(other)) return false;
+  return wire::SameCommand(WithoutAcknowledgements(one), WithoutAcknowledgements(other));
+}
+
+void PollMemory::Forget(const Frame& command) {
+  std::erase_if(entries_, [](const Entry& each) { return IsStatus(each.Command); });
+  if (!MovesARun(command)) entries_.push_back(IdlePoll());
+}
+
 void PollMemory::Keep(const TracedExchange& exchange) {
   const auto& command = exchange.Command();
-  if (!command || !IsPoll(*command) || TellsAnEvent(exchange.ReplyFrame())) return;
+  if (!command || !IsPoll(*command) || !exchange.IsWhole()) return;
+  if (TellsAnEvent(exchange.ReplyFrame())) return;
   std::erase_if(entries_,
                 [&](const Entry& each) { return wire::SameCommand(each.Command, *command); });
   if (entries_.size() == kCapacity) entries_.erase(entries_.begin());
@@ -68,9 +96,9 @@ const PollMemory::Entry* PollMemory::AnswerTo(const Frame& command) const {
   auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const Entry& each) {
     return wire::SameCommand(each.Command, command);
   });
-  if (found == entries_.rend() && CodeOf(command) == wire::CmdStatus) {
+  if (found == entries_.rend() && IsStatus(command)) {
     found = std::find_if(entries_.rbegin(), entries_.rend(),
-                         [](const Entry& each) { return CodeOf(each.Command) == wire::CmdStatus; });
+                         [](const Entry& each) { return IsStatus(each.Command); });
   }
   return found == entries_.rend() ? nullptr : &*found;
 }

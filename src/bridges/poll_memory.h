@@ -10,6 +10,9 @@ namespace morvane::bridges {
 /// person did something. A poll that breaks a run or feeds a card does something itself.
 [[nodiscard]] bool IsPoll(const wire::Frame& command);
 
+/// The same poll of the machine's state, whatever presses and boards it acknowledges.
+[[nodiscard]] bool SamePoll(const wire::Frame& one, const wire::Frame& other);
+
 /// The last answer to each poll of a trace. Before its first one the machine is idle.
 class PollMemory {
  public:
@@ -24,8 +27,11 @@ class PollMemory {
   /// Keeps a poll that has been answered, in the place of the same one. One that tells of a press
   /// or of a board is told once.
   void Keep(const TracedExchange& exchange);
+  /// `command`, which is no poll, has gone out: what the machine was at before tells nothing more.
+  /// It is idle behind all that does not move a run.
+  void Forget(const wire::Frame& command);
   /// The answer to `command`: to the same poll, or to one that acknowledges other events. Null
-  /// where there is none yet to a poll of the service, and to what is no poll.
+  /// where there is none yet, and to what is no poll.
   [[nodiscard]] const Entry* AnswerTo(const wire::Frame& command) const;
 
  private:

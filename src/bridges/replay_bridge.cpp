@@ -1,12 +1,16 @@
 #include "bridges/replay_bridge.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace morvane::bridges {
 namespace {
 
 /// With an older driver the operator would be advised to take a newer one.
 constexpr std::uint32_t kAsksForNoUpdate = 0x00030001;
+
+/// A bridge may have hung, and the program of the trace have been held. Nobody waits for it again.
+constexpr std::chrono::microseconds kLongest = std::chrono::seconds(10);
 
 std::uint32_t NumberOf(UsbXpress::Handle handle) { return static_cast<std::uint32_t>(handle); }
 
@@ -20,7 +24,7 @@ std::optional<TraceLine> ReplayBridge::Answer(Operation what,
   asked.Numbers = numbers;
   asked.Bytes.assign(bytes.begin(), bytes.end());
   auto line = playback_.Answer(asked);
-  if (line && line->Took.count() > 0) clock_.Spend(line->Took);
+  if (line && line->Took.count() > 0) clock_.Spend(std::min(line->Took, kLongest));
   return line;
 }
 

@@ -88,11 +88,11 @@ TracePart::Got TracePart::Next(TraceLine& line) {
 
 TracePart::Got TracePart::Parse(TraceLine& line) {
   if (const auto wrong = ParseTraceLine(text_, line)) return Wrong(*wrong);
-  if (line.At < at_) return Wrong("its time lies before that of the line above");
+  if (line.At < at_) return Wrong("its time lies before the end of the line above");
   if (line.What == Operation::kRead && line.Bytes.size() > line.Numbers[1]) {
     return Wrong("more bytes were read than were asked for");
   }
-  at_ = line.At;
+  at_ = line.At + line.Took;
   return Got::kLine;
 }
 

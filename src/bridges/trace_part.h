@@ -30,6 +30,8 @@ class TracePart {
   [[nodiscard]] const std::string& Fault() const { return fault_; }
   /// Whoever wrote it has ended it; known behind the last operation.
   [[nodiscard]] bool Ended() const { return ended_; }
+  /// When the last operation was over.
+  [[nodiscard]] std::chrono::microseconds At() const { return at_; }
   /// "run.trace, line 57", of the operation that came last.
   [[nodiscard]] std::string Place() const;
 
@@ -47,7 +49,7 @@ class TracePart {
   std::uint64_t number_ = 0;
   bool held_ = false;  ///< the line has been read and is no more of the head
   bool ended_ = false;
-  std::chrono::microseconds at_{0};
+  std::chrono::microseconds at_{0};  ///< the operation before was over
   std::string fault_;
 };
 

@@ -85,8 +85,8 @@ std::string QuestionText(const TraceLine& line) {
 }
 
 std::string DifferenceText(const TraceLine& traced, const TraceLine& asked) {
-  return "The program does something else than the trace has.\nThe trace: " + QuestionText(traced) +
-         "\nThe program: " + QuestionText(asked) + PlaceOfDifference(traced, asked);
+  return "The trace: " + QuestionText(traced) + "\nThe program: " + QuestionText(asked) +
+         PlaceOfDifference(traced, asked);
 }
 
 }  // namespace morvane::bridges

@@ -23,7 +23,8 @@ void LeaveOutHands(TraceLine& line);
 /// "SetTimeouts 200 200", "CmdDeal begin: 98 00 ..." with the plain bytes of the frame.
 [[nodiscard]] std::string QuestionText(const TraceLine& line);
 
-/// Where the trace has `traced` and the program asks `asked`: both, and where their frames differ.
+/// Where the trace has `traced` and the program asks `asked`: a line of each, and where their
+/// frames differ.
 [[nodiscard]] std::string DifferenceText(const TraceLine& traced, const TraceLine& asked);
 
 }  // namespace morvane::bridges

@@ -20,7 +20,8 @@ void TracedExchange::Begin(const TraceLine& write) {
 }
 
 TracedExchange::Reply TracedExchange::Take(const TraceLine& read) {
-  if (lines_.size() < kMostLines) lines_.push_back(read);
+  whole_ = lines_.size() < kMostLines;
+  if (whole_) lines_.push_back(read);
   const bool isWhole = read.Bytes.size() == read.Numbers[1];
   if (!isWhole || received_ + read.Bytes.size() > reply_.size()) {
     received_ = 0;

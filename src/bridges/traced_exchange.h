@@ -27,6 +27,8 @@ class TracedExchange {
   /// Plain, where it is good.
   [[nodiscard]] const wire::Frame& ReplyFrame() const { return reply_; }
   [[nodiscard]] const std::vector<TraceLine>& Lines() const { return lines_; }
+  /// Or were there more of them than are kept.
+  [[nodiscard]] bool IsWhole() const { return whole_; }
 
  private:
   [[nodiscard]] Reply Judge();
@@ -35,6 +37,7 @@ class TracedExchange {
   wire::Frame reply_{};
   std::size_t received_ = 0;  ///< of the reply
   std::vector<TraceLine> lines_;
+  bool whole_ = true;
 };
 
 }  // namespace morvane::bridges

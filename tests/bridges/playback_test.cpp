@@ -91,6 +91,54 @@ TEST_F(PlaybackTest, APollWithOtherFlagsIsAnsweredAsWell) {
   EXPECT_EQ(Trouble(), "");
 }
 
+/// A run that begins, is busy for a poll, and is over at the next.
+WrittenTrace WithARun(WrittenTrace trace, std::uint8_t acknowledged) {
+  const test::Bytes deal = Long({0x98, 0, 0, 0, 11, 36, 0, 0});
+  trace.Exchange(deal, Short({0x18})).BusyPoll(acknowledged).BusyPoll().Poll();
+  return trace.Exchange(kAskVersion, kVersion290).End();
+}
+
+TEST_F(PlaybackTest, APedalThatStartedTheRunThenMayBeAButtonNow) {
+  Play(WithARun(WrittenTrace().Poll().Poll(0, 8), StatusCommand::kPedalAck));
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_TRUE(machine->Exchange(wire::StartCommand{}));
+  EXPECT_EQ(Polled(), 255) << "not idle as before the run, which would be its end";
+  EXPECT_EQ(Polled(), 255);
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(Trouble(), "");
+}
+
+TEST_F(PlaybackTest, APressMayBeAcknowledgedThatTheTraceHasNot) {
+  Play(WithARun(WrittenTrace().Poll(), 0));
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_TRUE(machine->Exchange(wire::StartCommand{}));
+  EXPECT_EQ(Polled(StatusCommand::kPedalAck | StatusCommand::kBoxAck), 255);
+  EXPECT_EQ(Polled(), 255);
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_EQ(Trouble(), "");
+}
+
+TEST_F(PlaybackTest, BehindARunTheMachineIsIdle) {
+  WrittenTrace trace;
+  trace.BusyPoll().Exchange(kAskVersion, kVersion290).Exchange(kAskVersion, kVersion290);
+  Play(trace.End());
+  EXPECT_EQ(Polled(), 255);
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(Polled(), 0) << "the trace has none here";
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(Trouble(), "");
+}
+
+TEST_F(PlaybackTest, WhatTheMachineWasAtBeforeItWasOpenedAgainIsForgotten) {
+  Play(WrittenTrace().BusyPoll().Add(Operation::kOpen, {0, 7}).Flush().Leaving().End());
+  EXPECT_EQ(Polled(), 255);
+  UsbXpress::Handle handle = 0;
+  EXPECT_EQ(bridge->Open(0, handle), UsbXpress::kSuccess);
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_EQ(Trouble(), "");
+}
+
 TEST_F(PlaybackTest, ABreakComesWhereTheTraceHasIt) {
   WrittenTrace trace;
   trace.BusyPoll().BusyPoll().BusyPoll();
@@ -140,6 +188,30 @@ TEST_F(PlaybackTest, ACardThatIsFedIsNoPoll) {
   EXPECT_THAT(Trouble(), HasSubstr("The program: CmdOutputs 0x31 feed"));
 }
 
+TEST_F(PlaybackTest, APollWithMoreReadsThanAreKeptIsNotGivenAgain) {
+  WrittenTrace trace;
+  trace.Send(Short({0x17, 0x31, 0}));
+  for (int read = 0; read < 8; ++read) trace.Add(Operation::kRead, {7, 8}, {1});
+  Play(trace.Reply(Short({0x17, 1})).Exchange(kAskVersion, kVersion290).End());
+  std::uint32_t number = 0;
+  const test::Bytes ask = test::OnTheWire(Short({0x17, 0x31, 0}), 23);
+  EXPECT_EQ(bridge->Write(7, ask, number), UsbXpress::kSuccess);
+  test::Bytes bytes(8);
+  for (int read = 0; read < 9; ++read) bridge->Read(7, bytes, number);
+  EXPECT_EQ(number, 8U) << "the reply, at last";
+  EXPECT_EQ(bridge->Write(7, ask, number), UsbXpress::kInvalidHandle);
+  EXPECT_THAT(Trouble(), HasSubstr("The program: CmdOutputs 0x31"));
+}
+
+TEST_F(PlaybackTest, WhatWasLeftOutIsCounted) {
+  Play(WrittenTrace().Poll().Exchange(kAskVersion, kVersion290).Poll().Leaving().End());
+  EXPECT_EQ(bridge->Play().LeftOver(), "1 of 9 operations were played.");
+  EXPECT_EQ(Polled(), 0);
+  EXPECT_EQ(bridge->Play().LeftOver(), "3 of 9 operations were played.");
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(bridge->Play().LeftOver(), "") << "only polls and the leaving are left";
+}
+
 TEST_F(PlaybackTest, AFlushMoreOrLessIsNoDifference) {
   Play(WrittenTrace().Flush().Exchange(kAskVersion, kVersion290).Flush().Flush().Poll().End());
   EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
@@ -155,12 +227,13 @@ TEST_F(PlaybackTest, AnotherCommandIsADifferenceThatShowsBothFrames) {
   Playback playback(std::move(reader));
   EXPECT_FALSE(playback.Answer(Written(test::OnTheWire(Short({0x12, 1, 2, 3, 4, 5, 6}), 23))));
   EXPECT_EQ(playback.Trouble(), path +
-                                    ", line 7\n"
+                                    ", line 8\n"
                                     "The program does something else than the trace has.\n"
                                     "The trace: CmdVersion: 1A 00 00 00 00 00 00 00\n"
                                     "The program: CmdIdentity page 1: 12 01 02 03 04 05 06 00\n"
                                     "They differ at byte 0.");
-  EXPECT_EQ(playback.Advice(), playback.Trouble());
+  EXPECT_EQ(playback.Advice(),
+            path + ", line 8\nThe program does something else than the trace has.");
 }
 
 TEST_F(PlaybackTest, AnotherHandListIsADifferenceAtItsFirstCard) {
@@ -171,7 +244,7 @@ TEST_F(PlaybackTest, AnotherHandListIsADifferenceAtItsFirstCard) {
   start.Pockets.Bytes.fill(1);
   start.Pockets.Bytes[12] = 2;
   EXPECT_FALSE(machine->Exchange(start));
-  EXPECT_THAT(Trouble(), StartsWith(path + ", line 5\n"));
+  EXPECT_THAT(Trouble(), StartsWith(path + ", line 6\n"));
   EXPECT_THAT(Trouble(), HasSubstr("They differ at byte 20."));
 }
 
@@ -219,7 +292,7 @@ TEST_F(PlaybackTest, WhereItsWriterWasKilledItSaysSo) {
   EXPECT_EQ(
       Trouble(),
       "The trace ends here, at " + path +
-          ", line 6.\nThe program that wrote it did not come to its end, or could write no more.");
+          ", line 7.\nThe program that wrote it did not come to its end, or could write no more.");
 }
 
 TEST_F(PlaybackTest, WhatPassesIsNotedInWords) {

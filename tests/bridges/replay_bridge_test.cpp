@@ -9,6 +9,7 @@ namespace {
 using test::Short;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class ReplayBridgeTest : public ReplayDesk {
  protected:
@@ -41,6 +42,14 @@ TEST_F(ReplayBridgeTest, EachOperationTakesAsLongAsThen) {
   EXPECT_EQ(desk.Clock.Elapsed(), microseconds(9000)) << "nine operations of a millisecond";
   EXPECT_EQ(Polled(), 0);
   EXPECT_EQ(desk.Clock.Elapsed(), microseconds(11000));
+}
+
+TEST_F(ReplayBridgeTest, NobodyWaitsAgainForAProgramThatWasHeld) {
+  WrittenTrace trace;
+  trace.Line("0.000000 3600.000000 SetTimeouts 0 read=200 write=200");
+  Play(trace.End());
+  EXPECT_EQ(bridge->SetTimeouts(200, 200), UsbXpress::kSuccess);
+  EXPECT_EQ(desk.Clock.Elapsed(), std::chrono::seconds(10));
 }
 
 TEST_F(ReplayBridgeTest, AnOpeningThatFailedFailsWithItsStatusAndItsWords) {
@@ -118,7 +127,9 @@ TEST_F(ReplayBridgeTest, AnOpeningBehindADifferenceTellsTheDifference) {
   EXPECT_FALSE(OpenLink());
   ASSERT_EQ(desk.Ui.Boxes.size(), 1U) << "no driver update is asked for";
   EXPECT_THAT(desk.Ui.Boxes[0].Text, HasSubstr("(Error: 255.1)"));
-  EXPECT_THAT(desk.Ui.Boxes[0].Text, HasSubstr("The program: WriteLatch 7 1 1"));
+  EXPECT_THAT(desk.Ui.Boxes[0].Text,
+              HasSubstr("line 15\r\nThe program does something else than the trace has."));
+  EXPECT_THAT(desk.Ui.Boxes[0].Text, Not(HasSubstr("WriteLatch"))) << "frames are no advice";
 }
 
 /// Opens, polls twice, asks the version and leaves.

@@ -10,7 +10,7 @@
 
 namespace morvane::bridges {
 
-/// A program's machine on a trace whose link has handle 7.
+/// A program's machine on a trace whose link has handle 7 and has been flushed.
 class ReplayDesk : public ::testing::Test {
  protected:
   test::TestDesk desk;
@@ -18,7 +18,11 @@ class ReplayDesk : public ::testing::Test {
   std::unique_ptr<ReplayBridge> bridge;
   std::unique_ptr<machine::Machine> machine;
 
-  void Play(const WrittenTrace& trace) { PlayText(trace.Text()); }
+  void Play(const WrittenTrace& trace) {
+    std::string text = trace.Text();
+    PlayText(text.insert(text.find("\n0.") + 1, WrittenTrace::FlushText()));
+    machine->Link.FlushLink();
+  }
   void PlayText(const std::string& text) {
     test::WriteContent(path, text);
     TraceReader reader;
@@ -29,7 +33,8 @@ class ReplayDesk : public ::testing::Test {
     machine->Link.UsbHandle = 7;
   }
   [[nodiscard]] const std::string& Trouble() const { return bridge->Play().Trouble(); }
-  [[nodiscard]] std::uint64_t Played() const { return bridge->Play().Trace().Played(); }
+  /// Behind that flush.
+  [[nodiscard]] std::uint64_t Played() const { return bridge->Play().Trace().Played() - 1; }
   /// The state that a poll is answered with.
   [[nodiscard]] int Polled(std::uint8_t flags = 0) {
     const auto reply = machine->Exchange(wire::StatusCommand{flags});

@@ -93,7 +93,34 @@ TEST_F(TraceReaderTest, TimesThatRunBackwardsAreRefused) {
   trace.Opening();
   trace.At = microseconds(5000);
   Write(trace.Poll().Text());
-  EXPECT_EQ(Refusal(), ", line 14: its time lies before that of the line above");
+  EXPECT_EQ(Refusal(), ", line 14: its time lies before the end of the line above");
+}
+
+TEST_F(TraceReaderTest, AnOperationThatIsNotOverWhenTheNextOneBeginsIsRefused) {
+  Write(
+      WrittenTrace().Line("0.000000 0.010001 FlushBuffers 0 handle=7 transmit=1 receive=1").Text() +
+      "0.010000 0.000000 Close 0 handle=7\n");
+  EXPECT_EQ(Refusal(), ", line 6: its time lies before the end of the line above");
+  Write(
+      WrittenTrace().Line("0.000000 0.010000 FlushBuffers 0 handle=7 transmit=1 receive=1").Text() +
+      "0.010000 0.000000 Close 0 handle=7\n");
+  EXPECT_EQ(Refusal(), "");
+}
+
+TEST_F(TraceReaderTest, ATraceOfTheMachinesEndIsForReading) {
+  Write(WrittenTrace().Poll().Poll().Leaving().End().Text());
+  EXPECT_EQ(Refusal(), ": this trace was written at the machine's end, and is for reading");
+}
+
+TEST_F(TraceReaderTest, WhatMakesTheRunEndsBeforeTheLastPollsAndTheLeaving) {
+  const test::Bytes version = test::Short({0x1A});
+  Write(WrittenTrace().Opening().Exchange(version, version).Poll().Flush().Leaving().End().Text());
+  ASSERT_EQ(reader.Open(path), std::nullopt);
+  EXPECT_EQ(reader.Lines(), 16U);
+  EXPECT_EQ(reader.Needed(), 11U) << "nine of the opening, and the version's two";
+  Write(WrittenTrace().Opening().Poll().BusyPoll(1).Leaving().End().Text());
+  ASSERT_EQ(reader.Open(path), std::nullopt);
+  EXPECT_EQ(reader.Needed(), 13U) << "a break is no mere poll";
 }
 
 TEST_F(TraceReaderTest, AReadWithMoreBytesThanWereAskedForIsRefused) {
@@ -113,8 +140,8 @@ TEST_F(TraceReaderTest, ALineLongerThanThoseOfATraceIsRefused) {
 
 TEST_F(TraceReaderTest, PartsArePlayedFromTheOldestOn) {
   Write(WrittenTrace(PartHead(1)).Add(Operation::kGetDllVersion).Text(), ".2");
-  Write(WrittenTrace(PartHead(2)).Add(Operation::kGetNumDevices).Text(), ".1");
-  Write(WrittenTrace(PartHead(3)).Add(Operation::kClose).End().Text());
+  Write(WrittenTrace(PartHead(2)).Later().Add(Operation::kGetNumDevices).Text(), ".1");
+  Write(WrittenTrace(PartHead(3)).Later().Later().Add(Operation::kClose).End().Text());
   ASSERT_EQ(reader.Open(path), std::nullopt);
   EXPECT_EQ(reader.Lines(), 3U);
   EXPECT_EQ(All(),
@@ -134,6 +161,25 @@ TEST_F(TraceReaderTest, WithoutItsBeginningItStartsAtTheFirstOpeningOfTheLink) {
 TEST_F(TraceReaderTest, WithoutItsBeginningAndWithoutAnOpeningItIsRefused) {
   Write(WrittenTrace(PartHead(2)).Poll().End().Text());
   EXPECT_THAT(Refusal(), HasSubstr("the beginning of this trace is gone"));
+}
+
+TEST_F(TraceReaderTest, APartIsPlayedWithThoseThatAreOlder) {
+  Write(WrittenTrace(PartHead(1)).Add(Operation::kGetDllVersion).Text(), ".2");
+  Write(WrittenTrace(PartHead(2)).Later().Add(Operation::kGetNumDevices).Text(), ".1");
+  Write(WrittenTrace(PartHead(3)).Later().Later().Add(Operation::kClose).End().Text());
+  ASSERT_EQ(reader.Open(path + ".1"), std::nullopt);
+  EXPECT_EQ(All(), (std::vector{Operation::kGetDllVersion, Operation::kGetNumDevices}));
+}
+
+TEST_F(TraceReaderTest, WhereItsProgramWasKilledWhileItMovedThePartsOnTheyArePlayed) {
+  Write(WrittenTrace(PartHead(1)).Add(Operation::kGetDllVersion).Text(), ".3");
+  Write(WrittenTrace(PartHead(2)).Later().Add(Operation::kGetNumDevices).Text(), ".1");
+  ASSERT_EQ(reader.Open(path), std::nullopt) << "the file itself is not there";
+  EXPECT_EQ(reader.Path(), path + ".1");
+  EXPECT_EQ(All(), (std::vector{Operation::kGetDllVersion, Operation::kGetNumDevices}));
+  Write(WrittenTrace(PartHead(3)).Later().Later().Add(Operation::kClose).End().Text());
+  ASSERT_EQ(reader.Open(path), std::nullopt) << "number 2 is not there";
+  EXPECT_EQ(reader.Lines(), 3U);
 }
 
 TEST_F(TraceReaderTest, PartsOfAnotherTraceAreNoneOfThisOne) {
@@ -159,20 +205,48 @@ TEST_F(TraceReaderTest, AFaultInAnOlderPartNamesItsFile) {
 TEST_F(TraceReaderTest, APartWhoseTimesLieBeforeThoseOfTheOneAboveIsRefused) {
   Write(WrittenTrace(PartHead(1)).Flush().Flush().Text(), ".1");
   Write(WrittenTrace(PartHead(2)).Flush().End().Text());
-  EXPECT_EQ(Refusal(), ", line 5: its time lies before the part above");
+  EXPECT_EQ(Refusal(), ", line 5: its time lies before the end of the part above");
 }
 
-TEST_F(TraceReaderTest, AFileThatChangesMeanwhileEndsTheTrace) {
-  Write(WrittenTrace().Opening().End().Text());
+/// A trace of more than what is read of a file at once.
+std::string LongTrace(const TraceHead& head) {
+  WrittenTrace trace(head);
+  trace.Opening();
+  for (int i = 0; i < 2000; ++i) trace.Poll();
+  return trace.Text();
+}
+
+TEST_F(TraceReaderTest, AFileThatIsCutMeanwhileEndsTheTrace) {
+  const std::string whole = LongTrace(PartHead(1));
+  for (const bool inALine : {true, false}) {
+    Write(whole);
+    ASSERT_EQ(reader.Open(path), std::nullopt);
+    std::filesystem::resize_file(
+        path, inALine ? whole.size() - 10 : whole.rfind('\n', whole.size() - 2) + 1);
+    EXPECT_LT(All().size(), 4009U);
+    EXPECT_THAT(reader.Fault(),
+                HasSubstr(inALine ? "cut off in the middle of this line"
+                                  : ": it has changed since it was looked through"));
+  }
+}
+
+TEST_F(TraceReaderTest, APartThatIsAnotherMeanwhileEndsTheTrace) {
+  Write(WrittenTrace(PartHead(1)).Opening().Text(), ".1");
+  Write(WrittenTrace(PartHead(2)).Later().Poll().End().Text());
   ASSERT_EQ(reader.Open(path), std::nullopt);
-  ASSERT_TRUE(reader.Fault().empty());
-  WrittenTrace bigger;
-  for (int i = 0; i < 2000; ++i) bigger.Poll();
-  Write(bigger.Text());
+  Write(WrittenTrace(PartHead(3)).Later().Poll().End().Text());
+  EXPECT_EQ(All().size(), 9U);
+  EXPECT_EQ(reader.Fault(), path + ": it has changed since it was looked through");
+}
+
+TEST_F(TraceReaderTest, WhatIsWrittenMeanwhileIsNotPlayed) {
+  WrittenTrace trace;
+  Write(trace.Opening().Text());
   ASSERT_EQ(reader.Open(path), std::nullopt);
-  std::filesystem::resize_file(path, bigger.Text().size() - 10);
-  EXPECT_LT(All().size(), 4000U);
-  EXPECT_THAT(reader.Fault(), HasSubstr("cut off in the middle of this line"));
+  Write(trace.Poll().Text());
+  EXPECT_EQ(All().size(), 9U);
+  EXPECT_EQ(reader.Fault(), "");
+  EXPECT_EQ(reader.Played(), reader.Lines());
 }
 
 }  // namespace

@@ -73,6 +73,13 @@ class WrittenTrace {
   WrittenTrace& End() { return Line(std::string(kTraceEnd)); }
 
   [[nodiscard]] const std::string& Text() const { return text_; }
+  /// A line that takes no time.
+  [[nodiscard]] static std::string FlushText() {
+    TraceLine flush;
+    flush.What = Operation::kFlushBuffers;
+    flush.Numbers = {7, 1, 1};
+    return TextOf(flush, "");
+  }
 
   microseconds At{0};
 
