@@ -5,6 +5,7 @@
 
 #include "bridges/trace_question.h"
 #include "wire/replies.h"
+#include "wire/service_commands.h"
 
 namespace morvane::bridges {
 namespace {
@@ -14,6 +15,12 @@ using Ending = simulator::FrameLog::Ending;
 /// Polls of a busy machine follow each other at once. A program that has so many of them answered
 /// does not come to what the trace has next.
 constexpr int kMostBusyPolls = 20000;
+
+/// So many are five seconds of a run that nobody starts, or one of a console.
+constexpr int kPollsOfAWhile = 50;
+
+/// Minutes of a console. More would keep the program waiting.
+constexpr int kMostAhead = 50000;
 
 constexpr std::string_view kDiffers = "The program does something else than the trace has.";
 
@@ -37,6 +44,12 @@ std::string EndText(const TraceReader& trace) {
 
 }  // namespace
 
+std::string Playback::Waiting() const {
+  const TraceLine* const next = trace_.Next();
+  if (againPolls_ < kPollsOfAWhile || next == nullptr || !trouble_.empty()) return "";
+  return "The trace waits for " + QuestionName(*next) + ".";
+}
+
 std::string Playback::LeftOver() const {
   if (trace_.Played() >= trace_.Needed()) return "";
   return std::to_string(trace_.Played()) + " of " + std::to_string(trace_.Lines()) +
@@ -53,6 +66,10 @@ std::optional<TraceLine> Playback::Answer(TraceLine asked) {
   if (IsNext(asked)) return Take();
   if (isFlush) return asked;
   if (IsNextPoll(asked)) return Take();
+  if (ComesAmongPolls(asked)) {
+    PassPolls(asked);
+    return Take();
+  }
   if (auto answer = AnswerAgain(asked)) return answer;
   PassPolls(asked);
   if (IsNext(asked)) return Take();
@@ -78,7 +95,8 @@ bool Playback::IsNextPoll(const TraceLine& asked) const {
 TraceLine Playback::Take() {
   TraceLine line = *trace_.Next();
   trace_.Advance();
-  busyPolls_ = 0;
+  againPolls_ = busyPolls_ = 0;
+  notAhead_.clear();
   if (AsksForDevices(line.What)) advice_.clear();
   TakeAdvice();
   Follow(line);
@@ -131,12 +149,39 @@ void Playback::NoteReply(TracedExchange::Reply reply) {
 
 // Polls more or fewer than the trace has.
 
+/// The other polls of a console are all the same whatever is switched: only those of the outputs
+/// tell where it stands.
+bool Playback::ComesAmongPolls(const TraceLine& asked) {
+  const auto command = CommandIn(asked);
+  if (!command || wire::CodeOf(*command) != wire::CmdOutputs || !IsPoll(*command)) return false;
+  const auto isAsked = [&](const TraceLine& each) { return SameQuestion(each, asked); };
+  if (!PollIsNext() || std::any_of(notAhead_.begin(), notAhead_.end(), isAsked)) return false;
+  if (LooksAheadFor(asked)) return true;
+  notAhead_.push_back(asked);
+  return false;
+}
+
+bool Playback::LooksAheadFor(const TraceLine& asked) {
+  bool found = false;
+  int lines = 0;
+  trace_.LookAhead([&](const TraceLine& line) {
+    if (line.What == Operation::kRead || line.What == Operation::kFlushBuffers) {
+      return ++lines < kMostAhead;
+    }
+    found = SameQuestion(line, asked);
+    const auto command = CommandIn(line);
+    return !found && command && IsPoll(*command) && ++lines < kMostAhead;
+  });
+  return found;
+}
+
 std::optional<TraceLine> Playback::AnswerAgain(const TraceLine& asked) {
   const auto command = CommandIn(asked);
   const auto* const answer = command && trace_.Next() ? polls_.AnswerTo(*command) : nullptr;
   if (answer == nullptr) return std::nullopt;
   if (IsBusy(answer->Reply) && ++busyPolls_ > kMostBusyPolls) return std::nullopt;
   frames_.Note(*command, answer->Reply, Ending::kAnswered);
+  ++againPolls_;
   again_ = true;
   rest_.assign(answer->Lines.rbegin(), answer->Lines.rend() - 1);
   return answer->Lines.front();

@@ -17,9 +17,10 @@ namespace morvane::bridges {
 /// What hangs on a person is no difference. A poll in the place of something else is answered as it
 /// was the last time, without moving on; where the trace has polls and the program asks for what
 /// stands behind them, they are passed over; which presses and boards a poll acknowledges does not
-/// count. A flush tells the machine nothing: one that the trace
-/// lacks succeeds, one that the program leaves out is passed over. All else has to be the same, in
-/// the same order; an opening that fails is tried again as often as the trace has it.
+/// count. Where a technician has switched other outputs, the trace is passed over to where they
+/// were switched so, as far as there are but polls. A flush tells the machine nothing: one that the
+/// trace lacks succeeds, one that the program leaves out is passed over. All else has to be the
+/// same, in the same order; an opening that fails is tried again as often as the trace has it.
 class Playback {
  public:
   explicit Playback(TraceReader trace) : trace_(std::move(trace)) { TakeAdvice(); }
@@ -33,6 +34,9 @@ class Playback {
   /// What the bridge of the trace had to say; once there is trouble, where it is and of what kind.
   /// The frames are left out: in a trace of this run, that leaves out hands, they have no place.
   [[nodiscard]] const std::string& Advice() const { return advice_; }
+  /// "The trace waits for CmdDeal begin.": the program has only polled for a while, and the trace
+  /// has something else; empty otherwise.
+  [[nodiscard]] std::string Waiting() const;
   /// "300 of 800 operations were played."; empty when all of the run has been, though the program
   /// may have polled less at its end.
   [[nodiscard]] std::string LeftOver() const;
@@ -46,6 +50,8 @@ class Playback {
   void TakeAdvice();
   void Follow(const TraceLine& line);
   void NoteReply(TracedExchange::Reply reply);
+  [[nodiscard]] bool ComesAmongPolls(const TraceLine& asked);
+  [[nodiscard]] bool LooksAheadFor(const TraceLine& asked);
   [[nodiscard]] std::optional<TraceLine> AnswerAgain(const TraceLine& asked);
   [[nodiscard]] TraceLine ReadAgain(const TraceLine& asked);
   void PassFlushes();
@@ -60,10 +66,13 @@ class Playback {
   PollMemory polls_;
   simulator::FrameLog frames_;
 
+  std::vector<TraceLine> notAhead_;  ///< polls that have been looked for from here on
+
   // A poll that is answered as the last time.
   bool again_ = false;
   std::vector<TraceLine> rest_;  ///< of its lines, the next one at the end
-  int busyPolls_ = 0;            ///< answered so, one after the other, by a machine that is busy
+  int againPolls_ = 0;           ///< answered so, one after the other
+  int busyPolls_ = 0;            ///< those of them by a machine that is busy
 };
 
 }  // namespace morvane::bridges

@@ -1,6 +1,7 @@
 #include "bridges/trace_part.h"
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
 
 #include "platform/files.h"
@@ -35,6 +36,15 @@ std::optional<std::string> TracePart::Open() {
   if (!file_) return path_ + ": it cannot be read";
   if (TakeHead() == Got::kFault) return fault_;
   return std::nullopt;
+}
+
+std::unique_ptr<TracePart> TracePart::Fork() {
+  auto fork = std::make_unique<TracePart>(path_);
+  fork->file_.open(PathOfUtf8(path_), std::ios::binary);
+  fork->file_.seekg(file_.tellg());
+  fork->number_ = number_;
+  fork->at_ = at_;
+  return fork;
 }
 
 TracePart::Got TracePart::Wrong(const std::string& what) {

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@ class TracePart {
   [[nodiscard]] const std::string& Fault() const { return fault_; }
   /// Whoever wrote it has ended it; known behind the last operation.
   [[nodiscard]] bool Ended() const { return ended_; }
+  /// Reads on from the same place, behind an operation, and leaves this one where it is.
+  [[nodiscard]] std::unique_ptr<TracePart> Fork();
   /// When the last operation was over.
   [[nodiscard]] std::chrono::microseconds At() const { return at_; }
   /// "run.trace, line 57", of the operation that came last.

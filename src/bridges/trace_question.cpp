@@ -77,6 +77,11 @@ void LeaveOutHands(TraceLine& line) {
   line.Bytes.assign(image.begin(), image.end());
 }
 
+std::string QuestionName(const TraceLine& line) {
+  const auto command = CommandIn(line);
+  return command ? wire::CommandText(*command) : std::string(NameOf(line.What));
+}
+
 std::string QuestionText(const TraceLine& line) {
   if (line.What == Operation::kWrite) return SentText(line);
   std::string text(NameOf(line.What));

@@ -20,6 +20,8 @@ namespace morvane::bridges {
 /// Takes the hands out of what a `kWrite` sends, as they are in a trace without them.
 void LeaveOutHands(TraceLine& line);
 
+/// "SetTimeouts", "CmdDeal begin".
+[[nodiscard]] std::string QuestionName(const TraceLine& line);
 /// "SetTimeouts 200 200", "CmdDeal begin: 98 00 ..." with the plain bytes of the frame.
 [[nodiscard]] std::string QuestionText(const TraceLine& line);
 

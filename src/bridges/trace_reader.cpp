@@ -156,6 +156,13 @@ void TraceReader::Advance() {
   ReadNext();
 }
 
+void TraceReader::LookAhead(const std::function<bool(const TraceLine&)>& look) {
+  const auto ahead = part_->Fork();
+  TraceLine line;
+  while (ahead->Next(line) == TracePart::Got::kLine && look(line)) {
+  }
+}
+
 void TraceReader::ReadNext() {
   next_.reset();
   if (taken_ == last_) return;  // what has been written since is another matter

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -34,6 +35,9 @@ class TraceReader {
   /// The operation that is played next; null behind the last one.
   [[nodiscard]] const TraceLine* Next() const { return next_ ? &*next_ : nullptr; }
   void Advance();
+  /// Shows `look` what stands behind the next one, until it has seen enough (false) and to the end
+  /// of the part.
+  void LookAhead(const std::function<bool(const TraceLine&)>& look);
   /// "run.trace, line 57": where the next one stands; behind the last one, where that stands.
   [[nodiscard]] std::string Place() const { return part_->Place(); }
   /// Not ended by whoever wrote it, who was killed or had no room.

@@ -56,6 +56,7 @@ class LinkSession final : public machine::RunView {
     Errors.push_back(dialog.Error_label + "|" + dialog.Error_code);
     dialog.Open([] {});
     const auto answer = Desk.Loop.StartTimer(ThinkingMs, [&] {
+      if (InsteadOfTheButton) return InsteadOfTheButton();
       dialog.Continue_button.Visible ? dialog.PressContinue() : dialog.PressCancel2();
     });
     Desk.Loop.RunUntil([&] { return dialog.Closed(); });
@@ -64,6 +65,7 @@ class LinkSession final : public machine::RunView {
   test::TestDesk Desk;
   std::vector<std::string> Errors;
   int ThinkingMs = 250;
+  std::function<void()> InsteadOfTheButton;  ///< that answers a fault
 
  private:
   machine::MachineKind kind_;

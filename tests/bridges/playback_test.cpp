@@ -177,6 +177,58 @@ TEST_F(PlaybackTest, ThePollsOfTheConsoleMayComeMoreOrLessOftenToo) {
   EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
 }
 
+/// A console polls: `outputs` are switched, and what the photo sensor says tells when.
+WrittenTrace& Round(WrittenTrace& trace, std::uint8_t outputs, std::uint8_t photo) {
+  trace.Exchange(Short({0x17, outputs, 0}), Short({0x17, photo}));
+  return trace.Exchange(Short({0x1B, 0, 0}), Short({0x1B, 0, photo}));
+}
+
+class PlayedConsole : public PlaybackTest {
+ protected:
+  /// Three rounds with other outputs in the middle one.
+  PlayedConsole() {
+    WrittenTrace trace;
+    Round(trace, 0x31, 1);
+    Round(trace, 0x33, 2);
+    Round(trace, 0x31, 3);
+    Play(trace.Exchange(kAskVersion, kVersion290).End());
+  }
+  /// What the photo sensor says to who switches `outputs`.
+  [[nodiscard]] int Photo(std::uint8_t outputs) {
+    const auto reply = machine->Exchange(wire::OutputsCommand{outputs, false});
+    const bool alsoMotors = machine->Exchange(wire::kMotors1And2).has_value();
+    return reply && alsoMotors ? reply->Photo[1] : -1;
+  }
+};
+
+TEST_F(PlayedConsole, WhoSwitchesBackSoonerCatchesUp) {
+  EXPECT_EQ(Photo(0x31), 1);
+  EXPECT_EQ(Photo(0x31), 3) << "the round between is passed over";
+  EXPECT_EQ(Played(), 12U);
+  EXPECT_EQ(Photo(0x31), 3);
+  EXPECT_EQ(Trouble(), "");
+}
+
+TEST_F(PlayedConsole, WhoSwitchesLaterIsWaitedFor) {
+  EXPECT_EQ(Photo(0x31), 1);
+  EXPECT_EQ(Photo(0x33), 2);
+  for (int round = 0; round < 5; ++round) EXPECT_EQ(Photo(0x33), 2);
+  EXPECT_EQ(Played(), 8U);
+  EXPECT_EQ(Photo(0x31), 3);
+  EXPECT_EQ(Played(), 12U);
+}
+
+TEST_F(PlayedConsole, WhoOnlyPollsForAWhileIsToldWhatTheTraceWaitsFor) {
+  EXPECT_EQ(Photo(0x31), 1);
+  EXPECT_EQ(Photo(0x31), 3);
+  for (int round = 1; round < 25; ++round) EXPECT_EQ(Photo(0x31), 3);
+  EXPECT_EQ(bridge->Play().Waiting(), "") << "48 polls";
+  EXPECT_EQ(Photo(0x31), 3);
+  EXPECT_EQ(bridge->Play().Waiting(), "The trace waits for CmdVersion.");
+  EXPECT_TRUE(machine->Exchange(wire::VersionCommand{}));
+  EXPECT_EQ(bridge->Play().Waiting(), "");
+}
+
 TEST_F(PlaybackTest, ACardThatIsFedIsNoPoll) {
   const test::Bytes photos = Short({0x17, 1, 2, 3, 4, 5, 6});
   Play(WrittenTrace()

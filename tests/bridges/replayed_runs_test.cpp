@@ -1,69 +1,12 @@
-#include "bridges/link_session.h"
-#include "machine/dealing_run.h"
-#include "machine/reading_run.h"
-#include "machine/sorting_run.h"
+#include "bridges/replayed_runs.h"
 
 namespace morvane::bridges {
 namespace {
 
-using machine::MachineRun;
 using simulator::LinkFault;
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-class ReplayedRuns : public LinkSessions {
- protected:
-  int boards = 2;
-  int pauseMs = 430;    ///< from board to board
-  int hand = kNorth;    ///< of the first card of board 1
-  bool presses = true;  ///< the operator presses the button, not the pedal
-
-  void Deal(LinkSession& at) {
-    test::FillSet(at.Desk.Prog.Set, 1, boards);
-    at.Desk.Prog.Set.At(1) = test::RoundBoard(1, hand);
-    if (!at.Open()) return;
-    machine::RunMemory memory;
-    machine::DealingRun run(at.Desk.Prog, at.TheMachine(), memory);
-    Do(at, run, [&](int board) { board == 1 ? run.cmdDeal() : run.Deal_next(); });
-  }
-  void Read(LinkSession& at) {
-    for (int n = 1; n <= boards; ++n) at.Desk.Prog.Set.At(n) = NumberedBoard(n);
-    at.Desk.Prog.Set.FirstBoard = 1;
-    at.Desk.Prog.Set.LastBoard = static_cast<std::int16_t>(boards);
-    if (!at.Open()) return;
-    machine::RunMemory memory;
-    machine::ReadingRun run(at.Desk.Prog, at.TheMachine(), memory, [] {});
-    Do(at, run, [&](int board) { board == 1 ? run.cmdDeal() : run.Deal_next(); });
-  }
-  void Sort(LinkSession& at) {
-    if (!at.Open()) return;
-    machine::RunMemory memory;
-    machine::SortingRun run(at.Desk.Prog, at.TheMachine(), memory);
-    Do(at, run, [&](int) { run.cmdSort(); });
-  }
-
-  void ExpectALogOf(const std::string& words) {
-    EXPECT_THAT(first.LogLines(), Contains(HasSubstr(words)));
-  }
-
- private:
-  void Do(LinkSession& at, MachineRun& run, const std::function<void(int)>& press) {
-    run.Open(at);
-    at.Desk.Loop.WaitMs(MachineRun::kFirstContactMs);
-    for (int board = 1; board <= boards && !run.Closed(); ++board) {
-      at.Desk.Loop.WaitMs(pauseMs);
-      if (run.Closed()) return;
-      if (presses) {
-        press(board);
-      } else {
-        if (simulated != nullptr) simulated->PressPedal();
-        at.Desk.Loop.WaitMs(2 * MachineRun::kPollMs);
-      }
-    }
-    if (!run.Closed()) run.Exit();
-  }
-};
 
 TEST_F(ReplayedRuns, BoardsThatWereDealtWithFaultsOnABadLine) {
   const Script deal = [this](LinkSession& at) { Deal(at); };
@@ -121,7 +64,7 @@ TEST_F(ReplayedRuns, APileThatWasSorted) {
 }
 
 TEST_F(ReplayedRuns, ThePedalPressesItself) {
-  presses = false;
+  starts = Start::kPedal;
   const Script deal = [this](LinkSession& at) { Deal(at); };
   Trace(",speed=0,seed=5", deal);
   ExpectALogOf("  002 : 1,0 0,0,0,0 OK");

@@ -1,0 +1,79 @@
+#include "bridges/replayed_runs.h"
+
+namespace morvane::bridges {
+namespace {
+
+/// A trace of two boards, the first with a fault, whose runs are begun otherwise now. There is time
+/// enough for ten polls before each, so that a board in the slot begins one.
+class ReplayedStarts : public ReplayedRuns {
+ protected:
+  ReplayedStarts() { pauseMs = first.ThinkingMs = 1500; }
+
+  const Script deal = [this](LinkSession& at) { Deal(at); };
+
+  void TraceStartsWith(Start how) {
+    starts = how;
+    Trace(",speed=0,seed=5,fault=1:20:25", deal);
+    ExpectALogOf("  001 : 1,0 0,0,0,0 25 OK");
+    ExpectALogOf("  002 : 1,0 0,0,0,0 OK");
+  }
+  /// The buttons are pressed before what began the run then.
+  void ExpectTheSameOfTheButton() {
+    starts = Start::kButton;
+    pauseMs = second.ThinkingMs = 250;
+    ASSERT_EQ(Replay(deal), "");
+    ExpectTheSame();
+  }
+};
+
+TEST_F(ReplayedStarts, AButtonForThePedal) {
+  TraceStartsWith(Start::kPedal);
+  ExpectTheSameOfTheButton();
+}
+
+TEST_F(ReplayedStarts, AButtonForABoard) {
+  TraceStartsWith(Start::kBoard);
+  ExpectTheSameOfTheButton();
+}
+
+TEST_F(ReplayedStarts, ABoardThatStartedARunDoesSoAgain) {
+  TraceStartsWith(Start::kBoard);
+  ASSERT_EQ(Replay(deal), "");
+  ExpectTheSame();
+}
+
+TEST_F(ReplayedStarts, AButtonForThePedalInTheBoxOfAFault) {
+  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  TraceStartsWith(Start::kPedal);
+  ExpectTheSameOfTheButton();
+}
+
+TEST_F(ReplayedStarts, ThePedalInTheBoxOfAFaultClosesItAgain) {
+  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  TraceStartsWith(Start::kPedal);
+  second.InsteadOfTheButton = [] {};
+  ASSERT_EQ(Replay(deal), "");
+  ExpectTheSame();
+}
+
+TEST_F(ReplayedStarts, AnAnswerThatTakesNoTimeForThePedalInTheBox) {
+  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  TraceStartsWith(Start::kPedal);
+  starts = Start::kButton;
+  pauseMs = second.ThinkingMs = 0;
+  ASSERT_EQ(Replay(deal), "");
+  ExpectTheSame();
+}
+
+TEST_F(ReplayedStarts, PressesThatWereForgottenAreAcknowledgedWhereTheTraceHasNone) {
+  TraceStartsWith(Start::kButton);
+  const Script forgetful = [this](LinkSession& at) {
+    const auto forgets = at.Desk.Loop.StartTimer(pauseMs, [&] { at.TheMachine().ForgetStarts(); });
+    Deal(at);
+  };
+  ASSERT_EQ(Replay(forgetful), "");
+  ExpectTheSame();
+}
+
+}  // namespace
+}  // namespace morvane::bridges
