@@ -2,17 +2,12 @@
 
 #include <algorithm>
 
+#include "platform/machine_serial.h"
+
 namespace morvane::machine {
 namespace {
 
 constexpr std::uint32_t kRecommendedDriver = 0x30001;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-/// The machine's serial string: four digits, any fifth character, and the end.
-bool IsMachine(const UsbXpress::ProductString& text) {
-  return std::all_of(text.begin(), text.begin() + 4, IsDigit) && text[5] == '\0';
-}
 
 std::string TextOf(const UsbXpress::ProductString& text) {
   return {text.begin(), std::find(text.begin(), text.end() - 1, '\0')};
@@ -82,7 +77,7 @@ class OpenAttempt {
       Status = link_.Usb.GetProductString(index, text, UsbXpress::kSerialString);
       link_.UsbProductString = TextOf(text);
       if (index == 0) first = link_.UsbProductString;
-      if (IsMachine(text)) return index;
+      if (IsMachineSerial(text)) return index;
     }
     link_.UsbProductString = first;
     return 0;
