@@ -20,7 +20,7 @@
 #include "bridges/usb_direct.h"
 #include "bridges/usb_xpress_library.h"
 #include "simulator/simulated_machine.h"
-#include "support/emulated_usb.h"
+#include "support/emulated_bus.h"
 #include "support/usb_library_double/loaded_double.h"
 #include "support/usb_preload.h"
 

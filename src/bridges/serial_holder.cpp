@@ -2,10 +2,13 @@
 
 #include <dirent.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <fstream>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace morvane::bridges {
@@ -27,30 +30,47 @@ bool IsNumber(std::string_view name) {
   return std::ranges::all_of(name, [](char c) { return c >= '0' && c <= '9'; });
 }
 
-bool SameFile(const struct stat& one, const std::string& path) {
+/// A device may have several nodes, and a node made anew is another file.
+bool SameDevice(const struct stat& one, const std::string& path) {
   struct stat other {};
-  return stat(path.c_str(), &other) == 0 && one.st_dev == other.st_dev &&
-         one.st_ino == other.st_ino;
+  if (stat(path.c_str(), &other) != 0) return false;
+  if (S_ISCHR(one.st_mode) && S_ISCHR(other.st_mode)) return one.st_rdev == other.st_rdev;
+  return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-bool IsOpenSomewhere(const std::string& device) {
-  struct stat file {};
-  if (stat(device.c_str(), &file) != 0) return false;
-  for (const std::string& process : NamesIn("/proc")) {
-    if (!IsNumber(process)) continue;
-    const std::string folder = "/proc/" + process + "/fd";
-    const auto holds = [&](const std::string& fd) { return SameFile(file, folder + "/" + fd); };
-    if (std::ranges::any_of(NamesIn(folder), holds)) return true;
-  }
-  return false;
+bool Holds(const std::string& process, const struct stat& device) {
+  const std::string folder = "/proc/" + process + "/fd";
+  return std::ranges::any_of(NamesIn(folder), [&](const std::string& file) {
+    return SameDevice(device, folder + "/" + file);
+  });
+}
+
+/// Empty when it has ended.
+std::string NameOf(const std::string& process) {
+  std::ifstream file("/proc/" + process + "/comm");
+  std::string name;
+  std::getline(file, name);
+  return name;
 }
 
 }  // namespace
 
-std::optional<std::string> SerialDeviceInUse(const std::string& place) {
+std::optional<std::string> ProgramHolding(const std::string& device) {
+  struct stat file {};
+  if (stat(device.c_str(), &file) != 0) return std::nullopt;
+  const std::string own = std::to_string(getpid());
+  for (const std::string& process : NamesIn("/proc")) {
+    if (!IsNumber(process) || process == own || !Holds(process, file)) continue;
+    if (std::string name = NameOf(process); !name.empty()) return name;
+  }
+  return std::nullopt;
+}
+
+std::optional<SerialUse> SerialUseAt(const std::string& place) {
   for (const std::string& name : NamesIn("/sys/bus/usb/devices/" + place + ":1.0")) {
     if (!name.starts_with("ttyUSB")) continue;
-    if (std::string device = "/dev/" + name; IsOpenSomewhere(device)) return device;
+    const std::string device = "/dev/" + name;
+    if (auto program = ProgramHolding(device)) return SerialUse{device, *std::move(program)};
   }
   return std::nullopt;
 }

@@ -5,11 +5,17 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 #include "bridges/bridge_chip.h"
 
 namespace morvane::bridges {
 namespace {
+
+constexpr unsigned kStringMs = 300;
+constexpr int kStringHead = 2;
+/// The language that the chip's strings are in, and those of nearly every device.
+constexpr std::uint16_t kEnglish = 0x0409;
 
 using Context = std::shared_ptr<libusb_context>;
 
@@ -38,35 +44,62 @@ bool HasNumbers(const libusb_device_descriptor& device, const UsbWhich& which) {
   return std::ranges::find(chip::kProducts, device.idProduct) != chip::kProducts.end();
 }
 
-std::string PlaceOf(libusb_device* device) {
+std::vector<std::uint8_t> SocketsOf(libusb_device* device) {
   std::array<std::uint8_t, 8> sockets{};
   const int count =
       libusb_get_port_numbers(device, sockets.data(), static_cast<int>(sockets.size()));
-  std::string place = std::to_string(libusb_get_bus_number(device));
-  for (int i = 0; i < count; ++i) {
-    place += (i == 0 ? "-" : ".") + std::to_string(sockets[static_cast<std::size_t>(i)]);
+  std::vector<std::uint8_t> all{libusb_get_bus_number(device)};
+  all.insert(all.end(), sockets.begin(), sockets.begin() + std::max(count, 0));
+  return all;
+}
+
+std::string PlaceOf(std::span<const std::uint8_t> sockets) {
+  std::string place = std::to_string(sockets.front());
+  char separator = '-';
+  for (const std::uint8_t socket : sockets.subspan(1)) {
+    place += std::exchange(separator, '.') + std::to_string(socket);
   }
   return place;
 }
 
-std::string SerialOf(libusb_device_handle* handle, std::uint8_t number) {
-  std::array<unsigned char, 256> text{};
-  const int size = number == 0 ? 0
-                               : libusb_get_string_descriptor_ascii(handle, number, text.data(),
-                                                                    static_cast<int>(text.size()));
-  return {text.begin(), text.begin() + std::max(size, 0)};
+/// Of a string descriptor: the part behind its head, in UTF-16.
+std::string NarrowText(std::span<const unsigned char> wide) {
+  std::string text;
+  for (; wide.size() >= 2; wide = wide.subspan(2)) {
+    text += wide[1] == 0 && wide[0] < 0x80 ? static_cast<char>(wide[0]) : '?';
+  }
+  return text;
+}
+
+/// One request: a device that does not answer must not hold up the search.
+UsbFault ReadString(libusb_device_handle* handle, std::uint8_t number, std::string& text) {
+  std::array<unsigned char, 255> string{};
+  const auto which = static_cast<std::uint16_t>(LIBUSB_DT_STRING << 8 | number);
+  const int size =
+      libusb_control_transfer(handle, LIBUSB_ENDPOINT_IN, LIBUSB_REQUEST_GET_DESCRIPTOR, which,
+                              kEnglish, string.data(), string.size(), kStringMs);
+  if (size < 0) return FaultOf(size);
+  if (size < kStringHead || string[1] != LIBUSB_DT_STRING) return UsbFault::kOther;
+  const auto end = static_cast<std::size_t>(std::clamp(int{string[0]}, kStringHead, size));
+  text = NarrowText(std::span(string).first(end).subspan(kStringHead));
+  return UsbFault::kNone;
 }
 
 /// Opens the device for a moment: a program that has it does not stand in the way of that.
-UsbFound Ask(std::shared_ptr<libusb_device> device, const libusb_device_descriptor& descriptor) {
-  UsbFound found{.Device = std::move(device), .Place = "", .Serial = ""};
-  found.Place = PlaceOf(found.Device.get());
+UsbFault ReadSerial(libusb_device* device, std::uint8_t number, std::string& text) {
   libusb_device_handle* handle = nullptr;
-  const int opened = libusb_open(found.Device.get(), &handle);
-  found.NoRights = FaultOf(opened) == UsbFault::kNoRights;
-  if (opened != LIBUSB_SUCCESS) return found;
-  found.Serial = SerialOf(handle, descriptor.iSerialNumber);
+  const UsbFault opened = FaultOf(libusb_open(device, &handle));
+  if (opened != UsbFault::kNone) return opened;
+  const UsbFault fault = number == 0 ? UsbFault::kNone : ReadString(handle, number, text);
   libusb_close(handle);
+  return fault;
+}
+
+UsbFound Ask(std::shared_ptr<libusb_device> device, const libusb_device_descriptor& descriptor) {
+  UsbFound found{.Device = std::move(device), .Sockets = {}};
+  found.Sockets = SocketsOf(found.Device.get());
+  found.Place = PlaceOf(found.Sockets);
+  found.Fault = ReadSerial(found.Device.get(), descriptor.iSerialNumber, found.Serial);
   return found;
 }
 
@@ -86,6 +119,9 @@ UsbFault FaultOf(int status) {
       return UsbFault::kNoRights;
     case LIBUSB_ERROR_BUSY:
       return UsbFault::kHeld;
+    case LIBUSB_ERROR_IO:
+    case LIBUSB_ERROR_OVERFLOW:
+      return UsbFault::kDisturbed;
     default:
       return UsbFault::kOther;
   }
@@ -102,7 +138,8 @@ std::optional<std::vector<UsbFound>> FindUsb(const UsbWhich& which) {
     libusb_get_device_descriptor(device.get(), &descriptor);
     if (HasNumbers(descriptor, which)) all.push_back(Ask(std::move(device), descriptor));
   }
-  std::ranges::sort(all, {}, &UsbFound::Place);
+  std::erase_if(all, [](const UsbFound& found) { return found.Fault == UsbFault::kGone; });
+  std::ranges::sort(all, {}, &UsbFound::Sockets);
   return all;
 }
 

@@ -21,10 +21,11 @@ struct UsbWhich {
 enum class UsbFault : std::uint8_t {
   kNone,
   kTimedOut,
-  kStalled,   ///< the device does not know the request, or its endpoint has stopped
-  kGone,      ///< unplugged
-  kNoRights,  ///< the system refuses it to this user
-  kHeld,      ///< another program has it
+  kStalled,    ///< the device does not know the request, or its endpoint has stopped
+  kGone,       ///< unplugged
+  kNoRights,   ///< the system refuses it to this user
+  kHeld,       ///< another program has it
+  kDisturbed,  ///< on its way; the next may get through
   kOther,
 };
 
@@ -34,16 +35,17 @@ enum class UsbFault : std::uint8_t {
 /// A device at the bus. It can be opened as long as this lives, wherever the next search has got.
 struct UsbFound {
   std::shared_ptr<libusb_device> Device;
-  std::string Place;   ///< "1-2.3": its bus and sockets, as the system names them
-  std::string Serial;  ///< empty when it has none, or may not be asked
-  bool NoRights = false;
+  std::vector<std::uint8_t> Sockets;  ///< behind the number of its bus, one a hub
+  std::string Place = "";             ///< "1-2.3": the same, as the system names it
+  std::string Serial = "";            ///< empty when it has none, or did not tell it
+  UsbFault Fault = UsbFault::kNone;   ///< why it did not
 };
 
 /// Whether libusb can be started at all.
 [[nodiscard]] bool UsbStarts();
 
 /// The devices with the numbers of `which`, whatever their serial string, in the order of their
-/// places. Nothing when libusb can't be started.
+/// sockets. Nothing when libusb can't be started.
 [[nodiscard]] std::optional<std::vector<UsbFound>> FindUsb(const UsbWhich& which);
 
 }  // namespace morvane::bridges

@@ -2,6 +2,7 @@
 
 #include <libusb.h>
 
+#include <algorithm>
 #include <array>
 
 namespace morvane::bridges {
@@ -18,6 +19,11 @@ bool IsIn(const libusb_endpoint_descriptor& endpoint) {
   return (endpoint.bEndpointAddress & LIBUSB_ENDPOINT_DIR_MASK) == LIBUSB_ENDPOINT_IN;
 }
 
+/// The bits above say how often a faster bus asks.
+std::size_t PacketSizeOf(const libusb_endpoint_descriptor& endpoint) {
+  return endpoint.wMaxPacketSize & 0x7FFU;
+}
+
 std::span<const libusb_endpoint_descriptor> EndpointsOf(const libusb_config_descriptor& config) {
   if (config.bNumInterfaces <= chip::kInterface) return {};
   const libusb_interface& interface = config.interface[chip::kInterface];
@@ -32,7 +38,8 @@ std::unique_ptr<UsbConnection> UsbConnection::Make(const UsbFound& device, UsbFa
   fault = FaultOf(libusb_open(device.Device.get(), &handle));
   if (fault != UsbFault::kNone) return nullptr;
   std::unique_ptr<UsbConnection> made(new UsbConnection(device.Device, handle));
-  fault = made->FindEndpoints() ? made->Claim() : UsbFault::kOther;
+  fault = made->FindEndpoints();
+  if (fault == UsbFault::kNone) fault = made->Claim();
   return fault == UsbFault::kNone ? std::move(made) : nullptr;
 }
 
@@ -41,21 +48,24 @@ UsbConnection::~UsbConnection() {
   libusb_close(handle_);
 }
 
-bool UsbConnection::FindEndpoints() {
+UsbFault UsbConnection::FindEndpoints() {
   libusb_config_descriptor* config = nullptr;
-  if (libusb_get_active_config_descriptor(device_.get(), &config) != LIBUSB_SUCCESS) return false;
+  const int status = libusb_get_active_config_descriptor(device_.get(), &config);
+  if (status != LIBUSB_SUCCESS) return FaultOf(status);
   for (const auto& endpoint : EndpointsOf(*config)) {
     if (!IsBulk(endpoint)) continue;
     (IsIn(endpoint) ? in_ : out_) = endpoint.bEndpointAddress;
-    if (IsIn(endpoint)) packetSize_ = endpoint.wMaxPacketSize;
+    if (IsIn(endpoint)) packetSize_ = PacketSizeOf(endpoint);
   }
   libusb_free_config_descriptor(config);
-  return in_ != 0 && out_ != 0;
+  const bool fits = packetSize_ > 0 && packetSize_ <= kLongestPacket;
+  return in_ != 0 && out_ != 0 && fits ? UsbFault::kNone : UsbFault::kOther;
 }
 
 UsbFault UsbConnection::Claim() {
   const bool driven = libusb_kernel_driver_active(handle_, chip::kInterface) == 1;
-  libusb_set_auto_detach_kernel_driver(handle_, 1);
+  // Told to, libusb gives the device to the system's driver behind us, also where that had none.
+  libusb_set_auto_detach_kernel_driver(handle_, driven ? 1 : 0);
   const int status = libusb_claim_interface(handle_, chip::kInterface);
   claimed_ = status == LIBUSB_SUCCESS;
   // Releasing gives it back, but there is nothing to release.
@@ -87,7 +97,7 @@ UsbConnection::Moved UsbConnection::Move(std::uint8_t endpoint, std::uint8_t* by
 }
 
 UsbConnection::Moved UsbConnection::In(std::span<std::uint8_t> bytes, unsigned ms) {
-  return Move(in_, bytes.data(), packetSize_, ms);
+  return Move(in_, bytes.data(), std::min(packetSize_, bytes.size()), ms);
 }
 
 UsbConnection::Moved UsbConnection::Out(std::span<const std::uint8_t> bytes, unsigned ms) {

@@ -16,6 +16,9 @@ namespace morvane::bridges {
 /// as this lives and given its device back behind that.
 class UsbConnection {
  public:
+  /// Of a packet that can come: 64 bytes at full speed, of a faster chip 512.
+  static constexpr std::size_t kLongestPacket = 512;
+
   /// Null, and `fault` says why.
   [[nodiscard]] static std::unique_ptr<UsbConnection> Make(const UsbFound& device, UsbFault& fault);
   ~UsbConnection();
@@ -30,19 +33,17 @@ class UsbConnection {
     UsbFault Fault = UsbFault::kNone;
     std::size_t Count = 0;  ///< also with a fault
   };
-  /// Waits for a packet. `bytes` has room for `PacketSize`; `ms` is above 0.
+  /// Waits for a packet. `bytes` has room for the longest; `ms` is above 0.
   [[nodiscard]] Moved In(std::span<std::uint8_t> bytes, unsigned ms);
   [[nodiscard]] Moved Out(std::span<const std::uint8_t> bytes, unsigned ms);
   /// Behind a stall, the endpoint works again.
   void RestartIn();
   void RestartOut();
-  /// Of the longest packet that can come.
-  [[nodiscard]] std::size_t PacketSize() const { return packetSize_; }
 
  private:
   UsbConnection(std::shared_ptr<libusb_device> device, libusb_device_handle* handle)
       : device_(std::move(device)), handle_(handle) {}
-  [[nodiscard]] bool FindEndpoints();
+  [[nodiscard]] UsbFault FindEndpoints();
   [[nodiscard]] UsbFault Claim();
   Moved Move(std::uint8_t endpoint, std::uint8_t* bytes, std::size_t size, unsigned ms);
 

@@ -25,7 +25,7 @@ class UsbDirect final : public UsbXpress {
   /// `kDriverMissing` when libusb can't be started.
   Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override;
   Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override;
-  /// Looks anew. A device that this user may not open counts, unless a serial string is asked for.
+  /// Looks anew. A device that does not tell its serial string counts, unless one is asked for.
   Status GetNumDevices(std::uint32_t& count) override;
   /// Of the devices that `GetNumDevices` has found, as `Open`.
   Status GetProductString(std::uint32_t index, ProductString& text, std::uint32_t option) override;
@@ -44,9 +44,6 @@ class UsbDirect final : public UsbXpress {
   [[nodiscard]] std::string Advice() const override { return advice_; }
 
  private:
-  /// Full-speed packets have 64 bytes; of a faster chip, 512.
-  static constexpr std::size_t kLongestPacket = 512;
-
   [[nodiscard]] bool Opened(Handle handle) const;
   [[nodiscard]] bool Usable(Handle handle) const;
   Status Refuse(Status status, std::string advice);
@@ -54,11 +51,16 @@ class UsbDirect final : public UsbXpress {
   Status RefuseFor(UsbFault fault, const UsbFound& device);
   Status RefuseAll();
   [[nodiscard]] Status Of(UsbFault fault) const;
-  [[nodiscard]] std::vector<UsbFound> AllBut(const UsbFound& device) const;
+  /// Of what belongs to the opening: a fault is told in words, too.
+  Status OfSetting(UsbFault fault);
+  [[nodiscard]] std::string Welcome(const UsbFound& device) const;
   UsbFault Tell(const ControlRequest& request);
   /// Forgets the device when that is what `fault` says.
   UsbFault Noted(UsbFault fault);
   UsbFault Fetch(unsigned ms);
+  /// Behind a fault that a read goes on behind.
+  UsbFault Mended(UsbFault fault);
+  void LowerLatch();
   [[nodiscard]] std::size_t TakeHeld(std::span<std::uint8_t> bytes);
   void Drain();
 
@@ -69,7 +71,8 @@ class UsbDirect final : public UsbXpress {
   bool opened_ = false;                        ///< by the program
   std::unique_ptr<UsbConnection> connection_;  ///< goes with the device
   bool hasLatch_ = false;
-  std::array<std::uint8_t, kLongestPacket> held_{};
+  std::uint8_t latch_ = 0;  ///< the lines that this program has raised
+  std::array<std::uint8_t, UsbConnection::kLongestPacket> held_{};
   std::size_t heldFrom_ = 0;
   std::size_t heldTo_ = 0;
   std::chrono::milliseconds readTime_{1000};

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "bridges/serial_holder.h"
 #include "bridges/usb_bus.h"
 
 namespace morvane::bridges {
@@ -16,13 +17,16 @@ namespace usb_words {
 /// Of the `attached` ones, none has the serial string that was asked for.
 [[nodiscard]] std::string NotThatOne(const std::string& serial,
                                      const std::vector<UsbFound>& attached);
-/// A device is there, and this user may not open it.
-[[nodiscard]] std::string NoRights();
+/// libusb can't be started.
+[[nodiscard]] std::string NoBus();
+/// A device with the numbers of `which` is there, and this user may not open it.
+[[nodiscard]] std::string NoRights(const UsbWhich& which);
 /// Another program has `device` by this same way. The `others` are attached too.
 [[nodiscard]] std::string Held(const UsbFound& device, const std::vector<UsbFound>& others);
-/// Another program has it as the serial device `path`.
-[[nodiscard]] std::string HeldAsSerial(const std::string& path);
-/// It went between the search and the opening.
+/// The same of one that has it as a serial device.
+[[nodiscard]] std::string HeldAsSerial(const UsbFound& device, const SerialUse& use,
+                                       const std::vector<UsbFound>& others);
+/// It went after it had been found.
 [[nodiscard]] std::string Gone();
 /// It was opened, or not even that, and does not answer.
 [[nodiscard]] std::string Silent();

@@ -72,9 +72,9 @@ class UsbXpress {
   virtual Status Close(Handle handle) = 0;
 
   /// What there is to say to the operator, beyond its status, about the last `GetDllVersion`,
-  /// `GetNumDevices`, `GetProductString` or `Open`: why it failed and what helps, or what is worth
-  /// knowing though it did not. Whole sentences, the lines ending with LF but for the last; empty
-  /// where there is nothing.
+  /// `GetNumDevices`, `GetProductString` or `Open`, or a setting behind that which failed: why it
+  /// failed and what helps, or what is worth knowing though it did not. Whole sentences, the lines
+  /// ending with LF but for the last; empty where there is nothing.
   [[nodiscard]] virtual std::string Advice() const { return {}; }
 };
 

@@ -36,7 +36,16 @@ TEST(UdevRule, ItIsAboutEachProductOfTheChipAndNoOther) {
 }
 
 TEST(UdevRule, TheOperatorIsToldOfItByItsName) {
-  EXPECT_THAT(usb_words::NoRights(), ::testing::HasSubstr("The rule " + kName + " "));
+  EXPECT_THAT(usb_words::NoRights({}), ::testing::HasSubstr("The rule " + kName + " "));
+}
+
+TEST(UdevRule, ForOtherNumbersTheOperatorIsToldTheLineThatItNeeds) {
+  const UsbWhich own{.Vendor = 0x1234, .Product = 0xABCD};
+  EXPECT_EQ(GivenBy(usb_words::NoRights(own), "usb"), std::vector<std::string>{"1234:abcd"});
+  const UsbWhich ofTheChip{.Vendor = 0x10C4, .Product = 0xEA70};
+  EXPECT_EQ(usb_words::NoRights(ofTheChip), usb_words::NoRights({})) << "it has them";
+  const UsbWhich unusual{.Vendor = 0x10C4, .Product = 0x8005};
+  EXPECT_EQ(GivenBy(usb_words::NoRights(unusual), "usb"), std::vector<std::string>{"10c4:8005"});
 }
 
 }  // namespace

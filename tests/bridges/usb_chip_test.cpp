@@ -90,8 +90,43 @@ TEST_F(UsbChipTest, TheLatchTakesMaskAndValue) {
   EXPECT_THAT(chip_.Requests(), ElementsAre(chip::WriteLatch(1, 1), chip::WriteLatch(1, 0)));
 }
 
+TEST_F(UsbChipTest, ClosingLowersALatchThatWasRaised) {
+  EXPECT_EQ(usb_.WriteLatch(handle_, 3, 1), kSuccess);
+  chip_.ForgetRequests();
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  EXPECT_THAT(chip_.Requests(), ElementsAre(chip::WriteLatch(1, 0), chip::Enable(false)));
+}
+
+TEST_F(UsbChipTest, ClosingLeavesALatchThatIsDown) {
+  EXPECT_EQ(usb_.WriteLatch(handle_, 1, 1), kSuccess);
+  EXPECT_EQ(usb_.WriteLatch(handle_, 1, 0), kSuccess);
+  chip_.ForgetRequests();
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  EXPECT_THAT(chip_.Requests(), ElementsAre(chip::Enable(false)));
+}
+
+TEST_F(UsbChipTest, ALatchThatWasRaisedBeforeIsNotOfTheNextOpening) {
+  EXPECT_EQ(usb_.WriteLatch(handle_, 1, 1), kSuccess);
+  chip_.Pull();
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  chip_.PlugIn();
+  Open(20);
+  chip_.ForgetRequests();
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  EXPECT_THAT(chip_.Requests(), ElementsAre(chip::Enable(false)));
+}
+
+TEST_F(UsbChipTest, WhatIsSentToAChipWithoutASpeedIsLost) {
+  EXPECT_EQ(usb_.Close(handle_), kSuccess);
+  ASSERT_EQ(usb_.Open(0, handle_), kSuccess);
+  EXPECT_EQ(Write({7}), 1U);
+  chip_.Say({8});
+  EXPECT_EQ(Read(1), Bytes());
+  EXPECT_EQ(chip_.Heard(), Bytes());
+}
+
 TEST_F(UsbChipTest, AnEndpointThatStoppedOnceGoesOn) {
-  chip_.StallIn(1);
+  chip_.FailNext(EPIPE, 1);
   chip_.Say({1, 2, 3});
   EXPECT_EQ(Read(3), (Bytes{1, 2, 3}));
   EXPECT_EQ(status_, kSuccess);
@@ -104,7 +139,7 @@ TEST_F(UsbChipTest, AnEndpointThatStoppedOnceGoesOn) {
 
 TEST_F(UsbChipTest, AnEndpointThatStopsAtOnceAgainIsAnErrorOfTheRead) {
   ASSERT_EQ(usb_.SetTimeouts(kLongMs, kLongMs), kSuccess);
-  chip_.StallIn(2);
+  chip_.FailNext(EPIPE, 2);
   const auto start = steady_clock::now();
   EXPECT_EQ(Read(3), Bytes());
   EXPECT_EQ(status_, UsbXpress::kReadError);

@@ -10,6 +10,8 @@ namespace morvane::machine {
 namespace {
 
 constexpr int kBoards = 4;
+/// The probe, the version, both pages of the identity, the counter.
+constexpr int kFramesOfContact = 5;
 /// The start, a poll for each card and one behind the last, the card log, the probe.
 constexpr int kFramesABoard = 55;
 
@@ -35,6 +37,19 @@ class UsbDealTest : public testing::Test, public RunView {
     desk_.Loop.WaitMs(MachineRun::kFirstContactMs);
     ASSERT_FALSE(run_->Closed());
     run_->LeaveSubfrom(std::to_string(board));
+  }
+  /// Opens the link and the run window, and waits for the box of a contact that is lost.
+  void ExpectLostContact(const std::string& text) {
+    desk_.Ui.Boxes.clear();
+    const auto start = bridges::steady_clock::now();
+    run_ = std::make_unique<DealingRun>(desk_.Prog, machine_, memory_);
+    run_->Open(*this);
+    desk_.Loop.WaitMs(MachineRun::kFirstContactMs);
+    EXPECT_TRUE(run_->Closed());
+    ASSERT_EQ(desk_.Ui.Boxes.size(), 1U);
+    EXPECT_EQ(desk_.Ui.Boxes.front().Text, text);
+    EXPECT_FALSE(machine_.Link.IsOpen());
+    EXPECT_LT(bridges::MsSince(start), 2000.0);
   }
   /// Whoever pulls the cable switches the machine off, too: it has forgotten the board.
   void PlugInAgain() {
@@ -75,6 +90,30 @@ TEST_F(UsbDealTest, FourBoardsAreDealtRight) {
     EXPECT_EQ(chip_.TransfersHeard() - before, kFramesABoard);
   }
   EXPECT_EQ(behind_.Machine.BoardsDealt(), kBoards);
+}
+
+TEST_F(UsbDealTest, UnpluggedDuringTheFirstContactItIsLostAndTheNextOneWorks) {
+  const auto& texts = desk_.Prog.Texts;
+  for (int at = 1; at <= kFramesOfContact; ++at) {
+    SCOPED_TRACE(at);
+    ASSERT_TRUE(OpenLink(desk_.Prog, machine_.Link, 200));
+    chip_.PullAt(at);
+    ExpectLostContact(at <= 2 ? texts.Msg047 : texts.Msg048);
+    PlugInAgain();
+  }
+  constexpr std::uint8_t kPurgeCode = 0x12;
+  ASSERT_TRUE(OpenLink(desk_.Prog, machine_.Link, 200));
+  chip_.PullAtRequest(kPurgeCode);
+  ExpectLostContact(texts.Msg047);
+  PlugInAgain();
+  Contact(1);
+}
+
+TEST_F(UsbDealTest, ADisturbedBusDoesNotDisturbTheDeal) {
+  Contact(1);
+  chip_.FailNext(EPROTO, 3);
+  run_->cmdDeal();
+  ExpectDealt(1);
 }
 
 class UnpluggedDeal : public UsbDealTest, public testing::WithParamInterface<int> {};

@@ -6,7 +6,7 @@
 #include <numeric>
 
 #include "bridges/usb_direct.h"
-#include "support/emulated_usb.h"
+#include "support/emulated_bus.h"
 
 namespace morvane::bridges {
 

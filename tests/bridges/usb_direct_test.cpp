@@ -97,6 +97,13 @@ TEST_F(UsbDirectTest, WithoutTimeAReadTakesWhatIsThere) {
   EXPECT_EQ(status_, kSuccess);
 }
 
+TEST_F(UsbDirectTest, EvenWithoutTimeTwoFramesOfTheBusPass) {
+  Open(0);
+  const auto start = steady_clock::now();
+  EXPECT_EQ(Read(8), Bytes());
+  EXPECT_GE(MsSince(start), 2.0);
+}
+
 TEST_F(UsbDirectTest, AReadThatGotTooLittleKeepsIt) {
   Open(30);
   chip_.Say({1, 2, 3, 4, 5});

@@ -58,8 +58,11 @@ TEST_F(UsbLinkTest, NoRights) {
   EXPECT_FALSE(Open());
   ExpectRefusal("8.3",
                 "A machine is attached, and this user may not use it.\r\n"
-                "The rule 70-morvane.rules belongs into /etc/udev/rules.d.\r\n"
-                "Once it is there, unplug the machine and plug it in again.");
+                "The rule 70-morvane.rules belongs into /etc/udev/rules.d; it lets in who sits at "
+                "the computer.\r\n"
+                "Once it is there, unplug the machine and plug it in again.\r\n"
+                "For others, over the network for example, the administrator has to give the "
+                "right.");
 }
 
 TEST_F(UsbLinkTest, AMachineThatAnotherProgramHas) {
@@ -77,16 +80,24 @@ TEST_F(UsbLinkTest, OkTriesAgainAndFindsWhatWasPluggedInMeanwhile) {
   EXPECT_EQ(desk_.Ui.Boxes.size(), 1U);
 }
 
-TEST_F(UsbLinkTest, OfTwoDevicesTheMachineIsOpenedAndTheOtherTold) {
+TEST_F(UsbLinkTest, OfTwoDevicesTheMachineIsOpenedWithoutAWord) {
   bus_.Attach({.Serial = "ABC", .Socket = 1});
   bus_.Attach({.Serial = "4711S", .Socket = 2});
+  EXPECT_TRUE(Open());
+  EXPECT_EQ(link_.UsbProductString, "4711S");
+  EXPECT_THAT(desk_.Ui.Boxes, IsEmpty());
+}
+
+TEST_F(UsbLinkTest, OfTwoMachinesTheFirstIsOpenedAndTheOtherTold) {
+  bus_.Attach({.Serial = "1234S", .Socket = 2});
+  bus_.Attach({.Serial = "4711S", .Socket = 1});
   EXPECT_TRUE(Open());
   EXPECT_EQ(link_.UsbProductString, "4711S");
   ASSERT_EQ(desk_.Ui.Boxes.size(), 1U);
   EXPECT_EQ(desk_.Ui.Boxes.front().Title, "USB Connection");
   EXPECT_EQ(desk_.Ui.Boxes.front().Text,
             "Several machines are attached. This is 4711S.\r\n"
-            "Also attached: ABC. Another one is named by --machine usb:SERIAL.");
+            "Also attached: 1234S. Another one is named by --machine usb:SERIAL.");
   link_.CloseLink();
   EXPECT_TRUE(Open());
   EXPECT_EQ(desk_.Ui.Boxes.size(), 1U) << "told once";
@@ -97,6 +108,49 @@ TEST_F(UsbLinkTest, ADeviceWithoutRightsDoesNotStandInTheWayOfTheMachine) {
   bus_.Attach({.Serial = "4711S", .Socket = 2});
   EXPECT_TRUE(Open());
   EXPECT_EQ(link_.UsbProductString, "4711S");
+}
+
+/// Two machines, of which the one that is opened does not do as it is told.
+class UsbSettingTest : public UsbLinkTest {
+ protected:
+  static constexpr const char* kSilent =
+      "A machine is attached and does not answer at its USB socket.\r\n"
+      "Unplug it and plug it in again.";
+  UsbSettingTest() { bus_.Attach({.Serial = "1234S", .Socket = 2}); }
+  EmulatedUsb& chip_ = bus_.Attach({.Socket = 1});
+};
+
+TEST_F(UsbSettingTest, ASpeedThatIsRefusedIsTheWordThatIsSaid) {
+  chip_.StallOn(0x1E);
+  chip_.StallOn(0x01);
+  EXPECT_FALSE(Open());
+  ExpectRefusal("6.7", kSilent);
+}
+
+TEST_F(UsbSettingTest, ALineThatIsDisturbedIsTheWordThatIsSaid) {
+  chip_.FailOn(0x03, EPROTO);
+  EXPECT_FALSE(Open());
+  ExpectRefusal("8.8", kSilent);
+}
+
+TEST_F(UsbSettingTest, AMachineThatGoesAtTheLastStepIsTheWordThatIsSaid) {
+  chip_.PullAtRequest(0x12);
+  EXPECT_FALSE(Open());
+  ExpectRefusal("1.9", "The machine has been unplugged.");
+}
+
+TEST_F(UsbLinkTest, AMachineThatGoesWithinALongReplyIsAShortOne) {
+  EmulatedUsb& chip = bus_.Attach();
+  ASSERT_TRUE(Open());
+  Bytes wire(136);
+  wire[0] = 0x80 ^ 0xFF;  // a long frame: the key is the opposite of the check byte, which is 0
+  chip.PullBehind(1);
+  chip.Say(wire);
+  const auto start = steady_clock::now();
+  link_.ReceiveFrame();
+  EXPECT_EQ(link_.RxStatus, MachineLink::kTooShort);
+  EXPECT_EQ(link_.CommErrorCount, 1);
+  EXPECT_LT(MsSince(start), 1000.0);
 }
 
 TEST_F(UsbLinkTest, TheLatchIsTheChips) {

@@ -14,10 +14,6 @@
 namespace morvane::test {
 namespace {
 
-constexpr std::size_t kPacket = 64;
-constexpr std::size_t kSetup = 8;
-constexpr std::uint8_t kPurgeCode = 0x12;
-
 struct Unreferenced {
   void operator()(UMockdevIoctlData* data) const { g_object_unref(data); }
 };
@@ -35,10 +31,6 @@ Memory Argument(UMockdevIoctlClient* client, std::size_t size) {
 template <class Struct>
 Struct& As(const Memory& memory) {
   return *reinterpret_cast<Struct*>(memory->data);
-}
-
-std::uint16_t Word(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8U);
 }
 
 }  // namespace
@@ -59,6 +51,7 @@ struct EmulatedUsb::Transfer {
 EmulatedUsb::EmulatedUsb(UMockdevTestbed* testbed, int& lastAddress, UsbKind kind)
     : socket_(testbed, lastAddress, std::move(kind)),
       calls_(umockdev_ioctl_base_new()),
+      chip_(socket_.Kind()),
       driver_(socket_.Kind().HasDriver) {
   g_signal_connect(calls_, "handle-ioctl", G_CALLBACK(OnCall), this);
   PlugIn();
@@ -70,13 +63,13 @@ EmulatedUsb::~EmulatedUsb() { g_object_unref(calls_); }
 
 void EmulatedUsb::Say(const Bytes& bytes) {
   const std::lock_guard lock(mutex_);
-  Queue(bytes);
+  chip_.Say(bytes);
   FillWaiting();
 }
 
-void EmulatedUsb::Answer(Answerer answer) {
+void EmulatedUsb::Answer(EmulatedChip::Answerer answer) {
   const std::lock_guard lock(mutex_);
-  answer_ = std::move(answer);
+  chip_.Answer(std::move(answer));
 }
 
 void EmulatedUsb::Pull() {
@@ -90,6 +83,7 @@ void EmulatedUsb::PlugIn() {
   driver_ = socket_.Kind().HasDriver;
   waiting_.clear();
   ended_.clear();
+  chip_.PowerUp();
   socket_.PlugIn(calls_);
 }
 
@@ -99,19 +93,34 @@ void EmulatedUsb::PullAt(int count, Pulled when) {
   pulled_ = when;
 }
 
+void EmulatedUsb::PullAtRequest(std::uint8_t code) {
+  const std::lock_guard lock(mutex_);
+  pullAtRequest_ = code;
+}
+
+void EmulatedUsb::PullBehind(int packets) {
+  const std::lock_guard lock(mutex_);
+  pullBehind_ = packets;
+}
+
 void EmulatedUsb::HoldByOther(bool held) {
   const std::lock_guard lock(mutex_);
   heldByOther_ = held;
 }
 
-void EmulatedUsb::StallOn(std::uint8_t code) {
+void EmulatedUsb::FailOn(std::uint8_t code, int error) {
   const std::lock_guard lock(mutex_);
-  stalls_.insert(code);
+  chip_.FailOn(code, error);
 }
 
-void EmulatedUsb::StallIn(int count) {
+void EmulatedUsb::BeSilentOn(std::uint8_t code) {
   const std::lock_guard lock(mutex_);
-  inStalls_ = count;
+  chip_.BeSilentOn(code);
+}
+
+void EmulatedUsb::FailNext(int error, int count) {
+  const std::lock_guard lock(mutex_);
+  failures_.insert(failures_.end(), static_cast<std::size_t>(count), error);
 }
 
 void EmulatedUsb::StallOut(int count) {
@@ -121,7 +130,12 @@ void EmulatedUsb::StallOut(int count) {
 
 void EmulatedUsb::TakeOnly(std::size_t bytes) {
   const std::lock_guard lock(mutex_);
-  room_ = bytes;
+  chip_.TakeOnly(bytes);
+}
+
+void EmulatedUsb::Unbind() {
+  const std::lock_guard lock(mutex_);
+  driver_ = false;
 }
 
 void EmulatedUsb::LikeAnOldSystem() {
@@ -131,34 +145,34 @@ void EmulatedUsb::LikeAnOldSystem() {
 
 void EmulatedUsb::BabbleWith(Bytes packet) {
   const std::lock_guard lock(mutex_);
-  babble_ = std::move(packet);
+  chip_.BabbleWith(std::move(packet));
 }
 
 void EmulatedUsb::SayBehindPurge(Bytes bytes) {
   const std::lock_guard lock(mutex_);
-  behindPurge_ = std::move(bytes);
+  chip_.SayBehindPurge(std::move(bytes));
 }
 
 // ---- What a test sees
 
 std::vector<bridges::ControlRequest> EmulatedUsb::Requests() const {
   const std::lock_guard lock(mutex_);
-  return requests_;
+  return chip_.Requests();
 }
 
 void EmulatedUsb::ForgetRequests() {
   const std::lock_guard lock(mutex_);
-  requests_.clear();
+  chip_.ForgetRequests();
 }
 
 Bytes EmulatedUsb::Heard() const {
   const std::lock_guard lock(mutex_);
-  return heard_;
+  return chip_.Heard();
 }
 
 int EmulatedUsb::TransfersHeard() const {
   const std::lock_guard lock(mutex_);
-  return transfersHeard_;
+  return chip_.TransfersHeard();
 }
 
 bool EmulatedUsb::HasDriver() const {
@@ -297,59 +311,24 @@ int EmulatedUsb::Reap(Client client) {
 // ---- The device
 
 int EmulatedUsb::Begin(std::unique_ptr<Transfer> transfer) {
-  usbdevfs_urb& urb = transfer->Urb();
-  if (urb.type == USBDEVFS_URB_TYPE_CONTROL) {
-    const int moved = Control(transfer->Bytes());
-    urb.actual_length = std::max(moved, 0);
-    End(std::move(transfer), std::min(moved, 0));
-  } else if (!transfer->IsIn()) {
-    return Hear(std::move(transfer));
-  } else if (inStalls_ > 0) {
-    --inStalls_;
-    End(std::move(transfer), -EPIPE);
+  if (transfer->Urb().type == USBDEVFS_URB_TYPE_CONTROL) return Control(std::move(transfer));
+  return transfer->IsIn() ? Fetch(std::move(transfer)) : Hear(std::move(transfer));
+}
+
+int EmulatedUsb::Control(std::unique_ptr<Transfer> transfer) {
+  const auto setup = transfer->Bytes();
+  if (pullAtRequest_ == setup[1]) {
+    pullAtRequest_.reset();
+    Vanish();
+    return -ENODEV;
+  }
+  if (const auto moved = chip_.Control(setup)) {
+    transfer->Urb().actual_length = std::max(*moved, 0);
+    End(std::move(transfer), std::min(*moved, 0));
   } else {
     waiting_.push_back(std::move(transfer));
-    FillWaiting();
   }
   return 0;
-}
-
-int EmulatedUsb::Control(std::span<std::uint8_t> setup) {
-  bridges::ControlRequest request{.Type = setup[0],
-                                  .Code = setup[1],
-                                  .Value = Word(setup.subspan(2)),
-                                  .Index = Word(setup.subspan(4)),
-                                  .Length = Word(setup.subspan(6))};
-  const auto data = setup.subspan(kSetup);
-  if ((request.Type & 0x80U) == 0) {
-    std::copy_n(data.begin(), std::min(data.size(), request.Data.size()), request.Data.begin());
-  }
-  if ((request.Type & 0x40U) != 0) requests_.push_back(request);
-  return ControlAnswer(request, data);
-}
-
-int EmulatedUsb::ControlAnswer(const bridges::ControlRequest& request,
-                               std::span<std::uint8_t> data) {
-  Bytes answer;
-  if (request.Type == 0x80 && request.Code == 6) answer = StringDescriptor(request.Value & 0xFF);
-  if (request.Type == 0xC0) answer = {socket_.Kind().PartNumber};
-  if ((request.Type & 0x40U) != 0 && stalls_.contains(request.Code)) return -EPIPE;
-  if (request.Type == 0x41 && request.Code == kPurgeCode) {
-    if ((request.Value & 0x0AU) != 0) packets_.clear();
-    Queue(std::exchange(behindPurge_, {}));
-  }
-  if ((request.Type & 0x80U) == 0) return request.Length;
-  const std::size_t count = std::min(answer.size(), data.size());
-  std::copy_n(answer.begin(), count, data.begin());
-  return static_cast<int>(count);
-}
-
-Bytes EmulatedUsb::StringDescriptor(int number) const {
-  if (number == 0) return {4, 3, 0x09, 0x04};
-  const std::string& serial = socket_.Kind().Serial;
-  Bytes text{static_cast<std::uint8_t>(2 + 2 * serial.size()), 3};
-  for (const char c : serial) text.insert(text.end(), {static_cast<std::uint8_t>(c), 0});
-  return text;
 }
 
 int EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
@@ -363,45 +342,43 @@ int EmulatedUsb::Hear(std::unique_ptr<Transfer> transfer) {
     End(std::move(transfer), -EPIPE);
     return 0;
   }
-  ++transfersHeard_;
-  auto bytes = transfer->Bytes();
-  const bool fits = !room_ || bytes.size() <= *room_;
-  if (!fits) bytes = bytes.first(*room_);
-  if (room_) *room_ -= bytes.size();
-  heard_.insert(heard_.end(), bytes.begin(), bytes.end());
-  transfer->Urb().actual_length = static_cast<int>(bytes.size());
-  const Bytes said = answer_ ? answer_(bytes) : Bytes();
-  if (fits) {
+  const auto bytes = transfer->Bytes();
+  const std::size_t taken = chip_.Hear(bytes);
+  transfer->Urb().actual_length = static_cast<int>(taken);
+  if (taken == bytes.size()) {
     End(std::move(transfer), 0);
   } else {
     waiting_.push_back(std::move(transfer));
   }
-  Queue(said);
   FillWaiting();
   if (pulled) Vanish();
   return 0;
 }
 
-void EmulatedUsb::Queue(const Bytes& bytes) {
-  for (std::size_t at = 0; at < bytes.size(); at += kPacket) {
-    const auto packet = std::span(bytes).subspan(at, std::min(kPacket, bytes.size() - at));
-    packets_.emplace_back(packet.begin(), packet.end());
+int EmulatedUsb::Fetch(std::unique_ptr<Transfer> transfer) {
+  if (failures_.empty()) {
+    waiting_.push_back(std::move(transfer));
+    FillWaiting();
+    return 0;
   }
+  End(std::move(transfer), -failures_.front());
+  failures_.pop_front();
+  return 0;
 }
 
 void EmulatedUsb::FillWaiting() {
-  if (packets_.empty()) Queue(babble_);
-  while (!packets_.empty()) {
+  while (true) {
     const auto found =
         std::ranges::find_if(waiting_, [](const auto& transfer) { return transfer->IsIn(); });
     if (found == waiting_.end()) return;
+    const auto packet = chip_.NextPacket();
+    if (!packet) return;
     auto transfer = std::move(*found);
     waiting_.erase(found);
-    const Bytes packet = std::move(packets_.front());
-    packets_.pop_front();
-    std::ranges::copy(packet, transfer->Bytes().begin());
-    transfer->Urb().actual_length = static_cast<int>(packet.size());
+    std::ranges::copy(*packet, transfer->Bytes().begin());
+    transfer->Urb().actual_length = static_cast<int>(packet->size());
     End(std::move(transfer), 0);
+    if (pullBehind_ > 0 && --pullBehind_ == 0) Vanish();
   }
 }
 
@@ -413,8 +390,7 @@ void EmulatedUsb::End(std::unique_ptr<Transfer> transfer, int status) {
 
 void EmulatedUsb::Vanish() {
   attached_ = false;
-  packets_.clear();
-  babble_.clear();
+  chip_.PowerUp();
   while (!waiting_.empty()) {
     auto transfer = std::move(waiting_.front());
     waiting_.pop_front();
@@ -422,24 +398,6 @@ void EmulatedUsb::Vanish() {
   }
   owner_ = nullptr;
   socket_.Pull();
-}
-
-// ---- The bus
-
-EmulatedBus::EmulatedBus() : testbed_(umockdev_testbed_new()) {
-  EXPECT_TRUE(umockdev_in_mock_environment()) << "umockdev's library is to be preloaded";
-  g_free(umockdev_testbed_add_device(testbed_, "usb", "usb1", nullptr, "busnum", "1", "devnum", "1",
-                                     nullptr, "DEVTYPE", "usb_device", nullptr));
-}
-
-EmulatedBus::~EmulatedBus() {
-  g_object_unref(testbed_);  // its thread ends with it
-  devices_.clear();
-}
-
-EmulatedUsb& EmulatedBus::Attach(const UsbKind& kind) {
-  devices_.push_back(std::make_unique<EmulatedUsb>(testbed_, lastAddress_, kind));
-  return *devices_.back();
 }
 
 }  // namespace morvane::test

@@ -2,23 +2,21 @@
 
 #include <umockdev.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "bridges/bridge_chip.h"
+#include "support/emulated_chip.h"
 #include "support/usb_socket.h"
 
 namespace morvane::test {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// A bridge chip at the emulated bus: the system's side of it, as programs see that, and what
 /// stands behind it. May be used from any thread.
@@ -34,22 +32,31 @@ class EmulatedUsb {
   /// calls.
   void Say(const Bytes& bytes);
   /// Called with what the device hears, in the emulation's thread; what it gives back is said.
-  using Answerer = std::function<Bytes(std::span<const std::uint8_t>)>;
-  void Answer(Answerer answer);
+  void Answer(EmulatedChip::Answerer answer);
   void Pull();
   /// Anew, once it was pulled.
   void PlugIn();
   enum class Pulled { kBeforeItHears, kBeforeItAnswers };
   /// Pulled at the `count`-th transfer that it is sent from now on, 1 the next one.
   void PullAt(int count, Pulled when = Pulled::kBeforeItHears);
+  /// Pulled as it is asked for something by this code.
+  void PullAtRequest(std::uint8_t code);
+  /// Pulled when so many packets of it have been fetched from now on.
+  void PullBehind(int packets);
   void HoldByOther(bool held);
-  /// Each request of this code stalls.
-  void StallOn(std::uint8_t code);
-  /// An endpoint stalls so many times; each time, until it is cleared.
-  void StallIn(int count);
+  /// Each request of this code ends with this error number.
+  void FailOn(std::uint8_t code, int error);
+  void StallOn(std::uint8_t code) { FailOn(code, EPIPE); }
+  /// Each request of this code is never answered.
+  void BeSilentOn(std::uint8_t code);
+  /// So many times, fetching from it ends with this error number.
+  void FailNext(int error, int count);
+  /// So many times, sending to it stalls.
   void StallOut(int count);
   /// Of what it is sent, it takes so much from now on and no more.
   void TakeOnly(std::size_t bytes);
+  /// The system's own driver has it no more.
+  void Unbind();
   /// It does not know a claim that also puts the driver aside.
   void LikeAnOldSystem();
   /// Says this for good, however much is fetched, until it is pulled.
@@ -58,7 +65,7 @@ class EmulatedUsb {
   void SayBehindPurge(Bytes bytes);
 
   // What a test sees.
-  /// Those to the chip, without the system's own.
+  /// Those to the chip, without those of the bus.
   [[nodiscard]] std::vector<bridges::ControlRequest> Requests() const;
   void ForgetRequests();
   [[nodiscard]] Bytes Heard() const;
@@ -89,26 +96,18 @@ class EmulatedUsb {
   int Reap(Client client);
 
   int Begin(std::unique_ptr<Transfer> transfer);
-  int Control(std::span<std::uint8_t> setup);
-  int ControlAnswer(const bridges::ControlRequest& request, std::span<std::uint8_t> data);
-  [[nodiscard]] Bytes StringDescriptor(int number) const;
+  int Control(std::unique_ptr<Transfer> transfer);
   int Hear(std::unique_ptr<Transfer> transfer);
+  int Fetch(std::unique_ptr<Transfer> transfer);
   void FillWaiting();
   void End(std::unique_ptr<Transfer> transfer, int status);
-  void Queue(const Bytes& bytes);
   void Vanish();
 
   UsbSocket socket_;
   UMockdevIoctlBase* calls_;
 
   mutable std::mutex mutex_;
-  Answerer answer_;
-  std::deque<Bytes> packets_;  ///< to be said
-  Bytes behindPurge_;
-  Bytes babble_;
-  Bytes heard_;
-  std::vector<bridges::ControlRequest> requests_;
-  std::set<std::uint8_t> stalls_;
+  EmulatedChip chip_;
   Transfers waiting_;
   Transfers ended_;
   Client owner_ = nullptr;  ///< who has claimed it
@@ -117,28 +116,12 @@ class EmulatedUsb {
   bool heldByOther_ = false;
   bool oldSystem_ = false;
   int askings_ = 0;
-  int transfersHeard_ = 0;
   int pullAt_ = 0;
   Pulled pulled_ = Pulled::kBeforeItHears;
-  int inStalls_ = 0;
+  std::optional<std::uint8_t> pullAtRequest_;
+  int pullBehind_ = 0;
+  std::deque<int> failures_;  ///< of fetching
   int outStalls_ = 0;
-  std::optional<std::size_t> room_;
-};
-
-/// A bus of the system with nothing at it but what a test puts there. The process runs with
-/// umockdev's library preloaded; the processes that it starts see the same bus.
-class EmulatedBus {
- public:
-  EmulatedBus();
-  ~EmulatedBus();
-  EmulatedBus(const EmulatedBus&) = delete;
-  EmulatedBus& operator=(const EmulatedBus&) = delete;
-  EmulatedUsb& Attach(const UsbKind& kind = {});
-
- private:
-  UMockdevTestbed* testbed_;
-  int lastAddress_ = 1;  ///< the bus's own
-  std::vector<std::unique_ptr<EmulatedUsb>> devices_;
 };
 
 }  // namespace morvane::test

@@ -18,6 +18,7 @@ struct UsbKind {
   bool HasDriver = true;    ///< the system's own has it, as behind plugging in
   std::string Tty = {};     ///< the serial device "ttyUSB0" that this driver makes of it
   std::uint8_t PartNumber = 3;
+  std::uint16_t PacketSize = 64;  ///< of what is fetched, as its descriptor has it
 };
 
 /// What the system shows of a device that is plugged in: its folders and its node. The node is a

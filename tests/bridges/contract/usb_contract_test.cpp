@@ -5,7 +5,7 @@
 #include "bridges/contract/contract_suite.h"
 #include "bridges/usb_direct.h"
 #include "platform/system_clock.h"
-#include "support/emulated_usb.h"
+#include "support/emulated_bus.h"
 
 namespace morvane::bridges {
 namespace {
