@@ -199,7 +199,6 @@ UsbXpress::Status UsbDirect::Connect(const UsbFound& device) {
   const auto part = connection_->Ask(chip::PartNumber());
   hasLatch_ = !part || *part > chip::kLastWithoutLatch;
   heldFrom_ = heldTo_ = 0;
-  latch_ = 0;
   advice_ = Welcome(device);
   return kSuccess;
 }

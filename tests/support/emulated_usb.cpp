@@ -67,11 +67,6 @@ void EmulatedUsb::Say(const Bytes& bytes) {
   FillWaiting();
 }
 
-void EmulatedUsb::Answer(EmulatedChip::Answerer answer) {
-  const std::lock_guard lock(mutex_);
-  chip_.Answer(std::move(answer));
-}
-
 void EmulatedUsb::Pull() {
   const std::lock_guard lock(mutex_);
   Vanish();
@@ -108,16 +103,6 @@ void EmulatedUsb::HoldByOther(bool held) {
   heldByOther_ = held;
 }
 
-void EmulatedUsb::FailOn(std::uint8_t code, int error) {
-  const std::lock_guard lock(mutex_);
-  chip_.FailOn(code, error);
-}
-
-void EmulatedUsb::BeSilentOn(std::uint8_t code) {
-  const std::lock_guard lock(mutex_);
-  chip_.BeSilentOn(code);
-}
-
 void EmulatedUsb::FailNext(int error, int count) {
   const std::lock_guard lock(mutex_);
   failures_.insert(failures_.end(), static_cast<std::size_t>(count), error);
@@ -126,11 +111,6 @@ void EmulatedUsb::FailNext(int error, int count) {
 void EmulatedUsb::StallOut(int count) {
   const std::lock_guard lock(mutex_);
   outStalls_ = count;
-}
-
-void EmulatedUsb::TakeOnly(std::size_t bytes) {
-  const std::lock_guard lock(mutex_);
-  chip_.TakeOnly(bytes);
 }
 
 void EmulatedUsb::Unbind() {
@@ -143,37 +123,7 @@ void EmulatedUsb::LikeAnOldSystem() {
   oldSystem_ = true;
 }
 
-void EmulatedUsb::BabbleWith(Bytes packet) {
-  const std::lock_guard lock(mutex_);
-  chip_.BabbleWith(std::move(packet));
-}
-
-void EmulatedUsb::SayBehindPurge(Bytes bytes) {
-  const std::lock_guard lock(mutex_);
-  chip_.SayBehindPurge(std::move(bytes));
-}
-
 // ---- What a test sees
-
-std::vector<bridges::ControlRequest> EmulatedUsb::Requests() const {
-  const std::lock_guard lock(mutex_);
-  return chip_.Requests();
-}
-
-void EmulatedUsb::ForgetRequests() {
-  const std::lock_guard lock(mutex_);
-  chip_.ForgetRequests();
-}
-
-Bytes EmulatedUsb::Heard() const {
-  const std::lock_guard lock(mutex_);
-  return chip_.Heard();
-}
-
-int EmulatedUsb::TransfersHeard() const {
-  const std::lock_guard lock(mutex_);
-  return chip_.TransfersHeard();
-}
 
 bool EmulatedUsb::HasDriver() const {
   const std::lock_guard lock(mutex_);

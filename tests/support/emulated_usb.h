@@ -10,6 +10,8 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "bridges/bridge_chip.h"
@@ -32,7 +34,9 @@ class EmulatedUsb {
   /// calls.
   void Say(const Bytes& bytes);
   /// Called with what the device hears, in the emulation's thread; what it gives back is said.
-  void Answer(EmulatedChip::Answerer answer);
+  void Answer(EmulatedChip::Answerer answer) {
+    Locked([&] { chip_.Answer(std::move(answer)); });
+  }
   void Pull();
   /// Anew, once it was pulled.
   void PlugIn();
@@ -45,31 +49,49 @@ class EmulatedUsb {
   void PullBehind(int packets);
   void HoldByOther(bool held);
   /// Each request of this code ends with this error number.
-  void FailOn(std::uint8_t code, int error);
+  void FailOn(std::uint8_t code, int error) {
+    Locked([&] { chip_.FailOn(code, error); });
+  }
   void StallOn(std::uint8_t code) { FailOn(code, EPIPE); }
   /// Each request of this code is never answered.
-  void BeSilentOn(std::uint8_t code);
+  void BeSilentOn(std::uint8_t code) {
+    Locked([&] { chip_.BeSilentOn(code); });
+  }
   /// So many times, fetching from it ends with this error number.
   void FailNext(int error, int count);
   /// So many times, sending to it stalls.
   void StallOut(int count);
   /// Of what it is sent, it takes so much from now on and no more.
-  void TakeOnly(std::size_t bytes);
+  void TakeOnly(std::size_t bytes) {
+    Locked([&] { chip_.TakeOnly(bytes); });
+  }
   /// The system's own driver has it no more.
   void Unbind();
   /// It does not know a claim that also puts the driver aside.
   void LikeAnOldSystem();
   /// Says this for good, however much is fetched, until it is pulled.
-  void BabbleWith(Bytes packet);
+  void BabbleWith(Bytes packet) {
+    Locked([&] { chip_.BabbleWith(std::move(packet)); });
+  }
   /// Said behind the next purge, as a packet that was on its way.
-  void SayBehindPurge(Bytes bytes);
+  void SayBehindPurge(Bytes bytes) {
+    Locked([&] { chip_.SayBehindPurge(std::move(bytes)); });
+  }
 
   // What a test sees.
   /// Those to the chip, without those of the bus.
-  [[nodiscard]] std::vector<bridges::ControlRequest> Requests() const;
-  void ForgetRequests();
-  [[nodiscard]] Bytes Heard() const;
-  [[nodiscard]] int TransfersHeard() const;
+  [[nodiscard]] std::vector<bridges::ControlRequest> Requests() const {
+    return Locked([&] { return chip_.Requests(); });
+  }
+  void ForgetRequests() {
+    Locked([&] { chip_.ForgetRequests(); });
+  }
+  [[nodiscard]] Bytes Heard() const {
+    return Locked([&] { return chip_.Heard(); });
+  }
+  [[nodiscard]] int TransfersHeard() const {
+    return Locked([&] { return chip_.TransfersHeard(); });
+  }
   /// The system's own driver has it.
   [[nodiscard]] bool HasDriver() const;
   [[nodiscard]] bool IsClaimed() const;
@@ -80,6 +102,13 @@ class EmulatedUsb {
   struct Transfer;
   using Transfers = std::deque<std::unique_ptr<Transfer>>;
   using Client = UMockdevIoctlClient*;
+
+  /// What the action gives back is a copy.
+  template <class Action>
+  std::invoke_result_t<Action> Locked(Action action) const {
+    const std::lock_guard lock(mutex_);
+    return action();
+  }
 
   static int OnCall(UMockdevIoctlBase* calls, Client client, void* self);
 
