@@ -82,8 +82,9 @@ std::size_t PseudoTerminal::Read(std::span<std::uint8_t> bytes) const {
   return got > 0 ? static_cast<std::size_t>(got) : 0;
 }
 
-void PseudoTerminal::Write(std::span<const std::uint8_t> bytes) const {
-  [[maybe_unused]] const ssize_t written = write(ours_, bytes.data(), bytes.size());
+std::size_t PseudoTerminal::Write(std::span<const std::uint8_t> bytes) const {
+  const ssize_t written = write(ours_, bytes.data(), bytes.size());
+  return written > 0 ? static_cast<std::size_t>(written) : 0;
 }
 
 /// Whoever came meanwhile and went was refused, and is no reason to disturb who works.

@@ -38,8 +38,8 @@ class PseudoTerminal {
 
   /// What has come, `bytes` at most; how many. It does not wait.
   [[nodiscard]] std::size_t Read(std::span<std::uint8_t> bytes) const;
-  /// What the other end, which does not read, has no room for is lost.
-  void Write(std::span<const std::uint8_t> bytes) const;
+  /// How many went; what the other end, which does not read, has no room for is lost.
+  std::size_t Write(std::span<const std::uint8_t> bytes) const;
   /// Whether a program has closed the device since the last call, and none has it under a lock, as
   /// one that was refused finds it. If so nothing of what passed is left in it, and it can be
   /// opened again, also when that program was killed.

@@ -56,10 +56,10 @@ void ServedMachine::Hear() {
 void ServedMachine::Say() {
   std::array<std::uint8_t, 1024> bytes{};
   const Time now = clock_.Elapsed();
-  const auto said = std::span(bytes).first(line_.Take(bytes, now));
-  if (said.empty()) return;
-  terminal_.Write(said);
-  if (listener_ != nullptr) listener_->Said(said, now);
+  const auto ready = std::span(bytes).first(line_.Take(bytes, now));
+  if (ready.empty()) return;
+  const auto said = ready.first(terminal_.Write(ready));
+  if (listener_ != nullptr && !said.empty()) listener_->Said(said, now);
 }
 
 std::string ServedMachine::NewTrouble() {

@@ -22,6 +22,7 @@ class NotingListener final : public LineListener {
   }
   void Said(std::span<const std::uint8_t> bytes, Time now) override {
     Note("said " + std::to_string(bytes.size()), now);
+    Told += bytes.size();
   }
   void Latched(bool on, Time now) override { Note(on ? "on" : "off", now); }
   void Closed(Time now) override { Note("closed", now); }
@@ -29,6 +30,7 @@ class NotingListener final : public LineListener {
 
   std::vector<std::string> Notes;
   std::string Wrong;
+  std::size_t Told = 0;   ///< of all that was said
   std::size_t Count = 0;  ///< of all that was heard
   std::size_t Most = 0;   ///< of it at once
 
@@ -102,6 +104,23 @@ TEST_F(ServedMachineTest, ItWaitsForItsNextByteAndForTheLineToDrop) {
   SendPoll();
   Serve();
   EXPECT_EQ(machine_.Patience(), std::chrono::microseconds(694 + 694));
+}
+
+// The system makes room a little later than it says that there is none.
+TEST_F(ServedMachineTest, WhatAProgramThatDoesNotReadHasNoRoomForIsNotSaid) {
+  const Bytes flood(4096, 0x55);
+  std::size_t before = 0;
+  for (int refused = 0; refused < 1000;) {
+    const std::size_t went = machine_.Terminal().Write(flood);
+    before += went;
+    refused = went == 0 ? refused + 1 : 0;
+  }
+  SendPoll();
+  Serve();
+  clock_.Spend(std::chrono::milliseconds(4));
+  Serve();
+  EXPECT_EQ(listener_.Count, 8U);
+  EXPECT_EQ(client_->Take(before + listener_.Told).size(), before + listener_.Told);
 }
 
 TEST_F(ServedMachineTest, ATroubleIsToldOnce) {
