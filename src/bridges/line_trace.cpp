@@ -1,5 +1,6 @@
 #include "bridges/line_trace.h"
 
+#include <algorithm>
 #include <array>
 
 #include "simulator/wired_machine.h"
@@ -17,7 +18,10 @@ constexpr std::uint32_t kLatchLine = 1;
 LineTrace::LineTrace(const TraceOrder& order, const Clock& clock)
     : notes_(order, clock), began_(clock.Elapsed() - notes_.File().Time()) {}
 
-LineTrace::~LineTrace() { NoteRests(); }
+void LineTrace::End() {
+  NoteRests();
+  notes_.End();
+}
 
 void LineTrace::Heard(std::span<const std::uint8_t> bytes, Time now) {
   NoteRest(said_);
@@ -78,7 +82,7 @@ void LineTrace::Note(Passed& passed, std::size_t count) {
   line.Numbers = {kHandle, static_cast<std::uint32_t>(count)};
   line.Bytes.assign(passed.Bytes.begin(), end);
   passed.Bytes.erase(passed.Bytes.begin(), end);
-  notes_.Note(line);
+  Note(line);
 }
 
 void LineTrace::NoteAt(Time now, Operation what, const std::array<std::uint32_t, 3>& numbers) {
@@ -86,6 +90,15 @@ void LineTrace::NoteAt(Time now, Operation what, const std::array<std::uint32_t,
   line.At = now - began_;
   line.What = what;
   line.Numbers = numbers;
+  Note(line);
+}
+
+/// Times in a trace never go back.
+void LineTrace::Note(TraceLine& line) {
+  const Time end = std::max(line.At + line.Took, over_);
+  line.At = std::max(line.At, over_);
+  line.Took = end - line.At;
+  over_ = end;
   notes_.Note(line);
 }
 

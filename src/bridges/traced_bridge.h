@@ -19,6 +19,9 @@ class TracedBridge final : public UsbXpress {
       : behind_(std::move(behind)), notes_(order, clock) {}
 
   [[nodiscard]] const TraceFile& File() const { return notes_.File(); }
+  /// Ends the trace; what is asked of the link from now on is not noted. Whoever tells its trouble
+  /// ends it first, the destructor does it otherwise.
+  void End() { notes_.End(); }
 
   Status GetDllVersion(std::uint32_t& high, std::uint32_t& low) override;
   Status GetDriverVersion(std::uint32_t& high, std::uint32_t& low) override;

@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <string_view>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <io.h>
+#else
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -41,6 +43,13 @@ OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile /*acces
   return OpenedFile(_wfopen(PathOfUtf8(path).c_str(), opening == Opening::kNew ? L"wbx" : L"wb"));
 }
 
+void CutOff(std::FILE& file, std::uint64_t size) {
+  _chsize_s(_fileno(&file), static_cast<__int64>(size));
+}
+
+// An open file keeps its name there.
+bool LeadsTo(const std::string& /*path*/, std::FILE& /*file*/) { return true; }
+
 namespace {
 
 // Whether the writer lives cannot be told from a file that is closed before it is renamed: what is
@@ -59,6 +68,17 @@ OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile access)
   if (file < 0) return nullptr;
   fcntl(file, F_SETFL, 0);
   return OpenedFile(fdopen(file, "wb"));
+}
+
+void CutOff(std::FILE& file, std::uint64_t size) {
+  [[maybe_unused]] const int answer = ftruncate(fileno(&file), static_cast<off_t>(size));
+}
+
+bool LeadsTo(const std::string& path, std::FILE& file) {
+  struct stat opened {};
+  struct stat named {};
+  return fstat(fileno(&file), &opened) == 0 && lstat(path.c_str(), &named) == 0 &&
+         named.st_ino == opened.st_ino && named.st_dev == opened.st_dev;
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -20,6 +21,11 @@ enum class Opening { kOver, kNew };
 
 /// None, and `errno`, when it cannot be opened; a pipe that nobody reads is not waited for.
 [[nodiscard]] OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile access);
+
+/// Shortens an open file to its first `size` bytes, whatever its name is by now.
+void CutOff(std::FILE& file, std::uint64_t size);
+/// Whether `path` is a name of this open file, and not of another that was put there.
+[[nodiscard]] bool LeadsTo(const std::string& path, std::FILE& file);
 
 /// An open file, its name, and what says as long as it lives that its writer lives.
 struct FileBeside {

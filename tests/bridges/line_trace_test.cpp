@@ -1,5 +1,7 @@
 #include "bridges/line_trace.h"
 
+#include <filesystem>
+
 #include "bridges/trace_desk.h"
 #include "simulator/talk.h"
 
@@ -70,7 +72,7 @@ TEST_F(LineTraceTest, ALongReplyIsReadAsAProgramReadsIt) {
   Trace().Said(Part(kLog, 24, 112), At(2000));
   EXPECT_THAT(Ended(), ElementsAre(StartsWith("0.000000 0.000000 Write 0 "),
                                    StartsWith("0.001000 0.001000 Read 0 handle=1 asked=8 "),
-                                   StartsWith("0.001000 0.001000 Read 0 handle=1 asked=128 ")));
+                                   StartsWith("0.002000 0.000000 Read 0 handle=1 asked=128 ")));
 }
 
 TEST_F(LineTraceTest, TwoRepliesAtOnceAreTwo) {
@@ -106,12 +108,27 @@ TEST_F(LineTraceTest, TheLatchAndTheEndOfTheProgramAreNoted) {
                                         "0.000030 0.000000 Close 0 handle=1"));
 }
 
+TEST_F(LineTraceTest, TimesDoNotGoBackWhereBothTalkAtOnce) {
+  Trace().Heard(Part(kPoll, 0, 3), At(100));
+  Trace().Said(kRests, At(150));
+  Trace().Said(Part(kRests, 0, 2), At(200));
+  Trace().Heard(Part(kPoll, 3, 5), At(300));
+  EXPECT_THAT(Ended(), ElementsAre(StartsWith("0.000150 0.000000 Read 0 handle=1 asked=8 "),
+                                   StartsWith("0.000200 0.000000 Read 0 handle=1 asked=2 "),
+                                   StartsWith("0.000200 0.000100 Write 0 handle=1 written=8 ")));
+}
+
 TEST_F(LineTraceTest, ItHasItsHeadAndItsEnd) {
-  Trace();
-  trace_.reset();
+  Trace().Closed(At(0));
+  Trace().End();
   EXPECT_EQ(test::Content(Path),
             "# Morvane link trace 1\n# began 2026-03-03 15:04:10.000\n# machine scripted\n"
-            "# part 1\n# end\n");
+            "# part 1\n0.000000 0.000000 Close 0 handle=1\n# end\n");
+}
+
+TEST_F(LineTraceTest, WhereNobodyComesThereIsNone) {
+  Trace().End();
+  EXPECT_FALSE(std::filesystem::exists(Path));
 }
 
 TEST_F(LineTraceTest, WhereItCannotBeWrittenItSaysSo) {

@@ -1,5 +1,7 @@
 // Traces without hands: what is noted in place of each kind of bytes.
 
+#include <filesystem>
+
 #include "bridges/trace_desk.h"
 #include "wire/frame.h"
 
@@ -93,7 +95,7 @@ TEST_F(TraceWithoutHands, ABoardIsNotedInTheOrderOfItsPockets) {
   }
   Arrives(OnTheWire(board, kFromMachine));
   const Bytes head = Read(8);
-  EXPECT_TRUE(Traced().empty()) << "it depends on the sum of the whole frame";
+  EXPECT_FALSE(std::filesystem::exists(Path)) << "it depends on the sum of the whole frame";
   Clock.Spend(std::chrono::microseconds(9));
   Bytes got = head;
   const Bytes body = Read(128);
@@ -179,10 +181,23 @@ TEST_F(TraceWithoutHands, AHeadIsNotedBeforeAnyOtherOperation) {
                                         std::string(256, '0') + " ; half a frame"));
 }
 
+TEST_F(TraceWithoutHands, AdviceThatShowsAFrameIsLeftOut) {
+  std::uint32_t count = 0;
+  Scripted->Words = "Machine 0001A2B3C4D5E6F is taken.";
+  Usb->GetNumDevices(count);
+  EXPECT_EQ(Said(1), Scripted->Words) << "no frame is so short";
+  for (const char* words : {"Other than the trace: CmdDeal begin: 98 00 10 01 3D 56 00 00 01",
+                            "Other than the trace: 9800100F3d560000"}) {
+    Scripted->Words = words;
+    Usb->GetNumDevices(count);
+    EXPECT_THAT(Traced().back(), ::testing::HasSubstr(" GetNumDevices ")) << words;
+  }
+}
+
 TEST_F(TraceWithoutHands, AHeadIsNotedAtTheEnd) {
   Arrives(OnTheWire(Counted(0x9D), kFromMachine));
   Read(8);
-  Usb.reset();
+  Usb->End();
   EXPECT_EQ(Noted(0), Bytes(8));
   EXPECT_TRUE(test::Content(Path).ends_with(" ; head of a long frame\n# end\n"));
 }

@@ -87,6 +87,24 @@ TEST_F(TraceTrouble, SoAreMissingRights) {
   EXPECT_EQ(Trouble(), Path + ": Permission denied");
 }
 
+TEST_F(TraceTrouble, ANameOfAnOldPartIsNone) {
+  for (const char* name : {"run.trace.1", "run.trace.4"}) {
+    const TraceFile trace({.Path = Folder / name, .Machine = "usb"}, Clock);
+    EXPECT_EQ(trace.Trouble(),
+              Folder / name + ": names that end in .1 to .4 are those of older parts");
+  }
+  for (const char* name : {"run.trace.5", "run.trace.0", "trace1"}) {
+    const TraceFile trace({.Path = Folder / name, .Machine = "usb"}, Clock);
+    EXPECT_EQ(trace.Trouble(), "");
+  }
+}
+
+TEST_F(TraceTrouble, ALockIsNotTakenThroughALink) {
+  std::filesystem::create_symlink(Folder / "nowhere", Path + ".lock");
+  EXPECT_EQ(Trouble(), Path + ".lock: this is a link");
+  EXPECT_FALSE(std::filesystem::exists(Folder / "nowhere"));
+}
+
 TEST_F(TraceTrouble, OneThatNeverBeganTakesNoLines) {
   std::filesystem::create_directory(Path);
   TraceFile trace(Order(), Clock);
@@ -94,18 +112,36 @@ TEST_F(TraceTrouble, OneThatNeverBeganTakesNoLines) {
   EXPECT_EQ(trace.Trouble(), Path + ": this is a folder");
 }
 
+TEST_F(TraceTrouble, WhatHasComeSinceItWasMadeIsSeen) {
+  TraceFile trace(Order(), Clock);
+  std::filesystem::create_symlink(Folder / "nowhere", Path + ".lock");
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(), Path + ".lock: this is a link");
+  EXPECT_FALSE(std::filesystem::exists(Folder / "nowhere"));
+  EXPECT_FALSE(std::filesystem::exists(Path));
+}
+
 TEST_F(TraceTrouble, AnotherProgramMayNotWriteTheSameTrace) {
   TraceFile first(Order(), Clock);
   WriteLine(first);
-  EXPECT_EQ(Trouble(), Path + ": another program is writing this trace");
+  TraceFile second(Order(), Clock);
+  EXPECT_EQ(second.Trouble(), "") << "it may never ask for anything";
+  WriteLine(second);
+  EXPECT_EQ(second.Trouble(), Path + ": another program is writing this trace");
   WriteLine(first);
   EXPECT_EQ(first.Trouble(), "");
   EXPECT_EQ(Content(Path), kTraceHead + kText + kText);
+  EXPECT_FALSE(std::filesystem::exists(Path + ".1"));
 }
 
 TEST_F(TraceTrouble, TheNextProgramMay) {
-  { const TraceFile first(Order(), Clock); }
-  EXPECT_EQ(Trouble(), "");
+  TraceFile first(Order(), Clock);
+  WriteLine(first);
+  first.End();
+  TraceFile second(Order(), Clock);
+  WriteLine(second);
+  EXPECT_EQ(second.Trouble(), "");
+  EXPECT_EQ(Content(Path + ".1"), kTraceHead + kText + "# end\n");
 }
 
 TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
@@ -120,27 +156,97 @@ TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
   EXPECT_EQ(Content(Path), kTraceHead + kText);
 }
 
+TEST_F(TraceTrouble, ADiskThatIsFullAtTheEndIsToldToo) {
+  TraceFile trace(Order(), Clock);
+  WriteLine(trace);
+  const FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
+  trace.End();
+  EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
+  EXPECT_EQ(Content(Path), kTraceHead + kText);
+}
+
+TEST_F(TraceTrouble, AFullDiskLeavesAnotherFileOfItsNameAlone) {
+  TraceFile trace(Order(), Clock);
+  WriteLine(trace);
+  std::filesystem::rename(Path, Folder / "kept");
+  WriteContent(Path, std::string(1000, 'x'));
+  const FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
+  WriteLine(trace);
+  EXPECT_NE(trace.Trouble(), "");
+  EXPECT_EQ(Content(Path), std::string(1000, 'x'));
+  EXPECT_EQ(Content(Folder / "kept"), kTraceHead + kText);
+}
+
+/// Full behind the head, or in it.
+TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesAllAsItWas) {
+  WriteContent(Path, kTraceHead + "a");
+  WriteContent(Path + ".1", kTraceHead + "b");
+  for (const std::size_t room : {kTraceHead.size() + 1, kTraceHead.size() - 1}) {
+    const FileSizeLimit limit(room);
+    TraceFile trace(Order(), Clock);
+    WriteLine(trace);
+    EXPECT_EQ(trace.Trouble(), Path + ": File too large");
+    EXPECT_EQ(Content(Path), kTraceHead + "a");
+    EXPECT_EQ(Content(Path + ".1"), kTraceHead + "b");
+    EXPECT_FALSE(std::filesystem::exists(Path + ".2"));
+  }
+}
+
 TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesNothing) {
   const FileSizeLimit limit(kTraceHead.size() - 1);
-  EXPECT_EQ(Trouble(), Path + ": File too large");
+  TraceFile trace(Order(), Clock);
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(), Path + ": File too large");
   EXPECT_FALSE(std::filesystem::exists(Path));
 }
 
-TEST_F(TraceTrouble, ADiskThatIsFullAtTheNextPartEndsItThere) {
-  auto order = Order();
-  order.LargestPart = 1;
-  TraceFile trace(order, Clock);
+class TraceOfParts : public TraceTrouble {
+ protected:
+  /// A line each.
+  [[nodiscard]] TraceOrder Parts() const {
+    auto order = Order();
+    order.LargestPart = 1;
+    return order;
+  }
+};
+
+TEST_F(TraceOfParts, ADiskThatIsFullAtTheNextPartLeavesTheLastItsName) {
+  TraceFile trace(Parts(), Clock);
+  WriteLine(trace);
   WriteLine(trace);
   const FileSizeLimit limit(kTraceHead.size() - 1);
   WriteLine(trace);
   EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
-  EXPECT_EQ(Content(Path + ".1"), kTraceHead + kText);
+  EXPECT_TRUE(Content(Path).ends_with("# part 2\n" + kText));
+  EXPECT_TRUE(Content(Path + ".1").ends_with("# part 1\n" + kText));
+  EXPECT_FALSE(std::filesystem::exists(Path + ".2"));
 }
 
-TEST_F(TraceTrouble, AFolderThatWentEndsItAtTheNextPart) {
-  auto order = Order();
-  order.LargestPart = 1;
-  TraceFile trace(order, Clock);
+TEST_F(TraceOfParts, WhatIsNoTraceByNowIsNotMovedOn) {
+  TraceFile trace(Parts(), Clock);
+  WriteLine(trace);
+  WriteContent(Path + ".1", "my notes");
+  WriteLine(trace);
+  EXPECT_EQ(trace.Trouble(),
+            Path + ".1: there is a file of this name, and it is no trace; the trace ends here");
+  EXPECT_EQ(Content(Path), kTraceHead + kText);
+  EXPECT_EQ(Content(Path + ".1"), "my notes");
+}
+
+TEST_F(TraceOfParts, AnotherFileInThePlaceOfTheLastIsLeftAlone) {
+  TraceFile trace(Parts(), Clock);
+  WriteLine(trace);
+  WriteLine(trace);
+  std::filesystem::remove(Path);
+  WriteContent(Path, "my notes");
+  WriteLine(trace);
+  EXPECT_TRUE(trace.Trouble().ends_with("it is no trace; the trace ends here"));
+  EXPECT_EQ(Content(Path), "my notes");
+  EXPECT_EQ(Content(Path + ".1"), kTraceHead + kText) << "nor is it moved back";
+}
+
+TEST_F(TraceOfParts, AFolderThatWentEndsThem) {
+  TraceFile trace(Parts(), Clock);
   WriteLine(trace);
   std::filesystem::remove_all(Folder.Path());
   WriteLine(trace);
@@ -200,7 +306,9 @@ TEST_F(TraceTrouble, AProgramThatIsKilledLeavesWholeLinesAndNoLock) {
   EXPECT_GE(lines.size(), 1000 * kText.size());
   EXPECT_EQ(lines.size() % kText.size(), 0U);
   EXPECT_TRUE(lines.ends_with(kText));
-  EXPECT_EQ(Trouble(), "");
+  TraceFile next(Order(), Clock);
+  WriteLine(next);
+  EXPECT_EQ(next.Trouble(), "");
 }
 
 }  // namespace

@@ -164,6 +164,14 @@ TEST_F(TracedBridgeTest, AFrameWhoseCheckFailsSaysSo) {
   EXPECT_TRUE(Traced().back().ends_with(" ; bad check"));
 }
 
+TEST_F(TracedBridgeTest, WhatIsAskedBehindTheEndIsDoneAndNotNoted) {
+  Usb->SetTimeouts(1, 2);
+  Usb->End();
+  Usb->SetTimeouts(3, 4);
+  EXPECT_THAT(Scripted->Calls, ElementsAre("SetTimeouts 1 2", "SetTimeouts 3 4"));
+  EXPECT_TRUE(test::Content(Path).ends_with(" SetTimeouts 0 read=1 write=2\n# end\n"));
+}
+
 /// A bus that has something to say.
 class TalkingBus final : public test::PassingBridge {
  public:
