@@ -149,28 +149,30 @@ void Playback::NoteReply(TracedExchange::Reply reply) {
 
 // Polls more or fewer than the trace has.
 
-/// The other polls of a console are all the same whatever is switched: only those of the outputs
-/// tell where it stands.
 bool Playback::ComesAmongPolls(const TraceLine& asked) {
   const auto command = CommandIn(asked);
-  if (!command || wire::CodeOf(*command) != wire::CmdOutputs || !IsPoll(*command)) return false;
+  if (!command || !IsServicePoll(*command) || !PollIsNext()) return false;
   const auto isAsked = [&](const TraceLine& each) { return SameQuestion(each, asked); };
-  if (!PollIsNext() || std::any_of(notAhead_.begin(), notAhead_.end(), isAsked)) return false;
-  if (LooksAheadFor(asked)) return true;
+  if (std::any_of(notAhead_.begin(), notAhead_.end(), isAsked)) return false;
+  if (LooksAheadFor(asked, wire::CodeOf(*command) == wire::CmdOutputs)) return true;
   notAhead_.push_back(asked);
   return false;
 }
 
-bool Playback::LooksAheadFor(const TraceLine& asked) {
+/// A console's other polls are the same whatever is switched: only the outputs tell where it
+/// stands. A run asks for a label between polls of another kind.
+bool Playback::LooksAheadFor(const TraceLine& asked, bool pastServicePolls) {
+  const auto isPassed = [&](const TraceLine& line) {
+    if (line.What == Operation::kRead || line.What == Operation::kFlushBuffers) return true;
+    const auto command = CommandIn(line);
+    return command && IsPoll(*command) && (pastServicePolls || !IsServicePoll(*command));
+  };
   bool found = false;
   int lines = 0;
+  if (!isPassed(*trace_.Next())) return false;
   trace_.LookAhead([&](const TraceLine& line) {
-    if (line.What == Operation::kRead || line.What == Operation::kFlushBuffers) {
-      return ++lines < kMostAhead;
-    }
     found = SameQuestion(line, asked);
-    const auto command = CommandIn(line);
-    return !found && command && IsPoll(*command) && ++lines < kMostAhead;
+    return !found && isPassed(line) && ++lines < kMostAhead;
   });
   return found;
 }

@@ -17,10 +17,11 @@ namespace morvane::bridges {
 /// What hangs on a person is no difference. A poll in the place of something else is answered as it
 /// was the last time, without moving on; where the trace has polls and the program asks for what
 /// stands behind them, they are passed over; which presses and boards a poll acknowledges does not
-/// count. Where a technician has switched other outputs, the trace is passed over to where they
-/// were switched so, as far as there are but polls. A flush tells the machine nothing: one that the
-/// trace lacks succeeds, one that the program leaves out is passed over. All else has to be the
-/// same, in the same order; an opening that fails is tried again as often as the trace has it.
+/// count. Where a technician has switched other outputs, or a run asks for the label of its board,
+/// the trace is passed over to where that was so, as far as there are but polls. A flush tells the
+/// machine nothing: one that the trace lacks succeeds, one that the program leaves out is passed
+/// over. All else has to be the same, in the same order; an opening that fails is tried again as
+/// often as the trace has it.
 class Playback {
  public:
   explicit Playback(TraceReader trace) : trace_(std::move(trace)) { TakeAdvice(); }
@@ -51,7 +52,7 @@ class Playback {
   void Follow(const TraceLine& line);
   void NoteReply(TracedExchange::Reply reply);
   [[nodiscard]] bool ComesAmongPolls(const TraceLine& asked);
-  [[nodiscard]] bool LooksAheadFor(const TraceLine& asked);
+  [[nodiscard]] bool LooksAheadFor(const TraceLine& asked, bool pastServicePolls);
   [[nodiscard]] std::optional<TraceLine> AnswerAgain(const TraceLine& asked);
   [[nodiscard]] TraceLine ReadAgain(const TraceLine& asked);
   void PassFlushes();

@@ -71,6 +71,8 @@ bool IsPoll(const Frame& command) {
   }
 }
 
+bool IsServicePoll(const Frame& command) { return IsPoll(command) && !IsStatus(command); }
+
 bool SamePoll(const Frame& one, const Frame& other) {
   if (!IsPoll(one) || !IsPoll(other) || !IsStatus(one) || !IsStatus(other)) return false;
   return wire::SameCommand(WithoutAcknowledgements(one), WithoutAcknowledgements(other));

@@ -10,6 +10,9 @@ namespace morvane::bridges {
 /// person did something. A poll that breaks a run or feeds a card does something itself.
 [[nodiscard]] bool IsPoll(const wire::Frame& command);
 
+/// One of what the sensors see.
+[[nodiscard]] bool IsServicePoll(const wire::Frame& command);
+
 /// The same poll of the machine's state, whatever presses and boards it acknowledges.
 [[nodiscard]] bool SamePoll(const wire::Frame& one, const wire::Frame& other);
 

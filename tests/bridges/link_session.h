@@ -39,14 +39,21 @@ class LinkSession final : public machine::RunView {
   /// The link is gone, and the last of the trace with it.
   void Disconnect() { usb_.reset(); }
 
-  /// Without the times of day and what kind of machine it was.
+  /// Without the times of day, the folder and what kind of machine it was.
   [[nodiscard]] std::vector<std::string> LogLines() const {
     static const std::regex kTime("[0-9]+:[0-9][0-9]:[0-9][0-9] [AP]M");
     std::vector<std::string> lines;
     for (const std::string& line : Desk.LogLines()) {
-      if (!line.starts_with(" Machine: ")) lines.push_back(std::regex_replace(line, kTime, "TIME"));
+      if (!line.starts_with(" Machine: "))
+        lines.push_back(WithoutFolder(std::regex_replace(line, kTime, "TIME")));
     }
     return lines;
+  }
+  /// Without the folder.
+  [[nodiscard]] std::vector<test::FakeUi::Box> Boxes() const {
+    std::vector<test::FakeUi::Box> boxes(Desk.Ui.Boxes.begin(), Desk.Ui.Boxes.end());
+    for (auto& box : boxes) box.Text = WithoutFolder(box.Text);
+    return boxes;
   }
 
   void ShowState() override {}
@@ -56,7 +63,7 @@ class LinkSession final : public machine::RunView {
     Errors.push_back(dialog.Error_label + "|" + dialog.Error_code);
     dialog.Open([] {});
     const auto answer = Desk.Loop.StartTimer(ThinkingMs, [&] {
-      if (InsteadOfTheButton) return InsteadOfTheButton();
+      if (Answer) return Answer(dialog);
       dialog.Continue_button.Visible ? dialog.PressContinue() : dialog.PressCancel2();
     });
     Desk.Loop.RunUntil([&] { return dialog.Closed(); });
@@ -65,9 +72,17 @@ class LinkSession final : public machine::RunView {
   test::TestDesk Desk;
   std::vector<std::string> Errors;
   int ThinkingMs = 250;
-  std::function<void()> InsteadOfTheButton;  ///< that answers a fault
+  std::function<void(machine::ErrorDialog&)> Answer;  ///< in the place of going on where he can
 
  private:
+  [[nodiscard]] std::string WithoutFolder(std::string text) const {
+    const std::string folder = Desk.Folder.Path();
+    for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder, at)) {
+      text.replace(at, folder.size(), "FOLDER");
+    }
+    return text;
+  }
+
   machine::MachineKind kind_;
   std::unique_ptr<UsbXpress> usb_;
   std::unique_ptr<machine::Machine> machine_;
@@ -117,7 +132,7 @@ class LinkSessions : public ::testing::Test {
   void ExpectTheSame() {
     EXPECT_EQ(playback->Trace().Next(), nullptr) << playback->Trace().Place();
     EXPECT_EQ(first.LogLines(), second.LogLines());
-    EXPECT_EQ(first.Desk.Ui.Boxes, second.Desk.Ui.Boxes);
+    EXPECT_EQ(first.Boxes(), second.Boxes());
     EXPECT_EQ(first.Errors, second.Errors);
   }
 };

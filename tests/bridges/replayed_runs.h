@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "bridges/link_session.h"
 #include "machine/dealing_run.h"
 #include "machine/reading_run.h"
@@ -15,6 +17,7 @@ class ReplayedRuns : public LinkSessions {
  protected:
   int boards = 2;
   int pauseMs = 430;  ///< from board to board
+  int breakMs = 0;    ///< if not 0, the button is pressed so long behind the first contact
   int hand = kNorth;  ///< of the first card of board 1
   Start starts = Start::kButton;
 
@@ -50,6 +53,9 @@ class ReplayedRuns : public LinkSessions {
   void Do(LinkSession& at, machine::MachineRun& run, const std::function<void(int)>& press) {
     run.Open(at);
     at.Desk.Loop.WaitMs(machine::MachineRun::kFirstContactMs);
+    const auto breaks = at.Desk.Loop.StartTimer(breakMs, [&, once = breakMs > 0]() mutable {
+      if (std::exchange(once, false)) run.cmdBreak();
+    });
     for (int board = 1; board <= boards && !run.Closed(); ++board) {
       at.Desk.Loop.WaitMs(pauseMs);
       if (run.Closed()) return;

@@ -1,4 +1,5 @@
 #include "bridges/replayed_runs.h"
+#include "program/setting_keys.h"
 
 namespace morvane::bridges {
 namespace {
@@ -43,26 +44,58 @@ TEST_F(ReplayedStarts, ABoardThatStartedARunDoesSoAgain) {
 }
 
 TEST_F(ReplayedStarts, AButtonForThePedalInTheBoxOfAFault) {
-  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  first.Answer = [this](machine::ErrorDialog&) { simulated->PressPedal(); };
   TraceStartsWith(Start::kPedal);
   ExpectTheSameOfTheButton();
 }
 
 TEST_F(ReplayedStarts, ThePedalInTheBoxOfAFaultClosesItAgain) {
-  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  first.Answer = [this](machine::ErrorDialog&) { simulated->PressPedal(); };
   TraceStartsWith(Start::kPedal);
-  second.InsteadOfTheButton = [] {};
+  second.Answer = [](machine::ErrorDialog&) {};
   ASSERT_EQ(Replay(deal), "");
   ExpectTheSame();
 }
 
 TEST_F(ReplayedStarts, AnAnswerThatTakesNoTimeForThePedalInTheBox) {
-  first.InsteadOfTheButton = [this] { simulated->PressPedal(); };
+  first.Answer = [this](machine::ErrorDialog&) { simulated->PressPedal(); };
   TraceStartsWith(Start::kPedal);
   starts = Start::kButton;
   pauseMs = second.ThinkingMs = 0;
   ASSERT_EQ(Replay(deal), "");
   ExpectTheSame();
+}
+
+/// Board 2 is in its place only when its box has been answered.
+TEST_F(ReplayedStarts, TheLabelOfABoardIsItsOwnAlsoForWhoIsQuicker) {
+  for (LinkSession* each : {&first, &second}) {
+    each->Desk.Store.Set(kCheckBoard, "1");
+    each->Desk.Store.Set(kInitStartFromBox, "0");
+  }
+  first.Answer = [this](machine::ErrorDialog& dialog) {
+    simulated->InsertBoard(2);
+    dialog.PressContinue();
+  };
+  Trace(",speed=0,seed=5", deal, [this] { simulated->InsertBoard(1); });
+  ASSERT_EQ(first.Errors.size(), 1U);
+  EXPECT_THAT(first.Errors[0], ::testing::EndsWith("|Error Code: 65"));
+  ExpectALogOf(" OK");
+  ExpectTheSameOfTheButton();
+}
+
+TEST_F(ReplayedStarts, ABreakSoonerOrLater) {
+  boards = 1;
+  breakMs = 6000;
+  Trace(",seed=5", deal);
+  ExpectALogOf("001 : 1,0 0,0,0,0 57 OK");
+  for (const int ms : {2500, 12000}) {
+    breakMs = ms;
+    ASSERT_EQ(Replay(deal), "") << ms;
+    EXPECT_EQ(playback->LeftOver(), "");
+    EXPECT_EQ(first.Errors, second.Errors);
+    second.Errors.clear();
+    second.Disconnect();
+  }
 }
 
 TEST_F(ReplayedStarts, PressesThatWereForgottenAreAcknowledgedWhereTheTraceHasNone) {
