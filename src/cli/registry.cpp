@@ -78,8 +78,8 @@ constexpr std::array kCommonOptions{
     Option{"data", "DIR", "the folder of logs and history"},
     Option{"settings", "FILE", "the settings store"},
     Option{"machine", "M", "the way to the machine; --help has its forms"},
-    Option{"trace", "FILE", "note all that passes over the link, to be read or replayed"},
-    Option{"trace-without-hands", "", "but not who has which card, so that it can be handed on"},
+    Option{"trace", "FILE", "note all that passes over the link"},
+    Option{"trace-without-hands", "", "but not who has which card"},
     Option{"yes", "", "answer Yes to every question, but replace no file"},
     Option{"overwrite", "", "replace a file without asking"},
 };

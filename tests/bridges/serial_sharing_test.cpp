@@ -119,12 +119,13 @@ TEST(SerialWords, AFileIsNoSerialDevice) {
   EXPECT_THAT(bridge.Advice(), StartsWith((folder / "deal.pbn") + " is no serial device.\n"));
 }
 
-TEST(SerialWords, ACharacterDeviceThatIsNoSerialOneIsToldSo) {
+TEST(SerialWords, WhyTheSystemDoesNotOpenADeviceIsTold) {
   SerialBridge bridge("/dev/null");
   UsbXpress::Handle handle = kNoHandle;
   EXPECT_EQ(bridge.Open(0, handle), UsbXpress::kDeviceNotFound);
   EXPECT_EQ(handle, kNoHandle);
-  EXPECT_THAT(bridge.Advice(), StartsWith("/dev/null is no serial device.\n"));
+  EXPECT_THAT(bridge.Advice(),
+              StartsWith("/dev/null cannot be opened: Inappropriate ioctl for device.\n"));
 }
 
 TEST_F(SerialBridgeTest, WhatWasSaidOfADeviceIsForgottenWhenItOpens) {

@@ -39,9 +39,8 @@ Request HelpWith(std::vector<std::string> words) {
 TEST(UsagePage, HasEveryCommandWithAllThatItTakes) {
   EXPECT_THAT(
       UsagePage(),
-      StartsWith("Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M]\n"
-                 "                   [--trace FILE] [--trace-without-hands] [--yes]\n"
-                 "                   [--overwrite] COMMAND ...\n"
+      StartsWith("Usage: morvane-cli [--data DIR] [--settings FILE] [--machine M] [--trace FILE]\n"
+                 "                   [--trace-without-hands] [--yes] [--overwrite] COMMAND ...\n"
                  "\n"
                  "  generate OUT [--first N] [--last N] [--generator bigdeal|morvane] [--empty]\n"
                  "               [--shapes on|off] [--inner on|off] [--history on|off]\n"
@@ -157,11 +156,13 @@ TEST(CommandHelp, OfDeal) {
             "  --import    take PBN as other programs write it, and report\n"
             "\n"
             "Every command takes these too:\n"
-            "  --data DIR       the folder of logs and history\n"
-            "  --settings FILE  the settings store\n"
-            "  --machine M      the way to the machine; --help has its forms\n"
-            "  --yes            answer Yes to every question, but replace no file\n"
-            "  --overwrite      replace a file without asking\n");
+            "  --data DIR             the folder of logs and history\n"
+            "  --settings FILE        the settings store\n"
+            "  --machine M            the way to the machine; --help has its forms\n"
+            "  --trace FILE           note all that passes over the link\n"
+            "  --trace-without-hands  but not who has which card\n"
+            "  --yes                  answer Yes to every question, but replace no file\n"
+            "  --overwrite            replace a file without asking\n");
 }
 
 TEST(CommandHelp, OfGenerateGoesOverSeveralLinesAndEndsWithItsNote) {

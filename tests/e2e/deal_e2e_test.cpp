@@ -79,23 +79,9 @@ TEST_F(DealEndToEnd, AMissingDeviceIsTold) {
   EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
 }
 
-TEST_F(DealEndToEnd, WhereNoMachineIsNamedTheRealOneIsMeantAndIsMissing) {
-  SetFile("set.pbn", 1, 1);
-  // A bus with nothing at it: the computer's own may have a machine.
-  Surroundings bare = Around();
-  bare.Variables = {"LD_PRELOAD=libumockdev-preload.so.0", "UMOCKDEV_DIR=" + (folder / "bus")};
-  std::filesystem::create_directories(folder / "bus/sys/bus/usb/devices");
-  const Outcome outcome = Process(Whole({"--yes", "deal", "set.pbn", "--auto"}), bare).Finish();
-  EXPECT_EQ(outcome.Status, 1);
-  EXPECT_EQ(outcome.Err, kNoMachine + "No machine is attached to a USB socket of this computer.\n");
-  EXPECT_EQ(outcome.Out, "");
-  EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
-  EXPECT_EQ(CountLines("  001 :"), 0);
-}
-
 TEST_F(DealEndToEnd, AFileIsNoDevice) {
   SetFile("set.pbn", 1, 1);
-  const Outcome outcome = Process(Deal("serial:set.pbn"), Around()).Finish();
+  const Outcome outcome = Process(Deal("serial:" + (folder / "set.pbn")), Around()).Finish();
   EXPECT_EQ(outcome.Status, 1);
   EXPECT_THAT(outcome.Err,
               StartsWith(kNoMachine + (folder / "set.pbn") + " is no serial device.\n"));

@@ -11,6 +11,7 @@ namespace {
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 constexpr int kBoards = 4;
 
@@ -41,6 +42,18 @@ TEST_F(UsbEndToEnd, FourBoardsAreDealtRightAndTheMachineIsGivenBack) {
   EXPECT_EQ(behind.Machine.DealtBoard().Cards, test::SuitBoard(kBoards).Cards);
   EXPECT_FALSE(chip.IsClaimed());
   EXPECT_TRUE(chip.HasDriver());
+}
+
+TEST_F(UsbEndToEnd, WhereNoMachineIsNamedTheRealOneIsMeantAndIsMissing) {
+  const Outcome outcome = Run({"--yes", "deal", "set.pbn", "--auto"});
+  EXPECT_EQ(outcome.Status, 1);
+  EXPECT_THAT(outcome.Err, StartsWith("USB Initialization Error: "));
+  EXPECT_THAT(outcome.Err, HasSubstr("(Error: 255.1)\n"));
+  EXPECT_THAT(outcome.Err, EndsWith("Click OK to retry communication.\n\n"
+                                    "No machine is attached to a USB socket of this computer.\n"));
+  EXPECT_EQ(outcome.Out, "");
+  EXPECT_EQ(CountLines(" USB Initialization Error: 255:1"), 1);
+  EXPECT_EQ(CountLines("  001 :"), 0);
 }
 
 TEST_F(UsbEndToEnd, OfTwoMachinesTheOneThatIsNamedDeals) {
