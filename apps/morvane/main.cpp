@@ -72,7 +72,8 @@ std::unique_ptr<morvane::Timer> WatchTrace(morvane::Program& program,
 
 /// What nobody may have read while windows were open. The exit status: a trace that was asked for
 /// and is not whole, or that another run differs from, is no success.
-int TellTrouble(const morvane::bridges::MachineChoice& machine) {
+int TellTrouble(morvane::bridges::MachineChoice& machine) {
+  machine.End();
   if (const std::string trouble = machine.Trouble(); !trouble.empty()) {
     std::cerr << "morvane: " << trouble << "\n";
   }
@@ -81,7 +82,7 @@ int TellTrouble(const morvane::bridges::MachineChoice& machine) {
 
 /// The program from its windows to its end; its exit status.
 int Run(const QApplication& application, morvane::SystemParts& parts,
-        const morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
+        morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
   morvane::QtPrinter printer(parts.Loop);
@@ -146,7 +147,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
 
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
-  const auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
+  auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
   if (!machine.Usb) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;

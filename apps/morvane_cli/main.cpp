@@ -30,8 +30,9 @@ std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** ar
 
 /// The status of a job behind whose machine a file is in trouble: a trace belongs to what was asked
 /// for; what a simulated machine keeps is its own.
-morvane::cli::ExitStatus TellTrouble(const morvane::bridges::MachineChoice& machine,
+morvane::cli::ExitStatus TellTrouble(morvane::bridges::MachineChoice& machine,
                                      morvane::cli::ExitStatus status) {
+  machine.End();
   const std::string trouble = machine.Trouble();
   if (!trouble.empty()) std::cerr << "morvane-cli: " << trouble << "\n";
   const bool whole = machine.LinkTrouble().empty();
@@ -61,7 +62,7 @@ int main(int argc, char** argv) {
     application = ApplicationWithFonts(nameAlone, argv);
   }
   morvane::SystemParts parts(argv[0], arguments.Data, arguments.Settings);
-  const auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
+  auto machine = morvane::bridges::ChooseMachine(arguments, parts.Time);
   if (!machine.Usb) {
     std::cerr << "morvane-cli: " << machine.Error << "\n";
     return morvane::cli::kWrongUsage;

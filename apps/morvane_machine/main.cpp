@@ -20,7 +20,7 @@ using morvane::simulator::LineServer;
 using morvane::simulator::PseudoTerminal;
 using morvane::simulator::ServedMachine;
 
-enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kNotWholly = 3 };
 
 /// A file that can be read from when the system tells the program to end. Signals that were ignored
 /// stay so.
@@ -98,6 +98,19 @@ std::string PutUp(Served& served, const ServedKind& kind, SimulatedChoice choice
   return kind.Trace.empty() ? "" : StartTrace(served, kind);
 }
 
+/// The exit status: a trace that was asked for and is not whole is no success.
+int EndTraces(Served& served) {
+  int status = kDone;
+  for (auto& trace : served.Traces) {
+    const std::string told = trace.Trouble();
+    trace.End();
+    if (trace.Trouble().empty()) continue;
+    status = kNotWholly;
+    if (told.empty()) std::cerr << "morvane-machine: " << trace.Trouble() << "\n";
+  }
+  return status;
+}
+
 int Serve(const std::vector<ServedKind>& kinds, Choices choices) {
   const int endSignals = EndSignals();
   std::signal(SIGPIPE, SIG_IGN);  // whoever has read the first line may be gone
@@ -112,7 +125,7 @@ int Serve(const std::vector<ServedKind>& kinds, Choices choices) {
   if (!std::cout.flush()) return Fail(kFailed, "standard output cannot be written");
   if (isatty(STDIN_FILENO) != 0) std::cout << "help lists what you can do here." << std::endl;
   LineServer(served.Machines, std::cout, std::cerr).Run({STDIN_FILENO, endSignals});
-  return kDone;
+  return EndTraces(served);
 }
 
 }  // namespace

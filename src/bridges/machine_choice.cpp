@@ -162,6 +162,10 @@ MachineChoice ChooseMachine(const LinkRequest& request, Clock& clock) {
   return Traced(std::move(choice), request, clock);
 }
 
+void MachineChoice::End() {
+  if (Traced != nullptr) Traced->End();
+}
+
 std::string MachineChoice::LinkTrouble() const {
   std::string lines;
   if (Replayed != nullptr) AddLine(lines, Replayed->Play().Trouble());

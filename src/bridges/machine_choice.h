@@ -27,6 +27,8 @@ struct MachineChoice {
   TracedBridge* Traced = nullptr;
   std::string Error;  ///< not empty: `Usb` is null
 
+  /// Ends the trace that is written, when nothing is asked of the machine any more.
+  void End();
   /// What is wrong with the files behind it by now, in lines for their owner: the trace that is
   /// played, or the run that differs from it; the trace that is written; that of a simulated
   /// machine that is kept in one. Empty: nothing.

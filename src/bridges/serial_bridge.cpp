@@ -6,10 +6,14 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "bridges/serial_words.h"
 #include "platform/files.h"
+#ifndef _WIN32
+#include "bridges/serial_holder.h"
+#endif
 
 #ifndef _WIN32
 #include <poll.h>
@@ -58,11 +62,26 @@ bool Gone(const QSerialPort& port) {
 }
 
 #ifndef _WIN32
+constexpr std::string_view kPseudoTerminals = "/dev/pts/";
+
 bool IsPseudoTerminal(int file) {
   const char* const name = ttyname(file);
-  return name != nullptr && std::string_view(name).starts_with("/dev/pts/");
+  return name != nullptr && std::string_view(name).starts_with(kPseudoTerminals);
 }
 #endif
+
+/// A program that has the device open and bars nobody, which opening it would disturb. Whoever
+/// serves a pseudo-terminal keeps it open.
+std::optional<std::string> ProgramAt([[maybe_unused]] const std::string& path) {
+#ifdef _WIN32
+  return std::nullopt;  // opening it fails there
+#else
+  std::error_code failure;
+  const auto device = std::filesystem::weakly_canonical(PathOfUtf8(path), failure).string();
+  if (device.starts_with(kPseudoTerminals)) return std::nullopt;
+  return ProgramHolding(path);
+#endif
+}
 
 /// Takes the device for this program alone, by whatever name another asks for it. The system's own
 /// bar does not stop its administrator, and a pseudo-terminal would stay barred behind a program
@@ -169,6 +188,10 @@ UsbXpress::Status SerialBridge::Open(std::uint32_t index, Handle& handle) {
   advice_.clear();
   if (index != 0) return kDeviceNotFound;
   if (!Attached()) return Missing();
+  if (const auto program = ProgramAt(path_)) {
+    advice_ = WordsOfHeld(path_, *program);
+    return kDeviceIoFailed;
+  }
   if (!port_.open(QIODevice::ReadWrite)) {
     return port_.error() == QSerialPort::PermissionError ? Refused() : Failed();
   }

@@ -45,6 +45,10 @@ std::string WordsOfFailed(const std::string& path, const std::string& why) {
   return path + " cannot be opened: " + why + ".\n" + DevicesHere();
 }
 
+std::string WordsOfHeld(const std::string& path, const std::string& program) {
+  return "Another program (" + program + ") has " + path + ".\nClose it and try again.";
+}
+
 std::string WordsOfRefused(const std::string& path) {
   if (MayUse(path)) return "Another program has " + path + ".\nClose it and try again.";
   return "This user may not use " + path +

@@ -14,5 +14,7 @@ namespace morvane::bridges {
 /// It is there, and the system has refused it: another program has it, or this user has no right to
 /// it.
 [[nodiscard]] std::string WordsOfRefused(const std::string& path);
+/// The program of this name has it, and would share every byte of it.
+[[nodiscard]] std::string WordsOfHeld(const std::string& path, const std::string& program);
 
 }  // namespace morvane::bridges

@@ -2,8 +2,10 @@
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 #include "bridges/serial_desk.h"
@@ -119,13 +121,45 @@ TEST(SerialWords, AFileIsNoSerialDevice) {
   EXPECT_THAT(bridge.Advice(), StartsWith((folder / "deal.pbn") + " is no serial device.\n"));
 }
 
+/// A program of its own that has the device open, without a lock.
+class Holder {
+ public:
+  explicit Holder(const std::string& path) : pid_(fork()) {
+    if (pid_ != 0) return;
+    open(path.c_str(), O_RDWR | O_NOCTTY);
+    while (true) pause();
+  }
+  ~Holder() {
+    kill(pid_, SIGKILL);
+    waitpid(pid_, nullptr, 0);
+  }
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
+
+ private:
+  pid_t pid_;
+};
+
+// A device that nobody else has: the system's own serial ones and terminals may be in use.
+constexpr const char* kFreeDevice = "/dev/full";
+
 TEST(SerialWords, WhyTheSystemDoesNotOpenADeviceIsTold) {
-  SerialBridge bridge("/dev/null");
+  SerialBridge bridge(kFreeDevice);
   UsbXpress::Handle handle = kNoHandle;
   EXPECT_EQ(bridge.Open(0, handle), UsbXpress::kDeviceNotFound);
   EXPECT_EQ(handle, kNoHandle);
   EXPECT_THAT(bridge.Advice(),
-              StartsWith("/dev/null cannot be opened: Inappropriate ioctl for device.\n"));
+              StartsWith("/dev/full cannot be opened: Inappropriate ioctl for device.\n"));
+}
+
+TEST(SerialWords, AProgramThatHasTheDeviceWithoutALockIsNamed) {
+  SerialBridge bridge(kFreeDevice);
+  UsbXpress::Handle handle = kNoHandle;
+  const Holder other(kFreeDevice);
+  while (bridge.Open(0, handle) == UsbXpress::kDeviceNotFound) sched_yield();
+  EXPECT_EQ(bridge.Open(0, handle), UsbXpress::kDeviceIoFailed);
+  EXPECT_EQ(handle, kNoHandle);
+  EXPECT_THAT(bridge.Advice(), StartsWith("Another program (test_bridges) has /dev/full.\n"));
 }
 
 TEST_F(SerialBridgeTest, WhatWasSaidOfADeviceIsForgottenWhenItOpens) {
