@@ -11,9 +11,6 @@
 
 #include "bridges/serial_words.h"
 #include "platform/files.h"
-#ifndef _WIN32
-#include "bridges/serial_holder.h"
-#endif
 
 #ifndef _WIN32
 #include <poll.h>
@@ -21,6 +18,8 @@
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
+
+#include "bridges/serial_holder.h"
 #endif
 
 namespace morvane::bridges {
