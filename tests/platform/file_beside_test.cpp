@@ -15,6 +15,7 @@
 namespace morvane {
 namespace {
 
+using test::Content;
 using test::TempFolder;
 using test::WriteContent;
 using ::testing::ElementsAre;
@@ -150,6 +151,24 @@ TEST(FileBeside, EachSaveOfManyAtOnceSucceeds) {
     EXPECT_EQ(status, 0);
   }
   EXPECT_THAT(NamesIn(folder), UnorderedElementsAre("set0", "set1", "set2", "set3"));
+}
+
+TEST(OpenedFile, IsCutOffWhateverItsNameIsByNow) {
+  TempFolder folder;
+  const OpenedFile file = OpenToWrite(folder / "a", Opening::kNew, NewFile::kPrivate);
+  ASSERT_TRUE(file);
+  std::fputs("12345", file.get());
+  std::fflush(file.get());
+  EXPECT_TRUE(LeadsTo(folder / "a", *file));
+  std::filesystem::rename(folder / "a", folder / "b");
+  WriteContent(folder / "a", "another");
+  EXPECT_FALSE(LeadsTo(folder / "a", *file));
+  EXPECT_TRUE(LeadsTo(folder / "b", *file));
+  std::filesystem::create_symlink(folder / "b", folder / "c");
+  EXPECT_FALSE(LeadsTo(folder / "c", *file)) << "a link is no name of its own";
+  CutOff(*file, 3);
+  EXPECT_EQ(Content(folder / "b"), "123");
+  EXPECT_EQ(Content(folder / "a"), "another");
 }
 
 }  // namespace
