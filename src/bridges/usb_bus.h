@@ -36,8 +36,8 @@ enum class UsbFault : std::uint8_t {
 struct UsbFound {
   std::shared_ptr<libusb_device> Device;
   std::vector<std::uint8_t> Sockets;  ///< behind the number of its bus, one a hub
-  std::string Place = "";             ///< "1-2.3": the same, as the system names it
-  std::string Serial = "";            ///< empty when it has none, or did not tell it
+  std::string Place = {};             ///< "1-2.3": the same, as the system names it
+  std::string Serial = {};            ///< empty when it has none, or did not tell it
   UsbFault Fault = UsbFault::kNone;   ///< why it did not
 };
 

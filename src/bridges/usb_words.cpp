@@ -22,7 +22,7 @@ bool HasOwnSerial(const UsbFound& device, const Devices& all) {
 
 /// As `--machine` takes it, and the place where that would not do.
 std::string NameOf(const UsbFound& device, const Devices& all) {
-  const std::string serial = WithoutControls(device.Serial);
+  std::string serial = WithoutControls(device.Serial);
   if (HasOwnSerial(device, all)) return serial;
   return (serial.empty() ? "the one" : serial) + " at USB socket " + device.Place;
 }

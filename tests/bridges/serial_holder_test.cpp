@@ -71,7 +71,7 @@ class SerialNodes : public SerialHolder {
 
   [[nodiscard]] std::string Slave() const { return ptsname(terminal_); }
   /// Only the administrator makes nodes.
-  bool MakeNode(int above) {
+  bool MakeNode(unsigned above) {
     struct stat slave {};
     EXPECT_EQ(stat(Slave().c_str(), &slave), 0);
     const dev_t device = makedev(major(slave.st_rdev), minor(slave.st_rdev) + above);
