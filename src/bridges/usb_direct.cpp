@@ -311,8 +311,9 @@ UsbXpress::Status UsbDirect::WriteLatch(Handle handle, std::uint8_t mask, std::u
   if (!Usable(handle)) return kInvalidHandle;
   if (!hasLatch_) return kFunctionNotSupported;
   const UsbFault fault = Tell(chip::WriteLatch(mask, value));
-  if (fault == UsbFault::kNone)
+  if (fault == UsbFault::kNone) {
     latch_ = static_cast<std::uint8_t>((latch_ & ~mask) | (value & mask));
+  }
   return Of(fault);
 }
 

@@ -90,8 +90,9 @@ std::string NoRights(const UsbWhich& which) {
       "A machine is attached, and this user may not use it.\n"
       "The rule 70-morvane.rules belongs into /etc/udev/rules.d; it lets in who sits at the "
       "computer.\n";
-  if (!IsInRule(which))
+  if (!IsInRule(which)) {
     text += "For this machine it needs one line more:\n" + LineOfRule(which) + "\n";
+  }
   return text +
          "Once it is there, unplug the machine and plug it in again.\n"
          "For others, over the network for example, the administrator has to give the right.";
