@@ -16,7 +16,7 @@ using Ending = simulator::FrameLog::Ending;
 /// does not come to what the trace has next.
 constexpr int kMostBusyPolls = 20000;
 
-/// So many are five seconds of a run that nobody starts, or one of a console.
+/// So many are five seconds of a run that nobody starts, and half a one of a console.
 constexpr int kPollsOfAWhile = 50;
 
 /// Minutes of a console. More would keep the program waiting.

@@ -1,5 +1,7 @@
 #include "bridges/playback.h"
 
+#include <filesystem>
+
 #include "bridges/replay_desk.h"
 #include "wire/service_commands.h"
 
@@ -345,6 +347,16 @@ TEST_F(PlaybackTest, WhereItsWriterWasKilledItSaysSo) {
       Trouble(),
       "The trace ends here, at " + path +
           ", line 7.\nThe program that wrote it did not come to its end, or could write no more.");
+}
+
+TEST_F(PlaybackTest, WhereTheFileIsCutMeanwhileItSaysSo) {
+  WrittenTrace trace;
+  for (int poll = 0; poll < 1000; ++poll) trace.Poll();
+  Play(trace);
+  std::filesystem::resize_file(path, trace.Text().size() / 2);
+  while (Polled() == 0) {
+  }
+  EXPECT_THAT(Trouble(), StartsWith("The trace cannot be read on.\n" + path + ", line "));
 }
 
 TEST_F(PlaybackTest, WhatPassesIsNotedInWords) {

@@ -20,6 +20,7 @@ class ReplayedRuns : public LinkSessions {
   int breakMs = 0;    ///< if not 0, the button is pressed so long behind the first contact
   int hand = kNorth;  ///< of the first card of board 1
   Start starts = Start::kButton;
+  bool forgets = false;  ///< as behind a box: what began a run before is acknowledged at its next
 
   void Deal(LinkSession& at) {
     test::FillSet(at.Desk.Prog.Set, 1, boards);
@@ -60,6 +61,7 @@ class ReplayedRuns : public LinkSessions {
       at.Desk.Loop.WaitMs(pauseMs);
       if (run.Closed()) return;
       if (starts == Start::kButton) {
+        if (forgets) at.TheMachine().ForgetStarts();
         press(board);
       } else {
         StartAtTheMachine(board);
