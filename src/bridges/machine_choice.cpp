@@ -149,6 +149,11 @@ MachineChoice Traced(MachineChoice choice, const LinkRequest& request, const Clo
   return choice;
 }
 
+/// A run that has stopped, or has not come to the end of its trace.
+std::string WhyNotWhole(const Playback& playback) {
+  return playback.Trouble().empty() ? playback.LeftOver() : playback.Trouble();
+}
+
 void AddLine(std::string& lines, const std::string& line) {
   if (!line.empty()) lines += (lines.empty() ? "" : "\n") + line;
 }
@@ -168,7 +173,7 @@ void MachineChoice::End() {
 
 std::string MachineChoice::LinkTrouble() const {
   std::string lines;
-  if (Replayed != nullptr) AddLine(lines, Replayed->Play().Trouble());
+  if (Replayed != nullptr) AddLine(lines, WhyNotWhole(Replayed->Play()));
   if (Traced != nullptr) AddLine(lines, Traced->File().Trouble());
   return lines;
 }

@@ -30,8 +30,8 @@ struct MachineChoice {
   /// Ends the trace that is written, when nothing is asked of the machine any more.
   void End();
   /// What is wrong with the files behind it by now, in lines for their owner: the trace that is
-  /// played, or the run that differs from it; the trace that is written; that of a simulated
-  /// machine that is kept in one. Empty: nothing.
+  /// played, the run that differs from it, or has not come to its end; the trace that is written;
+  /// that of a simulated machine that is kept in one. Empty: nothing.
   [[nodiscard]] std::string Trouble() const;
   /// The same but for the simulated machine's.
   [[nodiscard]] std::string LinkTrouble() const;

@@ -12,6 +12,8 @@ constexpr std::uint32_t kAsksForNoUpdate = 0x00030001;
 /// A bridge may have hung, and the program of the trace have been held. Nobody waits for it again.
 constexpr std::chrono::microseconds kLongest = std::chrono::seconds(10);
 
+constexpr std::chrono::microseconds kWorthASleep{500};
+
 std::uint32_t NumberOf(UsbXpress::Handle handle) { return static_cast<std::uint32_t>(handle); }
 
 }  // namespace
@@ -19,13 +21,25 @@ std::uint32_t NumberOf(UsbXpress::Handle handle) { return static_cast<std::uint3
 std::optional<TraceLine> ReplayBridge::Answer(Operation what,
                                               const std::array<std::uint32_t, 3>& numbers,
                                               std::span<const std::uint8_t> bytes) {
+  const auto start = clock_.Elapsed();
   TraceLine asked;
   asked.What = what;
   asked.Numbers = numbers;
   asked.Bytes.assign(bytes.begin(), bytes.end());
   auto line = playback_.Answer(asked);
-  if (line && line->Took.count() > 0) clock_.Spend(std::min(line->Took, kLongest));
+  owed_ -= clock_.Elapsed() - start;
+  if (line) Spend(std::min(line->Took, kLongest));
   return line;
+}
+
+/// A clock that sleeps oversleeps, by more than most operations take: it sleeps once that is worth
+/// it, and less the next time.
+void ReplayBridge::Spend(std::chrono::microseconds time) {
+  owed_ += time;
+  if (owed_ < kWorthASleep) return;
+  const auto start = clock_.Elapsed();
+  clock_.Spend(owed_);
+  owed_ -= clock_.Elapsed() - start;
 }
 
 UsbXpress::Status ReplayBridge::Outcome(Operation what, const std::array<std::uint32_t, 3>& numbers,

@@ -43,8 +43,11 @@ class ReplayBridge final : public UsbXpress {
   [[nodiscard]] Status Outcome(Operation what, const std::array<std::uint32_t, 3>& numbers,
                                Status gone);
 
+  void Spend(std::chrono::microseconds time);
+
   Playback playback_;
   Clock& clock_;
+  std::chrono::microseconds owed_{0};  ///< that the trace has taken and this has not
 };
 
 }  // namespace morvane::bridges

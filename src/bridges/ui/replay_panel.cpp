@@ -31,10 +31,12 @@ int Limited(std::uint64_t count) {
   return static_cast<int>(std::min<std::uint64_t>(count, INT_MAX));
 }
 
-const char* StateText(const Playback& playback) {
+std::string StateText(const Playback& playback) {
   const bool goesOn = playback.Trace().Next() != nullptr;
-  if (playback.Trouble().empty()) return goesOn ? "Being played" : "Played to its end";
-  return goesOn ? kElseText : "Stopped: the trace is at its end";
+  if (!playback.Trouble().empty()) return goesOn ? kElseText : "Stopped: the trace is at its end";
+  if (!goesOn) return "Played to its end";
+  const std::string waiting = playback.Waiting();
+  return waiting.empty() ? "Being played" : waiting;
 }
 
 }  // namespace
@@ -136,7 +138,7 @@ void ReplayPanel::ShowTrace() {
 }
 
 void ReplayPanel::ShowPlayback() {
-  state_->Show(StateText(playback_));
+  state_->Show(ToQt(StateText(playback_)));
   played_->setValue(Limited(playback_.Trace().Played()));
   ShowTrouble();
   frames_->ShowFrames();
