@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "bridges/playback.h"
+#include "bridges/trace/playback.h"
 #include "support.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "bridges/trace_line.h"
+#include "bridges/trace/trace_line.h"
 #include "support.h"
 #include "text/text_lines.h"
 

@@ -7,8 +7,8 @@
 #include <iostream>
 
 #include "arguments.h"
-#include "bridges/line_trace.h"
 #include "bridges/simulated_choice.h"
+#include "bridges/trace/line_trace.h"
 #include "platform/system_clock.h"
 #include "simulator/line/line_server.h"
 

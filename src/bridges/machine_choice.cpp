@@ -7,16 +7,16 @@
 #include <string_view>
 #include <utility>
 
-#include "bridges/replay_bridge.h"
 #include "bridges/serial_bridge.h"
 #include "bridges/simulated_choice.h"
-#include "bridges/traced_bridge.h"
+#include "bridges/trace/replay_bridge.h"
+#include "bridges/trace/traced_bridge.h"
 #include "platform/files.h"
 #include "simulator/simulated_machine.h"
 #ifdef _WIN32
-#include "bridges/usb_xpress_library.h"
+#include "bridges/usb/usb_xpress_library.h"
 #else
-#include "bridges/usb_direct.h"
+#include "bridges/usb/usb_direct.h"
 #endif
 
 namespace morvane::bridges {

@@ -19,7 +19,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include "bridges/serial_holder.h"
+#include "bridges/usb/serial_holder.h"
 #endif
 
 namespace morvane::bridges {

@@ -60,8 +60,9 @@ class UsbXpress {
   virtual Status SetLineControl(Handle handle, std::uint16_t control) = 0;
   /// Forgets, in the directions that are not 0, what has not been sent and what has not been read.
   virtual Status FlushBuffers(Handle handle, std::uint8_t transmit, std::uint8_t receive) = 0;
-  /// Blocks until all are written or the write time-out is over; `written` says how many were. Fewer
-  /// are `kWriteTimedOut`, or `kWriteError` when the device is gone; the rest does not go out.
+  /// Blocks until all are written or the write time-out is over; `written` says how many were.
+  /// Fewer are `kWriteTimedOut`, or `kWriteError` when the device is gone; the rest does not go
+  /// out.
   virtual Status Write(Handle handle, std::span<const std::uint8_t> bytes,
                        std::uint32_t& written) = 0;
   /// Blocks until `bytes` is full or the read time-out is over; `read` says how many came. Fewer

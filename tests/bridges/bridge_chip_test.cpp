@@ -1,4 +1,4 @@
-#include "bridges/bridge_chip.h"
+#include "bridges/usb/bridge_chip.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "bridges/trace_reader.h"
+#include "bridges/trace/trace_reader.h"
 #include "bridges/written_trace.h"
 
 namespace morvane::bridges {

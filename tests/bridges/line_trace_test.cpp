@@ -1,4 +1,4 @@
-#include "bridges/line_trace.h"
+#include "bridges/trace/line_trace.h"
 
 #include <filesystem>
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "bridges/replay_bridge.h"
-#include "bridges/traced_bridge.h"
+#include "bridges/trace/replay_bridge.h"
+#include "bridges/trace/traced_bridge.h"
 #include "machine/machine_run.h"
 #include "machine/open_link.h"
 #include "simulator/simulated_machine.h"

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "bridges/replay_bridge.h"
+#include "bridges/trace/replay_bridge.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
 #include "support/virtual_time.h"

@@ -1,4 +1,4 @@
-#include "bridges/playback.h"
+#include "bridges/trace/playback.h"
 
 #include <filesystem>
 

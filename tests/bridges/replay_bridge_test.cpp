@@ -1,4 +1,4 @@
-#include "bridges/replay_bridge.h"
+#include "bridges/trace/replay_bridge.h"
 
 #include "bridges/replay_desk.h"
 #include "machine/open_link.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "bridges/replay_bridge.h"
+#include "bridges/trace/replay_bridge.h"
 #include "bridges/written_trace.h"
 #include "machine/machine.h"
 

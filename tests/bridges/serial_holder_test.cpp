@@ -1,4 +1,4 @@
-#include "bridges/serial_holder.h"
+#include "bridges/usb/serial_holder.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "bridges/traced_bridge.h"
+#include "bridges/trace/traced_bridge.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
 #include "support/virtual_time.h"

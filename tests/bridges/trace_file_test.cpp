@@ -1,6 +1,6 @@
 // The files of a trace that goes well.
 
-#include "bridges/trace_file.h"
+#include "bridges/trace/trace_file.h"
 
 #include <filesystem>
 

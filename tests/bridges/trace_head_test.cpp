@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "bridges/trace_line.h"
+#include "bridges/trace/trace_line.h"
 #include "text/text_lines.h"
 
 namespace morvane::bridges {

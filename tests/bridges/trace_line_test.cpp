@@ -1,4 +1,4 @@
-#include "bridges/trace_line.h"
+#include "bridges/trace/trace_line.h"
 
 #include <gtest/gtest.h>
 

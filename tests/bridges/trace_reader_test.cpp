@@ -1,4 +1,4 @@
-#include "bridges/trace_reader.h"
+#include "bridges/trace/trace_reader.h"
 
 #include <gmock/gmock.h>
 

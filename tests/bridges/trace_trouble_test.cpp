@@ -9,8 +9,8 @@
 #include <csignal>
 #include <filesystem>
 
+#include "bridges/trace/trace_file.h"
 #include "bridges/trace_desk.h"
-#include "bridges/trace_file.h"
 #include "support/file_size_limit.h"
 #include "support/plain_user.h"
 

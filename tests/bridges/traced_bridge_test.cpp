@@ -1,6 +1,6 @@
 // What a link's trace says, line by line.
 
-#include "bridges/traced_bridge.h"
+#include "bridges/trace/traced_bridge.h"
 
 #include "bridges/trace_desk.h"
 #include "support/passing_bridge.h"

@@ -2,8 +2,8 @@
 
 #include <regex>
 
-#include "bridges/bridge_chip.h"
-#include "bridges/usb_words.h"
+#include "bridges/usb/bridge_chip.h"
+#include "bridges/usb/usb_words.h"
 #include "support/fakes.h"
 #include "text/text.h"
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <numeric>
 
-#include "bridges/usb_direct.h"
+#include "bridges/usb/usb_direct.h"
 #include "support/emulated_bus.h"
 
 namespace morvane::bridges {

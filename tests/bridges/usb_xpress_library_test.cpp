@@ -1,12 +1,12 @@
-#include "bridges/usb_xpress_library.h"
+#include "bridges/usb/usb_xpress_library.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <numeric>
 
-#include "bridges/replay_bridge.h"
-#include "bridges/traced_bridge.h"
+#include "bridges/trace/replay_bridge.h"
+#include "bridges/trace/traced_bridge.h"
 #include "machine/open_link.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"

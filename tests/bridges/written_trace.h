@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "bridges/trace_line.h"
+#include "bridges/trace/trace_line.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
 

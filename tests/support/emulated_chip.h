@@ -9,7 +9,7 @@
 #include <span>
 #include <vector>
 
-#include "bridges/bridge_chip.h"
+#include "bridges/usb/bridge_chip.h"
 #include "support/usb_socket.h"
 
 namespace morvane::test {

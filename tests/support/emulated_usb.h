@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "bridges/bridge_chip.h"
+#include "bridges/usb/bridge_chip.h"
 #include "support/emulated_chip.h"
 #include "support/usb_socket.h"
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "bridges/playback.h"
+#include "bridges/trace/playback.h"
 #include "platform/event_loop.h"
 
 class QPlainTextEdit;

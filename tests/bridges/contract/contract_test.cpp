@@ -5,10 +5,10 @@
 
 #include "bridges/contract/contract_suite.h"
 #include "bridges/contract/simulated_desk.h"
-#include "bridges/replay_bridge.h"
 #include "bridges/serial_bridge.h"
-#include "bridges/traced_bridge.h"
-#include "bridges/usb_xpress_library.h"
+#include "bridges/trace/replay_bridge.h"
+#include "bridges/trace/traced_bridge.h"
+#include "bridges/usb/usb_xpress_library.h"
 #include "platform/system_clock.h"
 #include "simulator/line/paced_line.h"
 #include "simulator/line/pseudo_terminal.h"

@@ -1,9 +1,9 @@
 #include <mutex>
 #include <span>
 
-#include "bridges/bridge_chip.h"
 #include "bridges/contract/contract_suite.h"
-#include "bridges/usb_direct.h"
+#include "bridges/usb/bridge_chip.h"
+#include "bridges/usb/usb_direct.h"
 #include "platform/system_clock.h"
 #include "support/emulated_bus.h"
 

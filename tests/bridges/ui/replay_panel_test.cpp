@@ -4,7 +4,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 
-#include "bridges/replay_bridge.h"
+#include "bridges/trace/replay_bridge.h"
 #include "bridges/written_trace.h"
 #include "machine/machine.h"
 #include "support/qt_desk.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "bridges/replay_bridge.h"
+#include "bridges/trace/replay_bridge.h"
 #include "bridges/ui/replay_panel.h"
 #include "bridges/written_trace.h"
 #include "files/format_table.h"
