@@ -65,11 +65,8 @@ std::optional<TraceLine> Playback::Answer(TraceLine asked) {
   if (!isFlush) PassFlushes();
   if (IsNext(asked)) return Take();
   if (isFlush) return asked;
-  if (IsNextPoll(asked)) return Take();
-  if (ComesAmongPolls(asked)) {
-    PassPolls(asked);
-    return Take();
-  }
+  if (ComesAmongPolls(asked)) PassPolls(asked);
+  if (IsNext(asked) || IsNextPoll(asked)) return Take();
   if (auto answer = AnswerAgain(asked)) return answer;
   PassPolls(asked);
   if (IsNext(asked)) return Take();
