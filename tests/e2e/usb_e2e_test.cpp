@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "e2e/e2e_fixture.h"
+#include "support/emulated_bus.h"
 #include "support/usb_machine.h"
 
 // The real program at the emulated bus. Each run costs two seconds before the first contact.
