@@ -284,9 +284,9 @@ TEST_F(SerialBridgeTest, ALinkToTheDeviceWillDo) {
 }
 
 TEST(SerialBridge, AShortNameIsADevicesName) {
-  SerialBridge bridge("null");
+  SerialBridge bridge("full");
   std::uint32_t count = 0;
-  EXPECT_EQ(bridge.GetNumDevices(count), UsbXpress::kSuccess);  // /dev/null stands there
+  EXPECT_EQ(bridge.GetNumDevices(count), UsbXpress::kSuccess);  // /dev/full stands there
   UsbXpress::Handle handle = kNoHandle;
   EXPECT_EQ(bridge.Open(0, handle), UsbXpress::kDeviceNotFound);  // but it is no serial line
   EXPECT_EQ(handle, kNoHandle);
