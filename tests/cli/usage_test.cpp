@@ -135,8 +135,8 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
                "\n"
                "The exit status is 0 when it is done, 1 when it was refused or failed, 2 for\n"
                "wrong usage, and 3 when it is done, but not wholly: the log or the history was\n"
-               "not written, an import passed boards over, cards read were not recognised, or\n"
-               "a service file is damaged.\n"
+               "not written, an import passed boards over, cards read were not recognised, a\n"
+               "service file is damaged, a trace was not written or not played to its end.\n"
                "\n"
                "'morvane-cli help COMMAND' says what the options of a command mean, and\n"
                "'morvane-cli --version' which version this is.\n"));
