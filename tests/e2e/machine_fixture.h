@@ -13,10 +13,11 @@ namespace morvane::e2e {
 /// Machines as a program of their own, for the programs that deal through them.
 class MachineEndToEnd : public EndToEnd {
  protected:
-  /// Starts a machine, which is as fast as asked, with these words too.
+  /// Starts a machine, which is as fast as asked unless its pace is told, with these words too.
   std::unique_ptr<Process> Start(std::vector<std::string> words = {},
                                  const std::string& input = "/dev/null") {
-    words.insert(words.begin(), {"--pace", "fast"});
+    const bool toldFirst = words.size() > 2 && words[2] == "--pace";
+    if (!toldFirst) words.insert(words.begin(), {"--pace", "fast"});
     return std::make_unique<Process>(
         words, Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
   }
