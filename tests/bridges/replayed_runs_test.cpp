@@ -138,13 +138,13 @@ TEST_F(ReplayedRuns, OfATraceWithoutItsBeginningTheNextOpeningIsTheFirst) {
   Trace(",speed=0,seed=5", [&](LinkSession& at) {
     for (int evening = 0; evening < 20; ++evening) deal(at);
   });
-  int evenings = 0;
+  std::size_t evenings = 0;
   ASSERT_EQ(Replay([&](LinkSession& at) {
               for (; playback->Trace().Next() != nullptr && evenings < 20; ++evenings) deal(at);
             }),
             "");
-  EXPECT_GE(evenings, 1);
-  EXPECT_LT(evenings, 20);
+  EXPECT_GE(evenings, 1U);
+  EXPECT_LT(evenings, 20U);
   EXPECT_THAT(second.LogLines(), Contains(HasSubstr("  001 : 1,0 0,0,0,0 OK")).Times(evenings));
 }
 
