@@ -27,7 +27,12 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kNotWholly = 3 
 int EndSignals() {
   sigset_t signals;
   sigemptyset(&signals);
-  for (const int number : {SIGTERM, SIGHUP, SIGINT}) sigaddset(&signals, number);
+  for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
+    struct sigaction now {};
+    if (sigaction(number, nullptr, &now) == 0 && now.sa_handler != SIG_IGN) {
+      sigaddset(&signals, number);
+    }
+  }
   sigprocmask(SIG_BLOCK, &signals, nullptr);
   return signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
 }

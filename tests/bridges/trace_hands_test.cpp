@@ -181,17 +181,11 @@ TEST_F(TraceWithoutHands, AHeadIsNotedBeforeAnyOtherOperation) {
                                         std::string(256, '0') + " ; half a frame"));
 }
 
-TEST_F(TraceWithoutHands, AdviceThatShowsAFrameIsLeftOut) {
+TEST_F(TraceWithoutHands, AdviceIsLeftOutForItMayNameFramesAndFiles) {
   std::uint32_t count = 0;
-  Scripted->Words = "Machine 0001A2B3C4D5E6F is taken.";
+  Scripted->Words = "/home/anna/club/monday.txt, line 10\nThe program does something else.";
   Usb->GetNumDevices(count);
-  EXPECT_EQ(Said(1), Scripted->Words) << "no frame is so short";
-  for (const char* words : {"Other than the trace: CmdDeal begin: 98 00 10 01 3D 56 00 00 01",
-                            "Other than the trace: 9800100F3d560000"}) {
-    Scripted->Words = words;
-    Usb->GetNumDevices(count);
-    EXPECT_THAT(Traced().back(), ::testing::HasSubstr(" GetNumDevices ")) << words;
-  }
+  EXPECT_THAT(Traced().back(), ::testing::HasSubstr(" GetNumDevices "));
 }
 
 TEST_F(TraceWithoutHands, AHeadIsNotedAtTheEnd) {

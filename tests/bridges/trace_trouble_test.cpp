@@ -87,6 +87,12 @@ TEST_F(TraceTrouble, SoAreMissingRights) {
   EXPECT_EQ(Trouble(), Path + ": Permission denied");
 }
 
+TEST_F(TraceTrouble, TheNameOfALockIsNone) {
+  const std::string path = Folder / "run.trace.lock";
+  const TraceFile trace({.Path = path, .Machine = "usb"}, Clock);
+  EXPECT_EQ(trace.Trouble(), path + ": names that end in .lock are those of locks");
+}
+
 TEST_F(TraceTrouble, ANameOfAnOldPartIsNone) {
   for (const char* name : {"run.trace.1", "run.trace.4"}) {
     const TraceFile trace({.Path = Folder / name, .Machine = "usb"}, Clock);

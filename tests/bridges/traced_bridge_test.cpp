@@ -195,5 +195,29 @@ TEST_F(TracedAdvice, StandsBehindTheOperationThatItIsAbout) {
                                          "0.000000 0.000000 SetTimeouts 0 read=1 write=2"));
 }
 
+TEST_F(TracedAdvice, StandsBehindASettingThatFailedAndNotBehindOneThatHolds) {
+  test::ScriptedBridge scripted(Clock);
+  TracedBridge usb(std::make_unique<TalkingBus>(scripted), Order(), Clock);
+  const auto adviceCount = [&] {
+    const auto lines = LinesOf(Path);
+    return std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
+      return line.find(" Advice 0 ") != std::string::npos;
+    });
+  };
+  const auto setAll = [&] {
+    usb.SetBaudRate(1, 115200);
+    usb.SetLineControl(1, 0x0800);
+    usb.FlushBuffers(1, 1, 1);
+  };
+  setAll();
+  EXPECT_EQ(adviceCount(), 0);
+  int failed = 0;
+  for (const char* call : {"SetBaudRate", "SetLineControl", "FlushBuffers"}) {
+    scripted.FailingCall = call;
+    setAll();
+    EXPECT_EQ(adviceCount(), ++failed) << call;
+  }
+}
+
 }  // namespace
 }  // namespace morvane::bridges

@@ -1,7 +1,6 @@
 #include "bridges/trace/trace_notes.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 #include <vector>
 
@@ -40,27 +39,6 @@ void Scrambled(const wire::Frame& frame, std::uint8_t step, Bytes image) {
   wire::Scramble(image, step);
 }
 
-bool AreHexDigits(std::span<const std::uint8_t> text) {
-  return std::ranges::all_of(text, [](int c) { return std::isxdigit(c) != 0; });
-}
-
-/// Whether a text begins with the bytes of a short frame, with a blank between them or without.
-bool BeginsWithAFrame(std::span<const std::uint8_t> text) {
-  for (std::size_t bytes = 0; bytes < wire::kShortFrame; ++bytes) {
-    if (text.size() < 2 || !AreHexDigits(text.first(2))) return false;
-    text = text.subspan(2);
-    if (!text.empty() && text.front() == ' ') text = text.subspan(1);
-  }
-  return true;
-}
-
-bool ShowsAFrame(std::span<const std::uint8_t> text) {
-  for (; !text.empty(); text = text.subspan(1)) {
-    if (BeginsWithAFrame(text)) return true;
-  }
-  return false;
-}
-
 /// The text that these bytes are, in one line.
 std::string Words(const std::vector<std::uint8_t>& bytes) {
   return WithoutControls(DecodeText({bytes.begin(), bytes.end()}));
@@ -71,7 +49,8 @@ std::string Words(const std::vector<std::uint8_t>& bytes) {
 void TraceNotes::Note(TraceLine& line) {
   if (line.What == Operation::kRead) return NoteRead(line);
   LetGoOfHead();
-  if (file_.HandsLeftOut() && line.What == Operation::kAdvice && ShowsAFrame(line.Bytes)) return;
+  // Words may name frames, and files.
+  if (file_.HandsLeftOut() && line.What == Operation::kAdvice) return;
   if (line.What != Operation::kWrite) return file_.Write(line, Words(line.Bytes));
   if (!IsWhole(line.Bytes)) return NoteHalf(line);
   const std::string said = TakeCommand(line.Bytes);

@@ -40,7 +40,9 @@ std::optional<std::string> TracePart::Open() {
 
 std::unique_ptr<TracePart> TracePart::Fork() {
   auto fork = std::make_unique<TracePart>(path_);
-  fork->file_.open(PathOfUtf8(path_), std::ios::binary);
+  if (fork->Open() || fork->head_ != head_) return nullptr;
+  fork->held_ = false;
+  fork->file_.clear();
   fork->file_.seekg(file_.tellg());
   fork->number_ = number_;
   fork->at_ = at_;

@@ -31,7 +31,8 @@ class TracePart {
   [[nodiscard]] const std::string& Fault() const { return fault_; }
   /// Whoever wrote it has ended it; known behind the last operation.
   [[nodiscard]] bool Ended() const { return ended_; }
-  /// Reads on from the same place, behind an operation, and leaves this one where it is.
+  /// Reads on from the same place, behind an operation, and leaves this one where it is. Null
+  /// when another trace has its name by now.
   [[nodiscard]] std::unique_ptr<TracePart> Fork();
   /// When the last operation was over.
   [[nodiscard]] std::chrono::microseconds At() const { return at_; }

@@ -112,6 +112,8 @@ bool TraceParts::IsOldName() const {
 
 std::string TraceParts::Wrong() const {
   if (IsOldName()) return Said(path_, "names that end in .1 to .4 are those of older parts");
+  if (path_.ends_with(kLockEnding))
+    return Said(path_, "names that end in .lock are those of locks");
   for (int number = 0; number <= kOld; ++number) {
     if (const Fault fault = WrongPart(Name(number))) return Said(Name(number), *fault);
   }

@@ -15,7 +15,8 @@ class TraceParts {
   explicit TraceParts(std::string path) : path_(std::move(path)) {}
 
   [[nodiscard]] const std::string& Newest() const { return path_; }
-  [[nodiscard]] std::string Lock() const { return path_ + ".lock"; }
+  static constexpr const char* kLockEnding = ".lock";
+  [[nodiscard]] std::string Lock() const { return path_ + kLockEnding; }
 
   /// Why no part can be written, with the name that it is about; empty where one can. What is no
   /// trace is left alone, and so is a link.

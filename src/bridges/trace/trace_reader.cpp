@@ -159,7 +159,7 @@ void TraceReader::Advance() {
 void TraceReader::LookAhead(const std::function<bool(const TraceLine&)>& look) {
   const auto ahead = part_->Fork();
   TraceLine line;
-  while (ahead->Next(line) == TracePart::Got::kLine && look(line)) {
+  while (ahead && ahead->Next(line) == TracePart::Got::kLine && look(line)) {
   }
 }
 

@@ -35,14 +35,19 @@ UsbXpress::Status TracedBridge::NoteWithAdvice(const std::array<std::uint32_t, 3
   return status;
 }
 
+/// What is asked of a link that works tells nothing of why it does not.
+UsbXpress::Status TracedBridge::NoteFailureWithAdvice(const std::array<std::uint32_t, 3>& numbers) {
+  return line_.Result == kSuccess ? Note(numbers) : NoteWithAdvice(numbers);
+}
+
 UsbXpress::Status TracedBridge::GetDllVersion(std::uint32_t& high, std::uint32_t& low) {
   Do(Operation::kGetDllVersion, [&] { return behind_->GetDllVersion(high, low); });
-  return line_.Result == kSuccess ? Note({high, low}) : NoteWithAdvice({high, low});
+  return NoteFailureWithAdvice({high, low});
 }
 
 UsbXpress::Status TracedBridge::GetDriverVersion(std::uint32_t& high, std::uint32_t& low) {
   Do(Operation::kGetDriverVersion, [&] { return behind_->GetDriverVersion(high, low); });
-  return Note({high, low});
+  return NoteFailureWithAdvice({high, low});
 }
 
 UsbXpress::Status TracedBridge::GetNumDevices(std::uint32_t& count) {
@@ -71,18 +76,18 @@ UsbXpress::Status TracedBridge::SetTimeouts(std::uint32_t readMs, std::uint32_t 
 
 UsbXpress::Status TracedBridge::SetBaudRate(Handle handle, std::uint32_t rate) {
   Do(Operation::kSetBaudRate, [&] { return behind_->SetBaudRate(handle, rate); });
-  return Note({NumberOf(handle), rate});
+  return NoteFailureWithAdvice({NumberOf(handle), rate});
 }
 
 UsbXpress::Status TracedBridge::SetLineControl(Handle handle, std::uint16_t control) {
   Do(Operation::kSetLineControl, [&] { return behind_->SetLineControl(handle, control); });
-  return Note({NumberOf(handle), control});
+  return NoteFailureWithAdvice({NumberOf(handle), control});
 }
 
 UsbXpress::Status TracedBridge::FlushBuffers(Handle handle, std::uint8_t transmit,
                                              std::uint8_t receive) {
   Do(Operation::kFlushBuffers, [&] { return behind_->FlushBuffers(handle, transmit, receive); });
-  return Note({NumberOf(handle), transmit, receive});
+  return NoteFailureWithAdvice({NumberOf(handle), transmit, receive});
 }
 
 UsbXpress::Status TracedBridge::Write(Handle handle, std::span<const std::uint8_t> bytes,

@@ -42,6 +42,7 @@ class TracedBridge final : public UsbXpress {
   template <typename Call>
   void Do(Operation what, Call call);
   Status Note(const std::array<std::uint32_t, 3>& numbers);
+  Status NoteFailureWithAdvice(const std::array<std::uint32_t, 3>& numbers);
   Status NoteWithAdvice(const std::array<std::uint32_t, 3>& numbers);
 
   std::unique_ptr<UsbXpress> behind_;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string_view>
@@ -38,10 +39,16 @@ bool SameDevice(const struct stat& one, const std::string& path) {
   return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+/// A file on a network that is gone would not be looked at in time.
+bool IsDevice(const std::string& link) {
+  std::error_code failure;
+  return std::filesystem::read_symlink(link, failure).string().find("/dev/") != std::string::npos;
+}
+
 bool Holds(const std::string& process, const struct stat& device) {
   const std::string folder = "/proc/" + process + "/fd";
   return std::ranges::any_of(NamesIn(folder), [&](const std::string& file) {
-    return SameDevice(device, folder + "/" + file);
+    return IsDevice(folder + "/" + file) && SameDevice(device, folder + "/" + file);
   });
 }
 

@@ -88,7 +88,7 @@ UsbFault ReadString(libusb_device_handle* handle, std::uint8_t number, std::stri
 /// Opens the device for a moment: a program that has it does not stand in the way of that.
 UsbFault ReadSerial(libusb_device* device, std::uint8_t number, std::string& text) {
   libusb_device_handle* handle = nullptr;
-  const UsbFault opened = FaultOf(libusb_open(device, &handle));
+  const UsbFault opened = FaultOfOpening(libusb_open(device, &handle));
   if (opened != UsbFault::kNone) return opened;
   const UsbFault fault = number == 0 ? UsbFault::kNone : ReadString(handle, number, text);
   libusb_close(handle);
@@ -125,6 +125,10 @@ UsbFault FaultOf(int status) {
     default:
       return UsbFault::kOther;
   }
+}
+
+UsbFault FaultOfOpening(int status) {
+  return status == LIBUSB_ERROR_IO ? UsbFault::kNoRights : FaultOf(status);
 }
 
 bool UsbStarts() { return NewContext() != nullptr; }

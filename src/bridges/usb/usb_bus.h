@@ -31,6 +31,9 @@ enum class UsbFault : std::uint8_t {
 
 /// Of a status of libusb.
 [[nodiscard]] UsbFault FaultOf(int status);
+/// Of that of an opening, in which nothing is transferred yet: what fails is the right to it, also
+/// where another authority than the node's own rights says so, as in a container.
+[[nodiscard]] UsbFault FaultOfOpening(int status);
 
 /// A device at the bus. It can be opened as long as this lives, wherever the next search has got.
 struct UsbFound {

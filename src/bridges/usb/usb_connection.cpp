@@ -35,7 +35,7 @@ std::span<const libusb_endpoint_descriptor> EndpointsOf(const libusb_config_desc
 
 std::unique_ptr<UsbConnection> UsbConnection::Make(const UsbFound& device, UsbFault& fault) {
   libusb_device_handle* handle = nullptr;
-  fault = FaultOf(libusb_open(device.Device.get(), &handle));
+  fault = FaultOfOpening(libusb_open(device.Device.get(), &handle));
   if (fault != UsbFault::kNone) return nullptr;
   std::unique_ptr<UsbConnection> made(new UsbConnection(device.Device, handle));
   fault = made->FindEndpoints();

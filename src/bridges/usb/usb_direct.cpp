@@ -110,7 +110,7 @@ UsbXpress::Status UsbDirect::RefuseFor(UsbFault fault, const UsbFound& device) {
     case UsbFault::kNoRights:
       return Refuse(kDeviceIoFailed, usb_words::NoRights(which_));
     case UsbFault::kHeld:
-      return Refuse(kDeviceIoFailed, usb_words::Held(device, AllBut(device, attached_)));
+      return Refuse(kDeviceIoFailed, usb_words::Held(which_, device, AllBut(device, attached_)));
     case UsbFault::kGone:
       return Refuse(kDeviceNotFound, usb_words::Gone());
     default:
@@ -122,7 +122,7 @@ UsbXpress::Status UsbDirect::RefuseFor(UsbFault fault, const UsbFound& device) {
 std::string UsbDirect::Welcome(const UsbFound& device) const {
   const auto others = AllBut(device, found_);
   const bool told = std::ranges::any_of(others, IsMachine) || !IsMachine(device);
-  return told && !others.empty() ? usb_words::Several(device, others) : "";
+  return told && !others.empty() ? usb_words::Several(which_, device, others) : "";
 }
 
 UsbXpress::Status UsbDirect::GetDllVersion(std::uint32_t& high, std::uint32_t& low) {
@@ -187,7 +187,7 @@ UsbXpress::Status UsbDirect::Open(std::uint32_t index, Handle& handle) {
 UsbXpress::Status UsbDirect::Connect(const UsbFound& device) {
   if (const auto use = SerialUseAt(device.Place)) {
     return Refuse(kDeviceIoFailed,
-                  usb_words::HeldAsSerial(device, *use, AllBut(device, attached_)));
+                  usb_words::HeldAsSerial(which_, device, *use, AllBut(device, attached_)));
   }
   UsbFault fault = UsbFault::kNone;
   connection_ = UsbConnection::Make(device, fault);

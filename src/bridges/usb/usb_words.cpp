@@ -17,7 +17,8 @@ Devices With(Devices devices, const UsbFound& device) {
 
 /// Whether `--machine usb:SERIAL` means this one and none else of `all`.
 bool HasOwnSerial(const UsbFound& device, const Devices& all) {
-  return !device.Serial.empty() && std::ranges::count(all, device.Serial, &UsbFound::Serial) == 1;
+  const bool canBeSaid = !device.Serial.empty() && device.Serial.find(':') == std::string::npos;
+  return canBeSaid && std::ranges::count(all, device.Serial, &UsbFound::Serial) == 1;
 }
 
 /// As `--machine` takes it, and the place where that would not do.
@@ -35,16 +36,6 @@ std::string NamesOf(const Devices& devices, const Devices& all) {
   return names;
 }
 
-/// Beside the `others`.
-std::string AlsoAttached(const Devices& others, const Devices& all) {
-  const bool named =
-      std::ranges::all_of(others, [&](const UsbFound& other) { return HasOwnSerial(other, all); });
-  return "Also attached: " + NamesOf(others, all) +
-         (named ? ". Another one is named by --machine usb:SERIAL."
-                : ".\nWithout a serial string of its own none can be named: unplug those that are "
-                  "not meant.");
-}
-
 std::string CloseThatProgram() {
   return "Close that program first: one at a time drives a machine.";
 }
@@ -55,6 +46,18 @@ std::uint16_t VendorOf(const UsbWhich& which) { return which.Vendor.value_or(chi
 
 std::uint16_t ProductOf(const UsbWhich& which) {
   return which.Product.value_or(chip::kProducts.front());
+}
+
+/// Beside the `others`.
+std::string AlsoAttached(const UsbWhich& which, const Devices& others, const Devices& all) {
+  const bool named =
+      std::ranges::all_of(others, [&](const UsbFound& other) { return HasOwnSerial(other, all); });
+  const std::string numbers =
+      which.Vendor ? Hex4(VendorOf(which)) + ":" + Hex4(ProductOf(which)) + ":" : "";
+  return "Also attached: " + NamesOf(others, all) +
+         (named ? ". Another one is named by --machine usb:" + numbers + "SERIAL."
+                : ".\nWithout a serial string of its own none can be named: unplug those that are "
+                  "not meant.");
 }
 
 bool IsInRule(const UsbWhich& which) {
@@ -98,19 +101,20 @@ std::string NoRights(const UsbWhich& which) {
          "For others, over the network for example, the administrator has to give the right.";
 }
 
-std::string Held(const UsbFound& device, const Devices& others) {
+std::string Held(const UsbWhich& which, const UsbFound& device, const Devices& others) {
   const Devices all = With(others, device);
   std::string text =
       "Another program has the machine " + NameOf(device, all) + ".\n" + CloseThatProgram();
-  if (!others.empty()) text += "\n" + AlsoAttached(others, all);
+  if (!others.empty()) text += "\n" + AlsoAttached(which, others, all);
   return text;
 }
 
-std::string HeldAsSerial(const UsbFound& device, const SerialUse& use, const Devices& others) {
+std::string HeldAsSerial(const UsbWhich& which, const UsbFound& device, const SerialUse& use,
+                         const Devices& others) {
   std::string text = "Another program (" + WithoutControls(use.Program) +
                      ") has the machine as the serial device " + use.Device + ".\n" +
                      CloseThatProgram();
-  if (!others.empty()) text += "\n" + AlsoAttached(others, With(others, device));
+  if (!others.empty()) text += "\n" + AlsoAttached(which, others, With(others, device));
   return text;
 }
 
@@ -121,10 +125,10 @@ std::string Silent() {
          "Unplug it and plug it in again.";
 }
 
-std::string Several(const UsbFound& opened, const Devices& others) {
+std::string Several(const UsbWhich& which, const UsbFound& opened, const Devices& others) {
   const Devices all = With(others, opened);
   return "Several machines are attached. This is " + NameOf(opened, all) + ".\n" +
-         AlsoAttached(others, all);
+         AlsoAttached(which, others, all);
 }
 
 }  // namespace morvane::bridges::usb_words

@@ -21,17 +21,19 @@ namespace usb_words {
 [[nodiscard]] std::string NoBus();
 /// A device with the numbers of `which` is there, and this user may not open it.
 [[nodiscard]] std::string NoRights(const UsbWhich& which);
-/// Another program has `device` by this same way. The `others` are attached too.
-[[nodiscard]] std::string Held(const UsbFound& device, const std::vector<UsbFound>& others);
+/// Another program has `device` by this same way. The `others` of `which` are attached too.
+[[nodiscard]] std::string Held(const UsbWhich& which, const UsbFound& device,
+                               const std::vector<UsbFound>& others);
 /// The same of one that has it as a serial device.
-[[nodiscard]] std::string HeldAsSerial(const UsbFound& device, const SerialUse& use,
-                                       const std::vector<UsbFound>& others);
+[[nodiscard]] std::string HeldAsSerial(const UsbWhich& which, const UsbFound& device,
+                                       const SerialUse& use, const std::vector<UsbFound>& others);
 /// It went after it had been found.
 [[nodiscard]] std::string Gone();
 /// It was opened, or not even that, and does not answer.
 [[nodiscard]] std::string Silent();
 /// `opened` is one of several.
-[[nodiscard]] std::string Several(const UsbFound& opened, const std::vector<UsbFound>& others);
+[[nodiscard]] std::string Several(const UsbWhich& which, const UsbFound& opened,
+                                  const std::vector<UsbFound>& others);
 
 }  // namespace usb_words
 }  // namespace morvane::bridges

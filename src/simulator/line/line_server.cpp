@@ -71,8 +71,9 @@ bool LineServer::MayRead(int words) const {
 
 void LineServer::TellTroubles() {
   for (ServedMachine& served : machines_) {
-    const std::string trouble = served.NewTrouble();
-    if (!trouble.empty()) troubles_ << "morvane-machine: " << trouble << std::endl;
+    for (std::string trouble; !(trouble = served.NewTrouble()).empty();) {
+      troubles_ << "morvane-machine: " << trouble << std::endl;
+    }
   }
 }
 
