@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 
 #include "support/fakes.h"
 #include "support/holding_program.h"
@@ -18,8 +19,9 @@ using test::HoldingProgram;
 
 class SerialHolder : public testing::Test {
  protected:
+  SerialHolder() { std::filesystem::create_directory(folder_ / "dev"); }
   test::TempFolder folder_;
-  const std::string path_ = folder_ / "device";
+  const std::string path_ = folder_ / "dev/device";  // devices stand in a folder of this name
 };
 
 TEST_F(SerialHolder, TheProgramThatHasAFileOpenIsNamed) {
