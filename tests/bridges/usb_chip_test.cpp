@@ -76,6 +76,7 @@ TEST_F(UsbChipTest, AFlushCostsNoNoticeableTime) {
 }
 
 TEST_F(UsbChipTest, ABabblingLineEndsNeitherFlushNorReadLate) {
+  usb_.SetTimeouts(1000, 1000);
   chip_.BabbleWith(Bytes(64, 0x5A));
   const auto start = steady_clock::now();
   EXPECT_EQ(usb_.FlushBuffers(handle_, 1, 1), kSuccess);
