@@ -187,7 +187,7 @@ struct Typed {
 
 /// The first word, which is taken from `text`.
 std::string TakeWord(std::string& text) {
-  const std::string word = text.substr(0, text.find(' '));
+  std::string word = text.substr(0, text.find(' '));
   text = Trim(std::string_view(text).substr(word.size()));
   return word;
 }
