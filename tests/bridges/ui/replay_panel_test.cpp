@@ -24,9 +24,10 @@ class ReplayPanelTest : public ::testing::Test {
   std::unique_ptr<machine::Machine> machine;
   std::unique_ptr<ReplayPanel> panel;
 
-  /// Opens the panel on a poll and a question for the version.
+  /// Opens the panel on time-outs, which have been set, a poll and a question for the version.
   void Open(const TraceHead& head = {"2026-03-03 15:04:05.123", "usb:4711S", 1, false}) {
     WrittenTrace trace(head);
+    trace.Add(Operation::kSetTimeouts, {200, 200});
     trace.Poll().Exchange(Short({0x1A}), Short({0x1A, 2, 0x90}));
     test::WriteContent(path, trace.End().Text());
     TraceReader reader;
@@ -35,6 +36,7 @@ class ReplayPanelTest : public ::testing::Test {
     machine =
         std::make_unique<machine::Machine>(desk.Random, *bridge, machine::MachineKind::kReplayed);
     machine->Link.UsbHandle = 7;
+    machine->Link.SetLinkTimeouts(200);
     panel = std::make_unique<ReplayPanel>(desk.Loop, bridge->Play());
     panel->show();
   }
@@ -65,16 +67,16 @@ TEST_F(ReplayPanelTest, SaysThatTheHandsAreNotInIt) {
 TEST_F(ReplayPanelTest, ShowsHowFarItHasBeenPlayed) {
   Open();
   EXPECT_EQ(Shown("lblState"), "Being played");
-  EXPECT_EQ(Bar(), "0 of 4");
+  EXPECT_EQ(Bar(), "1 of 5");
   EXPECT_FALSE(test::Visible(*panel, "txtTrouble"));
   machine->Exchange(machine->Poll());
   Refresh();
-  EXPECT_EQ(Bar(), "2 of 4");
+  EXPECT_EQ(Bar(), "3 of 5");
   EXPECT_EQ(test::Find<QPlainTextEdit>(*panel, "txtFrames").toPlainText().toStdString(),
             "CmdStatus -> status: idle, 0 0 0 0");
   machine->VersionProbe();
   Refresh();
-  EXPECT_EQ(Bar(), "4 of 4");
+  EXPECT_EQ(Bar(), "5 of 5");
   EXPECT_EQ(Shown("lblState"), "Played to its end");
   EXPECT_FALSE(test::Visible(*panel, "txtTrouble"));
 }
