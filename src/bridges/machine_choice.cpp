@@ -1,6 +1,5 @@
 #include "bridges/machine_choice.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -10,6 +9,7 @@
 #include "bridges/serial_bridge.h"
 #include "bridges/simulated_choice.h"
 #include "bridges/trace/replay_bridge.h"
+#include "bridges/trace/trace_parts.h"
 #include "bridges/trace/traced_bridge.h"
 #include "platform/files.h"
 #include "simulator/simulated_machine.h"
@@ -125,10 +125,7 @@ MachineChoice ChooseLink(const std::string& text, Clock& clock) {
 
 /// The file of the newest part of a trace that has this part.
 std::string NewestPart(const std::string& path) {
-  const std::size_t dot = path.size() < 2 ? std::string::npos : path.size() - 2;
-  const bool isOld = dot != std::string::npos && path[dot] == '.' && path.back() >= '1' &&
-                     path.back() <= '0' + TraceFile::kOldParts;
-  return FileBehind(AbsolutePath(isOld ? path.substr(0, dot) : path));
+  return FileBehind(AbsolutePath(TraceParts::NewestBeside(path)));
 }
 
 /// A trace that begins moves the one of its name on, also while it is played.

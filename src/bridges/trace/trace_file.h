@@ -29,8 +29,6 @@ struct TraceOrder {
 /// hands, in one piece, when `Write` returns.
 class TraceFile {
  public:
-  static constexpr int kOldParts = TraceParts::kOld;
-
   /// Its time begins; its files do with the first line, so that who asks nothing of a machine moves
   /// nothing on, and keeps nobody away. What can be seen before is in `Trouble`.
   TraceFile(const TraceOrder& order, const Clock& clock);

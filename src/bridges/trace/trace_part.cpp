@@ -12,9 +12,6 @@ namespace {
 /// No program of ours writes a part that is nearly so large.
 constexpr std::uintmax_t kLargestPart = std::uintmax_t{1} << 28U;
 
-/// The mark of every version.
-constexpr std::string_view kAnyMark = kTraceMark.substr(0, kTraceMark.rfind(' ') + 1);
-
 std::optional<std::string> WrongFile(const std::filesystem::path& path) {
   std::error_code failure;
   const auto status = std::filesystem::status(path, failure);
@@ -74,7 +71,7 @@ TracePart::Got TracePart::TakeHead() {
     fault_ = path_ + ": the file is empty";
     return Got::kFault;
   }
-  if (!text_.starts_with(kAnyMark)) return Wrong("this is no trace");
+  if (!text_.starts_with(kTraceMarkOfAny)) return Wrong("this is no trace");
   if (first == Got::kFault) return first;
   if (text_ != kTraceMark) return Wrong("this trace is of a newer version of Morvane");
   while (NextText() == Got::kLine) {

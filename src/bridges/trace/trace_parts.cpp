@@ -103,15 +103,17 @@ std::string TraceParts::Name(int number) const {
   return number == 0 ? path_ : path_ + "." + std::to_string(number);
 }
 
-bool TraceParts::IsOldName() const {
+std::string TraceParts::NewestBeside(const std::string& path) {
   for (int number = 1; number <= kOld; ++number) {
-    if (path_.ends_with("." + std::to_string(number))) return true;
+    const std::string ending = "." + std::to_string(number);
+    if (path.ends_with(ending)) return path.substr(0, path.size() - ending.size());
   }
-  return false;
+  return path;
 }
 
 std::string TraceParts::Wrong() const {
-  if (IsOldName()) return Said(path_, "names that end in .1 to .4 are those of older parts");
+  if (NewestBeside(path_) != path_)
+    return Said(path_, "names that end in .1 to .4 are those of older parts");
   if (path_.ends_with(kLockEnding))
     return Said(path_, "names that end in .lock are those of locks");
   for (int number = 0; number <= kOld; ++number) {

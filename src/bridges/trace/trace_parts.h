@@ -15,6 +15,8 @@ class TraceParts {
   explicit TraceParts(std::string path) : path_(std::move(path)) {}
 
   [[nodiscard]] const std::string& Newest() const { return path_; }
+  /// The name of the newest part beside this one, which may be that itself.
+  [[nodiscard]] static std::string NewestBeside(const std::string& path);
   static constexpr const char* kLockEnding = ".lock";
   [[nodiscard]] std::string Lock() const { return path_ + kLockEnding; }
 
@@ -31,7 +33,6 @@ class TraceParts {
 
  private:
   [[nodiscard]] std::string Name(int number) const;
-  [[nodiscard]] bool IsOldName() const;
 
   std::string path_;
   // The names that the last `MoveOn` gave are those behind the first, up to the last.
