@@ -52,8 +52,9 @@ std::string WordsOfHeld(const std::string& path, const std::string& program) {
 std::string WordsOfRefused(const std::string& path) {
   if (MayUse(path)) return "Another program has " + path + ".\nClose it and try again.";
   return "This user may not use " + path +
-         ".\nThe rule 70-morvane.rules in /etc/udev/rules.d lets in who sits at the computer; then "
-         "unplug the cable and plug it in again.\nWithout it, members of the group that owns the "
+         ".\nThe rule 70-morvane.rules lets in who sits at the computer. An installed program has "
+         "brought it along; otherwise it belongs into /etc/udev/rules.d. Once it is there, unplug "
+         "the cable and plug it in again.\nWithout it, members of the group that owns the "
          "device may, as a rule dialout.";
 }
 

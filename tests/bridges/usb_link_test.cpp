@@ -58,8 +58,8 @@ TEST_F(UsbLinkTest, NoRights) {
   EXPECT_FALSE(Open());
   ExpectRefusal("8.3",
                 "A machine is attached, and this user may not use it.\r\n"
-                "The rule 70-morvane.rules belongs into /etc/udev/rules.d; it lets in who sits at "
-                "the computer.\r\n"
+                "The rule 70-morvane.rules lets in who sits at the computer. An installed program "
+                "has brought it along; otherwise it belongs into /etc/udev/rules.d.\r\n"
                 "Once it is there, unplug the machine and plug it in again.\r\n"
                 "For others, over the network for example, the administrator has to give the "
                 "right.");

@@ -13,8 +13,8 @@ constexpr auto kRefused = UsbXpress::kDeviceIoFailed;
 constexpr const char* kNone = "No machine is attached to a USB socket of this computer.";
 constexpr const char* kNoRights =
     "A machine is attached, and this user may not use it.\n"
-    "The rule 70-morvane.rules belongs into /etc/udev/rules.d; it lets in who sits at the "
-    "computer.\n"
+    "The rule 70-morvane.rules lets in who sits at the computer. An installed program has brought "
+    "it along; otherwise it belongs into /etc/udev/rules.d.\n"
     "Once it is there, unplug the machine and plug it in again.\n"
     "For others, over the network for example, the administrator has to give the right.";
 

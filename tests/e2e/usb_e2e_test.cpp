@@ -88,7 +88,7 @@ TEST_F(UsbEndToEnd, WithoutRightsTheRuleIsNamed) {
   const Outcome outcome = Deal();
   EXPECT_EQ(outcome.Status, 1);
   EXPECT_THAT(outcome.Err, HasSubstr("\n\nA machine is attached, and this user may not use it.\n"
-                                     "The rule 70-morvane.rules belongs into "));
+                                     "The rule 70-morvane.rules lets in who "));
   EXPECT_EQ(CountLines(" USB Initialization Error: 8:3"), 1);
 }
 

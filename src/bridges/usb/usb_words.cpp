@@ -91,8 +91,8 @@ std::string NoBus() {
 std::string NoRights(const UsbWhich& which) {
   std::string text =
       "A machine is attached, and this user may not use it.\n"
-      "The rule 70-morvane.rules belongs into /etc/udev/rules.d; it lets in who sits at the "
-      "computer.\n";
+      "The rule 70-morvane.rules lets in who sits at the computer. An installed program "
+      "has brought it along; otherwise it belongs into /etc/udev/rules.d.\n";
   if (!IsInRule(which)) {
     text += "For this machine it needs one line more:\n" + LineOfRule(which) + "\n";
   }
