@@ -1,0 +1,79 @@
+#!/usr/bin/env python3
+"""guide_knows.py GUIDE ROOT: what the sources show and the guide does not tell. Windows, the captions of boxes, settings,
+preferences, codes of the machine, commands, and pages that F1 would open in vain."""
+
+import pathlib
+import re
+import sys
+
+import cpp_sources
+import guide_pages
+
+# What is made by the build knows everything by itself; a person is to have told it.
+MADE = ('command-reference.html', 'file-formats.html', 'machine-protocol.html')
+UNKNOWN_CODE = 'Undefine Error'
+LAST_CODE = 240
+
+
+def untold_titles(pages, sources):
+    told = set().union(*(page.marked for page in pages))
+    for kind, (words, unresolved) in (('window', cpp_sources.titles(sources)), ('box', cpp_sources.captions(sources))):
+        yield from unresolved
+        for word, file in sorted(words.items()):
+            if not {word, 'Morvane - ' + word} & told:
+                yield f'the {kind} "{word}" of {file} is not told'
+
+
+def untold_settings(pages, sources):
+    told = set().union(*(page.marked for page in pages if page.name == 'settings.html'))
+    yield from (f'the setting {key} is not told' for key in cpp_sources.settings(sources) if key not in told)
+
+
+def untold_preferences(pages, sources):
+    told = ' '.join(page.text for page in pages)
+    yield from (f'the preference "{words}" is not told' for words in cpp_sources.preferences(sources) if words not in told)
+
+
+def codes_told(pages):
+    """Code to text, by the rows that begin with a code or with the first and last of several."""
+    told = {}
+    for row in (row for page in pages if page.name == 'stops.html' for row in page.rows if len(row) > 1):
+        for first, last in re.findall(r'(\d+)(?: to (\d+))?', row[0] if re.fullmatch(r'[\d ,to]+', row[0]) else ''):
+            told.update({code: row[1] for code in range(int(first), int(last or first) + 1)})
+    return told
+
+
+def untold_codes(pages, sources):
+    told, shown = codes_told(pages), cpp_sources.error_texts(sources)
+    for code in range(1, LAST_CODE + 1):
+        text = shown.get(code, UNKNOWN_CODE)
+        if told.get(code) != text:
+            yield f'the code {code}, "{text}", is told as {told.get(code)}'
+
+
+def untold_commands(pages, sources):
+    told = [line for page in pages for line in page.code]
+    for name in cpp_sources.commands(sources):
+        # `deal` is another one than `poker deal`.
+        used = re.compile(r'(?:.*\bmorvane-cli (?:.* )?)?(?<!poker )(?<!maintain )' + name + r'(?: .*)?')
+        if not any(used.fullmatch(line) for line in told):
+            yield f'the command {name} is not told'
+
+
+def help_in_vain(pages, sources):
+    known = {page.name.removesuffix('.html') for page in pages}
+    table = sources.texts.get('src/shell/help_pages.cpp', '') + sources.texts.get('src/shell/help_pages.h', '')
+    for window, page in re.findall(r'\{"([\w ]+)", "([a-z-]+)(?:#[\w-]+)?"\}', table):
+        if page not in known:
+            yield f'F1 in {window} opens {page}, which is no page'
+
+
+def faults(guide, root):
+    pages = [page for page in guide_pages.pages(guide).values() if page.name not in MADE]
+    sources = cpp_sources.Sources(pathlib.Path(root))
+    checks = (untold_titles, untold_settings, untold_preferences, untold_codes, untold_commands, help_in_vain)
+    return [fault for check in checks for fault in check(pages, sources)]
+
+
+if __name__ == '__main__':
+    sys.exit('\n'.join(faults(*sys.argv[1:])) or 0)
