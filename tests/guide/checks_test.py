@@ -13,7 +13,8 @@ import guide_links
 PNG = b'\x89PNG\r\n\x1a\n' + struct.pack('>I4sII', 13, b'IHDR', 3, 2)
 INDEX = '<h1 id="a">A</h1><a href="stops.html#jam">J</a> <img src="pictures/P.png" alt="a window">'
 STOPS = ('<h1>Stops</h1><h2 id="jam">Jams</h2><a href="index.html">back</a> <strong>Load Error:</strong> '
-         '<table><tr><td>1 to 2</td><td>Card Jam Error</td></tr><tr><td>3 to 240</td><td>Undefine Error</td></tr></table>'
+         '<table><tr><td>1 to 2</td><td>Card Jam Error</td></tr><tr><td>3 to 240</td><td>Undefine Error</td></tr>'
+         '<tr><td>64</td><td>No number</td></tr><tr><td>65</td><td>Another one</td></tr></table>'
          'A <em>Window</em>, and Check History File. <code>morvane-cli --yes poker deal</code>')
 SETTINGS = '<h1>S</h1><a href="index.html">back</a> <code>New_Inner</code> <strong>Dealing</strong>'
 
@@ -33,6 +34,7 @@ class Guide(unittest.TestCase):
         self.write('src/program/setting_keys.h', 'SettingKey kNewInner{kSetup, "New_Inner", "1"};')
         self.write('src/shell/preferences.h', 'kSwitches{{\n{kKey, "Box", "Check History  File", Frame::kLoad},\n}};')
         self.write('src/wire/machine_errors.cpp', '{1, 2, {"Card Jam Error", kCanGoOn}},')
+        self.write('src/model/messages.cpp', 'm.Msg077 =\n  "   No number   \\r\\n"\n  "x";\nm.Msg078 =\n  " Another one\\r\\n";')
         self.write('src/cli/poker_deal_command.cpp', 'constinit const Command kPokerDealCommand{.Name = "poker deal",')
         self.write('src/kind.h', 'struct RunWords { std::string_view Title; std::string_view Error; };')
         self.write('src/kind.cpp', 'constexpr std::array<RunWords, 1> kWords{{ {"Dealing", "Load Error"}, }};')
@@ -132,6 +134,15 @@ class Knowledge(Guide):
     def test_a_code_that_is_left_out(self):
         self.change('guide/stops.html', '3 to 240', '4 to 240')
         self.assertEqual(self.untold(), ['the code 3, "Undefine Error", is told as None'])
+
+    def test_a_code_of_a_wrong_board(self):
+        self.change('src/model/messages.cpp', 'Another one', 'A third one')
+        self.assertEqual(self.untold(), ['the code 65, "A third one", is told as Another one'])
+
+    def test_a_box_in_quotation_marks(self):
+        self.source('void F() {\n  program.ShowMessage(text, kOk, "Sort");\n}\n')
+        self.change('guide/stops.html', 'A <em>', 'A box "Sort", a <em>')
+        self.assertEqual(self.untold(), [])
 
     def test_a_command_that_is_told_with_another_first_word(self):
         self.change('src/cli/poker_deal_command.cpp', '"poker deal"', '"deal"')

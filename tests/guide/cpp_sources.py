@@ -198,6 +198,11 @@ def error_texts(sources):
     return {code: text.strip() for first, last, text in rows for code in range(int(first), int(last) + 1)}
 
 
+def first_line(sources, message):
+    """Of a text of the catalogue."""
+    return re.search(message + r' =\s*"([^"\\]*)', sources.texts['src/model/messages.cpp'])[1].strip()
+
+
 def commands(sources):
     found = [re.search(r'\bCommand k\w+Command\{\s*(?:\.Name = )?"([^"]+)"', text)
              for file, text in sources.texts.items() if file.startswith('src/cli/') and file.endswith('_command.cpp')]

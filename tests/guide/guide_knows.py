@@ -12,15 +12,19 @@ import guide_pages
 # What is made by the build knows everything by itself; a person is to have told it.
 MADE = ('command-reference.html', 'file-formats.html', 'machine-protocol.html')
 UNKNOWN_CODE = 'Undefine Error'
+# Codes of a wrong board in the slot, with the text of the catalogue that each shows.
+BOARD_CODES = {64: 'Msg077', 65: 'Msg078'}
 LAST_CODE = 240
 
 
 def untold_titles(pages, sources):
     told = set().union(*(page.marked for page in pages))
+    quoted = ' '.join(page.text for page in pages)
     for kind, (words, unresolved) in (('window', cpp_sources.titles(sources)), ('box', cpp_sources.captions(sources))):
         yield from unresolved
         for word, file in sorted(words.items()):
-            if not {word, 'Morvane - ' + word} & told:
+            names = {word, 'Morvane - ' + word}
+            if not names & told and not any(f'"{name}"' in quoted for name in names):
                 yield f'the {kind} "{word}" of {file} is not told'
 
 
@@ -45,6 +49,7 @@ def codes_told(pages):
 
 def untold_codes(pages, sources):
     told, shown = codes_told(pages), cpp_sources.error_texts(sources)
+    shown.update({code: cpp_sources.first_line(sources, message) for code, message in BOARD_CODES.items()})
     for code in range(1, LAST_CODE + 1):
         text = shown.get(code, UNKNOWN_CODE)
         if told.get(code) != text:

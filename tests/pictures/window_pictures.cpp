@@ -4,6 +4,7 @@
 #include <random>
 #include <set>
 
+#include "machine/ui/error_disp.h"
 #include "shell/ui/every_window.h"
 
 // No test: window_pictures FOLDER writes a picture of every window into the folder, at the scale
@@ -53,10 +54,22 @@ class WindowPictures : public EveryWindow {
         window.objectName() == "Poker") {
       window.resize(kRoomy);
     }
+    Save(window, name);
+  }
+
+  void Save(QWidget& window, const QString& name) {
     desk.Loop.Pump();
     constexpr int kSmallest = 0;
     const QString path = Folder().filePath(name + ".png");
     ASSERT_TRUE(window.grab().save(path, "PNG", kSmallest)) << path.toStdString();
+  }
+
+  /// One of another kind than that of the runs.
+  void TakeFault(const machine::Fault& fault, const QString& name) {
+    machine::ErrorDialog dialog(desk.Prog, machine_, machine::kStop, fault);
+    machine::ErrorDisp window(dialog, menu.get());
+    window.show();
+    Save(window, name);
   }
 
   /// The window's name; of a run also what it does and how it stands.
@@ -88,6 +101,10 @@ class WindowPictures : public EveryWindow {
 
 TEST_F(WindowPictures, AreWritten) {
   LookAtAll([this](QWidget& window) { Take(window); });
+  constexpr int kJam = 9;
+  machine_.MachineError = kJam;
+  TakeFault({.Board = 7, .Card = 17}, "Error_disp_cancel");
+  TakeFault({.Board = 7, .Label = 8}, "Error_disp_board");
 }
 
 }  // namespace
