@@ -149,8 +149,11 @@ class Knowledge(Guide):
         self.assertEqual(self.untold(), ['the command deal is not told'])
 
     def test_a_page_of_help_that_is_not_there(self):
-        self.write('src/shell/help_pages.h', '{{"Window", "stops"}, {"Other", "windows"}}')
-        self.assertEqual(self.untold(), ['F1 in Other opens windows, which is no page'])
+        self.write('src/shell/help_pages.h', 'std::string_view kFirst = "first";\n'
+                   'std::array kPages{WindowPage{"Window", "stops", "Word"}, BoxPage{"Other", "windows"},\n'
+                   'WindowPage{"Third", kFirst}};')
+        self.assertEqual(self.untold(), ['F1 in Other opens windows, which is no page',
+                                         'F1 in Third opens first, which is no page'])
 
 
 class Captions(Guide):

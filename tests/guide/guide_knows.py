@@ -66,11 +66,13 @@ def untold_commands(pages, sources):
 
 
 def help_in_vain(pages, sources):
+    """Of the table of F1, `src/shell/help_pages.h`: a row names its page, or a constant that does."""
     known = {page.name.removesuffix('.html') for page in pages}
-    table = sources.texts.get('src/shell/help_pages.cpp', '') + sources.texts.get('src/shell/help_pages.h', '')
-    for window, page in re.findall(r'\{"([\w ]+)", "([a-z-]+)(?:#[\w-]+)?"\}', table):
-        if page not in known:
-            yield f'F1 in {window} opens {page}, which is no page'
+    table = sources.texts.get('src/shell/help_pages.h', '')
+    constants = dict(re.findall(r'string_view (k\w+) = "([^"]*)"', table))
+    for name, page in re.findall(r'(?:Window|Box)Page\{"([^"]+)",\s*"?([\w-]+)', table):
+        if constants.get(page, page) not in known:
+            yield f'F1 in {name} opens {constants.get(page, page)}, which is no page'
 
 
 def faults(guide, root):
