@@ -1,5 +1,6 @@
-# How our own code is compiled: warnings are errors, ccache where there is one, src/ is the include
-# root. A logic target does not link Qt, so a Qt header in it does not compile.
+# How our own code is compiled: warnings are errors but for a packager, whose compiler may know more of
+# them; ccache where there is one, src/ is the include root. A logic target does not link Qt, so a Qt
+# header in it does not compile.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -28,11 +29,11 @@ endif()
 
 function(morvane_warnings target)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /WX)
+    target_compile_options(${target} PRIVATE /W4 $<$<BOOL:${MORVANE_WERROR}>:/WX>)
   else()
     # A precompiled header that does not fit its user would otherwise be left out without a word.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Winvalid-pch
-                                             -Werror)
+                                             $<$<BOOL:${MORVANE_WERROR}>:-Werror>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
       # GCC 12 sees overlaps inside std::string's operator+ that are not there.
       target_compile_options(${target} PRIVATE -Wno-restrict)

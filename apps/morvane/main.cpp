@@ -143,6 +143,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   guard.reset();
   QApplication::setApplicationName("Morvane");
+  QApplication::setDesktopFileName("morvane");
   QApplication::setWindowIcon(morvane::ProgramIcon());
   QApplication::setQuitOnLastWindowClosed(false);  // the shell says when the program ends
 

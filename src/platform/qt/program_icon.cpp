@@ -1,7 +1,6 @@
 #include "platform/qt/program_icon.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QPixmap>
 
 namespace morvane {
@@ -20,28 +19,43 @@ QPainterPath Spade() {
   return path;
 }
 
-QPixmap Card(int size) {
-  QPixmap pixmap(size, size);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(size, size);
-  painter.setPen(QPen(QColor(0x55, 0x55, 0x55), 1.0 / size));
-  painter.setBrush(Qt::white);
-  painter.drawRoundedRect(QRectF(0.14, 0.03, 0.72, 0.94), 0.1, 0.1);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0x10, 0x28, 0x48));
-  painter.translate(0.2, 0.2);
-  painter.scale(0.6, 0.6);
-  painter.drawPath(Spade());
-  return pixmap;
+QPainterPath Card() {
+  QPainterPath path;
+  path.addRoundedRect(QRectF(0.14, 0.03, 0.72, 0.94), 0.1, 0.1);
+  return path;
+}
+
+QPen EdgeOf(const IconPart& part, int size) {
+  return part.Edge.isValid() ? QPen(part.Edge, 1.0 / size) : QPen(Qt::NoPen);
 }
 
 }  // namespace
 
+std::array<IconPart, 2> ProgramIconParts() {
+  const QTransform middle(0.6, 0, 0, 0.6, 0.2, 0.2);
+  return {{{Card(), Qt::white, QColor(0x55, 0x55, 0x55)},
+           {middle.map(Spade()), QColor(0x10, 0x28, 0x48), QColor()}}};
+}
+
+QImage ProgramPicture(int size) {
+  QImage picture(size, size, QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(size, size);
+  for (const IconPart& part : ProgramIconParts()) {
+    painter.setPen(EdgeOf(part, size));
+    painter.setBrush(part.Fill);
+    painter.drawPath(part.Outline);
+  }
+  return picture;
+}
+
 QIcon ProgramIcon() {
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) icon.addPixmap(Card(size));
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    icon.addPixmap(QPixmap::fromImage(ProgramPicture(size)));
+  }
   return icon;
 }
 
