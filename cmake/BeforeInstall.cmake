@@ -10,7 +10,7 @@ endforeach()
 
 foreach(folder ${MORVANE_FOLDERS})
   cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX} NORMALIZE)
-  while(NOT EXISTS $ENV{DESTDIR}${folder})
+  while(NOT EXISTS $ENV{DESTDIR}${folder} AND NOT folder STREQUAL "/")
     file(APPEND ${MORVANE_BUILD}/installed/folders.txt "$ENV{DESTDIR}${folder}\n")
     cmake_path(GET folder PARENT_PATH folder)
   endwhile()
