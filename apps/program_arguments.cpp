@@ -3,8 +3,8 @@
 #include <QCommandLineParser>
 #include <QStringDecoder>
 #include <algorithm>
-#include <array>
 
+#include "cli/programs.h"
 #include "shell/version.h"
 
 namespace morvane {
@@ -20,14 +20,20 @@ bool AreText(int argc, char** argv) {
 
 namespace {
 
-constexpr std::array kNames{"data", "settings", "machine", "trace"};
-constexpr const char* kWithoutHands = "trace-without-hands";
+QString Text(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 void AddProgramOptions(QCommandLineParser& parser) {
-  for (const char* name : kNames) parser.addOption(QCommandLineOption(name, "", "value"));
-  parser.addOption(QCommandLineOption(kWithoutHands));
+  for (const cli::Option& option : cli::kProgramOptions) {
+    parser.addOption(QCommandLineOption(Text(option.Name), "", Text(option.Value)));
+  }
   parser.addOption(QCommandLineOption(QStringList{"h", "help"}));
   parser.addOption(QCommandLineOption("version"));
+}
+
+bool WithoutHands(const QCommandLineParser& parser) {
+  return parser.isSet(Text(cli::kWithoutHandsOption.Name));
 }
 
 std::string HelpAskedFor(const QCommandLineParser& parser, const ProgramTexts& texts) {
@@ -37,13 +43,14 @@ std::string HelpAskedFor(const QCommandLineParser& parser, const ProgramTexts& t
 }
 
 std::string WrongUse(const QCommandLineParser& parser) {
-  for (const char* name : kNames) {
-    if (parser.isSet(name) && parser.value(name).isEmpty()) {
-      return std::string("--") + name + ": nothing named";
+  for (const cli::Option& option : cli::kProgramOptions) {
+    const QString name = Text(option.Name);
+    if (!option.Value.empty() && parser.isSet(name) && parser.value(name).isEmpty()) {
+      return "--" + std::string(option.Name) + ": nothing named";
     }
   }
-  if (!parser.isSet(kWithoutHands) || parser.isSet("trace")) return "";
-  return std::string("--") + kWithoutHands + " needs --trace FILE";
+  if (!WithoutHands(parser) || parser.isSet("trace")) return "";
+  return "--" + std::string(cli::kWithoutHandsOption.Name) + " needs --trace FILE";
 }
 
 }  // namespace
@@ -62,7 +69,7 @@ bool TakeProgramArguments(QCommandLineParser& parser, const QStringList& argumen
   result.Settings = parser.value("settings").toStdString();
   if (parser.isSet("machine")) result.Machine = parser.value("machine").toStdString();
   result.Trace = parser.value("trace").toStdString();
-  result.TraceWithoutHands = parser.isSet(kWithoutHands);
+  result.TraceWithoutHands = WithoutHands(parser);
   return true;
 }
 

@@ -3,24 +3,14 @@
 #include <QCommandLineParser>
 
 #include "bridges/link_request.h"
+#include "cli/programs.h"
 #include "platform/files.h"
 
 namespace morvane {
 namespace {
 
 std::string Usage() {
-  return "Usage: morvane [--machine M] [--data DIR] [--settings FILE] [PATH]\n"
-         "\n"
-         "  PATH             the board file to load; a firmware file (.adc) is loaded into the "
-         "machine\n"
-         "  --machine M      " +
-         bridges::MachineUsage(19) +
-         "\n"
-         "  --trace FILE     note all that passes over the link, to be read or replayed\n"
-         "  --trace-without-hands  but not who has which card, so that it can be handed on\n"
-         "  --data DIR       the folder of logs and history\n"
-         "  --settings FILE  the settings store\n"
-         "  --version        say which version this is\n";
+  return cli::UsageOf(cli::DesktopWords()) + "\nMachines:  " + bridges::MachineUsage(11) + "\n";
 }
 
 /// The path in front, absolute and in double quotes, where start-up looks for it; then the rest, in
@@ -40,7 +30,9 @@ std::string CommandLineOf(const QStringList& arguments, const QStringList& paths
 Arguments ParseArguments(const QStringList& arguments) {
   Arguments result;
   QCommandLineParser parser;
-  if (!TakeProgramArguments(parser, arguments, {"morvane", Usage()}, result)) return result;
+  if (!TakeProgramArguments(parser, arguments, {std::string(cli::DesktopWords().Name), Usage()},
+                            result))
+    return result;
   const QStringList paths = parser.positionalArguments();
   // No board file: those have an extension.
   if (paths == QStringList{"help"}) {

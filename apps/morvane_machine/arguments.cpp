@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/programs.h"
 #include "platform/files.h"
 #include "shell/version.h"
 #include "simulator/line/operator_commands.h"
@@ -16,26 +17,8 @@ namespace morvane {
 namespace {
 
 std::string Usage() {
-  return "Usage: morvane-machine [--machine M] [--pace wire|fast] [--link PATH] [--trace FILE]\n"
-         "\n"
-         "Serves simulated machines on pseudo-terminals, until a signal ends it. Its first\n"
-         "lines are what --machine of the other programs takes, one for each machine in its\n"
-         "order: serial:PATH.\n"
-         "\n"
-         "  --machine M      " +
-         simulator::OptionsUsage(19) +
-         "\n"
-         "                   Each further one is a machine more; the options behind it are\n"
-         "                   that one's, those before the first are the first one's\n"
-         "  --pace P         wire (the default): bytes and answers take the time that they\n"
-         "                   take over a serial line; fast: none\n"
-         "  --link PATH      a link to the device, for a path that is always the same\n"
-         "  --trace FILE     write what is said on the line there, for people to read\n"
-         "  --trace-without-hands\n"
-         "                   leave out of it who has which card\n"
-         "  --version        say which version this is\n"
-         "\n"
-         "Meanwhile these may be typed, with several machines behind the number of one, as\n"
+  return cli::UsageOf(cli::ServingWords()) + "\nMachines:  " + simulator::OptionsUsage(11) +
+         "\n\nMeanwhile these may be typed, with several machines behind the number of one, as\n"
          "2 pedal:\n" +
          simulator::OperatorCommandsHelp();
 }
@@ -73,20 +56,20 @@ bool TakeTrace(const std::string& value, Reading& reading) {
   return !value.empty();
 }
 
-struct Option {
+struct TakenOption {
   std::string_view Name;
   bool (*Take)(const std::string& value, Reading& reading);
 };
-constexpr std::array<Option, 4> kOptions{{{"--machine", TakeMachine},
-                                          {"--pace", TakePace},
-                                          {"--link", TakeLink},
-                                          {"--trace", TakeTrace}}};
-constexpr std::string_view kWithoutHands = "--trace-without-hands";
+constexpr std::array<TakenOption, 4> kTaken{{{cli::kServedOption.Name, TakeMachine},
+                                             {cli::kPaceOption.Name, TakePace},
+                                             {cli::kLinkOption.Name, TakeLink},
+                                             {cli::kLineTraceOption.Name, TakeTrace}}};
+std::string WithDashes(std::string_view name) { return "--" + std::string(name); }
 
 /// Who thinks that options stand in front of their machine would have it otherwise than meant.
 std::optional<std::string> TwiceGiven(std::string_view option, Reading& reading) {
-  if (reading.Given.insert(option).second || option == "--machine") return std::nullopt;
-  return std::string(option) + ": twice for one machine; it stands behind its --machine";
+  if (reading.Given.insert(option).second || option == cli::kServedOption.Name) return std::nullopt;
+  return WithDashes(option) + ": twice for one machine; it stands behind its --machine";
 }
 
 /// Takes the option at `at`, which moves behind it, with the value behind "=" or in the next word.
@@ -94,14 +77,14 @@ std::optional<std::string> TwiceGiven(std::string_view option, Reading& reading)
 std::optional<std::string> TakeOption(const std::vector<std::string>& words, std::size_t& at,
                                       Reading& reading) {
   const std::string& word = words[at++];
-  if (word == kWithoutHands) {
+  if (word == WithDashes(cli::kWithoutHandsOption.Name)) {
     reading.Kind().TraceWithoutHands = true;
     return std::nullopt;
   }
   const std::size_t equals = word.find('=');
   const std::string name = word.substr(0, equals);
-  for (const Option& option : kOptions) {
-    if (option.Name != name) continue;
+  for (const TakenOption& option : kTaken) {
+    if (WithDashes(option.Name) != name) continue;
     if (equals == std::string::npos && at == words.size()) return name + ": nothing named";
     const std::string value = equals == std::string::npos ? words[at++] : word.substr(equals + 1);
     if (option.Take(value, reading)) return TwiceGiven(option.Name, reading);
@@ -116,7 +99,7 @@ std::string WrongTogether(const std::vector<ServedKind>& kinds) {
   for (const ServedKind& kind : kinds) {
     traces.push_back(kind.Trace);
     if (kind.TraceWithoutHands && kind.Trace.empty()) {
-      return std::string(kWithoutHands) + " needs --trace FILE";
+      return WithDashes(cli::kWithoutHandsOption.Name) + " needs --trace FILE";
     }
   }
   const std::string trace = NamedTwice(traces);
@@ -132,7 +115,8 @@ MachineArguments ParseMachineArguments(const std::vector<std::string>& words) {
     const std::string& word = words[at];
     if (word == "--help" || word == "-h") result.Help = Usage();
     if (word == "--version") {
-      result.Help = "morvane-machine " + std::string(shell::kVersion) + "\n";
+      result.Help =
+          std::string(cli::ServingWords().Name) + " " + std::string(shell::kVersion) + "\n";
     }
     if (!result.Help.empty()) return result;
     result.Error = TakeOption(words, at, reading).value_or("");

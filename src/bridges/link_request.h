@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace morvane::bridges {
 
@@ -15,9 +17,25 @@ struct LinkRequest {
   bool TraceWithoutHands = false;         ///< but not who has which card
 };
 
-/// The forms that the machine on a command line has: "usb, usb:SERIAL, ...".
-inline constexpr const char* kMachineForms =
-    "usb, usb:SERIAL, usb:VVVV:PPPP, serial:PATH, simulated[,key=value...] or replay:FILE";
+/// A form that the machine on a command line has.
+struct MachineForm {
+  std::string_view Start;  ///< as it is written
+  std::string_view Rest;   ///< the word that stands for what follows; empty: nothing does
+  std::string_view Means;
+};
+inline constexpr std::array<MachineForm, 6> kMachineForms{{
+    {"usb", "", "the machine at a USB socket; meant where none is named"},
+    {"usb:", "SERIAL", "the one with this serial string, of several"},
+    {"usb:", "VVVV:PPPP",
+     "a bridge chip with these numbers of maker and product, in hexadecimal; a serial string may "
+     "stand behind another colon"},
+    {"serial:", "PATH", "the serial device that the operating system makes of the machine"},
+    {"simulated", "[,key=value...]", "a machine made of code"},
+    {"replay:", "FILE", "what a trace has noted of another run"},
+}};
+
+/// "usb, usb:SERIAL, ..." with all forms.
+[[nodiscard]] std::string MachineForms();
 
 /// The same with the keys of the simulated machine, for the person who has to write it: lines of
 /// which all but the first stand behind `indent` blanks.

@@ -37,7 +37,7 @@ MachineChoice RealMachine(std::unique_ptr<UsbXpress> usb) {
 }
 
 MachineChoice Unknown(const std::string& text) {
-  return NoMachine("unknown machine \"" + text + "\": " + kMachineForms);
+  return NoMachine("unknown machine \"" + text + "\": " + MachineForms());
 }
 
 // By the kind that the text names, `rest` being what stands behind it.

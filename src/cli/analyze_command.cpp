@@ -37,8 +37,9 @@ bool IsWanted(Program& program, const AnalyzeOptions& options, analysis::Solver 
 
 constexpr std::array kOperands{Operand{"IN", "the set to analyse"},
                                Operand{"OUT", "the PBN file to save it in, with what was found"}};
+constexpr Option kSolverOption{"solver", "dds|df", "who works it out; otherwise the settings say"};
 constexpr std::array kOptions{
-    Option{"solver", "dds|df", "who works it out; otherwise the settings say"},
+    kSolverOption,
     Option{"board", "N", "this board only"},
     kImportOption,
 };
@@ -51,7 +52,7 @@ AnalyzeOptions ReadAnalyzeOptions(OptionReader& given) {
                          .With = {},
                          .Board = given.Number("board"),
                          .Import = given.Has("import")};
-  if (const auto solver = given.Choice("solver", {"dds", "df"})) {
+  if (const auto solver = given.Choice(kSolverOption)) {
     options.With = *solver == "dds" ? analysis::Solver::kDds : analysis::Solver::kDeepFinesse;
   }
   if (!CanHoldResults(options.Out)) {

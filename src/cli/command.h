@@ -21,8 +21,9 @@ enum ExitStatus : int {
 /// A word behind the command's name that is no option.
 struct Operand {
   enum class Kind {
-    kFile,         ///< must be there, and is made absolute
-    kCommandName,  ///< may be left out
+    kFile,          ///< must be there, and is made absolute
+    kCommandName,   ///< may be left out
+    kOptionalFile,  ///< the same of a file
   };
 
   std::string_view Word;   ///< that stands for it, "IN"

@@ -24,7 +24,7 @@ void Serve(Job& job, std::optional<int> index, const ConsoleWindows::Service& se
 }
 
 std::optional<int> IndexIn(OptionReader& given) {
-  const auto word = given.Choice("index", {"standard", "jumbo", "small"});
+  const auto word = given.Choice(kIndexOption);
   if (!word) return std::nullopt;
   return *word == "standard" ? 0 : *word == "jumbo" ? 1 : 2;
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 
+#include "cli/values.h"
 #include "files/format_table.h"
 #include "platform/files.h"
 #include "text/text.h"
@@ -61,7 +62,7 @@ std::optional<std::string> FormatOf(OptionReader& given) {
   if (!text) return std::nullopt;
   const files::Format* const format = files::FindFormat(UpperCase(*text));
   if (format != nullptr && format->Write != nullptr) return LowerCase(*text);
-  given.Refuse("--to " + *text + ": wanted pbn, bri, dge, dup, all, bre or csv");
+  given.Refuse("--to " + *text + ": wanted " + ListOf(files::SavedExtensions()));
   return std::nullopt;
 }
 

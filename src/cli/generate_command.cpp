@@ -78,10 +78,12 @@ void CheckTogether(const GenerateOptions& options, OptionReader& given) {
 }
 
 constexpr std::array kOperands{Operand{"OUT", "the file to save the set in"}};
+constexpr Option kGeneratorOption{"generator", "bigdeal|morvane",
+                                  "the number or the shuffling generator"};
 constexpr std::array kOptions{
     Option{"first", "N", "the number of the first board"},
     Option{"last", "N", "the number of the last board"},
-    Option{"generator", "bigdeal|morvane", "the number or the shuffling generator"},
+    kGeneratorOption,
     Option{"empty", "", "leave the boards without cards"},
     Option{"shapes", "on|off", "reject odd shapes"},
     Option{"inner", "on|off", "reject what resembles another board of the set"},
@@ -126,7 +128,7 @@ GenerateOptions ReadGenerateOptions(OptionReader& given) {
   GenerateOptions options{.Out = given.Path(0),
                           .First = given.BoardNumber("first"),
                           .Last = given.BoardNumber("last"),
-                          .Generator = given.Choice("generator", {"bigdeal", "morvane"}),
+                          .Generator = given.Choice(kGeneratorOption),
                           .Empty = given.Has("empty"),
                           .Shapes = given.Switch("shapes"),
                           .Inner = given.Switch("inner"),

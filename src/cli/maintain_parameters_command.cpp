@@ -108,7 +108,7 @@ ParameterChanges ChangesIn(OptionReader& given) {
 }
 
 constexpr std::array kOptions{
-    Option{"index", "standard|jumbo|small",
+    Option{kIndexOption.Name, kIndexOption.Value,
            "whose record is meant; otherwise that of the settings, or of the file"},
     Option{"set", "NAME=VALUE", "write this value; it may stand there several times"},
     Option{"from", "FILE", "write the values that this command has once printed into the file"},

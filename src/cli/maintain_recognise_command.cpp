@@ -43,29 +43,29 @@ class RecogniseService final : public CameraService {
   bool& recognised_;
 };
 
-std::optional<int> NumberIn(OptionReader& given, std::string_view name,
-                            std::initializer_list<std::string_view> words) {
-  const auto word = given.Choice(name, words);
+std::optional<int> NumberIn(OptionReader& given, const Option& option) {
+  const auto word = given.Choice(option);
   if (!word) return std::nullopt;
   return Val(*word);
 }
 
+constexpr Option kTypeOption{"type", "0|1", "0 cards without a frame, 1 with"};
+constexpr Option kFontOption{"font", "0|1|2", "0 normal, 1 fine, 2 bold"};
 constexpr std::array kOptions{
     Option{"labels", "OUT.png", "also write how the recogniser has divided the picture"},
     kIndexOption,
-    Option{"national", "0..6", kNationalOption.Means},
-    Option{"type", "0|1", "0 cards without a frame, 1 with"},
-    Option{"font", "0|1|2", "0 normal, 1 fine, 2 bold"},
+    kNationalOption,
+    kTypeOption,
+    kFontOption,
 };
 
 }  // namespace
 
 MaintainRecogniseOptions ReadMaintainRecogniseOptions(OptionReader& given) {
-  MaintainRecogniseOptions options{
-      .Index = IndexIn(given),
-      .National = NumberIn(given, "national", {"0", "1", "2", "3", "4", "5", "6"}),
-      .CardType = NumberIn(given, "type", {"0", "1"}),
-      .Threshold = NumberIn(given, "font", {"0", "1", "2"})};
+  MaintainRecogniseOptions options{.Index = IndexIn(given),
+                                   .National = NumberIn(given, kNationalOption),
+                                   .CardType = NumberIn(given, kTypeOption),
+                                   .Threshold = NumberIn(given, kFontOption)};
   const auto labels = given.Text("labels");
   if (!labels) return options;
   if (labels->empty()) given.Refuse("--labels: a file without a name");

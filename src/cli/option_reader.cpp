@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "cli/values.h"
 #include "platform/files.h"
 #include "text/text.h"
 
@@ -20,17 +21,6 @@ std::optional<Number> NumberOf(const std::string& text, Number lowest) {
   const auto result = std::from_chars(begin, end, number);
   if (result.ec != std::errc() || result.ptr != end || number < lowest) return std::nullopt;
   return number;
-}
-
-/// "one, two or three".
-std::string ListOf(std::initializer_list<std::string_view> words) {
-  std::string text;
-  for (const auto* word = words.begin(); word != words.end(); ++word) {
-    const bool isLast = word + 1 == words.end();
-    if (word != words.begin()) text += isLast ? " or " : ", ";
-    text += *word;
-  }
-  return text;
 }
 
 }  // namespace
@@ -95,11 +85,11 @@ std::optional<bool> OptionReader::Switch(std::string_view name) {
   return std::nullopt;
 }
 
-std::optional<std::string> OptionReader::Choice(std::string_view name,
-                                                std::initializer_list<std::string_view> words) {
-  auto text = Text(name);
+std::optional<std::string> OptionReader::Choice(const Option& option) {
+  auto text = Text(option.Name);
+  const std::vector<std::string> words = ChoicesOf(option.Value);
   if (!text || std::find(words.begin(), words.end(), *text) != words.end()) return text;
-  Wrong(name, *text, ListOf(words));
+  Wrong(option.Name, *text, ListOf(words));
   return std::nullopt;
 }
 

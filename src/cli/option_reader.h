@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "cli/command.h"
 
 namespace morvane::cli {
 
@@ -43,9 +44,8 @@ class OptionReader {
   std::optional<std::string> BoardNumber(std::string_view name);
   /// "on" or "off".
   std::optional<bool> Switch(std::string_view name);
-  /// One of the words, of which there are two at least.
-  std::optional<std::string> Choice(std::string_view name,
-                                    std::initializer_list<std::string_view> words);
+  /// One of the words that the option takes, `ChoicesOf` its value.
+  std::optional<std::string> Choice(const Option& option);
   /// So many hexadecimal digits of either case.
   std::optional<std::string> Hex(std::string_view name, std::size_t digits);
 

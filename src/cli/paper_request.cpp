@@ -71,8 +71,8 @@ PaperRequest ReadPaperRequest(OptionReader& given) {
                        .To = given.Number("to"),
                        .NoAnalysis = given.Has("no-analysis"),
                        .Header = given.Text("header"),
-                       .Ten = given.Choice("ten", {"T", "10"}),
-                       .National = given.Choice("national", {"0", "1", "2", "3", "4", "5", "6"}),
+                       .Ten = given.Choice(kTenOption),
+                       .National = given.Choice(kNationalOption),
                        .Import = given.Has("import")};
   RefuseSetName(given, request.Out);
   return request;

@@ -29,7 +29,7 @@ constexpr std::array kOptions{kPaperOption};
 
 PokerPrintOptions ReadPokerPrintOptions(OptionReader& given) {
   PokerPrintOptions options{
-      .In = given.Path(0), .Out = given.Path(1), .Paper = given.Choice("paper", {"a4", "letter"})};
+      .In = given.Path(0), .Out = given.Path(1), .Paper = given.Choice(kPaperOption)};
   if (LowerCase(options.Out).ends_with(".pkr")) {
     given.Refuse(options.Out + " is a poker order by its name");
   }

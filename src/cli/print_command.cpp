@@ -60,10 +60,11 @@ constexpr std::array kOperands{
     Operand{"IN", "the set to print"},
     Operand{"OUT.pdf", "the PDF file to make"},
 };
+constexpr Option kPerPageOption{"per-page", "10|12|15|18", "how many boards stand on a page"};
 constexpr std::array kOptions{
     kFromOption,
     kToOption,
-    Option{"per-page", "10|12|15|18", "how many boards stand on a page"},
+    kPerPageOption,
     Option{"score-cards", "", "a score card for each board in place of hand records"},
     kNoAnalysisOption,
     Option{"no-hcp", "", "leave out the points of the hands"},
@@ -81,12 +82,12 @@ constexpr std::array kOptions{
 
 PrintRequest ReadPrintRequest(OptionReader& given) {
   PrintRequest request{.Common = ReadPaperRequest(given),
-                       .PerPage = given.Choice("per-page", {"10", "12", "15", "18"}),
+                       .PerPage = given.Choice(kPerPageOption),
                        .ScoreCards = given.Has("score-cards"),
                        .NoHcp = given.Has("no-hcp"),
                        .NoColour = given.Has("no-colour"),
                        .Stats = given.Has("stats"),
-                       .Paper = given.Choice("paper", {"a4", "letter"}),
+                       .Paper = given.Choice(kPaperOption),
                        .NsOffset = given.BoardNumber("ns-offset")};
   CheckTogether(given);
   return request;

@@ -125,10 +125,12 @@ ExitStatus EndOf(Job& job, const ReadOptions& options) {
 }
 
 constexpr std::array kOperands{Operand{"OUT", "the file to save the set in"}};
+constexpr Option kModeOption{"mode", "1|2",
+                             "1: packs to be dealt by hand, 2: boards already played"};
 constexpr std::array kOptions{
     Option{"first", "N", "the number of the first board"},
     Option{"last", "N", "the number of the last board"},
-    Option{"mode", "1|2", "1: packs to be dealt by hand, 2: boards already played"},
+    kModeOption,
     Option{"auto", "", "start each board at once, without its pedal or board slot"},
 };
 
@@ -138,7 +140,7 @@ ReadOptions ReadReadOptions(OptionReader& given) {
   return {.Out = given.Path(0),
           .First = given.BoardNumber("first"),
           .Last = given.BoardNumber("last"),
-          .Mode = given.Choice("mode", {"1", "2"}),
+          .Mode = given.Choice(kModeOption),
           .Auto = given.Has("auto"),
           .Yes = given.Has("yes")};
 }

@@ -29,6 +29,7 @@
 #include "cli/poker_read_command.h"
 #include "cli/poker_show_command.h"
 #include "cli/print_command.h"
+#include "cli/programs.h"
 #include "cli/read_command.h"
 #include "cli/service_file_command.h"
 #include "cli/show_command.h"
@@ -75,11 +76,11 @@ constexpr std::array<const Command*, 33> kCommands{&kGenerateCommand,
                                                    &kHelpCommand};
 
 constexpr std::array kCommonOptions{
-    Option{"data", "DIR", "the folder of logs and history"},
-    Option{"settings", "FILE", "the settings store"},
-    Option{"machine", "M", "the way to the machine; --help has its forms"},
-    Option{"trace", "FILE", "note all that passes over the link"},
-    Option{"trace-without-hands", "", "but not who has which card"},
+    kProgramOptions[0],
+    kProgramOptions[1],
+    kProgramOptions[2],
+    kProgramOptions[3],
+    kWithoutHandsOption,
     Option{"yes", "", "answer Yes to every question, but replace no file"},
     Option{"overwrite", "", "replace a file without asking"},
 };

@@ -136,7 +136,8 @@ constexpr std::array kOperands{Operand{"IN.txt", "the service file to read"}};
 constexpr std::array kOptions{
     Option{"picture", "OUT.png", "also write the picture of the card"},
     Option{"labels", "OUT.png", "also write how the recogniser had divided it"},
-    Option{"index", "standard|jumbo|small", "whose parameters to print; otherwise those in use"},
+    Option{kIndexOption.Name, kIndexOption.Value,
+           "whose parameters to print; otherwise those in use"},
 };
 
 }  // namespace

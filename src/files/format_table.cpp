@@ -135,6 +135,18 @@ const Format* FindFormat(std::string_view extension) {
   return nullptr;
 }
 
+std::vector<std::string> SavedExtensions() {
+  std::vector<std::string> extensions;
+  for (const Format& format : kFormats) {
+    const bool holdsAll =
+        format.BoardNumbers == Format::Numbers::kEachBoard && format.IncompleteBoards;
+    if (format.Write == nullptr) continue;
+    extensions.insert(holdsAll ? extensions.begin() : extensions.end(),
+                      LowerCase(format.Extension));
+  }
+  return extensions;
+}
+
 std::string ExtensionOf(std::string_view title) {
   const std::size_t dot = title.rfind('.');
   return dot == std::string_view::npos ? std::string() : UpperCase(title.substr(dot + 1));

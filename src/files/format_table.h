@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvane {
 class Program;
@@ -58,6 +59,10 @@ struct Format {
 /// The format of an upper-case extension; null when there is none. The extension alone decides,
 /// never the content.
 [[nodiscard]] const Format* FindFormat(std::string_view extension);
+
+/// The lower-case extensions of the formats that can be saved; first the one that can hold
+/// everything.
+[[nodiscard]] std::vector<std::string> SavedExtensions();
 
 /// The upper-cased text behind the last "." of a file title; empty without one.
 [[nodiscard]] std::string ExtensionOf(std::string_view title);

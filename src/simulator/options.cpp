@@ -12,10 +12,6 @@ namespace morvane::simulator {
 namespace {
 
 constexpr std::string_view kName = "simulated";
-constexpr std::string_view kKeys =
-    "speed, firmware, boot, hardware, serial, noise, seed, fault, deck, swap, packs, carry, "
-    "answers-writes, index, letters, ideal, symbol, suit, card, misread, focus-marker, "
-    "board, board-switch, flash, erase, store, pack";
 /// The key whose value may have commas.
 constexpr std::string_view kPack = "pack";
 constexpr double kFastest = 1000.0;
@@ -285,6 +281,12 @@ std::string_view FirstPair(std::string_view text) {
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
+std::string KeyList() {
+  std::string list;
+  for (const Key& key : kKeyTable) list += (list.empty() ? "" : ", ") + std::string(key.Name);
+  return list;
+}
+
 std::optional<std::string> TakePair(std::string_view pair, Options& options) {
   const std::size_t equals = pair.find('=');
   const std::string_view name = pair.substr(0, equals);
@@ -296,8 +298,7 @@ std::optional<std::string> TakePair(std::string_view pair, Options& options) {
     return "simulated machine: " + Quoted(pair) + ": " + std::string(name) + "= takes " +
            std::string(key.Expected);
   }
-  return "simulated machine: unknown key in " + Quoted(pair) + "; the keys are " +
-         std::string(kKeys);
+  return "simulated machine: unknown key in " + Quoted(pair) + "; the keys are " + KeyList();
 }
 
 }  // namespace
@@ -314,6 +315,12 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
   }
   options = read;
   return std::nullopt;
+}
+
+std::vector<KeyWords> Keys() {
+  std::vector<KeyWords> keys;
+  for (const Key& key : kKeyTable) keys.push_back({key.Name, key.Expected});
+  return keys;
 }
 
 std::string OptionsUsage(std::size_t indent) {

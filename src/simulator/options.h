@@ -115,6 +115,13 @@ struct Options {
 /// who wrote it; `options` is then as it was.
 [[nodiscard]] std::optional<std::string> ParseOptions(std::string_view text, Options& options);
 
+/// A key of `ParseOptions`, and what its value is, in words.
+struct KeyWords {
+  std::string_view Name;
+  std::string_view Takes;
+};
+[[nodiscard]] std::vector<KeyWords> Keys();
+
 /// What `ParseOptions` takes, with its defaults, for the person who has to write it: seven lines,
 /// all but the first behind `indent` blanks.
 [[nodiscard]] std::string OptionsUsage(std::size_t indent);

@@ -178,6 +178,12 @@ std::string Expected(const Command& command) {
   return word + " takes a number from 1 to " + std::to_string(command.Highest) + ".\n";
 }
 
+/// The word that stands for what is typed behind the command; empty where nothing is.
+std::string_view BehindWord(const Command& command) {
+  if (command.Highest == 0) return "";
+  return command.Highest == kWay ? "WAY" : command.Highest == kCard ? "CARD" : "N";
+}
+
 /// What a person has typed, taken apart.
 struct Typed {
   std::size_t Machine = 0;  ///< its number; 0 is none
@@ -249,15 +255,20 @@ std::string Obey(std::span<WiredMachine* const> machines, std::string_view line,
   return DoAt(machines, typed.Machine, *command, *number);
 }
 
+std::vector<OperatorWords> OperatorCommands() {
+  std::vector<OperatorWords> commands;
+  for (const Command& command : kCommands) {
+    commands.push_back({command.Word, BehindWord(command), command.Means});
+  }
+  return commands;
+}
+
 std::string OperatorCommandsHelp() {
   constexpr std::size_t kColumn = 13;
   std::string text;
-  for (const Command& command : kCommands) {
-    std::string row = "  " + std::string(command.Word) +
-                      (command.Highest > 0        ? " N"
-                       : command.Highest == kWay  ? " WAY"
-                       : command.Highest == kCard ? " CARD"
-                                                  : "");
+  for (const OperatorWords& command : OperatorCommands()) {
+    std::string row = "  " + std::string(command.Word);
+    if (!command.Behind.empty()) row += " " + std::string(command.Behind);
     row.resize(kColumn, ' ');
     text += row + std::string(command.Means) + "\n";
   }

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "simulator/wired_machine.h"
 
@@ -13,6 +14,15 @@ namespace morvane::simulator {
 /// answer, whole lines; `quit` is set when it is to end.
 [[nodiscard]] std::string Obey(std::span<WiredMachine* const> machines, std::string_view line,
                                bool& quit);
+
+/// One of them: the word, what stands for what is typed behind it (or empty), what it does, in
+/// lines as `OperatorCommandsHelp` has them.
+struct OperatorWords {
+  std::string_view Word;
+  std::string_view Behind;
+  std::string_view Means;
+};
+[[nodiscard]] std::vector<OperatorWords> OperatorCommands();
 
 /// A line for each command, behind two blanks.
 [[nodiscard]] std::string OperatorCommandsHelp();

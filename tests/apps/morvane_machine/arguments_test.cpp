@@ -96,8 +96,8 @@ TEST(MachineArgumentsTest, WhatIsWrongIsTold) {
 TEST(MachineArgumentsTest, HelpHasOptionsKeysAndCommands) {
   const std::string help = ParseMachineArguments({"--pace", "fast", "--help"}).Help;
   EXPECT_EQ(help, ParseMachineArguments({"-h"}).Help);
-  for (const char* part :
-       {"--machine M", "--pace P", "--link PATH", "--trace FILE", "pack=FILE", "  board N"}) {
+  for (const char* part : {"--machine M", "--pace wire|fast", "--link PATH", "--trace FILE",
+                           "pack=FILE", "  board N"}) {
     EXPECT_THAT(help, HasSubstr(part));
   }
   EXPECT_THAT(ParseMachineArguments({"--version"}).Help, testing::StartsWith("morvane-machine 1."));
