@@ -3,6 +3,7 @@
 #include "bench/terminal_program.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
+#include "support/fake_desktop.h"
 #include "support/qt_desk.h"
 
 namespace morvane::bench {
@@ -21,7 +22,9 @@ void AtDesktop(LinkParts& parts, const std::string& commandLine, const Work& wor
   shell::QtWindows windows(program);
   LoneInstance alone;
   shell::Shell shell(program, parts.Gaps, parts.NoPrograms, windows, alone);
-  shell::MainMenu menu(program, shell);
+  test::FakeDesktop noDesktop;
+  shell::Help help(program, shell.TheMachine(), noDesktop, {});
+  shell::MainMenu menu(program, shell, help);
   windows.SetMainMenu(menu);
   ui.SetMainWindow(menu.ForUi());
   static_cast<void>(shell.StartUp(commandLine));

@@ -13,7 +13,9 @@
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
+#include "library_versions.h"
 #include "platform/qt/program_icon.h"
+#include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_sound.h"
@@ -21,6 +23,7 @@
 #include "platform/qt/window_place.h"
 #include "platform/system_processes.h"
 #include "shell/shell.h"
+#include "shell/ui/help_key.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
 #include "simulator/ui/machine_panel.h"
@@ -82,7 +85,7 @@ int TellTrouble(morvane::bridges::MachineChoice& machine) {
 
 /// The program from its windows to its end; its exit status.
 int Run(const QApplication& application, morvane::SystemParts& parts,
-        morvane::bridges::MachineChoice& machine, const std::string& commandLine) {
+        morvane::bridges::MachineChoice& machine, const morvane::Arguments& arguments) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
   morvane::QtPrinter printer(parts.Loop);
@@ -92,7 +95,11 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);
   morvane::SystemProcesses processes;
   morvane::shell::Shell shell(program, *machine.Usb, processes, windows, instance, machine.Kind);
-  morvane::shell::MainMenu mainMenu(program, shell);
+  morvane::QtDesktop desktop;
+  morvane::shell::Help help(program, shell.TheMachine(), desktop,
+                            {arguments.Machine, morvane::LibraryVersions()});
+  const morvane::shell::HelpKey helpKey(help);
+  morvane::shell::MainMenu mainMenu(program, shell, help);
   windows.SetMainMenu(mainMenu);
   ui.SetMainWindow(mainMenu.ForUi());
 
@@ -108,7 +115,7 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   shell.KeepUnsavedSet();
   shell.KeepRecentFiles();
   using morvane::shell::StartOutcome;
-  const StartOutcome outcome = shell.StartUp(commandLine);
+  const StartOutcome outcome = shell.StartUp(arguments.CommandLine);
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
@@ -153,5 +160,5 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;
   }
-  return Run(application, parts, machine, arguments.CommandLine);
+  return Run(application, parts, machine, arguments);
 }

@@ -81,6 +81,7 @@ class WindowPictures : public EveryWindow {
     }
     if (name.startsWith("Maintenance") && !test::Enabled(window, "Motors")) return name + "_start";
     if (name == "Poker") return name + PokerState(window);
+    if (name == "MainMenu" && test::Visible(window, "FirstSteps")) return name + "_empty";
     if (name != "DealinProg") return name;
     if (window.windowTitle().contains("Reading")) name += "_read";
     if (window.windowTitle().contains("Sorting")) name += "_sort";

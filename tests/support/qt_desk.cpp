@@ -80,7 +80,7 @@ QWidget* TopWindow(const std::string& name) {
 
 QtDesk::QtDesk()
     : Prog({Ui, Loop, Clock, Store, Random, Speaker, ThePrinter},
-           {Folder.Path(), Folder / "Morvane_Data"}) {
+           {Folder.Path(), Folder / "Morvane_Data", Folder / "settings.ini"}) {
   std::filesystem::create_directory(Prog.Paths.Data);
   RuntimeError error;
   EXPECT_TRUE(Prog.Log.Start(Prog.Paths.Data, error)) << error.Description;

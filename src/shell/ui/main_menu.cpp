@@ -13,6 +13,7 @@
 #include "platform/qt/shown_value.h"
 #include "platform/qt/window_place.h"
 #include "shell/start_up.h"
+#include "shell/ui/first_steps.h"
 #include "shell/ui/menu_bar.h"
 #include "shell/ui/set_header.h"
 #include "shell/ui/set_numbers.h"
@@ -27,11 +28,11 @@ constexpr QSize kComfortable{980, 620};
 
 }  // namespace
 
-MainMenu::MainMenu(Program& program, Shell& shell) : program_(program), shell_(shell) {
+MainMenu::MainMenu(Program& program, Shell& shell, Help& help) : program_(program), shell_(shell) {
   setObjectName("MainMenu");
   setWindowTitle("Morvane - Main Menu[*]");
   setAcceptDrops(true);
-  setMenuBar(new MenuBar(shell_, program_.ServiceLevel, this));
+  setMenuBar(new MenuBar(shell_, help, program_.ServiceLevel, this));
   MakeStatusBar();
   MakeContent();
   RefreshSet();
@@ -55,6 +56,7 @@ void MainMenu::MakeContent() {
   header_ = new SetHeader(
       shell_, [this] { ShowTitle(); }, content);
   numbers_ = new SetNumbers([this] { shell_.ShowStat(); }, content);
+  steps_ = new FirstSteps(shell_, content);
   statistics_ = new StatisticsPanel(content);
   statisticsPart_ = new ScrollingPart(statistics_, content);
   auto* all = new QVBoxLayout(content);
@@ -62,6 +64,7 @@ void MainMenu::MakeContent() {
   all->setSpacing(kSpacing);
   all->addWidget(header_);
   all->addWidget(numbers_);
+  all->addWidget(steps_);
   all->addWidget(statisticsPart_, 1);
   all->addStretch();
   setCentralWidget(new ScrollingPart(content, this));
@@ -79,6 +82,7 @@ void MainMenu::RefreshSet() {
   lblVersion_->setText("Morvane  ver: " + ToQt(program_.VersionText));
   ShowOrHideStatistics();
   if (!program_.Set.Exists()) ShowStatistics({});
+  ShowOrHideSteps();
   ShowTitle();
 }
 
@@ -93,7 +97,10 @@ void MainMenu::ShowOrHideStatistics() {
 void MainMenu::ShowStatistics(const StatisticsPage& page) {
   numbers_->Show(page);
   statistics_->Show(page);
+  ShowOrHideSteps();
 }
+
+void MainMenu::ShowOrHideSteps() { steps_->setVisible(!program_.Set.Exists()); }
 
 void MainMenu::ShowTitle() { setWindowModified(!program_.Set.IsSaved()); }
 

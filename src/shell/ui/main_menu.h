@@ -4,6 +4,7 @@
 
 #include "platform/qt/qt_ui.h"
 #include "program/program.h"
+#include "shell/help.h"
 #include "shell/shell.h"
 
 class QLabel;
@@ -14,6 +15,7 @@ class ShownValue;
 
 namespace morvane::shell {
 
+class FirstSteps;
 class SetHeader;
 class SetNumbers;
 class StatisticsPanel;
@@ -21,7 +23,7 @@ class StatisticsPanel;
 /// The main window: menu, what is known of the set, and the status bar.
 class MainMenu final : public QMainWindow {
  public:
-  MainMenu(Program& program, Shell& shell);
+  MainMenu(Program& program, Shell& shell, Help& help);
 
   /// What the operator's port needs of this window.
   [[nodiscard]] QtUi::MainWindow ForUi();
@@ -42,6 +44,7 @@ class MainMenu final : public QMainWindow {
   void MakeContent();
   void ShowTitle();
   void ShowOrHideStatistics();
+  void ShowOrHideSteps();
   void RestorePlace();
   void StorePlace();
 
@@ -50,6 +53,7 @@ class MainMenu final : public QMainWindow {
 
   SetHeader* header_ = nullptr;
   SetNumbers* numbers_ = nullptr;
+  FirstSteps* steps_ = nullptr;
   StatisticsPanel* statistics_ = nullptr;
   QWidget* statisticsPart_ = nullptr;
   QLabel* lblVersion_ = nullptr;

@@ -4,11 +4,12 @@
 #include <QMenu>
 #include <utility>
 
+#include "shell/ui/about.h"
 #include "shell/ui/recent_entries.h"
 
 namespace morvane::shell {
 
-MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(parent) {
+MenuBar::MenuBar(Shell& shell, Help& help, int serviceLevel, QWidget* parent) : QMenuBar(parent) {
   AddFileMenu(shell);
   AddEntry(*this, "menuDeal", "&Deal", Qt::CTRL | Qt::Key_D, [&shell] { shell.MenuDeal(); });
   AddEntry(*this, "menuRead", "&Read", Qt::CTRL | Qt::Key_R, [&shell] { shell.MenuRead(); });
@@ -19,6 +20,7 @@ MenuBar::MenuBar(Shell& shell, int serviceLevel, QWidget* parent) : QMenuBar(par
   AddMaintenanceMenu(shell, serviceLevel);
   AddEntry(*this, "menuPoker", "Po&ker", Qt::CTRL | Qt::Key_K, [&shell] { shell.MenuPoker(); });
   AddSetupMenu(shell);
+  AddHelpMenu(help);
 }
 
 void MenuBar::AddFileMenu(Shell& shell) {
@@ -45,6 +47,16 @@ void MenuBar::AddSetupMenu(Shell& shell) {
   QMenu& setup = AddMenu("cmdSetup", "&Setup");
   AddEntry(setup, "cmdPref", "&Preferences", Qt::CTRL | Qt::Key_Comma,
            [&shell] { shell.CmdPref(); });
+}
+
+void MenuBar::AddHelpMenu(Help& help) {
+  QMenu& menu = AddMenu("menuHelp", "&Help");
+  AddEntry(menu, "menuContents", "&Contents", QKeySequence::HelpContents,
+           [&help] { help.OpenContents(); });
+  AddEntry(menu, "menuErrorCodes", "&Error Codes", {}, [&help] { help.OpenErrorCodes(); });
+  AddEntry(menu, "menuDiagnosis", "Copy &Diagnosis", {}, [&help] { help.CopyDiagnosis(); });
+  menu.addSeparator()->setObjectName("divAbout");
+  AddEntry(menu, "menuAbout", "&About Morvane", {}, [this, &help] { ShowAbout(help, *window()); });
 }
 
 QMenu& MenuBar::AddMenu(const char* name, const char* caption) {

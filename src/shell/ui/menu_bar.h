@@ -4,6 +4,7 @@
 #include <QMenuBar>
 #include <functional>
 
+#include "shell/help.h"
 #include "shell/shell.h"
 
 class QAction;
@@ -15,7 +16,7 @@ namespace morvane::shell {
 /// starts.
 class MenuBar final : public QMenuBar {
  public:
-  MenuBar(Shell& shell, int serviceLevel, QWidget* parent);
+  MenuBar(Shell& shell, Help& help, int serviceLevel, QWidget* parent);
 
  private:
   using Flow = std::function<void()>;
@@ -25,6 +26,7 @@ class MenuBar final : public QMenuBar {
   void AddFileMenu(Shell& shell);
   void AddMaintenanceMenu(Shell& shell, int serviceLevel);
   void AddSetupMenu(Shell& shell);
+  void AddHelpMenu(Help& help);
 };
 
 }  // namespace morvane::shell

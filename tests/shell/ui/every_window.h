@@ -26,6 +26,7 @@
 #include "poker/poker.h"
 #include "poker/ui/poker_window.h"
 #include "print/document.h"
+#include "shell/ui/about.h"
 #include "shell/ui/service_windows.h"
 #include "simulator/ui/fake_packs.h"
 #include "simulator/ui/machine_panel.h"
@@ -46,6 +47,7 @@ class EveryWindow : public ServiceWindows {
 
   void LookAtAll(const Look& look) {
     LookAtMainMenu(look);
+    LookAtAbout(look);
     LookAtPanel([&look](QWidget& panel) { LookAtPages(panel, look); });
     LookAtReplay(look);
     LookAtLoadNumber(look);
@@ -62,8 +64,15 @@ class EveryWindow : public ServiceWindows {
     LookAtReadService(look);
   }
 
+  /// Without a set, then with one, without its statistics and with them.
   void LookAtMainMenu(const Look& look) {
     Start();
+    const auto before = std::make_unique<BoardSet>(desk.Prog.Set);
+    desk.Prog.Set.Clear();
+    menu->RefreshSet();
+    desk.Loop.Pump();
+    look(*menu);
+    desk.Prog.Set = *before;
     for (const bool statistics : {false, true}) {
       desk.Prog.ShowStatistics = statistics;
       menu->RefreshSet();
@@ -71,6 +80,16 @@ class EveryWindow : public ServiceWindows {
       desk.Loop.Pump();
       look(*menu);
     }
+  }
+
+  void LookAtAbout(const Look& look) {
+    ShowAbout(help, *menu);
+    QWidget* window = test::TopWindow("About");
+    ASSERT_NE(window, nullptr);
+    desk.Loop.Pump();
+    look(*window);
+    window->close();
+    desk.Loop.Pump();
   }
 
   void LookAtPanel(const Look& look) {

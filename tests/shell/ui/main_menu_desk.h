@@ -8,6 +8,7 @@
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
 #include "simulator/simulated_machine.h"
+#include "support/fake_desktop.h"
 #include "support/qt_desk.h"
 
 namespace morvane::shell {
@@ -21,7 +22,12 @@ class MainMenuTest : public ::testing::Test {
   LoneInstance alone;
   test::FakeProcesses processes;
   Shell shell{desk.Prog, simulated, processes, windows, alone};
-  std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell);
+  test::FakeDesktop around;
+  Help help{desk.Prog,
+            shell.TheMachine(),
+            around,
+            {"simulated", {{"Qt", "6.4.2"}, {"libusb", "1.0.26"}}}};
+  std::unique_ptr<MainMenu> menu = std::make_unique<MainMenu>(desk.Prog, shell, help);
 
   void SetUp() override {
     shell.KeepRecentFiles();

@@ -29,7 +29,10 @@ TEST_F(Menu, StandsInItsOrderWithNamesAndCaptions) {
             "Analize \"&Analyze\", menuPrint \"&Print\", "
             "cmdMaintenance_direct \"&Maintenance\" [cmdMaintenance \"&Maintenance\", "
             "Read_Service_File \"&Read Service File\"], "
-            "menuPoker \"Po&ker\", cmdSetup \"&Setup\" [cmdPref \"&Preferences\"]");
+            "menuPoker \"Po&ker\", cmdSetup \"&Setup\" [cmdPref \"&Preferences\"], "
+            "menuHelp \"&Help\" [menuContents \"&Contents\", "
+            "menuErrorCodes \"&Error Codes\", menuDiagnosis \"Copy &Diagnosis\", divAbout, "
+            "menuAbout \"&About Morvane\"]");
 }
 
 TEST_F(Menu, EntriesThatAreSeenCanBeUsed) {
@@ -42,13 +45,14 @@ TEST_F(Menu, EntriesThatAreSeenCanBeUsed) {
   }
   EXPECT_THAT(enabled, ElementsAre("menuNew", "menuLoad", "menuImport", "menuSave", "menuExit",
                                    "menuDeal", "menuRead", "menuSort", "menuEdit", "Analize",
-                                   "menuPrint", "cmdMaintenance", "menuPoker", "cmdPref"));
+                                   "menuPrint", "cmdMaintenance", "menuPoker", "cmdPref",
+                                   "menuContents", "menuErrorCodes", "menuDiagnosis", "menuAbout"));
 }
 
 TEST_F(Menu, ServiceFilesAreForServiceBuilds) {
   EXPECT_EQ(test::Find<QAction>(*menu, "Read_Service_File").isVisible(), MORVANE_SERVICE_LEVEL > 0);
   desk.Prog.ServiceLevel = 1;
-  const MainMenu service(desk.Prog, shell);
+  const MainMenu service(desk.Prog, shell, help);
   EXPECT_TRUE(test::Find<QAction>(service, "Read_Service_File").isVisible());
 }
 
@@ -264,13 +268,13 @@ TEST_F(Place, IsRememberedFromOneStartToTheNext) {
   Start();
   menu->resize(750, 555);
   menu->close();
-  const MainMenu again(desk.Prog, shell);
+  const MainMenu again(desk.Prog, shell, help);
   EXPECT_EQ(again.size(), QSize(750, 555));
 }
 
 TEST_F(Place, ADamagedOneIsIgnored) {
   desk.Store.Set({"Window", "MainMenu", ""}, "no place");
-  const MainMenu again(desk.Prog, shell);
+  const MainMenu again(desk.Prog, shell, help);
   EXPECT_GE(again.width(), again.minimumSizeHint().width());
 }
 

@@ -17,7 +17,7 @@ class MenuReadService : public MainMenuTest {
  protected:
   MenuReadService() {
     desk.Prog.ServiceLevel = 1;
-    menu = std::make_unique<MainMenu>(desk.Prog, shell);
+    menu = std::make_unique<MainMenu>(desk.Prog, shell, help);
     test::WriteContent(path, BytesOf(maintenance::SampleServiceFile()));
   }
   /// The viewer comes up with the file; `act` is done with it.

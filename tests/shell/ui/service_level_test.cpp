@@ -17,7 +17,7 @@ class ServiceLevelTest : public MainMenuTest, public ::testing::WithParamInterfa
  protected:
   ServiceLevelTest() {
     desk.Prog.ServiceLevel = GetParam().Number;
-    menu = std::make_unique<MainMenu>(desk.Prog, shell);
+    menu = std::make_unique<MainMenu>(desk.Prog, shell, help);
   }
 };
 

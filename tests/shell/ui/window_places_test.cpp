@@ -153,7 +153,7 @@ TEST_F(WindowPlaces, AKeptPlaceBeyondTheScreenComesBack) {
   Start();
   menu->setGeometry(screen.right() - 60, screen.bottom() - 50, 700, 500);
   menu->close();
-  const MainMenu again(desk.Prog, shell);
+  const MainMenu again(desk.Prog, shell, help);
   EXPECT_TRUE(screen.contains(again.geometry()));
   EXPECT_EQ(again.size(), QSize(700, 500));
 }
@@ -163,7 +163,7 @@ TEST_F(WindowPlaces, AKeptPlaceLargerThanTheScreenBecomesSmaller) {
   Start();
   menu->setGeometry(0, 0, screen.width() + 500, screen.height() + 300);
   menu->close();
-  const MainMenu again(desk.Prog, shell);
+  const MainMenu again(desk.Prog, shell, help);
   EXPECT_TRUE(screen.contains(again.geometry()));
 }
 

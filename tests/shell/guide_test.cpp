@@ -1,0 +1,83 @@
+#include "shell/guide.h"
+
+#include <filesystem>
+
+#include "support/fake_desktop.h"
+#include "support/fakes.h"
+
+namespace morvane::shell {
+namespace {
+
+using test::FakeUi;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A program of its own folder, with guides where the test puts them.
+struct GuideDesk : test::TestDesk {
+  test::FakeDesktop Around;
+  Program Installed{{Ui, Loop, Clock, Store, Random, Speaker, ThePrinter},
+                    {Folder / "usr/libexec/morvane", Folder / "data"}};
+  Guide TheGuide{Installed, Around};
+
+  std::string PutPage(const std::string& folder, const std::string& page) {
+    std::filesystem::create_directories(Folder / folder);
+    test::WriteContent(Folder / (folder + "/" + page + ".html"), "page");
+    return Folder / (folder + "/" + page + ".html");
+  }
+};
+
+TEST(Guide, IsFoundWhereItIsInstalled) {
+  GuideDesk desk;
+  desk.PutPage("usr/share/morvane/guide", "index");
+  const std::string page = desk.PutPage("usr/share/morvane/guide", "stops");
+  desk.TheGuide.Open("stops");
+  EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
+  EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
+}
+
+TEST(Guide, OfABuildTreeComesFirst) {
+  GuideDesk desk;
+  desk.PutPage("usr/share/morvane/guide", "index");
+  const std::string page = desk.PutPage("usr/libexec/guide", "index");
+  desk.TheGuide.Open("index");
+  EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
+}
+
+TEST(Guide, MayLieBesideTheProgram) {
+  GuideDesk desk;
+  const std::string page = desk.PutPage("usr/libexec/morvane/guide", "index");
+  desk.TheGuide.Open("index");
+  EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
+}
+
+TEST(Guide, ThatIsNotInstalledIsToldWithItsPlaceAndItsPackage) {
+  GuideDesk desk;
+  desk.TheGuide.Open("stops");
+  EXPECT_THAT(desk.Around.Shown, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes,
+              ElementsAre(FakeUi::Box{"      The guide is not installed.      \r\n"
+                                      "      Its page would be: " +
+                                          desk.Folder.Path() +
+                                          "/usr/share/morvane/guide/stops.html      \r\n"
+                                          "\r\n"
+                                          "      Please install the package morvane-doc.      \r\n",
+                                      64, "Guide"}));
+}
+
+TEST(Guide, SaysWhereThePageIsWhenNoBrowserStarts) {
+  GuideDesk desk;
+  const std::string page = desk.PutPage("usr/share/morvane/guide", "index");
+  desk.Around.Shows = false;
+  desk.TheGuide.Open("index");
+  ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
+  EXPECT_EQ(desk.Ui.Boxes[0].Text,
+            "      No web browser could be started.      \r\n"
+            "      The page is: " +
+                page +
+                "      \r\n"
+                "\r\n"
+                "      Please open it in a web browser.      \r\n");
+}
+
+}  // namespace
+}  // namespace morvane::shell

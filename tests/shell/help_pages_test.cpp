@@ -1,0 +1,57 @@
+#include "shell/help_pages.h"
+
+#include <fstream>
+#include <set>
+#include <string>
+
+namespace morvane::shell {
+namespace {
+
+/// The pages of the guide: the first word of each line that is no comment.
+std::set<std::string> PagesOfGuide() {
+  std::ifstream file(MORVANE_GUIDE "/pages.txt");
+  std::set<std::string> pages;
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line.front() != '#') pages.insert(line.substr(0, line.find(' ')));
+  }
+  return pages;
+}
+
+TEST(HelpPages, EveryPageIsOneOfTheGuide) {
+  const auto pages = PagesOfGuide();
+  ASSERT_EQ(pages.count("first-evening"), 1U);
+  for (const WindowPage& row : kWindowPages) {
+    EXPECT_EQ(pages.count(std::string(row.Page)), 1U) << row.Window;
+  }
+  for (const BoxPage& row : kBoxPages) {
+    EXPECT_EQ(pages.count(std::string(row.Page)), 1U) << row.Caption;
+  }
+  for (const std::string_view page : {kContentsPage, kErrorCodesPage, kBoxesPage}) {
+    EXPECT_EQ(pages.count(std::string(page)), 1U) << page;
+  }
+}
+
+TEST(HelpPages, ARunsWindowHasThePageOfWhatItDoes) {
+  EXPECT_EQ(PageOnWindow("DealinProg", "Morvane - Dealing - Simulated machine"), "dealing");
+  EXPECT_EQ(PageOnWindow("DealinProg", "Morvane - Reading"), "reading");
+  EXPECT_EQ(PageOnWindow("DealinProg", "Morvane - Sorting"), "reading");
+}
+
+TEST(HelpPages, AWindowOfTheToolkitHasNone) {
+  EXPECT_EQ(PageOnWindow("cdOpen", "Load Board Set"), "");
+  EXPECT_EQ(PageOnWindow("", "Dealing"), "");
+}
+
+TEST(HelpPages, ABoxOfARunTellsOfItsStops) {
+  EXPECT_EQ(PageOnBox("Dealing Error"), "stops");
+  EXPECT_EQ(PageOnBox("Sort Error"), "stops");
+}
+
+TEST(HelpPages, AnyOtherBoxIsAmongTheBoxes) {
+  EXPECT_EQ(PageOnBox("USB Initialization Error"), "connecting");
+  EXPECT_EQ(PageOnBox("Unsaved Board Set"), "trouble");
+  EXPECT_EQ(PageOnBox(""), "trouble");
+}
+
+}  // namespace
+}  // namespace morvane::shell
