@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QLineEdit>
 #include <algorithm>
 #include <cstdio>
 #include <random>
@@ -54,7 +55,17 @@ class WindowPictures : public EveryWindow {
         window.objectName() == "Poker") {
       window.resize(kRoomy);
     }
+    if (name == "About") {
+      Show(window, "txtData", "/home/club/.local/share/Morvane_Data");
+      Show(window, "txtSettings", "/home/club/.config/morvane.exe.ini");
+    }
+    if (name == "MainMenu_empty") Show(window, "txtFileName", "");
     Save(window, name);
+  }
+
+  /// What a club would see in place of a test's file.
+  static void Show(QWidget& window, const char* box, const char* text) {
+    test::Find<QLineEdit>(window, box).setText(text);
   }
 
   void Save(QWidget& window, const QString& name) {
