@@ -138,11 +138,11 @@ TEST(CompletionTables, TheWordsOfferedAreThoseThatACommandTakes) {
 TEST(ShellTable, QuotesAreEscapedAsEachShellHasThem) {
   const std::vector<Lookup> tables{{"options", {{"it's", {"a\\b"}}, {"none", {}}}}};
   EXPECT_EQ(CaseFunctions(tables),
-            "\n_PROGRAM_options() {\n  case $1 in\n    'it'\\''s')\n      printf '%s\\n' \\\n"
+            "\n_PROGRAM__options() {\n  case $1 in\n    'it'\\''s')\n      printf '%s\\n' \\\n"
             "        'a\\b'\n      ;;\n    'none')\n      true\n      ;;\n    *) return 1 ;;\n"
             "  esac\n}\n");
   EXPECT_EQ(SwitchFunctions(tables),
-            "\nfunction _PROGRAM_options\n  switch $argv[1]\n    case 'it\\'s'\n"
+            "\nfunction _PROGRAM__options\n  switch $argv[1]\n    case 'it\\'s'\n"
             "      printf '%s\\n' \\\n        'a\\\\b'\n    case 'none'\n      true\n"
             "    case '*'\n      return 1\n  end\nend\n");
 }

@@ -69,6 +69,7 @@ CASES = [
     ('morvane-machine --pace ', {'wire', 'fast'}),
     ('morvane-machine --pace fast --machine ', {'simulated', 'simulated,'}),
     ('morvane-machine ', set()),
+    ('morvane --machine s', {'serial:', 'simulated', 'simulated,'}),
 ]
 
 WORD_BREAKS = '=:'
@@ -98,12 +99,12 @@ def folder_marked(names, behind=''):
 class Bash:
     def __init__(self, pages, helpers):
         self.start = 'source /usr/share/bash-completion/bash_completion\n' if helpers else ''
-        self.pages = pages
+        # All three, which must not take each other's names.
+        self.start += f'for script in "{pages}"/bash/*; do source "$script"; done\n'
 
     def complete(self, line):
-        program = line.split()[0]
         words = readline_words(line)
-        script = self.start + f'source "{self.pages}/bash/{program}"\n' + '''
+        script = self.start + '''
 COMP_LINE=$1 COMP_POINT=${#1} COMP_WORDS=("${@:2}") COMP_CWORD=$(($# - 2))
 function=$(complete -p "$2" | sed 's/.*-F \\([^ ]*\\).*/\\1/')
 "$function" "$2"
@@ -121,8 +122,7 @@ class Fish:
         self.pages = pages
 
     def complete(self, line):
-        program = line.split()[0]
-        script = f'source "{self.pages}/fish/{program}.fish"; complete -C $argv[1]'
+        script = f'for script in "{self.pages}"/fish/*; source $script; end; complete -C $argv[1]'
         result = subprocess.run(['fish', '--no-config', '-c', script, line], capture_output=True,
                                 text=True, check=False)
         if result.stderr:

@@ -41,7 +41,7 @@ TEST(Roff, ALineThatBeginsWithADotIsText) {
 
 TEST(Roff, APageBeginsWithItsNameForTheListOfPages) {
   EXPECT_EQ(Roff({"morvane-cli-x", "does it", {}}),
-            ".TH MORVANE-CLI-X 1 \"\" \"Morvane 1.0\" \"Morvane\"\n.nh\n"
+            ".TH MORVANE-CLI-X 1 \"\" \"Morvane 1.0\" \"Morvane\"\n.nh\n.ad l\n"
             ".SH NAME\nmorvane-cli-x \\- does it\n");
 }
 
@@ -96,15 +96,16 @@ TEST(Manual, APageOfACommandHasAllThatTheCommandTakes) {
 
 TEST(Manual, ThePageOfOneCommandByHand) {
   const std::string page = Roff(PageOf(*cli::FindCommand("poker print")));
-  EXPECT_THAT(page,
-              StartsWith(".TH MORVANE-CLI-POKER-PRINT 1 \"\" \"Morvane 1.0\" \"Morvane\"\n.nh\n"
-                         ".SH NAME\n"
-                         "morvane-cli-poker-print \\- prints the list of a poker order into "
-                         "a PDF file\n"
-                         ".SH SYNOPSIS\n.ad l\n"
-                         "\\fBmorvane\\-cli\\ poker\\ print\\fR\n"
-                         "\\fIIN.pkr\\fR\n\\fIOUT.pdf\\fR\n"
-                         "[\\fB\\-\\-paper\\fR\\ \\fBa4\\fR|\\fBletter\\fR]\n"));
+  EXPECT_THAT(
+      page,
+      StartsWith(".TH MORVANE-CLI-POKER-PRINT 1 \"\" \"Morvane 1.0\" \"Morvane\"\n.nh\n.ad l\n"
+                 ".SH NAME\n"
+                 "morvane-cli-poker-print \\- prints the list of a poker order into "
+                 "a PDF file\n"
+                 ".SH SYNOPSIS\n"
+                 "\\fBmorvane\\-cli\\ poker\\ print\\fR\n"
+                 "\\fIIN.pkr\\fR\n\\fIOUT.pdf\\fR\n"
+                 "[\\fB\\-\\-paper\\fR\\ \\fBa4\\fR|\\fBletter\\fR]\n"));
   EXPECT_THAT(page, HasSubstr("\\fBmorvane\\-cli\\-poker\\-read\\fR(1)"));
   EXPECT_THAT(page, Not(HasSubstr("\\fBmorvane\\-cli\\-poker\\-print\\fR(1)")));
 }

@@ -13,6 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using test::TempFolder;
+
 std::string BytesOf(const fs::path& path) {
   std::ostringstream bytes;
   bytes << std::ifstream(path, std::ios::binary).rdbuf();

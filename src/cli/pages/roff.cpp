@@ -55,11 +55,11 @@ std::string Unbroken(const std::string& line) {
 
 std::string RoffBlock(const Paragraph& paragraph) { return Line(paragraph.Words); }
 
-/// A piece stays whole, and no blank is stretched.
+/// A piece stays whole.
 std::string RoffBlock(const Synopsis& synopsis) {
-  std::string text = ".ad l\n\\fB" + Unbroken(RoffText(synopsis.Program)) + "\\fR";
+  std::string text = "\\fB" + Unbroken(RoffText(synopsis.Program)) + "\\fR";
   for (const Text& piece : synopsis.Pieces) text += "\n" + AtLineStart(Unbroken(RoffSpans(piece)));
-  return text + "\n.ad b\n";
+  return text + "\n";
 }
 
 std::string RoffBlock(const Definitions& definitions) {
@@ -84,8 +84,8 @@ std::string RoffText(std::string_view words) {
 
 std::string Roff(const Page& page) {
   std::string text = ".TH " + UpperCase(page.Name) + " 1 \"\" \"Morvane " +
-                     std::string(shell::kVersion) + "\" \"Morvane\"\n.nh\n.SH NAME\n" + page.Name +
-                     " \\- " + RoffText(page.Summary) + "\n";
+                     std::string(shell::kVersion) + "\" \"Morvane\"\n.nh\n.ad l\n.SH NAME\n" +
+                     page.Name + " \\- " + RoffText(page.Summary) + "\n";
   for (const Section& section : page.Sections) {
     text += ".SH " + section.Heading + "\n";
     for (const Block& block : section.Blocks) {

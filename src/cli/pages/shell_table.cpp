@@ -36,7 +36,7 @@ std::string Printing(const Entry& entry, const Quoting& quoting, const std::stri
 }
 
 std::string CaseFunction(const Lookup& lookup) {
-  std::string text = "_PROGRAM_" + lookup.Name + "() {\n  case $1 in\n";
+  std::string text = "_PROGRAM__" + lookup.Name + "() {\n  case $1 in\n";
   for (const Entry& entry : lookup.Entries) {
     text += "    " + Quoted(entry.Key, kPosix) + ")\n" + Printing(entry, kPosix, "      ") +
             "      ;;\n";
@@ -45,7 +45,7 @@ std::string CaseFunction(const Lookup& lookup) {
 }
 
 std::string SwitchFunction(const Lookup& lookup) {
-  std::string text = "function _PROGRAM_" + lookup.Name + "\n  switch $argv[1]\n";
+  std::string text = "function _PROGRAM__" + lookup.Name + "\n  switch $argv[1]\n";
   for (const Entry& entry : lookup.Entries) {
     text += "    case " + Quoted(entry.Key, kFish) + "\n" + Printing(entry, kFish, "      ");
   }

@@ -8,7 +8,7 @@
 
 namespace morvane::pages {
 
-/// The tables as functions `_PROGRAM_<name>` that print the lines of a key and fail without an
+/// The tables as functions `_PROGRAM__<name>` that print the lines of a key and fail without an
 /// entry, as bash and zsh have them.
 [[nodiscard]] std::string CaseFunctions(std::span<const Lookup> tables);
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr const char* kEngine = R"SCRIPT(
 # The candidates in the lines, with what they mean; those that go on have no blank behind them.
-_PROGRAM_offer() {
+_PROGRAM__offer() {
   local line tab=$'\t' name
   local -a whole going
   for line in "${(@f)1}"; do
@@ -22,7 +22,7 @@ _PROGRAM_offer() {
 }
 
 # The files with one of these extensions, or all.
-_PROGRAM_files() {
+_PROGRAM__files() {
   if (($#)); then
     _files -g "*.(#i)(${(j:|:)@})(-.)"
   else
@@ -30,46 +30,46 @@ _PROGRAM_files() {
   fi
 }
 
-_PROGRAM_machines() {
+_PROGRAM__machines() {
   if compset -P '(serial|replay):'; then
     _files
   elif compset -P 'simulated,(*,|)(pack|store)='; then
     _files
   elif compset -P 'simulated,(*,|)'; then
-    _PROGRAM_offer "$(_PROGRAM_machine keys)" key
+    _PROGRAM__offer "$(_PROGRAM__machine keys)" key
   else
-    _PROGRAM_offer "$(_PROGRAM_machine forms)" machine
+    _PROGRAM__offer "$(_PROGRAM__machine forms)" machine
   fi
 }
 
 # What may stand there: a kind and its words.
-_PROGRAM_kind() {
+_PROGRAM__kind() {
   local kind=$1
   shift
   case $kind in
     word) compadd -- "$@" ;;
-    file) _PROGRAM_files "$@" ;;
+    file) _PROGRAM__files "$@" ;;
     folder) _files -/ ;;
-    machine) _PROGRAM_machines ;;
-    command) _PROGRAM_offer "$(_PROGRAM_commands "${plain[used + 1, -1]}")" command ;;
+    machine) _PROGRAM__machines ;;
+    command) _PROGRAM__offer "$(_PROGRAM__commands "${plain[used + 1, -1]}")" command ;;
     *) _message value ;;
   esac
 }
 
 # What option $1 takes.
-_PROGRAM_value() {
-  _PROGRAM_kind "${(@f)$(_PROGRAM_takes "$command $1" || _PROGRAM_takes " $1")}"
+_PROGRAM__value() {
+  _PROGRAM__kind "${(@f)$(_PROGRAM__takes "$command $1" || _PROGRAM__takes " $1")}"
 }
 
 # What stands next among the words that are no options.
-_PROGRAM_operands() {
+_PROGRAM__operands() {
   local next=$((${#plain} - used + 1))
-  _PROGRAM_kind "${(@f)$(_PROGRAM_operand "$command $next" || _PROGRAM_operand "$command +")}"
+  _PROGRAM__kind "${(@f)$(_PROGRAM__operand "$command $next" || _PROGRAM__operand "$command +")}"
 }
 
 # The words before the last: those that are no options, the command among them, and an option whose
 # value comes next.
-_PROGRAM_read() {
+_PROGRAM__read() {
   local word
   for word in "${(@Q)words[2, CURRENT - 1]}"; do
     if [[ -n $option ]]; then
@@ -77,14 +77,14 @@ _PROGRAM_read() {
     elif [[ -z $ended && $word == -- ]]; then
       ended=1
     elif [[ -z $ended && $word == -* ]]; then
-      _PROGRAM_takes " $word" >/dev/null && option=$word
+      _PROGRAM__takes " $word" >/dev/null && option=$word
     else
       plain+=("$word")
     fi
   done
   for used in 2 1; do
     command="${plain[1, used]}"
-    (($#plain >= used)) && _PROGRAM_options "$command" >/dev/null && return
+    (($#plain >= used)) && _PROGRAM__options "$command" >/dev/null && return
   done
   command=
   used=0
@@ -94,19 +94,19 @@ _PROGRAM() {
   local command= option= ended=
   local -i used=0
   local -a plain
-  _PROGRAM_read
+  _PROGRAM__read
   if [[ -n $option ]]; then
-    _PROGRAM_value "$option"
+    _PROGRAM__value "$option"
   elif [[ -z $ended && $PREFIX == --*=* ]]; then
     option=${PREFIX%%=*}
     compset -P '--[^=]##='
-    _PROGRAM_value "$option"
+    _PROGRAM__value "$option"
   elif [[ -z $ended && $PREFIX == -* ]]; then
-    _PROGRAM_offer "$([[ -n $command ]] && _PROGRAM_options "$command"; _PROGRAM_options '')" -o option
-  elif [[ -z $command ]] && _PROGRAM_commands '' >/dev/null; then
-    _PROGRAM_offer "$(_PROGRAM_commands "$plain")" command
+    _PROGRAM__offer "$([[ -n $command ]] && _PROGRAM__options "$command"; _PROGRAM__options '')" -o option
+  elif [[ -z $command ]] && _PROGRAM__commands '' >/dev/null; then
+    _PROGRAM__offer "$(_PROGRAM__commands "$plain")" command
   else
-    _PROGRAM_operands
+    _PROGRAM__operands
   fi
 }
 
