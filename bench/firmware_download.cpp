@@ -75,7 +75,8 @@ int Run(const Options& options) {
   const std::string file = LargestFile(folder);
   e2e::Process machine(
       {"--machine", "simulated,speed=0", "--pace", "wire"},
-      {.Folder = folder.Path(), .Program = options.Text("machine").value_or(MORVANE_MACHINE)});
+      {.Folder = folder.Path(),
+       .Program = options.Text("machine").value_or(e2e::ProgramNamed("morvane-machine"))});
   const std::string path = DeviceOf(machine);
   std::string bytes;
   if (path.empty() || ReadFile(file, bytes)) return 1;

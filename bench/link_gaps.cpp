@@ -86,7 +86,8 @@ int Run(const Options& options) {
   const test::TempFolder folder;
   e2e::Process machine(
       {"--machine", "simulated,speed=" + speed, "--pace", "wire"},
-      {.Folder = folder.Path(), .Program = options.Text("machine").value_or(MORVANE_MACHINE)});
+      {.Folder = folder.Path(),
+       .Program = options.Text("machine").value_or(e2e::ProgramNamed("morvane-machine"))});
   const std::string path = DeviceOf(machine);
   if (path.empty()) return 1;
   std::printf("%d boards, the cards falling %s times as fast as in a real machine\n", boards,

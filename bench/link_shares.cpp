@@ -167,7 +167,8 @@ int Run(const Options& options) {
     return Traced(Simulated(text, time), folder / "trace", time);
   });
   shown.Deal("replay of that trace", [&](Clock& time) { return Replayed(folder / "trace", time); });
-  DealOverSerial(shown, options.Text("machine").value_or(MORVANE_MACHINE), text);
+  DealOverSerial(shown, options.Text("machine").value_or(e2e::ProgramNamed("morvane-machine")),
+                 text);
   DealOverLibrary(shown, text);
   DealOverChip(shown, text);
   const double more = 100 * (traced.Processor - plain.Processor) / plain.Run();

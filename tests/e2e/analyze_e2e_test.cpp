@@ -28,7 +28,7 @@ class AnalyzeEndToEnd : public EndToEnd {
   Surroundings WithSolver(const std::string& script) {
     const std::string own = folder / "own";
     std::filesystem::create_directories(own);
-    std::filesystem::copy_file(MORVANE_CLI, own + "/morvane-cli",
+    std::filesystem::copy_file(ProgramNamed("morvane-cli"), own + "/morvane-cli",
                                std::filesystem::copy_options::overwrite_existing);
     if (!script.empty()) {
       test::WriteContent(own + "/DDS_1", "#!/bin/sh\n" + script + "\n");
@@ -41,7 +41,7 @@ class AnalyzeEndToEnd : public EndToEnd {
   }
   Outcome RunSolver(const std::vector<std::string>& tokens, const std::string& store) {
     return Process(tokens, {.Folder = folder.Path(),
-                            .Program = MORVANE_SOLVER,
+                            .Program = ProgramNamed("DDS_1"),
                             .Variables = {"MORVANE_SETTINGS=" + store}})
         .Finish();
   }
@@ -117,7 +117,7 @@ TEST_F(AnalyzeEndToEnd, AStoreThatIsNoTextIsNoCrash) {
 }
 
 TEST_F(AnalyzeEndToEnd, ThroughALinkTheSolverBesideTheProgramIsFound) {
-  std::filesystem::create_symlink(MORVANE_CLI, folder / "link");
+  std::filesystem::create_symlink(ProgramNamed("morvane-cli"), folder / "link");
   const Outcome outcome =
       Process(Analyze(), {.Folder = folder.Path(), .Program = folder / "link"}).Finish();
   EXPECT_EQ(outcome.Status, 0) << outcome.Err;
@@ -126,7 +126,8 @@ TEST_F(AnalyzeEndToEnd, ThroughALinkTheSolverBesideTheProgramIsFound) {
 
 TEST_F(AnalyzeEndToEnd, DeepFinesseIsStartedWhereItsProgramIs) {
   const Surroundings around = WithSolver("");
-  test::WriteContent(folder / "own/df1", "#!/bin/sh\nexec '" MORVANE_SOLVER "' \"$@\"\n");
+  test::WriteContent(folder / "own/df1",
+                     "#!/bin/sh\nexec '" + ProgramNamed("DDS_1") + "' \"$@\"\n");
   chmod((folder / "own/df1").c_str(), 0755);
   const Outcome outcome =
       Process(Whole({"--yes", "analyze", "evening.pbn", "analysed.pbn", "--solver", "df"}), around)
@@ -166,7 +167,7 @@ TEST_F(AnalyzeEndToEnd, AnotherProgramMayWriteTheStoreMeanwhile) {
 TEST_F(AnalyzeEndToEnd, AnInterruptBreaksTheSolver) {
   const Surroundings around =
       WithSolver("while ! grep -q 'Break = 98' \"$MORVANE_SETTINGS\"; do sleep 0.01; done\nexec '" +
-                 std::string(MORVANE_SOLVER) + "' \"$@\"");
+                 ProgramNamed("DDS_1") + "' \"$@\"");
   Process process(Analyze(), around);
   ASSERT_TRUE(process.Until([&] {
     return std::filesystem::exists(settings) && Store().find("Done = 00") != std::string::npos;

@@ -219,8 +219,8 @@ TEST_F(FilesEndToEnd, HelpEndsWith0) {
 }
 
 TEST_F(FilesEndToEnd, TheVersionOfEitherProgramEndsWith0) {
-  for (const auto& [program, text] :
-       {std::pair{MORVANE_CLI, "morvane-cli 1.0\n"}, std::pair{MORVANE_DESKTOP, "morvane 1.0\n"}}) {
+  for (const auto& [program, text] : {std::pair{ProgramNamed("morvane-cli"), "morvane-cli 1.0\n"},
+                                      std::pair{ProgramNamed("morvane"), "morvane 1.0\n"}}) {
     Surroundings around = Around();
     around.Program = program;
     const Outcome outcome = Process({"--version"}, around).Finish();

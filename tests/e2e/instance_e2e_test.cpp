@@ -21,7 +21,7 @@ class InstanceEndToEnd : public EndToEnd {
 
   std::unique_ptr<Process> Start(const std::vector<std::string>& arguments,
                                  const std::string& workingFolder) {
-    Surroundings around{.Folder = workingFolder, .Program = MORVANE_DESKTOP};
+    Surroundings around{.Folder = workingFolder, .Program = ProgramNamed("morvane")};
     around.Variables = {"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + sockets};
     return std::make_unique<Process>(arguments, around);
   }

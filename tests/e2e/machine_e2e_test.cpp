@@ -87,18 +87,19 @@ TEST_F(MachineEndToEnd, TheLastWordNeedsNoLineEnd) {
 }
 
 TEST_F(MachineEndToEnd, WithoutStandardFilesTheLineIsNoneOfThem) {
-  Process shell({"-c", MORVANE_MACHINE " --link machine <&- >&- 2>&- &\n"
-                                       "while [ ! -e machine ]; do sleep 0.05; done\n"
-                                       "for file in 0 1 2; do readlink /proc/$!/fd/$file; done\n"
-                                       "kill $!; wait $!; echo ended $?"},
+  Process shell({"-c", ProgramNamed("morvane-machine") +
+                           " --link machine <&- >&- 2>&- &\n"
+                           "while [ ! -e machine ]; do sleep 0.05; done\n"
+                           "for file in 0 1 2; do readlink /proc/$!/fd/$file; done\n"
+                           "kill $!; wait $!; echo ended $?"},
                 {.Folder = folder.Path(), .Program = "/bin/sh"});
   EXPECT_EQ(shell.Finish().Out, "/dev/null\n/dev/null\n/dev/null\nended 0\n");
 }
 
 TEST_F(MachineEndToEnd, WhoReadsTheFirstLineOnlyDoesNotEndIt) {
   test::WriteContent(folder / "words", "state\nstate\nquit\n");
-  Process machine({"-c", "{ sleep 1; cat words; } | { " MORVANE_MACHINE
-                         " --link machine; echo ended $? >&2; } | head -n 1"},
+  Process machine({"-c", "{ sleep 1; cat words; } | { " + ProgramNamed("morvane-machine") +
+                             " --link machine; echo ended $? >&2; } | head -n 1"},
                   {.Folder = folder.Path(), .Program = "/bin/sh"});
   const Outcome outcome = machine.Finish();
   EXPECT_EQ(outcome.Err, "ended 0\n");
@@ -106,7 +107,7 @@ TEST_F(MachineEndToEnd, WhoReadsTheFirstLineOnlyDoesNotEndIt) {
 }
 
 TEST_F(MachineEndToEnd, ANameThatCannotBeToldIsAFailure) {
-  Process machine({"-c", "exec " MORVANE_MACHINE " --link machine > /dev/full"},
+  Process machine({"-c", "exec " + ProgramNamed("morvane-machine") + " --link machine > /dev/full"},
                   {.Folder = folder.Path(), .Program = "/bin/sh"});
   const Outcome outcome = machine.Finish();
   EXPECT_EQ(outcome.Status, 1);

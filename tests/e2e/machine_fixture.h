@@ -19,7 +19,9 @@ class MachineEndToEnd : public EndToEnd {
     const bool toldFirst = words.size() > 2 && words[2] == "--pace";
     if (!toldFirst) words.insert(words.begin(), {"--pace", "fast"});
     return std::make_unique<Process>(
-        words, Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
+        words,
+        Surroundings{
+            .Folder = folder.Path(), .Input = input, .Program = ProgramNamed("morvane-machine")});
   }
   /// The texts of `--machine` that the first `count` lines say.
   static std::vector<std::string> NamedOf(Process& machine, std::size_t count) {

@@ -145,9 +145,10 @@ TEST_F(MaintainEndToEnd, AMachineThatGoesInTheMiddleIsTold) {
 TEST_F(MaintainEndToEnd, WatchWhoseReaderHasGoneEnds) {
   const bridges::ScriptedPeer keys;
   const std::string named = Start("", keys.Path());
-  Process shell({"-c", MORVANE_CLI " --data data --settings settings.ini --machine " + named +
-                           " maintain watch | head -n 3"},
-                {.Folder = folder.Path(), .Program = "/bin/sh"});
+  Process shell(
+      {"-c", ProgramNamed("morvane-cli") + " --data data --settings settings.ini --machine " +
+                 named + " maintain watch | head -n 3"},
+      {.Folder = folder.Path(), .Program = "/bin/sh"});
   ASSERT_TRUE(shell.Until([&] { return shell.Out().find("Photo3: ") != std::string::npos; }));
   // The next line that it writes has nowhere to go.
   shell.Until([&] {

@@ -17,7 +17,8 @@ class MaintainEndToEnd : public EndToEnd {
     machine = std::make_unique<Process>(
         std::vector<std::string>{"--pace", "wire", "--machine",
                                  "simulated,speed=0,store=" + (folder / "store") + more},
-        Surroundings{.Folder = folder.Path(), .Input = input, .Program = MORVANE_MACHINE});
+        Surroundings{
+            .Folder = folder.Path(), .Input = input, .Program = ProgramNamed("morvane-machine")});
     EXPECT_TRUE(machine->Until([&] { return machine->Out().ends_with('\n'); })) << machine->Err();
     return machine->Out().substr(0, machine->Out().find('\n'));
   }

@@ -11,7 +11,7 @@ class NoDisplayEndToEnd : public EndToEnd {
  protected:
   Outcome StartWith(const std::vector<std::string>& variables,
                     const std::vector<std::string>& words = {}) {
-    Surroundings around{.Folder = folder.Path(), .Program = MORVANE_DESKTOP};
+    Surroundings around{.Folder = folder.Path(), .Program = ProgramNamed("morvane")};
     around.Variables = variables;
     return Process(Whole(words), around).Finish();
   }

@@ -10,6 +10,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 
 namespace morvane::e2e {
 namespace {
@@ -54,6 +55,11 @@ void Drain(const pollfd& ready, int& end, std::string& text) {
 }
 
 }  // namespace
+
+std::string ProgramNamed(const std::string& name) {
+  const char* others = std::getenv("MORVANE_PROGRAMS");
+  return std::string(others != nullptr ? others : MORVANE_BUILT_PROGRAMS) + "/" + name;
+}
 
 Process::Process(const std::vector<std::string>& arguments, const Surroundings& around) {
   std::vector<std::string> words{around.Program};

@@ -8,6 +8,10 @@
 
 namespace morvane::e2e {
 
+/// A program of ours, as "morvane-cli": of this build, or in the folder that the variable
+/// MORVANE_PROGRAMS names.
+std::string ProgramNamed(const std::string& name);
+
 /// How a program ended and what it wrote.
 struct Outcome {
   int Status = -1;  ///< exit status; below 0 the signal that ended it
@@ -19,7 +23,7 @@ struct Outcome {
 struct Surroundings {
   std::string Folder;               ///< its working directory and the user's home
   std::string Input = "/dev/null";  ///< its standard input
-  std::string Program = MORVANE_CLI;
+  std::string Program = ProgramNamed("morvane-cli");
   std::vector<std::string> Variables = {};  ///< "NAME=value", over the test's own environment
 };
 

@@ -88,7 +88,7 @@ TEST_F(ReadEndToEnd, AnInterruptBreaksTheBoardAndKeepsThoseBefore) {
 }
 
 TEST_F(ReadEndToEnd, WhoStopsListeningStopsTheReadAndWhatWasReadIsKept) {
-  std::string command = MORVANE_CLI;
+  std::string command = ProgramNamed("morvane-cli");
   for (const std::string& word : Read("speed=8", {})) command += " '" + word + "'";
   Process process({"-c", command + " | head -n 2"},
                   {.Folder = folder.Path(), .Program = "/bin/sh"});

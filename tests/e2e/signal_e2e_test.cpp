@@ -19,7 +19,7 @@ class SignalEndToEnd : public EndToEnd {
  protected:
   [[nodiscard]] Surroundings Desktop() const {
     return {.Folder = folder.Path(),
-            .Program = MORVANE_DESKTOP,
+            .Program = ProgramNamed("morvane"),
             .Variables = {"QT_QPA_PLATFORM=offscreen"}};
   }
   [[nodiscard]] std::vector<std::string> DealOnSimulated() const {
