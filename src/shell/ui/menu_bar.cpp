@@ -50,7 +50,8 @@ void MenuBar::AddSetupMenu(Shell& shell) {
 }
 
 void MenuBar::AddHelpMenu(Help& help) {
-  QMenu& menu = AddMenu("menuHelp", "&Help");
+  // Alt+H hides the statistics.
+  QMenu& menu = AddMenu("menuHelp", "He&lp");
   AddEntry(menu, "menuContents", "&Contents", QKeySequence::HelpContents,
            [&help] { help.OpenContents(); });
   AddEntry(menu, "menuErrorCodes", "&Error Codes", {}, [&help] { help.OpenErrorCodes(); });

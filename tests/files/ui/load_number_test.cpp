@@ -8,6 +8,7 @@
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
 #include "simulator/simulated_machine.h"
+#include "support/fake_desktop.h"
 #include "support/qt_desk.h"
 
 namespace morvane::files {
@@ -25,7 +26,9 @@ class LoadNumberWindowTest : public ::testing::Test {
   LoneInstance alone;
   test::FakeProcesses processes;
   shell::Shell shell{desk.Prog, simulated, processes, windows, alone};
-  shell::MainMenu menu{desk.Prog, shell};
+  test::FakeDesktop around;
+  shell::Help help{desk.Prog, shell.TheMachine(), around, {}};
+  shell::MainMenu menu{desk.Prog, shell, help};
 
   void SetUp() override {
     windows.SetMainMenu(menu);

@@ -113,7 +113,7 @@ TEST_F(HelpMenu, WithoutAGuideOneBoxComesUpAndHoldsUpNobody) {
   Start();
   test::FillSet(desk.Prog.Set, 1, 1);
   desk.When("DealinProg", [this](QWidget& window) {
-    desk.When("MessageBox", [this](QWidget& box) {
+    desk.When("MessageBox", [](QWidget& box) {
       test::Press(box, Qt::Key_F1);  // no second one
       box.close();
     });

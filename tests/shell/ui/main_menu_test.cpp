@@ -30,7 +30,7 @@ TEST_F(Menu, StandsInItsOrderWithNamesAndCaptions) {
             "cmdMaintenance_direct \"&Maintenance\" [cmdMaintenance \"&Maintenance\", "
             "Read_Service_File \"&Read Service File\"], "
             "menuPoker \"Po&ker\", cmdSetup \"&Setup\" [cmdPref \"&Preferences\"], "
-            "menuHelp \"&Help\" [menuContents \"&Contents\", "
+            "menuHelp \"He&lp\" [menuContents \"&Contents\", "
             "menuErrorCodes \"&Error Codes\", menuDiagnosis \"Copy &Diagnosis\", divAbout, "
             "menuAbout \"&About Morvane\"]");
 }
