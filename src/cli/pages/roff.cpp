@@ -33,7 +33,7 @@ std::string AtLineStart(const std::string& line) {
 }
 
 std::string RoffSpan(const Span& span) {
-  const std::string words = RoffText(span.Words);
+  std::string words = RoffText(span.Words);
   if (span.Is == Span::Kind::kPlain) return words;
   return (span.Is == Span::Kind::kTyped ? "\\fB" : "\\fI") + words + "\\fR";
 }
