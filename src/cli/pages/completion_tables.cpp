@@ -24,6 +24,7 @@ std::string Line(const std::string& candidate, const std::string& means) {
 
 std::vector<std::string> LinesOf(const std::vector<TakenOption>& options) {
   std::vector<std::string> lines;
+  lines.reserve(options.size());
   for (const TakenOption& option : options) lines.push_back(Line("--" + option.Name, option.Means));
   return lines;
 }
