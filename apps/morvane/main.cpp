@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QTimer>
 #include <iostream>
 #include <memory>
@@ -13,6 +12,7 @@
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
+#include "guarded_application.h"
 #include "library_versions.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_desktop.h"
@@ -34,6 +34,7 @@ namespace {
 constexpr int kAlreadyRunning = 1;
 constexpr int kWrongUsage = 2;
 constexpr int kNotWholly = 3;
+constexpr int kFailed = 4;
 constexpr int kTraceLookMs = 500;
 constexpr int kPlacedMs = 300;  // the desktop has placed the main window by then
 
@@ -83,8 +84,22 @@ int TellTrouble(morvane::bridges::MachineChoice& machine) {
   return machine.LinkTrouble().empty() ? 0 : kNotWholly;
 }
 
+/// What is told of the program's own fault when everything has ended.
+struct Fault {
+  std::string What;
+  bool Kept = false;  ///< the next start offers the set
+
+  void Tell(morvane::QtUi& ui, const morvane::BoardSet& set) const {
+    std::string text =
+        "      An error in the program has ended it.      \r\n      Error: " + What + "      ";
+    if (Kept) text += "\r\n\r\n      The next start offers the unsaved Board Set.      ";
+    if (!Kept && !set.IsSaved()) text += "\r\n\r\n      The unsaved Board Set is lost.      ";
+    ui.LastBox(text, morvane::kOkCritical, "Morvane");
+  }
+};
+
 /// The program from its windows to its end; its exit status.
-int Run(const QApplication& application, morvane::SystemParts& parts,
+int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
         morvane::bridges::MachineChoice& machine, const morvane::Arguments& arguments) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
@@ -112,10 +127,13 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
     parts.Loop.Quit();  // nothing is asked any more
     shell.End();
   });
+  std::optional<Fault> fault;
+  application.OnFault = [&](const std::string& what) { fault = {what, shell.Fail(what)}; };
   shell.KeepUnsavedSet();
   shell.KeepRecentFiles();
   using morvane::shell::StartOutcome;
-  const StartOutcome outcome = shell.StartUp(arguments.CommandLine);
+  StartOutcome outcome = StartOutcome::kGoesOn;
+  application.Guard([&] { outcome = shell.StartUp(arguments.CommandLine); });
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
@@ -125,7 +143,9 @@ int Run(const QApplication& application, morvane::SystemParts& parts,
   const auto watch = WatchTrace(program, shell, machine.Traced);
   parts.Loop.RunUntil([] { return false; });
   shell.End();
-  return TellTrouble(machine);
+  if (fault) fault->Tell(ui, program.Set);
+  const int trouble = TellTrouble(machine);
+  return fault ? kFailed : trouble;
 }
 
 }  // namespace
@@ -147,7 +167,7 @@ int main(int argc, char** argv) {
     return kWrongUsage;
   }
   auto guard = std::make_optional<morvane::DisplayGuard>();
-  const QApplication application(argc, argv);
+  morvane::GuardedApplication application(argc, argv);
   guard.reset();
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");
@@ -160,5 +180,7 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;
   }
-  return Run(application, parts, machine, arguments);
+  const int status = Run(application, parts, machine, arguments);
+  application.OnFault = nullptr;
+  return status;
 }

@@ -222,10 +222,18 @@ void Shell::End() {
   WriteExit();
 }
 
+bool Shell::Fail(const std::string& what) {
+  program_.Loop.Quit();
+  Keep();
+  program_.Log.WriteLine(" Unexpected error: " + what);
+  return unsaved_ && unsaved_->IsKept();
+}
+
 void Shell::WriteExit() {
   if (analysis_) analysis_->Run.BreakOff();
   analysis_.reset();
   keeper_.reset();
+  if (unsaved_) unsaved_->End();
   unsaved_.reset();
   Timer2mm_.reset();
   program_.Log.WriteTime(" Exit: ");

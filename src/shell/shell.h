@@ -51,6 +51,10 @@ class Shell {
   /// Ends a program whose loop has been told to quit: nothing is asked, an unsaved set stays as its
   /// copy. Does nothing behind an `Exit`.
   void End();
+  /// The program's own code has failed, with `what`: the copy of the set is brought up to date, the
+  /// log says it, and the loop quits, since nothing is certain any more. `End` comes behind.
+  /// Whether the next start will offer a set.
+  bool Fail(const std::string& what);
 
   void MenuNew();
   void MenuLoad();

@@ -13,6 +13,8 @@ namespace {
 
 constexpr const char* kCaption = "Unsaved Board Set";
 constexpr const char* kUnreadable = "The copy of an unsaved Board Set cannot be read.";
+constexpr const char* kNothingLost =
+    "The program ended unexpectedly last time. No unsaved Board Set was found.";
 constexpr std::uintmax_t kLargestCopy = 1U << 24U;  // 640 boards take 120 kB
 
 bool Exists(const std::string& path) {
@@ -27,15 +29,19 @@ bool RemoveFile(const std::string& path) {
   return !failure;
 }
 
+std::string MarkOf(const std::string& path) { return path + ".running"; }
+
 std::string InBox(const std::string& line) { return "      " + line + "      \r\n"; }
 
 std::string LineOf(const char* name, const std::string& value) {
   return value.empty() ? "" : InBox(name + value);
 }
 
-std::string OfferText(const files::UnsavedSet& found) {
+std::string OfferText(const files::UnsavedSet& found, bool unexpected) {
   const BoardSet& set = found.Set;
-  return InBox("The program ended before this Board Set was saved:") + "\r\n" +
+  const char* how = unexpected ? "unexpectedly " : "";
+  return InBox(std::string("The program ended ") + how + "before this Board Set was saved:") +
+         "\r\n" +
          InBox("Boards: " + std::to_string(set.FirstBoard) + " to " +
                std::to_string(set.LastBoard)) +
          LineOf("Last change: ", found.When) + LineOf("Event Name: ", set.EventName) +
@@ -57,15 +63,23 @@ std::string UnsavedCopy::PathOf(int place) const {
 }
 
 void UnsavedCopy::Open() {
+  FindPlace();
+  if (!lock_) return;
+  // Without a mark the next start says nothing; no more is lost.
+  static_cast<void>(
+      WriteLockedFile(MarkOf(path_), DateTimeText(program_.Time.Now()), NewFile::kPrivate));
+}
+
+void UnsavedCopy::FindPlace() {
   for (int place = 1; place <= kPlaces; ++place) {
     const std::string path = PathOf(place);
-    if (lock_ && !Exists(path)) continue;
+    if (lock_ && !Exists(path) && !Exists(MarkOf(path))) continue;
     auto lock = FileLock::Try(path + ".lock");
     if (!lock) {
       if (!lock_) failure_ = RuntimeError::Last();
       continue;
     }
-    const Outcome outcome = Exists(path) ? Offer(path) : Outcome::kGone;
+    const Outcome outcome = Look(path);
     if (outcome == Outcome::kLeft || (lock_ && outcome == Outcome::kGone)) continue;
     lock_ = std::move(lock);
     path_ = path;
@@ -75,7 +89,23 @@ void UnsavedCopy::Open() {
   }
 }
 
-UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path) {
+UnsavedCopy::Outcome UnsavedCopy::Look(const std::string& path) {
+  const bool unexpected = TakeMark(path);
+  if (Exists(path)) return Offer(path, unexpected);
+  if (unexpected) program_.Status(kNothingLost);
+  return Outcome::kGone;
+}
+
+bool UnsavedCopy::TakeMark(const std::string& path) {
+  std::string begun;
+  constexpr std::uintmax_t kLongest = 100;
+  if (ReadFile(MarkOf(path), begun, kLongest)) return false;
+  RemoveFile(MarkOf(path));
+  program_.Log.WriteLine(" Unexpected end of the program that began " + begun);
+  return true;
+}
+
+UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path, bool unexpected) {
   std::string text;
   if (const auto error = ReadFile(path, text, kLargestCopy)) {
     program_.ShowMessage(
@@ -87,7 +117,7 @@ UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path) {
   auto found = files::ReadUnsavedText(text);
   if (!found) return TellDamaged(path);
   const std::string heading = " Unsaved Board Set of " + found->When + ": ";
-  switch (program_.Ask(OfferText(*found), kYesNoCancelExclamation, kCaption)) {
+  switch (program_.Ask(OfferText(*found, unexpected), kYesNoCancelExclamation, kCaption)) {
     case kYes:
       TakeSet(program_, std::move(found->Set), heading + "loaded");
       kept_ = files::UnsavedText(program_.Set, "");
@@ -125,6 +155,10 @@ void UnsavedCopy::Keep() {
 
 void UnsavedCopy::Remove() {
   if (!kept_.empty() && RemoveFile(path_)) kept_.clear();
+}
+
+void UnsavedCopy::End() {
+  if (lock_) RemoveFile(MarkOf(path_));
 }
 
 bool UnsavedCopy::FailureToTell() const {

@@ -12,7 +12,8 @@ namespace morvane::shell {
 /// The copy of a set with unsaved changes in the data folder, by which the set survives however the
 /// program ends. Programs that share the folder have a file each, `Unsaved_<place>.txt`, private to
 /// the user; who holds the lock beside it is at work on it, so that a copy whose lock is free is
-/// one that its program left behind.
+/// one that its program left behind. A mark beside it says that its program runs; where it stands
+/// and the lock is free, that program ended without its end, be it a crash or the power.
 class UnsavedCopy {
  public:
   /// More programs than share a folder.
@@ -21,20 +22,28 @@ class UnsavedCopy {
   explicit UnsavedCopy(Program& program) : program_(program) {}
 
   /// Says what other programs left behind and offers it, until one is taken; finds a place of this
-  /// program's own. Once, before the other calls.
+  /// program's own, and marks it. Once, before the other calls.
   void Open();
   /// Makes the copy what the set is: written, or removed where nothing is unsaved. While there is
   /// no set, as when one is being made, the last copy stays.
   void Keep();
+  /// Whether there is a copy of the last changes.
+  [[nodiscard]] bool IsKept() const { return !kept_.empty() && !failure_; }
   /// The set was saved or given up.
   void Remove();
+  /// The program ends as programs do.
+  void End();
   /// Whether there is no copy of the changes, which the operator has not been told yet.
   [[nodiscard]] bool FailureToTell() const;
   void TellFailure();
 
  private:
   enum class Outcome { kTaken, kGone, kLeft };
-  [[nodiscard]] Outcome Offer(const std::string& path);
+  void FindPlace();
+  /// Whether its program ended unexpectedly; then that is in the log.
+  bool TakeMark(const std::string& path);
+  [[nodiscard]] Outcome Look(const std::string& path);
+  [[nodiscard]] Outcome Offer(const std::string& path, bool unexpected);
   [[nodiscard]] Outcome TellDamaged(const std::string& path);
   [[nodiscard]] std::string PathOf(int place) const;
 

@@ -124,6 +124,17 @@ int QtUi::MessageBox(const std::string& text, int flags, const std::string& titl
   return AnswerOf(box.isVisible() ? CautiousAnswer(ButtonsOf(flags)) : box.result());
 }
 
+void QtUi::LastBox(const std::string& text, int flags, const std::string& title) {
+  QMessageBox box(Owner());
+  Prepare(box, text, flags, title);
+  box.setWindowModality(Qt::ApplicationModal);
+  box.show();
+  FitToScreen(box);
+  while (box.isVisible()) {
+    QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+}
+
 void QtUi::BoxBeside(const std::string& text, int flags, const std::string& title) {
   // Of no other window: a modal one over that would block it.
   auto* box = new QMessageBox;

@@ -33,6 +33,9 @@ class QtUi final : public Ui {
   void SetMainWindow(MainWindow window) { main_ = std::move(window); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
+  /// The last box of all, when the program has quit: nothing else goes on, and it stands until it
+  /// is closed.
+  void LastBox(const std::string& text, int flags, const std::string& title);
   void BoxBeside(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string& text) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
