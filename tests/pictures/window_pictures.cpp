@@ -6,6 +6,7 @@
 #include <set>
 
 #include "machine/ui/error_disp.h"
+#include "platform/qt/program_icon.h"
 #include "shell/ui/every_window.h"
 
 // No test: window_pictures FOLDER writes a picture of every window into the folder, at the scale
@@ -125,6 +126,7 @@ TEST_F(WindowPictures, AreWritten) {
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
+  QApplication::setWindowIcon(morvane::ProgramIcon());
   if (argc != 2 || !QDir().mkpath(argv[1])) {
     std::fprintf(stderr, "Usage: window_pictures FOLDER\n");
     return 2;
