@@ -16,6 +16,8 @@ STOPS = ('<h1>Stops</h1><h2 id="jam">Jams</h2><a href="index.html">back</a> <str
          '<table><tr><td>1 to 2</td><td>Card Jam Error</td></tr><tr><td>3 to 240</td><td>Undefine Error</td></tr>'
          '<tr><td>64</td><td>No number</td></tr><tr><td>65</td><td>Another one</td></tr></table>'
          'A <em>Window</em>, and Check History File. <code>morvane-cli --yes poker deal</code>')
+REFERENCE = ('<h2>poker deal</h2><pre><code>morvane-cli poker deal IN [--auto]</code></pre>'
+             '<h2>Options of every command</h2><code>--settings FILE</code> <code>--yes</code>')
 SETTINGS = '<h1>S</h1><a href="index.html">back</a> <code>New_Inner</code> <strong>Dealing</strong>'
 
 
@@ -27,9 +29,11 @@ class Guide(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name)
         self.write('guide/pictures/P.png', PNG)
-        self.write('guide/index.html', INDEX + '<a href="settings.html">S</a>')
+        self.write('guide/index.html', INDEX + '<a href="settings.html">S</a><a href="command-reference.html">R</a>')
         self.write('guide/stops.html', STOPS)
         self.write('guide/settings.html', SETTINGS)
+        self.write('guide/command-reference.html', REFERENCE + '<a href="index.html">back</a>')
+        self.write('README.md', 'Run\n\n    morvane-cli poker deal a.pkr --auto\n')
         self.write('pages.txt', '# order\nindex\nstops | Part\nsettings\n')
         self.write('src/program/setting_keys.h', 'SettingKey kNewInner{kSetup, "New_Inner", "1"};')
         self.write('src/shell/preferences.h', 'kSwitches{{\n{kKey, "Box", "Check History  File", Frame::kLoad},\n}};')
@@ -86,6 +90,8 @@ class Links(Guide):
         self.assertEqual(self.links(), ['index.html: picture pictures/P.png has no words'])
 
     def test_a_page_that_was_not_made(self):
+        self.write('guide/command-reference.html', REFERENCE + '<a href="index.html">back</a>')
+        self.write('README.md', 'Run\n\n    morvane-cli poker deal a.pkr --auto\n')
         self.write('pages.txt', 'index\nstops\nsettings\npoker\n')
         self.assertEqual(self.links(), ['the page poker is missing'])
 
@@ -147,6 +153,50 @@ class Knowledge(Guide):
     def test_a_command_that_is_told_with_another_first_word(self):
         self.change('src/cli/poker_deal_command.cpp', '"poker deal"', '"deal"')
         self.assertEqual(self.untold(), ['the command deal is not told'])
+
+    def test_an_option_of_another_command(self):
+        self.change('guide/stops.html', '--yes poker deal', '--settings a.ini poker deal --first 1')
+        self.assertEqual(self.untold(), ['stops.html: poker deal has no --first: '
+                                         'morvane-cli --settings a.ini poker deal --first 1'])
+
+    def test_an_option_that_is_told_without_the_program(self):
+        self.change('guide/stops.html', '</code>', '</code> <code>poker deal --first N</code>')
+        self.assertEqual(self.untold(), ['stops.html: poker deal has no --first: poker deal --first N'])
+
+    def test_an_option_of_the_next_program_of_a_line(self):
+        self.change('guide/stops.html', '--yes poker deal', 'poker deal a.pkr | sort --key 2')
+        self.assertEqual(self.untold(), [])
+
+    def test_an_option_of_every_command_that_is_none(self):
+        self.change('README.md', 'poker deal a.pkr --auto', '--data=a --help')
+        self.assertEqual(self.untold(), ['README.md: Options of every command has no --data: morvane-cli --data=a --help'])
+
+    def test_an_option_behind_the_end_of_a_line_that_goes_on(self):
+        self.change('README.md', '--auto', '\\\n        --manual')
+        self.assertEqual([fault.split(':')[1] for fault in self.untold()], [' poker deal has no --manual'])
+
+    def test_an_option_in_a_sentence_of_the_readme(self):
+        self.change('README.md', 'Run', 'Run `morvane-cli poker deal --last 3`')
+        self.assertEqual(self.untold(), ['README.md: poker deal has no --last: morvane-cli poker deal --last 3'])
+
+    def box(self, text):
+        self.source('void F() {\n  Tell("   Card " + number + " is gone.   \\r\\n" "  Look \\"there\\"  ");\n  Tell("Else");\n}\n')
+        self.change('guide/stops.html', '<table>', '<table><tr><th>Box</th><th>What it says</th></tr>'
+                    f'<tr><td>"A"</td><td>{text}</td></tr></table><table><tr><td>"None"</td><td>"says this"</td></tr>')
+        return self.untold()
+
+    def test_words_of_a_box(self):
+        self.assertEqual(self.box('one of "Card ... is gone. Look", "Else", or more ("Card ...")'), [])
+
+    def test_words_with_quotation_marks_within(self):
+        self.assertEqual(self.box('"Look "there""'), [])
+
+    def test_words_that_no_box_says(self):
+        self.assertEqual(self.box('"Card ... is lost"'), ['stops.html: no box says "Card ... is lost"'])
+
+    def test_words_of_two_boxes_that_are_far_apart(self):
+        self.write('src/other.cpp', 'const char* kOther = "Other";')
+        self.assertEqual(self.box('"Other ... Else"'), ['stops.html: no box says "Other ... Else"'])
 
     def test_a_page_of_help_that_is_not_there(self):
         self.write('src/shell/help_pages.h', 'std::string_view kFirst = "first";\n'

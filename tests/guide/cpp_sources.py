@@ -45,6 +45,17 @@ class Sources:
         self.texts = {str(path.relative_to(root)): without_comments(path.read_text(encoding='utf-8'))
                       for path in paths if path.suffix in ('.h', '.cpp')}
 
+    def said(self):
+        """All literals of each file in one text, without the signs that only shape a box."""
+        for text in self.texts.values():
+            parts, end = [], None
+            for found in LITERAL.finditer(text):
+                whole = end is not None and not text[end:found.start()].strip()
+                parts.append(('' if whole else ' ') + found[1])
+                end = found.end()
+            plain = re.sub(r'\\[rnt]', ' ', ''.join(parts))
+            yield ' '.join(re.sub(r'\\(.)', r'\1', plain).split())
+
     def calls(self, name):
         """File, place and arguments of each call of a function; not what declares it."""
         for file, text in self.texts.items():

@@ -15,11 +15,13 @@ class Page(html.parser.HTMLParser):
     def __init__(self, path):
         super().__init__()
         self.name = path.name
-        self.anchors, self.links, self.pictures, self.rows = set(), [], [], []
+        self.anchors, self.links, self.pictures, self.tables = set(), [], [], []
         self.alike = set()  # anchors that are there more than once
         self.marked = set()  # all that stands out as a whole: in bold, in a cell, as code, as a heading
         self.code = []  # line by line
+        self.code_below = {}  # the same by the heading above it
         self.text = ''
+        self._heading = ''
         self._open = []
         self.feed(path.read_text(encoding='utf-8'))
         self.text = plain(self.text)
@@ -32,8 +34,10 @@ class Page(html.parser.HTMLParser):
             self.links.append(given['href'])
         if tag == 'img':
             self._take_picture(given)
+        if tag == 'table':
+            self.tables.append([])
         if tag == 'tr':
-            self.rows.append([])
+            self.tables[-1].append([])
         if tag in MARKED:
             self._open.append([tag, ''])
 
@@ -48,11 +52,15 @@ class Page(html.parser.HTMLParser):
             return
         raw = self._open.pop()[1]
         said = plain(raw)
+        if tag == 'h2':
+            self._heading = said
         if tag == 'code':
-            self.code += [plain(line) for line in raw.splitlines()]
+            lines = [plain(line) for line in raw.replace('\\\n', ' ').splitlines()]
+            self.code += lines
+            self.code_below.setdefault(self._heading, []).extend(lines)
         self.marked.add(said.rstrip(':.'))
-        if tag in ('td', 'th') and self.rows:
-            self.rows[-1].append(said)
+        if tag in ('td', 'th'):
+            self.tables[-1][-1].append(said)
 
     def handle_data(self, data):
         self.text += data
