@@ -142,7 +142,7 @@ void ShareWidth(QWidget& panel, QWidget& window, const QRect& available) {
   if (both - panel.width() < least && below) return;
   const int width = std::min(window.width(), std::max(both - panel.width(), least));
   const QSize rest(std::min(panel.width(), both - width), panel.height());
-  if (5 * rest.width() < 4 * panel.width()) return;  // too little of it would be seen
+  if (4 * rest.width() < 3 * panel.width()) return;  // too little of it would be seen
   window.resize(width, window.height());
   panel.resize(WithBars(rest, panel, {rest.width(), room.height()}).boundedTo(room));
 }

@@ -40,7 +40,7 @@ void FitToScreen(QWidget& window, const QRect& available);
 /// The same on the screen that the window is to stand on.
 void FitToScreen(QWidget& window);
 /// Puts the panel, not shown yet, beside the window. Where that makes room, the window gets as
-/// narrow as its row of menus, and then the panel up to a fifth narrower.
+/// narrow as its row of menus, and then the panel up to a quarter narrower.
 void Dock(QWidget& panel, QWidget& window, const QRect& available);
 /// The same on the screen that the window stands on.
 void Dock(QWidget& panel, QWidget& window);
