@@ -19,7 +19,7 @@ class DesktopFault : public EndToEnd {
 
   [[nodiscard]] Surroundings Desktop(const std::string& variable = "NOTHING=") const {
     return {.Folder = folder.Path(),
-            .Program = MORVANE_DESKTOP,
+            .Program = ProgramNamed("morvane"),
             .Variables = {"QT_QPA_PLATFORM=xcb", name_, variable}};
   }
   Outcome Xdotool(const std::vector<std::string>& words) {
