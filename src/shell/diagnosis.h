@@ -11,8 +11,7 @@ namespace morvane::shell {
 
 struct Library;
 
-/// A text that helps to find a fault and can be handed to anybody: no deal can be told from it, and
-/// the user's home is a "~" in it.
+/// A text that helps to find a fault and can be handed to anybody (`handed_on.h`).
 class Diagnosis {
  public:
   /// As many lines of the log at most.
@@ -31,15 +30,9 @@ class Diagnosis {
 
  private:
   void Add(const std::string& line);
-  [[nodiscard]] std::string WithoutHome(std::string line) const;
 
   const Program& program_;
-  std::string home_;
   std::string text_;
 };
-
-/// What may be handed on of a line of the log; empty: nothing. Only lines of kinds that are known
-/// to tell of no deal are, and of these no more than is known.
-[[nodiscard]] std::string LogLineToHandOn(std::string_view line);
 
 }  // namespace morvane::shell
