@@ -46,6 +46,8 @@ void Guide::Open(std::string_view page) {
     return Tell(Line("The guide is not installed.") + Line("Its page would be: " + path) + "\r\n" +
                 Line("Please install the package morvane-doc."));
   }
+  // The system says that it hands a page on, not that somebody has a browser for it.
+  program_.Status("The guide: " + path);
   if (desktop_.Show(path)) return;
   Tell(Line("No web browser could be started.") + Line("The page is: " + path) + "\r\n" +
        Line("Please open it in a web browser."));

@@ -13,8 +13,8 @@ class Guide {
  public:
   Guide(Program& program, Desktop& desktop) : program_(program), desktop_(desktop) {}
 
-  /// Shows a page, or says in a box why that is not possible and where the page is. It holds up
-  /// nobody, and no flow: a machine may be dealing meanwhile.
+  /// Shows a page and says in the status where it is, or says in a box why that is not possible. It
+  /// holds up nobody, and no flow: a machine may be dealing meanwhile.
   void Open(std::string_view page);
 
   /// The box that `Open` may bring up; no page tells more of it.

@@ -44,6 +44,11 @@ inline constexpr std::array kWindowPages{
     WindowPage{"Service_file", "service-files"},
     WindowPage{"Read_Service", "service-files"},
     WindowPage{"Advance_form", "service-files"},
+    WindowPage{"PrinterSetup", "printing"},
+    WindowPage{"cdSave", "printing", "PDF"},
+    WindowPage{"cdSave", "printing", "Print to"},
+    WindowPage{"cdSave", "files"},
+    WindowPage{"cdOpen", "files"},
 };
 
 /// The message boxes, by their caption, of which another page than `kBoxesPage` tells more.
@@ -53,16 +58,26 @@ struct BoxPage {
 };
 inline constexpr std::array kBoxPages{
     BoxPage{"Dealing Error", kErrorCodesPage},
-    BoxPage{"Reading Error", kErrorCodesPage},
-    BoxPage{"Sort Error", kErrorCodesPage},
+    BoxPage{"Reading Error", "reading"},
+    BoxPage{"Sort Error", "reading"},
     BoxPage{"Poker Dealing", "poker"},
     BoxPage{"Import PBN", "files"},
     BoxPage{"USB Initialization Error", "connecting"},
     BoxPage{"USB Connection", "connecting"},
     BoxPage{"Driver Update Information", "connecting"},
+    BoxPage{"Preferences Error", "settings"},
+    BoxPage{"Printing", "printing"},
+    BoxPage{"Printing Error", "printing"},
+    BoxPage{"Printing Parameter Error", "printing"},
+    BoxPage{"Save as PDF", "printing"},
+    BoxPage{"Analize Error", "analysis"},
+    BoxPage{"Bo Haglund DDS", "analysis"},
+    BoxPage{"Bo Haglund DDS Error", "analysis"},
+    BoxPage{"Deep Finesse", "analysis"},
+    BoxPage{"Deep Finesse Error", "analysis"},
 };
 
-/// The page on a window; empty when it is none of ours, as a file dialog.
+/// The page on a window; empty when it is none of ours.
 [[nodiscard]] std::string_view PageOnWindow(std::string_view name, std::string_view title);
 /// The page on a message box.
 [[nodiscard]] std::string_view PageOnBox(std::string_view caption);

@@ -35,6 +35,14 @@ TEST(Guide, IsFoundWhereItIsInstalled) {
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
 }
 
+TEST(Guide, SaysInTheStatusWhichPageItHandsOn) {
+  GuideDesk desk;
+  desk.PutPage("usr/share/morvane/guide", "index");
+  const std::string page = desk.PutPage("usr/share/morvane/guide", "stops");
+  desk.TheGuide.Open("stops");
+  EXPECT_EQ(desk.Ui.Statuses.back(), "The guide: " + page);
+}
+
 TEST(Guide, OfABuildTreeComesFirst) {
   GuideDesk desk;
   desk.PutPage("usr/share/morvane/guide", "index");

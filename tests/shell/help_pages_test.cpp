@@ -37,14 +37,24 @@ TEST(HelpPages, ARunsWindowHasThePageOfWhatItDoes) {
   EXPECT_EQ(PageOnWindow("DealinProg", "Morvane - Sorting"), "reading");
 }
 
-TEST(HelpPages, AWindowOfTheToolkitHasNone) {
-  EXPECT_EQ(PageOnWindow("cdOpen", "Load Board Set"), "");
-  EXPECT_EQ(PageOnWindow("", "Dealing"), "");
+TEST(HelpPages, AWindowOfTheToolkitHasNone) { EXPECT_EQ(PageOnWindow("", "Dealing"), ""); }
+
+TEST(HelpPages, ADialogForFilesHasThePageOfWhatTheFileIs) {
+  EXPECT_EQ(PageOnWindow("cdOpen", "Load Board Set"), "files");
+  EXPECT_EQ(PageOnWindow("cdSave", "Save Board Set"), "files");
+  EXPECT_EQ(PageOnWindow("cdSave", "Save as PDF"), "printing");
+  EXPECT_EQ(PageOnWindow("cdSave", "Print to the Text File"), "printing");
+  EXPECT_EQ(PageOnWindow("PrinterSetup", "Printer Setup"), "printing");
 }
 
-TEST(HelpPages, ABoxOfARunTellsOfItsStops) {
-  EXPECT_EQ(PageOnBox("Dealing Error"), "stops");
-  EXPECT_EQ(PageOnBox("Sort Error"), "stops");
+TEST(HelpPages, ABoxOfARunTellsOfItsStops) { EXPECT_EQ(PageOnBox("Dealing Error"), "stops"); }
+
+TEST(HelpPages, ABoxOfOneSubjectHasItsPage) {
+  EXPECT_EQ(PageOnBox("Reading Error"), "reading");
+  EXPECT_EQ(PageOnBox("Sort Error"), "reading");
+  EXPECT_EQ(PageOnBox("Printing Parameter Error"), "printing");
+  EXPECT_EQ(PageOnBox("Bo Haglund DDS Error"), "analysis");
+  EXPECT_EQ(PageOnBox("Preferences Error"), "settings");
 }
 
 TEST(HelpPages, AnyOtherBoxIsAmongTheBoxes) {
