@@ -9,6 +9,9 @@
 
 namespace morvane::cli {
 
+/// Ends what `--machine` means where no forms of a machine are in sight.
+inline constexpr std::string_view kFormsInHelp = "; --help has its forms";
+
 /// What `morvane` and `morvane-cli` both take.
 inline constexpr std::array kProgramOptions{
     Option{"data", "DIR", "the folder of logs and history"},

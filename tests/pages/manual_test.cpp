@@ -134,6 +134,33 @@ TEST(Manual, TheConsoleListsItsCommandsAndTheFormsOfAMachine) {
   EXPECT_THAT(page, HasSubstr("XDG_CONFIG_HOME"));
 }
 
+TEST(Manual, TheFormsOfAMachineAreSoughtInThePageThatHasThem) {
+  const auto made = Made();
+  for (const char* page : {"man1/morvane.1", "man1/morvane-cli.1"}) {
+    EXPECT_THAT(made.at(page), HasSubstr("\nthe way to the machine; see MACHINES below\n")) << page;
+  }
+  EXPECT_THAT(made.at("man1/morvane-cli-deal.1"), HasSubstr("\nthe way to the machine\n"));
+  EXPECT_THAT(made.at("command-reference.md"),
+              HasSubstr("| the way to the machine; see The machine below |"));
+  for (const auto& [path, bytes] : made) {
+    if (path.starts_with("man1/") || path.ends_with(".md")) {
+      EXPECT_THAT(bytes, Not(HasSubstr("has its forms"))) << path;
+    }
+  }
+}
+
+TEST(Manual, TheConsoleIsAlsoCalledToTellOfItself) {
+  const std::string page = Made().at("man1/morvane-cli.1");
+  const std::string synopsis = page.substr(0, page.find(".SH DESCRIPTION"));
+  EXPECT_TRUE(
+      synopsis.ends_with("\n.PP\n\\fBmorvane\\-cli\\fR \\fB\\-\\-help\\fR|\\fB\\-\\-version\\fR\n"))
+      << synopsis;
+}
+
+TEST(Manual, TheServingProgramNamesTheFilesThatItsMachinesRead) {
+  EXPECT_THAT(Made().at("man1/morvane-machine.1"), HasSubstr("\\fBmorvane\\-files\\fR(5)\n"));
+}
+
 TEST(CommandReference, HasASectionForEachCommandWithItsOptions) {
   const std::string text = Made().at("command-reference.md");
   EXPECT_THAT(text, StartsWith("# Command reference\n"));

@@ -2,8 +2,10 @@
 
 #include "bridges/link_request.h"
 #include "cli/pages/program_line.h"
+#include "cli/programs.h"
 #include "cli/values.h"
 #include "simulator/line/operator_commands.h"
+#include "text/box_text.h"
 
 namespace morvane::pages {
 namespace {
@@ -64,10 +66,11 @@ std::string OneLine(std::string_view text) {
 
 Paragraph Says(std::string_view words) { return {{Plain(words)}}; }
 
-Definitions OptionTable(std::span<const cli::Option> options) {
+Definitions OptionTable(std::span<const cli::Option> options, std::string_view machines) {
   Definitions table{"Option", {}};
   for (const cli::Option& option : options) {
-    table.Rows.push_back({OptionText(option), {Plain(option.Means)}});
+    const std::string means = Fill(std::string(option.Means), cli::kFormsInHelp, machines);
+    table.Rows.push_back({OptionText(option), {Plain(means)}});
   }
   return table;
 }

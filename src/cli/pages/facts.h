@@ -12,7 +12,9 @@ namespace morvane::pages {
 
 /// Blocks that several pages have.
 [[nodiscard]] Paragraph Says(std::string_view words);
-[[nodiscard]] Definitions OptionTable(std::span<const cli::Option> options);
+/// A page has the forms of a machine, for which a usage sends to --help: `machines` says where.
+[[nodiscard]] Definitions OptionTable(std::span<const cli::Option> options,
+                                      std::string_view machines = {});
 [[nodiscard]] Definitions OperandTable(std::span<const cli::Operand> operands);
 [[nodiscard]] Definitions MachineTable();
 [[nodiscard]] Definitions KeyTable();

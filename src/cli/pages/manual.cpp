@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::string_view kProgram = "morvane-cli";
 constexpr std::string_view kFiles = "morvane-files(5)";
+constexpr std::string_view kMachinesBelow = "; see MACHINES below";
 
 /// "morvane-cli-poker-show".
 std::string PageName(const cli::Command& command) {
@@ -50,7 +51,7 @@ Synopsis CalledIn(const cli::Command& command) {
 void AddTables(std::vector<Section>& sections, std::span<const cli::Operand> operands,
                std::span<const cli::Option> options) {
   if (!operands.empty()) sections.push_back({"ARGUMENTS", {OperandTable(operands)}});
-  if (!options.empty()) sections.push_back({"OPTIONS", {OptionTable(options)}});
+  if (!options.empty()) sections.push_back({"OPTIONS", {OptionTable(options, kMachinesBelow)}});
 }
 
 Section RelatedPages(const cli::Command& command) {
@@ -89,18 +90,28 @@ Section Examples() {
            Example{{"morvane-cli convert *.pbn sets --to csv --import --history off"}}}};
 }
 
+Paragraph OnlyTelling() {
+  Paragraph called{{Typed(kProgram)}};
+  for (const cli::Option& option : cli::kTellingOptions) {
+    called.Words.push_back(Plain(&option == cli::kTellingOptions.data() ? " " : "|"));
+    called.Words.push_back(Typed("--" + std::string(option.Name)));
+  }
+  return called;
+}
+
 Page ConsolePage() {
   Synopsis called = Called(kProgram, {}, cli::CommonOptions());
   called.Pieces.push_back({StandsFor("COMMAND")});
   called.Pieces.push_back({Plain("...")});
   return {std::string(kProgram),
           "board sets and the card-dealing machine from the command line",
-          {{"SYNOPSIS", {called}},
+          {{"SYNOPSIS", {called, OnlyTelling()}},
            {"DESCRIPTION",
             {Says("Does without a display what morvane does with windows: each command is one "
                   "piece of work. Options may stand before or behind the command.")}},
            Summaries(),
-           {"OPTIONS", {OptionTable(cli::CommonOptions()), OptionTable(cli::kTellingOptions)}},
+           {"OPTIONS",
+            {OptionTable(cli::CommonOptions(), kMachinesBelow), OptionTable(cli::kTellingOptions)}},
            Machines(),
            {"EXIT STATUS", {Says(cli::kExitStatusText)}},
            {"FILES", {FileTable()}},
@@ -165,7 +176,7 @@ Page ServingPage() {
              "that deals on it:"),
         Example{{"morvane-machine --machine simulated,store=machine.txt --link /tmp/machine &",
                  "morvane-cli --machine serial:/tmp/machine deal evening.pbn --auto"}}}},
-      SeeAlso({"morvane(1)", "morvane-cli(1)"})};
+      SeeAlso({"morvane(1)", "morvane-cli(1)", std::string(kFiles)})};
   page.Sections.insert(page.Sections.end(), std::begin(rest), std::end(rest));
   return page;
 }
@@ -187,7 +198,7 @@ Page PageOf(const cli::Command& command) {
   AddTables(page.Sections, command.Operands, command.Options);
   const Section rest[]{
       {"COMMON OPTIONS",
-       {Says("Every command takes these too:"), OptionTable(cli::CommonOptions()),
+       {Says("Every command takes these too:"), OptionTable(cli::CommonOptions(), ""),
         Paragraph{{Plain("The forms of M stand in "), Typed(kProgram), Plain("(1).")}}}},
       {"EXIT STATUS", {Says(cli::kExitStatusText)}},
       RelatedPages(command)};
@@ -204,7 +215,8 @@ std::vector<Page> Manual() {
 std::vector<Section> CommandReference() {
   std::vector<Section> sections;
   for (const cli::Command* command : cli::Commands()) sections.push_back(ReferenceOf(*command));
-  sections.push_back({"Options of every command", {OptionTable(cli::CommonOptions())}});
+  sections.push_back(
+      {"Options of every command", {OptionTable(cli::CommonOptions(), "; see The machine below")}});
   sections.push_back({"The machine", {MachineTable()}});
   sections.push_back({"Keys of the simulated machine", {KeyTable()}});
   sections.push_back({"Exit status", {Says(cli::kExitStatusText)}});
