@@ -118,7 +118,7 @@ TEST_F(HelpMenu, AnOpenMenuHasThePageOfItsWindow) {
 TEST_F(HelpMenu, WithoutAGuideOneBoxComesUpAndHoldsUpNobody) {
   std::filesystem::remove_all(desk.Folder / "guide");
   Start();
-  test::FillSet(desk.Prog.Set, 1, 1);
+  test::FillSet(desk.Prog.Set, 1, 2);
   desk.When("DealinProg", [this](QWidget& window) {
     desk.When("MessageBox", [](QWidget& box) {
       test::Press(box, Qt::Key_F1);  // no second one
