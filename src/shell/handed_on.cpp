@@ -32,7 +32,7 @@ struct LineKind {
 };
 constexpr std::array kLineKinds{
     LineKind{"---", Tells::kItself},
-    LineKind{"Start ", Tells::kNumbers},
+    LineKind{"Start ", Tells::kItself},  // its time seeds poker deals
     LineKind{"History records: ", Tells::kNumbers},
     LineKind{" File-New: ", Tells::kNumbers},
     LineKind{" File-Load: ", Tells::kNumbers},
@@ -46,7 +46,7 @@ constexpr std::array kLineKinds{
     LineKind{" Maintenance: ", Tells::kNumbers},
     LineKind{" Exit: ", Tells::kNumbers},
     LineKind{" USB Initialization Error: ", Tells::kNumbers},
-    LineKind{" Unexpected end of the program that began ", Tells::kNumbers},
+    LineKind{" Unexpected end of the program", Tells::kItself},
     LineKind{" Unexpected error: ", Tells::kCode},
     LineKind{" Unsaved Board Set of ", Tells::kNumbers},
     LineKind{"  S/N:", Tells::kAll},

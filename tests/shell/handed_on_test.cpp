@@ -30,11 +30,10 @@ TEST(LogLines, OfWhatWasDoneAreHandedOnWithTheirTimes) {
                 " Edit: 3:04:05 PM", " Maintenance: 3:04:05 PM", " Exit: 3:04:05 PM",
                 " USB Initialization Error: 6:3", "  S/N:17 Dealt:40 Firmware:2.90",
                 " Machine: simulated"}),
-      ElementsAre("---", "Start 2026-03-03 3:04:05 PM", "History records: 12",
-                  " File-New: 3:04:05 PM", " File-Save: 3:09:41: PM", " File-Import: 3:04:05 PM",
-                  " Edit: 3:04:05 PM", " Maintenance: 3:04:05 PM", " Exit: 3:04:05 PM",
-                  " USB Initialization Error: 6:3", "  S/N:17 Dealt:40 Firmware:2.90",
-                  " Machine: simulated"));
+      ElementsAre("---", "Start ", "History records: 12", " File-New: 3:04:05 PM",
+                  " File-Save: 3:09:41: PM", " File-Import: 3:04:05 PM", " Edit: 3:04:05 PM",
+                  " Maintenance: 3:04:05 PM", " Exit: 3:04:05 PM", " USB Initialization Error: 6:3",
+                  "  S/N:17 Dealt:40 Firmware:2.90", " Machine: simulated"));
 }
 
 TEST(LogLines, OfFilesGiveTheEndingOfTheName) {
@@ -49,15 +48,14 @@ TEST(LogLines, OfFilesGiveNoEndingThatMayBeAName) {
               ElementsAre("  Save: *", "  Load: *", "   Firmware file open: *.adc"));
 }
 
-TEST(LogLines, OfAnUnexpectedEndGiveItsTimeOrThePlaceInTheCode) {
+TEST(LogLines, OfAnUnexpectedEndGiveThePlaceInTheCode) {
   EXPECT_THAT(
       HandedOn({" Unexpected end of the program that began 2026-03-02 7:00:00 PM",
                 " Unexpected error: vector::_M_range_check: __n (which is 7)",
                 " Unexpected error: filesystem error: cannot rename [/home/anna/cup::1.pbn]",
                 " Unexpected error: stoi"}),
-      ElementsAre(" Unexpected end of the program that began 2026-03-02 7:00:00 PM",
-                  " Unexpected error: vector::_M_range_check:", " Unexpected error: ",
-                  " Unexpected error: "));
+      ElementsAre(" Unexpected end of the program", " Unexpected error: vector::_M_range_check:",
+                  " Unexpected error: ", " Unexpected error: "));
 }
 
 TEST(LogLines, OfAnUnsavedSetSayWhatBecameOfIt) {
