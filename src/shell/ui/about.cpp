@@ -28,6 +28,7 @@ QLabel* NewText(const char* name, const QString& text, QWidget* parent) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label->setFocusPolicy(Qt::StrongFocus);
   return label;
 }
 
@@ -104,9 +105,10 @@ void AboutWindow::AddPath(QFormLayout& form, const char* caption, const char* na
 QWidget* AboutWindow::MakeButtons() {
   auto* guide = NewButton("Guide", "&Guide", [this] { help_.OpenContents(); });
   auto* copy = NewButton("Diagnosis", "Copy &Diagnosis", [this] { help_.CopyDiagnosis(); });
-  copy->setToolTip("Copies what helps to find a fault; no deal can be told from it");
+  copy->setToolTip("Copies what helps to find a fault, without deals and names of files");
   auto* close = NewButton("Close", "Close", [this] { this->close(); });
   close->setDefault(true);
+  close->setFocus();
   auto* buttons = new QWidget(this);
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
