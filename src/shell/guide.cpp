@@ -7,14 +7,15 @@
 #include "platform/files.h"
 #include "platform/utf8_of_path.h"
 #include "shell/help_pages.h"
+#include "shell/installed_guide.h"
 #include "text/box_text.h"
 
 namespace morvane::shell {
 namespace {
 
 /// Seen from the program's folder: in a build tree, installed, and beside the program.
-constexpr std::string_view kInstalled = "../../share/morvane/guide";
-constexpr std::array kPlaces{std::string_view("../guide"), kInstalled, std::string_view("guide")};
+constexpr std::array kPlaces{std::string_view("../guide"), kInstalledGuide,
+                             std::string_view("guide")};
 
 std::string PathOf(const std::string& folder, std::string_view page) {
   return JoinPath(folder, std::string(page) + ".html");
@@ -37,7 +38,7 @@ std::string Guide::Folder() const {
   const auto* place = std::find_if(kPlaces.begin(), kPlaces.end(), [&](std::string_view each) {
     return IsThere(PathOf(folderAt(each), kContentsPage));
   });
-  return folderAt(place == kPlaces.end() ? kInstalled : *place);
+  return folderAt(place == kPlaces.end() ? kInstalledGuide : *place);
 }
 
 void Guide::Open(std::string_view page) {

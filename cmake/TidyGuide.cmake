@@ -1,0 +1,23 @@
+# Takes out of a made guide what it no longer has: pages that are not among PAGES, and pictures that no page
+# shows. GUIDE is its folder.
+
+cmake_minimum_required(VERSION 3.22)
+file(GLOB there ${GUIDE}/*.html)
+set(text "")
+foreach(page ${there})
+  get_filename_component(name ${page} NAME_WE)
+  if(name IN_LIST PAGES)
+    file(READ ${page} content)
+    string(APPEND text "${content}")
+  else()
+    file(REMOVE ${page})
+  endif()
+endforeach()
+file(GLOB pictures RELATIVE ${GUIDE} ${GUIDE}/pictures/*/*)
+foreach(picture ${pictures})
+  string(FIND "${text}" "${picture}" place)
+  if(place EQUAL -1)
+    file(REMOVE ${GUIDE}/${picture})
+  endif()
+endforeach()
+file(TOUCH ${DONE})
