@@ -3,8 +3,6 @@
 #
 # Components: desktop, cli (what needs no display) and doc.
 
-include(GNUInstallDirs)
-
 set(MORVANE_HOMEPAGE "https://morvane.example" CACHE STRING "Where software centres send their users")
 
 set(programs ${CMAKE_INSTALL_LIBEXECDIR}/morvane)
@@ -79,6 +77,8 @@ foreach(size ${sizes})
   install(FILES ${packaging}/icons/morvane_${size}.png RENAME morvane.png
           DESTINATION ${icons}/${size}x${size}/apps COMPONENT desktop)
 endforeach()
+
+install(SCRIPT ${PROJECT_SOURCE_DIR}/cmake/AfterInstall.cmake ALL_COMPONENTS)
 
 add_custom_target(uninstall COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR}
                                     -P ${PROJECT_SOURCE_DIR}/cmake/Uninstall.cmake VERBATIM)
