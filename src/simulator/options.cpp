@@ -319,6 +319,7 @@ std::optional<std::string> ParseOptions(std::string_view text, Options& options)
 
 std::vector<KeyWords> Keys() {
   std::vector<KeyWords> keys;
+  keys.reserve(kKeyTable.size());
   for (const Key& key : kKeyTable) keys.push_back({key.Name, key.Expected});
   return keys;
 }

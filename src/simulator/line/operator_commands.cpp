@@ -257,6 +257,7 @@ std::string Obey(std::span<WiredMachine* const> machines, std::string_view line,
 
 std::vector<OperatorWords> OperatorCommands() {
   std::vector<OperatorWords> commands;
+  commands.reserve(kCommands.size());
   for (const Command& command : kCommands) {
     commands.push_back({command.Word, BehindWord(command), command.Means});
   }
