@@ -194,6 +194,26 @@ void MachineRun::RunCards() {
   Timer1_.reset();
   running_ = true;
   outcome_ = Outcome::kNone;
+  try {
+    RunToItsEnd();
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+/// A fault of what shows the run has ended it; the machine does not go on behind that.
+void MachineRun::Abandon() {
+  running_ = false;
+  Machine& machine = parts_.TheMachine;
+  machine.PollLock = false;
+  outcome_ = Outcome::kStopped;
+  if (machine.MachineState != Machine::kBusy || !machine.Link.IsOpen()) return;
+  machine.ExpectLateReply();  // it may have been thrown between a frame and its reply
+  machine.Exchange(wire::StatusCommand{wire::StatusCommand::kBreak});
+}
+
+void MachineRun::RunToItsEnd() {
   parts_.Run.Prepare();
   const RunEnd end = RunOnce();
   outcome_ = end == RunEnd::kDone ? Outcome::kDone : Outcome::kStopped;

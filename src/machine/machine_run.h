@@ -105,6 +105,8 @@ class MachineRun {
   void StartPolling();
   void Timer1Tick();
   void TellOfDownload();
+  void RunToItsEnd();
+  void Abandon();
   void Note(RunEnd end);
   void WindUp();
   void EndRun();

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "machine/dealing_run.h"
 #include "machine/open_link.h"
 #include "machine/reading_run.h"
@@ -66,7 +68,9 @@ class Table final : public RunView {
            Desk.Prog.Set.At(1).Status == Board::kComplete;
   }
 
-  void ShowState() override {}
+  void ShowState() override {
+    if (OnState) OnState();
+  }
   void ShowBoard() override {}
   void ShowControls() override {}
   void FocusNext() override {}
@@ -95,6 +99,7 @@ class Table final : public RunView {
   Machine TheMachine{Desk.Random, Tap};
   RunMemory Memory;
   std::unique_ptr<BoardRun> Run;
+  std::function<void()> OnState;
   std::vector<std::string> Errors;
   int Frames = 0;
 };
@@ -184,6 +189,24 @@ TEST_P(InterruptedRun, APulledBoardIs58AndGoesOnWhenItIsBack) {
                                         : std::vector<std::string>{});
     EXPECT_TRUE(table.IsLoggedOk() && table.LiesRight());
     EXPECT_EQ(table.Desk.LogLines().back().find(" 58 OK") != std::string::npos, inTheMiddle);
+  }
+}
+
+TEST_P(InterruptedRun, AFaultOfItsWindowBreaksTheMachineAndTheWindowCanGo) {
+  for (const int at : {kFirstCard, 30, kBehindTheLastPoll - 2}) {
+    SCOPED_TRACE(at);
+    Table table(GetParam().Kind);
+    EXPECT_THROW(table.Play(at,
+                            [&](SimulatedMachine&) {
+                              table.OnState = [] { throw std::runtime_error("no font"); };
+                            }),
+                 std::runtime_error);
+    EXPECT_NE(table.TheMachine.MachineState, Machine::kBusy) << "it has answered the break";
+    EXPECT_FALSE(table.Run->Running());
+    EXPECT_FALSE(table.TheMachine.PollLock);
+    table.Run->Exit();
+    EXPECT_TRUE(table.Run->Closed());
+    EXPECT_FALSE(table.TheMachine.Link.IsOpen());
   }
 }
 
