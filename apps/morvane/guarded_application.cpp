@@ -23,7 +23,10 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
 
 void GuardedApplication::Tell(const std::string& what) {
   if (std::exchange(told_, true) || !OnFault) return;
-  OnFault(what.empty() ? "unknown" : what);
+  try {
+    OnFault(what.empty() ? "unknown" : what);
+  } catch (...) {  // there is nobody left to be told
+  }
 }
 
 }  // namespace morvane

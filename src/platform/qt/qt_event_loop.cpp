@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QTimerEvent>
@@ -42,14 +43,18 @@ class Ticker final : public QObject {
   void timerEvent(QTimerEvent* /*event*/) override {
     if (ticking_ || held_) return;
     ticking_ = true;
+    const auto over = qScopeGuard([this] { EndTick(); });
     tick_();
+  }
+
+ private:
+  void EndTick() {
     ticking_ = false;
     // Only now: a tick that lets events through after it was stopped would let this one through
     // too.
     if (stopped_) deleteLater();
   }
 
- private:
   std::function<void()> tick_;
   const bool& held_;
   int id_;

@@ -1,8 +1,11 @@
 #include "morvane/guarded_application.h"
 
 #include <QTimer>
+#include <new>
 #include <stdexcept>
 #include <vector>
+
+#include "platform/qt/qt_event_loop.h"
 
 namespace morvane {
 namespace {
@@ -63,6 +66,31 @@ TEST(GuardedApplication, WorkOutsideOfEventsIsGuardedToo) {
   Guarded guarded;
   guarded.Application.Guard([] { throw std::runtime_error("start"); });
   EXPECT_EQ(guarded.Told, std::vector<std::string>{"start"});
+}
+
+TEST(GuardedApplication, AFaultOfWhoHearsOfTheFaultGetsNoFurtherEither) {
+  Guarded guarded;
+  int heard = 0;
+  guarded.Application.OnFault = [&](const std::string&) {
+    ++heard;
+    throw std::bad_alloc();
+  };
+  EXPECT_NO_THROW(guarded.Application.Guard([] { throw std::runtime_error("first"); }));
+  EXPECT_EQ(heard, 1);
+}
+
+TEST(GuardedApplication, ATimerTicksOnBehindATickThatHasThrown) {
+  Guarded guarded;
+  QtEventLoop loop;
+  int ticks = 0;
+  const auto timer = loop.StartTimer(1, [&] {
+    if (++ticks == 1) throw std::runtime_error("first tick");
+  });
+  bool late = false;
+  QTimer::singleShot(10000, &guarded.Application, [&] { late = true; });
+  loop.RunUntil([&] { return ticks > 1 || late; });
+  EXPECT_GT(ticks, 1);
+  EXPECT_EQ(guarded.Told, std::vector<std::string>{"first tick"});
 }
 
 TEST(GuardedApplication, WithoutAFaultNothingIsTold) {
