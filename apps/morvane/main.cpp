@@ -84,23 +84,59 @@ int TellTrouble(morvane::bridges::MachineChoice& machine) {
   return machine.LinkTrouble().empty() ? 0 : kNotWholly;
 }
 
+using morvane::shell::UnsavedCopy;
+
 /// What is told of the program's own fault when everything has ended.
 struct Fault {
   std::string What;
-  bool Kept = false;  ///< the next start offers the set
+  UnsavedCopy::State Kept = UnsavedCopy::State::kNone;
+  bool Unsaved = false;
 
-  void Tell(morvane::QtUi& ui, const morvane::BoardSet& set) const {
-    std::string text =
-        "      An error in the program has ended it.      \r\n      Error: " + What + "      ";
-    if (Kept) text += "\r\n\r\n      The next start offers the unsaved Board Set.      ";
-    if (!Kept && !set.IsSaved()) text += "\r\n\r\n      The unsaved Board Set is lost.      ";
-    ui.LastBox(text, morvane::kOkCritical, "Morvane");
+  void Tell() const {
+    morvane::LastBox("      An error in the program has ended it.      \r\n      Error: " + What +
+                         "      " + OfTheSet(),
+                     morvane::kOkCritical, "Morvane");
+  }
+
+ private:
+  [[nodiscard]] std::string OfTheSet() const {
+    const auto line = [](const std::string& text) { return "\r\n\r\n      " + text + "      "; };
+    switch (Kept) {
+      case UnsavedCopy::State::kLast:
+        return line("The next start offers the unsaved Board Set.");
+      case UnsavedCopy::State::kOlder:
+        return line("The next start offers an older copy of the unsaved Board Set.");
+      default:
+        return Unsaved ? line("The unsaved Board Set is lost.") : "";
+    }
   }
 };
 
-/// The program from its windows to its end; its exit status.
+/// Has a fault end the program, as long as there is a shell that it can end by.
+class FaultWatch {
+ public:
+  FaultWatch(morvane::GuardedApplication& application, morvane::shell::Shell& shell,
+             const morvane::BoardSet& set, std::optional<Fault>& fault)
+      : application_(application) {
+    application_.OnFault = [&](const std::string& what) {
+      Fault& told = fault.emplace();
+      told.Unsaved = !set.IsSaved();
+      told.Kept = shell.Fail(what);
+      told.What = what;
+    };
+  }
+  ~FaultWatch() { application_.OnFault = nullptr; }
+  FaultWatch(const FaultWatch&) = delete;
+  FaultWatch& operator=(const FaultWatch&) = delete;
+
+ private:
+  morvane::GuardedApplication& application_;
+};
+
+/// The program from its windows to its end; its exit status, where `fault` stays empty.
 int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
-        morvane::bridges::MachineChoice& machine, const morvane::Arguments& arguments) {
+        morvane::bridges::MachineChoice& machine, const morvane::Arguments& arguments,
+        std::optional<Fault>& fault) {
   morvane::QtUi ui(parts.Loop);
   morvane::QtSound sound;
   morvane::QtPrinter printer(parts.Loop);
@@ -127,8 +163,7 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
     parts.Loop.Quit();  // nothing is asked any more
     shell.End();
   });
-  std::optional<Fault> fault;
-  application.OnFault = [&](const std::string& what) { fault = {what, shell.Fail(what)}; };
+  const FaultWatch faultWatch(application, shell, program.Set, fault);
   shell.KeepUnsavedSet();
   shell.KeepRecentFiles();
   using morvane::shell::StartOutcome;
@@ -137,15 +172,17 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
-  morvane::bridges::FilePacks packs(program);
-  const auto panel = MakePanel(parts.Loop, machine, packs);
-  if (panel) ShowBeside(*panel, mainMenu);
-  const auto watch = WatchTrace(program, shell, machine.Traced);
-  parts.Loop.RunUntil([] { return false; });
-  shell.End();
-  if (fault) fault->Tell(ui, program.Set);
-  const int trouble = TellTrouble(machine);
-  return fault ? kFailed : trouble;
+  std::optional<morvane::bridges::FilePacks> packs;
+  std::unique_ptr<QWidget> panel;
+  std::unique_ptr<morvane::Timer> watch;
+  application.Guard([&] {
+    panel = MakePanel(parts.Loop, machine, packs.emplace(program));
+    if (panel) ShowBeside(*panel, mainMenu);
+    watch = WatchTrace(program, shell, machine.Traced);
+    parts.Loop.RunUntil([] { return false; });
+  });
+  application.Guard([&] { shell.End(); });
+  return TellTrouble(machine);
 }
 
 }  // namespace
@@ -180,7 +217,9 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << machine.Error << "\n";
     return kWrongUsage;
   }
-  const int status = Run(application, parts, machine, arguments);
-  application.OnFault = nullptr;
-  return status;
+  std::optional<Fault> fault;
+  const int status = Run(application, parts, machine, arguments, fault);
+  if (!fault) return status;
+  fault->Tell();  // nobody is kept from a next start meanwhile
+  return kFailed;
 }

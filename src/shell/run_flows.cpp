@@ -23,8 +23,13 @@ void RunInWindow(Program& program, machine::Machine& machine, machine::MachineRu
                         std::string(run.Words().Error));
     return;
   }
-  run.Open(*window);
-  program.Loop.RunUntil([&] { return run.Closed(); });
+  try {
+    run.Open(*window);
+    program.Loop.RunUntil([&] { return run.Closed(); });
+  } catch (...) {
+    run.Exit();
+    throw;
+  }
   if (!run.Closed()) run.Exit();
 }
 

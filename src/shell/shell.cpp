@@ -1,5 +1,6 @@
 #include "shell/shell.h"
 
+#include <exception>
 #include <utility>
 
 #include "files/import_set.h"
@@ -23,6 +24,10 @@ Shell::Flow::Flow(Shell& shell, Waits waits) : shell_(shell) {
 
 Shell::Flow::~Flow() {
   shell_.flowActive_ = false;
+  if (std::uncaught_exceptions() > 0) {
+    shell_.cutOff_ = true;
+    return;
+  }
   shell_.Keep();
   if (shell_.started_) shell_.EnableTimer2mm();
 }
@@ -47,11 +52,11 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   const StartOutcome outcome = BecomeTheRunningOne(
       program_, instance_, files, [this](std::string_view command) { LinkExecute(command); });
   if (outcome != StartOutcome::kGoesOn) return outcome;
-  started_ = true;
   startFile_ = files.StartFile;
   program_.ShowStatistics = program_.Store.IsOn(kDealShow);
   program_.VersionText = VersionTextOf(program_.ServiceLevel);
   generator_.Pool.InitPool(program_.Operator.Mouse());
+  started_ = true;  // from here on there is a pool to be saved
   program_.Status("Loading...");
   windows_.ShowMainMenu();
   program_.Loop.Pump();
@@ -72,6 +77,7 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
   } else if (!startFile_.empty()) {
     OpenStartFile();
   }
+  if (unsaved_) unsaved_->TellNothingLost();
   return outcome;
 }
 
@@ -222,18 +228,19 @@ void Shell::End() {
   WriteExit();
 }
 
-bool Shell::Fail(const std::string& what) {
+UnsavedCopy::State Shell::Fail(const std::string& what) {
   program_.Loop.Quit();
+  failed_ = true;
   Keep();
   program_.Log.WriteLine(" Unexpected error: " + what);
-  return unsaved_ && unsaved_->IsKept();
+  return unsaved_ ? unsaved_->Kept() : UnsavedCopy::State::kNone;
 }
 
 void Shell::WriteExit() {
   if (analysis_) analysis_->Run.BreakOff();
   analysis_.reset();
   keeper_.reset();
-  if (unsaved_) unsaved_->End();
+  if (unsaved_ && !failed_) unsaved_->End();  // a fault is no end: the next start says so
   unsaved_.reset();
   Timer2mm_.reset();
   program_.Log.WriteTime(" Exit: ");
@@ -241,7 +248,9 @@ void Shell::WriteExit() {
 }
 
 void Shell::Keep() {
-  if (unsaved_) unsaved_->Keep();
+  if (!unsaved_) return;
+  // A flow that a fault has cut off may have left half a set; the last copy is better than that.
+  if (!cutOff_ || unsaved_->Kept() == UnsavedCopy::State::kNone) unsaved_->Keep();
 }
 
 FilteredBox Shell::ChangeEvent(EventText which, FilteredBox box) {

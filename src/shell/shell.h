@@ -53,8 +53,8 @@ class Shell {
   void End();
   /// The program's own code has failed, with `what`: the copy of the set is brought up to date, the
   /// log says it, and the loop quits, since nothing is certain any more. `End` comes behind.
-  /// Whether the next start will offer a set.
-  bool Fail(const std::string& what);
+  /// What the next start will offer.
+  UnsavedCopy::State Fail(const std::string& what);
 
   void MenuNew();
   void MenuLoad();
@@ -144,6 +144,8 @@ class Shell {
   std::unique_ptr<Timer> keeper_;  ///< goes on while a flow is open
   bool flowActive_ = false;
   bool started_ = false;
+  bool cutOff_ = false;  ///< an exception has left a flow
+  bool failed_ = false;
 };
 
 }  // namespace morvane::shell

@@ -91,16 +91,21 @@ void UnsavedCopy::FindPlace() {
 
 UnsavedCopy::Outcome UnsavedCopy::Look(const std::string& path) {
   const bool unexpected = TakeMark(path);
-  if (Exists(path)) return Offer(path, unexpected);
-  if (unexpected) program_.Status(kNothingLost);
-  return Outcome::kGone;
+  unexpected_ = unexpected_ || unexpected;
+  if (!Exists(path)) return Outcome::kGone;
+  found_ = true;
+  return Offer(path, unexpected);
+}
+
+void UnsavedCopy::TellNothingLost() {
+  if (unexpected_ && !found_) program_.Status(kNothingLost);
 }
 
 bool UnsavedCopy::TakeMark(const std::string& path) {
   std::string begun;
   constexpr std::uintmax_t kLongest = 100;
   if (ReadFile(MarkOf(path), begun, kLongest)) return false;
-  RemoveFile(MarkOf(path));
+  if (!RemoveFile(MarkOf(path))) return false;  // or every start would say it
   program_.Log.WriteLine(" Unexpected end of the program that began " + begun);
   return true;
 }
@@ -119,8 +124,8 @@ UnsavedCopy::Outcome UnsavedCopy::Offer(const std::string& path, bool unexpected
   const std::string heading = " Unsaved Board Set of " + found->When + ": ";
   switch (program_.Ask(OfferText(*found, unexpected), kYesNoCancelExclamation, kCaption)) {
     case kYes:
+      kept_ = files::UnsavedText(found->Set, "");
       TakeSet(program_, std::move(found->Set), heading + "loaded");
-      kept_ = files::UnsavedText(program_.Set, "");
       return Outcome::kTaken;
     case kNo:
       program_.Log.WriteLine(heading + "deleted");
@@ -151,6 +156,11 @@ void UnsavedCopy::Keep() {
   failure_ = WriteLockedFile(path_, files::UnsavedText(set, DateTimeText(program_.Time.Now())),
                              NewFile::kPrivate);
   if (!failure_) kept_ = std::move(now);
+}
+
+UnsavedCopy::State UnsavedCopy::Kept() const {
+  if (kept_.empty()) return State::kNone;
+  return failure_ ? State::kOlder : State::kLast;
 }
 
 void UnsavedCopy::Remove() {

@@ -27,8 +27,13 @@ class UnsavedCopy {
   /// Makes the copy what the set is: written, or removed where nothing is unsaved. While there is
   /// no set, as when one is being made, the last copy stays.
   void Keep();
-  /// Whether there is a copy of the last changes.
-  [[nodiscard]] bool IsKept() const { return !kept_.empty() && !failure_; }
+  /// Behind the start: says in the status that the program before ended unexpectedly, and left
+  /// nothing.
+  void TellNothingLost();
+  /// What the copy has: nothing, the set as it was before a change that could not be written, or
+  /// the last change.
+  enum class State { kNone, kOlder, kLast };
+  [[nodiscard]] State Kept() const;
   /// The set was saved or given up.
   void Remove();
   /// The program ends as programs do.
@@ -53,6 +58,8 @@ class UnsavedCopy {
   std::string kept_;  ///< the set as the copy has it, without its time
   std::optional<RuntimeError> failure_;
   bool failureTold_ = false;
+  bool unexpected_ = false;  ///< a program before ended so
+  bool found_ = false;       ///< a copy of one before
 };
 
 }  // namespace morvane::shell

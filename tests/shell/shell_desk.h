@@ -17,8 +17,9 @@ namespace morvane::shell {
 /// What a run window has gone through; it outlives the window.
 struct RunWindowNotes {
   int Opened = 0;
-  int Closed = 0;  ///< told that the run is over
-  int Gone = 0;    ///< destroyed
+  int Closed = 0;                 ///< told that the run is over
+  int Gone = 0;                   ///< destroyed
+  std::function<void()> OnBoard;  ///< the board is to be shown
 };
 
 /// A run window in which every fault is cancelled.
@@ -30,7 +31,9 @@ class FakeRunWindow final : public machine::RunView {
   ~FakeRunWindow() override { ++notes_.Gone; }
 
   void ShowState() override {}
-  void ShowBoard() override {}
+  void ShowBoard() override {
+    if (notes_.OnBoard) notes_.OnBoard();
+  }
   void ShowControls() override {}
   void FocusNext() override {}
   void ShowError(machine::ErrorDialog& dialog) override { dialog.PressCancel(); }

@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <stdexcept>
 
 #include "files/unsaved_set.h"
 #include "platform/file_lock.h"
@@ -73,6 +74,23 @@ TEST(RunningMark, OfNobodyIsToldInTheStatusAndTheLogOnce) {
   EXPECT_EQ(test::Content(desk.Mark()), "2026-03-03 3:04:05 PM") << "this program's own";
 }
 
+TEST(RunningMark, IsToldBehindTheFileOfTheStart) {
+  MarkingDesk desk;
+  desk.LeaveAMark();
+  desk.Main.StartUp(JoinPath(desk.Prog.Paths.Data, "none.pbn"));
+  EXPECT_EQ(desk.Ui.Statuses.back(), kNothingLost);
+}
+
+TEST(RunningMark, SaysNotThatNothingWasFoundWhereAnotherPlaceHadACopy) {
+  MarkingDesk desk;
+  desk.LeaveAMark();
+  desk.LeaveACopy(2);
+  desk.Ui.Answers = {kYes};
+  desk.Main.StartUp("");
+  EXPECT_EQ(desk.Prog.Set.LastBoard, 5);
+  EXPECT_THAT(desk.Ui.Statuses, Not(Contains(kNothingLost)));
+}
+
 TEST(RunningMark, OfAProgramThatStillRunsIsItsOwn) {
   MarkingDesk desk;
   desk.LeaveAMark();
@@ -134,24 +152,62 @@ TEST(Fault, KeepsTheSetSaysItInTheLogAndEndsTheProgram) {
   desk.Main.StartUp("");
   test::FillSet(desk.Prog.Set, 3, 5);
   desk.Prog.Set.BoardSetChanged = "1";
-  EXPECT_TRUE(desk.Main.Fail("vector::_M_range_check"));
+  EXPECT_EQ(desk.Main.Fail("vector::_M_range_check"), UnsavedCopy::State::kLast);
   EXPECT_TRUE(desk.Loop.Quitting());
   EXPECT_EQ(files::ReadUnsavedText(test::Content(desk.Copy()))->Set.LastBoard, 5);
   EXPECT_EQ(desk.LastLine(), " Unexpected error: vector::_M_range_check");
   desk.Main.End();
   EXPECT_EQ(desk.LastLine(), " Exit: 3:04:05 PM");
   EXPECT_TRUE(std::filesystem::exists(desk.Copy()));
-  EXPECT_FALSE(desk.HasMark()) << "it has been told";
+  EXPECT_TRUE(desk.HasMark()) << "the next start says that it was unexpected";
 }
 
 TEST(Fault, SaysWhetherASetIsLeftToTheNextStart) {
   MarkingDesk desk;
   desk.Main.StartUp("");
-  EXPECT_FALSE(desk.Main.Fail("nothing was unsaved"));
+  EXPECT_EQ(desk.Main.Fail("nothing was unsaved"), UnsavedCopy::State::kNone);
   test::FillSet(desk.Prog.Set, 3, 5);
   desk.Prog.Set.BoardSetChanged = "1";
   std::filesystem::create_directory(desk.Copy());
-  EXPECT_FALSE(desk.Main.Fail("there is no copy"));
+  EXPECT_EQ(desk.Main.Fail("there is no copy"), UnsavedCopy::State::kNone);
+}
+
+TEST(Fault, SaysThatOnlyAnOlderCopyIsLeft) {
+  MarkingDesk desk;
+  desk.Main.StartUp("");
+  test::FillSet(desk.Prog.Set, 3, 5);
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Loop.WaitMs(Shell::kKeepMs);
+  desk.Prog.Set.EventName = "Spring";
+  std::filesystem::create_directory(desk.Copy() + ".new");
+  EXPECT_EQ(desk.Main.Fail("the copy cannot be written"), UnsavedCopy::State::kOlder);
+  EXPECT_EQ(files::ReadUnsavedText(test::Content(desk.Copy()))->Set.EventName, "");
+}
+
+TEST(Fault, OfAFlowThatWasAtWorkOnTheSetKeepsTheLastCopy) {
+  MarkingDesk desk;
+  desk.Main.StartUp("");
+  test::FillSet(desk.Prog.Set, 3, 5);
+  desk.Prog.Set.BoardSetChanged = "1";
+  desk.Loop.WaitMs(Shell::kKeepMs);
+  desk.Desktop.OnEdit = [&](edit::Editor&) {
+    test::FillSet(desk.Prog.Set, 3, 4);
+    throw std::runtime_error("half done");
+  };
+  EXPECT_THROW(desk.Main.MenuEdit(), std::runtime_error);
+  EXPECT_EQ(desk.Main.Fail("half done"), UnsavedCopy::State::kLast);
+  desk.Main.End();
+  EXPECT_EQ(files::ReadUnsavedText(test::Content(desk.Copy()))->Set.LastBoard, 5);
+}
+
+TEST(Fault, OfARunWindowThatIsOpeningClosesTheLink) {
+  MarkingDesk desk;
+  desk.Main.StartUp("");
+  test::FillSet(desk.Prog.Set, 3, 5);
+  desk.Desktop.Run.OnBoard = [] { throw std::runtime_error("no font"); };
+  EXPECT_THROW(desk.Main.MenuDeal(), std::runtime_error);
+  EXPECT_FALSE(desk.Main.TheMachine().Link.IsOpen());
+  EXPECT_FALSE(desk.Main.FlowActive());
 }
 
 TEST(FirstStart, HasNothingToDismiss) {

@@ -124,10 +124,9 @@ int QtUi::MessageBox(const std::string& text, int flags, const std::string& titl
   return AnswerOf(box.isVisible() ? CautiousAnswer(ButtonsOf(flags)) : box.result());
 }
 
-void QtUi::LastBox(const std::string& text, int flags, const std::string& title) {
-  QMessageBox box(Owner());
+void LastBox(const std::string& text, int flags, const std::string& title) {
+  QMessageBox box;
   Prepare(box, text, flags, title);
-  box.setWindowModality(Qt::ApplicationModal);
   box.show();
   FitToScreen(box);
   while (box.isVisible()) {

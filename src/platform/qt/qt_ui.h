@@ -13,6 +13,10 @@ class QMessageBox;
 
 namespace morvane {
 
+/// The last box of all, when the program has quit and its windows are gone: nothing else goes on,
+/// and it stands until it is closed.
+void LastBox(const std::string& text, int flags, const std::string& title);
+
 /// The operator at a desktop. Boxes and dialogs are modal to the window that is at work and wait in
 /// the program's own loop, so that timers go on behind them; when the program quits they end with
 /// the cautious answer (Cancel, or else No).
@@ -33,9 +37,6 @@ class QtUi final : public Ui {
   void SetMainWindow(MainWindow window) { main_ = std::move(window); }
 
   int MessageBox(const std::string& text, int flags, const std::string& title) override;
-  /// The last box of all, when the program has quit: nothing else goes on, and it stands until it
-  /// is closed.
-  void LastBox(const std::string& text, int flags, const std::string& title);
   void BoxBeside(const std::string& text, int flags, const std::string& title) override;
   void Status(const std::string& text) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
