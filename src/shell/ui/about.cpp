@@ -108,7 +108,7 @@ QWidget* AboutWindow::MakeButtons() {
   copy->setToolTip("Copies what helps to find a fault, without deals and names of files");
   auto* close = NewButton("Close", "Close", [this] { this->close(); });
   close->setDefault(true);
-  close->setFocus();
+  close->setFocus();  // not the first text, which would show a cursor
   auto* buttons = new QWidget(this);
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
