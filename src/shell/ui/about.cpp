@@ -45,6 +45,7 @@ AboutWindow::AboutWindow(Help& help, QWidget* parent) : QDialog(parent), help_(h
   setWindowTitle("About Morvane");
   setAttribute(Qt::WA_DeleteOnClose);
   Fill(*this, MakeBody(), MakeButtons());
+  findChild<QPushButton*>("Close")->setFocus();  // a text would show a cursor
   FitToScreen(*this);
 }
 
@@ -108,7 +109,6 @@ QWidget* AboutWindow::MakeButtons() {
   copy->setToolTip("Copies what helps to find a fault, without deals and names of files");
   auto* close = NewButton("Close", "Close", [this] { this->close(); });
   close->setDefault(true);
-  close->setFocus();  // not the first text, which would show a cursor
   auto* buttons = new QWidget(this);
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
