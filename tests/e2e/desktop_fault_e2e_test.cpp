@@ -30,19 +30,24 @@ class DesktopFault : public EndToEnd {
                    {.Folder = folder.Path(), .Program = "/usr/bin/xdotool", .Variables = {name_}})
         .Finish();
   }
-  /// In the window with that title, when it is there.
-  void Press(Process& program, const std::string& title, const std::vector<std::string>& keys) {
-    ASSERT_TRUE(program.Until([&] {
-      return Xdotool({"search", "--onlyvisible", "--name", title, "windowfocus"}).Status == 0;
+  /// Presses the keys in the window with that title until `done`: a key that comes before the
+  /// window has the keyboard is lost, so that they are such as may come twice.
+  void Press(Process& program, const std::string& title, const std::vector<std::string>& keys,
+             const std::function<bool()>& done) {
+    EXPECT_TRUE(program.Until([&] {
+      if (!done()) PressOnce(title, keys);
+      return done();
     })) << title;
+  }
+  void PressOnce(const std::string& title, const std::vector<std::string>& keys) {
+    if (Xdotool({"search", "--onlyvisible", "--name", title, "windowfocus"}).Status != 0) return;
     std::vector<std::string> words{"key"};
     words.insert(words.end(), keys.begin(), keys.end());
-    EXPECT_EQ(Xdotool(words).Status, 0);
+    Xdotool(words);
   }
   /// Until the copy of what is unsaved has the event's name.
   void ChangeTheName(Process& program) {
-    Press(program, "Main Menu", {"End", "x"});
-    ASSERT_TRUE(program.Until([this] { return KeptName() == "x"; }));
+    Press(program, "Main Menu", {"ctrl+a", "x"}, [this] { return KeptName() == "x"; });
   }
   [[nodiscard]] std::string KeptName() const {
     if (!std::filesystem::exists(Copy())) return "";
@@ -69,9 +74,8 @@ TEST_F(DesktopFault, AProgramThatASignalKillsLeavesItsSetToTheNextStart) {
     EXPECT_EQ(program.Finish().Status, -number);
 
     Process next(Whole({}), Desktop());
-    Press(next, "Unsaved Board Set", {"alt+y"});
-    ASSERT_TRUE(
-        next.Until([&] { return CountLines(" Unsaved Board Set of ", ": loaded") > ends; }));
+    Press(next, "Unsaved Board Set", {"alt+y"},
+          [&] { return CountLines(" Unsaved Board Set of ", ": loaded") > ends; });
     EXPECT_EQ(CountLines(" Unexpected end of the program that began "), ++ends);
     next.Signal(SIGTERM);
     EXPECT_EQ(next.Finish().Status, 0);
@@ -98,12 +102,15 @@ TEST_F(DesktopFault, AnExceptionOfAMenuEntryKeepsTheSetAndIsToldAndEndsTheProgra
   SetFile("set.pbn", 1, 4);
   Process program(Whole({"set.pbn"}), Desktop("LD_PRELOAD=" MORVANE_THROWING_SYSTEM));
   ChangeTheName(program);
-  Press(program, "Main Menu", {"x", "alt+l", "d"});
-  ASSERT_TRUE(program.Until([this] { return CountLines(" Exit: ") == 1; }));
+  Press(program, "Main Menu", {"ctrl+a", "x", "x", "alt+l", "d"},
+        [this] { return CountLines(" Exit: ") == 1; });
   EXPECT_EQ(CountLines(" Unexpected error: the system has no name"), 1);
   EXPECT_EQ(KeptName(), "xx");
   EXPECT_TRUE(HasMark()) << "the next start says that it was unexpected";
-  Press(program, "^Morvane$", {"Return"});
+  EXPECT_FALSE(program.Until([this] {
+    PressOnce("^Morvane$", {"Return"});
+    return false;
+  })) << "until it has ended";
   EXPECT_EQ(program.Finish().Status, 4);
 }
 
