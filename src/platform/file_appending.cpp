@@ -3,9 +3,7 @@
 #include "platform/files.h"
 
 #ifdef _WIN32
-#include <cstdio>
-
-#include "platform/file_beside.h"
+#include "platform/windows/appended_file.h"
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -34,19 +32,10 @@ std::optional<RuntimeError> RefuseUnlessPlain(const std::string& path) {
 #ifdef _WIN32
 
 std::optional<RuntimeError> Append(const std::string& path, std::string_view lines,
-                                   NewFile /*access*/) {
-  const OpenedFile file(_wfopen(PathOfUtf8(path).c_str(), L"a+b"));
-  if (!file) return RuntimeError::Last();
-  int last = EOF;
-  if (std::fseek(file.get(), -1, SEEK_END) == 0) last = std::fgetc(file.get());
-  std::string bytes(last == EOF ? "" : MissingLineEnd(static_cast<char>(last)));
-  bytes.append(lines);
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  std::fseek(file.get(), 0, SEEK_END);
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
-    return RuntimeError::Last();
-  }
-  return std::nullopt;
+                                   NewFile access) {
+  const AppendedFile file(path, access);
+  if (file.Error()) return file.Error();
+  return file.Add(std::string(MissingLineEnd(file.LastByte())).append(lines));
 }
 
 #else

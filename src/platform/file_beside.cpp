@@ -5,16 +5,17 @@
 #include <chrono>
 #include <cstdint>
 #include <string_view>
+#include <vector>
+
+#include "platform/utf8_of_path.h"
 
 #ifdef _WIN32
-#include <io.h>
+#include "platform/windows/file_beside.h"
 #else
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <vector>
 
 #include "platform/private_file.h"
 #endif
@@ -35,32 +36,14 @@ std::string NewName() {
   return name;
 }
 
-}  // namespace
-
-#ifdef _WIN32
-
-OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile /*access*/) {
-  return OpenedFile(_wfopen(PathOfUtf8(path).c_str(), opening == Opening::kNew ? L"wbx" : L"wb"));
+bool IsOurs(std::string_view name) {
+  return name.size() == kStart.size() + kDigits && name.starts_with(kStart) &&
+         name.find_first_not_of("0123456789abcdef", kStart.size()) == std::string_view::npos;
 }
-
-void CutOff(std::FILE& file, std::uint64_t size) {
-  _chsize_s(_fileno(&file), static_cast<__int64>(size));
-}
-
-// An open file keeps its name there.
-bool LeadsTo(const std::string& /*path*/, std::FILE& /*file*/) { return true; }
-
-namespace {
-
-// Whether the writer lives cannot be told from a file that is closed before it is renamed: what is
-// left stays.
-void ClearLeftBeside(const std::string& /*folder*/) {}
-
-bool SayAlive(FileBeside& /*beside*/) { return true; }
 
 }  // namespace
 
-#else
+#ifndef _WIN32
 
 OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile access) {
   const int flags = O_WRONLY | O_CREAT | O_NONBLOCK | (opening == Opening::kNew ? O_EXCL : O_TRUNC);
@@ -83,11 +66,6 @@ bool LeadsTo(const std::string& path, std::FILE& file) {
 
 namespace {
 
-bool IsOurs(std::string_view name) {
-  return name.size() == kStart.size() + kDigits && name.starts_with(kStart) &&
-         name.find_first_not_of("0123456789abcdef", kStart.size()) == std::string_view::npos;
-}
-
 /// Removes the file if nobody holds its lock: whoever writes it does, from its first byte until it
 /// has its last name.
 void ClearIfDead(const std::string& path) {
@@ -101,17 +79,6 @@ void ClearIfDead(const std::string& path) {
     unlink(path.c_str());
   }
   close(file);
-}
-
-void ClearLeftBeside(const std::string& folder) {
-  std::error_code failure;
-  std::vector<std::string> left;
-  std::filesystem::directory_iterator entry(PathOfUtf8(folder.empty() ? "." : folder), failure);
-  for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
-    const std::string name = entry->path().filename().string();
-    if (IsOurs(name)) left.push_back(folder + name);
-  }
-  for (const std::string& path : left) ClearIfDead(path);
 }
 
 /// Takes the file's lock. False when another program has just taken the new file for a dead one's.
@@ -128,6 +95,21 @@ bool SayAlive(FileBeside& beside) {
 }  // namespace
 
 #endif
+
+namespace {
+
+void ClearLeftBeside(const std::string& folder) {
+  std::error_code failure;
+  std::vector<std::string> left;
+  std::filesystem::directory_iterator entry(PathOfUtf8(folder.empty() ? "." : folder), failure);
+  for (; !failure && entry != std::filesystem::directory_iterator(); entry.increment(failure)) {
+    const std::string name = Utf8OfPath(entry->path().filename());
+    if (IsOurs(name)) left.push_back(folder + name);
+  }
+  for (const std::string& path : left) ClearIfDead(path);
+}
+
+}  // namespace
 
 FileBeside OpenBeside(const std::string& path, NewFile access) {
   constexpr int kMostNames = 1000;

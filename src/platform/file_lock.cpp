@@ -7,7 +7,8 @@
 #include "platform/files.h"
 
 #ifdef _WIN32
-#include <windows.h>
+#include "platform/windows/opening.h"
+#include "platform/windows/system_error.h"
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -23,19 +24,17 @@ namespace {
 
 std::intptr_t OpenLockFile(const std::string& path) {
   return reinterpret_cast<std::intptr_t>(
-      CreateFileW(PathOfUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE,
-                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                  FILE_ATTRIBUTE_NORMAL, nullptr));
+      OpenShared(path, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, NewFile::kPrivate).release());
 }
 
 bool LockFile(std::intptr_t file) {
-  OVERLAPPED whole{};
-  const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
-  return LockFileEx(reinterpret_cast<HANDLE>(file), flags, 0, 1, 0, &whole) != 0;
+  const bool locked = TakeLock(reinterpret_cast<HANDLE>(file));
+  if (!locked) KeepLastError();
+  return locked;
 }
 
 /// After `LockFile` has failed.
-bool HeldByAnother() { return GetLastError() == ERROR_LOCK_VIOLATION; }
+bool HeldByAnother() { return IsHeldByAnother(); }
 
 void CloseLockFile(std::intptr_t file) { CloseHandle(reinterpret_cast<HANDLE>(file)); }
 

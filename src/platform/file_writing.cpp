@@ -8,6 +8,9 @@
 
 #ifdef _WIN32
 #include <io.h>
+
+#include "platform/windows/access_list.h"
+#include "platform/windows/replacing.h"
 #else
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,7 +23,14 @@ namespace {
 
 bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
 
-void KeepOwner(std::FILE* /*file*/, const std::string& /*old*/) {}
+// Where the replacement cannot take over what the old file was.
+void KeepOwner(std::FILE* file, const std::string& old) {
+  CopyAccess(PathOfUtf8(old).wstring(), reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file))));
+}
+
+std::optional<RuntimeError> Rename(const std::string& from, const std::string& to) {
+  return PutInPlace(PathOfUtf8(from), PathOfUtf8(to));
+}
 
 #else
 
@@ -33,6 +43,13 @@ void KeepOwner(std::FILE* file, const std::string& old) {
   if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
     [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
   }
+}
+
+std::optional<RuntimeError> Rename(const std::string& from, const std::string& to) {
+  std::error_code failure;
+  std::filesystem::rename(PathOfUtf8(from), PathOfUtf8(to), failure);
+  if (failure) return RuntimeError::Of(failure);
+  return std::nullopt;
 }
 
 #endif
@@ -82,10 +99,7 @@ std::optional<RuntimeError> Write(const std::string& path, std::string_view byte
   if (!beside.File) return RuntimeError::Last();
   if (replaces) TakeAfter(beside, path, access);
   auto error = WriteAndClose(std::move(beside.File), bytes, Lasting::kSafe);
-  if (!error) {
-    std::filesystem::rename(PathOfUtf8(beside.Name), PathOfUtf8(path), failure);
-    if (failure) error = RuntimeError::Of(failure);
-  }
+  if (!error) error = Rename(beside.Name, path);
   if (error) std::filesystem::remove(PathOfUtf8(beside.Name), failure);
   return error;
 }

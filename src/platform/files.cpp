@@ -8,7 +8,9 @@
 #include "platform/file_beside.h"
 #include "platform/utf8_of_path.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include "platform/windows/opening.h"
+#else
 #include <fcntl.h>
 #endif
 
@@ -17,7 +19,7 @@ namespace {
 
 OpenedFile OpenToRead(const std::string& path) {
 #ifdef _WIN32
-  return OpenedFile(_wfopen(PathOfUtf8(path).c_str(), L"rb"));
+  return StreamOf(OpenShared(path, GENERIC_READ, OPEN_EXISTING), "rb");
 #else
   // What has become a pipe meanwhile is not waited for.
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);

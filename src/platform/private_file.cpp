@@ -1,34 +1,15 @@
 #include "platform/private_file.h"
 
-#include <filesystem>
-
-#include "platform/files.h"
-
-#ifndef _WIN32
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#endif
+#include <filesystem>
+
+#include "platform/files.h"
 
 namespace morvane {
-
-#ifdef _WIN32
-
-// A user's folders are the user's alone there.
-void MakePrivate(const std::string& /*path*/) {}
-
-std::optional<RuntimeError> MakePrivateFolder(const std::string& path) {
-  std::error_code failure;
-  if (std::filesystem::is_directory(PathOfUtf8(path), failure)) return std::nullopt;
-  failure.clear();
-  std::filesystem::create_directories(PathOfUtf8(path), failure);
-  if (failure) return RuntimeError::Of(failure);
-  return std::nullopt;
-}
-
-#else
 
 namespace {
 
@@ -114,7 +95,5 @@ std::optional<RuntimeError> MakePrivateFolder(const std::string& path) {
   MakePrivate(path);
   return std::nullopt;
 }
-
-#endif
 
 }  // namespace morvane

@@ -1,7 +1,5 @@
 #pragma once
 
-#ifndef _WIN32
-
 #include <string>
 
 #include "platform/files.h"
@@ -13,5 +11,3 @@ namespace morvane {
 [[nodiscard]] int OpenWithRights(const std::string& path, int flags, NewFile access);
 
 }  // namespace morvane
-
-#endif

@@ -3,11 +3,9 @@
 #include <algorithm>
 
 #ifdef _WIN32
-// The second needs the types of the first.
-// clang-format off
 #include <windows.h>
-#include <bcrypt.h>
-// clang-format on
+// It needs the types of the first, and names SystemFunction036 as the system's documents do.
+#include <ntsecapi.h>
 #elif defined(__APPLE__)
 #include <sys/random.h>
 #else
@@ -21,9 +19,7 @@ constexpr std::size_t kBlock = 256;  // getentropy gives no more at a time
 
 Entropy::Answer FillBlock(std::span<std::uint8_t> block) {
 #ifdef _WIN32
-  const NTSTATUS status = BCryptGenRandom(nullptr, block.data(), static_cast<ULONG>(block.size()),
-                                          BCRYPT_USE_SYSTEM_PREFERRED_RNG);
-  return {status >= 0, std::nullopt};
+  return {RtlGenRandom(block.data(), static_cast<ULONG>(block.size())) != FALSE, std::nullopt};
 #else
   if (getentropy(block.data(), block.size()) != 0) return {false, RuntimeError::Last()};
   return {true, std::nullopt};

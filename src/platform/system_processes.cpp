@@ -8,6 +8,9 @@
 
 #ifdef _WIN32
 #include <windows.h>
+
+#include "platform/windows/system_error.h"
+#include "platform/windows/wide.h"
 #else
 #include <fcntl.h>
 #include <pthread.h>
@@ -37,14 +40,6 @@ class SystemChild final : public ChildProcess {
  private:
   HANDLE process_;
 };
-
-std::wstring Wide(const std::string& text) {
-  const int size =
-      MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(size), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), wide.data(), size);
-  return wide;
-}
 
 /// As a program of this system takes its command line apart: a quote, and the backslashes in front
 /// of one, have a backslash each.
@@ -187,7 +182,7 @@ StartedProcess SystemProcesses::Start(const ProcessOrder& order) {
   if (!CreateProcessW(Wide(order.Path).c_str(), line.data(), nullptr, nullptr, FALSE,
                       CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT, variables.data(), nullptr,
                       &start, &made)) {
-    return {nullptr, RuntimeError::Of({static_cast<int>(GetLastError()), std::system_category()})};
+    return {nullptr, LastSystemError()};
   }
   CloseHandle(made.hThread);
   return {std::make_unique<SystemChild>(made.hProcess), std::nullopt};

@@ -7,7 +7,7 @@
 #include "platform/files.h"
 
 #ifdef _WIN32
-#include <io.h>
+#include "platform/windows/opening.h"
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -31,8 +31,7 @@ std::optional<RuntimeError> TryFolderOf(const std::string& path) {
 
 bool MayWrite(const std::string& path) {
 #ifdef _WIN32
-  constexpr int kToWrite = 2;
-  return _waccess(PathOfUtf8(path).c_str(), kToWrite) == 0;
+  return OpenShared(path, GENERIC_WRITE, OPEN_EXISTING) != nullptr;
 #else
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 #endif

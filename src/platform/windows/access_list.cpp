@@ -1,0 +1,137 @@
+#include "platform/windows/access_list.h"
+
+// The others need the types of windows.h, which is there.
+#include <aclapi.h>
+#include <sddl.h>
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "platform/windows/handle.h"
+
+namespace morvane {
+namespace {
+
+struct LocalMemory {
+  void operator()(void* memory) const { LocalFree(memory); }
+};
+using LocalPointer = std::unique_ptr<void, LocalMemory>;
+
+/// What the program's token says of `what`; empty where it says nothing.
+std::vector<std::byte> OfToken(TOKEN_INFORMATION_CLASS what) {
+  HANDLE opened = nullptr;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) return {};
+  const OpenedHandle token(opened);
+  DWORD size = 0;
+  GetTokenInformation(token.get(), what, nullptr, 0, &size);
+  std::vector<std::byte> answer(size);
+  if (!GetTokenInformation(token.get(), what, answer.data(), size, &size)) return {};
+  return answer;
+}
+
+/// The program's user, as long as this lives.
+class User {
+ public:
+  [[nodiscard]] PSID Get() const {
+    return answer_.empty() ? nullptr
+                           : reinterpret_cast<const TOKEN_USER*>(answer_.data())->User.Sid;
+  }
+
+ private:
+  std::vector<std::byte> answer_ = OfToken(TokenUser);
+};
+
+std::wstring TextOf(PSID who) {
+  wchar_t* text = nullptr;
+  if (who == nullptr || !ConvertSidToStringSidW(who, &text)) return {};
+  const LocalPointer kept(text);
+  return text;
+}
+
+/// The list in the system's own words: for the user and the system, all rights, for what is made
+/// within as well.
+void* MakeList() {
+  const std::wstring user = TextOf(User().Get());
+  if (user.empty()) return nullptr;
+  const std::wstring words = L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)";
+  void* list = nullptr;
+  const BOOL made = ConvertStringSecurityDescriptorToSecurityDescriptorW(
+      words.c_str(), SDDL_REVISION_1, &list, nullptr);
+  return made ? list : nullptr;
+}
+
+ACL* ListIn(void* description) {
+  BOOL present = FALSE;
+  BOOL defaulted = FALSE;
+  ACL* list = nullptr;
+  const BOOL got = GetSecurityDescriptorDacl(description, &present, &list, &defaulted);
+  return got && present ? list : nullptr;
+}
+
+/// Owner and list of what stands at a path.
+struct Access {
+  explicit Access(const std::wstring& path) {
+    void* description = nullptr;
+    const DWORD error = GetNamedSecurityInfoW(
+        path.c_str(), SE_FILE_OBJECT, OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION,
+        &Owner, nullptr, &List, nullptr, &description);
+    Known = error == ERROR_SUCCESS;
+    Kept.reset(description);
+  }
+  bool Known = false;
+  PSID Owner = nullptr;
+  ACL* List = nullptr;
+  LocalPointer Kept;
+};
+
+/// Not persons, or persons who get in whatever a list says.
+bool MayBeLetIn(PSID who, PSID user) {
+  return EqualSid(who, user) || IsWellKnownSid(who, WinLocalSystemSid) ||
+         IsWellKnownSid(who, WinBuiltinAdministratorsSid) ||
+         IsWellKnownSid(who, WinCreatorOwnerSid) || IsWellKnownSid(who, WinCreatorOwnerRightsSid);
+}
+
+bool LetsInOthers(ACL* list, PSID user) {
+  for (DWORD i = 0; i < list->AceCount; ++i) {
+    void* entry = nullptr;
+    if (!GetAce(list, i, &entry)) return true;
+    auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
+    if (allowed->Header.AceType == ACCESS_ALLOWED_ACE_TYPE && allowed->Mask != 0 &&
+        !MayBeLetIn(&allowed->SidStart, user)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+OwnAccess::OwnAccess() : list_(MakeList()) {
+  attributes_.nLength = sizeof attributes_;
+  attributes_.lpSecurityDescriptor = list_.get();
+}
+
+void OwnAccess::GiveTo(const std::wstring& path) const {
+  if (!list_) return;
+  std::wstring name = path;
+  SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
+                        DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr,
+                        nullptr, ListIn(list_.get()), nullptr);
+}
+
+bool IsOwnAndTooOpen(const std::wstring& path) {
+  const User user;
+  const Access access(path);
+  if (!access.Known || user.Get() == nullptr || !EqualSid(access.Owner, user.Get())) return false;
+  return access.List == nullptr || LetsInOthers(access.List, user.Get());
+}
+
+void CopyAccess(const std::wstring& from, HANDLE to) {
+  const Access access(from);
+  if (!access.Known) return;
+  SetSecurityInfo(to, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, access.List,
+                  nullptr);
+}
+
+}  // namespace morvane

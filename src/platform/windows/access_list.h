@@ -1,0 +1,36 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+namespace morvane {
+
+/// The access list of what is this user's alone: the user, and the system, which keeps copies and
+/// looks for viruses. It takes nothing over from the folder; what is made in a private folder takes
+/// it over.
+class OwnAccess {
+ public:
+  OwnAccess();
+  /// For the making of a file or folder; null where there is none, and the folder decides.
+  [[nodiscard]] SECURITY_ATTRIBUTES* Get() { return list_ ? &attributes_ : nullptr; }
+  /// Gives it to what is there.
+  void GiveTo(const std::wstring& path) const;
+
+ private:
+  struct LetGo {
+    void operator()(void* memory) const { LocalFree(memory); }
+  };
+  std::unique_ptr<void, LetGo> list_;
+  SECURITY_ATTRIBUTES attributes_{};
+};
+
+/// Whether this user owns it, and its list lets in anybody but this user, the system and its
+/// administrators.
+[[nodiscard]] bool IsOwnAndTooOpen(const std::wstring& path);
+
+/// Gives `to` the access list that `from` has, as far as the system lets us.
+void CopyAccess(const std::wstring& from, HANDLE to);
+
+}  // namespace morvane

@@ -1,0 +1,61 @@
+#include "platform/windows/opening.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "platform/windows/access_list.h"
+#include "platform/windows/system_error.h"
+
+namespace morvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The system refuses a folder as it refuses what is not ours, and what is in a file as what is not
+/// there.
+int ErrorAt(const fs::path& path, int number) {
+  std::error_code failure;
+  if (number == EACCES && fs::is_directory(path, failure)) return EISDIR;
+  const fs::path folder = path.parent_path();
+  const bool inFile = fs::exists(folder, failure) && !fs::is_directory(folder, failure);
+  return number == ENOENT && inFile ? ENOTDIR : number;
+}
+
+}  // namespace
+
+OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition, NewFile access) {
+  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  if (access == NewFile::kPrivate) MakePrivate(path);
+  OwnAccess own;
+  SECURITY_ATTRIBUTES* const list = access == NewFile::kPrivate ? own.Get() : nullptr;
+  const fs::path name = PathOfUtf8(path);
+  OpenedHandle file = TakeHandle(
+      CreateFileW(name.c_str(), rights, kAll, list, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) errno = ErrorAt(name, ErrnoOf(GetLastError()));
+  return file;
+}
+
+OpenedFile StreamOf(OpenedHandle handle, const char* mode) {
+  if (!handle) return nullptr;
+  const int file = _open_osfhandle(reinterpret_cast<std::intptr_t>(handle.get()), _O_BINARY);
+  if (file < 0) return nullptr;
+  static_cast<void>(handle.release());
+  return OpenedFile(_fdopen(file, mode));
+}
+
+bool TakeLock(HANDLE file) {
+  OVERLAPPED behindAllBytes{};
+  behindAllBytes.OffsetHigh = 0x40000000;
+  const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+  return LockFileEx(file, flags, 0, 1, 0, &behindAllBytes) != 0;
+}
+
+bool IsHeldByAnother() {
+  const DWORD error = GetLastError();
+  return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING;
+}
+
+}  // namespace morvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_beside.h"
+#include "platform/files.h"
+#include "platform/windows/handle.h"
+
+namespace morvane {
+
+/// How `CreateFileW` is called for `path`: `rights` are those of the handle, `disposition` says
+/// what may be there. Others may read, write, rename and remove the file while we have it. A file
+/// made or opened as private is this user's alone then, unless it belongs to another. None, and
+/// `errno`, when it fails.
+[[nodiscard]] OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition,
+                                      NewFile access = NewFile::kOpen);
+
+/// A stream of the C library on the handle; `mode` as `fopen` has it.
+[[nodiscard]] OpenedFile StreamOf(OpenedHandle handle, const char* mode);
+
+/// Takes a lock that hinders nobody's reading or writing, without waiting, until the handle is
+/// closed. False, and the system's error, when it cannot be had.
+[[nodiscard]] bool TakeLock(HANDLE file);
+/// After `TakeLock` has failed.
+[[nodiscard]] bool IsHeldByAnother();
+
+}  // namespace morvane
