@@ -1,13 +1,14 @@
 #pragma once
 
 #include <csignal>
+#include <memory>
 #include <string>
 
 #include "platform/files.h"
-#include "platform/ini_settings.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/system_clock.h"
 #include "platform/system_entropy.h"
+#include "platform/system_settings.h"
 #include "platform/user_folders.h"
 #include "platform/utf8_of_path.h"
 #include "program/program.h"
@@ -20,8 +21,12 @@ struct SystemParts {
   SystemParts(const std::string& argv0, const std::string& data, const std::string& settings)
       : Paths{ApplicationFolder(argv0), ""},
         SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
-        Store(SettingsFile) {
+        OpenedStore(OpenSettings(settings.empty() ? "" : SettingsFile)) {
+#ifdef _WIN32
+    if (!settings.empty()) Paths.Settings = SettingsFile;  // the user's own are in no file
+#else
     Paths.Settings = SettingsFile;
+#endif
     Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : FolderPath(data);
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others
@@ -33,11 +38,12 @@ struct SystemParts {
   }
 
   ProgramPaths Paths;
-  std::string SettingsFile;
+  std::string SettingsFile;  ///< names the user's own store, too, where no file holds it
   SystemClock Time;
   SystemEntropy Random;
   QtEventLoop Loop;
-  IniSettings Store;
+  std::unique_ptr<Settings> OpenedStore;
+  Settings& Store = *OpenedStore;
 };
 
 }  // namespace morvane

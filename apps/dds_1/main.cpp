@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ini_settings.h"
+#include "platform/system_settings.h"
 #include "platform/user_folders.h"
 #include "solver/adapter.h"
 
@@ -10,11 +10,9 @@
 // in the settings store.
 
 int main(int argc, char** argv) {
-  const char* named = std::getenv("MORVANE_SETTINGS");
-  morvane::IniSettings store(named != nullptr && *named != '\0' ? named
-                                                                : morvane::DefaultSettingsFile());
+  const auto store = morvane::OpenSettings(morvane::EnvironmentText("MORVANE_SETTINGS"));
   const std::vector<std::string> tokens(argv + 1, argv + argc);
-  const int status = morvane::solver::Answer(store, tokens, morvane::solver::LibraryVersion(),
+  const int status = morvane::solver::Answer(*store, tokens, morvane::solver::LibraryVersion(),
                                              morvane::solver::CalcTable);
   // The library cannot be told to stop.
   std::_Exit(status);

@@ -8,6 +8,8 @@
 
 #ifdef _WIN32
 #include <windows.h>
+
+#include "platform/windows/wide.h"
 #else
 #include <pwd.h>
 #include <unistd.h>
@@ -21,13 +23,7 @@ constexpr std::string_view kSettingsFile = "morvane.exe.ini";
 
 /// A folder from the environment; only an absolute path counts.
 std::string EnvironmentFolder(const char* name) {
-#ifdef _WIN32
-  const wchar_t* text = _wgetenv(std::filesystem::path(name).c_str());
-#else
-  const char* text = std::getenv(name);
-#endif
-  if (text == nullptr) return {};
-  std::filesystem::path folder(text);
+  std::filesystem::path folder = PathOfUtf8(EnvironmentText(name));
   if (!folder.is_absolute()) return {};
   if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
   return Utf8OfPath(folder);
@@ -36,6 +32,11 @@ std::string EnvironmentFolder(const char* name) {
 }  // namespace
 
 #ifdef _WIN32
+
+std::string EnvironmentText(const char* name) {
+  const wchar_t* const text = _wgetenv(Wide(name).c_str());
+  return text == nullptr ? "" : Utf8(text);
+}
 
 std::string HomeFolder() {
   const std::string home = EnvironmentFolder("USERPROFILE");
@@ -61,6 +62,11 @@ std::string DefaultSettingsFile() {
 }
 
 #else
+
+std::string EnvironmentText(const char* name) {
+  const char* const text = std::getenv(name);
+  return text == nullptr ? "" : text;
+}
 
 std::string HomeFolder() {
   if (std::string home = EnvironmentFolder("HOME"); !home.empty()) return home;

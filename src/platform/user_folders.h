@@ -7,6 +7,8 @@ namespace morvane {
 // Where things are for this user, as absolute paths without a separator at the end. Nothing is made
 // here.
 
+/// A variable of the environment; empty where it is not set.
+[[nodiscard]] std::string EnvironmentText(const char* name);
 [[nodiscard]] std::string HomeFolder();
 /// The folder of the running program. `argv0` serves where the system does not tell.
 [[nodiscard]] std::string ApplicationFolder(const std::string& argv0);
