@@ -1,9 +1,11 @@
 // What may go wrong with the files of a trace.
 
+#ifndef _WIN32
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <array>
 #include <csignal>
@@ -55,6 +57,7 @@ TEST_F(TraceTrouble, AFolderIsNoPlaceForATrace) {
   EXPECT_EQ(Trouble(), Path + ": this is a folder");
 }
 
+#ifndef _WIN32  // links take rights that a user lacks
 TEST_F(TraceTrouble, ALinkIsNotFollowed) {
   WriteContent(Folder / "behind", kTraceHead);
   std::filesystem::create_symlink(Folder / "behind", Path);
@@ -74,18 +77,21 @@ TEST_F(TraceTrouble, AnythingElseIsNoPlainFile) {
   const TraceFile device({.Path = "/dev/null", .Machine = "usb"}, Clock);
   EXPECT_EQ(device.Trouble(), "/dev/null: this is no plain file");
 }
+#endif
 
 TEST_F(TraceTrouble, AMissingFolderIsSaidByTheSystem) {
   const TraceFile trace({.Path = Folder / "none/run.trace", .Machine = "usb"}, Clock);
   EXPECT_EQ(trace.Trouble(), Folder / "none/run.trace" + ": No such file or directory");
 }
 
+#ifndef _WIN32  // rights are access lists
 TEST_F(TraceTrouble, SoAreMissingRights) {
   ASSERT_EQ(chmod(Folder.Path().c_str(), 0755), 0);
   const PlainUser user;
   ASSERT_TRUE(user.Ok());
   EXPECT_EQ(Trouble(), Path + ": Permission denied");
 }
+#endif
 
 TEST_F(TraceTrouble, TheNameOfALockIsNone) {
   const std::string path = Folder / "run.trace.lock";
@@ -105,11 +111,13 @@ TEST_F(TraceTrouble, ANameOfAnOldPartIsNone) {
   }
 }
 
+#ifndef _WIN32  // links take rights that a user lacks
 TEST_F(TraceTrouble, ALockIsNotTakenThroughALink) {
   std::filesystem::create_symlink(Folder / "nowhere", Path + ".lock");
   EXPECT_EQ(Trouble(), Path + ".lock: this is a link");
   EXPECT_FALSE(std::filesystem::exists(Folder / "nowhere"));
 }
+#endif
 
 TEST_F(TraceTrouble, OneThatNeverBeganTakesNoLines) {
   std::filesystem::create_directory(Path);
@@ -118,6 +126,7 @@ TEST_F(TraceTrouble, OneThatNeverBeganTakesNoLines) {
   EXPECT_EQ(trace.Trouble(), Path + ": this is a folder");
 }
 
+#ifndef _WIN32  // links take rights that a user lacks
 TEST_F(TraceTrouble, WhatHasComeSinceItWasMadeIsSeen) {
   TraceFile trace(Order(), Clock);
   std::filesystem::create_symlink(Folder / "nowhere", Path + ".lock");
@@ -126,6 +135,7 @@ TEST_F(TraceTrouble, WhatHasComeSinceItWasMadeIsSeen) {
   EXPECT_FALSE(std::filesystem::exists(Folder / "nowhere"));
   EXPECT_FALSE(std::filesystem::exists(Path));
 }
+#endif
 
 TEST_F(TraceTrouble, AnotherProgramMayNotWriteTheSameTrace) {
   TraceFile first(Order(), Clock);
@@ -150,6 +160,7 @@ TEST_F(TraceTrouble, TheNextProgramMay) {
   EXPECT_EQ(Content(Path + ".1"), kTraceHead + kText + "# end\n");
 }
 
+#ifndef _WIN32  // no limit for files, no device that is full
 TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
   TraceFile trace(Order(), Clock);
   WriteLine(trace);
@@ -205,6 +216,7 @@ TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesNothing) {
   EXPECT_EQ(trace.Trouble(), Path + ": File too large");
   EXPECT_FALSE(std::filesystem::exists(Path));
 }
+#endif
 
 class TraceOfParts : public TraceTrouble {
  protected:
@@ -216,6 +228,7 @@ class TraceOfParts : public TraceTrouble {
   }
 };
 
+#ifndef _WIN32  // no limit for files, no device that is full
 TEST_F(TraceOfParts, ADiskThatIsFullAtTheNextPartLeavesTheLastItsName) {
   TraceFile trace(Parts(), Clock);
   WriteLine(trace);
@@ -227,6 +240,7 @@ TEST_F(TraceOfParts, ADiskThatIsFullAtTheNextPartLeavesTheLastItsName) {
   EXPECT_TRUE(Content(Path + ".1").ends_with("# part 1\n" + kText));
   EXPECT_FALSE(std::filesystem::exists(Path + ".2"));
 }
+#endif
 
 TEST_F(TraceOfParts, WhatIsNoTraceByNowIsNotMovedOn) {
   TraceFile trace(Parts(), Clock);
@@ -259,6 +273,7 @@ TEST_F(TraceOfParts, AFolderThatWentEndsThem) {
   EXPECT_EQ(trace.Trouble(), Path + ": No such file or directory; the trace ends here");
 }
 
+#ifndef _WIN32  // no limit for files, no device that is full
 TEST_F(TraceTrouble, ALinkDoesNotSufferFromIt) {
   auto scripted = std::make_unique<test::ScriptedBridge>(Clock);
   scripted->Unread = {1, 2, 3};
@@ -271,7 +286,9 @@ TEST_F(TraceTrouble, ALinkDoesNotSufferFromIt) {
   EXPECT_EQ(bytes[2], 3);
   EXPECT_NE(usb.File().Trouble(), "");
 }
+#endif
 
+#ifndef _WIN32  // no fork
 /// Writes until it is killed; the first lines have been written when this returns.
 class KilledWriter {
  public:
@@ -316,6 +333,7 @@ TEST_F(TraceTrouble, AProgramThatIsKilledLeavesWholeLinesAndNoLock) {
   WriteLine(next);
   EXPECT_EQ(next.Trouble(), "");
 }
+#endif
 
 }  // namespace
 }  // namespace morvane::bridges

@@ -71,6 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
             "BRI format.\nIf you need to save this Board Set please use PBN or BRE format.\n",
             "1", true}));
 
+#ifndef _WIN32  // no folder of processes
 TEST(GenerateCommand, AFolderThatCannotBeWrittenInIsSeenBeforeTheSetIsMade) {
   CliDesk desk;
   GenerateOptions request = Fresh(desk);
@@ -79,6 +80,7 @@ TEST(GenerateCommand, AFolderThatCannotBeWrittenInIsSeenBeforeTheSetIsMade) {
   EXPECT_THAT(desk.Screen.Errors, StartsWith("Save Error: /proc/self/set.pbn: Error: 2 "));
   EXPECT_EQ(Logged(desk, "  Generate: "), "");
 }
+#endif
 
 TEST(GenerateCommand, WhatIsAskedBeforeTheSetIsMadeIsAskedOnce) {
   CliDesk desk;

@@ -102,6 +102,7 @@ TEST(FailedLoad, ADirectoryIsTheSystemsError) {
   ExpectNoSet(desk.Prog.Set);
 }
 
+#ifndef _WIN32  // no folder of processes
 TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
   LoadDesk desk;
   std::filesystem::create_symlink("/proc/self/mem", desk.Folder / "x.pbn");
@@ -110,6 +111,7 @@ TEST(FailedLoad, AFileThatCannotBeReadIsTheSystemsError) {
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(LoadFailure("5", "Input/output error")));
   ExpectNoSet(desk.Prog.Set);
 }
+#endif
 
 TEST(FailedLoad, EveryLaterOneShowsTheFirstOnesWords) {
   LoadDesk desk;

@@ -25,6 +25,7 @@ TEST(GenerateResult, LogsSwitchesCountersAndTheLongFormOfEachBoard) {
   EXPECT_EQ(lines[4].substr(0, 9), "   010 : ");
 }
 
+#ifndef _WIN32  // no count of what is opened
 TEST(GenerateResult, LogsTheSetInOneAppend) {
   GenerateDesk desk;
   desk.Prog.Log.WriteLine("---");
@@ -33,6 +34,7 @@ TEST(GenerateResult, LogsTheSetInOneAppend) {
   EXPECT_EQ(appends.Get(), 1);
   EXPECT_EQ(desk.LogLines().size(), 1U + 33U);
 }
+#endif
 
 TEST(GenerateResult, LogsEachSwitchInItsPlace) {
   const std::vector<std::pair<RejectionSwitches, std::string>> switches = {

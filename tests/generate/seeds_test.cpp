@@ -75,6 +75,7 @@ TEST(PrepareNumberSeeds, LogsBitsPoolAndBothSeeds) {
                           "  Seedr: " + kSeedrText, "  Seedo: " + SeedoText()));
 }
 
+#ifndef _WIN32  // no count of what is opened
 TEST(PrepareNumberSeeds, BothSeedsAreOneAppendSoThatNoOtherSeedComesBetween) {
   SeedDesk desk;
   desk.Prog.Log.WriteLine("---");
@@ -85,6 +86,7 @@ TEST(PrepareNumberSeeds, BothSeedsAreOneAppendSoThatNoOtherSeedComesBetween) {
       UseNumberSeeds(desk.Prog, desk.Gen.Number, std::string(40, '1'), std::string(40, '2')));
   EXPECT_EQ(appends.Get(), 1);
 }
+#endif
 
 TEST(PrepareNumberSeeds, StartsTheCountersAnew) {
   SeedDesk desk;

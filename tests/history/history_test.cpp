@@ -64,6 +64,7 @@ TEST(History, WithoutAFolderTellsTheOperatorAndStaysOff) {
   EXPECT_EQ(history.Ring().HistorySimilarity(test::RoundBoard(1)).Cards, 0);
 }
 
+#ifndef _WIN32  // no folder of processes
 TEST(History, AFolderThatCannotBeMadeIsReportedWithTheSystemsWords) {
   StartingDesk desk("/proc/self/Morvane_Data");
   History history;
@@ -71,6 +72,7 @@ TEST(History, AFolderThatCannotBeMadeIsReportedWithTheSystemsWords) {
   ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
   EXPECT_NE(desk.Ui.Boxes[0].Text.find("      No such file or directory\r\n"), std::string::npos);
 }
+#endif
 
 /// A desk whose history is on, with boards 1 and 2 as its set.
 struct HistoryDesk : TestDesk {
@@ -150,6 +152,7 @@ TEST(History, AFileLargerThanAFullRingIsNone) {
   EXPECT_EQ(std::filesystem::file_size(file), 320'001U) << "it stays as it is";
 }
 
+#ifndef _WIN32  // no pipes among files
 TEST(History, APipeInItsPlaceIsAnErrorAndNotWaitedFor) {
   TestDesk desk;
   ASSERT_EQ(mkfifo((desk.Prog.Paths.Data + "/history1.dat").c_str(), 0600), 0);
@@ -195,6 +198,7 @@ TEST(History, AFailedWriteTurnsItOffAndEmptiesTheRing) {
   EXPECT_EQ(desk.History.Ring().HistorySimilarity(test::RoundBoard(1)).Cards, 0);
   EXPECT_EQ(test::Content(desk.File), before) << "every earlier entry is still there";
 }
+#endif
 
 TEST(History, TheBoxOfAFailureLeavesItsLineInTheLogAlsoWhileTheFolderIsShared) {
   HistoryDesk desk;

@@ -13,7 +13,6 @@ using ::testing::HasSubstr;
 
 using SignatureOfLength = std::size_t (*)(const char* text);
 
-#ifndef _WIN32
 TEST(SharedLibraryTest, ALibraryOfTheSystemsIsFoundByItsBareName) {
   const SharedLibrary library("libc.so.6");
   ASSERT_TRUE(library.IsLoaded()) << library.Trouble();
@@ -36,7 +35,6 @@ TEST(SharedLibraryTest, ABareNameIsNotLookedForInTheWorkingDirectory) {
   EXPECT_TRUE(SharedLibrary("./libhere.so").IsLoaded()) << "it is one all the same";
   std::filesystem::current_path(before);
 }
-#endif
 
 TEST(SharedLibraryTest, WhatIsNotThereIsToldInTheSystemsWords) {
   const SharedLibrary library("/nowhere/libnone.so");

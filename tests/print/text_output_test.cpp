@@ -276,6 +276,7 @@ TEST(PrintToTextFile, AFileThatCannotBeWrittenIsTold) {
                                             16, "Printing Error"}));
 }
 
+#ifndef _WIN32  // no limit for files, no device that is full
 TEST(PrintToTextFile, AFullDiskIsToldAndLeavesTheOldFile) {
   TextDesk desk;
   test::WriteContent(desk.Path, "old");
@@ -289,6 +290,7 @@ TEST(PrintToTextFile, AFullDiskIsToldAndLeavesTheOldFile) {
   EXPECT_THAT(desk.Ui.Boxes.front().Text, HasSubstr("Error: 27 during printing - File too large"));
   EXPECT_EQ(test::Content(desk.Path), "old");
 }
+#endif
 
 }  // namespace
 }  // namespace morvane::print

@@ -60,9 +60,11 @@ TEST(UnsavedCopy, StandsASecondAfterAChangeAndIsTheUsersAlone) {
   EXPECT_EQ(copy->Set.LastBoard, 5);
   EXPECT_EQ(copy->Set.At(4), desk.Prog.Set.At(4));
   EXPECT_EQ(copy->When, "2026-03-03 3:04:07 PM");
+#ifndef _WIN32  // rights are access lists
   struct stat status {};
   ASSERT_EQ(stat(desk.Copy().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
+#endif
 }
 
 TEST(UnsavedCopy, HasWhatTheEditorChangedThoughNobodyIsAskedAboutIt) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#ifndef _WIN32
+
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -40,3 +42,5 @@ class AppendCount {
 };
 
 }  // namespace morvane::test
+
+#endif

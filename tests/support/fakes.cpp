@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <numeric>
+#include <random>
 
 #include "platform/files.h"
+#include "platform/utf8_of_path.h"
 
 namespace morvane::test {
 
@@ -96,10 +98,23 @@ std::filesystem::path ParentOf(FolderPlace place) {
 
 }  // namespace
 
+#ifdef _WIN32
+
+TempFolder::TempFolder(FolderPlace place) {
+  std::random_device chance;
+  do {
+    path_ = ParentOf(place) / ("morvane_test_" + std::to_string(chance()));
+  } while (!std::filesystem::create_directory(path_));
+}
+
+#else
+
 TempFolder::TempFolder(FolderPlace place) {
   std::string pattern = (ParentOf(place) / "morvane_test_XXXXXX").string();
   path_ = mkdtemp(pattern.data());
 }
+
+#endif
 
 TempFolder::~TempFolder() {
   std::error_code ignored;
@@ -110,7 +125,9 @@ TempFolder::~TempFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TempFolder::operator/(const std::string& name) const { return (path_ / name).string(); }
+std::string TempFolder::operator/(const std::string& name) const {
+  return Utf8OfPath(path_ / PathOfUtf8(name));
+}
 
 TestDesk::TestDesk()
     : Prog({Ui, Loop, Clock, Store, Random, Speaker, ThePrinter},

@@ -1,5 +1,7 @@
 #pragma once
 
+#ifndef _WIN32
+
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -29,3 +31,5 @@ class FileSizeLimit {
 };
 
 }  // namespace morvane::test
+
+#endif

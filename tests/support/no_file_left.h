@@ -1,5 +1,7 @@
 #pragma once
 
+#ifndef _WIN32
+
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -22,3 +24,5 @@ class NoFileLeft {
 };
 
 }  // namespace morvane::test
+
+#endif

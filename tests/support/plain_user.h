@@ -1,5 +1,7 @@
 #pragma once
 
+#ifndef _WIN32
+
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -20,3 +22,5 @@ class PlainUser {
 };
 
 }  // namespace morvane::test
+
+#endif

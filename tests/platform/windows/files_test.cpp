@@ -1,0 +1,206 @@
+#include "platform/files.h"
+
+#include <windows.h>
+
+#include <filesystem>
+
+#include "platform/file_beside.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/other_process.h"
+#include "platform/write_check.h"
+
+namespace morvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::UnorderedElementsAre;
+
+std::vector<std::string> NamesIn(const TempFolder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  return names;
+}
+
+/// Somebody who has the file open, and says what others may do meanwhile.
+OpenedHandle Reader(const std::string& path, DWORD others) {
+  return TakeHandle(CreateFileW(PathOfUtf8(path).c_str(), GENERIC_READ, others, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+TEST(Files, ASaveReplacesAndLeavesNothingBeside) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "one, and long");
+  WriteContent(folder / "set.pbn", "two");
+  EXPECT_EQ(Content(folder / "set.pbn"), "two");
+  EXPECT_THAT(NamesIn(folder), ElementsAre("set.pbn"));
+}
+
+TEST(Files, NamesOfAnyAlphabetAreFoundUnderThem) {
+  TempFolder folder;
+  const std::string path = folder / "Żółć ♠ 牌.pbn";
+  WriteContent(path, "one");
+  EXPECT_FALSE(AppendLines(path, "two\r\n"));
+  EXPECT_EQ(Content(path), "one\r\ntwo\r\n");
+  const OpenedHandle byItsName = TakeHandle(
+      CreateFileW((fs::path(folder.Path()) / L"\u017B\u00F3\u0142\u0107 \u2660 \u724C.pbn").c_str(),
+                  GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  EXPECT_TRUE(byItsName);
+}
+
+TEST(Files, ASaveIsNotHinderedByWhoReadsAndLetsOthersAtIt) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "old");
+  const OpenedHandle reader =
+      Reader(folder / "set.pbn", FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
+  ASSERT_TRUE(reader);
+  EXPECT_FALSE(WriteFile(folder / "set.pbn", "new"));
+  std::array<char, 10> got{};
+  DWORD size = 0;
+  EXPECT_TRUE(::ReadFile(reader.get(), got.data(), 10, &size, nullptr));
+  EXPECT_EQ(std::string(got.data(), size), "old") << "it reads on what it has opened";
+  EXPECT_EQ(Content(folder / "set.pbn"), "new");
+}
+
+TEST(Files, WhatAnotherProgramKeepsToItselfIsNotReplaced) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "old");
+  {
+    const OpenedHandle reader = Reader(folder / "set.pbn", FILE_SHARE_READ);
+    ASSERT_TRUE(reader);
+    EXPECT_EQ(WriteFile(folder / "set.pbn", "new")->Number, EACCES);
+  }
+  EXPECT_EQ(Content(folder / "set.pbn"), "old");
+  EXPECT_THAT(NamesIn(folder), ElementsAre("set.pbn"));
+}
+
+TEST(Files, AWriteProtectedFileIsNotReplaced) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "old");
+  SetFileAttributesW(PathOfUtf8(folder / "set.pbn").c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(WriteFile(folder / "set.pbn", "new")->Number, EACCES);
+  EXPECT_EQ(CheckWritable(folder / "set.pbn")->Number, EACCES);
+  SetFileAttributesW(PathOfUtf8(folder / "set.pbn").c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(Content(folder / "set.pbn"), "old");
+}
+
+TEST(Files, FoldersAndWhatIsMissingAreErrors) {
+  TempFolder folder;
+  WriteContent(folder / "file", "");
+  std::string bytes;
+  EXPECT_EQ(ReadFile(folder / "none", bytes)->Number, ENOENT);
+  EXPECT_EQ(ReadFile(folder.Path(), bytes)->Number, EISDIR);
+  EXPECT_EQ(WriteFile(folder / "none/set.pbn", "x")->Number, ENOENT);
+  EXPECT_EQ(WriteFile(folder.Path(), "x")->Number, EISDIR);
+  EXPECT_EQ(AppendLines(folder / "none/log", "x\r\n")->Number, ENOENT);
+  EXPECT_EQ(AppendLines(folder.Path(), "x\r\n")->Number, EISDIR);
+  EXPECT_EQ(CheckWritable(folder / "file/set.pbn")->Number, ENOTDIR);
+  EXPECT_FALSE(fs::exists(folder / "none"));
+}
+
+TEST(Files, WhatHasNoEndIsNotRead) {
+  std::string bytes;
+  EXPECT_EQ(ReadFile("NUL", bytes)->Number, ENOTSUP);
+  EXPECT_EQ(AppendLines("NUL", "x\r\n")->Number, ENOTSUP);
+}
+
+TEST(Files, ALastLineThatWasCutIsEnded) {
+  TempFolder folder;
+  const std::string path = folder / "log";
+  const std::string whole = "one\r\ntwo\r\n";
+  const std::vector<std::string> ended = {
+      "",        "o\r\n",        "on\r\n",        "one\r\n",        "one\r\n",
+      "one\r\n", "one\r\nt\r\n", "one\r\ntw\r\n", "one\r\ntwo\r\n", "one\r\ntwo\r\n",
+      whole};
+  for (std::size_t size = 0; size <= whole.size(); ++size) {
+    WriteContent(path, whole.substr(0, size));
+    EXPECT_FALSE(AppendLines(path, "next\r\n"));
+    EXPECT_EQ(Content(path), ended[size] + "next\r\n") << size;
+  }
+}
+
+/// Adds its name to the log many times over.
+TEST(AppendingProcess, DISABLED_Appends) {
+  for (int i = 0; i < 300; ++i)
+    EXPECT_FALSE(AppendLines(OtherProcess::About(), "a line of mine\r\n"));
+}
+
+TEST(Files, LinesOfSeveralProcessesStayWhole) {
+  TempFolder folder;
+  const std::string path = folder / "log";
+  const OtherProcess one("AppendingProcess.DISABLED_Appends", path);
+  const OtherProcess two("AppendingProcess.DISABLED_Appends", path);
+  ASSERT_TRUE(one.Ends());
+  ASSERT_TRUE(two.Ends());
+  std::string expected;
+  for (int i = 0; i < 600; ++i) expected += "a line of mine\r\n";
+  EXPECT_EQ(Content(path), expected);
+}
+
+/// In the middle of a save.
+TEST(SavingProcess, DISABLED_Dies) {
+  const FileBeside beside = OpenBeside(OtherProcess::About(), NewFile::kOpen);
+  std::fputs("half", beside.File.get());
+  std::fflush(beside.File.get());
+  OtherProcess::Die();
+}
+
+TEST(FileBeside, WhatAKilledSaveLeftGoesWithTheNextSaveIntoTheFolder) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "old");
+  ASSERT_TRUE(OtherProcess("SavingProcess.DISABLED_Dies", folder / "set.pbn").Ends());
+  EXPECT_THAT(NamesIn(folder), SizeIs(2));
+  EXPECT_EQ(Content(folder / "set.pbn"), "old");
+  WriteContent(folder / "third.pbn", "new");
+  EXPECT_THAT(NamesIn(folder), UnorderedElementsAre("set.pbn", "third.pbn"));
+}
+
+TEST(FileBeside, AWriterIsAliveUntilItsFileHasItsLastName) {
+  TempFolder folder;
+  FileBeside beside = OpenBeside(folder / "set.pbn", NewFile::kOpen);
+  ASSERT_TRUE(beside.File);
+  beside.File.reset();  // written, but not renamed yet
+  WriteContent(folder / "mine.pbn", "new");
+  EXPECT_TRUE(fs::exists(beside.Name));
+  beside.Alive.reset();
+  WriteContent(folder / "mine.pbn", "newer");
+  EXPECT_FALSE(fs::exists(beside.Name));
+}
+
+TEST(OpenedFile, IsCutOffWhateverItsNameIsByNow) {
+  TempFolder folder;
+  const OpenedFile file = OpenToWrite(folder / "a", Opening::kNew, NewFile::kPrivate);
+  ASSERT_TRUE(file);
+  std::fputs("12345", file.get());
+  std::fflush(file.get());
+  EXPECT_TRUE(LeadsTo(folder / "a", *file));
+  fs::rename(folder / "a", folder / "b");
+  WriteContent(folder / "a", "another");
+  EXPECT_FALSE(LeadsTo(folder / "a", *file));
+  EXPECT_TRUE(LeadsTo(folder / "b", *file));
+  CutOff(*file, 3);
+  EXPECT_EQ(Content(folder / "b"), "123");
+}
+
+TEST(CheckWritable, LeavesNothing) {
+  TempFolder folder;
+  EXPECT_FALSE(CheckWritable(folder / "new.pbn"));
+  EXPECT_THAT(NamesIn(folder), IsEmpty());
+}
+
+TEST(Files, NamesComeApartAtEitherSeparatorAndTheDrive) {
+  EXPECT_EQ(FileTitle("C:\\a\\b/c.pbn"), "c.pbn");
+  EXPECT_EQ(FileTitle("C:\\a/b\\c.pbn"), "c.pbn");
+  EXPECT_EQ(FileTitle("a:b.pbn"), "b.pbn");
+  EXPECT_EQ(FolderOf("C:\\a\\c.pbn"), "C:\\a\\");
+  EXPECT_EQ(JoinPath("C:\\a", "c.pbn"), "C:\\a\\c.pbn");
+  EXPECT_EQ(JoinPath("C:\\a\\", "c.pbn"), "C:\\a\\c.pbn");
+  EXPECT_EQ(JoinPath("C:/a/", "c.pbn"), "C:/a/c.pbn");
+}
+
+}  // namespace
+}  // namespace morvane::test
