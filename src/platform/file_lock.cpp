@@ -23,8 +23,9 @@ namespace {
 #ifdef _WIN32
 
 std::intptr_t OpenLockFile(const std::string& path) {
-  return reinterpret_cast<std::intptr_t>(
-      OpenShared(path, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, NewFile::kPrivate).release());
+  OpenedHandle file =
+      OpenShared(path, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, NewFile::kPrivate);
+  return file ? reinterpret_cast<std::intptr_t>(file.release()) : -1;
 }
 
 bool LockFile(std::intptr_t file) {
