@@ -18,10 +18,10 @@
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/qt_instance.h"
 #include "platform/qt/qt_printer.h"
-#include "platform/qt/qt_sound.h"
 #include "platform/qt/qt_ui.h"
 #include "platform/qt/window_place.h"
 #include "platform/system_processes.h"
+#include "platform/system_sound.h"
 #include "shell/shell.h"
 #include "shell/ui/help_key.h"
 #include "shell/ui/main_menu.h"
@@ -138,9 +138,9 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
         morvane::bridges::MachineChoice& machine, const morvane::Arguments& arguments,
         std::optional<Fault>& fault) {
   morvane::QtUi ui(parts.Loop);
-  morvane::QtSound sound;
+  const std::unique_ptr<morvane::Sound> sound = morvane::MakeSystemSound();
   morvane::QtPrinter printer(parts.Loop);
-  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, sound, printer},
+  morvane::Program program({ui, parts.Loop, parts.Time, parts.Store, parts.Random, *sound, printer},
                            parts.Paths);
   morvane::shell::QtWindows windows(program);
   morvane::QtInstance instance(parts.Loop, parts.SettingsFile);

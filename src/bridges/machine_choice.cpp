@@ -1,23 +1,16 @@
 #include "bridges/machine_choice.h"
 
 #include <array>
-#include <charconv>
-#include <optional>
 #include <string_view>
 #include <utility>
 
-#include "bridges/serial_bridge.h"
+#include "bridges/real_machine.h"
 #include "bridges/simulated_choice.h"
 #include "bridges/trace/replay_bridge.h"
 #include "bridges/trace/trace_parts.h"
 #include "bridges/trace/traced_bridge.h"
 #include "platform/files.h"
 #include "simulator/simulated_machine.h"
-#ifdef _WIN32
-#include "bridges/usb/usb_xpress_library.h"
-#else
-#include "bridges/usb/usb_direct.h"
-#endif
 
 namespace morvane::bridges {
 namespace {
@@ -30,57 +23,25 @@ MachineChoice NoMachine(std::string error) {
   return none;
 }
 
-MachineChoice RealMachine(std::unique_ptr<UsbXpress> usb) {
-  MachineChoice choice;
-  choice.Usb = std::move(usb);
-  return choice;
-}
-
 MachineChoice Unknown(const std::string& text) {
   return NoMachine("unknown machine \"" + text + "\": " + MachineForms());
 }
 
 // By the kind that the text names, `rest` being what stands behind it.
 
-#ifdef _WIN32
-MachineChoice ChooseUsb(const std::string& rest, Clock& /*clock*/) {
-  if (!rest.empty()) return NoMachine("usb:" + rest + ": here the machine is chosen by its driver");
-  return RealMachine(std::make_unique<UsbXpressLibrary>());
-}
-#else
-/// A number of four hexadecimal digits.
-std::optional<std::uint16_t> UsbNumber(std::string_view text) {
-  std::uint16_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, number, 16);
-  const bool isWhole = text.size() == 4 && result.ec == std::errc() && result.ptr == end;
-  return isWhole ? std::optional(number) : std::nullopt;
-}
-
-/// "SERIAL", "VVVV:PPPP" or "VVVV:PPPP:SERIAL". A serial string has no colon.
-std::optional<UsbWhich> WhichUsb(const std::string& text) {
-  constexpr std::size_t kColon = 4;
-  constexpr std::size_t kNumbers = 9;
-  if (text.find(':') == std::string::npos) return UsbWhich{{}, {}, text};
-  const auto vendor = UsbNumber(std::string_view(text).substr(0, kColon));
-  if (!vendor || text[kColon] != ':') return std::nullopt;
-  const auto product = UsbNumber(std::string_view(text).substr(kColon + 1, kColon));
-  if (!product) return std::nullopt;
-  if (text.size() == kNumbers) return UsbWhich{vendor, product, ""};
-  const bool namesOne = text[kNumbers] == ':' && text.size() > kNumbers + 1;
-  return namesOne ? std::optional(UsbWhich{vendor, product, text.substr(kNumbers + 1)})
-                  : std::nullopt;
+MachineChoice ChooseReal(RealMachine machine, const std::string& text) {
+  if (!machine.Usb) return machine.Error.empty() ? Unknown(text) : NoMachine(machine.Error);
+  MachineChoice choice;
+  choice.Usb = std::move(machine.Usb);
+  return choice;
 }
 
 MachineChoice ChooseUsb(const std::string& rest, Clock& /*clock*/) {
-  auto which = WhichUsb(rest);
-  return which ? RealMachine(std::make_unique<UsbDirect>(std::move(*which)))
-               : Unknown("usb:" + rest);
+  return ChooseReal(MachineAtUsb(rest), "usb:" + rest);
 }
-#endif
 
 MachineChoice ChooseSerial(const std::string& rest, Clock& /*clock*/) {
-  return RealMachine(std::make_unique<SerialBridge>(rest));
+  return ChooseReal(MachineAtSerial(rest), "serial:" + rest);
 }
 
 MachineChoice ChooseReplay(const std::string& rest, Clock& clock) {

@@ -1,7 +1,12 @@
 #include "bridges/serial_bridge.h"
 
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
 #include <QDeadlineTimer>
-#include <QSerialPortInfo>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <filesystem>
@@ -10,17 +15,8 @@
 #include <string_view>
 
 #include "bridges/serial_words.h"
-#include "platform/files.h"
-
-#ifndef _WIN32
-#include <poll.h>
-#include <sys/file.h>
-#include <sys/ioctl.h>
-#include <termios.h>
-#include <unistd.h>
-
 #include "bridges/usb/serial_holder.h"
-#endif
+#include "platform/files.h"
 
 namespace morvane::bridges {
 namespace {
@@ -36,11 +32,7 @@ constexpr qint64 kMostUnread = 2048;
 constexpr qint64 kMostHeld = 2 * kMostUnread;
 
 std::string DevicePath(const std::string& path) {
-#ifdef _WIN32
-  return path;
-#else
   return path.find('/') == std::string::npos ? "/dev/" + path : AbsolutePath(path);
-#endif
 }
 
 std::chrono::milliseconds Milliseconds(std::uint32_t ms) {
@@ -52,56 +44,42 @@ int Remaining(const QDeadlineTimer& deadline) { return static_cast<int>(deadline
 
 /// A read that finds nothing is reported just as a lost device is; the difference is asked for.
 bool Gone(const QSerialPort& port) {
-#ifdef _WIN32
-  return port.error() == QSerialPort::ResourceError;
-#else
   pollfd file{port.handle(), POLLIN, 0};
   return poll(&file, 1, 0) > 0 && (file.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
-#endif
 }
 
-#ifndef _WIN32
 constexpr std::string_view kPseudoTerminals = "/dev/pts/";
 
 bool IsPseudoTerminal(int file) {
   const char* const name = ttyname(file);
   return name != nullptr && std::string_view(name).starts_with(kPseudoTerminals);
 }
-#endif
 
 /// A program that has the device open and bars nobody, which opening it would disturb. Whoever
 /// serves a pseudo-terminal keeps it open.
-std::optional<std::string> ProgramAt([[maybe_unused]] const std::string& path) {
-#ifdef _WIN32
-  return std::nullopt;  // opening it fails there
-#else
+std::optional<std::string> ProgramAt(const std::string& path) {
   std::error_code failure;
   const auto device = std::filesystem::weakly_canonical(PathOfUtf8(path), failure).string();
   if (device.starts_with(kPseudoTerminals)) return std::nullopt;
   return ProgramHolding(path);
-#endif
 }
 
 /// Takes the device for this program alone, by whatever name another asks for it. The system's own
 /// bar does not stop its administrator, and a pseudo-terminal would stay barred behind a program
 /// that died, for as long as its other end lives.
-bool TakeAlone([[maybe_unused]] const QSerialPort& port) {
-#ifndef _WIN32
+bool TakeAlone(const QSerialPort& port) {
   if (flock(port.handle(), LOCK_EX | LOCK_NB) != 0) return false;
   if (IsPseudoTerminal(port.handle())) ioctl(port.handle(), TIOCNXCL);
-#endif
   return true;
 }
 
 /// A pseudo-terminal has no control line. The speed 0, by which a system drops it, can be seen at
 /// the other end.
-void SetPseudoLine([[maybe_unused]] const QSerialPort& port, [[maybe_unused]] bool up) {
-#ifndef _WIN32
+void SetPseudoLine(const QSerialPort& port, bool up) {
   termios settings{};
   if (!IsPseudoTerminal(port.handle()) || tcgetattr(port.handle(), &settings) != 0) return;
   cfsetspeed(&settings, up ? B115200 : B0);
   tcsetattr(port.handle(), TCSANOW, &settings);
-#endif
 }
 
 }  // namespace
@@ -119,12 +97,8 @@ SerialBridge::SerialBridge(const std::string& path) : path_(DevicePath(path)) {
 }
 
 bool SerialBridge::Attached() const {
-#ifdef _WIN32
-  return !QSerialPortInfo(port_.portName()).isNull();
-#else
   std::error_code failure;
   return std::filesystem::is_character_file(PathOfUtf8(path_), failure);
-#endif
 }
 
 bool SerialBridge::Opened(Handle handle) const { return opened_ && handle == kHandle; }

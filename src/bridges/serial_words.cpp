@@ -1,13 +1,11 @@
 #include "bridges/serial_words.h"
 
+#include <unistd.h>
+
 #include <QSerialPortInfo>
 #include <filesystem>
 
 #include "platform/files.h"
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 namespace morvane::bridges {
 namespace {
@@ -25,13 +23,7 @@ std::string DevicesHere() {
   return names.empty() ? "There is no serial device here." : "Serial devices here: " + names + ".";
 }
 
-bool MayUse([[maybe_unused]] const std::string& path) {
-#ifdef _WIN32
-  return true;  // every user may
-#else
-  return eaccess(path.c_str(), R_OK | W_OK) == 0;
-#endif
-}
+bool MayUse(const std::string& path) { return eaccess(path.c_str(), R_OK | W_OK) == 0; }
 
 }  // namespace
 

@@ -1,5 +1,3 @@
-#include "platform/qt/qt_sound.h"
-
 #include <QAudioDevice>
 #include <QFileInfo>
 #include <QMediaDevices>
@@ -7,18 +5,27 @@
 #include <QUrl>
 
 #include "platform/qt/qt_text.h"
+#include "platform/system_sound.h"
 
 namespace morvane {
+namespace {
 
-QtSound::QtSound() = default;
-QtSound::~QtSound() = default;
+class QtSound final : public Sound {
+ public:
+  void Play(const std::string& path) override {
+    const QString file = ToQt(path);
+    if (!QFileInfo::exists(file) || QMediaDevices::defaultAudioOutput().isNull()) return;
+    if (!effect_) effect_ = std::make_unique<QSoundEffect>();
+    effect_->setSource(QUrl::fromLocalFile(file));
+    effect_->play();
+  }
 
-void QtSound::Play(const std::string& path) {
-  const QString file = ToQt(path);
-  if (!QFileInfo::exists(file) || QMediaDevices::defaultAudioOutput().isNull()) return;
-  if (!effect_) effect_ = std::make_unique<QSoundEffect>();
-  effect_->setSource(QUrl::fromLocalFile(file));
-  effect_->play();
-}
+ private:
+  std::unique_ptr<QSoundEffect> effect_;  ///< made with the first sound that there is
+};
+
+}  // namespace
+
+std::unique_ptr<Sound> MakeSystemSound() { return std::make_unique<QtSound>(); }
 
 }  // namespace morvane

@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include "bridges/machine_choice.h"
+#include "support/virtual_time.h"
+
+namespace morvane::bridges {
+namespace {
+
+MachineChoice Chosen(const std::string& text) {
+  test::VirtualClock clock;
+  return ChooseMachine({text}, clock);
+}
+
+TEST(ChooseMachine, TheRealOneIsMeantWhereNoneIsNamedAndCannotBeLookedInto) {
+  const MachineChoice choice = Chosen(LinkRequest{}.Machine);
+  ASSERT_NE(choice.Usb, nullptr);
+  EXPECT_EQ(choice.Kind, machine::MachineKind::kReal);
+  EXPECT_EQ(choice.Simulated, nullptr);
+  EXPECT_EQ(choice.Error, "");
+}
+
+TEST(ChooseMachine, WithoutTheDriverItsLibraryIsMissing) {
+  const MachineChoice choice = Chosen("usb");
+  std::uint32_t count = 0;
+  EXPECT_EQ(choice.Usb->GetNumDevices(count), UsbXpress::kDriverMissing);
+}
+
+TEST(ChooseMachine, OnlyTheDriverTellsSeveralApart) {
+  EXPECT_EQ(Chosen("usb:0123").Usb, nullptr);
+  EXPECT_EQ(Chosen("usb:0123").Error, "usb:0123: here the machine is chosen by its driver");
+}
+
+TEST(ChooseMachine, ItIsNoSerialDevice) {
+  EXPECT_EQ(Chosen("serial:COM3").Usb, nullptr);
+  EXPECT_EQ(Chosen("serial:COM3").Error,
+            "serial:COM3: here the machine is reached by its driver, as usb");
+}
+
+TEST(ChooseMachine, WhatIsNoMachineIsTold) {
+  for (const char* text : {"", "usb,", "USB", "usb:", "replay", "replay:", "serial", "serial:"}) {
+    const MachineChoice choice = Chosen(text);
+    EXPECT_EQ(choice.Usb, nullptr);
+    EXPECT_EQ(choice.Error, "unknown machine \"" + std::string(text) +
+                                "\": usb, simulated[,key=value...] or replay:FILE");
+  }
+}
+
+}  // namespace
+}  // namespace morvane::bridges
