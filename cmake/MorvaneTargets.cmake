@@ -12,6 +12,11 @@ if(NOT MSVC)
   add_compile_options(-fPIC)
 endif()
 
+if(MINGW)
+  # Qt tells its users so; for the same reason.
+  add_compile_definitions(MINGW_HAS_SECURE_API=1)
+endif()
+
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # A precompiled header out of ccache is as good as a new one.
   add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
