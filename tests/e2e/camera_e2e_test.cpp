@@ -119,8 +119,7 @@ TEST_F(CameraEndToEnd, AutoSetupFindsTheIndexAndTheMachineKeepsItWithoutPower) {
   // The frame of 24 x 40 pixels goes from 20 to 61: 20 + Int(2 x 41 / 3).
   EXPECT_EQ(outcome.Out, "pos_x: 93\npos_y: 71\nstart_x: 66\nstart_y: 47\n");
   EXPECT_EQ(CountLines("   AutoSetup OK for Standard 93,71,66,47"), 1);
-  machine->Signal(SIGTERM);
-  machine->Finish();
+  SwitchOff();
   named = Start(",ideal=93/71");
   EXPECT_THAT(Maintain(named, {"parameters"}).Out,
               HasSubstr("\npos_x: 93\npos_y: 71\nstart_x: 66\nstart_y: 47\n"));

@@ -50,7 +50,7 @@ class EndToEnd : public ::testing::Test {
     const std::string path = LogPath();
     const std::string text = path.empty() ? "" : test::Content(path);
     for (std::size_t at = 0, end = 0; (end = text.find("\r\n", at)) != std::string::npos;) {
-      lines.push_back(text.substr(at, end - at));
+      lines.push_back(InOurWords(text.substr(at, end - at)));
       at = end + 2;
     }
     return lines;

@@ -39,8 +39,7 @@ TEST_F(MaintainEndToEnd, ParametersAreKeptWrittenAndBroughtBack) {
   EXPECT_EQ(written.Status, 0) << written.Err;
   EXPECT_THAT(written.Out, HasSubstr("\npos_x: 1\n"));
   // The machine keeps them without power.
-  machine->Signal(SIGTERM);
-  machine->Finish();
+  SwitchOff();
   named = Start();
   EXPECT_EQ(Maintain(named, {"parameters", "--index", "jumbo"}).Out, written.Out);
   words = On(named, {"parameters", "--from", "backup.txt"});
@@ -60,8 +59,7 @@ TEST_F(MaintainEndToEnd, AFirmwareIsLoadedOverTheLineAndAMachineThatIsStartedAga
   const Outcome loaded = Maintain(Start(), {"firmware", "new.adc"});
   EXPECT_EQ(loaded.Status, 0) << loaded.Err;
   EXPECT_EQ(loaded.Out, "Soft_ver: 2.86\n");
-  machine->Signal(SIGTERM);
-  machine->Finish();
+  SwitchOff();
   EXPECT_THAT(Maintain(Start(), {"info"}).Out, HasSubstr("\nSoft_ver: 2.86\n"));
 }
 
@@ -91,8 +89,7 @@ TEST_F(MaintainEndToEnd, ARecordIsWrittenWithItsBitsAndKeptWithoutPower) {
   words.insert(words.begin(), "--yes");
   const Outcome written = Process(words, Around()).Finish();
   EXPECT_EQ(written.Status, 0) << written.Err;
-  machine->Signal(SIGTERM);
-  machine->Finish();
+  SwitchOff();
   const Outcome kept = Maintain(Start(), {"record"});
   EXPECT_EQ(kept.Out, written.Out);
   EXPECT_THAT(kept.Out, HasSubstr("Adv_SerialNumber: 77\n"));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,15 +13,22 @@ namespace morvane::e2e {
 /// seconds before the first contact.
 class MaintainEndToEnd : public EndToEnd {
  protected:
-  /// Starts a machine that keeps its parameters, and says where it is.
+  /// Starts a machine that keeps its parameters, and says where it is. Without a line for it to be
+  /// at the other end of, the program makes it, and it is started with each.
   std::string Start(const std::string& more = "", const std::string& input = "/dev/null") {
+    const std::string simulated = "simulated,speed=0,store=" + (folder / "store") + more;
+    if (ForWindows()) return simulated;
     machine = std::make_unique<Process>(
-        std::vector<std::string>{"--pace", "wire", "--machine",
-                                 "simulated,speed=0,store=" + (folder / "store") + more},
+        std::vector<std::string>{"--pace", "wire", "--machine", simulated},
         Surroundings{
             .Folder = folder.Path(), .Input = input, .Program = ProgramNamed("morvane-machine")});
     EXPECT_TRUE(machine->Until([&] { return machine->Out().ends_with('\n'); })) << machine->Err();
     return machine->Out().substr(0, machine->Out().find('\n'));
+  }
+  void SwitchOff() {
+    if (ForWindows()) return;
+    machine->Signal(SIGTERM);
+    machine->Finish();
   }
   [[nodiscard]] std::vector<std::string> On(const std::string& named,
                                             const std::vector<std::string>& words) const {

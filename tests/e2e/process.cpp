@@ -11,6 +11,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <string_view>
 
 namespace morvane::e2e {
 namespace {
@@ -42,12 +43,13 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 }
 
 /// Reads what is there; closes the end when nothing can come any more.
-void Drain(const pollfd& ready, int& end, std::string& text) {
+void Drain(const pollfd& ready, int& end, Written& written) {
   if (end < 0 || ready.revents == 0) return;
   std::array<char, 4096> block{};
   const ssize_t got = read(end, block.data(), block.size());
   if (got > 0) {
-    text.append(block.data(), static_cast<std::size_t>(got));
+    written.Raw.append(block.data(), static_cast<std::size_t>(got));
+    written.Text = InOurWords(written.Raw);
     return;
   }
   close(end);
@@ -59,6 +61,29 @@ void Drain(const pollfd& ready, int& end, std::string& text) {
 std::string ProgramNamed(const std::string& name) {
   const char* others = std::getenv("MORVANE_PROGRAMS");
   return std::string(others != nullptr ? others : MORVANE_BUILT_PROGRAMS) + "/" + name;
+}
+
+bool ForWindows() {
+  const char* system = std::getenv("MORVANE_PROGRAMS_OF");
+  return system != nullptr && std::string_view(system) == "windows";
+}
+
+std::string InOurWords(const std::string& text) {
+  if (!ForWindows()) return text;
+  std::string ours;
+  bool inPath = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const std::string_view rest = std::string_view(text).substr(at);
+    if (rest.starts_with("\r\n")) continue;
+    if (rest.starts_with("Z:\\") || rest.starts_with("Z:/")) {
+      inPath = true;
+      ++at;
+      continue;
+    }
+    inPath = inPath && std::string_view("\n\"<>|?*:").find(text[at]) == std::string_view::npos;
+    ours += inPath && text[at] == '\\' ? '/' : text[at];
+  }
+  return ours;
 }
 
 Process::Process(const std::vector<std::string>& arguments, const Surroundings& around) {
@@ -121,12 +146,12 @@ Outcome Process::Finish() {
   const auto end = steady_clock::now() + kPatience;
   while (TakeIn(kSliceMs)) {
     if (steady_clock::now() < end) continue;
-    ADD_FAILURE() << "the program has not ended; it wrote\n" << out_ << err_;
+    ADD_FAILURE() << "the program has not ended; it wrote\n" << Out() << Err();
     kill(pid_, SIGKILL);
     break;
   }
   Reap();
-  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : -WTERMSIG(status_), out_, err_};
+  return {WIFEXITED(status_) ? WEXITSTATUS(status_) : -WTERMSIG(status_), Out(), Err()};
 }
 
 void Process::Reap() {

@@ -12,6 +12,12 @@ namespace morvane::e2e {
 /// MORVANE_PROGRAMS names.
 std::string ProgramNamed(const std::string& name);
 
+/// Whether those are Windows programs: MORVANE_PROGRAMS_OF is "windows" then.
+bool ForWindows();
+/// A text of such a program with the paths and line ends that the tests know: its drive Z: is our
+/// root. The same text of any other program.
+std::string InOurWords(const std::string& text);
+
 /// How a program ended and what it wrote.
 struct Outcome {
   int Status = -1;  ///< exit status; below 0 the signal that ended it
@@ -25,6 +31,12 @@ struct Surroundings {
   std::string Input = "/dev/null";  ///< its standard input
   std::string Program = ProgramNamed("morvane-cli");
   std::vector<std::string> Variables = {};  ///< "NAME=value", over the test's own environment
+};
+
+/// What has come of one of its outputs.
+struct Written {
+  std::string Raw;
+  std::string Text;  ///< in our words
 };
 
 /// One of our programs as a process of its own.
@@ -45,8 +57,8 @@ class Process {
   /// Waits for its end; fails the test after a minute.
   Outcome Finish();
 
-  [[nodiscard]] const std::string& Out() const { return out_; }
-  [[nodiscard]] const std::string& Err() const { return err_; }
+  [[nodiscard]] const std::string& Out() const { return out_.Text; }
+  [[nodiscard]] const std::string& Err() const { return err_.Text; }
 
  private:
   bool TakeIn(int ms);
@@ -56,8 +68,8 @@ class Process {
   int outEnd_ = -1;
   int errEnd_ = -1;
   int status_ = 0;
-  std::string out_;
-  std::string err_;
+  Written out_;
+  Written err_;
 };
 
 }  // namespace morvane::e2e

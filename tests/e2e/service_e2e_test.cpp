@@ -76,8 +76,7 @@ TEST_F(ServiceEndToEnd, ACalibrationIsKeptWithoutPower) {
   // Lost at 101, seen again at 120: the value counts on before it is shown.
   EXPECT_EQ(outcome.Out, "On: 100\nOff: 121\nBoard_Sen: 90\n");
   EXPECT_EQ(CountLines("   Board Switch Calibration: 100,121"), 1);
-  machine->Signal(SIGTERM);
-  machine->Finish();
+  SwitchOff();
   named = Start();
   EXPECT_THAT(Maintain(named, {"parameters"}).Out, HasSubstr("\nBoard_Sen: 90\n"));
 }
