@@ -22,11 +22,13 @@
 #include "platform/qt/window_place.h"
 #include "platform/system_processes.h"
 #include "platform/system_sound.h"
+#include "seen_words.h"
 #include "shell/shell.h"
 #include "shell/ui/help_key.h"
 #include "shell/ui/main_menu.h"
 #include "shell/ui/qt_windows.h"
 #include "simulator/ui/machine_panel.h"
+#include "system_look.h"
 #include "system_parts.h"
 
 namespace {
@@ -188,6 +190,7 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
 }  // namespace
 
 int main(int argc, char** argv) {
+  [[maybe_unused]] const morvane::SeenWords seen;
   if (!morvane::AreText(argc, argv)) {
     std::cerr << "morvane: an argument is not UTF-8 text\n";
     return kWrongUsage;
@@ -203,6 +206,7 @@ int main(int argc, char** argv) {
     std::cerr << "morvane: " << arguments.Error << "\nTry 'morvane --help'.\n";
     return kWrongUsage;
   }
+  morvane::TakeSystemLook();
   auto guard = std::make_optional<morvane::DisplayGuard>();
   morvane::GuardedApplication application(argc, argv);
   guard.reset();
