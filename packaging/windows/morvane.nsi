@@ -340,7 +340,6 @@ Section Uninstall
   DeleteRegKey SHCTX "${CAPABILITIES}"
   DeleteRegKey /ifempty SHCTX "Software\Morvane"
   DeleteRegValue SHCTX "Software\RegisteredApplications" "Morvane"
-  DeleteRegKey /ifempty SHCTX "Software\RegisteredApplications"
   Delete "$SMPROGRAMS\Morvane.lnk"
   ReadRegDWORD $0 SHCTX "${UNINSTALL}" "DesktopLink"
   ${If} $0 = 1
