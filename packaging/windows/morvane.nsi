@@ -34,6 +34,7 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Morvane developers"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Morvane"
 !define CAPABILITIES "Software\Morvane\Capabilities"
 !define ERROR_ELEVATION_REQUIRED 740
+!define ERROR_ACCESS_DENIED 5
 !define ERROR_SHARING_VIOLATION 32
 !define ERROR_OLD_WINDOWS 1150
 !define SHCNE_ASSOCCHANGED 0x08000000
@@ -274,8 +275,12 @@ FunctionEnd
 
 Section
   !insertmacro RefuseWhileRunning
+  ClearErrors
+  CreateDirectory "$INSTDIR"
+  ${If} ${Errors}
+    !insertmacro Refuse "The folder $INSTDIR cannot be made." ${ERROR_ACCESS_DENIED}
+  ${EndIf}
   Call RemoveOlder
-  SetOutPath "$INSTDIR"
   SetOverwrite on
   !include "${LISTS}\install.nsh"
   WriteUninstaller "$INSTDIR\uninstall.exe"
