@@ -114,12 +114,14 @@ std::string_view WithoutMarks(std::string_view line) {
   }
 }
 
+/// A line end of two characters is one: a blank line between comments would stay, and double.
 std::string Legible(std::string_view bytes) {
   std::string text;
   while (!bytes.empty()) {
     const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
     text.append(LegibleLine(WithoutMarks(bytes.substr(0, end)))).append("\n");
-    bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    const std::size_t ended = bytes.substr(end).starts_with("\r\n") ? 2 : 1;
+    bytes.remove_prefix(std::min(end + ended, bytes.size()));
   }
   return text;
 }
