@@ -1,34 +1,18 @@
 #include "end_signals.h"
 
+#include <unistd.h>
+
 #include <csignal>
 
 #include "platform/event_loop.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace morvane {
 namespace {
 
 /// A signal handler is given nothing but the signal.
 EventLoop* loopToQuit = nullptr;
-[[maybe_unused]] volatile std::sig_atomic_t told = 0;
-[[maybe_unused]] volatile std::sig_atomic_t pipeBroke = 0;
-
-#ifdef _WIN32
-
-BOOL WINAPI TakeEvent(DWORD /*event*/) {
-  loopToQuit->Quit();
-  return TRUE;
-}
-
-void CatchAll() { SetConsoleCtrlHandler(TakeEvent, TRUE); }
-void CatchBrokenPipe() {}  // there a write fails, and no more
-
-#else
+volatile std::sig_atomic_t told = 0;
+volatile std::sig_atomic_t pipeBroke = 0;
 
 constexpr unsigned kSecondsToEnd = 2;
 
@@ -49,22 +33,14 @@ void Catch(int number) {
   sigaction(number, &action, nullptr);
 }
 
-void CatchAll() {
-  for (const int number : {SIGTERM, SIGHUP, SIGINT}) Catch(number);
-}
-
-void CatchBrokenPipe() { Catch(SIGPIPE); }
-
-#endif
-
 }  // namespace
 
 void QuitOnEndSignals(EventLoop& loop) {
   loopToQuit = &loop;
-  CatchAll();
+  for (const int number : {SIGTERM, SIGHUP, SIGINT}) Catch(number);
 }
 
-void QuitOnBrokenPipe() { CatchBrokenPipe(); }
+void QuitOnBrokenPipe() { Catch(SIGPIPE); }
 
 bool PipeHasBroken() { return pipeBroke != 0; }
 
