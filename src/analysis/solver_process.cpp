@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/files.h"
+
 namespace morvane::analysis {
 namespace {
 
@@ -18,7 +20,7 @@ SolverProcess::SolverProcess(ProcessStarter& starter, std::string folder, std::s
 
 std::optional<RuntimeError> SolverProcess::Start(Solver solver, std::vector<std::string> tokens) {
   ProcessOrder order;
-  order.Path = folder_ + "/" + std::string(WordsOf(solver).Program) + std::string(kEnding);
+  order.Path = JoinPath(folder_, std::string(WordsOf(solver).Program).append(kEnding));
   order.Arguments = std::move(tokens);
   if (!settingsFile_.empty()) order.Variables.push_back("MORVANE_SETTINGS=" + settingsFile_);
   StartedProcess started = starter_.Start(order);
