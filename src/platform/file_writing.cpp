@@ -24,12 +24,17 @@ namespace {
 bool Sync(std::FILE* file) { return _commit(_fileno(file)) == 0; }
 
 // Where the replacement cannot take over what the old file was.
-void KeepOwner(std::FILE* file, const std::string& old) {
-  CopyAccess(PathOfUtf8(old).wstring(), reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file))));
+void KeepOwner(const FileBeside& beside, const std::string& old) {
+  CopyAccess(PathOfUtf8(old).wstring(), PathOfUtf8(beside.Name).wstring());
 }
 
-std::optional<RuntimeError> Rename(const std::string& from, const std::string& to) {
-  return PutInPlace(PathOfUtf8(from), PathOfUtf8(to));
+/// Another program's save may take the file for a dead one's before it has its last name.
+constexpr int kMostTries = 5;
+
+/// Lets go of the file first, since the system replaces by none that is open.
+std::optional<RuntimeError> Rename(FileBeside& beside, const std::string& to) {
+  beside.Alive.reset();
+  return PutInPlace(PathOfUtf8(beside.Name), PathOfUtf8(to));
 }
 
 #else
@@ -37,17 +42,20 @@ std::optional<RuntimeError> Rename(const std::string& from, const std::string& t
 bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
 
 /// Gives the file to the owner and the group of `old`, as far as the system lets us.
-void KeepOwner(std::FILE* file, const std::string& old) {
+void KeepOwner(const FileBeside& beside, const std::string& old) {
+  const int file = fileno(beside.File.get());
   struct stat status {};
   if (stat(old.c_str(), &status) != 0) return;
-  if (fchown(fileno(file), status.st_uid, status.st_gid) != 0) {
-    [[maybe_unused]] const int group = fchown(fileno(file), static_cast<uid_t>(-1), status.st_gid);
+  if (fchown(file, status.st_uid, status.st_gid) != 0) {
+    [[maybe_unused]] const int group = fchown(file, static_cast<uid_t>(-1), status.st_gid);
   }
 }
 
-std::optional<RuntimeError> Rename(const std::string& from, const std::string& to) {
+constexpr int kMostTries = 1;
+
+std::optional<RuntimeError> Rename(const FileBeside& beside, const std::string& to) {
   std::error_code failure;
-  std::filesystem::rename(PathOfUtf8(from), PathOfUtf8(to), failure);
+  std::filesystem::rename(PathOfUtf8(beside.Name), PathOfUtf8(to), failure);
   if (failure) return RuntimeError::Of(failure);
   return std::nullopt;
 }
@@ -72,8 +80,8 @@ std::optional<RuntimeError> WriteAndClose(OpenedFile file, std::string_view byte
 
 /// What a replacement has in common with the file `old`, which is there.
 void TakeAfter(const FileBeside& beside, const std::string& old, NewFile access) {
-  KeepOwner(beside.File.get(), old);
   if (access == NewFile::kPrivate) MakePrivate(old);
+  KeepOwner(beside, old);
   std::error_code failure;  // a file system without permissions may refuse them
   const auto rights = std::filesystem::status(PathOfUtf8(old), failure).permissions();
   if (!failure) {
@@ -83,6 +91,19 @@ void TakeAfter(const FileBeside& beside, const std::string& old, NewFile access)
 }
 
 using BesideOpener = FileBeside (*)(const std::string& path, NewFile access);
+
+/// Writes beside and renames. `old`: a plain file is there.
+std::optional<RuntimeError> PutNew(const std::string& path, std::string_view bytes, NewFile access,
+                                   BesideOpener openBeside, bool old) {
+  FileBeside beside = openBeside(path, old ? NewFile::kPrivate : access);
+  if (!beside.File) return RuntimeError::Last();
+  if (old) TakeAfter(beside, path, access);
+  auto error = WriteAndClose(std::move(beside.File), bytes, Lasting::kSafe);
+  if (!error) error = Rename(beside, path);
+  std::error_code failure;
+  if (error) std::filesystem::remove(PathOfUtf8(beside.Name), failure);
+  return error;
+}
 
 std::optional<RuntimeError> Write(const std::string& path, std::string_view bytes, NewFile access,
                                   BesideOpener openBeside) {
@@ -94,13 +115,10 @@ std::optional<RuntimeError> Write(const std::string& path, std::string_view byte
   }
   // Renaming would not ask the old file.
   if (replaces && !MayWrite(path)) return RuntimeError::Last();
-
-  FileBeside beside = openBeside(path, replaces ? NewFile::kPrivate : access);
-  if (!beside.File) return RuntimeError::Last();
-  if (replaces) TakeAfter(beside, path, access);
-  auto error = WriteAndClose(std::move(beside.File), bytes, Lasting::kSafe);
-  if (!error) error = Rename(beside.Name, path);
-  if (error) std::filesystem::remove(PathOfUtf8(beside.Name), failure);
+  auto error = PutNew(path, bytes, access, openBeside, replaces);
+  for (int i = 1; i < kMostTries && error && error->Number == ENOENT; ++i) {
+    error = PutNew(path, bytes, access, openBeside, replaces);
+  }
   return error;
 }
 

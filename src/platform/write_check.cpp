@@ -31,7 +31,7 @@ std::optional<RuntimeError> TryFolderOf(const std::string& path) {
 
 bool MayWrite(const std::string& path) {
 #ifdef _WIN32
-  return OpenShared(path, GENERIC_WRITE, OPEN_EXISTING) != nullptr;
+  return MayOpenToWrite(path);
 #else
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 #endif

@@ -75,6 +75,19 @@ INSTANTIATE_TEST_SUITE_P(Every, FormatContract, ::testing::ValuesIn(kFormatCases
 
 TEST_P(FormatContract, ACompleteSetComesBack) { ExpectContract(); }
 
+TEST_P(FormatContract, ASetComesBackFromAPathOfAnyAlphabet) {
+  const std::string folder = Desk.Folder / "\u00E4 \u6F22 \U0001F0CF";
+  std::filesystem::create_directory(PathOfUtf8(folder));
+  const std::string path =
+      JoinPath(folder, "\u017C\u00F3\u0142\u0107 \U0001F600." + std::string(Format().Extension));
+  const BoardSet before = Set();
+  EXPECT_TRUE(SaveFile(Desk.Prog, Desk.History, path));
+  ASSERT_TRUE(LoadFile(Desk.Prog, Desk.History, Numbers, path));
+  EXPECT_THAT(Desk.Ui.Boxes, IsEmpty());
+  ExpectSameSet(Set(), Back(Format(), before));
+  EXPECT_EQ(Set().BoardSetFile, path);
+}
+
 TEST_P(FormatContract, AllThatASetHoldsComesBackAsFarAsTheFormatHoldsIt) {
   for (int n = 1; n <= 3; ++n) Enrich(Random, Set().At(n));
   Set().At(2).Tricks = {};

@@ -42,6 +42,14 @@ class User {
   std::vector<std::byte> answer_ = OfToken(TokenUser);
 };
 
+/// Whether this user made what `owner` owns: an administrator's files may be owned by all of them.
+bool IsOurs(PSID owner, PSID user) {
+  const std::vector<std::byte> answer = OfToken(TokenOwner);
+  return EqualSid(owner, user) ||
+         (!answer.empty() &&
+          EqualSid(owner, reinterpret_cast<const TOKEN_OWNER*>(answer.data())->Owner));
+}
+
 std::wstring TextOf(PSID who) {
   wchar_t* text = nullptr;
   if (who == nullptr || !ConvertSidToStringSidW(who, &text)) return {};
@@ -114,24 +122,30 @@ OwnAccess::OwnAccess() : list_(MakeList()) {
 
 void OwnAccess::GiveTo(const std::wstring& path) const {
   if (!list_) return;
+  constexpr DWORD kOwnAlone = DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION;
   std::wstring name = path;
-  SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
-                        DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr,
-                        nullptr, ListIn(list_.get()), nullptr);
+  // This one reaches what is in a folder too.
+  SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, kOwnAlone, nullptr, nullptr,
+                        ListIn(list_.get()), nullptr);
+  // Where it has taken over what the folder above lets in all the same.
+  if (IsOwnAndTooOpen(path)) SetFileSecurityW(path.c_str(), kOwnAlone, list_.get());
 }
 
 bool IsOwnAndTooOpen(const std::wstring& path) {
   const User user;
   const Access access(path);
-  if (!access.Known || user.Get() == nullptr || !EqualSid(access.Owner, user.Get())) return false;
+  if (!access.Known || user.Get() == nullptr || !IsOurs(access.Owner, user.Get())) return false;
   return access.List == nullptr || LetsInOthers(access.List, user.Get());
 }
 
-void CopyAccess(const std::wstring& from, HANDLE to) {
-  const Access access(from);
-  if (!access.Known) return;
-  SetSecurityInfo(to, SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, access.List,
-                  nullptr);
+void CopyAccess(const std::wstring& from, const std::wstring& to) {
+  void* description = nullptr;
+  if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                            nullptr, nullptr, nullptr, &description) != ERROR_SUCCESS) {
+    return;
+  }
+  const LocalPointer kept(description);
+  SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, description);
 }
 
 }  // namespace morvane

@@ -31,6 +31,6 @@ class OwnAccess {
 [[nodiscard]] bool IsOwnAndTooOpen(const std::wstring& path);
 
 /// Gives `to` the access list that `from` has, as far as the system lets us.
-void CopyAccess(const std::wstring& from, HANDLE to);
+void CopyAccess(const std::wstring& from, const std::wstring& to);
 
 }  // namespace morvane

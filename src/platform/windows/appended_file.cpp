@@ -12,11 +12,7 @@ constexpr DWORD kRights = FILE_READ_DATA | FILE_READ_ATTRIBUTES | FILE_APPEND_DA
 
 AppendedFile::AppendedFile(const std::string& path, NewFile access)
     : file_(OpenShared(path, kRights, OPEN_ALWAYS, access)) {
-  if (!file_) {
-    error_ = RuntimeError::Last();
-  } else if (GetFileType(file_.get()) != FILE_TYPE_DISK) {
-    error_ = RuntimeError::OfNumber(ENOTSUP);
-  }
+  if (!file_) error_ = RuntimeError::Last();
 }
 
 char AppendedFile::LastByte() const {

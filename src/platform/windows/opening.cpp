@@ -14,14 +14,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The system refuses a folder as it refuses what is not ours, and what is in a file as what is not
-/// there.
+/// The system refuses a folder as it refuses what is not ours, and what is in a file or has too
+/// long a name as what is not there.
 int ErrorAt(const fs::path& path, int number) {
+  constexpr std::size_t kLongestName = 255;
   std::error_code failure;
+  if (number == ENOENT && path.filename().native().size() > kLongestName) return ENAMETOOLONG;
   if (number == EACCES && fs::is_directory(path, failure)) return EISDIR;
   const fs::path folder = path.parent_path();
   const bool inFile = fs::exists(folder, failure) && !fs::is_directory(folder, failure);
   return number == ENOENT && inFile ? ENOTDIR : number;
+}
+
+/// Some names mean devices wherever they stand: NUL, CON, COM1.
+OpenedHandle OnlyPlain(OpenedHandle file) {
+  if (!file || GetFileType(file.get()) == FILE_TYPE_DISK) return file;
+  errno = ENOTSUP;
+  return nullptr;
+}
+
+/// Who may do everything can open it all the same.
+bool IsWriteProtected(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(PathOfUtf8(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 }  // namespace
@@ -34,8 +49,20 @@ OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition
   const fs::path name = PathOfUtf8(path);
   OpenedHandle file = TakeHandle(
       CreateFileW(name.c_str(), rights, kAll, list, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) errno = ErrorAt(name, ErrnoOf(GetLastError()));
-  return file;
+  if (file) return OnlyPlain(std::move(file));
+  const DWORD error = GetLastError();
+  errno = ErrorAt(name, ErrnoOf(error));
+  SetLastError(error);
+  return nullptr;
+}
+
+bool MayOpenToWrite(const std::string& path) {
+  if (IsWriteProtected(path)) {
+    errno = EACCES;
+    return false;
+  }
+  return OpenShared(path, GENERIC_WRITE, OPEN_EXISTING) != nullptr ||
+         GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 OpenedFile StreamOf(OpenedHandle handle, const char* mode) {

@@ -11,9 +11,13 @@ namespace morvane {
 /// How `CreateFileW` is called for `path`: `rights` are those of the handle, `disposition` says
 /// what may be there. Others may read, write, rename and remove the file while we have it. A file
 /// made or opened as private is this user's alone then, unless it belongs to another. None, and
-/// `errno`, when it fails.
+/// `errno` and the system's error, when it fails; ENOTSUP for a device or a pipe.
 [[nodiscard]] OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition,
                                       NewFile access = NewFile::kOpen);
+
+/// Whether the file may be written, if not now, then when whoever keeps it to himself lets go;
+/// `errno` says why not.
+[[nodiscard]] bool MayOpenToWrite(const std::string& path);
 
 /// A stream of the C library on the handle; `mode` as `fopen` has it.
 [[nodiscard]] OpenedFile StreamOf(OpenedHandle handle, const char* mode);

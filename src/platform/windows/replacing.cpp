@@ -15,12 +15,16 @@ bool IsInUse(DWORD error) {
          error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
 }
 
-bool Replace(const fs::path& from, const fs::path& to) {
+/// The system's error; none when `to` is replaced.
+DWORD Replace(const fs::path& from, const fs::path& to) {
   constexpr DWORD kFlags = REPLACEFILE_WRITE_THROUGH | REPLACEFILE_IGNORE_MERGE_ERRORS;
-  if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, kFlags, nullptr, nullptr)) return true;
-  // There is nothing to replace, or a file system that cannot.
-  return MoveFileExW(from.c_str(), to.c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  return ReplaceFileW(to.c_str(), from.c_str(), nullptr, kFlags, nullptr, nullptr) ? ERROR_SUCCESS
+                                                                                   : GetLastError();
+}
+
+DWORD Move(const fs::path& from, const fs::path& to) {
+  constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+  return MoveFileExW(from.c_str(), to.c_str(), kFlags) ? ERROR_SUCCESS : GetLastError();
 }
 
 }  // namespace
@@ -28,12 +32,15 @@ bool Replace(const fs::path& from, const fs::path& to) {
 std::optional<RuntimeError> PutInPlace(const fs::path& from, const fs::path& to) {
   constexpr int kTries = 50;
   constexpr DWORD kPauseMs = 10;
-  for (int i = 0; !Replace(from, to); ++i) {
-    const DWORD error = GetLastError();
-    if (!IsInUse(error) || i == kTries) return RuntimeError::OfNumber(ErrnoOf(error));
+  DWORD error = Replace(from, to);
+  for (int i = 0; i < kTries && IsInUse(error); ++i) {
     Sleep(kPauseMs);
+    error = Replace(from, to);
   }
-  return std::nullopt;
+  // There is nothing to replace, or a file system that cannot.
+  if (error != ERROR_SUCCESS) error = Move(from, to);
+  if (error == ERROR_SUCCESS) return std::nullopt;
+  return RuntimeError::OfNumber(ErrnoOf(error));
 }
 
 }  // namespace morvane

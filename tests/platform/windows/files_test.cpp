@@ -3,8 +3,13 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <thread>
 
 #include "platform/file_beside.h"
+#include "platform/file_lock.h"
+#include "platform/ini_settings.h"
+#include "platform/put_aside.h"
+#include "platform/utf8_of_path.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/other_process.h"
 #include "platform/write_check.h"
@@ -52,6 +57,26 @@ TEST(Files, NamesOfAnyAlphabetAreFoundUnderThem) {
   EXPECT_TRUE(byItsName);
 }
 
+TEST(Files, EachWayToAFileTakesNamesOfAnyAlphabet) {
+  const TempFolder folder;
+  const std::string data = folder / "\u00E4 \u6F22 \U0001F600";
+  EXPECT_FALSE(MakePrivateFolder(data));
+  const std::string path = JoinPath(data, "\U0001F0A1.ini");
+  EXPECT_FALSE(CheckWritable(path));
+  IniSettings store(path);
+  EXPECT_TRUE(store.Set({"Setup", "Text", ""}, "kept"));
+  EXPECT_EQ(IniSettings(path).Get({"Setup", "Text", ""}), "kept");
+  EXPECT_FALSE(WriteLockedFile(path, "damaged"));
+  EXPECT_EQ(PutAside(path), path + ".damaged");
+  EXPECT_EQ(Content(path + ".damaged"), "damaged");
+  EXPECT_EQ(FileBehind(path + ".damaged"), path + ".damaged");
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(PathOfUtf8(data))) {
+    names.push_back(Utf8OfPath(entry.path().filename()));
+  }
+  EXPECT_THAT(names, UnorderedElementsAre("\U0001F0A1.ini.damaged", "\U0001F0A1.ini.lock"));
+}
+
 TEST(Files, ASaveIsNotHinderedByWhoReadsAndLetsOthersAtIt) {
   TempFolder folder;
   WriteContent(folder / "set.pbn", "old");
@@ -64,6 +89,23 @@ TEST(Files, ASaveIsNotHinderedByWhoReadsAndLetsOthersAtIt) {
   EXPECT_TRUE(::ReadFile(reader.get(), got.data(), 10, &size, nullptr));
   EXPECT_EQ(std::string(got.data(), size), "old") << "it reads on what it has opened";
   EXPECT_EQ(Content(folder / "set.pbn"), "new");
+}
+
+TEST(Files, WhoKeepsAFileToHimselfForAMomentIsWaitedFor) {
+  TempFolder folder;
+  WriteContent(folder / "set.pbn", "old");
+  OpenedHandle reader = Reader(folder / "set.pbn", FILE_SHARE_READ);
+  ASSERT_TRUE(reader);
+  EXPECT_FALSE(CheckWritable(folder / "set.pbn"));
+  // The new content stands beside; it needs its name.
+  std::thread scanner([&] {
+    EXPECT_TRUE(Until([&] { return NamesIn(folder).size() == 2; }));
+    reader.reset();
+  });
+  EXPECT_FALSE(WriteFile(folder / "set.pbn", "new"));
+  scanner.join();
+  EXPECT_EQ(Content(folder / "set.pbn"), "new");
+  EXPECT_THAT(NamesIn(folder), ElementsAre("set.pbn"));
 }
 
 TEST(Files, WhatAnotherProgramKeepsToItselfIsNotReplaced) {
@@ -102,10 +144,46 @@ TEST(Files, FoldersAndWhatIsMissingAreErrors) {
   EXPECT_FALSE(fs::exists(folder / "none"));
 }
 
-TEST(Files, WhatHasNoEndIsNotRead) {
+TEST(Files, NamesThatMeanDevicesAreNoFiles) {
+  const TempFolder folder;
   std::string bytes;
-  EXPECT_EQ(ReadFile("NUL", bytes)->Number, ENOTSUP);
-  EXPECT_EQ(AppendLines("NUL", "x\r\n")->Number, ENOTSUP);
+  for (const char* name : {"NUL", "CON", "nul"}) {
+    const auto read = ReadFile(name, bytes);
+    ASSERT_TRUE(read) << name;
+    EXPECT_EQ(read->Number, ENOTSUP) << name;
+    EXPECT_EQ(AppendLines(name, "x\r\n")->Number, ENOTSUP) << name;
+    EXPECT_EQ(WriteFile(name, "x")->Description, "Operation not supported") << name;
+    EXPECT_TRUE(CheckWritable(name)) << name;
+  }
+  EXPECT_TRUE(WriteFile(folder / "COM1", "x"));
+  EXPECT_THAT(NamesIn(folder), IsEmpty());
+}
+
+TEST(Files, ANameThatIsTooLongIsToldSo) {
+  const TempFolder folder;
+  const std::string name = folder / std::string(300, 'n');
+  std::string bytes;
+  EXPECT_EQ(ReadFile(name, bytes)->Number, ENAMETOOLONG);
+  EXPECT_EQ(WriteFile(name, "x")->Number, ENAMETOOLONG);
+  EXPECT_EQ(AppendLines(name, "x\r\n")->Number, ENAMETOOLONG);
+  EXPECT_THAT(NamesIn(folder), IsEmpty());
+}
+
+TEST(Files, APathMayBeLongWhereTheSystemAllowsIt) {
+  const TempFolder folder;
+  std::string path = folder.Path();
+  for (int i = 0; i < 8; ++i) path = JoinPath(path, std::string(40, 'a'));
+  std::error_code failure;
+  fs::create_directories(PathOfUtf8(path), failure);
+  if (failure) GTEST_SKIP() << "long paths are not switched on here: " << failure.message();
+  path = JoinPath(path, "set.pbn");
+  ASSERT_GT(path.size(), 320U);
+  WriteContent(path, "one");
+  WriteContent(path, "two");
+  EXPECT_FALSE(AppendLines(path, "three\r\n"));
+  EXPECT_EQ(Content(path), "two\r\nthree\r\n");
+  EXPECT_FALSE(CheckWritable(path));
+  EXPECT_TRUE(FileLock::Try(path + ".lock"));
 }
 
 TEST(Files, ALastLineThatWasCutIsEnded) {
