@@ -45,7 +45,7 @@ void Guide::Open(std::string_view page) {
   const std::string path = PathOf(Folder(), page);
   if (!IsThere(path)) {
     return Tell(Line("The guide is not installed.") + Line("Its page would be: " + path) + "\r\n" +
-                Line("Please install the package morvane-doc."));
+                Line(kGuideAdvice));
   }
   // The system says that it hands a page on, not that somebody has a browser for it.
   program_.Status("The guide: " + path);

@@ -8,6 +8,14 @@
 namespace morvane::shell {
 namespace {
 
+#ifdef _WIN32
+const std::string kPlace = "usr/libexec/morvane/guide";
+const std::string kAdvice = "Please install Morvane again, or unpack it whole.";
+#else
+const std::string kPlace = "usr/share/morvane/guide";
+const std::string kAdvice = "Please install the package morvane-doc.";
+#endif
+
 using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -28,8 +36,8 @@ struct GuideDesk : test::TestDesk {
 
 TEST(Guide, IsFoundWhereItIsInstalled) {
   GuideDesk desk;
-  desk.PutPage("usr/share/morvane/guide", "index");
-  const std::string page = desk.PutPage("usr/share/morvane/guide", "stops");
+  desk.PutPage(kPlace, "index");
+  const std::string page = desk.PutPage(kPlace, "stops");
   desk.TheGuide.Open("stops");
   EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
@@ -37,15 +45,15 @@ TEST(Guide, IsFoundWhereItIsInstalled) {
 
 TEST(Guide, SaysInTheStatusWhichPageItHandsOn) {
   GuideDesk desk;
-  desk.PutPage("usr/share/morvane/guide", "index");
-  const std::string page = desk.PutPage("usr/share/morvane/guide", "stops");
+  desk.PutPage(kPlace, "index");
+  const std::string page = desk.PutPage(kPlace, "stops");
   desk.TheGuide.Open("stops");
   EXPECT_EQ(desk.Ui.Statuses.back(), "The guide: " + page);
 }
 
 TEST(Guide, OfABuildTreeComesFirst) {
   GuideDesk desk;
-  desk.PutPage("usr/share/morvane/guide", "index");
+  desk.PutPage(kPlace, "index");
   const std::string page = desk.PutPage("usr/libexec/guide", "index");
   desk.TheGuide.Open("index");
   EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
@@ -62,19 +70,19 @@ TEST(Guide, ThatIsNotInstalledIsToldWithItsPlaceAndItsPackage) {
   GuideDesk desk;
   desk.TheGuide.Open("stops");
   EXPECT_THAT(desk.Around.Shown, IsEmpty());
-  EXPECT_THAT(desk.Ui.Boxes,
-              ElementsAre(FakeUi::Box{"      The guide is not installed.      \r\n"
-                                      "      Its page would be: " +
-                                          desk.Folder.Path() +
-                                          "/usr/share/morvane/guide/stops.html      \r\n"
-                                          "\r\n"
-                                          "      Please install the package morvane-doc.      \r\n",
-                                      64, "Guide"}));
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{"      The guide is not installed.      \r\n"
+                                                     "      Its page would be: " +
+                                                         desk.Folder.Path() + "/" + kPlace +
+                                                         "/stops.html      \r\n"
+                                                         "\r\n"
+                                                         "      " +
+                                                         kAdvice + "      \r\n",
+                                                     64, "Guide"}));
 }
 
 TEST(Guide, SaysWhereThePageIsWhenNoBrowserStarts) {
   GuideDesk desk;
-  const std::string page = desk.PutPage("usr/share/morvane/guide", "index");
+  const std::string page = desk.PutPage(kPlace, "index");
   desk.Around.Shows = false;
   desk.TheGuide.Open("index");
   ASSERT_EQ(desk.Ui.Boxes.size(), 1U);
