@@ -26,10 +26,15 @@ std::string WordsOf(int code) {
   return words.data();
 }
 
+/// The library's memory and threads. A shared library does so when it is loaded, one that was linked
+/// in never; once more does no harm.
+void MakeReady() { SetMaxThreads(0); }
+
 }  // namespace
 
 Table CalcTable(const Board& board) {
   constexpr int kNoTrumpThere = 4;
+  MakeReady();
   ddTableResults found{};
   const int code = CalcDDtable(DealOf(board), &found);
   if (code != RETURN_NO_FAULT) return {{}, WordsOf(code)};
@@ -45,6 +50,7 @@ Table CalcTable(const Board& board) {
 }
 
 std::string LibraryVersion() {
+  MakeReady();
   DDSInfo info{};
   GetDDSInfo(&info);
   return std::string("DDS ") + info.versionString;
