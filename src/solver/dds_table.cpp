@@ -26,8 +26,8 @@ std::string WordsOf(int code) {
   return words.data();
 }
 
-/// The library's memory and threads. A shared library does so when it is loaded, one that was linked
-/// in never; once more does no harm.
+/// The library's memory and threads. A shared library does so when it is loaded, one that was
+/// linked in never; once more does no harm.
 void MakeReady() { SetMaxThreads(0); }
 
 }  // namespace
