@@ -11,6 +11,7 @@
 
 #ifdef _WIN32
 #include "platform/windows/file_beside.h"
+#include "platform/windows/opening.h"
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -66,6 +67,9 @@ bool LeadsTo(const std::string& path, std::FILE& file) {
 
 namespace {
 
+/// The system says so itself when the file is to have its last name.
+bool MayBeNamed(const std::string& /*path*/) { return true; }
+
 /// Removes the file if nobody holds its lock: whoever writes it does, from its first byte until it
 /// has its last name.
 void ClearIfDead(const std::string& path) {
@@ -113,8 +117,9 @@ void ClearLeftBeside(const std::string& folder) {
 
 FileBeside OpenBeside(const std::string& path, NewFile access) {
   constexpr int kMostNames = 1000;
-  ClearLeftBeside(FolderOf(path));
   FileBeside beside;
+  if (!MayBeNamed(path)) return beside;
+  ClearLeftBeside(FolderOf(path));
   for (int i = 0; i < kMostNames; ++i) {
     beside.Name = FolderOf(path) + NewName();
     beside.File = OpenToWrite(beside.Name, Opening::kNew, access);

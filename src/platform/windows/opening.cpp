@@ -3,8 +3,10 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include <array>
 #include <cerrno>
 #include <filesystem>
+#include <string_view>
 
 #include "platform/windows/access_list.h"
 #include "platform/windows/system_error.h"
@@ -14,19 +16,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The system refuses a folder as it refuses what is not ours, and what is in a file or has too
-/// long a name as what is not there.
-int ErrorAt(const fs::path& path, int number) {
+/// Some names mean devices wherever they stand: NUL, CON, COM1. The system knows which.
+bool IsDevice(const fs::path& name) {
+  std::array<wchar_t, MAX_PATH> whole{};
+  const auto room = static_cast<DWORD>(whole.size());
+  const DWORD size = GetFullPathNameW(name.c_str(), room, whole.data(), nullptr);
+  return size < room && std::wstring_view(whole.data(), size).starts_with(L"\\\\.\\");
+}
+
+bool IsTooLong(const fs::path& name) {
   constexpr std::size_t kLongestName = 255;
+  return name.filename().native().size() > kLongestName;
+}
+
+/// The system refuses a folder as it refuses what is not ours, and what is in a file as what is not
+/// there.
+int ErrorAt(const fs::path& path, int number) {
   std::error_code failure;
-  if (number == ENOENT && path.filename().native().size() > kLongestName) return ENAMETOOLONG;
   if (number == EACCES && fs::is_directory(path, failure)) return EISDIR;
   const fs::path folder = path.parent_path();
   const bool inFile = fs::exists(folder, failure) && !fs::is_directory(folder, failure);
   return number == ENOENT && inFile ? ENOTDIR : number;
 }
 
-/// Some names mean devices wherever they stand: NUL, CON, COM1.
 OpenedHandle OnlyPlain(OpenedHandle file) {
   if (!file || GetFileType(file.get()) == FILE_TYPE_DISK) return file;
   errno = ENOTSUP;
@@ -41,8 +53,21 @@ bool IsWriteProtected(const std::string& path) {
 
 }  // namespace
 
+bool MayBeNamed(const std::string& path) {
+  const fs::path name = PathOfUtf8(path);
+  if (IsDevice(name)) {
+    errno = ENOTSUP;
+  } else if (IsTooLong(name)) {
+    errno = ENAMETOOLONG;
+  } else {
+    return true;
+  }
+  return false;
+}
+
 OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition, NewFile access) {
   constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  if (!MayBeNamed(path)) return nullptr;
   if (access == NewFile::kPrivate) MakePrivate(path);
   OwnAccess own;
   SECURITY_ATTRIBUTES* const list = access == NewFile::kPrivate ? own.Get() : nullptr;

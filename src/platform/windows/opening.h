@@ -8,6 +8,10 @@
 
 namespace morvane {
 
+/// False, and `errno`, for a name that no file can have: a device's (ENOTSUP), one that is too
+/// long.
+[[nodiscard]] bool MayBeNamed(const std::string& path);
+
 /// How `CreateFileW` is called for `path`: `rights` are those of the handle, `disposition` says
 /// what may be there. Others may read, write, rename and remove the file while we have it. A file
 /// made or opened as private is this user's alone then, unless it belongs to another. None, and

@@ -1,7 +1,6 @@
 #include "platform/windows/replacing.h"
 
-#include <windows.h>
-
+#include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
 
 namespace morvane {
@@ -15,9 +14,19 @@ bool IsInUse(DWORD error) {
          error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
 }
 
-/// The system's error; none when `to` is replaced.
+/// What keeps the file from being replaced now.
+DWORD Hindrance(const fs::path& to) {
+  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const OpenedHandle old = TakeHandle(CreateFileW(to.c_str(), GENERIC_READ | DELETE, kAll, nullptr,
+                                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  return old ? ERROR_SUCCESS : GetLastError();
+}
+
+/// The system's error; none when `to` is replaced. A call that fails may leave a file of the
+/// system's own, so it is asked for first whether it can be done.
 DWORD Replace(const fs::path& from, const fs::path& to) {
   constexpr DWORD kFlags = REPLACEFILE_WRITE_THROUGH | REPLACEFILE_IGNORE_MERGE_ERRORS;
+  if (const DWORD error = Hindrance(to)) return error;
   return ReplaceFileW(to.c_str(), from.c_str(), nullptr, kFlags, nullptr, nullptr) ? ERROR_SUCCESS
                                                                                    : GetLastError();
 }

@@ -24,22 +24,30 @@ class ToldLoop final : public VirtualEventLoop {
   std::atomic<bool> told_ = false;
 };
 
+constexpr const char* kNotSent = "a console without a window sends no events here, as under wine";
+
 void Note(const char* name) { WriteContent(JoinPath(OtherProcess::About(), name), ""); }
 
-/// Has its console send the event, as the key does.
+/// Has the part's console send it the event, as the key does. Some systems give a hidden program no
+/// console that could.
+bool Send() {
+  if (GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0)) return true;
+  Note("not sent");
+  return false;
+}
+
 TEST(ToldProcess, DISABLED_EndsWhenItIsTold) {
   VirtualClock clock;
   ToldLoop loop(clock);
   QuitOnEndSignals(loop);
-  ASSERT_TRUE(GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0));
-  if (Until([&loop] { return loop.Told(); })) Note("told");
+  if (Send() && Until([&loop] { return loop.Told(); })) Note("told");
 }
 
 TEST(ToldProcess, DISABLED_DoesNotEnd) {
   VirtualClock clock;
   ToldLoop loop(clock);
   QuitOnEndSignals(loop);
-  ASSERT_TRUE(GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, 0));
+  if (!Send()) return;
   Until([] { return false; });
   Note("alive");
 }
@@ -48,6 +56,7 @@ TEST(EndSignals, AnEventOfTheConsoleEndsTheLoop) {
   TempFolder folder;
   const OtherProcess other("ToldProcess.DISABLED_EndsWhenItIsTold", folder.Path());
   ASSERT_TRUE(other.Ends());
+  if (std::filesystem::exists(folder / "not sent")) GTEST_SKIP() << kNotSent;
   EXPECT_TRUE(std::filesystem::exists(folder / "told"));
 }
 
@@ -56,6 +65,7 @@ TEST(EndSignals, WhatHasNotEndedAfterTwoSecondsTheSystemEnds) {
   const auto start = std::chrono::steady_clock::now();
   const OtherProcess other("ToldProcess.DISABLED_DoesNotEnd", folder.Path());
   ASSERT_TRUE(other.Ends());
+  if (std::filesystem::exists(folder / "not sent")) GTEST_SKIP() << kNotSent;
   EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
   EXPECT_FALSE(std::filesystem::exists(folder / "alive"));
 }
