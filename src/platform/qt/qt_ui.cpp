@@ -20,6 +20,13 @@ constexpr int kIcons = 0x70;
 constexpr int kSecondIsDefault = 0x100;
 constexpr int kOverAllWindows = 0x1000;
 
+// The system's own adds the ending of its row to a name that has another one: "evening.pbn.bri".
+#ifdef _WIN32
+constexpr bool kOwnSaveDialog = true;
+#else
+constexpr bool kOwnSaveDialog = false;
+#endif
+
 QMessageBox::StandardButtons ButtonsOf(int flags) {
   switch (flags & kButtons) {
     case 1:
@@ -89,6 +96,7 @@ void Prepare(QFileDialog& dialog, const FileRequest& request) {
   dialog.setAcceptMode(request.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
+  if (kOwnSaveDialog && request.Saving) dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setNameFilters(rows);
   const auto row = std::clamp<qsizetype>(request.FilterIndex - 1, 0, rows.size() - 1);
   if (!rows.empty()) dialog.selectNameFilter(rows[row]);
