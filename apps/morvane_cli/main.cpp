@@ -14,6 +14,12 @@
 
 namespace {
 
+#ifdef _WIN32
+constexpr const char* kPlatform = "windows";  // the one that has the system's fonts
+#else
+constexpr const char* kPlatform = "offscreen";
+#endif
+
 class NoSound final : public morvane::Sound {
  public:
   void Play(const std::string&) override {}
@@ -22,7 +28,7 @@ class NoSound final : public morvane::Sound {
 /// Pages need fonts, which come with an application that could show windows; it takes longer to
 /// start, and no display. From words beside the program's name it would take those that Qt knows.
 std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", kPlatform);
   // It speaks of the session that it misses. QT_LOGGING_RULES brings that back.
   QLoggingCategory::setFilterRules("*.warning=false");
   return std::make_unique<QGuiApplication>(nameAlone, argv);
