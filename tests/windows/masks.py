@@ -6,7 +6,7 @@ import subprocess
 
 MASKED = [
     'the folder in which a program runs, and "\\" for "/" in a line with such a path',
-    'CR LF for LF in what a program prints: text on a Windows console ends its lines so',
+    'CR LF for LF in what a program prints and in the settings: text that is the system\'s own ends its lines so on Windows',
     'times of day and dates of a log, a service file and an audit, and milliseconds since midnight at a start',
     'in the settings the pool of random bits and its counter: they take in the times between events',
     'in a trace the instants and durations, when it began, the bytes of what is sent (a chance number scrambles them),',
@@ -14,6 +14,7 @@ MASKED = [
     'in a log the random bits collected, and the pool and the seed of a set of no given seeds: chance',
     'the seconds that an analysis took',
     'the machine\'s temperature and voltage, which the simulated one lets drift with time',
+    'in the usage page the names of the ways to the machine: a serial port and a cable by itself are none on Windows',
     'of a PDF everything but its text, by pdftotext: the systems have other fonts',
 ]
 
@@ -28,6 +29,7 @@ POLLED = re.compile(rb'(?m)^<instant> Write .* ; CmdStatus\n<instant> Read .* ; 
 CHANCE = re.compile(rb'(?m)^(  (?:New random bits collected|Seedm|Seed): ).*?\r$')
 TOOK = re.compile(rb'(?m)^(    DDS: .*)  \d+\.\ds\r$')
 POOL = re.compile(rb'(?m)^(Seedm(?:_counter)?) = .*$')
+WAYS = re.compile(rb'usb \(where none is named\), (?:usb:SERIAL, usb:VVVV:PPPP,\s+serial:PATH, )?replay:FILE')
 DRIFT = re.compile(rb'\b(Inside_temp|Supply_volt): \d+\.\d')
 DRIFT_LOGGED = re.compile(rb'(Basic info: .*),\d+\.\d,\d+\.\d')
 
@@ -50,7 +52,8 @@ def of_drift(data):
 
 
 def of_printed(data, folder):
-    return of_drift(of_times(of_paths(data.replace(b'\r\n', b'\n'), folder)))
+    data = WAYS.sub(b'<ways to the machine>', data.replace(b'\r\n', b'\n'))
+    return of_drift(of_times(of_paths(data, folder)))
 
 
 def of_log(data, folder):
@@ -59,7 +62,7 @@ def of_log(data, folder):
 
 
 def of_settings(data, folder):
-    return POOL.sub(rb'\1 = <pool>', of_paths(data, folder))
+    return POOL.sub(rb'\1 = <pool>', of_paths(data.replace(b'\r\n', b'\n'), folder))
 
 
 def of_trace(data, _):

@@ -5,6 +5,7 @@
 #ifdef _WIN32
 #include <conio.h>
 #include <io.h>
+#include <windows.h>
 #else
 #include <poll.h>
 #include <unistd.h>
@@ -14,7 +15,11 @@ namespace morvane {
 namespace {
 
 #ifdef _WIN32
-bool IsTerminal(int file) { return _isatty(file) != 0; }
+/// To `_isatty` the null device is one too, of which nothing ever comes.
+bool IsTerminal(int file) {
+  DWORD mode = 0;
+  return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(file)), &mode) != 0;
+}
 bool LineWaits() { return _kbhit() != 0; }
 #else
 bool IsTerminal(int file) { return isatty(file) == 1; }
