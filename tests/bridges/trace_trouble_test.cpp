@@ -20,9 +20,7 @@ namespace morvane::bridges {
 namespace {
 
 using test::Content;
-using test::FileSizeLimit;
 using test::kTraceHead;
-using test::PlainUser;
 using test::WriteContent;
 
 class TraceTrouble : public test::TraceDesk {
@@ -87,7 +85,7 @@ TEST_F(TraceTrouble, AMissingFolderIsSaidByTheSystem) {
 #ifndef _WIN32  // rights are access lists
 TEST_F(TraceTrouble, SoAreMissingRights) {
   ASSERT_EQ(chmod(Folder.Path().c_str(), 0755), 0);
-  const PlainUser user;
+  const test::PlainUser user;
   ASSERT_TRUE(user.Ok());
   EXPECT_EQ(Trouble(), Path + ": Permission denied");
 }
@@ -165,7 +163,7 @@ TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
   TraceFile trace(Order(), Clock);
   WriteLine(trace);
   {
-    const FileSizeLimit limit(kTraceHead.size() + 2 * kText.size() - 1);
+    const test::FileSizeLimit limit(kTraceHead.size() + 2 * kText.size() - 1);
     WriteLine(trace);
     EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
   }
@@ -176,7 +174,7 @@ TEST_F(TraceTrouble, AFullDiskEndsItWithAWholeLine) {
 TEST_F(TraceTrouble, ADiskThatIsFullAtTheEndIsToldToo) {
   TraceFile trace(Order(), Clock);
   WriteLine(trace);
-  const FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
+  const test::FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
   trace.End();
   EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
   EXPECT_EQ(Content(Path), kTraceHead + kText);
@@ -187,7 +185,7 @@ TEST_F(TraceTrouble, AFullDiskLeavesAnotherFileOfItsNameAlone) {
   WriteLine(trace);
   std::filesystem::rename(Path, Folder / "kept");
   WriteContent(Path, std::string(1000, 'x'));
-  const FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
+  const test::FileSizeLimit limit(kTraceHead.size() + kText.size() + 3);
   WriteLine(trace);
   EXPECT_NE(trace.Trouble(), "");
   EXPECT_EQ(Content(Path), std::string(1000, 'x'));
@@ -199,7 +197,7 @@ TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesAllAsItWas) {
   WriteContent(Path, kTraceHead + "a");
   WriteContent(Path + ".1", kTraceHead + "b");
   for (const std::size_t room : {kTraceHead.size() + 1, kTraceHead.size() - 1}) {
-    const FileSizeLimit limit(room);
+    const test::FileSizeLimit limit(room);
     TraceFile trace(Order(), Clock);
     WriteLine(trace);
     EXPECT_EQ(trace.Trouble(), Path + ": File too large");
@@ -210,7 +208,7 @@ TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesAllAsItWas) {
 }
 
 TEST_F(TraceTrouble, ADiskThatIsFullAtTheStartLeavesNothing) {
-  const FileSizeLimit limit(kTraceHead.size() - 1);
+  const test::FileSizeLimit limit(kTraceHead.size() - 1);
   TraceFile trace(Order(), Clock);
   WriteLine(trace);
   EXPECT_EQ(trace.Trouble(), Path + ": File too large");
@@ -233,7 +231,7 @@ TEST_F(TraceOfParts, ADiskThatIsFullAtTheNextPartLeavesTheLastItsName) {
   TraceFile trace(Parts(), Clock);
   WriteLine(trace);
   WriteLine(trace);
-  const FileSizeLimit limit(kTraceHead.size() - 1);
+  const test::FileSizeLimit limit(kTraceHead.size() - 1);
   WriteLine(trace);
   EXPECT_EQ(trace.Trouble(), Path + ": File too large; the trace ends here");
   EXPECT_TRUE(Content(Path).ends_with("# part 2\n" + kText));
@@ -278,7 +276,7 @@ TEST_F(TraceTrouble, ALinkDoesNotSufferFromIt) {
   auto scripted = std::make_unique<test::ScriptedBridge>(Clock);
   scripted->Unread = {1, 2, 3};
   TracedBridge usb(std::move(scripted), Order(), Clock);
-  const FileSizeLimit limit(1);
+  const test::FileSizeLimit limit(1);
   std::array<std::uint8_t, 3> bytes{};
   std::uint32_t read = 0;
   EXPECT_EQ(usb.Read(7, bytes, read), UsbXpress::kSuccess);

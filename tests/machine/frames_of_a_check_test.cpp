@@ -27,7 +27,7 @@ class FramesOfACheck : public RunFixture {
       return wire;
     };
   }
-  std::vector<long> times;
+  std::vector<std::int64_t> times;
 };
 
 TEST_F(FramesOfACheck, TheRightLabelIsReadOnce) {

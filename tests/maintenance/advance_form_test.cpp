@@ -21,7 +21,7 @@ const std::vector<std::string> kReload{"33 00 00 .. .. .. ..", "33 00 01 .. .. .
 // Opening.
 
 TEST_F(Form, OpeningReadsTwoPagesOfCountersAndBothHalvesOfTheRecordAndTakesItsTime) {
-  std::vector<long> times;
+  std::vector<std::int64_t> times;
   OnFrame = [&](const Bytes&) {
     times.push_back(
         std::chrono::duration_cast<std::chrono::milliseconds>(desk.Clock.Elapsed()).count());

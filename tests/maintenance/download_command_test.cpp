@@ -87,7 +87,7 @@ TEST_F(Download, TheLinkIsSlowForTheTransferAndTheLatchDropsBehindIt) {
 
 TEST_F(Download, HalfASecondPassesWhileTheMachineStarts) {
   Start();
-  std::vector<long> at;
+  std::vector<std::int64_t> at;
   desk.Ui.OnBox = [&] { at.push_back(desk.Clock.Elapsed().count()); };
   Press(path);
   const auto wait = desk.Clock.Elapsed().count() - at.at(0);

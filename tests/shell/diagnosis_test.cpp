@@ -1,11 +1,10 @@
 #include "shell/diagnosis.h"
 
-#include <cstdlib>
-
 #include "shell/help.h"
 #include "support/fake_desktop.h"
 #include "support/fakes.h"
 #include "support/scripted_bridge.h"
+#include "support/user_home.h"
 
 namespace morvane::shell {
 namespace {
@@ -15,9 +14,7 @@ using ::testing::Not;
 
 /// A diagnosis of a desk whose user's home is its folder.
 struct DiagnosisDesk : test::TestDesk {
-  DiagnosisDesk() { setenv("HOME", Folder.Path().c_str(), 1); }
-  ~DiagnosisDesk() { setenv("HOME", before_.c_str(), 1); }
-
+  test::UserHome Home{Folder.Path()};
   test::ScriptedBridge Bridge{Clock};
   machine::Machine TheMachine{Random, Bridge};
   test::FakeDesktop Around;
@@ -27,9 +24,6 @@ struct DiagnosisDesk : test::TestDesk {
     TheHelp.CopyDiagnosis();
     return Around.Copied;
   }
-
- private:
-  const std::string before_ = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
 };
 
 TEST(Diagnosis, HasVersionsSystemMachineSettingsAndLog) {

@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <vector>
 
 #include "platform/files.h"
 #include "support/fakes.h"
+#include "support/user_home.h"
 
 namespace morvane::shell {
 namespace {
@@ -150,15 +150,8 @@ TEST(MachineToHandOn, HasItsFormButNoNameOfAFile) {
 /// A user "ann", whose home is reached by a link too.
 class PlaceInHome : public ::testing::Test {
  protected:
-  PlaceInHome() { SetHome(folder_ / "home/ann"); }
-  ~PlaceInHome() override { SetHome(before_); }
-
-  static void SetHome(const std::string& path) { setenv("HOME", path.c_str(), 1); }
-
   test::TempFolder folder_;
-
- private:
-  const std::string before_ = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  test::UserHome home_{folder_ / "home/ann"};
 };
 
 TEST_F(PlaceInHome, IsToldFromThereOn) {
