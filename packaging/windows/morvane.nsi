@@ -34,7 +34,6 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Morvane developers"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Morvane"
 !define CAPABILITIES "Software\Morvane\Capabilities"
 !define ERROR_ELEVATION_REQUIRED 740
-!define ERROR_ACCESS_DENIED 5
 !define ERROR_SHARING_VIOLATION 32
 !define ERROR_OLD_WINDOWS 1150
 !define SHCNE_ASSOCCHANGED 0x08000000
@@ -275,11 +274,6 @@ FunctionEnd
 
 Section
   !insertmacro RefuseWhileRunning
-  ClearErrors
-  CreateDirectory "$INSTDIR"
-  ${If} ${Errors}
-    !insertmacro Refuse "The folder $INSTDIR cannot be made." ${ERROR_ACCESS_DENIED}
-  ${EndIf}
   Call RemoveOlder
   SetOverwrite on
   !include "${LISTS}\install.nsh"
