@@ -28,7 +28,7 @@ TEST_F(CameraEndToEnd, APictureIsWhatTheCameraSees) {
   const Outcome outcome = Maintain(named, {"picture", "card.png"});
   EXPECT_EQ(outcome.Status, 0) << outcome.Err;
   EXPECT_EQ(outcome.Out, "");
-  EXPECT_EQ(outcome.Err, "");
+  EXPECT_EQ(outcome.Err, InProgram());
   const test::PngPixels png(test::Content(File("card.png")));
   EXPECT_TRUE(png.Grey);
   ASSERT_EQ(png.Values.size(), 128U * 192);
@@ -74,7 +74,7 @@ TEST_F(CameraEndToEnd, AnInterruptLeavesNoPicture) {
   picture.Signal(SIGINT);
   const Outcome outcome = picture.Finish();
   EXPECT_EQ(outcome.Status, 1);
-  EXPECT_EQ(outcome.Err, "Broken off.\n");
+  EXPECT_EQ(outcome.Err, InProgram() + "Broken off.\n");
   EXPECT_FALSE(std::filesystem::exists(File("card.png")));
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
 }
@@ -142,7 +142,7 @@ TEST_F(CameraEndToEnd, AutoSetupThatIsInterruptedGivesTheMachineItsLimitsBack) {
   const std::string named = Start(",card=HT");
   const std::string before = Maintain(named, {"parameters"}).Out;
   int searches = 0;
-  for (const int number : {SIGINT, SIGTERM}) {
+  for (const int number : EndSignals()) {
     Process search(YesOn(named, {"auto-setup"}), Around());
     ++searches;
     ASSERT_TRUE(search.Until([&] {
@@ -151,7 +151,7 @@ TEST_F(CameraEndToEnd, AutoSetupThatIsInterruptedGivesTheMachineItsLimitsBack) {
     search.Signal(number);
     const Outcome outcome = search.Finish();
     EXPECT_EQ(outcome.Status, 1);
-    EXPECT_EQ(outcome.Err, "The machine keeps its parameters.\nBroken off.\n");
+    EXPECT_EQ(outcome.Err, InProgram() + "The machine keeps its parameters.\nBroken off.\n");
     EXPECT_EQ(CountLines("   Autosetup revert parameters: "), searches);
     EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
     EXPECT_EQ(Maintain(named, {"parameters"}).Out, before);

@@ -22,8 +22,8 @@ class DesktopFault : public EndToEnd {
   [[nodiscard]] Surroundings Desktop(const std::string& variable = "NOTHING=") const {
     return {.Folder = folder.Path(),
             .Program = ProgramNamed("morvane"),
-            .Variables = {"QT_QPA_PLATFORM=xcb", name_, variable,
-                          "ASAN_OPTIONS=handle_segv=0:detect_leaks=0"}};
+            .Variables = {ForWindows() ? "QT_QPA_PLATFORM=windows" : "QT_QPA_PLATFORM=xcb", name_,
+                          variable, "ASAN_OPTIONS=handle_segv=0:detect_leaks=0"}};
   }
   Outcome Xdotool(const std::vector<std::string>& words) {
     return Process(words,
@@ -86,7 +86,7 @@ TEST_F(DesktopFault, AProgramThatASignalKillsLeavesItsSetToTheNextStart) {
 
 TEST_F(DesktopFault, AKilledProgramWithoutASetIsToldOnce) {
   int starts = 0;
-  for (const int number : {SIGKILL, SIGTERM, SIGTERM}) {
+  for (const int number : {SIGKILL, EndSignals().front(), EndSignals().front()}) {
     ++starts;
     Process program(Whole({}), Desktop());
     ASSERT_TRUE(program.Until(

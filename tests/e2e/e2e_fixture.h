@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -9,6 +10,13 @@
 #include "support/fakes.h"
 
 namespace morvane::e2e {
+
+/// The signals by which the system ends a program. Of these a Windows program has only the first,
+/// as Ctrl-C.
+inline std::vector<int> EndSignals() {
+  if (ForWindows()) return {SIGINT};
+  return {SIGINT, SIGTERM, SIGHUP};
+}
 
 /// A folder with a data folder and a settings store of its own, in which the real program runs.
 class EndToEnd : public ::testing::Test {

@@ -18,7 +18,7 @@ using ::testing::StartsWith;
 TEST_F(MaintainEndToEnd, InfoShowsTheMachineAtTheOtherEnd) {
   const Outcome outcome = Maintain(Start(",serial=12,firmware=2.44"), {"info"});
   EXPECT_EQ(outcome.Status, 0);
-  EXPECT_EQ(outcome.Err, "");
+  EXPECT_EQ(outcome.Err, InProgram());
   EXPECT_THAT(outcome.Out, StartsWith("Serial_number: 12\n"));
   EXPECT_THAT(outcome.Out, HasSubstr("\nSoft_ver: 2.44\n"));
   EXPECT_THAT(outcome.Out, HasSubstr("\nMotor_speed_4: 0\n"));
@@ -107,13 +107,13 @@ TEST_F(MaintainEndToEnd, WithNobodyToAskNothingIsWritten) {
 
 TEST_F(MaintainEndToEnd, AnInterruptEndsWatchWellAndLeavesTheLineToTheNext) {
   const std::string named = Start();
-  for (const int number : {SIGINT, SIGTERM}) {
+  for (const int number : EndSignals()) {
     Process watch(On(named, {"watch"}), Around());
     ASSERT_TRUE(watch.Until([&] { return watch.Out().ends_with('\n'); })) << watch.Err();
     watch.Signal(number);
     const Outcome outcome = watch.Finish();
     EXPECT_EQ(outcome.Status, 0);
-    EXPECT_EQ(outcome.Err, "");
+    EXPECT_EQ(outcome.Err, InProgram());
     EXPECT_THAT(outcome.Out, StartsWith("Photo1: "));
     EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
   }

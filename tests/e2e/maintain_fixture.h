@@ -25,6 +25,8 @@ class MaintainEndToEnd : public EndToEnd {
     EXPECT_TRUE(machine->Until([&] { return machine->Out().ends_with('\n'); })) << machine->Err();
     return machine->Out().substr(0, machine->Out().find('\n'));
   }
+  /// What is said first where the program makes the machine.
+  static std::string InProgram() { return ForWindows() ? "Machine: simulated\n" : ""; }
   void SwitchOff() {
     if (ForWindows()) return;
     machine->Signal(SIGTERM);

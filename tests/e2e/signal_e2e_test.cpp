@@ -1,4 +1,3 @@
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -12,8 +11,6 @@ namespace morvane::e2e {
 namespace {
 
 using ::testing::StartsWith;
-
-constexpr std::array kEndSignals{SIGTERM, SIGHUP, SIGINT};
 
 class SignalEndToEnd : public EndToEnd {
  protected:
@@ -36,7 +33,7 @@ class SignalEndToEnd : public EndToEnd {
 
 TEST_F(SignalEndToEnd, AnIdleDesktopWritesItsExit) {
   int runs = 0;
-  for (const int number : kEndSignals) {
+  for (const int number : EndSignals()) {
     ++runs;
     Process process(Whole({}), Desktop());
     ASSERT_TRUE(process.Until([&] { return CountLines("   Start up parameters: ") == runs; }));
@@ -51,7 +48,7 @@ TEST_F(SignalEndToEnd, ADesktopThatAsksAboutAnUnsavedSetLeavesItAsItIs) {
   const std::string bytes = test::Content(copy);
   Process process(Whole({}), Desktop());
   ASSERT_TRUE(process.Until([&] { return CountLines("   Start up parameters: ") == 1; }));
-  process.Signal(SIGTERM);
+  process.Signal(EndSignals().front());
   EXPECT_EQ(process.Finish().Status, 0);
   EXPECT_EQ(CountLines(" Unsaved Board Set of then: left"), 1);
   EXPECT_THAT(LogLines().back(), StartsWith(" Exit: "));
@@ -61,7 +58,7 @@ TEST_F(SignalEndToEnd, ADesktopThatAsksAboutAnUnsavedSetLeavesItAsItIs) {
 TEST_F(SignalEndToEnd, ABoardUnderWayIsBrokenOffAndLogged) {
   SetFile("set.pbn", 1, 2);
   int runs = 0;
-  for (const int number : kEndSignals) {
+  for (const int number : EndSignals()) {
     ++runs;
     Process process(DealOnSimulated(), Around());
     ASSERT_TRUE(process.Until([&] { return CountLines("  S/N:") == runs; }));
