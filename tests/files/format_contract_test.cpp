@@ -1,7 +1,9 @@
 #include "files/format_contract.h"
 
+#include <filesystem>
 #include <optional>
 
+#include "platform/files.h"
 #include "program/setting_keys.h"
 #include "support/file_size_limit.h"
 
