@@ -26,9 +26,9 @@ std::string WordsOf(int code) {
   return words.data();
 }
 
-/// The library's memory and threads. A shared library does so when it is loaded, one that was
-/// linked in never; once more does no harm.
-void MakeReady() { SetMaxThreads(0); }
+/// The library's memory and threads, once. A shared library sees to them when it is loaded, one that
+/// was linked in never.
+void MakeReady() { [[maybe_unused]] static const bool ready = (SetMaxThreads(0), true); }
 
 }  // namespace
 
