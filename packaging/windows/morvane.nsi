@@ -3,6 +3,9 @@
 ;
 ; Without an administrator it installs for the user alone, which is what it does unasked; for everybody at the
 ; computer it asks Windows for the rights. Without a word (/S) it does the same by /AllUsers.
+;
+; The data folder is private to whoever starts the program first, and lies at the top of the drive. One user may
+; have it so; of everybody each is given a folder of his own by the links and the kinds of files.
 
 Unicode true
 Target amd64-unicode
@@ -11,6 +14,7 @@ ManifestSupportedOS all
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
 CRCCheck force
+AllowSkipFiles off
 Name "Morvane"
 Caption "Morvane ${VERSION}"
 BrandingText "Morvane ${VERSION}"
@@ -34,8 +38,16 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Morvane developers"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Morvane"
 !define CAPABILITIES "Software\Morvane\Capabilities"
 !define ERROR_ELEVATION_REQUIRED 740
+!define ERROR_ACCESS_DENIED 5
+!define ERROR_WRITE_FAULT 29
 !define ERROR_SHARING_VIOLATION 32
 !define ERROR_OLD_WINDOWS 1150
+!define ERROR_PRODUCT_VERSION 1638
+!define FIRST_BUILD 18362
+!define TO_WRITE 0x40000000
+!define SHARED_BY_ALL 7
+!define THAT_IS_THERE 3
+!define DATA_OF_EACH "%LOCALAPPDATA%\Morvane_Data"
 !define SHCNE_ASSOCCHANGED 0x08000000
 
 Var ForAll        ; 1: for everybody at this computer
@@ -43,6 +55,10 @@ Var ForAllButton
 Var OnlyMeButton
 Var DesktopButton
 Var DesktopLink   ; 1: a link on the desktop too
+Var NamedFolder   ; what the command line names (/D=)
+Var Arguments     ; what the program is started with
+Var Older         ; the folder of the one that this replaces
+Var Writing       ; 1: files are put there now
 
 ; ---- Pages
 
@@ -54,12 +70,14 @@ Var DesktopLink   ; 1: a link on the desktop too
 !define MUI_FINISHPAGE_RUN "$INSTDIR\morvane.exe"
 !define MUI_FINISHPAGE_RUN_NOTCHECKED
 !define MUI_UNCONFIRMPAGE_TEXT_TOP "Sets, log, history and settings stay: the folder Morvane_Data at the top of \
-  the drive, and HKEY_CURRENT_USER\Software\morvane.exe in the registry."
+  the drive or, where everybody had Morvane, in ${DATA_OF_EACH} of each; and \
+  HKEY_CURRENT_USER\Software\morvane.exe in the registry."
 
 !insertmacro MUI_PAGE_WELCOME
 Page custom ShowWhom LeaveWhom
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW ShowFinish
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
@@ -77,13 +95,17 @@ Page custom ShowWhom LeaveWhom
 ; The system lets nobody write a program that runs, whoever has started it.
 !macro RefuseRunning file
   ${If} ${FileExists} "$INSTDIR\${file}"
-    ClearErrors
-    FileOpen $0 "$INSTDIR\${file}" a
-    ${If} ${Errors}
-      !insertmacro Refuse "Morvane is running ($INSTDIR\${file}), or you may not write there.$\r$\n$\r$\n\
-        Please end it and try again." ${ERROR_SHARING_VIOLATION}
+    System::Call 'kernel32::CreateFile(t "$INSTDIR\${file}", i ${TO_WRITE}, i ${SHARED_BY_ALL}, p 0, \
+      i ${THAT_IS_THERE}, i 0, p 0) p.r0 ?e'
+    Pop $1
+    ${If} $0 != -1
+      System::Call 'kernel32::CloseHandle(p r0)'
+    ${ElseIf} $1 = ${ERROR_SHARING_VIOLATION}
+      !insertmacro Refuse "Morvane is running ($INSTDIR\${file}).$\r$\n$\r$\nPlease end it and try again." \
+        ${ERROR_SHARING_VIOLATION}
+    ${Else}
+      !insertmacro Refuse "$INSTDIR\${file} cannot be replaced (error $1)." ${ERROR_ACCESS_DENIED}
     ${EndIf}
-    FileClose $0
   ${EndIf}
 !macroend
 
@@ -102,6 +124,13 @@ Page custom ShowWhom LeaveWhom
     StrCpy $1 1
   ${EndIf}
 !macroend
+
+; An administrator's run would make the data folder at the top of the drive his.
+Function ShowFinish
+  ${If} $ForAll = 1
+    ShowWindow $mui.FinishPage.Run ${SW_HIDE}
+  ${EndIf}
+FunctionEnd
 
 !macro TellShell
   System::Call 'shell32::SHChangeNotify(i ${SHCNE_ASSOCCHANGED}, i 0, p 0, p 0)'
@@ -131,7 +160,9 @@ Page custom ShowWhom LeaveWhom
 Function ChooseFolder
   !insertmacro ChooseScope
   ReadRegStr $0 SHCTX "${UNINSTALL}" "InstallLocation"
-  ${If} $0 != ""
+  ${If} $NamedFolder != ""
+    StrCpy $INSTDIR $NamedFolder
+  ${ElseIf} $0 != ""
     StrCpy $INSTDIR $0
   ${ElseIf} $ForAll = 1
     StrCpy $INSTDIR "$PROGRAMFILES64\Morvane"
@@ -148,23 +179,37 @@ Function TakeDesktopLink
   ${EndIf}
 FunctionEnd
 
-Function .onInit
-  SetRegView 64
-  ${IfNot} ${AtLeastWin10}
-    !insertmacro Refuse "Morvane needs Windows 10 or later." ${ERROR_OLD_WINDOWS}
+; $0 becomes the folder of one that is in the list of programs and on the disk.
+!macro FindInstalled hive
+  ReadRegStr $0 ${hive} "${UNINSTALL}" "InstallLocation"
+  ${If} $0 != ""
+  ${AndIfNot} ${FileExists} "$0\uninstall.exe"
+    StrCpy $0 ""
   ${EndIf}
-  StrCpy $DesktopLink 0
-  ${GetParameters} $2
+!macroend
+
+; Of two, a double click on a board file would open one and the menu might show the other. $0 becomes what to say.
+!macro FindOther forAll
+  ${If} ${forAll} = 1
+    !insertmacro FindInstalled HKCU
+    StrCpy $1 "you alone"
+  ${Else}
+    !insertmacro FindInstalled HKLM
+    StrCpy $1 "everybody at this computer"
+  ${EndIf}
+  ${If} $0 != ""
+    StrCpy $0 "Morvane is installed for $1 already, in $0.$\r$\n$\r$\nInstall it for $1 again, or uninstall that one \
+      first."
+  ${EndIf}
+!macroend
+
+; Without a word the command line alone says for whom; whoever is asked finds chosen what is there.
+Function ChooseWhom
   ClearErrors
   ${GetOptions} $2 "/AllUsers" $0
   StrCpy $ForAll 1
   ${If} ${Errors}
     StrCpy $ForAll 0
-  ${EndIf}
-  ClearErrors
-  ${GetOptions} $2 "/DesktopLink" $0
-  ${IfNot} ${Errors}
-    StrCpy $DesktopLink 1
   ${EndIf}
   !insertmacro AskForRights
   ${If} $ForAll = 1
@@ -172,11 +217,28 @@ Function .onInit
     !insertmacro Refuse "To install Morvane for everybody at this computer an administrator has to start the \
       installer." ${ERROR_ELEVATION_REQUIRED}
   ${EndIf}
-  ${If} $INSTDIR == ""
-    Call ChooseFolder
-  ${Else}
-    !insertmacro ChooseScope
+  !insertmacro FindOther $ForAll
+  ${If} $0 != ""
+  ${AndIf} ${Silent}
+    !insertmacro Refuse "$0" ${ERROR_PRODUCT_VERSION}
   ${EndIf}
+FunctionEnd
+
+Function .onInit
+  SetRegView 64
+  ${IfNot} ${AtLeastBuild} ${FIRST_BUILD}
+    !insertmacro Refuse "Morvane needs Windows 10 of 2019 (version 1903) or later." ${ERROR_OLD_WINDOWS}
+  ${EndIf}
+  StrCpy $DesktopLink 0
+  StrCpy $NamedFolder $INSTDIR
+  ${GetParameters} $2
+  ClearErrors
+  ${GetOptions} $2 "/DesktopLink" $0
+  ${IfNot} ${Errors}
+    StrCpy $DesktopLink 1
+  ${EndIf}
+  Call ChooseWhom
+  Call ChooseFolder
   Call TakeDesktopLink
 FunctionEnd
 
@@ -186,12 +248,19 @@ Function ShowWhom
   Pop $0
   ${NSD_CreateRadioButton} 0 0 100% 12u "Only &me. No administrator is needed."
   Pop $OnlyMeButton
-  ${NSD_CreateRadioButton} 0 16u 100% 12u "&Everybody at this computer. Windows asks for an administrator."
+  ${NSD_CreateLabel} 12u 14u 95% 20u "Log, history and copies of unsaved sets lie in the folder Morvane_Data at the \
+    top of the drive, which nobody else can use."
+  Pop $0
+  ${NSD_CreateRadioButton} 0 40u 100% 12u "&Everybody at this computer. Windows asks for an administrator."
   Pop $ForAllButton
-  ${NSD_CreateCheckBox} 0 48u 100% 12u "A link on the &desktop too"
+  ${NSD_CreateLabel} 12u 54u 95% 20u "Each user has a log and a history of his own, in ${DATA_OF_EACH}."
+  Pop $0
+  ${NSD_CreateCheckBox} 0 88u 100% 12u "A link on the &desktop too"
   Pop $DesktopButton
   ${NSD_SetState} $DesktopButton $DesktopLink
+  !insertmacro FindInstalled HKLM
   ${If} $ForAll = 1
+  ${OrIf} $0 != ""
     ${NSD_Check} $ForAllButton
   ${Else}
     ${NSD_Check} $OnlyMeButton
@@ -203,6 +272,11 @@ FunctionEnd
 Function LeaveWhom
   ${NSD_GetState} $DesktopButton $DesktopLink
   ${NSD_GetState} $ForAllButton $3
+  !insertmacro FindOther $3
+  ${If} $0 != ""
+    MessageBox MB_OK|MB_ICONSTOP "$0"
+    Abort
+  ${EndIf}
   ${If} $3 = $ForAll
     Return
   ${EndIf}
@@ -212,6 +286,9 @@ Function LeaveWhom
     StrCpy $4 "/AllUsers"
     ${If} $DesktopLink = 1
       StrCpy $4 "$4 /DesktopLink"
+    ${EndIf}
+    ${If} $NamedFolder != ""
+      StrCpy $4 "$4 /D=$NamedFolder"
     ${EndIf}
     ClearErrors
     ExecShell "runas" "$EXEPATH" "$4"
@@ -226,34 +303,55 @@ FunctionEnd
 
 ; ---- Installing
 
-; An older one takes away what it has brought. It lies where it was put, which may be another folder.
+; An older one may lie in another folder.
+Function FindOlder
+  !insertmacro FindInstalled SHCTX
+  StrCpy $Older $0
+  ${If} $Older != ""
+    StrCpy $2 $INSTDIR
+    StrCpy $INSTDIR $Older
+    !insertmacro RefuseWhileRunning
+    StrCpy $INSTDIR $2
+  ${EndIf}
+FunctionEnd
+
+; It takes away what it has brought.
 Function RemoveOlder
-  ReadRegStr $0 SHCTX "${UNINSTALL}" "InstallLocation"
-  ${If} $0 == ""
-  ${OrIfNot} ${FileExists} "$0\uninstall.exe"
+  ${If} $Older == ""
     Return
   ${EndIf}
-  StrCpy $2 $INSTDIR
-  StrCpy $INSTDIR $0
-  !insertmacro RefuseWhileRunning
   InitPluginsDir
-  CopyFiles /SILENT "$INSTDIR\uninstall.exe" "$PLUGINSDIR\older.exe"
-  ExecWait '"$PLUGINSDIR\older.exe" /S _?=$INSTDIR' $0
+  CopyFiles /SILENT "$Older\uninstall.exe" "$PLUGINSDIR\older.exe"
+  ExecWait '"$PLUGINSDIR\older.exe" /S _?=$Older' $0
   ${If} $0 <> 0
-    !insertmacro Refuse "The older Morvane in $INSTDIR could not be taken away." $0
+    RMDir "$INSTDIR"
+    !insertmacro Refuse "The older Morvane in $Older could not be taken away." $0
   ${EndIf}
-  StrCpy $INSTDIR $2
 FunctionEnd
+
+; Who installs for everybody may have kinds of files of his own, which are not everybody's.
+!macro ReadOpener extension
+  ${If} $ForAll = 1
+    ReadRegStr $0 HKLM "Software\Classes\.${extension}" ""
+  ${Else}
+    ReadRegStr $0 HKCR ".${extension}" ""
+  ${EndIf}
+!macroend
+
+; The system puts the user's folder in where the program is started.
+!macro WriteOpenCommand key
+  WriteRegExpandStr SHCTX "Software\Classes\${key}\shell\open\command" "" '"$INSTDIR\morvane.exe"$Arguments "%1"'
+!macroend
 
 ; A kind of file that nobody opens yet is opened by Morvane; of the others it is one that can.
 !macro RegisterKind extension words
   WriteRegStr SHCTX "Software\Classes\Morvane.${extension}" "" "Bridge boards (${words})"
   WriteRegStr SHCTX "Software\Classes\Morvane.${extension}\DefaultIcon" "" "$INSTDIR\morvane.exe,0"
-  WriteRegStr SHCTX "Software\Classes\Morvane.${extension}\shell\open\command" "" '"$INSTDIR\morvane.exe" "%1"'
+  !insertmacro WriteOpenCommand "Morvane.${extension}"
   WriteRegNone SHCTX "Software\Classes\.${extension}\OpenWithProgids" "Morvane.${extension}"
   WriteRegStr SHCTX "Software\Classes\Applications\morvane.exe\SupportedTypes" ".${extension}" ""
   WriteRegStr SHCTX "${CAPABILITIES}\FileAssociations" ".${extension}" "Morvane.${extension}"
-  ReadRegStr $0 HKCR ".${extension}" ""
+  !insertmacro ReadOpener ${extension}
   ${If} $0 == ""
     WriteRegStr SHCTX "Software\Classes\.${extension}" "" "Morvane.${extension}"
   ${EndIf}
@@ -272,25 +370,57 @@ FunctionEnd
   WriteRegDWORD SHCTX "${UNINSTALL}" "NoRepair" 1
 !macroend
 
+; That it cannot be made is found while the older one is still there.
+!macro MakeFolder
+  ClearErrors
+  SetOutPath "$INSTDIR"
+  ${If} ${Errors}
+    !insertmacro Refuse "The folder $INSTDIR cannot be made." ${ERROR_WRITE_FAULT}
+  ${EndIf}
+  SetOutPath "$TEMP"
+!macroend
+
+; The files in part would be a program that does not start, and that nothing takes away.
+Function .onInstFailed
+  ${If} $Writing = 1
+    SetOutPath "$TEMP"
+    !include "${LISTS}\uninstall.nsh"
+    Delete "$INSTDIR\uninstall.exe"
+    RMDir "$INSTDIR"
+    SetErrorLevel ${ERROR_WRITE_FAULT}
+  ${EndIf}
+FunctionEnd
+
+!macro ChooseArguments
+  StrCpy $Arguments ""
+  ${If} $ForAll = 1
+    StrCpy $Arguments ' --data "${DATA_OF_EACH}"'
+  ${EndIf}
+!macroend
+
 Section
   !insertmacro RefuseWhileRunning
+  Call FindOlder
+  !insertmacro MakeFolder
   Call RemoveOlder
+  StrCpy $Writing 1
   SetOverwrite on
   !include "${LISTS}\install.nsh"
   WriteUninstaller "$INSTDIR\uninstall.exe"
+  StrCpy $Writing 0
   !insertmacro WriteUninstallEntry
 
   SetOutPath "$INSTDIR"
-  CreateShortCut "$SMPROGRAMS\Morvane.lnk" "$INSTDIR\morvane.exe" "" "" "" SW_SHOWNORMAL "" \
+  !insertmacro ChooseArguments
+  CreateShortCut "$SMPROGRAMS\Morvane.lnk" "$INSTDIR\morvane.exe" "$Arguments" "" "" SW_SHOWNORMAL "" \
     "Make sets of boards and deal them with the card-dealing machine"
   ${If} $DesktopLink = 1
-    CreateShortCut "$DESKTOP\Morvane.lnk" "$INSTDIR\morvane.exe"
+    CreateShortCut "$DESKTOP\Morvane.lnk" "$INSTDIR\morvane.exe" "$Arguments"
     WriteRegDWORD SHCTX "${UNINSTALL}" "DesktopLink" 1
   ${EndIf}
 
   WriteRegStr SHCTX "Software\Classes\Applications\morvane.exe" "FriendlyAppName" "Morvane"
-  WriteRegStr SHCTX "Software\Classes\Applications\morvane.exe\shell\open\command" "" \
-    '"$INSTDIR\morvane.exe" "%1"'
+  !insertmacro WriteOpenCommand "Applications\morvane.exe"
   WriteRegStr SHCTX "${CAPABILITIES}" "ApplicationName" "Morvane"
   WriteRegStr SHCTX "${CAPABILITIES}" "ApplicationDescription" \
     "Make sets of boards and deal them with the card-dealing machine"
