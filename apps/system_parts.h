@@ -22,11 +22,8 @@ struct SystemParts {
       : Paths{ApplicationFolder(argv0), ""},
         SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
         OpenedStore(OpenSettings(settings.empty() ? "" : SettingsFile)) {
-#ifdef _WIN32
-    if (!settings.empty()) Paths.Settings = SettingsFile;  // the user's own are in no file
-#else
-    Paths.Settings = SettingsFile;
-#endif
+    if (settings.empty()) Paths.SettingsKey = OwnSettingsKey();
+    if (Paths.SettingsKey.empty()) Paths.Settings = SettingsFile;
     Paths.Data = data.empty() ? DefaultDataFolder(Paths.Application) : FolderPath(data);
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others

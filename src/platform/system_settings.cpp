@@ -18,6 +18,14 @@ std::unique_ptr<Settings> OpenOwn() { return std::make_unique<IniSettings>(Defau
 
 }  // namespace
 
+#ifdef _WIN32
+std::string OwnSettingsKey() {
+  return std::string("HKEY_CURRENT_USER\\") + RegistrySettings::kOwnKey;
+}
+#else
+std::string OwnSettingsKey() { return ""; }
+#endif
+
 std::unique_ptr<Settings> OpenSettings(const std::string& file) {
   return file.empty() ? OpenOwn() : std::make_unique<IniSettings>(file);
 }

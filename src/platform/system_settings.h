@@ -11,4 +11,8 @@ namespace morvane {
 /// the file `DefaultSettingsFile` elsewhere.
 [[nodiscard]] std::unique_ptr<Settings> OpenSettings(const std::string& file);
 
+/// The registry's key with the user's own settings, as the system's tools name it; empty where they
+/// stand in a file.
+[[nodiscard]] std::string OwnSettingsKey();
+
 }  // namespace morvane

@@ -38,9 +38,10 @@ struct Ports {
 
 /// Where the program stands on disk; both without a separator at the end.
 struct ProgramPaths {
-  std::string Application;  ///< the folder of the program file
-  std::string Data;         ///< the folder of logs and history
-  std::string Settings{};   ///< the file of the settings store; empty: the user's own
+  std::string Application;    ///< the folder of the program file
+  std::string Data;           ///< the folder of logs and history
+  std::string Settings{};     ///< the file of the settings store; empty: the user's own, in none
+  std::string SettingsKey{};  ///< of the registry, where no file has the settings
 };
 
 /// A request from outside, parked until somebody takes it up; further ones are ignored meanwhile.

@@ -95,7 +95,9 @@ void Diagnosis::AddMachine(const machine::Machine& machine, const std::string& n
 
 void Diagnosis::AddSettings() {
   Add("Data folder: " + PlaceToHandOn(program_.Paths.Data));
-  Add("Settings file: " + PlaceToHandOn(program_.Paths.Settings));
+  const ProgramPaths& paths = program_.Paths;
+  Add(paths.SettingsKey.empty() ? "Settings file: " + PlaceToHandOn(paths.Settings)
+                                : "Settings: " + paths.SettingsKey);
   for (const SettingKey& key : kSettings) {
     Add(std::string(key.Name) + " = " + ValueToHandOn(program_.Store.Get(key)));
   }

@@ -13,9 +13,10 @@
 namespace morvane::shell {
 namespace {
 
-/// Seen from the program's folder: in a build tree, installed, and beside the program.
-constexpr std::array kPlaces{std::string_view("../guide"), kInstalledGuide,
-                             std::string_view("guide")};
+/// Seen from the program's folder: beside the program, in a build tree, and installed. What lies
+/// beside an unpacked folder is nobody's guide to this program.
+constexpr std::array kPlaces{std::string_view("guide"), std::string_view("../guide"),
+                             kInstalledGuide};
 
 std::string PathOf(const std::string& folder, std::string_view page) {
   return JoinPath(folder, std::string(page) + ".html");

@@ -38,7 +38,9 @@ class Help {
   [[nodiscard]] const std::vector<Library>& Libraries() const { return facts_.Libraries; }
   [[nodiscard]] const std::string& Version() const { return version_; }
   [[nodiscard]] const std::string& DataFolder() const { return program_.Paths.Data; }
+  /// Empty where a key of the registry has the settings.
   [[nodiscard]] const std::string& SettingsFile() const { return program_.Paths.Settings; }
+  [[nodiscard]] const std::string& SettingsKey() const { return program_.Paths.SettingsKey; }
   void ShowDataFolder();
   /// The folder in which the settings file lies.
   void ShowSettingsFolder();

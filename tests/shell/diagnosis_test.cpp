@@ -64,6 +64,17 @@ TEST(Diagnosis, HasAWaveForTheHome) {
   EXPECT_THAT(text, Not(HasSubstr(desk.Folder.Path())));
 }
 
+TEST(Diagnosis, HasTheKeyOfTheRegistryWhereThatHasTheSettings) {
+  DiagnosisDesk desk;
+  Program keyed{
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {desk.Folder.Path(), desk.Folder / "data", "", "HKEY_CURRENT_USER\\Software\\morvane.exe"}};
+  Help(keyed, desk.TheMachine, desk.Around, {"simulated", {}}).CopyDiagnosis();
+  const std::string& text = desk.Around.Copied;
+  EXPECT_THAT(text, HasSubstr("\nSettings: HKEY_CURRENT_USER\\Software\\morvane.exe\n"));
+  EXPECT_THAT(text, Not(HasSubstr("Settings file:")));
+}
+
 TEST(Diagnosis, HasOneShortLineForWhateverASettingHolds) {
   DiagnosisDesk desk;
   desk.Store.Set(kThreshold, "3\nSeed\tz\xC5\x82 " + std::string(100, 'x'));

@@ -51,16 +51,17 @@ TEST(Guide, SaysInTheStatusWhichPageItHandsOn) {
   EXPECT_EQ(desk.Ui.Statuses.back(), "The guide: " + page);
 }
 
-TEST(Guide, OfABuildTreeComesFirst) {
+TEST(Guide, OfABuildTreeIsTakenWhereNoneLiesBesideTheProgram) {
   GuideDesk desk;
-  desk.PutPage(kPlace, "index");
+  desk.PutPage("usr/share/morvane/guide", "index");
   const std::string page = desk.PutPage("usr/libexec/guide", "index");
   desk.TheGuide.Open("index");
   EXPECT_THAT(desk.Around.Shown, ElementsAre(page));
 }
 
-TEST(Guide, MayLieBesideTheProgram) {
+TEST(Guide, BesideTheProgramComesFirst) {
   GuideDesk desk;
+  desk.PutPage("usr/libexec/guide", "index");
   const std::string page = desk.PutPage("usr/libexec/morvane/guide", "index");
   desk.TheGuide.Open("index");
   EXPECT_THAT(desk.Around.Shown, ElementsAre(page));

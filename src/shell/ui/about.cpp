@@ -83,24 +83,38 @@ QLayout* AboutWindow::MakeFacts() {
   form->addRow("Libraries:", NewText("lblLibraries", TextOf(help_.Libraries()), this));
   AddPath(*form, "Data folder:", "txtData", help_.DataFolder(), "ShowData",
           [this] { help_.ShowDataFolder(); });
-  AddPath(*form, "Settings file:", "txtSettings", help_.SettingsFile(), "ShowSettings",
-          [this] { help_.ShowSettingsFolder(); });
+  AddSettings(*form);
   return form;
+}
+
+/// A key of the registry has no folder to open.
+void AboutWindow::AddSettings(QFormLayout& form) {
+  const std::string& key = help_.SettingsKey();
+  if (key.empty()) {
+    AddPath(form, "Settings file:", "txtSettings", help_.SettingsFile(), "ShowSettings",
+            [this] { help_.ShowSettingsFolder(); });
+  } else {
+    form.addRow("Settings:", NewPlace("Settings:", "txtSettings", key));
+  }
 }
 
 void AboutWindow::AddPath(QFormLayout& form, const char* caption, const char* name,
                           const std::string& path, const char* button,
                           std::function<void()> press) {
-  auto* box = new ShownText(name, path.c_str(), this);
-  box->setText(ToQt(path));
-  box->setAccessibleName(QString(caption).chopped(1));
-  box->setMinimumWidth(kPathCharacters * box->fontMetrics().averageCharWidth());
   auto* open = NewButton(button, "Open Folder", std::move(press));
   open->setAccessibleName(QString("Open Folder: ") + QString(caption).chopped(1));
   auto* row = new QHBoxLayout;
-  row->addWidget(box, 1);
+  row->addWidget(NewPlace(caption, name, path), 1);
   row->addWidget(open);
   form.addRow(caption, row);
+}
+
+QWidget* AboutWindow::NewPlace(const char* caption, const char* name, const std::string& place) {
+  auto* box = new ShownText(name, place.c_str(), this);
+  box->setText(ToQt(place));
+  box->setAccessibleName(QString(caption).chopped(1));
+  box->setMinimumWidth(kPathCharacters * box->fontMetrics().averageCharWidth());
+  return box;
 }
 
 QWidget* AboutWindow::MakeButtons() {

@@ -22,9 +22,11 @@ class AboutWindow final : public QDialog {
   QLayout* MakeHead();
   QLayout* MakeFacts();
   QWidget* MakeButtons();
+  void AddSettings(QFormLayout& form);
   /// A path with the button that opens its folder.
   void AddPath(QFormLayout& form, const char* caption, const char* name, const std::string& path,
                const char* button, std::function<void()> press);
+  QWidget* NewPlace(const char* caption, const char* name, const std::string& place);
   QPushButton* NewButton(const char* name, const char* caption, std::function<void()> press);
 
   Help& help_;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "platform/settings_contract.h"
+#include "platform/system_settings.h"
 #include "platform/windows/wide.h"
 
 namespace morvane::test {
@@ -32,6 +33,10 @@ bool IsThere(const std::wstring& key) {
   }
   RegCloseKey(opened);
   return true;
+}
+
+TEST(RegistrySettings, TheUsersOwnKeyIsNamedAsTheSystemsToolsNameIt) {
+  EXPECT_EQ(OwnSettingsKey(), "HKEY_CURRENT_USER\\Software\\morvane.exe");
 }
 
 TEST(RegistrySettings, ReadingMakesNoKey) {

@@ -1,3 +1,5 @@
+#include "shell/ui/about.h"
+
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,6 +35,18 @@ TEST_F(About, OpensTheFoldersOfDataAndSettings) {
   test::Click(window, "ShowData");
   test::Click(window, "ShowSettings");
   EXPECT_THAT(around.Shown, ElementsAre(desk.Prog.Paths.Data, desk.Folder / ""));
+}
+
+TEST_F(About, SaysWhichKeyOfTheRegistryHasTheSettingsAndOpensNoFolderForIt) {
+  Program keyed{
+      {desk.Ui, desk.Loop, desk.Clock, desk.Store, desk.Random, desk.Speaker, desk.ThePrinter},
+      {desk.Folder.Path(), desk.Folder / "data", "", "HKEY_CURRENT_USER\\Software\\morvane.exe"}};
+  Help ofKeyed{keyed, shell.TheMachine(), around, {"simulated", {}}};
+  Start();
+  AboutWindow window(ofKeyed, menu.get());
+  EXPECT_EQ(test::TextOf(window, "txtSettings"), "HKEY_CURRENT_USER\\Software\\morvane.exe");
+  EXPECT_EQ(window.findChild<QAbstractButton*>("ShowSettings"), nullptr);
+  EXPECT_NE(window.findChild<QAbstractButton*>("ShowData"), nullptr);
 }
 
 TEST_F(About, SaysThatNoProgramShowsAFolder) {
