@@ -26,8 +26,8 @@ std::string WordsOf(int code) {
   return words.data();
 }
 
-/// The library's memory and threads, once. A shared library sees to them when it is loaded, one that
-/// was linked in never.
+/// The library's memory and threads, once. A shared library sees to them when it is loaded, one
+/// that was linked in never.
 void MakeReady() { [[maybe_unused]] static const bool ready = (SetMaxThreads(0), true); }
 
 }  // namespace

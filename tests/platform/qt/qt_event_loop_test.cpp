@@ -275,7 +275,7 @@ TEST_F(QtEventLoopTest, QuitWakesASleepingLoopFromAnotherThread) {
   EXPECT_TRUE(loop_.Quitting());
 }
 
-#ifndef _WIN32  // there signals are another thread's
+#ifndef _WIN32                     // there signals are another thread's
 QtEventLoop* signalled = nullptr;  // a signal handler has no other way to its loop
 
 TEST_F(QtEventLoopTest, QuitWakesASleepingLoopFromASignalHandler) {
