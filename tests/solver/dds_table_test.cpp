@@ -57,7 +57,7 @@ std::string PbnOf(const Board& board) {
 int StrainOf(int denomination) { return denomination == 0 ? 4 : denomination - 1; }
 
 /// Linked in, as on Windows, the library is made ready by nobody else before a test's own calls.
-const std::string readyVersion = LibraryVersion();
+const std::string kReadyVersion = LibraryVersion();
 
 /// The tricks that the side on lead takes, and from them those of the declarer on its right.
 int TricksBySolving(const Board& board, int declarer, int denomination) {
