@@ -47,7 +47,8 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Morvane developers"
 !define TO_WRITE 0x40000000
 !define SHARED_BY_ALL 7
 !define THAT_IS_THERE 3
-!define DATA_OF_EACH "%LOCALAPPDATA%\Morvane_Data"
+; Not by a name that begins with L, D, S or V: in the command of a kind of files %L is the file.
+!define DATA_OF_EACH "%USERPROFILE%\AppData\Local\Morvane_Data"
 !define SHCNE_ASSOCCHANGED 0x08000000
 
 Var ForAll        ; 1: for everybody at this computer
@@ -331,10 +332,12 @@ FunctionEnd
 
 ; Who installs for everybody may have kinds of files of his own, which are not everybody's.
 !macro ReadOpener extension
-  ${If} $ForAll = 1
+  StrCpy $0 ""
+  ${If} $ForAll = 0
+    ReadRegStr $0 HKCU "Software\Classes\.${extension}" ""
+  ${EndIf}
+  ${If} $0 == ""
     ReadRegStr $0 HKLM "Software\Classes\.${extension}" ""
-  ${Else}
-    ReadRegStr $0 HKCR ".${extension}" ""
   ${EndIf}
 !macroend
 
