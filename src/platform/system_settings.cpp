@@ -8,26 +8,26 @@
 #endif
 
 namespace morvane {
-namespace {
 
 #ifdef _WIN32
-std::unique_ptr<Settings> OpenOwn() { return std::make_unique<RegistrySettings>(); }
-#else
-std::unique_ptr<Settings> OpenOwn() { return std::make_unique<IniSettings>(DefaultSettingsFile()); }
-#endif
 
-}  // namespace
-
-#ifdef _WIN32
 std::string OwnSettingsKey() {
   return std::string("HKEY_CURRENT_USER\\") + RegistrySettings::kOwnKey;
 }
-#else
-std::string OwnSettingsKey() { return ""; }
-#endif
 
 std::unique_ptr<Settings> OpenSettings(const std::string& file) {
-  return file.empty() ? OpenOwn() : std::make_unique<IniSettings>(file);
+  if (file.empty()) return std::make_unique<RegistrySettings>();
+  return std::make_unique<IniSettings>(file);
 }
+
+#else
+
+std::string OwnSettingsKey() { return ""; }
+
+std::unique_ptr<Settings> OpenSettings(const std::string& file) {
+  return std::make_unique<IniSettings>(file.empty() ? DefaultSettingsFile() : file);
+}
+
+#endif
 
 }  // namespace morvane

@@ -13,11 +13,6 @@
 namespace morvane {
 namespace {
 
-struct LocalMemory {
-  void operator()(void* memory) const { LocalFree(memory); }
-};
-using LocalPointer = std::unique_ptr<void, LocalMemory>;
-
 /// What the program's token says of `what`; empty where it says nothing.
 std::vector<std::byte> OfToken(TOKEN_INFORMATION_CLASS what) {
   HANDLE opened = nullptr;
@@ -139,13 +134,8 @@ bool IsOwnAndTooOpen(const std::wstring& path) {
 }
 
 void CopyAccess(const std::wstring& from, const std::wstring& to) {
-  void* description = nullptr;
-  if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
-                            nullptr, nullptr, nullptr, &description) != ERROR_SUCCESS) {
-    return;
-  }
-  const LocalPointer kept(description);
-  SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, description);
+  const Access access(from);
+  if (access.Known) SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, access.Kept.get());
 }
 
 }  // namespace morvane

@@ -7,6 +7,12 @@
 
 namespace morvane {
 
+struct LocalMemory {
+  void operator()(void* memory) const { LocalFree(memory); }
+};
+/// What the system has made and leaves to its caller.
+using LocalPointer = std::unique_ptr<void, LocalMemory>;
+
 /// The access list of what is this user's alone: the user, and the system, which keeps copies and
 /// looks for viruses. It takes nothing over from the folder; what is made in a private folder takes
 /// it over.
@@ -19,10 +25,7 @@ class OwnAccess {
   void GiveTo(const std::wstring& path) const;
 
  private:
-  struct LetGo {
-    void operator()(void* memory) const { LocalFree(memory); }
-  };
-  std::unique_ptr<void, LetGo> list_;
+  LocalPointer list_;
   SECURITY_ATTRIBUTES attributes_{};
 };
 
