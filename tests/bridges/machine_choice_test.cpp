@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "bridges/chosen.h"
 #include "bridges/trace/replay_bridge.h"
 #include "simulator/simulated_machine.h"
 #include "support/fakes.h"
@@ -11,11 +12,6 @@
 
 namespace morvane::bridges {
 namespace {
-
-MachineChoice Chosen(const std::string& text) {
-  test::VirtualClock clock;
-  return ChooseMachine({text}, clock);
-}
 
 TEST(ChooseMachine, TheSimulatedMachineCanBeLookedInto) {
   for (const char* text : {"simulated", "simulated,speed=0,seed=5"}) {

@@ -34,14 +34,6 @@ TEST(FileLock, AMovedLockIsHeldByItsNewOwner) {
   EXPECT_TRUE(FileLock::Try(folder / "lock"));
 }
 
-TEST(FileLock, AHolderThatDoesNotLetGoIsNotWaitedForForEver) {
-  TempFolder folder;
-  const auto first = FileLock::Wait(folder / "lock");
-  ASSERT_TRUE(first);
-  EXPECT_FALSE(FileLock::Wait(folder / "lock", std::chrono::milliseconds(0)));
-  EXPECT_EQ(RuntimeError::Last().Number, ETIMEDOUT);
-}
-
 TEST(FileLock, ALockOnAnotherFileIsAnotherLock) {
   TempFolder folder;
   const auto first = FileLock::Try(folder / "one");

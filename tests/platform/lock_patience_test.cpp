@@ -127,5 +127,13 @@ TEST(LockPatience, WhatCannotBeHadAtAllIsNotWaitedForAndSaysWhy) {
   EXPECT_EQ(desk.Clock.Elapsed(), milliseconds(0));
 }
 
+TEST(FileLock, AHolderThatDoesNotLetGoIsNotWaitedForForEver) {
+  const test::TempFolder folder;
+  const auto first = FileLock::Wait(folder / "lock");
+  ASSERT_TRUE(first);
+  EXPECT_FALSE(FileLock::Wait(folder / "lock", std::chrono::milliseconds(0)));
+  EXPECT_EQ(RuntimeError::Last().Number, ETIMEDOUT);
+}
+
 }  // namespace
 }  // namespace morvane

@@ -1,15 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "bridges/machine_choice.h"
-#include "support/virtual_time.h"
+#include "bridges/chosen.h"
 
 namespace morvane::bridges {
 namespace {
-
-MachineChoice Chosen(const std::string& text) {
-  test::VirtualClock clock;
-  return ChooseMachine({text}, clock);
-}
 
 TEST(ChooseMachine, TheRealOneIsMeantWhereNoneIsNamedAndCannotBeLookedInto) {
   const MachineChoice choice = Chosen(LinkRequest{}.Machine);

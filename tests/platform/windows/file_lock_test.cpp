@@ -60,14 +60,6 @@ TEST(FileLock, AHolderThatDiesLeavesNoLock) {
   EXPECT_TRUE(instance.Held());
 }
 
-TEST(FileLock, AHolderThatDoesNotLetGoIsNotWaitedForForEver) {
-  TempFolder folder;
-  const auto first = FileLock::Wait(folder / "lock");
-  ASSERT_TRUE(first);
-  EXPECT_FALSE(FileLock::Wait(folder / "lock", std::chrono::milliseconds(0)));
-  EXPECT_EQ(RuntimeError::Last().Number, ETIMEDOUT);
-}
-
 TEST(FileLock, WhatCannotBeHadSaysWhy) {
   TempFolder folder;
   EXPECT_FALSE(FileLock::Wait(folder / "none/lock"));

@@ -249,21 +249,6 @@ TEST(FileBeside, AWriterIsAliveUntilItsFileHasItsLastName) {
   EXPECT_FALSE(fs::exists(beside.Name));
 }
 
-TEST(OpenedFile, IsCutOffWhateverItsNameIsByNow) {
-  TempFolder folder;
-  const OpenedFile file = OpenToWrite(folder / "a", Opening::kNew, NewFile::kPrivate);
-  ASSERT_TRUE(file);
-  std::fputs("12345", file.get());
-  std::fflush(file.get());
-  EXPECT_TRUE(LeadsTo(folder / "a", *file));
-  fs::rename(folder / "a", folder / "b");
-  WriteContent(folder / "a", "another");
-  EXPECT_FALSE(LeadsTo(folder / "a", *file));
-  EXPECT_TRUE(LeadsTo(folder / "b", *file));
-  CutOff(*file, 3);
-  EXPECT_EQ(Content(folder / "b"), "123");
-}
-
 TEST(CheckWritable, LeavesNothing) {
   TempFolder folder;
   EXPECT_FALSE(CheckWritable(folder / "new.pbn"));
