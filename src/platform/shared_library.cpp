@@ -22,13 +22,20 @@ DWORD PlacesFor(const std::filesystem::path& path) {
   return path.is_absolute() ? kOurs | LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : kOurs;
 }
 
+/// The system's own words for these two leave out what was looked for.
+std::string WhyNotLoaded(DWORD error) {
+  if (error == ERROR_BAD_EXE_FORMAT) return "it is not one for 64 bits, or damaged";
+  if (error == ERROR_MOD_NOT_FOUND) return "it, or a library that it needs, is not there";
+  return std::system_category().message(static_cast<int>(error));
+}
+
 }  // namespace
 
 SharedLibrary::SharedLibrary(const std::string& name) {
   const std::filesystem::path path = PathOfUtf8(name);
   library_.reset(LoadLibraryExW(path.c_str(), nullptr, PlacesFor(path)));
   if (IsLoaded()) return;
-  trouble_ = std::system_category().message(static_cast<int>(GetLastError()));
+  trouble_ = WhyNotLoaded(GetLastError());
 }
 
 SharedLibrary::Function SharedLibrary::Find(const char* function) const {

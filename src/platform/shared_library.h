@@ -16,7 +16,7 @@ class SharedLibrary {
   explicit SharedLibrary(const std::string& name);
 
   [[nodiscard]] bool IsLoaded() const { return library_ != nullptr; }
-  /// Why it is not loaded, in the system's own words.
+  /// Why it is not loaded, in the system's own words where those tell enough.
   [[nodiscard]] const std::string& Trouble() const { return trouble_; }
   /// The function that the library has under this name; null without one.
   [[nodiscard]] Function Find(const char* function) const;
