@@ -40,6 +40,8 @@ class Printer {
   /// The system's dialog, which starts with `copies`. Printer, paper and duplex are kept for the
   /// next jobs; the copies that were confirmed, nothing when it was cancelled.
   virtual std::optional<int> Setup(int copies) = 0;
+  /// Why its dialog cannot come up.
+  [[nodiscard]] virtual std::optional<RuntimeError> WhyNoSetup() const { return std::nullopt; }
   /// Why it has not been printed.
   [[nodiscard]] virtual std::optional<RuntimeError> Print(const PrintJob& job,
                                                           const Draw& draw) = 0;

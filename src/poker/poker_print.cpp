@@ -39,7 +39,7 @@ bool PrintPokerOrder(Program& program, const PokerOrder& order, int copies) {
 }
 
 int SetUpPrinter(Program& program, int copies) {
-  return program.ThePrinter.Setup(copies).value_or(copies);
+  return print::SetUpPrinter(program, copies).value_or(copies);
 }
 
 bool WritePokerPdf(Program& program, const PokerOrder& order, const std::string& path, Paper sheet,

@@ -278,7 +278,7 @@ void HandRecord::cmdPrinterSetup() {
   if (busy_ || closed_) return;
   const Busy busy(*this);
   program_.Status("Printer Setup");
-  const auto copies = program_.ThePrinter.Setup(Job().Copies);
+  const auto copies = SetUpPrinter(program_, Job().Copies);
   program_.Status("Printing");
   if (!copies) return;
   texts_[IndexOf(Box::kCopies)] = std::to_string(std::clamp(*copies, 1, kMostCopies));

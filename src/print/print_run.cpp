@@ -96,4 +96,11 @@ void PreviewPages(Program& program, const PrintOptions& job, const std::function
                              {{"cmdPrint", "&Print", print}, {"cmdPdf", "&Save as PDF...", save}});
 }
 
+std::optional<int> SetUpPrinter(Program& program, int copies) {
+  const auto why = program.ThePrinter.WhyNoSetup();
+  if (!why) return program.ThePrinter.Setup(copies);
+  program.ShowMessage("      " + why->Description + "      ", kOkExclamation, kPrintingError);
+  return std::nullopt;
+}
+
 }  // namespace morvane::print

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/printer.h"
@@ -30,5 +31,9 @@ bool SavePdf(Program& program, const std::string& path, const std::string& bytes
 /// The pages in the preview's window, from where the operator may `print` or `save` them.
 void PreviewPages(Program& program, const PrintOptions& job, const std::function<void()>& print,
                   const std::function<void()>& save);
+
+/// The printer's dialog, which starts with `copies`. Those that were confirmed; nothing when it was
+/// cancelled, or cannot come up, which the operator has been told.
+std::optional<int> SetUpPrinter(Program& program, int copies);
 
 }  // namespace morvane::print

@@ -89,6 +89,13 @@ TEST_F(PokerPrint, TheCopiesOfTheDialogAreKept) {
   EXPECT_THAT(desk.ThePrinter.SetupsFrom, ElementsAre(2, 2));
 }
 
+TEST_F(PokerPrint, ADialogThatCannotComeUpIsToldAndKeepsTheCopies) {
+  desk.ThePrinter.NoSetup = RuntimeError{ENODEV, "There is no printer"};
+  EXPECT_EQ(SetUpPrinter(desk.Prog, 2), 2);
+  ASSERT_THAT(desk.Ui.Boxes, SizeIs(1));
+  EXPECT_EQ(desk.Ui.Boxes.front().Text, "      There is no printer      ");
+}
+
 TEST_F(PokerPrint, APdfIsMadeForThePaperAskedFor) {
   EXPECT_TRUE(Pdf());
   EXPECT_THAT(desk.ThePrinter.Pdfs, ElementsAre(Job{"Poker order", 1, Paper::kLetter}));

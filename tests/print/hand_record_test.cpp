@@ -275,6 +275,16 @@ TEST(HandRecord, ASetupThatIsCancelledChangesNothing) {
   EXPECT_EQ(desk.Dialog.Text(Box::kCopies), "");
 }
 
+TEST(HandRecord, ASetupThatCannotComeUpIsTold) {
+  HandRecordDesk desk;
+  desk.ThePrinter.NoSetup = RuntimeError{ENODEV, "There is no printer"};
+  desk.Dialog.cmdPrinterSetup();
+  EXPECT_THAT(desk.ThePrinter.SetupsFrom, IsEmpty());
+  EXPECT_THAT(desk.Ui.Boxes, ElementsAre(test::FakeUi::Box{"      There is no printer      ", 48,
+                                                           "Printing Error"}));
+  EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Printer Setup", "Printing"));
+}
+
 TEST(HandRecord, CopiesOfTheSetupStayWithinTheBox) {
   HandRecordDesk desk;
   desk.ThePrinter.Confirmed = 5000;

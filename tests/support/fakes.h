@@ -109,6 +109,7 @@ class FakePrinter final : public Printer {
   };
   [[nodiscard]] std::string DeviceName() const override { return Device; }
   std::optional<int> Setup(int copies) override;
+  [[nodiscard]] std::optional<RuntimeError> WhyNoSetup() const override { return NoSetup; }
   [[nodiscard]] std::optional<RuntimeError> Print(const PrintJob& job, const Draw& draw) override;
   void Preview(const PrintJob& job, const Draw& draw,
                const std::vector<PreviewAction>& actions) override;
@@ -121,6 +122,7 @@ class FakePrinter final : public Printer {
   bool HasFonts = true;
   std::vector<int> SetupsFrom;          ///< the copies that the dialog started with
   std::optional<int> Confirmed;         ///< the answer of the dialog
+  std::optional<RuntimeError> NoSetup;  ///< why the dialog does not come up
   std::optional<RuntimeError> Failure;  ///< of the next jobs, once they are drawn
   std::function<void(const std::vector<PreviewAction>&)> OnPreview;
   RecordingCanvas Drawn;  ///< of the last job, preview or PDF

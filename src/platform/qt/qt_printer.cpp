@@ -113,6 +113,8 @@ bool HasFailed(const QPrinter& device) {
   return device.printerState() == QPrinter::Aborted || device.printerState() == QPrinter::Error;
 }
 
+RuntimeError NoPrinter() { return {ENODEV, "There is no printer"}; }
+
 RuntimeError NotTaken(const QPrinter& device) {
   const bool aborted = device.printerState() == QPrinter::Aborted;
   return {aborted ? ECANCELED : EIO,
@@ -151,6 +153,14 @@ std::string QtPrinter::DeviceName() const {
   return FromQt(IsFile(device) ? device.outputFileName() : device.printerName());
 }
 
+/// The dialog of Windows is that of a printer; the other one offers a file too.
+std::optional<RuntimeError> QtPrinter::WhyNoSetup() const {
+#ifdef _WIN32
+  if (!IsPaper(Device())) return NoPrinter();
+#endif
+  return std::nullopt;
+}
+
 std::optional<int> QtPrinter::Setup(int copies) {
   QPrinter& device = Device();
   LayOut(device);
@@ -169,7 +179,7 @@ std::optional<int> QtPrinter::Setup(int copies) {
 std::optional<RuntimeError> QtPrinter::Print(const PrintJob& job, const Draw& draw) {
   QPrinter& device = DeviceFor(job);
   if (IsFile(device)) return PrintToFile(device, job, draw);
-  if (!IsPaper(device)) return RuntimeError{ENODEV, "There is no printer"};
+  if (!IsPaper(device)) return NoPrinter();
   if (!system_->Has(device.printerName())) {
     return RuntimeError{ENODEV,
                         "The printer " + FromQt(device.printerName()) + " is not there any more"};

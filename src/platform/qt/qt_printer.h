@@ -20,6 +20,7 @@ class QtPrinter final : public Printer {
   /// Of a file, when its dialog has chosen to print into one: the file's name.
   [[nodiscard]] std::string DeviceName() const override;
   std::optional<int> Setup(int copies) override;
+  [[nodiscard]] std::optional<RuntimeError> WhyNoSetup() const override;
   [[nodiscard]] std::optional<RuntimeError> Print(const PrintJob& job, const Draw& draw) override;
   void Preview(const PrintJob& job, const Draw& draw,
                const std::vector<PreviewAction>& actions) override;
