@@ -3,10 +3,14 @@
 #include <QCommandLineParser>
 #include <QHash>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/registry.h"
 #include "cli/usage.h"
+#ifdef _WIN32
+#include "morvane_cli/file_pattern.h"
+#endif
 
 namespace morvane {
 namespace {
@@ -14,6 +18,13 @@ namespace {
 QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+/// Elsewhere the shell has put the names of files in the place of a pattern.
+#ifdef _WIN32
+std::vector<std::string> PathsOf(const QString& word) { return FilesThatFit(word.toStdString()); }
+#else
+std::vector<std::string> PathsOf(const QString& word) { return {word.toStdString()}; }
+#endif
 
 /// The options of all commands: which one has which is seen when the command is known.
 void AddOptions(QCommandLineParser& parser) {
@@ -32,8 +43,9 @@ cli::CommandWords WordsOf(const QCommandLineParser& parser, const QStringList& a
   cli::CommandWords given;
   // A quoted path in it would be one to load.
   given.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
-  for (const QString& word : parser.positionalArguments())
-    given.Words.push_back(word.toStdString());
+  for (const QString& word : parser.positionalArguments()) {
+    for (std::string& path : PathsOf(word)) given.Words.push_back(std::move(path));
+  }
   QHash<QString, qsizetype> taken;
   for (const QString& name : parser.optionNames()) {
     given.Options.push_back(

@@ -6,6 +6,7 @@
 #include "arguments.h"
 #include "bridges/machine_choice.h"
 #include "cli/job.h"
+#include "console_words.h"
 #include "end_signals.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
@@ -48,6 +49,7 @@ morvane::cli::ExitStatus TellTrouble(morvane::bridges::MachineChoice& machine,
 }  // namespace
 
 int main(int argc, char** argv) {
+  [[maybe_unused]] const morvane::ConsoleWords words;
   int nameAlone = 1;  // an application holds on to it
   auto application = std::make_unique<QCoreApplication>(argc, argv);
   if (!morvane::AreText(argc, argv)) {
