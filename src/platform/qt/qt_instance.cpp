@@ -4,10 +4,11 @@
 #include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QtEndian>
 #include <algorithm>
 #include <utility>
+
+#include "platform/qt/instance_link.h"
 
 namespace morvane {
 namespace {
@@ -19,18 +20,12 @@ constexpr char kTaken = 6;
 
 /// Where the running one of this key listens; empty where there is no place for it. Short, since
 /// the path of a socket is limited to about a hundred bytes.
-QString LinkName(const std::string& key) {
+QString PlaceOf(const std::string& key) {
   if (key.empty()) return {};
   constexpr qsizetype kDigits = 16;
   const auto hash =
       QCryptographicHash::hash(QByteArray::fromStdString(key), QCryptographicHash::Sha256);
-  const QString name = "MorvaneLink-" + QString::fromLatin1(hash.toHex().left(kDigits));
-#ifdef _WIN32
-  return name;
-#else
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  return folder.isEmpty() ? QString() : folder + '/' + name;
-#endif
+  return LinkPlace("MorvaneLink-" + QString::fromLatin1(hash.toHex().left(kDigits)));
 }
 
 QByteArray Framed(std::string_view command) {
@@ -80,7 +75,7 @@ class Call final : public QObject {
 /// One call. Whether the command was taken; ends without that when nobody listens, when the other
 /// hangs up and when `over`. The command goes only to one that is awake: one that does not answer
 /// must not take it up later, when the operator has been told otherwise.
-bool Deliver(EventLoop& loop, const QString& name, std::string_view command, const bool& over) {
+bool Deliver(EventLoop& loop, const QString& place, std::string_view command, const bool& over) {
   bool taken = false;
   QLocalSocket socket;
   QObject::connect(&socket, &QLocalSocket::readyRead, &socket, [&] {
@@ -89,7 +84,7 @@ bool Deliver(EventLoop& loop, const QString& name, std::string_view command, con
       if (answer == kTaken) taken = true;
     }
   });
-  socket.connectToServer(name);
+  CallAt(place, socket);
   loop.RunUntil([&] { return over || taken || socket.state() == QLocalSocket::UnconnectedState; });
   return taken;
 }
@@ -102,27 +97,25 @@ QtInstance::QtInstance(EventLoop& loop, std::string settingsFile)
 QtInstance::~QtInstance() = default;
 
 bool QtInstance::HandOver(std::string_view command) {
-  const QString name = LinkName(lock_.Key());
-  if (name.isEmpty() || command.empty() || command.size() > kLongestCommand) return false;
+  const QString place = PlaceOf(lock_.Key());
+  if (place.isEmpty() || command.empty() || command.size() > kLongestCommand) return false;
   bool over = false;
   const auto patience = loop_.StartTimer(kPatienceMs, [&over] { over = true; });
   while (!over && !loop_.Quitting()) {
-    if (Deliver(loop_, name, command, over)) return true;
+    if (Deliver(loop_, place, command, over)) return true;
     loop_.WaitMs(kRetryMs);
   }
   return false;
 }
 
 void QtInstance::Listen(Execute execute) {
-  const QString name = LinkName(lock_.Key());
-  if (!lock_.Held() || name.isEmpty()) return;
+  const QString place = PlaceOf(lock_.Key());
+  if (!lock_.Held() || place.isEmpty()) return;
   execute_ = std::move(execute);
   server_ = std::make_unique<QLocalServer>();
-  server_->setSocketOptions(QLocalServer::UserAccessOption);
   QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(),
                    [this] { TakeCalls(); });
-  QLocalServer::removeServer(name);  // a program that was killed leaves its socket
-  server_->listen(name);
+  ListenAt(place, *server_);
 }
 
 void QtInstance::TakeCalls() {

@@ -54,10 +54,12 @@ std::wstring TextOf(PSID who) {
 
 /// The list in the system's own words: for the user and the system, all rights, for what is made
 /// within as well.
-void* MakeList() {
+void* MakeList(OwnAccess::Of whose) {
   const std::wstring user = TextOf(User().Get());
   if (user.empty()) return nullptr;
-  const std::wstring words = L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)";
+  const bool isUsers = whose == OwnAccess::Of::kUser;
+  const std::wstring words = isUsers ? L"O:" + user + L"D:P(A;;FA;;;" + user + L")"
+                                     : L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)";
   void* list = nullptr;
   const BOOL made = ConvertStringSecurityDescriptorToSecurityDescriptorW(
       words.c_str(), SDDL_REVISION_1, &list, nullptr);
@@ -110,7 +112,7 @@ bool LetsInOthers(ACL* list, PSID user) {
 
 }  // namespace
 
-OwnAccess::OwnAccess() : list_(MakeList()) {
+OwnAccess::OwnAccess(Of whose) : list_(MakeList(whose)) {
   attributes_.nLength = sizeof attributes_;
   attributes_.lpSecurityDescriptor = list_.get();
 }
@@ -131,6 +133,18 @@ bool IsOwnAndTooOpen(const std::wstring& path) {
   const Access access(path);
   if (!access.Known || user.Get() == nullptr || !IsOurs(access.Owner, user.Get())) return false;
   return access.List == nullptr || LetsInOthers(access.List, user.Get());
+}
+
+bool BelongsToUser(HANDLE pipe) {
+  PSID owner = nullptr;
+  void* description = nullptr;
+  if (GetSecurityInfo(pipe, SE_KERNEL_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
+                      nullptr, &description) != ERROR_SUCCESS) {
+    return false;
+  }
+  const LocalPointer kept(description);
+  const User user;
+  return user.Get() != nullptr && owner != nullptr && EqualSid(owner, user.Get());
 }
 
 void CopyAccess(const std::wstring& from, const std::wstring& to) {

@@ -18,7 +18,11 @@ using LocalPointer = std::unique_ptr<void, LocalMemory>;
 /// it over.
 class OwnAccess {
  public:
-  OwnAccess();
+  /// Whose it is: also the system's; or, for what passes between programs, the user's alone, who
+  /// owns it then even where an administrator's things belong to all of them.
+  enum class Of { kUserAndSystem, kUser };
+
+  explicit OwnAccess(Of whose = Of::kUserAndSystem);
   /// For the making of a file or folder; null where there is none, and the folder decides.
   [[nodiscard]] SECURITY_ATTRIBUTES* Get() { return list_ ? &attributes_ : nullptr; }
   /// Gives it to what is there.
@@ -32,6 +36,9 @@ class OwnAccess {
 /// Whether this user owns it, and its list lets in anybody but this user, the system and its
 /// administrators.
 [[nodiscard]] bool IsOwnAndTooOpen(const std::wstring& path);
+
+/// Whether this very user owns the pipe.
+[[nodiscard]] bool BelongsToUser(HANDLE pipe);
 
 /// Gives `to` the access list that `from` has, as far as the system lets us.
 void CopyAccess(const std::wstring& from, const std::wstring& to);
