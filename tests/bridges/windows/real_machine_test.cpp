@@ -21,13 +21,14 @@ TEST(ChooseMachine, WithoutTheDriverItsLibraryIsMissing) {
 
 TEST(ChooseMachine, OnlyTheDriverTellsSeveralApart) {
   EXPECT_EQ(Chosen("usb:0123").Usb, nullptr);
-  EXPECT_EQ(Chosen("usb:0123").Error, "usb:0123: here the machine is chosen by its driver");
+  EXPECT_EQ(Chosen("usb:0123").Error,
+            "usb:0123: on Windows its maker's driver has the machine; use usb");
 }
 
 TEST(ChooseMachine, ItIsNoSerialDevice) {
   EXPECT_EQ(Chosen("serial:COM3").Usb, nullptr);
   EXPECT_EQ(Chosen("serial:COM3").Error,
-            "serial:COM3: here the machine is reached by its driver, as usb");
+            "serial:COM3: on Windows its maker's driver has the machine; use usb");
 }
 
 TEST(ChooseMachine, WhatIsNoMachineIsTold) {
