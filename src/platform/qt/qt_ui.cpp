@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <algorithm>
@@ -160,7 +161,7 @@ std::optional<std::string> QtUi::AskFile(const FileRequest& request) {
   if (dialog.isVisible() || dialog.result() != QDialog::Accepted) return std::nullopt;
   const QStringList files = dialog.selectedFiles();
   if (files.empty()) return std::nullopt;
-  return FromQt(files.front());
+  return FromQt(QDir::toNativeSeparators(files.front()));
 }
 
 void QtUi::Run(QDialog& dialog, Qt::WindowModality blocks) {
