@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "application_words.h"
 #include "arguments.h"
 #include "bridges/file_packs.h"
 #include "bridges/machine_choice.h"
@@ -30,6 +31,7 @@
 #include "simulator/ui/machine_panel.h"
 #include "system_look.h"
 #include "system_parts.h"
+#include "written_out.h"
 
 namespace {
 
@@ -190,7 +192,7 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
 }  // namespace
 
 int main(int argc, char** argv) {
-  [[maybe_unused]] const morvane::SeenWords seen;
+  morvane::SeenWords seen;
   if (!morvane::AreText(argc, argv)) {
     std::cerr << "morvane: an argument is not UTF-8 text\n";
     return kWrongUsage;
@@ -199,16 +201,15 @@ int main(int argc, char** argv) {
   for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
   const morvane::Arguments arguments = morvane::ParseArguments(words);
   if (!arguments.Help.empty()) {
-    std::cout << arguments.Help;
-    return 0;
+    return morvane::WriteOut("morvane", arguments.Help) ? 0 : kFailed;
   }
   if (!arguments.Error.empty()) {
     std::cerr << "morvane: " << arguments.Error << "\nTry 'morvane --help'.\n";
     return kWrongUsage;
   }
-  morvane::TakeSystemLook();
-  auto guard = std::make_optional<morvane::DisplayGuard>();
-  morvane::GuardedApplication application(argc, argv);
+  auto guard = std::make_optional<morvane::DisplayGuard>([&seen] { seen.Show(); });
+  morvane::ApplicationWords forQt(argc, argv, morvane::SystemLook());
+  morvane::GuardedApplication application(forQt.Count(), forQt.Words());
   guard.reset();
   QApplication::setApplicationName("Morvane");
   QApplication::setDesktopFileName("morvane");

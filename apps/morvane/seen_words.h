@@ -1,17 +1,13 @@
 #pragma once
 
-#ifdef _WIN32
-#include <sstream>
-#include <streambuf>
-#endif
+#include <memory>
 
 namespace morvane {
 
-#ifdef _WIN32
-
 /// While it lives, what is written to the standard streams is kept where nobody reads those, as
-/// those of a program with windows are unless they were redirected. At its end that is shown: on
-/// the console that the program was started from, or else in a box.
+/// those of a Windows program with windows are unless they were redirected. At its end that is
+/// shown: on the console that the program was started from, or else in a box. On other systems
+/// there is a reader.
 class SeenWords {
  public:
   SeenWords();
@@ -19,16 +15,12 @@ class SeenWords {
   SeenWords(const SeenWords&) = delete;
   SeenWords& operator=(const SeenWords&) = delete;
 
+  /// Shows at once what has been kept so far, for the program will not come to the end.
+  void Show();
+
  private:
-  std::ostringstream kept_;
-  std::streambuf* out_ = nullptr;  ///< of the stream before; null: it is left as it was
-  std::streambuf* error_ = nullptr;
+  class Kept;
+  std::unique_ptr<Kept> kept_;
 };
-
-#else
-
-struct SeenWords {};  // there is a reader
-
-#endif
 
 }  // namespace morvane

@@ -1,13 +1,12 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace morvane {
 
-/// Has the windows look as the system says, where Qt does not by itself. Before the application is
-/// made.
-#ifdef _WIN32
-void TakeSystemLook();
-#else
-inline void TakeSystemLook() {}
-#endif
+/// The words by which an application has its windows look as the system says, where Qt does not by
+/// itself.
+[[nodiscard]] std::vector<std::string> SystemLook();
 
 }  // namespace morvane

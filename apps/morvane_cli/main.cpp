@@ -8,18 +8,14 @@
 #include "cli/job.h"
 #include "console_words.h"
 #include "end_signals.h"
+#include "page_platform.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
 #include "platform/system_processes.h"
 #include "system_parts.h"
+#include "written_out.h"
 
 namespace {
-
-#ifdef _WIN32
-constexpr const char* kPlatform = "windows";  // the one that has the system's fonts
-#else
-constexpr const char* kPlatform = "offscreen";
-#endif
 
 class NoSound final : public morvane::Sound {
  public:
@@ -29,7 +25,7 @@ class NoSound final : public morvane::Sound {
 /// Pages need fonts, which come with an application that could show windows; it takes longer to
 /// start, and no display. From words beside the program's name it would take those that Qt knows.
 std::unique_ptr<QCoreApplication> ApplicationWithFonts(int& nameAlone, char** argv) {
-  qputenv("QT_QPA_PLATFORM", kPlatform);
+  qputenv("QT_QPA_PLATFORM", morvane::PagePlatform());
   // It speaks of the session that it misses. QT_LOGGING_RULES brings that back.
   QLoggingCategory::setFilterRules("*.warning=false");
   return std::make_unique<QGuiApplication>(nameAlone, argv);
@@ -58,8 +54,8 @@ int main(int argc, char** argv) {
   }
   const morvane::Arguments arguments = morvane::ParseArguments(QCoreApplication::arguments());
   if (!arguments.Help.empty()) {
-    std::cout << arguments.Help;
-    return morvane::cli::kDone;
+    const bool written = morvane::WriteOut("morvane-cli", arguments.Help);
+    return written ? morvane::cli::kDone : morvane::cli::kFailed;
   }
   if (!arguments.Error.empty()) {
     std::cerr << "morvane-cli: " << arguments.Error << "\nTry 'morvane-cli --help'.\n";

@@ -11,6 +11,7 @@
 #include "bridges/trace/line_trace.h"
 #include "platform/system_clock.h"
 #include "simulator/line/line_server.h"
+#include "written_out.h"
 
 namespace {
 
@@ -139,8 +140,7 @@ int main(int argc, char** argv) {
   HoldStandardFiles();
   const auto arguments = morvane::ParseMachineArguments({argv + 1, argv + argc});
   if (!arguments.Help.empty()) {
-    std::cout << arguments.Help;
-    return kDone;
+    return morvane::WriteOut("morvane-machine", arguments.Help) ? kDone : kFailed;
   }
   if (!arguments.Error.empty()) {
     return Fail(kWrongUsage, arguments.Error + "\nTry 'morvane-machine --help'.");

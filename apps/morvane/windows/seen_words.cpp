@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include "platform/windows/handle.h"
@@ -34,18 +35,46 @@ bool ShowOnConsole(const std::wstring& text) {
                        nullptr) != 0;
 }
 
+/// A box would keep who logs off waiting.
+bool SessionEnds() { return GetSystemMetrics(SM_SHUTTINGDOWN) != 0; }
+
+void ShowInBox(const std::wstring& text) {
+  if (!SessionEnds()) MessageBoxW(nullptr, text.c_str(), L"Morvane", MB_OK | MB_SETFOREGROUND);
+}
+
 }  // namespace
 
-SeenWords::SeenWords()
-    : out_(Keep(STD_OUTPUT_HANDLE, std::cout, kept_)),
-      error_(Keep(STD_ERROR_HANDLE, std::cerr, kept_)) {}
+class SeenWords::Kept {
+ public:
+  Kept()
+      : out_(Keep(STD_OUTPUT_HANDLE, std::cout, text_)),
+        error_(Keep(STD_ERROR_HANDLE, std::cerr, text_)) {}
+  ~Kept() {
+    GiveBack(std::cout, out_);
+    GiveBack(std::cerr, error_);
+  }
+  Kept(const Kept&) = delete;
+  Kept& operator=(const Kept&) = delete;
 
-SeenWords::~SeenWords() {
-  GiveBack(std::cout, out_);
-  GiveBack(std::cerr, error_);
-  const std::wstring text = Wide(kept_.str());
-  if (text.empty() || ShowOnConsole(text)) return;
-  MessageBoxW(nullptr, text.c_str(), L"Morvane", MB_OK | MB_SETFOREGROUND);
+  std::string Take() {
+    std::string text = text_.str();
+    text_.str("");
+    return text;
+  }
+
+ private:
+  std::ostringstream text_;
+  std::streambuf* out_;  ///< of the stream before; null: it is left as it was
+  std::streambuf* error_;
+};
+
+SeenWords::SeenWords() : kept_(std::make_unique<Kept>()) {}
+
+SeenWords::~SeenWords() { Show(); }
+
+void SeenWords::Show() {
+  const std::wstring text = Wide(kept_->Take());
+  if (!text.empty() && !ShowOnConsole(text)) ShowInBox(text);
 }
 
 }  // namespace morvane

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include <QApplication>
+#include <QtGlobal>
 
 namespace morvane {
 namespace {
@@ -26,10 +26,9 @@ bool WantsDark() {
 }  // namespace
 
 /// The system draws its controls light whatever it says; in the dark Qt draws them.
-void TakeSystemLook() {
-  if (!WantsDark() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-  qputenv("QT_QPA_PLATFORM", "windows:darkmode=2");
-  QApplication::setStyle("fusion");
+std::vector<std::string> SystemLook() {
+  if (!WantsDark() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return {};
+  return {"-platform", "windows:darkmode=2", "-style", "fusion"};
 }
 
 }  // namespace morvane
