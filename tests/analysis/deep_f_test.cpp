@@ -1,4 +1,5 @@
 #include "analysis/deep_f_desk.h"
+#include "support/program_in.h"
 
 namespace morvane::analysis {
 namespace {
@@ -61,7 +62,7 @@ TEST_F(DeepFTest, TheSolverGetsTheCardsTheStoreAndAnEmptyMailbox) {
   EXPECT_TRUE(desk.Store.Set(kSolverBreak, "98"));
   RunAll(Solver::kDds, 1);
   ASSERT_THAT(solver.Orders, SizeIs(1));
-  EXPECT_EQ(solver.Orders[0].Path, "/opt/morvane/DDS_1");
+  EXPECT_EQ(solver.Orders[0].Path, test::ProgramIn("/opt/morvane", "DDS_1"));
   EXPECT_THAT(solver.Orders[0].Arguments, SizeIs(52));
   EXPECT_THAT(solver.Orders[0].Variables, ElementsAre("MORVANE_SETTINGS=/home/me/settings.ini"));
   EXPECT_THAT(solver.DoneAtStart, ElementsAre("00"));
@@ -73,7 +74,7 @@ TEST_F(DeepFTest, TheSolverGetsTheCardsTheStoreAndAnEmptyMailbox) {
 
 TEST_F(DeepFTest, DeepFinesseIsAnotherProgram) {
   RunAll(Solver::kDeepFinesse, 1);
-  EXPECT_EQ(solver.Orders.at(0).Path, "/opt/morvane/df1");
+  EXPECT_EQ(solver.Orders.at(0).Path, test::ProgramIn("/opt/morvane", "df1"));
 }
 
 TEST_F(DeepFTest, BoardsThatHaveResultsArePassedOver) {

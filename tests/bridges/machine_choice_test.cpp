@@ -73,8 +73,12 @@ TEST_F(TracedChoice, AFileThatIsNoTraceIsLeftAloneAndThereIsNoMachine) {
 
 TEST_F(TracedChoice, ATraceIsNotWrittenOverWhileItIsPlayed) {
   OpenAndClose(ChooseMachine({"simulated,speed=0", folder / "t"}, clock));
+  std::vector<const char*> names{"t", "t.1", "./t"};
+#ifndef _WIN32  // links take rights that a user lacks
   std::filesystem::create_symlink(folder / "t", folder / "link");
-  for (const char* played : {"t", "t.1", "./t", "link"}) {
+  names.push_back("link");
+#endif
+  for (const char* played : names) {
     const MachineChoice choice =
         ChooseMachine({"replay:" + (folder / played), folder / "t"}, clock);
     EXPECT_EQ(choice.Error, "--trace " + (folder / "t") + ": that trace is played") << played;

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "cli/cli_desk.h"
+#include "platform/files.h"
 #include "program/setting_keys.h"
+#include "support/program_in.h"
 
 namespace morvane::cli {
 namespace {
@@ -141,7 +143,7 @@ TEST(AnalyzeOptionsTest, OnlyAPbnFileHoldsResults) {
   EXPECT_EQ(errorOf("/out.PBN"), "");
   EXPECT_EQ(errorOf("/out.txt"), "") << "the save tells that there is no such format";
   for (const char* out : {"/out.dup", "/out.bri", "/out.dge", "/out.all", "/out.bre", "/out.csv"}) {
-    EXPECT_EQ(errorOf(out), out + std::string(" cannot hold results; a .pbn file can"));
+    EXPECT_EQ(errorOf(out), AbsolutePath(out) + " cannot hold results; a .pbn file can");
   }
 }
 
@@ -149,7 +151,7 @@ TEST_F(AnalyzeCommandTest, TheOptionNamesTheSolver) {
   AnalyzeOptions options = Options();
   options.With = analysis::Solver::kDeepFinesse;
   EXPECT_EQ(desk.Run(options), kDone);
-  EXPECT_THAT(Orders.at(0).Path, ::testing::EndsWith("/df1"));
+  EXPECT_THAT(Orders.at(0).Path, ::testing::EndsWith(test::ProgramIn("", "df1")));
 }
 
 TEST_F(AnalyzeCommandTest, ABoardThatIsNotThereIsTold) {

@@ -4,6 +4,7 @@
 
 #include "cli/cli_desk.h"
 #include "cli/request.h"
+#include "platform/files.h"
 
 // The commands that make the files of a firmware build: firmware-file, boot-c and txt-hex.
 
@@ -155,7 +156,7 @@ TEST(TxtHexCommand, AFileThatExistsIsReplacedOnlyWhenThatIsAsked) {
 }
 
 TEST(FactoryCommands, ANameOfABoardSetForWhatTheyMakeIsWrongUsage) {
-  const std::string error = "/a.pbn is a board set by its name";
+  const std::string error = AbsolutePath("/a.pbn") + " is a board set by its name";
   EXPECT_EQ(ErrorOf({"firmware-file", "/code.dsp", "/logic.bit", "/a.pbn"}), error);
   EXPECT_EQ(ErrorOf({"boot-c", "/boot.adb", "/a.pbn"}), error);
   EXPECT_EQ(ErrorOf({"firmware-file", "/code.dsp", "/logic.bit", "/a.adc"}), "");

@@ -5,6 +5,7 @@
 #include "cli/cli_desk.h"
 #include "cli/registry.h"
 #include "cli/request.h"
+#include "platform/files.h"
 #include "poker/pkr_file.h"
 #include "poker/random_deals.h"
 
@@ -99,7 +100,7 @@ TEST(PokerNew, AFolderThatIsNotThereIsTold) {
 }
 
 TEST(PokerNew, ANameOfABoardSetIsWrongUsage) {
-  EXPECT_EQ(ErrorOf({"new", "/a.pbn"}), "/a.pbn is a board set by its name");
+  EXPECT_EQ(ErrorOf({"new", "/a.pbn"}), AbsolutePath("/a.pbn") + " is a board set by its name");
   for (const char* out : {"/a", "/a.pkr", "/a.PKR", "/a.txt"}) EXPECT_EQ(ErrorOf({"new", out}), "");
 }
 
@@ -197,8 +198,10 @@ TEST(PokerPrintCommand, TheOrderItselfIsNeverReplaced) {
 }
 
 TEST(PokerPrintCommand, ANameOfAnOrderOrASetIsWrongUsage) {
-  EXPECT_EQ(ErrorOf({"print", "/a.pkr", "/b.PKR"}), "/b.PKR is a poker order by its name");
-  EXPECT_EQ(ErrorOf({"print", "/a.pkr", "/b.csv"}), "/b.csv is a board set by its name");
+  EXPECT_EQ(ErrorOf({"print", "/a.pkr", "/b.PKR"}),
+            AbsolutePath("/b.PKR") + " is a poker order by its name");
+  EXPECT_EQ(ErrorOf({"print", "/a.pkr", "/b.csv"}),
+            AbsolutePath("/b.csv") + " is a board set by its name");
   EXPECT_EQ(ErrorOf({"print", "/a.pkr", "/b"}), "");
 }
 

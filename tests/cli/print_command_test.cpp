@@ -7,6 +7,7 @@
 #include "cli/cli_desk.h"
 #include "cli/registry.h"
 #include "cli/request.h"
+#include "platform/files.h"
 
 namespace morvane::cli {
 namespace {
@@ -249,7 +250,7 @@ TEST(PrintCommand, TheSetItselfIsNeverReplaced) {
 
 TEST(PrintCommand, ANameOfASetIsWrongUsage) {
   for (const char* out : {"/b.pbn", "/b.BRI", "/b.csv"}) {
-    EXPECT_EQ(ErrorOf({}, out), std::string(out) + " is a board set by its name");
+    EXPECT_EQ(ErrorOf({}, out), AbsolutePath(out) + " is a board set by its name");
   }
   for (const char* out : {"/b", "/b.PDF", "/b.ps", "/dev/stdout"}) EXPECT_EQ(ErrorOf({}, out), "");
 }
@@ -353,8 +354,8 @@ TEST(PrintCommand, ReadsEachOfItsOptions) {
   OptionReader reader(words, options);
   const PrintRequest request = ReadPrintRequest(reader);
   EXPECT_EQ(reader.Error(), "");
-  EXPECT_EQ(request.Common.In, "/a.pbn");
-  EXPECT_EQ(request.Common.Out, "/a.pdf");
+  EXPECT_EQ(request.Common.In, AbsolutePath("/a.pbn"));
+  EXPECT_EQ(request.Common.Out, AbsolutePath("/a.pdf"));
   EXPECT_EQ(request.Common.From, 2);
   EXPECT_EQ(request.Common.To, 3);
   EXPECT_EQ(request.PerPage, "15");

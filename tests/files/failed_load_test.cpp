@@ -55,6 +55,7 @@ TEST(FailedLoad, APendingNamesTitleStandsBehindItsLastSeparator) {
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(UnknownFormat("")));
 }
 
+#ifndef _WIN32  // there both separate
 TEST(FailedLoad, OffWindowsABackslashAndAColonArePartOfTheTitle) {
   LoadDesk desk;
   desk.StartFile = "c:\\sets.pbn\\evening";
@@ -65,8 +66,9 @@ TEST(FailedLoad, OffWindowsABackslashAndAColonArePartOfTheTitle) {
   desk.StartFile = path;
   desk.Load();
   EXPECT_EQ(desk.Prog.Set.BoardSetFile, path);
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
 }
+#endif
 
 TEST(FailedLoad, AHugeFaultyValueIsQuotedInTime) {
   LoadDesk desk;

@@ -55,7 +55,7 @@ TEST(Import, AsksForTheFileAndTakesItsSet) {
                                            Record("003"), "    Import PBN: Boards imported: 1"));
   EXPECT_GT(desk.Ui.Refreshes, 0);
   EXPECT_EQ(desk.Store.Get(kInitFormat), "pbn");
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
 }
 
 TEST(Import, TheDialogShowsPbnFilesFirst) {

@@ -110,7 +110,7 @@ TEST(Load, FormatAndFolderAreKeptForTheNextTime) {
   desk.Ui.Files = {path};
   desk.Load();
   EXPECT_EQ(desk.Store.Get(kInitFormat), "pbn");
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
   EXPECT_EQ(desk.Prog.Set.Count(), 2);
 }
 

@@ -56,7 +56,7 @@ TEST(Save, WritesTheFileAndMarksTheSetAsSaved) {
   EXPECT_EQ(desk.Prog.Set.BoardSetChanged, "0");
   EXPECT_EQ(desk.Prog.Set.BoardSetFile, desk.Path);
   EXPECT_EQ(desk.Store.Get(kInitFormat), "pbn");
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_THAT(desk.Ui.Statuses, ElementsAre("Saving", "Boards Saved: 1"));
   EXPECT_THAT(desk.LogLines(), ElementsAre(" File-Save: 3:04:05: PM", "  Save: " + desk.Path));

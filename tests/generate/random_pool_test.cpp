@@ -63,9 +63,10 @@ TEST(InitPool, ASystemsSourceThatFailsIsToldAndLeavesNoZeros) {
   desk.Source.Failure = Entropy::Answer{false, RuntimeError::OfNumber(ENOSYS)};
   desk.Pool.InitPool({0x1234, 0x5678});
   EXPECT_THAT(desk.Ui.Boxes, ::testing::ElementsAre(test::FakeUi::Box{
-                                 "      Error: 38 in the system's random source      \r\n"
-                                 "      Function not implemented     \r\n"
-                                 "      The random pool begins with the clock alone      ",
+                                 "      Error: " + std::to_string(ENOSYS) +
+                                     " in the system's random source      \r\n"
+                                     "      Function not implemented     \r\n"
+                                     "      The random pool begins with the clock alone      ",
                                  48, "Random Pool Error"}));
   EXPECT_EQ(desk.Source.Drawn, 64);
   EXPECT_NE(desk.Source.LastSeed, 0U);

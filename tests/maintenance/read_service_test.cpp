@@ -58,10 +58,10 @@ TEST_F(ReadServiceTest, AsksForTheNextWhereTheLastOneWas) {
   desk.Ui.Files = {path};
   viewer.Open(view, "");
   viewer.Ask();
-  EXPECT_EQ(desk.Ui.FileRequests.at(1).Directory, desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Ui.FileRequests.at(1).Directory, desk.Folder / "");
   ReadService later{desk.Prog};
   later.Open(view, "");
-  EXPECT_EQ(desk.Ui.FileRequests.at(2).Directory, desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Ui.FileRequests.at(2).Directory, desk.Folder / "");
 }
 
 TEST_F(ReadServiceTest, WithoutAFileItGoes) {

@@ -60,7 +60,7 @@ TEST_F(OrderFiles, ALoadedOrderShowsItsFirstDealAndItsName) {
   EXPECT_TRUE(order.PokerOrderExists);
   EXPECT_EQ(order.Poker_File, "evening.pkr");
   EXPECT_EQ(order.Poker_Event, "Friday");
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
   EXPECT_THAT(desk.Ui.Boxes, IsEmpty());
   EXPECT_FALSE(desk.Ui.HourglassNow);
 }
@@ -126,7 +126,7 @@ TEST_F(OrderFiles, WhatIsSavedIsLoadedAgain) {
   order.Poker_Date = "1 May";
   ASSERT_TRUE(Save(desk.Folder / "evening.pkr"));
   EXPECT_EQ(order.Poker_File, "evening.pkr");
-  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder.Path() + "/");
+  EXPECT_EQ(desk.Store.Get(kInitDirectory), desk.Folder / "");
   const PokerOrder saved = order;
   order = {};
   ASSERT_TRUE(Load(desk.Folder / "evening.pkr"));

@@ -126,7 +126,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::operator/(const std::string& name) const {
-  return Utf8OfPath(path_ / PathOfUtf8(name));
+  return Utf8OfPath((path_ / PathOfUtf8(name)).make_preferred());
 }
 
 TestDesk::TestDesk()
