@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <vector>
 
 #include "bridges/chosen.h"
 #include "bridges/trace/replay_bridge.h"
