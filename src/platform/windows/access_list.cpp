@@ -52,14 +52,15 @@ std::wstring TextOf(PSID who) {
   return text;
 }
 
-/// The list in the system's own words: for the user and the system, all rights, for what is made
-/// within as well.
+/// The list in the system's own words: for the user, the system and its administrators, all
+/// rights, for what is made within as well.
 void* MakeList(OwnAccess::Of whose) {
   const std::wstring user = TextOf(User().Get());
   if (user.empty()) return nullptr;
   const bool isUsers = whose == OwnAccess::Of::kUser;
-  const std::wstring words = isUsers ? L"O:" + user + L"D:P(A;;FA;;;" + user + L")"
-                                     : L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)";
+  const std::wstring words =
+      isUsers ? L"O:" + user + L"D:P(A;;FA;;;" + user + L")"
+              : L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)";
   void* list = nullptr;
   const BOOL made = ConvertStringSecurityDescriptorToSecurityDescriptorW(
       words.c_str(), SDDL_REVISION_1, &list, nullptr);

@@ -13,9 +13,9 @@ struct LocalMemory {
 /// What the system has made and leaves to its caller.
 using LocalPointer = std::unique_ptr<void, LocalMemory>;
 
-/// The access list of what is this user's alone: the user, and the system, which keeps copies and
-/// looks for viruses. It takes nothing over from the folder; what is made in a private folder takes
-/// it over.
+/// The access list of what is this user's alone: the user, and the system and its administrators,
+/// who keep copies and look for viruses. It takes nothing over from the folder; what is made in a
+/// private folder takes it over.
 class OwnAccess {
  public:
   /// Whose it is: also the system's; or, for what passes between programs, the user's alone, who

@@ -52,6 +52,7 @@ std::set<std::string> LetIn(const std::string& path) {
 
 constexpr const char* kEverybody = "S-1-1-0";
 constexpr const char* kSystem = "S-1-5-18";
+constexpr const char* kAdministrators = "S-1-5-32-544";
 
 void OpenToEverybody(const std::string& path) {
   void* description = nullptr;
@@ -76,7 +77,7 @@ constexpr std::array kAll{"data", "data/log", "data/file", "data/history", "data
 TEST(PrivateFiles, AreTheirUsersAlone) {
   TempFolder folder;
   MakeAll(folder);
-  const std::set<std::string> most{"owner", kSystem};
+  const std::set<std::string> most{"owner", kSystem, kAdministrators};
   for (const char* name : kAll) {
     EXPECT_THAT(LetIn(folder / name), IsSubsetOf(most)) << name;
     EXPECT_TRUE(LetIn(folder / name).contains("owner")) << name;
