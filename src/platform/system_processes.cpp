@@ -35,7 +35,7 @@ class SystemChild final : public ChildProcess {
   ~SystemChild() override { CloseHandle(process_); }
   SystemChild(const SystemChild&) = delete;
   SystemChild& operator=(const SystemChild&) = delete;
-  [[nodiscard]] bool Lives() override { return WaitForSingleObject(process_, 0) == WAIT_TIMEOUT; }
+  [[nodiscard]] bool Lives() override { return WaitForSingleObject(process_, 0) != WAIT_OBJECT_0; }
 
  private:
   HANDLE process_;
