@@ -32,7 +32,10 @@ OpenedFile OpenToWrite(const std::string& path, Opening opening, NewFile access)
   OpenedHandle file = OpenShared(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES,
                                  isNew ? CREATE_NEW : OPEN_ALWAYS, access);
   // Nothing of what is there stays; CREATE_ALWAYS would refuse a hidden file.
-  if (file && !isNew) SetEndOfFile(file.get());
+  if (file && !isNew && !SetEndOfFile(file.get())) {
+    KeepLastError();
+    return nullptr;
+  }
   return StreamOf(std::move(file), "wb");
 }
 
