@@ -100,12 +100,19 @@ TEST(UsagePage, HasEveryCommandOfTheRegistry) {
   }
 }
 
+#ifdef _WIN32
+#define USB_MACHINES "usb (where none is named), "
+#else
+#define USB_MACHINES                                        \
+  "usb (where none is named), usb:SERIAL, usb:VVVV:PPPP,\n" \
+  "           serial:PATH, "
+#endif
+
 TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
   EXPECT_THAT(
       UsagePage(),
       EndsWith("\n"
-               "Machines:  usb (where none is named), usb:SERIAL, usb:VVVV:PPPP,\n"
-               "           serial:PATH, replay:FILE,\n"
+               "Machines:  " USB_MACHINES "replay:FILE,\n"
                "           simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F,\n"
                "           serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE,\n"
                "           deck=shuffled,swap=A:B,packs=4,carry=right,\n"

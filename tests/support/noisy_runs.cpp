@@ -36,9 +36,10 @@ class LogTail {
   explicit LogTail(std::string path) : path_(std::move(path)) {}
   std::vector<std::string> NewLines() {
     std::vector<std::string> lines;
-    if (!file_.is_open()) file_.open(path_, std::ios::binary);  // comes with its first line
-    file_.clear();
-    for (std::string line; std::getline(file_, line);) {
+    std::ifstream file(path_, std::ios::binary);  // comes with its first line
+    file.seekg(at_);
+    for (std::string line; std::getline(file, line);) {
+      at_ += static_cast<std::streamoff>(line.size()) + 1;
       if (line.ends_with('\r')) line.pop_back();
       lines.push_back(line);
     }
@@ -47,7 +48,7 @@ class LogTail {
 
  private:
   std::string path_;
-  std::ifstream file_;
+  std::streamoff at_ = 0;
 };
 
 /// "  007 : ..." is the line of a board that came through or not.

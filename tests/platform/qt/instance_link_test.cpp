@@ -41,8 +41,8 @@ class InstanceLinkTest : public test::InstanceFixture {
   }
 };
 
-using TheLink = InstanceLinkTest;
-using ACaller = InstanceLinkTest;
+using TheSocket = InstanceLinkTest;
+using ACall = InstanceLinkTest;
 
 /// The bytes of a call, written by hand.
 QByteArray Frame(unsigned length, const QByteArray& command) {
@@ -67,7 +67,7 @@ class Caller {
   QLocalSocket socket_;
 };
 
-TEST_F(TheLink, LeadsFromAnyPathToTheSameStore) {
+TEST_F(TheSocket, LeadsFromAnyPathToTheSameStore) {
   fs::create_symlink(store, folder / "link.ini");
   QtInstance first(real, store);
   Run(first);
@@ -76,21 +76,21 @@ TEST_F(TheLink, LeadsFromAnyPathToTheSameStore) {
   EXPECT_THAT(executed, ElementsAre("1a", "1b"));
 }
 
-TEST_F(TheLink, IsOpenToItsUserAlone) {
+TEST_F(TheSocket, IsOpenToItsUserAlone) {
   QtInstance first(real, store);
   Run(first);
   const fs::perms access = fs::status(Socket().toStdString()).permissions();
   EXPECT_EQ(access & ~fs::perms::owner_all, fs::perms::none);
 }
 
-TEST_F(TheLink, HasAShortNameUnderWhichNothingIsLeftAtTheEnd) {
+TEST_F(TheSocket, HasAShortNameUnderWhichNothingIsLeftAtTheEnd) {
   const QString name = LinkName();
   EXPECT_TRUE(fs::path(name.toStdString()).filename().string().starts_with("MorvaneLink-"));
   EXPECT_EQ(fs::path(name.toStdString()).filename().string().size(), 12U + 16U);
   EXPECT_TRUE(fs::is_empty(sockets));
 }
 
-TEST_F(TheLink, TheSocketOfAKilledProgramIsReplaced) {
+TEST_F(TheSocket, TheSocketOfAKilledProgramIsReplaced) {
   const QByteArray name = LinkName().toLocal8Bit();
   const int left = socket(AF_UNIX, SOCK_STREAM, 0);
   sockaddr_un address{};
@@ -106,7 +106,7 @@ TEST_F(TheLink, TheSocketOfAKilledProgramIsReplaced) {
   EXPECT_THAT(executed, ElementsAre("1a"));
 }
 
-TEST_F(TheLink, WhereNoSocketCanBeMadeTheProgramRunsAndTakesNothing) {
+TEST_F(TheSocket, WhereNoSocketCanBeMadeTheProgramRunsAndTakesNothing) {
   const std::string deep = folder / std::string(120, 'd');  // longer than a socket's path may be
   fs::create_directory(deep);
   fs::permissions(deep, fs::perms::owner_all);
@@ -118,7 +118,7 @@ TEST_F(TheLink, WhereNoSocketCanBeMadeTheProgramRunsAndTakesNothing) {
   EXPECT_FALSE(second.HandOver("1a"));
 }
 
-TEST_F(ACaller, GivesUpAfterTwoSecondsOnOneThatHangsAndHasToldItNothing) {
+TEST_F(ACall, GivesUpAfterTwoSecondsOnOneThatHangsAndHasToldItNothing) {
   QLocalServer hanging;
   ASSERT_TRUE(hanging.listen(LinkName()));
   QtInstance first(virtualTime, store);
@@ -134,7 +134,7 @@ TEST_F(ACaller, GivesUpAfterTwoSecondsOnOneThatHangsAndHasToldItNothing) {
   EXPECT_EQ(call->readAll(), "") << "it would be taken up after all when the other wakes up";
 }
 
-TEST_F(ACaller, IsNotDoneWhenTheOtherEndsBeforeItHasTakenTheCommand) {
+TEST_F(ACall, IsNotDoneWhenTheOtherEndsBeforeItHasTakenTheCommand) {
   QLocalServer dying;
   ASSERT_TRUE(dying.listen(LinkName()));
   int calls = 0;
@@ -159,7 +159,7 @@ TEST_F(ACaller, IsNotDoneWhenTheOtherEndsBeforeItHasTakenTheCommand) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST_F(ACaller, WhoSaysNoCommandIsHungUpOn) {
+TEST_F(ACall, WhoSaysNoCommandIsHungUpOn) {
   QtInstance first(virtualTime, store);
   Run(first);
   const QString name = Socket();
@@ -174,7 +174,7 @@ TEST_F(ACaller, WhoSaysNoCommandIsHungUpOn) {
   EXPECT_THAT(executed, IsEmpty());
 }
 
-TEST_F(ACaller, WhoStopsInTheMiddleIsHungUpOnAfterTwoSeconds) {
+TEST_F(ACall, WhoStopsInTheMiddleIsHungUpOnAfterTwoSeconds) {
   QtInstance first(virtualTime, store);
   Run(first);
   for (const QByteArray& words :
@@ -193,7 +193,7 @@ TEST_F(ACaller, WhoStopsInTheMiddleIsHungUpOnAfterTwoSeconds) {
   EXPECT_THAT(executed, IsEmpty());
 }
 
-TEST_F(ACaller, WhoHangsUpInTheMiddleLeavesNothing) {
+TEST_F(ACall, WhoHangsUpInTheMiddleLeavesNothing) {
   QtInstance first(virtualTime, store);
   Run(first);
   for (const QByteArray& words : {QByteArray(), QByteArray("\0\0", 2), Frame(5, "1a")}) {
@@ -207,7 +207,7 @@ TEST_F(ACaller, WhoHangsUpInTheMiddleLeavesNothing) {
   EXPECT_THAT(executed, IsEmpty());
 }
 
-TEST_F(ACaller, MayGiveItsCommandInPieces) {
+TEST_F(ACall, MayGiveItsCommandInPieces) {
   QtInstance first(virtualTime, store);
   Run(first);
   Caller caller(Socket());
@@ -223,7 +223,7 @@ TEST_F(ACaller, MayGiveItsCommandInPieces) {
   EXPECT_THAT(executed, ElementsAre("1ab"));
 }
 
-TEST_F(ACaller, GivesOneCommandACall) {
+TEST_F(ACall, GivesOneCommandACall) {
   QtInstance first(virtualTime, store);
   Run(first);
   Caller caller(Socket());
@@ -234,7 +234,7 @@ TEST_F(ACaller, GivesOneCommandACall) {
   EXPECT_THAT(executed, ElementsAre("1a"));
 }
 
-TEST_F(ACaller, IsAnsweredWhenItsCommandHasBeenExecuted) {
+TEST_F(ACall, IsAnsweredWhenItsCommandHasBeenExecuted) {
   QtInstance first(virtualTime, store);
   EXPECT_TRUE(first.Claim());
   std::unique_ptr<Caller> caller;
@@ -251,7 +251,7 @@ TEST_F(ACaller, IsAnsweredWhenItsCommandHasBeenExecuted) {
   EXPECT_EQ(caller->Answer(), "\x06");
 }
 
-TEST_F(ACaller, BeyondTheMostThatCallAtATimeIsHungUpOnUntilTheyHaveGone) {
+TEST_F(ACall, BeyondTheMostThatCallAtATimeIsHungUpOnUntilTheyHaveGone) {
   QtInstance first(virtualTime, store);
   Run(first);
   std::vector<std::unique_ptr<Caller>> silent;
@@ -271,7 +271,7 @@ TEST_F(ACaller, BeyondTheMostThatCallAtATimeIsHungUpOnUntilTheyHaveGone) {
   EXPECT_THAT(executed, ElementsAre("1a"));
 }
 
-TEST_F(ACaller, ACrowdOfOthersDoesNotCloseTheLink) {
+TEST_F(ACall, ACrowdOfOthersDoesNotCloseTheLink) {
   QtInstance first(virtualTime, store);
   Run(first);
   const QString name = Socket();
@@ -285,7 +285,7 @@ TEST_F(ACaller, ACrowdOfOthersDoesNotCloseTheLink) {
   EXPECT_THAT(executed, ElementsAre("1a"));
 }
 
-TEST_F(ACaller, MayStillCallWhenTheRunningOneEnds) {
+TEST_F(ACall, MayStillCallWhenTheRunningOneEnds) {
   auto first = std::make_unique<QtInstance>(virtualTime, store);
   Run(*first);
   Caller caller(Socket());
