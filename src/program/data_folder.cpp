@@ -1,12 +1,20 @@
 #include "program/data_folder.h"
 
 #include "platform/files.h"
+#include "platform/folder_access.h"
 #include "platform/utf8_of_path.h"
 
 namespace morvane {
 
 std::optional<RuntimeError> EnterDataFolder(const std::string& folder) {
-  return MakePrivateFolder(folder);
+  if (auto error = WhyNotTrusted(folder)) return error;
+  if (auto error = MakePrivateFolder(folder)) return error;
+  return WhyNotEntered(folder);
+}
+
+std::optional<RuntimeError> WhyNoDataFolder(const std::string& folder) {
+  if (auto error = WhyNotTrusted(folder)) return error;
+  return WhyNotEntered(folder);
 }
 
 std::optional<FileLock> LockDataFolder(const std::string& folder, LockPatience& patience) {

@@ -13,8 +13,11 @@ namespace morvane {
 // one with its own settings, the command line.
 
 /// Makes the folder where it is missing, and it its user's alone: it says tonight's boards. What
-/// went wrong when it can't be used.
+/// went wrong when it can't be used, because it is another user's, for instance.
 [[nodiscard]] std::optional<RuntimeError> EnterDataFolder(const std::string& folder);
+
+/// The same for a folder that must be there by now.
+[[nodiscard]] std::optional<RuntimeError> WhyNoDataFolder(const std::string& folder);
 
 /// Held while one line or one entry is added, so that no program loses what another one adds. Never
 /// while a box is open: the box's own line in the log would wait for it for seconds. Nothing where

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <iterator>
 #include <vector>
 
@@ -16,10 +15,10 @@
 namespace morvane {
 
 bool Log::Start(const std::string& dataFolder, RuntimeError& error) {
-  std::error_code failure;
-  on_ = std::filesystem::is_directory(PathOfUtf8(dataFolder), failure);
-  if (!on_) {
-    error = failure ? RuntimeError::Of(failure) : RuntimeError::OfNumber(ENOTDIR);
+  const auto failure = WhyNoDataFolder(dataFolder);
+  on_ = !failure;
+  if (failure) {
+    error = *failure;
     return false;
   }
   const LocalTime now = clock_.Now();

@@ -6,6 +6,7 @@
 #include "files/unsaved_set.h"
 #include "platform/files.h"
 #include "platform/put_aside.h"
+#include "program/data_folder.h"
 #include "text/box_text.h"
 
 namespace morvane::shell {
@@ -71,6 +72,8 @@ void UnsavedCopy::Open() {
 }
 
 void UnsavedCopy::FindPlace() {
+  failure_ = WhyNoDataFolder(program_.Paths.Data);
+  if (failure_) return;
   for (int place = 1; place <= kPlaces; ++place) {
     const std::string path = PathOf(place);
     if (lock_ && !Exists(path) && !Exists(MarkOf(path))) continue;

@@ -5,7 +5,7 @@
 #include <sddl.h>
 
 #include <cstddef>
-#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/windows/handle.h"
@@ -91,6 +91,23 @@ struct Access {
   LocalPointer Kept;
 };
 
+/// Who owns what is opened; null where the system does not tell.
+struct Owner {
+  Owner(HANDLE opened, SE_OBJECT_TYPE type) {
+    void* description = nullptr;
+    const DWORD error = GetSecurityInfo(opened, type, OWNER_SECURITY_INFORMATION, &Sid, nullptr,
+                                        nullptr, nullptr, &description);
+    Kept.reset(description);
+    if (error != ERROR_SUCCESS) Sid = nullptr;
+  }
+  PSID Sid = nullptr;
+  LocalPointer Kept;
+};
+
+/// The service to which the system's own folders belong.
+constexpr std::wstring_view kInstaller =
+    L"S-1-5-80-956008885-3418522649-1831038044-1853292631-2271478464";
+
 /// Not persons, or persons who get in whatever a list says.
 bool MayBeLetIn(PSID who, PSID user) {
   return EqualSid(who, user) || IsWellKnownSid(who, WinLocalSystemSid) ||
@@ -136,16 +153,23 @@ bool IsOwnAndTooOpen(const std::wstring& path) {
   return access.List == nullptr || LetsInOthers(access.List, user.Get());
 }
 
-bool BelongsToUser(HANDLE pipe) {
-  PSID owner = nullptr;
-  void* description = nullptr;
-  if (GetSecurityInfo(pipe, SE_KERNEL_OBJECT, OWNER_SECURITY_INFORMATION, &owner, nullptr, nullptr,
-                      nullptr, &description) != ERROR_SUCCESS) {
-    return false;
-  }
-  const LocalPointer kept(description);
+bool IsOwnOrSystems(HANDLE opened) {
+  const Owner owner(opened, SE_FILE_OBJECT);
+  return owner.Sid != nullptr && IsTrustedOwner(owner.Sid);
+}
+
+bool IsTrustedOwner(PSID owner) {
   const User user;
-  return user.Get() != nullptr && owner != nullptr && EqualSid(owner, user.Get());
+  return (user.Get() != nullptr && IsOurs(owner, user.Get())) ||
+         IsWellKnownSid(owner, WinLocalSystemSid) ||
+         IsWellKnownSid(owner, WinBuiltinAdministratorsSid) || IsWellKnownSid(owner, WinWorldSid) ||
+         TextOf(owner) == kInstaller;
+}
+
+bool BelongsToUser(HANDLE pipe) {
+  const Owner owner(pipe, SE_KERNEL_OBJECT);
+  const User user;
+  return user.Get() != nullptr && owner.Sid != nullptr && EqualSid(owner.Sid, user.Get());
 }
 
 void CopyAccess(const std::wstring& from, const std::wstring& to) {

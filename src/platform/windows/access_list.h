@@ -37,6 +37,12 @@ class OwnAccess {
 /// administrators.
 [[nodiscard]] bool IsOwnAndTooOpen(const std::wstring& path);
 
+/// Whether an opened file or folder belongs to this user, or to the system and those who may do
+/// everything in it anyway. Where the file system knows no owners it belongs to everybody.
+[[nodiscard]] bool IsOwnOrSystems(HANDLE opened);
+/// The same for the one who owns it.
+[[nodiscard]] bool IsTrustedOwner(PSID owner);
+
 /// Whether this very user owns the pipe.
 [[nodiscard]] bool BelongsToUser(HANDLE pipe);
 
