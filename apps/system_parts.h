@@ -20,7 +20,7 @@ struct SystemParts {
   /// Empty `data` or `settings`: the user's own.
   SystemParts(const std::string& argv0, const std::string& data, const std::string& settings)
       : Paths{ApplicationFolder(argv0), ""},
-        SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(settings)),
+        SettingsFile(settings.empty() ? DefaultSettingsFile() : AbsolutePath(TypedPath(settings))),
         OpenedStore(OpenSettings(settings.empty() ? "" : SettingsFile)) {
     if (settings.empty()) Paths.SettingsKey = OwnSettingsKey();
     if (Paths.SettingsKey.empty()) Paths.Settings = SettingsFile;
@@ -29,9 +29,9 @@ struct SystemParts {
     std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large is an error like others
 #endif
   }
-  /// `folder` made absolute, without a separator at its end.
+  /// `folder` as it was typed, made absolute, without a separator at its end.
   static std::string FolderPath(const std::string& folder) {
-    return Utf8OfPath((PathOfUtf8(AbsolutePath(folder)) / "").parent_path());
+    return Utf8OfPath((PathOfUtf8(AbsolutePath(TypedPath(folder))) / "").parent_path());
   }
 
   ProgramPaths Paths;

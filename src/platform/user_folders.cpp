@@ -38,6 +38,16 @@ std::string EnvironmentText(const char* name) {
   return text == nullptr ? "" : Utf8(text);
 }
 
+std::string TypedPath(const std::string& typed) {
+  const std::wstring text = Wide(typed);
+  std::wstring path(ExpandEnvironmentStringsW(text.c_str(), nullptr, 0), L'\0');
+  const DWORD size =
+      ExpandEnvironmentStringsW(text.c_str(), path.data(), static_cast<DWORD>(path.size()));
+  if (size == 0 || size > path.size()) return typed;
+  path.resize(size - 1);
+  return Utf8(path);
+}
+
 std::string HomeFolder() {
   const std::string home = EnvironmentFolder("USERPROFILE");
   return home.empty() ? Utf8OfPath(std::filesystem::absolute("/")) : home;
@@ -56,8 +66,8 @@ std::string DefaultDataFolder(const std::string& applicationFolder) {
 }
 
 std::string DefaultSettingsFile() {
-  const std::string folder = EnvironmentFolder("APPDATA");
-  return JoinPath(folder.empty() ? JoinPath(HomeFolder(), "AppData\\Roaming") : folder,
+  const std::string folder = EnvironmentFolder("LOCALAPPDATA");
+  return JoinPath(folder.empty() ? JoinPath(HomeFolder(), "AppData\\Local") : folder,
                   kSettingsFile);
 }
 
@@ -67,6 +77,8 @@ std::string EnvironmentText(const char* name) {
   const char* const text = std::getenv(name);
   return text == nullptr ? "" : text;
 }
+
+std::string TypedPath(const std::string& typed) { return typed; }
 
 std::string HomeFolder() {
   if (std::string home = EnvironmentFolder("HOME"); !home.empty()) return home;

@@ -75,6 +75,10 @@ TEST_F(UserFolders, WithoutAHomeInTheEnvironmentThePasswordFileTells) {
   EXPECT_EQ(home, entry->pw_dir);
 }
 
+TEST_F(UserFolders, ATypedPathStaysAsItIs) {
+  EXPECT_EQ(TypedPath("%HOME%/$HOME/x"), "%HOME%/$HOME/x");
+}
+
 TEST_F(UserFolders, TheApplicationFolderHoldsTheRunningProgram) {
   const std::string folder = ApplicationFolder("elsewhere/program");
   EXPECT_TRUE(std::filesystem::exists(folder + "/" + program_invocation_short_name)) << folder;
