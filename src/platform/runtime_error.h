@@ -9,7 +9,7 @@ namespace morvane {
 #ifdef _WIN32
 /// The `errno` that says best what the system's error `number` means.
 [[nodiscard]] int ErrnoOf(unsigned long number);
-/// What an `errno` means; the C library has no words for the newer ones.
+/// What an `errno` means; the C library has no words for the newer ones, and odd ones for some.
 [[nodiscard]] std::string WordsOfErrno(int number);
 #endif
 

@@ -3,9 +3,8 @@
 #ifdef _WIN32
 #include <windows.h>
 
-#include <system_error>
-
 #include "platform/files.h"
+#include "platform/windows/system_error.h"
 #else
 #include <dlfcn.h>
 #endif
@@ -26,7 +25,7 @@ DWORD PlacesFor(const std::filesystem::path& path) {
 std::string WhyNotLoaded(DWORD error) {
   if (error == ERROR_BAD_EXE_FORMAT) return "it is not one for 64 bits, or damaged";
   if (error == ERROR_MOD_NOT_FOUND) return "it, or a library that it needs, is not there";
-  return std::system_category().message(static_cast<int>(error));
+  return WordsOfSystem(error);
 }
 
 }  // namespace

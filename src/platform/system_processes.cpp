@@ -23,10 +23,6 @@
 namespace morvane {
 namespace {
 
-std::string_view NameOf(std::string_view variable) {
-  return variable.substr(0, variable.find('='));
-}
-
 #ifdef _WIN32
 
 class SystemChild final : public ChildProcess {
@@ -55,24 +51,43 @@ std::wstring Quoted(const std::wstring& argument) {
   return quoted.append(backslashes, L'\\') + L'"';
 }
 
-/// Our own variables with `own` over them, each ended with a null, and one behind all.
-std::wstring Environment(const std::vector<std::string>& own) {
-  std::wstring block;
-  const auto add = [&block](const std::wstring& variable) { block.append(variable) += L'\0'; };
-  for (const std::string& variable : own) add(Wide(variable));
+std::wstring_view NameOf(std::wstring_view variable) {
+  return variable.substr(0, variable.find(L'=', 1));  // the system's own begin with one
+}
+
+int Compare(std::wstring_view one, std::wstring_view other) {
+  return CompareStringOrdinal(one.data(), static_cast<int>(one.size()), other.data(),
+                              static_cast<int>(other.size()), TRUE);
+}
+
+std::vector<std::wstring> OurVariables() {
+  std::vector<std::wstring> variables;
   wchar_t* const ours = GetEnvironmentStringsW();
   for (const wchar_t* at = ours; at != nullptr && *at != L'\0'; at += std::wcslen(at) + 1) {
-    const std::wstring variable = at;
-    const bool isReplaced = std::any_of(own.begin(), own.end(), [&](const std::string& mine) {
-      const std::wstring name = Wide(std::string(NameOf(mine)) + "=");
-      const auto length = static_cast<int>(name.size());
-      return variable.size() >= name.size() &&
-             CompareStringOrdinal(variable.c_str(), length, name.c_str(), length, TRUE) ==
-                 CSTR_EQUAL;
-    });
-    if (!isReplaced) add(variable);
+    variables.emplace_back(at);
   }
   if (ours != nullptr) FreeEnvironmentStringsW(ours);
+  return variables;
+}
+
+/// Our own variables with `own` over them, each ended with a null, and one behind all. The system
+/// wants them in the order of their names.
+std::wstring Environment(const std::vector<std::string>& own) {
+  std::vector<std::wstring> variables;
+  for (const std::string& variable : own) variables.push_back(Wide(variable));
+  const std::size_t count = variables.size();
+  for (std::wstring& variable : OurVariables()) {
+    const auto end = variables.begin() + static_cast<std::ptrdiff_t>(count);
+    const bool isReplaced = std::any_of(variables.begin(), end, [&](const std::wstring& mine) {
+      return Compare(NameOf(mine), NameOf(variable)) == CSTR_EQUAL;
+    });
+    if (!isReplaced) variables.push_back(std::move(variable));
+  }
+  std::stable_sort(variables.begin(), variables.end(), [](const auto& one, const auto& other) {
+    return Compare(NameOf(one), NameOf(other)) == CSTR_LESS_THAN;
+  });
+  std::wstring block;
+  for (const std::wstring& variable : variables) block.append(variable) += L'\0';
   return block + L'\0';
 }
 
@@ -126,6 +141,10 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
+}
+
+std::string_view NameOf(std::string_view variable) {
+  return variable.substr(0, variable.find('='));
 }
 
 std::vector<std::string> Environment(const std::vector<std::string>& own) {

@@ -115,17 +115,22 @@ bool MayBeLetIn(PSID who, PSID user) {
          IsWellKnownSid(who, WinCreatorOwnerSid) || IsWellKnownSid(who, WinCreatorOwnerRightsSid);
 }
 
-bool LetsInOthers(ACL* list, PSID user) {
-  for (DWORD i = 0; i < list->AceCount; ++i) {
-    void* entry = nullptr;
-    if (!GetAce(list, i, &entry)) return true;
-    auto* const allowed = static_cast<ACCESS_ALLOWED_ACE*>(entry);
-    if (allowed->Header.AceType == ACCESS_ALLOWED_ACE_TYPE && allowed->Mask != 0 &&
-        !MayBeLetIn(&allowed->SidStart, user)) {
+/// Whether the entry, where it says anything, allows it under a condition or for a kind of things.
+bool IsUnusual(const ACCESS_ALLOWED_ACE& entry) {
+  switch (entry.Header.AceType) {
+    case ACCESS_ALLOWED_OBJECT_ACE_TYPE:
+    case ACCESS_ALLOWED_CALLBACK_ACE_TYPE:
+    case ACCESS_ALLOWED_CALLBACK_OBJECT_ACE_TYPE:
       return true;
-    }
+    default:
+      return false;
   }
-  return false;
+}
+
+bool LetsInOther(ACCESS_ALLOWED_ACE& entry, PSID user) {
+  if (entry.Mask == 0) return false;
+  return IsUnusual(entry) ||
+         (entry.Header.AceType == ACCESS_ALLOWED_ACE_TYPE && !MayBeLetIn(&entry.SidStart, user));
 }
 
 }  // namespace
@@ -151,6 +156,15 @@ bool IsOwnAndTooOpen(const std::wstring& path) {
   const Access access(path);
   if (!access.Known || user.Get() == nullptr || !IsOurs(access.Owner, user.Get())) return false;
   return access.List == nullptr || LetsInOthers(access.List, user.Get());
+}
+
+bool LetsInOthers(ACL* list, PSID user) {
+  for (DWORD i = 0; i < list->AceCount; ++i) {
+    void* entry = nullptr;
+    if (!GetAce(list, i, &entry)) return true;
+    if (LetsInOther(*static_cast<ACCESS_ALLOWED_ACE*>(entry), user)) return true;
+  }
+  return false;
 }
 
 bool IsOwnOrSystems(HANDLE opened) {

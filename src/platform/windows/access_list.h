@@ -37,6 +37,10 @@ class OwnAccess {
 /// administrators.
 [[nodiscard]] bool IsOwnAndTooOpen(const std::wstring& path);
 
+/// Whether a list lets in anybody else. An entry that holds under a condition, or for a kind of
+/// things, counts whomever it names: none of ours is one.
+[[nodiscard]] bool LetsInOthers(ACL* list, PSID user);
+
 /// Whether an opened file or folder belongs to this user, or to the system and those who may do
 /// everything in it anyway. Where the file system knows no owners it belongs to everybody.
 [[nodiscard]] bool IsOwnOrSystems(HANDLE opened);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/runtime_error.h"
 
 namespace morvane {
@@ -8,5 +10,9 @@ namespace morvane {
 void KeepLastError();
 /// The error of the system's last call.
 [[nodiscard]] RuntimeError LastSystemError();
+
+/// What the system itself says of its error `number`, in the user's language; the number where it
+/// says nothing.
+[[nodiscard]] std::string WordsOfSystem(unsigned long number);
 
 }  // namespace morvane

@@ -5,6 +5,9 @@
 #include <aclapi.h>
 #include <sddl.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <set>
 
@@ -82,6 +85,71 @@ TEST(PrivateFiles, AreTheirUsersAlone) {
     EXPECT_THAT(LetIn(folder / name), IsSubsetOf(most)) << name;
     EXPECT_TRUE(LetIn(folder / name).contains("owner")) << name;
   }
+}
+
+/// The program's user, as long as this lives.
+class TokenUser {
+ public:
+  TokenUser() {
+    HANDLE token = nullptr;
+    EXPECT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+    DWORD size = 0;
+    EXPECT_TRUE(GetTokenInformation(token, ::TokenUser, bytes_.data(),
+                                    static_cast<DWORD>(bytes_.size()), &size));
+    CloseHandle(token);
+  }
+  [[nodiscard]] PSID Get() { return reinterpret_cast<TOKEN_USER*>(bytes_.data())->User.Sid; }
+
+ private:
+  alignas(TOKEN_USER) std::array<std::byte, 200> bytes_{};
+};
+
+// Not every system that runs the tests keeps a list as it is given.
+TEST(PrivateFiles, TheirListIsTheUsersTheSystemsAndTheAdministratorsWithWhatIsMadeWithin) {
+  OwnAccess access;
+  ASSERT_NE(access.Get(), nullptr);
+  wchar_t* text = nullptr;
+  ASSERT_TRUE(ConvertSecurityDescriptorToStringSecurityDescriptorW(
+      access.Get()->lpSecurityDescriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
+      nullptr));
+  const LocalPointer kept(text);
+  const std::string words = Utf8(text);
+  EXPECT_THAT(words, ::testing::StartsWith("D:P(A;OICI;FA;;;"));
+  EXPECT_THAT(words, ::testing::EndsWith(")(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)"));
+  EXPECT_EQ(std::count(words.begin(), words.end(), '('), 3) << words;
+  BOOL present = FALSE;
+  BOOL defaulted = FALSE;
+  ACL* list = nullptr;
+  ASSERT_TRUE(
+      GetSecurityDescriptorDacl(access.Get()->lpSecurityDescriptor, &present, &list, &defaulted));
+  void* first = nullptr;
+  ASSERT_TRUE(GetAce(list, 0, &first));
+  EXPECT_TRUE(EqualSid(&static_cast<ACCESS_ALLOWED_ACE*>(first)->SidStart, TokenUser().Get()));
+}
+
+/// Whether a list lets in others whose one entry, of this kind, names `who`.
+bool LetsIn(PSID who, int kind, DWORD rights) {
+  alignas(ACL) std::array<std::byte, 200> bytes{};
+  auto* const list = reinterpret_cast<ACL*>(bytes.data());
+  EXPECT_TRUE(InitializeAcl(list, static_cast<DWORD>(bytes.size()), ACL_REVISION));
+  EXPECT_TRUE(AddAccessAllowedAce(list, ACL_REVISION, rights, who));
+  void* entry = nullptr;
+  EXPECT_TRUE(GetAce(list, 0, &entry));
+  static_cast<ACE_HEADER*>(entry)->AceType = static_cast<BYTE>(kind);
+  return LetsInOthers(list, TokenUser().Get());
+}
+
+TEST(PrivateFiles, AnEntryOfAnyKindLetsOthersIn) {
+  PSID everybody = nullptr;
+  ASSERT_TRUE(ConvertStringSidToSidW(L"S-1-1-0", &everybody));
+  const LocalPointer kept(everybody);
+  for (const int kind : {ACCESS_ALLOWED_ACE_TYPE, ACCESS_ALLOWED_CALLBACK_ACE_TYPE,
+                         ACCESS_ALLOWED_OBJECT_ACE_TYPE}) {
+    EXPECT_TRUE(LetsIn(everybody, kind, FILE_GENERIC_READ)) << kind;
+    EXPECT_FALSE(LetsIn(everybody, kind, 0)) << kind;
+  }
+  EXPECT_FALSE(LetsIn(everybody, ACCESS_DENIED_ACE_TYPE, FILE_GENERIC_READ));
+  EXPECT_FALSE(LetsIn(TokenUser().Get(), ACCESS_ALLOWED_ACE_TYPE, FILE_ALL_ACCESS));
 }
 
 TEST(PrivateFiles, LoseTheRightsOfOthersWhenTheyAreUsedAgain) {

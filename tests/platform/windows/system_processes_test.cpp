@@ -4,6 +4,8 @@
 // It needs its types.
 #include <shellapi.h>
 
+#include <algorithm>
+#include <cwchar>
 #include <filesystem>
 
 #include "platform/files.h"
@@ -23,6 +25,35 @@ TEST(ToldProcess, DISABLED_Tells) {
   told += kept != nullptr ? Utf8(kept) : "nothing";
   told += GetConsoleWindow() == nullptr ? ", hidden" : ", in a window";
   WriteContent(OtherProcess::About(), told);
+}
+
+std::vector<std::wstring> NamesOfVariables() {
+  std::vector<std::wstring> names;
+  wchar_t* const block = GetEnvironmentStringsW();
+  for (const wchar_t* at = block; *at != L'\0'; at += std::wcslen(at) + 1) {
+    const std::wstring variable = at;
+    names.push_back(variable.substr(0, variable.find(L'=', 1)));
+  }
+  FreeEnvironmentStringsW(block);
+  return names;
+}
+
+bool IsBefore(const std::wstring& one, const std::wstring& other) {
+  return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_LESS_THAN;
+}
+
+/// Writes whether its variables came in the order of their names.
+TEST(ToldProcess, DISABLED_TellsTheOrder) {
+  const auto names = NamesOfVariables();
+  WriteContent(OtherProcess::About(),
+               std::is_sorted(names.begin(), names.end(), IsBefore) ? "sorted" : "as they come");
+}
+
+TEST(SystemProcesses, VariablesArriveInTheOrderOfTheirNames) {
+  TempFolder folder;
+  const OtherProcess other("ToldProcess.DISABLED_TellsTheOrder", folder / "found");
+  ASSERT_TRUE(other.Ends());
+  EXPECT_EQ(Content(folder / "found"), "sorted");
 }
 
 std::string ThisProgram() {
