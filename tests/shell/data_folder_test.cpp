@@ -1,13 +1,16 @@
 // The data folder as a whole program uses it: who may read it, who is waited for, what is told.
 
-#include <sys/stat.h>
-
 #include <filesystem>
 
 #include "files/load_desk.h"
 #include "platform/file_lock.h"
+#include "platform/files.h"
 #include "platform/ini_settings.h"
 #include "shell/shell_desk.h"
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace morvane::shell {
 namespace {
@@ -16,11 +19,15 @@ using std::chrono::milliseconds;
 using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
+#ifndef _WIN32
+
 mode_t RightsOf(const std::string& path) {
   struct stat status {};
   EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
   return status.st_mode & 07777U;
 }
+
+#endif
 
 /// A desk with a board file to load.
 struct DataDesk : ShellDesk {
@@ -39,6 +46,8 @@ struct DataDesk : ShellDesk {
   const std::string Set = Folder / "two.pbn";
   const std::string Lock = Prog.Paths.Data + "/morvane.lock";
 };
+
+#ifndef _WIN32  // rights as modes
 
 TEST(DataFolder, IsItsUsersAloneWithAllThatAProgramPutsIntoIt) {
   for (const mode_t mask : {0U, 022U, 077U}) {
@@ -74,6 +83,8 @@ TEST(DataFolder, ThatOthersCouldReadIsTightenedAtTheStart) {
     EXPECT_EQ(RightsOf(entry.path().string()), 0600U) << entry.path();
   }
 }
+
+#endif
 
 TEST(DataFolder, AHolderOfItsLockIsWaitedForOnceAFlow) {
   DataDesk desk;
@@ -114,7 +125,7 @@ TEST(DataFolder, ALogThatFailsIsToldOnceHoweverMuchIsDone) {
   EXPECT_TRUE(desk.Main.Exit());
   EXPECT_THAT(desk.Ui.Boxes,
               ElementsAre(test::FakeUi::Box{"Error: 21, Is a directory\r\nFile Name: " +
-                                                desk.Prog.Paths.Data + "/Log_2026_3.txt",
+                                                JoinPath(desk.Prog.Paths.Data, "Log_2026_3.txt"),
                                             16, "Log Write Error"}));
 }
 
@@ -133,6 +144,7 @@ TEST(DataFolder, ALogThatWasCutInMidLineGoesOnWithALineOfItsOwn) {
   EXPECT_EQ(lines.back(), " Exit: 3:04:05 PM");
 }
 
+#ifndef _WIN32  // no pipes among files
 TEST(DataFolder, APipeInPlaceOfTheLogIsToldAndNotWaitedFor) {
   DataDesk desk;
   ASSERT_EQ(mkfifo((desk.Prog.Paths.Data + "/Log_2026_3.txt").c_str(), 0600), 0);
@@ -143,6 +155,8 @@ TEST(DataFolder, APipeInPlaceOfTheLogIsToldAndNotWaitedFor) {
                                             16, "Log Write Error"}));
   EXPECT_FALSE(desk.Prog.Log.On());
 }
+
+#endif
 
 TEST(DataFolder, TheBoxesNameTheFolderInWhichItLies) {
   DataDesk desk;

@@ -3,7 +3,6 @@
 #include <filesystem>
 
 #include "platform/files.h"
-#include "platform/instance_lock.h"
 #include "platform/windows/other_process.h"
 
 namespace morvane::test {
@@ -20,8 +19,7 @@ TEST(LockingProcess, DISABLED_Holds) {
 TEST(LockingProcess, DISABLED_Dies) {
   const std::string folder = OtherProcess::About();
   const auto lock = FileLock::Try(JoinPath(folder, "lock"));
-  InstanceLock instance(JoinPath(folder, "store"));
-  if (lock && instance.Claim()) WriteContent(JoinPath(folder, "held"), "yes");
+  if (lock) WriteContent(JoinPath(folder, "held"), "yes");
   OtherProcess::Die();
 }
 
@@ -55,9 +53,6 @@ TEST(FileLock, AHolderThatDiesLeavesNoLock) {
   ASSERT_TRUE(other.Ends());
   EXPECT_EQ(Content(folder / "held"), "yes");
   EXPECT_TRUE(FileLock::Try(folder / "lock"));
-  InstanceLock instance(folder / "store");
-  EXPECT_TRUE(instance.Claim());
-  EXPECT_TRUE(instance.Held());
 }
 
 TEST(FileLock, WhatCannotBeHadSaysWhy) {
