@@ -15,7 +15,6 @@ namespace {
 
 using test::OtherProcess;
 using test::TestDesk;
-using test::Until;
 
 /// The data folder and a number, handed on to another process as one text.
 std::string Told(const TestDesk& desk, int number) {
@@ -29,9 +28,9 @@ struct Worker {
     const std::size_t space = about.find(' ');
     Number = std::stoi(about.substr(0, space));
     Folder = about.substr(space + 1);
-    TheProgram = std::make_unique<Program>(ProgramPorts{Desk.Ui, Desk.Loop, Time, Desk.Store,
-                                                        Desk.Random, Desk.Speaker, Desk.ThePrinter},
-                                           ProgramPaths{Desk.Prog.Paths.Application, Folder});
+    TheProgram = std::make_unique<Program>(
+        Ports{Desk.Ui, Desk.Loop, Time, Desk.Store, Desk.Random, Desk.Speaker, Desk.ThePrinter},
+        ProgramPaths{Desk.Prog.Paths.Application, Folder});
     RuntimeError error;
     EXPECT_TRUE(TheHistory.LoadHistory(*TheProgram));
     EXPECT_TRUE(TheProgram->Log.Start(Folder, error));
@@ -68,10 +67,11 @@ TEST(SharedHistory, ProcessesThatAddAtOnceLoseNothing) {
   ExpectAllEntries(desk);
 }
 
-/// Adds entries and ends at a moment that no one can foresee, in the middle of one as a rule. The
-/// last that was there whole stands in "told".
+/// Adds entries and ends at a moment that no one can foresee. The last that was there whole stands
+/// in "told".
 TEST(HistoryProcess, DISABLED_AddsUntilItDies) {
   Worker worker;
+  std::filesystem::remove_all(worker.Desk.Folder.Path());  // nobody would do it later
   std::atomic<bool> begun = false;
   const std::string told = JoinPath(worker.Folder, "told");
   std::thread([&begun, moment = std::random_device()() % 30'000'000] {
