@@ -1,22 +1,11 @@
 #include "program_arguments.h"
 
 #include <QCommandLineParser>
-#include <QStringDecoder>
-#include <algorithm>
 
 #include "cli/programs.h"
 #include "shell/version.h"
 
 namespace morvane {
-
-bool AreText(int argc, char** argv) {
-  return std::all_of(argv, argv + argc, [](const char* word) {
-    // Stateless: a character that is cut off at the end is an error, and not waited for.
-    QStringDecoder decoder(QStringDecoder::System, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(word);
-    return !decoder.hasError();
-  });
-}
 
 namespace {
 

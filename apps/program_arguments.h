@@ -17,10 +17,6 @@ struct ProgramArguments : bridges::LinkRequest {
   std::string Error;  ///< not empty: wrong usage, and why
 };
 
-/// Whether the words of the command line are text. What is none has no name that a file could be
-/// opened or saved under.
-[[nodiscard]] bool AreText(int argc, char** argv);
-
 /// What a program says of itself.
 struct ProgramTexts {
   std::string Name;

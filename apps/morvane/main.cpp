@@ -13,6 +13,7 @@
 #include "display_guard.h"
 #include "end_hook.h"
 #include "end_signals.h"
+#include "given_words.h"
 #include "guarded_application.h"
 #include "library_versions.h"
 #include "platform/qt/program_icon.h"
@@ -172,7 +173,7 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
   shell.KeepRecentFiles();
   using morvane::shell::StartOutcome;
   StartOutcome outcome = StartOutcome::kGoesOn;
-  application.Guard([&] { outcome = shell.StartUp(arguments.CommandLine); });
+  application.Guard([&] { outcome = shell.StartUp(arguments.CommandLine, arguments.Typed); });
   if (outcome != StartOutcome::kGoesOn) {
     return outcome == StartOutcome::kHandedOver ? 0 : kAlreadyRunning;
   }
@@ -193,13 +194,13 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
 
 int main(int argc, char** argv) {
   morvane::SeenWords seen;
-  if (!morvane::AreText(argc, argv)) {
+  const morvane::GivenWords given = morvane::GivenWordsOf(argc, argv);
+  if (!given.AreText) {
     std::cerr << "morvane: an argument is not UTF-8 text\n";
     return kWrongUsage;
   }
-  QStringList words;
-  for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
-  const morvane::Arguments arguments = morvane::ParseArguments(words);
+  morvane::Arguments arguments = morvane::ParseArguments(given.Words);
+  arguments.Typed = given.Typed.value_or(arguments.CommandLine);
   if (!arguments.Help.empty()) {
     return morvane::WriteOut("morvane", arguments.Help) ? 0 : kFailed;
   }

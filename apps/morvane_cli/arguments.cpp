@@ -41,8 +41,7 @@ void AddOptions(QCommandLineParser& parser) {
 
 cli::CommandWords WordsOf(const QCommandLineParser& parser, const QStringList& arguments) {
   cli::CommandWords given;
-  // A quoted path in it would be one to load.
-  given.Raw = arguments.mid(1).join(' ').remove('"').toStdString();
+  given.Raw = arguments.mid(1).join(' ').toStdString();
   for (const QString& word : parser.positionalArguments()) {
     for (std::string& path : PathsOf(word)) given.Words.push_back(std::move(path));
   }

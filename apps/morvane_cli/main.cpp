@@ -8,6 +8,7 @@
 #include "cli/job.h"
 #include "console_words.h"
 #include "end_signals.h"
+#include "given_words.h"
 #include "page_platform.h"
 #include "platform/console/console_ui.h"
 #include "platform/qt/pdf_printer.h"
@@ -48,11 +49,12 @@ int main(int argc, char** argv) {
   [[maybe_unused]] const morvane::ConsoleWords words;
   int nameAlone = 1;  // an application holds on to it
   auto application = std::make_unique<QCoreApplication>(argc, argv);
-  if (!morvane::AreText(argc, argv)) {
+  const morvane::GivenWords given = morvane::GivenWordsOf(argc, argv);
+  if (!given.AreText) {
     std::cerr << "morvane-cli: an argument is not UTF-8 text\n";
     return morvane::cli::kWrongUsage;
   }
-  const morvane::Arguments arguments = morvane::ParseArguments(QCoreApplication::arguments());
+  const morvane::Arguments arguments = morvane::ParseArguments(given.Words);
   if (!arguments.Help.empty()) {
     const bool written = morvane::WriteOut("morvane-cli", arguments.Help);
     return written ? morvane::cli::kDone : morvane::cli::kFailed;
@@ -83,8 +85,9 @@ int main(int argc, char** argv) {
   morvane::SystemProcesses processes;
   morvane::cli::Workplace place{program,   operatorAtTerminal, terminal,         *machine.Usb,
                                 processes, machine.Kind,       machine.Simulated};
-  const auto status = TellTrouble(
-      machine, morvane::cli::RunJob(place, arguments.Given.Raw, arguments.Request.What.Work));
+  const auto status =
+      TellTrouble(machine, morvane::cli::RunJob(place, given.Typed.value_or(arguments.Given.Raw),
+                                                arguments.Request.What.Work));
   std::cout.flush();
   if (std::cout) return status;
   // Whoever has closed the other end has had enough.

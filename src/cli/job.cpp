@@ -79,7 +79,7 @@ ExitStatus RunJob(Workplace& place, const std::string& raw,
   place.Prog.Locks.BeOneFlow();
   LoneInstance instance;  // a command may run beside the desktop
   shell::Shell shell(place.Prog, place.Usb, place.Processes, windows, instance, place.Kind);
-  shell.StartUp(raw);
+  shell.StartUp("", raw);  // a quoted path in it is none to load
   Job job{place, windows, shell};
   const ExitStatus status = work(job);
   place.Prog.Set.BoardSetChanged = "0";  // what was not saved was not asked to be

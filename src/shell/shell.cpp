@@ -45,7 +45,7 @@ void Shell::KeepUnsavedSet() { unsaved_.emplace(program_); }
 
 void Shell::KeepRecentFiles() { recent_.emplace(program_); }
 
-StartOutcome Shell::StartUp(const std::string& commandLine) {
+StartOutcome Shell::StartUp(const std::string& commandLine, const std::string& typed) {
   // Settings may have been waited for before.
   const Flow flow(*this, Flow::Waits::kAsBefore);
   const StartFiles files = ParseCommandLine(commandLine);
@@ -66,7 +66,7 @@ StartOutcome Shell::StartUp(const std::string& commandLine) {
     program_.Log.WriteLine("History records: " + std::to_string(history_.Ring().HistoryUsed()));
   }
   program_.Status("Ready");
-  LogStart(program_, generator_.Pool, commandLine);
+  LogStart(program_, generator_.Pool, typed);
   if (unsaved_) {
     unsaved_->Open();
     RefreshStatistics();

@@ -41,9 +41,10 @@ class Shell {
   /// From its start on the program keeps a list of the board files that it used last. Before
   /// `StartUp`.
   void KeepRecentFiles();
-  /// Start-up, in its order; `commandLine` is the raw command line without the program's name. The
-  /// program ends unless it `kGoesOn`.
-  StartOutcome StartUp(const std::string& commandLine);
+  /// Start-up, in its order; `commandLine` is the command line without the program's name, `typed`
+  /// what the log says of it. The program ends unless it `kGoesOn`.
+  StartOutcome StartUp(const std::string& commandLine, const std::string& typed);
+  StartOutcome StartUp(const std::string& commandLine) { return StartUp(commandLine, commandLine); }
   /// The main window has been activated: the reference of the time entropy.
   void Activated();
   /// The close box or `menuExit`. Whether the program ends; the window may go then.

@@ -221,5 +221,14 @@ TEST(StartUp, NothingElseCanBeginWhileItRuns) {
   EXPECT_FALSE(desk.Main.FlowActive());
 }
 
+TEST(CommandLine, InTheLogStandsAsItWasTyped) {
+  ShellDesk desk;
+  desk.Main.StartUp("", "\"d:\\none.pbn\"  -x");
+  const auto lines = desk.LogLines();
+  ASSERT_GE(lines.size(), 3U);
+  EXPECT_TRUE(lines[2].ends_with("  \"d:\\none.pbn\"  -x")) << lines[2];
+  EXPECT_TRUE(desk.Ui.Boxes.empty()) << "it names no file to be loaded";
+}
+
 }  // namespace
 }  // namespace morvane::shell

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <filesystem>
 
 #include "cli/audit_command.h"
@@ -376,9 +375,9 @@ TEST(Arguments, TheFirstOptionThatDoesNotBelongIsTold) {
             "--to does not belong to show");
 }
 
-TEST(Arguments, TheLineForTheLogHasNoQuotes) {
+TEST(Arguments, TheLineForTheLogIsAsItWasGiven) {
   EXPECT_EQ(Parsed({"show", "/my \"set\".pbn", "--board", "7"}).Given.Raw,
-            "show /my set.pbn --board 7");
+            "show /my \"set\".pbn --board 7");
 }
 
 TEST(Arguments, AuditTakesALog) {
@@ -493,21 +492,6 @@ TEST(Arguments, HelpTellsOfACommandAndAsksForNothingElse) {
     EXPECT_FALSE(arguments.Request.What.Work);
   }
   EXPECT_EQ(Parsed({"help"}).Help, Parsed({"--help"}).Help);
-}
-
-/// Whether "cli" followed by `word` is text.
-bool IsText(std::string word) {
-  std::string program = "cli";
-  std::array<char*, 2> words{program.data(), word.data()};
-  return AreText(static_cast<int>(words.size()), words.data());
-}
-
-TEST(ProgramArguments, WordsThatAreNoUtf8AreNoText) {
-  EXPECT_TRUE(IsText(""));
-  EXPECT_TRUE(IsText("caf\xC3\xA9.pbn"));
-  EXPECT_TRUE(IsText("\xEF\xBF\xBD.pbn")) << "a name like others";
-  EXPECT_FALSE(IsText("caf\xE9.pbn"));
-  EXPECT_FALSE(IsText("caf\xC3"));
 }
 
 }  // namespace
