@@ -73,7 +73,7 @@ std::unique_ptr<morvane::Timer> WatchTrace(morvane::Program& program,
   if (traced == nullptr) return nullptr;
   return program.Loop.StartTimer(kTraceLookMs, [&program, &shell, traced, told = false]() mutable {
     const std::string& trouble = traced->File().Trouble();
-    if (told || trouble.empty() || shell.FlowActive()) return;
+    if (told || trouble.empty() || shell.FlowActive() || program.Loop.Quitting()) return;
     told = true;
     program.ShowMessage(trouble, morvane::kOkExclamation, "Trace");
   });
@@ -163,7 +163,7 @@ int Run(morvane::GuardedApplication& application, morvane::SystemParts& parts,
   // The session ends and asks nobody: what is unsaved is kept for the next start.
   QObject::connect(
       &application, &QGuiApplication::commitDataRequest, &application,
-      [&parts](QSessionManager& /*session*/) { parts.Loop.Quit(); }, Qt::DirectConnection);
+      [&shell](QSessionManager& /*session*/) { shell.EndOfSession(); }, Qt::DirectConnection);
   const morvane::EndHook hook([&] {
     parts.Loop.Quit();  // nothing is asked any more
     shell.End();

@@ -228,6 +228,12 @@ void Shell::End() {
   WriteExit();
 }
 
+void Shell::EndOfSession() {
+  program_.Loop.Quit();
+  if (FlowActive() || program_.AnalysisRunning) return Keep();
+  End();
+}
+
 UnsavedCopy::State Shell::Fail(const std::string& what) {
   program_.Loop.Quit();
   failed_ = true;

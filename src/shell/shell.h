@@ -52,6 +52,10 @@ class Shell {
   /// Ends a program whose loop has been told to quit: nothing is asked, an unsaved set stays as its
   /// copy. Does nothing behind an `Exit`.
   void End();
+  /// The session ends, and the system may end the program as soon as this returns: the loop quits,
+  /// and what must survive is done. What still runs stops by the loop; only the copy is made then,
+  /// and `End` comes behind if there is time.
+  void EndOfSession();
   /// The program's own code has failed, with `what`: the copy of the set is brought up to date, the
   /// log says it, and the loop quits, since nothing is certain any more. `End` comes behind.
   /// What the next start will offer.
