@@ -70,6 +70,9 @@ namespace {
 /// The system says so itself when the file is to have its last name.
 bool MayBeNamed(const std::string& /*path*/) { return true; }
 
+/// The system renames and removes by names.
+bool Hold(const FileBeside& /*beside*/) { return true; }
+
 /// Removes the file if nobody holds its lock: whoever writes it does, from its first byte until it
 /// has its last name.
 void ClearIfDead(const std::string& path) {
@@ -134,6 +137,7 @@ FileBeside OpenOwnBeside(const std::string& path, NewFile access) {
   FileBeside beside;
   beside.Name = path + ".new";
   beside.File = OpenToWrite(beside.Name, Opening::kOver, access);
+  if (beside.File && !Hold(beside)) beside.File.reset();
   return beside;
 }
 

@@ -1,4 +1,3 @@
-#include <cerrno>
 #include <cstdio>
 #include <utility>
 
@@ -10,7 +9,7 @@
 #include <io.h>
 
 #include "platform/windows/access_list.h"
-#include "platform/windows/replacing.h"
+#include "platform/windows/file_beside.h"
 #else
 #include <sys/stat.h>
 #include <unistd.h>
@@ -28,15 +27,6 @@ void KeepOwner(const FileBeside& beside, const std::string& old) {
   CopyAccess(PathOfUtf8(old).wstring(), PathOfUtf8(beside.Name).wstring());
 }
 
-/// Another program's save may take the file for a dead one's before it has its last name.
-constexpr int kMostTries = 5;
-
-/// Lets go of the file first, since the system replaces by none that is open.
-std::optional<RuntimeError> Rename(FileBeside& beside, const std::string& to) {
-  beside.Alive.reset();
-  return PutInPlace(PathOfUtf8(beside.Name), PathOfUtf8(to));
-}
-
 #else
 
 bool Sync(std::FILE* file) { return fsync(fileno(file)) == 0; }
@@ -51,13 +41,16 @@ void KeepOwner(const FileBeside& beside, const std::string& old) {
   }
 }
 
-constexpr int kMostTries = 1;
-
 std::optional<RuntimeError> Rename(const FileBeside& beside, const std::string& to) {
   std::error_code failure;
   std::filesystem::rename(PathOfUtf8(beside.Name), PathOfUtf8(to), failure);
   if (failure) return RuntimeError::Of(failure);
   return std::nullopt;
+}
+
+void Discard(const FileBeside& beside) {
+  std::error_code failure;
+  std::filesystem::remove(PathOfUtf8(beside.Name), failure);
 }
 
 #endif
@@ -100,8 +93,7 @@ std::optional<RuntimeError> PutNew(const std::string& path, std::string_view byt
   if (old) TakeAfter(beside, path, access);
   auto error = WriteAndClose(std::move(beside.File), bytes, Lasting::kSafe);
   if (!error) error = Rename(beside, path);
-  std::error_code failure;
-  if (error) std::filesystem::remove(PathOfUtf8(beside.Name), failure);
+  if (error) Discard(beside);
   return error;
 }
 
@@ -115,11 +107,7 @@ std::optional<RuntimeError> Write(const std::string& path, std::string_view byte
   }
   // Renaming would not ask the old file.
   if (replaces && !MayWrite(path)) return RuntimeError::Last();
-  auto error = PutNew(path, bytes, access, openBeside, replaces);
-  for (int i = 1; i < kMostTries && error && error->Number == ENOENT; ++i) {
-    error = PutNew(path, bytes, access, openBeside, replaces);
-  }
-  return error;
+  return PutNew(path, bytes, access, openBeside, replaces);
 }
 
 }  // namespace

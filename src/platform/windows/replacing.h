@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <filesystem>
 #include <optional>
 
@@ -7,11 +9,11 @@
 
 namespace morvane {
 
-/// Gives the file `from` the name `to`, on the disk before this comes back. What `to` was is
-/// replaced at once, and its attributes stay; until then it is as it was.
-/// Somebody who has it open for a moment (whoever looks for viruses) is waited for. Nobody may have
-/// `from` open.
-[[nodiscard]] std::optional<RuntimeError> PutInPlace(const std::filesystem::path& from,
-                                                     const std::filesystem::path& to);
+/// Gives the file whose handle `file` may remove it the name `to`, a whole path, on the disk before
+/// this comes back. What `to` was is replaced at once, whoever reads it and lets others remove it,
+/// and its attributes stay; until then it is as it was. Somebody who keeps it to himself for a
+/// moment (whoever looks for viruses) is waited for, half a second at most: the windows stand still
+/// meanwhile.
+[[nodiscard]] std::optional<RuntimeError> PutInPlace(HANDLE file, const std::filesystem::path& to);
 
 }  // namespace morvane
