@@ -21,7 +21,7 @@ using ::testing::ElementsAre;
 
 TEST(Log, IsAMonthlyFileWithoutLeadingZero) {
   TestDesk desk;
-  EXPECT_EQ(desk.Prog.Log.Path(), desk.Prog.Paths.Data + "/Log_2026_3.txt");
+  EXPECT_EQ(desk.Prog.Log.Path(), JoinPath(desk.Prog.Paths.Data, "Log_2026_3.txt"));
 }
 
 TEST(Log, EveryLineEndsWithCrLfAndLinesAdd) {

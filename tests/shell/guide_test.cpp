@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/files.h"
 #include "support/fake_desktop.h"
 #include "support/fakes.h"
 
@@ -73,7 +74,7 @@ TEST(Guide, ThatIsNotInstalledIsToldWithItsPlaceAndItsPackage) {
   EXPECT_THAT(desk.Around.Shown, IsEmpty());
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{"      The guide is not installed.      \r\n"
                                                      "      Its page would be: " +
-                                                         desk.Folder.Path() + "/" + kPlace +
+                                                         JoinPath(desk.Folder.Path(), kPlace) +
                                                          "/stops.html      \r\n"
                                                          "\r\n"
                                                          "      " +

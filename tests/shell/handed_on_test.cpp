@@ -155,7 +155,11 @@ class PlaceInHome : public ::testing::Test {
 };
 
 TEST_F(PlaceInHome, IsToldFromThereOn) {
+#ifdef _WIN32
+  EXPECT_EQ(PlaceToHandOn(folder_ / "home/ann/.config/x.ini"), "~\\.config\\x.ini");
+#else
   EXPECT_EQ(PlaceToHandOn(folder_ / "home/ann/.config/x.ini"), "~/.config/x.ini");
+#endif
   EXPECT_EQ(PlaceToHandOn(folder_ / "home/ann"), "~");
 }
 
@@ -163,11 +167,13 @@ TEST_F(PlaceInHome, IsNotTheHomeOfAnotherUserWhoseNameGoesOn) {
   EXPECT_EQ(PlaceToHandOn(folder_ / "home/anna/data"), "outside the home folder");
 }
 
+#ifndef _WIN32  // links take rights that a user lacks
 TEST_F(PlaceInHome, MayBeNamedWithoutTheLinkThatTheHomeIs) {
   std::filesystem::create_directories(PathOfUtf8(folder_ / "disk/ann"));
   std::filesystem::create_directory_symlink(folder_ / "disk", folder_ / "home");
   EXPECT_EQ(PlaceToHandOn(folder_ / "disk/ann/data"), "~/data");
 }
+#endif
 
 }  // namespace
 }  // namespace morvane::shell

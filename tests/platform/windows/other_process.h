@@ -30,10 +30,11 @@ class OtherProcess {
   static constexpr const char* kAbout = "MORVANE_TEST_ABOUT";
 
   OtherProcess(const std::string& part, const std::string& about) {
-    started_ =
-        SystemProcesses().Start({Program(),
-                                 {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part},
-                                 {kAbout + ("=" + about)}});
+    started_ = SystemProcesses().Start(
+        {Program(),
+         {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part},
+         // It is no shard of the tests, though this program may be one.
+         {kAbout + ("=" + about), "GTEST_TOTAL_SHARDS=1", "GTEST_SHARD_INDEX=0"}});
     EXPECT_TRUE(started_.Child);
   }
   [[nodiscard]] bool Lives() const { return started_.Child && started_.Child->Lives(); }
