@@ -13,12 +13,14 @@ void DropNoise(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const 
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr const char* kNoDisplay = "offscreen";  // perhaps with a screen of another size
+constexpr const char* kDesktop = "windows";
 
-/// One application for all window tests, on no display.
+/// One application for all window tests, on no display; on Windows' own where that is asked for.
 class QtEnvironment final : public testing::Environment {
  public:
   void SetUp() override {
-    if (!qgetenv(kPlatform).startsWith(kNoDisplay)) qputenv(kPlatform, kNoDisplay);
+    const QByteArray asked = qgetenv(kPlatform);
+    if (!asked.startsWith(kNoDisplay) && asked != kDesktop) qputenv(kPlatform, kNoDisplay);
     qInstallMessageHandler(DropNoise);
     application_ = std::make_unique<QApplication>(argc_, argv_);
     QApplication::setQuitOnLastWindowClosed(false);
