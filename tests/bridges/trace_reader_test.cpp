@@ -7,7 +7,6 @@
 namespace morvane::bridges {
 namespace {
 
-using test::WriteContent;
 using ::testing::HasSubstr;
 
 const std::string kBegan = "2026-03-03 15:04:05.123";
@@ -23,7 +22,7 @@ class TraceReaderTest : public ::testing::Test {
   TraceReader reader;
 
   void Write(const std::string& text, const std::string& behind = "") {
-    WriteContent(path + behind, text);
+    test::WriteInPlace(path + behind, text);  // it may be read
   }
   [[nodiscard]] std::string Refusal() {
     const auto wrong = reader.Open(path);

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/utf8_of_path.h"
 #include "support/fake_desktop.h"
 #include "support/fakes.h"
 
@@ -20,6 +21,11 @@ const std::string kAdvice = "Please install the package morvane-doc.";
 using test::FakeUi;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+/// As the program names a page: with the system's separators.
+std::string NativePage(const std::string& folder, const std::string& page) {
+  return Utf8OfPath(PathOfUtf8(JoinPath(folder, page + ".html")).make_preferred());
+}
 
 /// A program of its own folder, with guides where the test puts them.
 struct GuideDesk : test::TestDesk {
@@ -74,8 +80,8 @@ TEST(Guide, ThatIsNotInstalledIsToldWithItsPlaceAndItsPackage) {
   EXPECT_THAT(desk.Around.Shown, IsEmpty());
   EXPECT_THAT(desk.Ui.Boxes, ElementsAre(FakeUi::Box{"      The guide is not installed.      \r\n"
                                                      "      Its page would be: " +
-                                                         JoinPath(desk.Folder.Path(), kPlace) +
-                                                         "/stops.html      \r\n"
+                                                         NativePage(desk.Folder / kPlace, "stops") +
+                                                         "      \r\n"
                                                          "\r\n"
                                                          "      " +
                                                          kAdvice + "      \r\n",

@@ -161,7 +161,11 @@ std::string Content(const std::string& path) {
 }
 
 void WriteContent(const std::string& path, std::string_view bytes) {
-  // In place: some systems put no file in the place of one that is open.
+  const auto error = WriteFile(path, bytes);
+  ASSERT_FALSE(error) << path << ": " << error->Description;
+}
+
+void WriteInPlace(const std::string& path, std::string_view bytes) {
   std::ofstream file(PathOfUtf8(path), std::ios::binary);
   file << bytes << std::flush;
   ASSERT_TRUE(file.good()) << path << ": " << std::strerror(errno);

@@ -178,6 +178,9 @@ class TestDesk {
 /// The content of a file; fails the test when it can't be read.
 [[nodiscard]] std::string Content(const std::string& path);
 void WriteContent(const std::string& path, std::string_view bytes);
+/// Into the very file that is there, since a reader has it open: some systems put no other in its
+/// place then.
+void WriteInPlace(const std::string& path, std::string_view bytes);
 
 /// A complete board `n` in which the cards go round from hand `first`: card 1 to it, card 2 to the
 /// next.

@@ -27,14 +27,16 @@ bool Until(Condition condition) {
 /// the part is about is handed on in a variable.
 class OtherProcess {
  public:
+  /// It is no shard of the tests, though this program may be one.
+  static constexpr const char* kAllTests[] = {"GTEST_TOTAL_SHARDS=1", "GTEST_SHARD_INDEX=0"};
+
   static constexpr const char* kAbout = "MORVANE_TEST_ABOUT";
 
   OtherProcess(const std::string& part, const std::string& about) {
-    started_ = SystemProcesses().Start(
-        {Program(),
-         {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part},
-         // It is no shard of the tests, though this program may be one.
-         {kAbout + ("=" + about), "GTEST_TOTAL_SHARDS=1", "GTEST_SHARD_INDEX=0"}});
+    started_ =
+        SystemProcesses().Start({Program(),
+                                 {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part},
+                                 {kAbout + ("=" + about), kAllTests[0], kAllTests[1]}});
     EXPECT_TRUE(started_.Child);
   }
   [[nodiscard]] bool Lives() const { return started_.Child && started_.Child->Lives(); }

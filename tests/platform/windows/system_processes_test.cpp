@@ -54,7 +54,7 @@ TEST(SystemProcesses, ArgumentsAndVariablesArriveAsTheyWereGiven) {
       {ThisProgram(),
        {"--gtest_also_run_disabled_tests", "--gtest_filter=ToldProcess.DISABLED_Tells", "NSA",
         "a b", "", "\"'%HOME%*", "ends in \\", "a\\\"b\\\\", "♠"},
-       {"MORVANE_TEST_ABOUT=" + found}});
+       {"MORVANE_TEST_ABOUT=" + found, OtherProcess::kAllTests[0], OtherProcess::kAllTests[1]}});
   SetEnvironmentVariableW(L"MORVANE_TEST_ABOUT", nullptr);
   SetEnvironmentVariableW(L"MORVANE_TEST_OURS", nullptr);
   ASSERT_TRUE(started.Child) << started.Error->Description;
@@ -71,7 +71,8 @@ TEST(SystemProcesses, VariablesArriveInTheOrderOfTheirNames) {
       {ThisProgram(),
        {"--gtest_also_run_disabled_tests", "--gtest_filter=ToldProcess.DISABLED_TellsTheOrder"},
        {"Morvane_Order_c=3", "Morvane_Order_B=2", "Morvane_Order_B1=2",
-        "MORVANE_TEST_ABOUT=" + (folder / "found")}});
+        "MORVANE_TEST_ABOUT=" + (folder / "found"), OtherProcess::kAllTests[0],
+        OtherProcess::kAllTests[1]}});
   SetEnvironmentVariableW(L"Morvane_Order_a", nullptr);
   SetEnvironmentVariableW(L"Morvane_Order_D", nullptr);
   ASSERT_TRUE(started.Child) << started.Error->Description;
