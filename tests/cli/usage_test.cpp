@@ -101,9 +101,9 @@ TEST(UsagePage, HasEveryCommandOfTheRegistry) {
 }
 
 #ifdef _WIN32
-#define USB_MACHINES "usb (where none is named), "
+#define MORVANE_USB_MACHINES "usb (where none is named), "
 #else
-#define USB_MACHINES                                        \
+#define MORVANE_USB_MACHINES                                \
   "usb (where none is named), usb:SERIAL, usb:VVVV:PPPP,\n" \
   "           serial:PATH, "
 #endif
@@ -112,7 +112,7 @@ TEST(UsagePage, HasTheMachinesTheFormatsAndWhatTheExitStatusSays) {
   EXPECT_THAT(
       UsagePage(),
       EndsWith("\n"
-               "Machines:  " USB_MACHINES "replay:FILE,\n"
+               "Machines:  " MORVANE_USB_MACHINES "replay:FILE,\n"
                "           simulated[,speed=1,firmware=2.90,boot=1.20,hardware=0x7F,\n"
                "           serial=4711,noise=0,seed=N,fault=BOARD:CARD:CODE,\n"
                "           deck=shuffled,swap=A:B,packs=4,carry=right,\n"
