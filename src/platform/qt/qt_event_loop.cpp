@@ -82,10 +82,6 @@ class QtTimer final : public Timer {
 /// Ends every loop from wherever it is called; a control handler runs in a thread of its own.
 class QtEventLoop::Wake {
  public:
-  // A precise timer that stays: where none is left, the thread that they come from ends, and one
-  // that is started meanwhile may never tick (wine).
-  Wake() { inLoop_.startTimer(std::chrono::minutes(1), Qt::PreciseTimer); }
-
   void Send() {
     QMetaObject::invokeMethod(
         &inLoop_, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
