@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -44,6 +45,16 @@ class InstanceFixture : public ::testing::Test {
     QtInstance second(real, path);
     EXPECT_FALSE(second.Claim());
     return second.HandOver(command);
+  }
+  /// Whoever calls a running one that takes no command.
+  void ExpectGivingUpAfterTwoSeconds() {
+    QtInstance first(virtualTime, store);
+    EXPECT_TRUE(first.Claim());
+    QtInstance second(virtualTime, store);
+    EXPECT_FALSE(second.Claim());
+    EXPECT_FALSE(second.HandOver("1a"));
+    EXPECT_GE(clock.Elapsed(), std::chrono::milliseconds(2000));
+    EXPECT_LE(clock.Elapsed(), std::chrono::milliseconds(2100));
   }
 };
 

@@ -15,7 +15,6 @@ namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
-using std::chrono::milliseconds;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -121,13 +120,7 @@ TEST_F(TheSocket, WhereNoSocketCanBeMadeTheProgramRunsAndTakesNothing) {
 TEST_F(ACall, GivesUpAfterTwoSecondsOnOneThatHangsAndHasToldItNothing) {
   QLocalServer hanging;
   ASSERT_TRUE(hanging.listen(LinkName()));
-  QtInstance first(virtualTime, store);
-  EXPECT_TRUE(first.Claim());
-  QtInstance second(virtualTime, store);
-  EXPECT_FALSE(second.Claim());
-  EXPECT_FALSE(second.HandOver("1a"));
-  EXPECT_GE(clock.Elapsed(), milliseconds(2000));
-  EXPECT_LE(clock.Elapsed(), milliseconds(2100));
+  ExpectGivingUpAfterTwoSeconds();
   Settle();
   QLocalSocket* call = hanging.nextPendingConnection();
   ASSERT_NE(call, nullptr);
