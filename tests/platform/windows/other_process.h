@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "platform/system_processes.h"
 #include "platform/windows/wide.h"
@@ -27,17 +28,19 @@ bool Until(Condition condition) {
 /// the part is about is handed on in a variable.
 class OtherProcess {
  public:
-  /// It is no shard of the tests, though this program may be one.
-  static constexpr const char* kAllTests[] = {"GTEST_TOTAL_SHARDS=1", "GTEST_SHARD_INDEX=0"};
-
   static constexpr const char* kAbout = "MORVANE_TEST_ABOUT";
 
-  OtherProcess(const std::string& part, const std::string& about) {
-    started_ =
-        SystemProcesses().Start({Program(),
-                                 {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part},
-                                 {kAbout + ("=" + about), kAllTests[0], kAllTests[1]}});
-    EXPECT_TRUE(started_.Child);
+  /// `words` and `variables`: more for the part.
+  OtherProcess(const std::string& part, const std::string& about,
+               const std::vector<std::string>& words = {},
+               std::vector<std::string> variables = {}) {
+    std::vector<std::string> all = {"--gtest_also_run_disabled_tests", "--gtest_filter=" + part};
+    all.insert(all.end(), words.begin(), words.end());
+    // It is no shard of the tests, though this program may be one.
+    variables.insert(variables.end(),
+                     {kAbout + ("=" + about), "GTEST_TOTAL_SHARDS=1", "GTEST_SHARD_INDEX=0"});
+    started_ = SystemProcesses().Start({Program(), all, variables});
+    EXPECT_TRUE(started_.Child) << started_.Error->Description;
   }
   [[nodiscard]] bool Lives() const { return started_.Child && started_.Child->Lives(); }
   [[nodiscard]] bool Ends() const {

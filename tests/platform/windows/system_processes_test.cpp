@@ -39,26 +39,16 @@ TEST(ToldProcess, DISABLED_TellsTheOrder) {
   WriteContent(OtherProcess::About(), told);
 }
 
-std::string ThisProgram() {
-  std::wstring path(1000, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  return Utf8(path);
-}
-
 TEST(SystemProcesses, ArgumentsAndVariablesArriveAsTheyWereGiven) {
   TempFolder folder;
   const std::string found = folder / "żółć found";
   SetEnvironmentVariableW(L"MORVANE_TEST_ABOUT", L"ours");
   SetEnvironmentVariableW(L"MORVANE_TEST_OURS", L"kept");
-  const StartedProcess started = SystemProcesses().Start(
-      {ThisProgram(),
-       {"--gtest_also_run_disabled_tests", "--gtest_filter=ToldProcess.DISABLED_Tells", "NSA",
-        "a b", "", "\"'%HOME%*", "ends in \\", "a\\\"b\\\\", "♠"},
-       {"MORVANE_TEST_ABOUT=" + found, OtherProcess::kAllTests[0], OtherProcess::kAllTests[1]}});
+  const OtherProcess other("ToldProcess.DISABLED_Tells", found,
+                           {"NSA", "a b", "", "\"'%HOME%*", "ends in \\", "a\\\"b\\\\", "♠"});
   SetEnvironmentVariableW(L"MORVANE_TEST_ABOUT", nullptr);
   SetEnvironmentVariableW(L"MORVANE_TEST_OURS", nullptr);
-  ASSERT_TRUE(started.Child) << started.Error->Description;
-  ASSERT_TRUE(Until([&] { return !started.Child->Lives(); }));
+  ASSERT_TRUE(other.Ends());
   EXPECT_EQ(Content(found),
             "<NSA>\n<a b>\n<>\n<\"'%HOME%*>\n<ends in \\>\n<a\\\"b\\\\>\n<♠>\nkept, hidden");
 }
@@ -67,16 +57,11 @@ TEST(SystemProcesses, VariablesArriveInTheOrderOfTheirNames) {
   TempFolder folder;
   SetEnvironmentVariableW(L"Morvane_Order_a", L"1");
   SetEnvironmentVariableW(L"Morvane_Order_D", L"4");
-  const StartedProcess started = SystemProcesses().Start(
-      {ThisProgram(),
-       {"--gtest_also_run_disabled_tests", "--gtest_filter=ToldProcess.DISABLED_TellsTheOrder"},
-       {"Morvane_Order_c=3", "Morvane_Order_B=2", "Morvane_Order_B1=2",
-        "MORVANE_TEST_ABOUT=" + (folder / "found"), OtherProcess::kAllTests[0],
-        OtherProcess::kAllTests[1]}});
+  const OtherProcess other("ToldProcess.DISABLED_TellsTheOrder", folder / "found", {},
+                           {"Morvane_Order_c=3", "Morvane_Order_B=2", "Morvane_Order_B1=2"});
   SetEnvironmentVariableW(L"Morvane_Order_a", nullptr);
   SetEnvironmentVariableW(L"Morvane_Order_D", nullptr);
-  ASSERT_TRUE(started.Child) << started.Error->Description;
-  ASSERT_TRUE(Until([&] { return !started.Child->Lives(); }));
+  ASSERT_TRUE(other.Ends());
   EXPECT_EQ(Content(folder / "found"), "a=1 B=2 B1=2 c=3 D=4 ");
 }
 
