@@ -1,10 +1,12 @@
 #include "platform/qt/qt_event_loop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QSocketNotifier>
+#include <QThread>
 #include <QTimer>
 #include <QTimerEvent>
 #include <algorithm>
@@ -163,6 +165,21 @@ void QtEventLoop::WaitMs(int ms) {
 }
 
 void QtEventLoop::RunUntil(const std::function<bool()>& done) {
+  // What was posted is delivered before the system waits, and on Windows does not keep it from
+  // waiting: a precise timer's tick is posted too. Of waits in each other the innermost looks.
+  const int wait = ++waits_;
+  const int level = QThread::currentThread()->loopLevel();
+  auto* const dispatcher = QAbstractEventDispatcher::instance();
+  const auto look = QObject::connect(
+      dispatcher, &QAbstractEventDispatcher::aboutToBlock, dispatcher,
+      [this, wait, level, dispatcher, &done] {
+        const bool innermost = wait == waits_ && level == QThread::currentThread()->loopLevel();
+        if (innermost && (quitting_ || done())) dispatcher->wakeUp();
+      });
+  const auto over = qScopeGuard([&] {
+    QObject::disconnect(look);
+    --waits_;
+  });
   while (!quitting_ && !done()) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   }

@@ -33,6 +33,7 @@ class QtEventLoop final : public EventLoop {
   class Wake;
   std::atomic<bool> quitting_ = false;
   bool painting_ = false;
+  int waits_ = 0;  ///< calls of `RunUntil` that are in each other now
   QElapsedTimer sincePump_;
   std::unique_ptr<Wake> wake_;
   QObject tickers_;  ///< parent of the timers, so that one that stopped in its own tick goes too

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <sys/time.h>
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -214,6 +215,30 @@ TEST_F(QtEventLoopTest, RunUntilLooksAfterEachEventAndSleepsBetween) {
   });
   EXPECT_EQ(ticks, 3);
   EXPECT_LT(looks, 30);  // a loop that spins looks thousands of times in 15 ms
+}
+
+TEST_F(QtEventLoopTest, WhatOneEventPostsOfTheNextIsSeenBeforeTheLoopSleeps) {
+  bool over = false;
+  Post([&] { Post([&] { Post([&] { over = true; }); }); });
+  loop_.RunUntil([&] { return over; });
+}
+
+TEST_F(QtEventLoopTest, AnInnerWaitSleepsThoughTheOuterOneHasWhatItWaitsFor) {
+  int sleeps = 0;
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                   qApp, [&] { ++sleeps; });
+  bool over = false;
+  QEventLoop dialog;
+  Post([&] {
+    over = true;
+    loop_.WaitMs(15);
+    QTimer::singleShot(15, &dialog, &QEventLoop::quit);
+    dialog.exec();
+  });
+  loop_.RunUntil([&] { return over; });
+  QAbstractEventDispatcher::instance()->disconnect(qApp);
+  EXPECT_GE(sleeps, 2);
+  EXPECT_LT(sleeps, 30);  // a loop that is woken at once sleeps thousands of times in 30 ms
 }
 
 TEST_F(QtEventLoopTest, RunUntilWakesByAnEvent) {
