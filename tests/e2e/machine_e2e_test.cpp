@@ -66,15 +66,20 @@ TEST_F(MachineEndToEnd, EndSignalsEndItAndTakeItsLinkAway) {
 
 TEST_F(MachineEndToEnd, OneThatWasKilledLeavesItsLinkToTheNext) {
   // The system gives the lowest number that is free to the next pseudo-terminal. With lower ones
-  // freed first, a test beside this one does not come by that of the killed machine.
-  constexpr int kLower = 16;
-  for (int start = 1; start <= 3; ++start) {
-    std::vector<int> lower;
-    for (int i = 0; i < kLower; ++i) lower.push_back(posix_openpt(O_RDWR | O_NOCTTY));
+  // freed first, each time still lower, a test beside this one does not come by that of the killed
+  // machine.
+  constexpr std::size_t kFreedAtOnce = 16;
+  constexpr int kStarts = 3;
+  std::vector<int> lower(kStarts * kFreedAtOnce);
+  for (int& terminal : lower) terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  for (int start = 1; start <= kStarts; ++start) {
     const auto machine = Start({"--link", "machine"});
     EXPECT_EQ(Named(*machine), "serial:" + (folder / "machine"));
     EXPECT_TRUE(std::filesystem::is_character_file(folder / "machine"));
-    for (const int terminal : lower) close(terminal);
+    for (std::size_t freed = 0; freed < kFreedAtOnce; ++freed) {
+      close(lower.back());
+      lower.pop_back();
+    }
     machine->Kill();
   }
 }

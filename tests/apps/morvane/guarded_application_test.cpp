@@ -28,7 +28,7 @@ struct Guarded {
       done = true;
       work();
     });
-    while (!done) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QtEventLoop().RunUntil([&] { return done; });
   }
 };
 
