@@ -9,6 +9,7 @@
 
 #include "cli/programs.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "shell/version.h"
 #include "simulator/line/operator_commands.h"
 #include "simulator/options.h"
@@ -126,11 +127,9 @@ MachineArguments ParseMachineArguments(const std::vector<std::string>& words) {
 }
 
 std::string NamedTwice(const std::vector<std::string>& files) {
-  std::set<std::filesystem::path> seen;
+  std::set<std::string> seen;
   for (const std::string& file : files) {
-    std::error_code failure;
-    const auto path = std::filesystem::weakly_canonical(AbsolutePath(file), failure);
-    if (!file.empty() && !seen.insert(path).second) return file;
+    if (!file.empty() && !seen.insert(TruePath(AbsolutePath(file))).second) return file;
   }
   return "";
 }

@@ -2,6 +2,10 @@
 
 #include <windows.h>
 
+#include <cstdlib>
+#include <iostream>
+#include <streambuf>
+
 #include "platform/event_loop.h"
 
 namespace morvane {
@@ -13,7 +17,7 @@ constexpr DWORD kMsToEnd = 2000;
 EventLoop* loopToQuit = nullptr;
 
 /// In a thread of its own. When it comes back, the system ends what has not ended yet: a console
-/// that is closed and a user who logs off wait no longer. A further event does not put the end off.
+/// that is closed waits no longer. A further event does not put the end off.
 BOOL WINAPI TakeEvent(DWORD /*event*/) {
   loopToQuit->Quit();
   // A question that waits for its answer ends too.
@@ -22,6 +26,50 @@ BOOL WINAPI TakeEvent(DWORD /*event*/) {
   return FALSE;
 }
 
+bool pipeBroke = false;
+
+/// What is written into a pipe that nobody reads fails in one of these ways.
+bool IsBrokenPipe(unsigned long error) {
+  return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
+}
+
+/// Passes on what is written, and looks at why that fails.
+class WatchedOutput final : public std::streambuf {
+ public:
+  explicit WatchedOutput(std::ostream& output) : output_(output), passedTo_(*output.rdbuf(this)) {}
+  WatchedOutput(const WatchedOutput&) = delete;
+  WatchedOutput& operator=(const WatchedOutput&) = delete;
+  ~WatchedOutput() override { output_.rdbuf(&passedTo_); }
+
+ protected:
+  int_type overflow(int_type letter) override {
+    if (traits_type::eq_int_type(letter, traits_type::eof())) return traits_type::not_eof(letter);
+    const int_type passed = passedTo_.sputc(traits_type::to_char_type(letter));
+    Look(!traits_type::eq_int_type(passed, traits_type::eof()));
+    return passed;
+  }
+  std::streamsize xsputn(const char* text, std::streamsize size) override {
+    const std::streamsize passed = passedTo_.sputn(text, size);
+    Look(passed == size);
+    return passed;
+  }
+  int sync() override {
+    const int failed = passedTo_.pubsync();
+    Look(failed == 0);
+    return failed;
+  }
+
+ private:
+  static void Look(bool passed) {
+    if (passed || !IsBrokenPipe(_doserrno)) return;
+    pipeBroke = true;
+    loopToQuit->Quit();
+  }
+
+  std::ostream& output_;
+  std::streambuf& passedTo_;
+};
+
 }  // namespace
 
 void QuitOnEndSignals(EventLoop& loop) {
@@ -29,8 +77,9 @@ void QuitOnEndSignals(EventLoop& loop) {
   SetConsoleCtrlHandler(TakeEvent, TRUE);
 }
 
-// Here a write into a pipe that nobody reads fails, and no more.
-void QuitOnBrokenPipe() {}
-bool PipeHasBroken() { return false; }
+/// Here no signal comes of it.
+void QuitOnBrokenPipe() { static const WatchedOutput watched(std::cout); }
+
+bool PipeHasBroken() { return pipeBroke; }
 
 }  // namespace morvane

@@ -10,6 +10,7 @@
 #include "maintenance/png.h"
 #include "maintenance/read_service.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 
 namespace morvane::cli {
 namespace {
@@ -116,11 +117,7 @@ bool MayWrite(Job& job, const ServiceFileOptions& options, const std::string& ou
 
 /// Also where the two are written in other ways.
 bool IsOneFile(const std::string& one, const std::string& other) {
-  std::error_code unknown;
-  const auto plain = [&](const std::string& path) {
-    return std::filesystem::weakly_canonical(PathOfUtf8(path), unknown);
-  };
-  return plain(one) == plain(other);
+  return TruePath(one) == TruePath(other);
 }
 
 std::string PictureIn(OptionReader& given, const std::string& name) {

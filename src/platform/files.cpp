@@ -6,7 +6,7 @@
 #include <new>
 
 #include "platform/file_beside.h"
-#include "platform/utf8_of_path.h"
+#include "platform/paths.h"
 
 #ifdef _WIN32
 #include "platform/windows/opening.h"
@@ -55,13 +55,6 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
-std::string AbsolutePath(std::string_view path) {
-  std::error_code failure;
-  const auto absolute = std::filesystem::absolute(PathOfUtf8(path), failure);
-  if (failure) return std::string(path);
-  return Utf8OfPath(absolute);
-}
-
 std::string FileTitle(std::string_view path) {
   const std::size_t at = path.find_last_of(kPathSeparators);
   return std::string(at == std::string_view::npos ? path : path.substr(at + 1));
@@ -74,9 +67,8 @@ std::string FolderOf(std::string_view path) {
 
 std::string FileBehind(const std::string& path) {
   std::error_code failure;
-  const auto real = std::filesystem::canonical(PathOfUtf8(path), failure);
-  if (failure || !std::filesystem::is_regular_file(real, failure)) return path;
-  return Utf8OfPath(real);
+  std::string real = TruePath(path);
+  return std::filesystem::is_regular_file(PathOfUtf8(real), failure) ? real : path;
 }
 
 std::optional<RuntimeError> ReadFile(const std::string& path, std::string& bytes,

@@ -21,8 +21,8 @@ inline constexpr std::string_view kPathSeparators = "/";
 
 [[nodiscard]] std::filesystem::path PathOfUtf8(std::string_view path);
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name);
-/// `path` made absolute against the working directory. A ".." stays: behind a link it leads
-/// elsewhere than the text says.
+/// `path` made absolute against the working directory. A ".." stays, for behind a link it leads
+/// elsewhere than the text says; on Windows, where it does not, it goes.
 [[nodiscard]] std::string AbsolutePath(std::string_view path);
 /// What stands behind the last separator.
 [[nodiscard]] std::string FileTitle(std::string_view path);

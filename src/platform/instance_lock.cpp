@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/utf8_of_path.h"
 
 #ifdef _WIN32
@@ -62,8 +63,7 @@ bool InstanceLock::Claim() {
 
 std::string InstanceLock::Key() const {
   std::error_code failure;
-  const auto file = std::filesystem::canonical(PathOfUtf8(path_), failure);
-  return failure ? "" : Utf8OfPath(file);
+  return std::filesystem::exists(PathOfUtf8(path_), failure) ? TruePath(path_) : "";
 }
 
 }  // namespace morvane

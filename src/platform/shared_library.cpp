@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/windows/system_error.h"
 #else
 #include <dlfcn.h>
@@ -16,9 +17,9 @@ namespace morvane {
 namespace {
 
 /// A library of a path finds those that it needs beside itself.
-DWORD PlacesFor(const std::filesystem::path& path) {
+DWORD PlacesFor(const std::string& name) {
   constexpr DWORD kOurs = LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
-  return path.is_absolute() ? kOurs | LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : kOurs;
+  return IsAbsolutePath(name) ? kOurs | LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : kOurs;
 }
 
 /// The system's own words for these two leave out what was looked for.
@@ -32,7 +33,7 @@ std::string WhyNotLoaded(DWORD error) {
 
 SharedLibrary::SharedLibrary(const std::string& name) {
   const std::filesystem::path path = PathOfUtf8(name);
-  library_.reset(LoadLibraryExW(path.c_str(), nullptr, PlacesFor(path)));
+  library_.reset(LoadLibraryExW(path.c_str(), nullptr, PlacesFor(name)));
   if (IsLoaded()) return;
   trouble_ = WhyNotLoaded(GetLastError());
 }

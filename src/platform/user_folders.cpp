@@ -4,11 +4,13 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/utf8_of_path.h"
 
 #ifdef _WIN32
 #include <windows.h>
 
+#include "platform/windows/full_path.h"
 #include "platform/windows/wide.h"
 #else
 #include <pwd.h>
@@ -23,8 +25,9 @@ constexpr std::string_view kSettingsFile = "morvane.exe.ini";
 
 /// A folder from the environment; only an absolute path counts.
 std::string EnvironmentFolder(const char* name) {
-  std::filesystem::path folder = PathOfUtf8(EnvironmentText(name));
-  if (!folder.is_absolute()) return {};
+  const std::string text = EnvironmentText(name);
+  if (!IsAbsolutePath(text)) return {};
+  std::filesystem::path folder = PathOfUtf8(text);
   if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
   return Utf8OfPath(folder);
 }
@@ -50,7 +53,7 @@ std::string TypedPath(const std::string& typed) {
 
 std::string HomeFolder() {
   const std::string home = EnvironmentFolder("USERPROFILE");
-  return home.empty() ? Utf8OfPath(std::filesystem::absolute("/")) : home;
+  return home.empty() ? AbsolutePath("\\") : home;
 }
 
 std::string ApplicationFolder(const std::string& argv0) {
@@ -62,7 +65,7 @@ std::string ApplicationFolder(const std::string& argv0) {
 }
 
 std::string DefaultDataFolder(const std::string& applicationFolder) {
-  return JoinPath(Utf8OfPath(PathOfUtf8(applicationFolder).root_path()), kDataFolder);
+  return JoinPath(RootOf(applicationFolder), kDataFolder);
 }
 
 std::string DefaultSettingsFile() {

@@ -11,6 +11,7 @@
 
 #include "files/format_table.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/user_folders.h"
 #include "platform/utf8_of_path.h"
 #include "text/text.h"
@@ -195,13 +196,6 @@ std::optional<std::string> Behind(std::string_view folder, std::string_view path
   const std::string_view rest = path.substr(folder.size());
   const bool ends = rest.empty() || kPathSeparators.find(rest.front()) != std::string_view::npos;
   return ends ? std::optional<std::string>(rest) : std::nullopt;
-}
-
-/// With no link left in it.
-std::string TruePath(const std::string& path) {
-  std::error_code failure;
-  const auto found = std::filesystem::weakly_canonical(PathOfUtf8(path), failure);
-  return failure ? path : Utf8OfPath(found);
 }
 
 }  // namespace

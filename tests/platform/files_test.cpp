@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <new>
 
+#include "platform/paths.h"
 #include "support/fakes.h"
 #include "support/file_size_limit.h"
 #include "support/plain_user.h"
@@ -285,6 +286,17 @@ TEST(Files, AnAbsolutePathStillMeansTheSameFileBehindALink) {
   test::WriteContent("link/../set.pbn", "far's");
   test::WriteContent("set.pbn", "ours");
   EXPECT_EQ(test::Content(AbsolutePath("link/../set.pbn")), "far's");
+}
+
+TEST(Files, ATruePathHasNoLinkAndKeepsWhatIsNotThere) {
+  TempFolder folder;
+  std::filesystem::create_directory(folder / "far");
+  std::filesystem::create_directory_symlink(folder / "far", folder / "link");
+  const std::string far = TruePath(folder.Path()) + "/far";
+  EXPECT_EQ(TruePath(folder / "link"), far);
+  EXPECT_EQ(TruePath(folder / "link/none/set.pbn"), far + "/none/set.pbn");
+  EXPECT_TRUE(IsAbsolutePath(far));
+  EXPECT_FALSE(IsAbsolutePath("far"));
 }
 
 TEST(RuntimeError, ACodeGivesItsOwnNumberAndWords) {

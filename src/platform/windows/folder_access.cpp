@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/user_folders.h"
 #include "platform/windows/access_list.h"
+#include "platform/windows/full_path.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
 
@@ -21,7 +22,7 @@ OpenedHandle OpenFolder(const std::string& folder, DWORD rights, DWORD more = 0)
 }
 
 bool IsDefaultOnFixedDrive(const std::string& folder) {
-  const std::filesystem::path root = PathOfUtf8(folder).root_path();
+  const std::filesystem::path root = PathOfUtf8(RootOf(folder));
   return folder == DefaultDataFolder(folder) && GetDriveTypeW(root.c_str()) == DRIVE_FIXED;
 }
 

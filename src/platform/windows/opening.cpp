@@ -3,26 +3,18 @@
 #include <fcntl.h>
 #include <io.h>
 
-#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
 
 #include "platform/windows/access_list.h"
+#include "platform/windows/full_path.h"
 #include "platform/windows/system_error.h"
 
 namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Some names mean devices wherever they stand: NUL, CON, COM1. The system knows which.
-bool IsDevice(const fs::path& name) {
-  std::array<wchar_t, MAX_PATH> whole{};
-  const auto room = static_cast<DWORD>(whole.size());
-  const DWORD size = GetFullPathNameW(name.c_str(), room, whole.data(), nullptr);
-  return size < room && std::wstring_view(whole.data(), size).starts_with(L"\\\\.\\");
-}
 
 bool IsTooLong(const fs::path& name) {
   constexpr std::size_t kLongestName = 255;
@@ -55,8 +47,10 @@ bool IsWriteProtected(const std::string& path) {
 
 bool MayBeNamed(const std::string& path) {
   const fs::path name = PathOfUtf8(path);
-  if (IsDevice(name)) {
+  if (IsDevice(FullPath(name.native()))) {
     errno = ENOTSUP;
+  } else if (MeansAnother(path)) {
+    errno = EINVAL;
   } else if (IsTooLong(name)) {
     errno = ENAMETOOLONG;
   } else {

@@ -1,7 +1,9 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/windows/access_list.h"
+#include "platform/windows/full_path.h"
 #include "platform/windows/system_error.h"
 
 namespace morvane {
@@ -10,17 +12,16 @@ namespace {
 namespace fs = std::filesystem;
 
 /// What many share on purpose stays as it is: the root of a drive.
-bool IsRoot(const fs::path& path) {
-  std::error_code failure;
-  const fs::path real = fs::canonical(path, failure);
-  return failure || real == real.root_path();
+bool IsRoot(const std::string& path) {
+  const std::string real = TruePath(path);
+  return RootOf(real) == real;
 }
 
 }  // namespace
 
 void MakePrivate(const std::string& path) {
   const fs::path name = PathOfUtf8(path);
-  if (IsRoot(name) || !IsOwnAndTooOpen(name.wstring())) return;
+  if (IsRoot(path) || !IsOwnAndTooOpen(name.wstring())) return;
   OwnAccess().GiveTo(name.wstring());
 }
 
