@@ -1,8 +1,4 @@
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 
 #include "bridges/scripted_peer.h"
