@@ -1,7 +1,6 @@
 #include "arguments.h"
 
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <set>
 #include <string_view>

@@ -2,11 +2,13 @@
 
 #include <windows.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
 #include <streambuf>
 
 #include "platform/event_loop.h"
+#include "platform/windows/system_error.h"
 
 namespace morvane {
 namespace {
@@ -15,6 +17,7 @@ constexpr DWORD kMsToEnd = 2000;
 
 /// A handler is given nothing but the event.
 EventLoop* loopToQuit = nullptr;
+bool pipeBroke = false;
 
 /// In a thread of its own. When it comes back, the system ends what has not ended yet: a console
 /// that is closed waits no longer. A further event does not put the end off.
@@ -24,13 +27,6 @@ BOOL WINAPI TakeEvent(DWORD /*event*/) {
   CancelIoEx(GetStdHandle(STD_INPUT_HANDLE), nullptr);
   Sleep(kMsToEnd);
   return FALSE;
-}
-
-bool pipeBroke = false;
-
-/// What is written into a pipe that nobody reads fails in one of these ways.
-bool IsBrokenPipe(unsigned long error) {
-  return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
 }
 
 /// Passes on what is written, and looks at why that fails.
@@ -61,7 +57,7 @@ class WatchedOutput final : public std::streambuf {
 
  private:
   static void Look(bool passed) {
-    if (passed || !IsBrokenPipe(_doserrno)) return;
+    if (passed || ErrnoOf(_doserrno) != EPIPE) return;
     pipeBroke = true;
     loopToQuit->Quit();
   }

@@ -17,6 +17,7 @@
 #include "bridges/serial_words.h"
 #include "bridges/usb/serial_holder.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 
 namespace morvane::bridges {
 namespace {
@@ -58,9 +59,7 @@ bool IsPseudoTerminal(int file) {
 /// A program that has the device open and bars nobody, which opening it would disturb. Whoever
 /// serves a pseudo-terminal keeps it open.
 std::optional<std::string> ProgramAt(const std::string& path) {
-  std::error_code failure;
-  const auto device = std::filesystem::weakly_canonical(PathOfUtf8(path), failure).string();
-  if (device.starts_with(kPseudoTerminals)) return std::nullopt;
+  if (TruePath(path).starts_with(kPseudoTerminals)) return std::nullopt;
   return ProgramHolding(path);
 }
 

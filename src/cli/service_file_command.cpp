@@ -1,7 +1,6 @@
 #include "cli/service_file_command.h"
 
 #include <array>
-#include <filesystem>
 
 #include "cli/camera_service.h"
 #include "cli/console_service.h"

@@ -4,16 +4,13 @@
 #include <array>
 #include <cctype>
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <span>
-#include <system_error>
 
 #include "files/format_table.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/user_folders.h"
-#include "platform/utf8_of_path.h"
 #include "text/text.h"
 
 namespace morvane::shell {

@@ -27,10 +27,9 @@ HANDLE HandleOf(std::FILE& file) {
 }
 
 bool IsNameOf(const std::string& path, HANDLE file) {
-  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const OpenedHandle named =
-      TakeHandle(CreateFileW(PathOfUtf8(path).c_str(), FILE_READ_ATTRIBUTES, kAll, nullptr,
-                             OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+      TakeHandle(CreateFileW(PathOfUtf8(path).c_str(), FILE_READ_ATTRIBUTES, kSharedWithAll,
+                             nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   return named && Identity(named.get()).Is(Identity(file));
 }
 

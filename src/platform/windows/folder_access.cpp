@@ -14,10 +14,8 @@
 namespace morvane {
 namespace {
 
-constexpr DWORD kAllSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
 OpenedHandle OpenFolder(const std::string& folder, DWORD rights, DWORD more = 0) {
-  return TakeHandle(CreateFileW(PathOfUtf8(folder).c_str(), rights, kAllSharing, nullptr,
+  return TakeHandle(CreateFileW(PathOfUtf8(folder).c_str(), rights, kSharedWithAll, nullptr,
                                 OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | more, nullptr));
 }
 

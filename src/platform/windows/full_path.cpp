@@ -23,7 +23,7 @@ std::wstring FullPath(const std::wstring& name) {
 bool IsDevice(std::wstring_view fullPath) { return fullPath.starts_with(L"\\\\.\\"); }
 
 std::string RootOf(std::string_view path) {
-  std::wstring name = Wide(std::string(path));
+  std::wstring name = Wide(path);
   std::replace(name.begin(), name.end(), L'/', L'\\');
   const wchar_t* behind = nullptr;
   if (PathCchSkipRoot(name.c_str(), &behind) != S_OK) return "";

@@ -60,14 +60,13 @@ bool MayBeNamed(const std::string& path) {
 }
 
 OpenedHandle OpenShared(const std::string& path, DWORD rights, DWORD disposition, NewFile access) {
-  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   if (!MayBeNamed(path)) return nullptr;
   if (access == NewFile::kPrivate) MakePrivate(path);
   OwnAccess own;
   SECURITY_ATTRIBUTES* const list = access == NewFile::kPrivate ? own.Get() : nullptr;
   const fs::path name = PathOfUtf8(path);
-  OpenedHandle file = TakeHandle(
-      CreateFileW(name.c_str(), rights, kAll, list, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+  OpenedHandle file = TakeHandle(CreateFileW(name.c_str(), rights, kSharedWithAll, list,
+                                             disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (file) return OnlyPlain(std::move(file));
   const DWORD error = GetLastError();
   errno = ErrorAt(name, ErrnoOf(error));

@@ -25,9 +25,9 @@ std::wstring Short(const std::wstring& name) {
 
 /// Empty where nothing is there.
 std::wstring NameOfWhatIsAt(const std::wstring& path) {
-  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const OpenedHandle opened = TakeHandle(CreateFileW(path.c_str(), 0, kAll, nullptr, OPEN_EXISTING,
-                                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const OpenedHandle opened =
+      TakeHandle(CreateFileW(path.c_str(), 0, kSharedWithAll, nullptr, OPEN_EXISTING,
+                             FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   if (!opened) return {};
   std::wstring name(GetFinalPathNameByHandleW(opened.get(), nullptr, 0, 0), L'\0');
   const auto room = static_cast<DWORD>(name.size());
@@ -45,7 +45,7 @@ bool IsAbsolutePath(std::string_view path) {
 
 std::string AbsolutePath(std::string_view path) {
   if (path.empty()) return "";
-  const std::wstring whole = FullPath(Wide(std::string(path)));
+  const std::wstring whole = FullPath(Wide(path));
   if (IsDevice(whole)) return Utf8(whole);
   // The last name stays as it is: who opens it says that the system would make another of it.
   const std::string folder = FolderOf(path);

@@ -54,7 +54,8 @@ constexpr std::array kMeanings{std::pair{ERROR_FILE_NOT_FOUND, ENOENT},
                                std::pair{ERROR_NOT_SUPPORTED, ENOTSUP},
                                std::pair{ERROR_INVALID_FUNCTION, ENOTSUP},
                                std::pair{ERROR_BROKEN_PIPE, EPIPE},
-                               std::pair{ERROR_NO_DATA, EPIPE}};
+                               std::pair{ERROR_NO_DATA, EPIPE},
+                               std::pair{ERROR_PIPE_NOT_CONNECTED, EPIPE}};
 
 }  // namespace
 
